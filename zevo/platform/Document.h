@@ -1,0 +1,231 @@
+#ifndef ZEVO_PLATFORM_DOCUMENT_H_
+#define ZEVO_PLATFORM_DOCUMENT_H_
+
+#include <zevo/platform/NameTable.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zevo {
+
+class Document;
+
+enum class NodeKind : uint8_t { kDocument, kElement, kText, kCData, kComment, kInstruction, kAttribute };
+
+/// A node as it lies in memory: 24 bytes, linked by 32-bit references that the document resolves. An element whose only
+/// content is a text holds it itself.
+struct Node {
+  uint32_t parent;
+  uint32_t next;
+  uint32_t name : 24;
+  NodeKind kind : 4;
+  bool holds_text : 1;
+  uint32_t length;  // of the text
+  union {
+    char* text;
+    struct {
+      uint32_t first;
+      uint32_t last;
+    } children;
+  };
+
+  std::string_view Text() const { return holds_text ? std::string_view(text, length) : std::string_view(); }
+};
+static_assert(sizeof(Node) == 24);
+
+class Element;
+
+/// The elements directly under another, in order; attributes and texts are passed over.
+class ElementRange {
+ public:
+  class Iterator;
+  explicit ElementRange(const Element& parent);
+  Iterator begin() const;
+  Iterator end() const;
+
+ private:
+  Node* first_;
+};
+
+/// A handle to an element of a document, or nothing. It is valid until its document is cleared or destroyed.
+class Element {
+ public:
+  Element() = default;
+  explicit Element(Node* node) : node_(node) {}
+
+  explicit operator bool() const { return node_ != nullptr; }
+  friend bool operator==(Element, Element) = default;
+
+  Document& Owner() const;
+  /// The local name.
+  std::string_view Name() const;
+  /// The name with its prefix.
+  std::string_view QualifiedName() const;
+  /// The text at the front of the content, up to the first markup.
+  std::string_view LeadingText() const;
+  /// The text of the whole content, markup left out.
+  std::string AllText() const;
+  std::optional<std::string_view> Attribute(std::string_view qualifiedName) const;
+  Element Parent() const;
+  Element NextSibling() const;
+  ElementRange Children() const { return ElementRange(*this); }
+
+  Node* node() const { return node_; }
+
+ private:
+  Node* node_ = nullptr;
+};
+
+class ElementRange::Iterator {
+ public:
+  explicit Iterator(Element at) : at_(at) {}
+  Element operator*() const { return at_; }
+  Iterator& operator++() {
+    at_ = at_.NextSibling();
+    return *this;
+  }
+  friend bool operator==(const Iterator&, const Iterator&) = default;
+
+ private:
+  Element at_;
+};
+
+inline ElementRange::Iterator ElementRange::begin() const { return Iterator(Element(first_)); }
+inline ElementRange::Iterator ElementRange::end() const { return Iterator(Element()); }
+
+/// An XML document as one compact tree. Nodes are only ever appended; their texts lie in one arena. Cleared, it keeps
+/// its memory for the next content. Elements are matched by local name. Out of memory raises std::bad_alloc.
+class Document {
+ public:
+  /// `vocabulary` are the names numbered 1, 2 and so on in this document.
+  explicit Document(std::span<const std::string_view> vocabulary = {});
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+  ~Document();
+
+  void Clear();
+
+  /// The document element, or nothing while there is none.
+  Element Root() const;
+
+  /// Appends an element as the last child of `parent`, or of the document when that is nothing.
+  Element AppendElement(Element parent, std::string_view name);
+  Element AppendElement(Element parent, uint32_t name);
+  /// Appends an attribute. Attributes come before any content.
+  void AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value);
+  /// Appends any other node with its text; an instruction's target is its name.
+  void AppendText(Element parent, NodeKind kind, std::string_view text, std::string_view name = {});
+  /// Gives an element without content the text `text`, which lies in this document's arena.
+  void AdoptText(Element element, std::string_view text) { Hold(element.node(), text); }
+  /// The same for a text node among other content.
+  void AppendAdoptedText(Element parent, std::string_view text);
+  /// Replaces the content of an element; its attributes stay.
+  void SetText(Element element, std::string_view text);
+
+  /// The first child of a name, or nothing. Asked again, the answer takes no search.
+  Element FirstChild(Element parent, std::string_view name) const;
+  /// The first child of a name that itself has a child `key` whose whole text is `text`. The first question about a
+  /// parent looks at all its children, later ones only at those that came since.
+  Element FirstChildByKey(Element parent, std::string_view name, std::string_view key, std::string_view text) const;
+
+  /// The node that follows in the order of the file, within the tree under `root`; null after the last. Attributes are
+  /// passed over.
+  Node* Following(const Node* node, const Node* root) const;
+
+  NameTable& Names() { return names_; }
+  const NameTable& Names() const { return names_; }
+  Node* At(uint32_t reference) const {
+    return reference == 0 ? nullptr : chunks_[reference >> kSlotBits]->nodes + (reference & kSlotMask);
+  }
+  Node* Top() const { return top_; }
+  static Document& Of(const Node* node);
+
+  /// Whether standalone="yes" was declared.
+  bool standalone = false;
+  /// Whether a comment or an instruction holds a character that Windows-1252 lacks. No character reference can stand
+  /// for it there.
+  bool needs_unicode = false;
+  /// How many default namespaces are declared.
+  int default_namespaces = 0;
+
+  /// Room for `size` more characters of a text that is put together at the end of the arena.
+  char* ReserveText(size_t size);
+  /// Keeps `size` characters written to what ReserveText gave.
+  void KeepText(size_t size) { text_used_ += size; }
+  std::string_view CopyText(std::string_view text);
+
+ private:
+  // A chunk is aligned to its own size, so that the address of a node leads to its chunk and from there to the
+  // document.
+  static constexpr size_t kChunkSize = 64 * 1024;
+  static constexpr uint32_t kSlotBits = 12;
+  static constexpr uint32_t kSlotMask = (1U << kSlotBits) - 1;
+  struct Chunk {
+    Document* document;
+    uint32_t number;
+    uint32_t used;
+    uint64_t padding;
+    Node nodes[(kChunkSize - 24) / sizeof(Node)];
+  };
+  static_assert(sizeof(Chunk) <= kChunkSize);
+  static constexpr uint32_t kNodesInChunk = sizeof(Chunk::nodes) / sizeof(Node);
+  static_assert(kNodesInChunk <= kSlotMask);
+
+  struct FreeChunk {
+    void operator()(Chunk* chunk) const;
+  };
+  struct TextBlock {
+    std::unique_ptr<char[]> bytes;
+    size_t size;
+  };
+  // What FirstChild found: it stays true, since nothing is ever removed or put in front.
+  struct FoundChild {
+    uint32_t parent;
+    uint32_t name;
+    uint32_t child;
+  };
+  struct KeyIndex {
+    uint32_t parent = 0;
+    uint32_t name = 0;
+    uint32_t key = 0;
+    uint32_t last_seen = 0;           // the last child looked at
+    std::vector<uint32_t> unsettled;  // children to look at again, because a key was added to them since
+    std::unordered_map<std::string, uint32_t> first;
+  };
+
+  static Chunk* ChunkOf(const Node* node);
+  uint32_t Reference(const Node* node) const;
+  Node* NewNode(NodeKind kind, uint32_t name);
+  Node* Append(Node* parent, NodeKind kind, uint32_t name);
+  static void Hold(Node* node, std::string_view text);
+  void MakeRoomForChildren(Node* parent);
+  Node* FirstNamed(const Node* from, uint32_t local) const;
+  void IndexKeys(const Node* child) const;
+
+  NameTable names_;
+  std::vector<std::unique_ptr<Chunk, FreeChunk>> chunks_;
+  size_t chunks_used_ = 0;
+  std::vector<TextBlock> blocks_;
+  size_t blocks_used_ = 0;
+  size_t text_used_ = 0;  // of the last block in use
+  Node* top_ = nullptr;
+  mutable std::vector<FoundChild> found_;
+  mutable KeyIndex index_;
+};
+
+inline Document::Chunk* Document::ChunkOf(const Node* node) {
+  return reinterpret_cast<Chunk*>(reinterpret_cast<uintptr_t>(node) & ~(kChunkSize - 1));
+}
+inline Document& Document::Of(const Node* node) { return *ChunkOf(node)->document; }
+inline Document& Element::Owner() const { return Document::Of(node_); }
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_DOCUMENT_H_

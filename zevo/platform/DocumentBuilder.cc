@@ -1,0 +1,75 @@
+#include <zevo/platform/DocumentBuilder.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+namespace zevo {
+
+void DocumentBuilder::StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) {
+  EndText();
+  open_ = document_.AppendElement(open_, document_.Names().AddParsed(name.local, name.prefix));
+  for (const ParsedAttribute& attribute : attributes) {
+    std::string qualified;
+    if (attribute.name.prefix != nullptr) qualified.append(attribute.name.prefix).append(":");
+    document_.AppendAttribute(open_, qualified.append(attribute.name.local), attribute.value);
+  }
+}
+
+void DocumentBuilder::EndElement(const ParsedName&) {
+  const Node* node = open_.node();
+  if (length_ > 0 && node->children.first == 0) {
+    document_.KeepText(length_);
+    document_.AdoptText(open_, {text_, length_});
+    length_ = room_ = 0;
+  } else {
+    EndText();
+  }
+  open_ = open_.Parent();
+}
+
+void DocumentBuilder::Characters(std::string_view text) {
+  if (length_ + text.size() > room_) {
+    room_ = std::max(length_ + text.size(), 2 * room_);
+    char* roomier = document_.ReserveText(room_);
+    if (length_ > 0 && roomier != text_) std::memcpy(roomier, text_, length_);
+    text_ = roomier;
+  }
+  std::memcpy(text_ + length_, text.data(), text.size());
+  length_ += text.size();
+}
+
+void DocumentBuilder::EndText() {
+  if (length_ == 0) return;
+  const std::string_view text(text_, length_);
+  const std::string_view shared = Shared(text);
+  if (shared.data() == text.data()) document_.KeepText(length_);
+  length_ = room_ = 0;
+  document_.AppendAdoptedText(open_, shared);
+}
+
+std::string_view DocumentBuilder::Shared(std::string_view text) {
+  if (text.size() >= white_space_.size() || text.find_first_not_of(" \t\n\r") != std::string_view::npos) return text;
+  std::string_view& known = white_space_[text.size()];
+  if (known != text) known = text;
+  return known;
+}
+
+void DocumentBuilder::CData(std::string_view text) {
+  EndText();
+  document_.AppendText(open_, NodeKind::kCData, text);
+}
+
+void DocumentBuilder::Comment(std::string_view text) {
+  EndText();
+  document_.AppendText(open_, NodeKind::kComment, text);
+}
+
+void DocumentBuilder::Instruction(std::string_view target, std::string_view data) {
+  EndText();
+  document_.AppendText(open_, NodeKind::kInstruction, data, target);
+}
+
+void DocumentBuilder::Standalone() { document_.standalone = true; }
+
+}  // namespace zevo

@@ -1,0 +1,44 @@
+#ifndef ZEVO_PLATFORM_DOCUMENTBUILDER_H_
+#define ZEVO_PLATFORM_DOCUMENTBUILDER_H_
+
+#include <zevo/platform/Document.h>
+#include <zevo/platform/Parser.h>
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace zevo {
+
+/// Fills a document with what a parser delivers. Nothing is left out: attributes, comments, CDATA sections,
+/// instructions and white space between elements are kept.
+class DocumentBuilder : public ParserHandler {
+ public:
+  explicit DocumentBuilder(Document& document) : document_(document) {}
+
+  void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
+  void EndElement(const ParsedName& name) override;
+  void Characters(std::string_view text) override;
+  void CData(std::string_view text) override;
+  void Comment(std::string_view text) override;
+  void Instruction(std::string_view target, std::string_view data) override;
+  void Standalone() override;
+
+ private:
+  void EndText();
+  std::string_view Shared(std::string_view text);
+
+  Document& document_;
+  Element open_;
+  // The text that is being put together at the end of the document's arena.
+  char* text_ = nullptr;
+  size_t length_ = 0;
+  size_t room_ = 0;
+  // White space between elements, by length: it is the same again and again.
+  std::array<std::string_view, 64> white_space_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_DOCUMENTBUILDER_H_

@@ -1,0 +1,66 @@
+#ifndef ZEVO_PLATFORM_FILE_H_
+#define ZEVO_PLATFORM_FILE_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+// Names of files are UTF-8. Failures raise run-time errors that carry the system's reason and the name.
+
+/// Whether there is a regular file of that very name.
+bool FileExists(const std::string& name);
+
+void DeleteFile(const std::string& name);
+
+/// Where bytes go.
+class ByteSink {
+ public:
+  virtual ~ByteSink() = default;
+  virtual void Write(std::string_view bytes) = 0;
+};
+
+/// A file read from front to back.
+class InputFile {
+ public:
+  explicit InputFile(const std::string& name);
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+  ~InputFile();
+
+  /// Reads up to `size` bytes; fewer only at the end of the file.
+  size_t Read(char* bytes, size_t size);
+
+ private:
+  std::string name_;
+  int descriptor_;
+};
+
+/// The new content of a file, which takes the file's place as a whole or not at all. It is written to a temporary file
+/// beside the target; without Commit, the target stays as it was. A target that is no regular file, such as a device,
+/// is written to directly.
+class FileReplacement : public ByteSink {
+ public:
+  explicit FileReplacement(const std::string& name);
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  ~FileReplacement() override;
+
+  void Write(std::string_view bytes) override;
+
+  /// Flushes everything to disk and puts the new content in the target's place.
+  void Commit();
+
+ private:
+  void CreateTemporary(unsigned mode);
+
+  std::string target_;
+  std::string temporary_;  // empty when the target is written to directly
+  int descriptor_ = -1;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_FILE_H_

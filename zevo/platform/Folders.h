@@ -1,0 +1,20 @@
+#ifndef ZEVO_PLATFORM_FOLDERS_H_
+#define ZEVO_PLATFORM_FOLDERS_H_
+
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// The folder for files shared between programs (CSIDL_PROGRAM_FILES_COMMON); empty where the system has none.
+std::string CommonFilesFolder();
+
+/// The folder that the library was loaded from; empty when the system does not tell.
+std::string LibraryFolder();
+
+/// `folder` and `name` with a separator between them.
+std::string JoinPath(std::string_view folder, std::string_view name);
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_FOLDERS_H_

@@ -1,0 +1,60 @@
+#ifndef ZEVO_PLATFORM_NAMETABLE_H_
+#define ZEVO_PLATFORM_NAMETABLE_H_
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zevo {
+
+/// The names of a document's elements and attributes, each held once under a small number. The names that the table
+/// starts with have the numbers 1, 2 and so on in their order; 0 is no name.
+class NameTable {
+ public:
+  static constexpr uint32_t kNone = 0;
+  /// As many names as a node has room to number.
+  static constexpr uint32_t kMostNames = (1U << 24) - 1;
+
+  explicit NameTable(std::span<const std::string_view> first);
+
+  uint32_t Find(std::string_view name) const;
+  uint32_t Add(std::string_view name);
+  /// Adds a qualified name; `prefix` may be null. `local` and `prefix` are the same pointers for the same name until
+  /// the next call of ForgetPointers.
+  uint32_t AddParsed(const char* local, const char* prefix);
+  void ForgetPointers();
+
+  std::string_view Text(uint32_t name) const { return entries_[name].text; }
+  /// The name without its prefix; the name itself when it has none.
+  uint32_t Local(uint32_t name) const { return entries_[name].local; }
+  /// Whether Windows-1252 has every character of every name.
+  bool IsWindows1252() const { return is_windows1252_; }
+
+ private:
+  struct Entry {
+    std::string_view text;
+    uint32_t local;
+  };
+  struct Seen {
+    const char* local;
+    const char* prefix;
+    uint32_t name;
+  };
+
+  uint32_t Insert(std::string_view text);
+  void Grow();
+
+  std::vector<Entry> entries_;
+  std::deque<std::string> texts_;
+  std::vector<uint32_t> slots_;  // open addressing by the hash of the text
+  std::array<Seen, 512> seen_{};
+  bool is_windows1252_ = true;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_NAMETABLE_H_

@@ -1,0 +1,263 @@
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+#include <libxml/xmlerror.h>
+#include <libxml/xmlschemas.h>
+#include <zevo/Error.h>
+#include <zevo/platform/File.h>
+#include <zevo/platform/Parser.h>
+#include <zevo/platform/TextDecoder.h>
+#include <zevo/platform/XmlError.h>
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace zevo {
+namespace {
+
+const char* Text(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
+
+std::string_view View(const xmlChar* text, int length) {
+  return std::string_view(Text(text), static_cast<size_t>(length));
+}
+
+struct FreeContext {
+  void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+};
+
+// One run over one file: stands between libxml2's callbacks and the handler, keeps the limits and the first error.
+class Run {
+ public:
+  Run(const std::string& file, const std::string& source, ParserHandler& handler)
+      : source_(source), handler_(handler), input_(file), decoder_(input_) {}
+
+  void Parse(xmlSchemaValidCtxt* validation) {
+    xmlSAXHandler callbacks = Callbacks();
+    context_.reset(xmlCreateIOParserCtxt(&callbacks, this, &Run::Read, nullptr, this, XML_CHAR_ENCODING_UTF8));
+    if (!context_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+    // The bytes are UTF-8 by now, whatever the declaration says.
+    xmlCtxtUseOptions(context_.get(), XML_PARSE_NONET | XML_PARSE_IGNORE_ENC);
+    xmlSchemaSAXPlugPtr plug = nullptr;
+    if (validation != nullptr) {
+      plug = xmlSchemaSAXPlug(validation, &context_->sax, &context_->userData);
+      if (plug == nullptr) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+      xmlSchemaSetValidStructuredErrors(validation, &Run::OnError, this);
+    }
+    xmlParseDocument(context_.get());
+    if (plug != nullptr) xmlSchemaSAXUnplug(plug);
+    if (thrown_) std::rethrow_exception(thrown_);
+    if (error_) throw *error_;
+    if (context_->wellFormed == 0) Fail(XML_ERR_INTERNAL_ERROR, "O ficheiro não é XML bem formado");
+    if (error_) throw *error_;
+  }
+
+ private:
+  static Run& Of(void* self) { return *static_cast<Run*>(self); }
+
+  static xmlSAXHandler Callbacks() {
+    xmlSAXHandler sax{};
+    sax.initialized = XML_SAX2_MAGIC;
+    sax.startElementNs = &Run::OnStartElement;
+    sax.endElementNs = &Run::OnEndElement;
+    sax.characters = [](void* self, const xmlChar* text, int length) { Of(self).OnText(text, length, false); };
+    sax.ignorableWhitespace = sax.characters;
+    sax.cdataBlock = [](void* self, const xmlChar* text, int length) { Of(self).OnText(text, length, true); };
+    sax.comment = [](void* self, const xmlChar* text) {
+      Of(self).Guard([&](Run& run) { run.handler_.Comment(Text(text)); });
+    };
+    sax.processingInstruction = [](void* self, const xmlChar* target, const xmlChar* data) {
+      Of(self).Guard([&](Run& run) { run.handler_.Instruction(Text(target), data == nullptr ? "" : Text(data)); });
+    };
+    sax.startDocument = [](void* self) {
+      Of(self).Guard([](Run& run) {
+        if (run.context_->standalone == 1) run.handler_.Standalone();
+      });
+    };
+    sax.internalSubset = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
+      Of(self).Fail(XML_ERR_USER_STOP, "O ficheiro tem uma declaração DOCTYPE, que não é aceite");
+    };
+    sax.serror = &Run::OnError;
+    return sax;
+  }
+
+  // Runs what may throw between libxml2's frames, which no exception may cross.
+  template <class Action>
+  void Guard(Action&& action) {
+    if (stopped_) return;
+    try {
+      action(*this);
+    } catch (...) {
+      thrown_ = std::current_exception();
+      Stop();
+    }
+    event_end_ = Position();
+  }
+
+  static void OnStartElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar*, int namespaces,
+                             const xmlChar** namespaceTexts, int attributes, int, const xmlChar** attributeTexts) {
+    Of(self).Guard([&](Run& run) {
+      run.text_length_ = 0;
+      if (run.Position() - run.event_end_ > ParserLimits::kStartTag) return run.FailTagTooLong();
+      if (++run.depth_ > ParserLimits::kDepth) {
+        return run.Fail(XML_ERR_USER_STOP, "Os elementos estão encaixados em mais de 256 níveis");
+      }
+      run.attributes_.clear();
+      for (int i = 0; i < namespaces; ++i) {
+        const xmlChar* const* row = namespaceTexts + i * 2;
+        const ParsedName name = row[0] == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{Text(row[0]), "xmlns"};
+        run.attributes_.push_back({name, row[1] == nullptr ? "" : Text(row[1])});
+      }
+      for (int i = 0; i < attributes; ++i) {
+        const xmlChar* const* row = attributeTexts + i * 5;
+        run.attributes_.push_back({{Text(row[0]), Text(row[1])}, View(row[3], static_cast<int>(row[4] - row[3]))});
+      }
+      run.handler_.StartElement({Text(local), Text(prefix)}, run.attributes_);
+    });
+  }
+
+  static void OnEndElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar*) {
+    Of(self).Guard([&](Run& run) {
+      run.text_length_ = 0;
+      --run.depth_;
+      run.handler_.EndElement({Text(local), Text(prefix)});
+    });
+  }
+
+  void OnText(const xmlChar* text, int length, bool cdata) {
+    Guard([&](Run& run) {
+      run.text_length_ += static_cast<size_t>(length);
+      if (run.text_length_ > ParserLimits::kText) {
+        return run.Fail(XML_ERR_USER_STOP, "Um texto tem mais de 10 milhões de bytes");
+      }
+      cdata ? run.handler_.CData(View(text, length)) : run.handler_.Characters(View(text, length));
+    });
+  }
+
+  // Delivers the next decoded bytes to the parser.
+  static int Read(void* self, char* buffer, int size) {
+    Run& run = Of(self);
+    if (run.stopped_) return 0;
+    int length = 0;
+    try {
+      // The parser asks for bytes in the middle of a tag as well: without this it would first read all of it.
+      if (run.context_ && run.InTag() && run.delivered_ - run.event_end_ > ParserLimits::kStartTag + kReadAhead) {
+        run.FailTagTooLong();
+        return 0;
+      }
+      length = static_cast<int>(run.decoder_.Read(buffer, static_cast<size_t>(size)));
+      if (length == 0) run.ReportFault();
+    } catch (...) {
+      run.thrown_ = std::current_exception();
+      run.Stop();
+      return 0;
+    }
+    run.delivered_ += static_cast<size_t>(length);
+    return length;
+  }
+
+  bool InTag() const {
+    switch (context_->instate) {
+      case XML_PARSER_CONTENT:
+      case XML_PARSER_START_TAG:
+      case XML_PARSER_END_TAG:
+      case XML_PARSER_ATTRIBUTE_VALUE:
+        return true;
+      default:
+        return false;
+    }
+  }
+
+  void ReportFault() {
+    switch (decoder_.fault()) {
+      case TextDecoder::Fault::kNone:
+        return;
+      case TextDecoder::Fault::kUnknownEncoding:
+        return Fail(XML_ERR_UNSUPPORTED_ENCODING, "A codificação declarada não é suportada");
+      case TextDecoder::Fault::kContradictoryEncoding:
+        return Fail(XML_ERR_UNSUPPORTED_ENCODING, "A codificação declarada contradiz a do início do ficheiro");
+      case TextDecoder::Fault::kNul:
+        return Fail(XML_ERR_INVALID_CHAR, "O carácter U+0000 não é permitido");
+      case TextDecoder::Fault::kUndecodable:
+        return Fail(XML_ERR_INVALID_ENCODING, "Bytes que a codificação não define");
+    }
+  }
+
+  static void OnError(void* self, xmlErrorPtr error) {
+    Run& run = Of(self);
+    if (error->level < XML_ERR_ERROR) return;
+    if (error->code == XML_ERR_NO_MEMORY) run.out_of_memory_ = true;
+    run.Fail(error->code, error->message == nullptr ? "" : error->message);
+  }
+
+  void FailTagTooLong() { Fail(XML_ERR_USER_STOP, "Uma etiqueta tem mais de 64 KiB"); }
+
+  // The first failure is the one that is told.
+  void Fail(int number, std::string_view reason) {
+    if (!error_ && !thrown_) {
+      try {
+        if (out_of_memory_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+        const auto [line, column] = Place();
+        error_ = XmlError(number, source_, reason, line, column);
+      } catch (...) {
+        thrown_ = std::current_exception();
+      }
+    }
+    Stop();
+  }
+
+  // From here on events are dropped and the file seems to end. Halting libxml2 itself would free its buffers under
+  // calls that are still using them.
+  void Stop() { stopped_ = true; }
+
+  // Bytes of UTF-8 that the parser has taken in.
+  size_t Position() const {
+    const xmlParserInput* input = context_->input;
+    return input == nullptr ? 0 : input->consumed + static_cast<size_t>(input->cur - input->base);
+  }
+
+  // Line and column of the place that the parser has reached or, when decoding stopped, of the byte that stopped it.
+  std::pair<int, int> Place() const {
+    const xmlParserInput* input = context_ ? context_->input : nullptr;
+    if (input == nullptr) return {1, 1};
+    int line = input->line;
+    int column = input->col;
+    if (decoder_.fault() != TextDecoder::Fault::kNone) {
+      for (const xmlChar* c = input->cur; c < input->end; ++c) {
+        column = *c == '\n' ? 1 : column + 1;
+        line += *c == '\n';
+      }
+    }
+    return {line, column};
+  }
+
+  static constexpr size_t kReadAhead = 16 * 1024;
+
+  const std::string& source_;
+  ParserHandler& handler_;
+  InputFile input_;
+  TextDecoder decoder_;
+  std::unique_ptr<xmlParserCtxt, FreeContext> context_;
+  std::vector<ParsedAttribute> attributes_;
+  int depth_ = 0;
+  size_t text_length_ = 0;
+  size_t delivered_ = 0;
+  size_t event_end_ = 0;  // where the parser stood at the end of the last event
+  bool stopped_ = false;
+  bool out_of_memory_ = false;
+  std::optional<Error> error_;
+  std::exception_ptr thrown_;
+};
+
+}  // namespace
+
+void Parser::Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation) {
+  InitialiseXml();
+  Run(file_, source_, handler).Parse(validation);
+}
+
+}  // namespace zevo

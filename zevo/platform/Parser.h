@@ -1,0 +1,66 @@
+#ifndef ZEVO_PLATFORM_PARSER_H_
+#define ZEVO_PLATFORM_PARSER_H_
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+struct _xmlSchemaValidCtxt;
+
+namespace zevo {
+
+/// The name of an element or attribute. Equal names of one parse are the same pointers. `prefix` is null without one.
+struct ParsedName {
+  const char* local;
+  const char* prefix;
+};
+
+/// An attribute, or a namespace declaration: those are named "xmlns" or prefixed by it.
+struct ParsedAttribute {
+  ParsedName name;
+  std::string_view value;
+};
+
+/// Receives the content of a file in its order. Texts are UTF-8, entities are resolved, line ends are LF, and a long
+/// text may come in pieces. What a handler throws stops the parse and leaves Parse as it is.
+class ParserHandler {
+ public:
+  virtual ~ParserHandler() = default;
+  virtual void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) = 0;
+  virtual void EndElement(const ParsedName& name) = 0;
+  virtual void Characters(std::string_view text) = 0;
+  virtual void CData(std::string_view text) { Characters(text); }
+  virtual void Comment(std::string_view) {}
+  virtual void Instruction(std::string_view /*target*/, std::string_view /*data*/) {}
+  /// The declaration said standalone="yes".
+  virtual void Standalone() {}
+};
+
+/// How far a parse may go; beyond it the file is refused.
+struct ParserLimits {
+  static constexpr int kDepth = 256;
+  static constexpr size_t kText = 10'000'000;
+  static constexpr size_t kStartTag = 64 * 1024;
+};
+
+/// Parses a file and hands its content over as events. Raises the parser's number and reason, with line and column, for
+/// a file that is not well-formed, has a document type declaration or goes beyond the limits; a run-time error when the
+/// file cannot be read. `source` becomes the source of the parser's errors.
+class Parser {
+ public:
+  Parser(std::string file, std::string source) : file_(std::move(file)), source_(std::move(source)) {}
+
+  void Parse(ParserHandler& handler) { Parse(handler, nullptr); }
+
+  /// The same with a libxml2 schema validation listening in.
+  void Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation);
+
+ private:
+  std::string file_;
+  std::string source_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_PARSER_H_

@@ -1,0 +1,267 @@
+#include <zevo/platform/Serializer.h>
+#include <zevo/platform/Text.h>
+#include <zevo/platform/Windows1252.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <utility>
+
+namespace zevo {
+namespace {
+
+constexpr size_t kBufferSize = 256 * 1024;
+// The longest that a byte of text can become: &quot; for a quote.
+constexpr size_t kGrowth = 6;
+constexpr size_t kPiece = kBufferSize / kGrowth - 16;
+
+unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
+
+std::string_view Reference(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\r':
+      return "&#13;";
+    case '\n':
+      return "&#10;";
+    case '\t':
+      return "&#9;";
+    default:
+      return {};
+  }
+}
+
+std::string_view Escaped(Escapes escapes) {
+  switch (escapes) {
+    case Escapes::kNone:
+      return "";
+    case Escapes::kMarkup:
+      return "&<>";
+    case Escapes::kMarkupAndQuote:
+      return "&<>\"";
+    case Escapes::kMarkupAndReturn:
+      return "&<>\r";
+    case Escapes::kAttribute:
+      return "&<>\"\r\n\t";
+  }
+  return {};
+}
+
+enum class Kind : uint8_t { kPlain, kEscaped, kBeyondAscii };
+using Kinds = std::array<Kind, 256>;
+
+Kinds MakeKinds(Escapes escapes) {
+  Kinds kinds{};
+  std::fill(kinds.begin() + 0x80, kinds.end(), Kind::kBeyondAscii);
+  for (const char c : Escaped(escapes)) kinds[Byte(c)] = Kind::kEscaped;
+  return kinds;
+}
+
+const Kinds& KindsFor(Escapes escapes) {
+  static const std::array kAll = {
+      MakeKinds(Escapes::kNone),           MakeKinds(Escapes::kMarkup),
+      MakeKinds(Escapes::kMarkupAndQuote), MakeKinds(Escapes::kMarkupAndReturn),
+      MakeKinds(Escapes::kAttribute),
+  };
+  return kAll[static_cast<size_t>(escapes)];
+}
+
+class StringSink : public ByteSink {
+ public:
+  void Write(std::string_view bytes) override { text.append(bytes); }
+  std::string text;
+};
+
+// Where a piece of at most `size` bytes ends without cutting a character in two.
+size_t PieceEnd(std::string_view text, size_t size) {
+  if (text.size() <= size) return text.size();
+  size_t end = size;
+  while (end > size - 4 && (Byte(text[end]) & 0xC0U) == 0x80) --end;
+  return end;
+}
+
+}  // namespace
+
+Serializer::Serializer(ByteSink& sink, Encoding encoding)
+    : sink_(sink), encoding_(encoding), buffer_(new char[kBufferSize]) {}
+
+void Serializer::Flush() { sink_.Write(std::string_view(buffer_.get(), std::exchange(used_, 0))); }
+
+void Serializer::Write(std::string_view text, Escapes escapes) {
+  while (!text.empty()) {
+    const size_t end = PieceEnd(text, kPiece);
+    if ((kBufferSize - used_) / kGrowth <= end) Flush();
+    WriteEscaped(text.substr(0, end), escapes);
+    text.remove_prefix(end);
+  }
+}
+
+void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
+  const Kinds& kinds = KindsFor(escapes);
+  char* to = buffer_.get() + used_;
+  const char* from = text.data();
+  const char* const end = from + text.size();
+  while (from < end) {
+    const Kind kind = kinds[Byte(*from)];
+    if (kind == Kind::kPlain || (kind == Kind::kBeyondAscii && encoding_ == Encoding::kUtf8)) {
+      *to++ = *from++;
+    } else if (kind == Kind::kEscaped) {
+      const std::string_view reference = Reference(*from++);
+      to = std::copy(reference.begin(), reference.end(), to);
+    } else {
+      std::string_view rest(from, static_cast<size_t>(end - from));
+      const char32_t character = TakeCharacter(rest);
+      const int byte = ToWindows1252(character);
+      if (byte >= 0) {
+        *to++ = static_cast<char>(byte);
+      } else {
+        const std::string reference = "&#" + std::to_string(static_cast<uint32_t>(character)) + ";";
+        to = std::copy(reference.begin(), reference.end(), to);
+      }
+      from = rest.data();
+    }
+  }
+  used_ = static_cast<size_t>(to - buffer_.get());
+}
+
+void Serializer::WriteDocument(const Document& document) {
+  Write("<?xml version=\"1.0\" encoding=\"");
+  Write(encoding_ == Encoding::kUtf8 ? "utf-8" : "windows-1252");
+  Write(document.standalone ? "\" standalone=\"yes\"?>\n" : "\"?>\n");
+  for (const Node* node = document.At(document.Top()->children.first); node != nullptr;
+       node = document.At(node->next)) {
+    WriteTree(node);
+    Write("\n");
+  }
+}
+
+void Serializer::WriteElement(Element element) {
+  text_escapes_ = Escapes::kMarkup;
+  WriteTree(element.node());
+}
+
+void Serializer::WriteTree(const Node* root) {
+  const Document& document = Document::Of(root);
+  const Node* node = root;
+  for (;;) {
+    Open(document, node);
+    const Node* next = document.Following(node, root);
+    // Close what ends before the next node begins.
+    const Node* const parent = next == nullptr ? document.At(root->parent) : document.At(next->parent);
+    for (; node != parent; node = document.At(node->parent)) Close(document, node);
+    if (next == nullptr) return;
+    node = next;
+  }
+}
+
+void Serializer::Open(const Document& document, const Node* node) {
+  const std::string_view name = document.Names().Text(node->name);
+  switch (node->kind) {
+    case NodeKind::kElement: {
+      Write("<");
+      Write(name);
+      if (node->holds_text) {
+        Write(node->length == 0 ? "/>" : ">");
+        Write(node->Text(), text_escapes_);
+        return;
+      }
+      const Node* child = document.At(node->children.first);
+      for (; child != nullptr && child->kind == NodeKind::kAttribute; child = document.At(child->next)) {
+        Write(" ");
+        Write(document.Names().Text(child->name));
+        Write("=\"");
+        Write(child->Text(), Escapes::kAttribute);
+        Write("\"");
+      }
+      Write(child == nullptr ? "/>" : ">");
+      return;
+    }
+    case NodeKind::kText:
+      return Write(node->Text(), text_escapes_);
+    case NodeKind::kCData:
+      return WriteCData(node->Text());
+    case NodeKind::kComment:
+      Write("<!--");
+      Write(node->Text());
+      return Write("-->");
+    case NodeKind::kInstruction:
+      Write("<?");
+      Write(name);
+      if (node->length > 0) Write(" ");
+      Write(node->Text());
+      return Write("?>");
+    case NodeKind::kDocument:
+    case NodeKind::kAttribute:
+      return;
+  }
+}
+
+void Serializer::Close(const Document& document, const Node* node) {
+  if (node->kind != NodeKind::kElement) return;
+  if (node->holds_text) {
+    if (node->length == 0) return;
+  } else {
+    const Node* last = document.At(node->children.last);
+    if (last == nullptr || last->kind == NodeKind::kAttribute) return;
+  }
+  Write("</");
+  Write(document.Names().Text(node->name));
+  Write(">");
+}
+
+// A reference means nothing inside a section, so the section is interrupted for it.
+void Serializer::WriteCData(std::string_view text) {
+  constexpr std::string_view kStart = "<![CDATA[";
+  constexpr std::string_view kEnd = "]]>";
+  Write(kStart);
+  while (encoding_ == Encoding::kWindows1252 && !text.empty()) {
+    std::string_view rest = text;
+    size_t plain = 0;
+    while (!rest.empty() && ToWindows1252(TakeCharacter(rest)) >= 0) plain = text.size() - rest.size();
+    Write(text.substr(0, plain));
+    text.remove_prefix(plain);
+    if (text.empty()) break;
+    rest = text;
+    TakeCharacter(rest);
+    Write(kEnd);
+    Write(text.substr(0, text.size() - rest.size()), text_escapes_);
+    Write(kStart);
+    text = rest;
+  }
+  Write(text);
+  Write(kEnd);
+}
+
+void WriteDocumentTo(ByteSink& sink, const Document& document) {
+  const bool utf8 = document.needs_unicode || !document.Names().IsWindows1252();
+  Serializer serializer(sink, utf8 ? Serializer::Encoding::kUtf8 : Serializer::Encoding::kWindows1252);
+  serializer.WriteDocument(document);
+  serializer.Flush();
+}
+
+std::string SerializeToUtf8(const Document& document) {
+  StringSink sink;
+  Serializer serializer(sink, Serializer::Encoding::kUtf8);
+  serializer.WriteDocument(document);
+  serializer.Flush();
+  return std::move(sink.text);
+}
+
+std::string SerializedXml(Element element) {
+  StringSink sink;
+  Serializer serializer(sink, Serializer::Encoding::kUtf8);
+  serializer.WriteElement(element);
+  serializer.Flush();
+  return std::move(sink.text);
+}
+
+}  // namespace zevo

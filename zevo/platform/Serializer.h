@@ -1,0 +1,65 @@
+#ifndef ZEVO_PLATFORM_SERIALIZER_H_
+#define ZEVO_PLATFORM_SERIALIZER_H_
+
+#include <zevo/platform/Document.h>
+#include <zevo/platform/File.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// Which characters of a text are written as references.
+enum class Escapes {
+  kNone,
+  kMarkup,           // & < >
+  kMarkupAndQuote,   // & < > "
+  kMarkupAndReturn,  // & < > and CR, which a parser would otherwise take for a line end
+  kAttribute,        // & < > " and the white space that a parser would otherwise turn into spaces
+};
+
+/// Escapes and encodes text in one pass and hands it to a sink in large pieces.
+class Serializer {
+ public:
+  enum class Encoding { kWindows1252, kUtf8 };
+
+  Serializer(ByteSink& sink, Encoding encoding);
+
+  /// Writes UTF-8 text. Into Windows-1252, a character that it lacks goes as a numeric reference.
+  void Write(std::string_view text, Escapes escapes);
+  void Write(std::string_view text) { Write(text, Escapes::kNone); }
+
+  void WriteDocument(const Document& document);
+  void WriteElement(Element element);
+
+  /// Hands over what is still held back; destruction drops it.
+  void Flush();
+
+ private:
+  void WriteTree(const Node* root);
+  void Open(const Document& document, const Node* node);
+  void Close(const Document& document, const Node* node);
+  void WriteCData(std::string_view text);
+  void WriteEscaped(std::string_view text, Escapes escapes);
+
+  ByteSink& sink_;
+  Encoding encoding_;
+  Escapes text_escapes_ = Escapes::kMarkupAndReturn;
+  std::unique_ptr<char[]> buffer_;
+  size_t used_ = 0;
+};
+
+/// Writes a document as a file holds it: in Windows-1252, or in UTF-8 where that would lose a character.
+void WriteDocumentTo(ByteSink& sink, const Document& document);
+
+/// The document as UTF-8 text.
+std::string SerializeToUtf8(const Document& document);
+
+/// The serialised XML of an element, as UTF-8 text in which nothing but & < > is escaped.
+std::string SerializedXml(Element element);
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_SERIALIZER_H_

@@ -1,0 +1,103 @@
+#include <zevo/platform/Text.h>
+
+#include <cstring>
+
+namespace zevo {
+namespace {
+
+unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
+bool IsContinuation(char c) { return (Byte(c) & 0xC0) == 0x80; }
+
+constexpr uint64_t Repeat(uint8_t byte) { return 0x0101010101010101U * byte; }
+
+// Length of the run of printable ASCII at the front, found eight bytes at a time.
+size_t PrintableAscii(std::string_view text) {
+  size_t i = 0;
+  for (; i + 8 <= text.size(); i += 8) {
+    uint64_t word;
+    std::memcpy(&word, text.data() + i, 8);
+    if (((word - Repeat(0x20)) | word) & Repeat(0x80)) break;
+  }
+  while (i < text.size() && Byte(text[i]) >= 0x20 && Byte(text[i]) < 0x80) ++i;
+  return i;
+}
+
+bool IsXmlCharacter(char32_t c) {
+  if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
+  return c != 0xFFFE && c != 0xFFFF && c != kNotUtf8;
+}
+
+}  // namespace
+
+std::string_view Leftmost(std::string_view text, int characters) {
+  // A character takes at least one byte.
+  if (text.size() <= static_cast<size_t>(characters)) return text;
+  size_t end = 0;
+  for (int taken = 0; end < text.size(); ++end) {
+    if (!IsContinuation(text[end]) && taken++ == characters) break;
+  }
+  return text.substr(0, end);
+}
+
+std::string_view TrimSpaces(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
+
+char32_t TakeCharacter(std::string_view& text) {
+  const unsigned char lead = Byte(text.front());
+  size_t length = 1;
+  char32_t character = lead;
+  char32_t least = 0;
+  if (lead >= 0xF0) {
+    length = 4;
+    character = lead & 0x07U;
+    least = 0x10000;
+  } else if (lead >= 0xE0) {
+    length = 3;
+    character = lead & 0x0FU;
+    least = 0x800;
+  } else if (lead >= 0xC0) {
+    length = 2;
+    character = lead & 0x1FU;
+    least = 0x80;
+  }
+  bool valid = lead < 0x80 || (lead >= 0xC2 && lead <= 0xF4 && text.size() >= length);
+  for (size_t i = 1; valid && i < length; ++i) {
+    valid = IsContinuation(text[i]);
+    character = (character << 6) | (Byte(text[i]) & 0x3FU);
+  }
+  valid = valid && character >= least && character <= 0x10FFFF && (character < 0xD800 || character > 0xDFFF);
+  text.remove_prefix(valid ? length : 1);
+  return valid ? character : kNotUtf8;
+}
+
+void AppendCharacter(char32_t c, std::string& text) {
+  const auto append = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
+  if (c < 0x80) {
+    append(c);
+  } else if (c < 0x800) {
+    append(0xC0 | (c >> 6));
+    append(0x80 | (c & 0x3F));
+  } else if (c < 0x10000) {
+    append(0xE0 | (c >> 12));
+    append(0x80 | ((c >> 6) & 0x3F));
+    append(0x80 | (c & 0x3F));
+  } else {
+    append(0xF0 | (c >> 18));
+    append(0x80 | ((c >> 12) & 0x3F));
+    append(0x80 | ((c >> 6) & 0x3F));
+    append(0x80 | (c & 0x3F));
+  }
+}
+
+bool IsXmlText(std::string_view text) {
+  for (;;) {
+    text.remove_prefix(PrintableAscii(text));
+    if (text.empty()) return true;
+    if (!IsXmlCharacter(TakeCharacter(text))) return false;
+  }
+}
+
+}  // namespace zevo

@@ -1,0 +1,13 @@
+#include <zevo/platform/Text.h>
+#include <zevo/platform/Windows1252.h>
+
+namespace zevo {
+
+bool IsWindows1252(std::string_view text) {
+  while (!text.empty()) {
+    if (ToWindows1252(TakeCharacter(text)) < 0) return false;
+  }
+  return true;
+}
+
+}  // namespace zevo

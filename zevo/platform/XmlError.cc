@@ -1,0 +1,23 @@
+#include <libxml/parser.h>
+#include <zevo/platform/XmlError.h>
+
+#include <mutex>
+#include <string>
+
+namespace zevo {
+
+void InitialiseXml() {
+  static std::once_flag once;
+  std::call_once(once, xmlInitParser);
+}
+
+Error XmlError(int number, std::string_view source, std::string_view reason, int line, int column) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  reason = reason.substr(0, reason.find_last_not_of(kBlanks) + 1);
+  std::string description(reason);
+  description.append(" (linha ").append(std::to_string(line));
+  description.append(", coluna ").append(std::to_string(column)).append(")");
+  return Error(number, std::string(source), std::move(description));
+}
+
+}  // namespace zevo
