@@ -1,0 +1,9 @@
+#include <zevo/model/DocumentTotals.h>
+
+namespace zevo {
+
+DocumentTotals::DocumentTotals() = default;
+
+DocumentTotals::~DocumentTotals() = default;
+
+}  // namespace zevo

@@ -1,0 +1,9 @@
+#include <zevo/model/GeneralLedger.h>
+
+namespace zevo {
+
+GeneralLedger::GeneralLedger() = default;
+
+GeneralLedger::~GeneralLedger() = default;
+
+}  // namespace zevo

@@ -1,0 +1,15 @@
+#include <zevo/model/GeneralLedgerEntries.h>
+
+namespace zevo {
+
+GeneralLedgerEntries::GeneralLedgerEntries() { Reset(); }
+
+GeneralLedgerEntries::~GeneralLedgerEntries() = default;
+
+void GeneralLedgerEntries::Reset() {
+  set_NumberOfEntries(0);
+  set_TotalDebit(0);
+  set_TotalCredit(0);
+}
+
+}  // namespace zevo

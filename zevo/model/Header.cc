@@ -1,0 +1,14 @@
+#include <zevo/model/Header.h>
+#include <zevo/platform/RegionalSettings.h>
+
+namespace zevo {
+
+Header::Header() {
+  CompanyAddress_->set_BasePath(BasePath::kHeaderCompanyAddress);
+  set_DateCreated(LocalDate());
+  set_CurrencyCode("EUR");
+}
+
+Header::~Header() = default;
+
+}  // namespace zevo

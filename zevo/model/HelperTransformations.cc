@@ -1,0 +1,255 @@
+#include <zevo/Error.h>
+#include <zevo/model/DecimalNumber.h>
+#include <zevo/model/HelperTransformations.h>
+#include <zevo/model/LetterCase.h>
+#include <zevo/platform/RegionalSettings.h>
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <system_error>
+
+namespace zevo {
+namespace {
+
+constexpr std::string_view kPoint = ".";
+constexpr std::string_view kBlanks = " \t\r\n";
+
+uint64_t Magnitude(Amount value) {
+  const auto scaled = static_cast<uint64_t>(value.Scaled());
+  return value.Scaled() < 0 ? ~scaled + 1 : scaled;
+}
+
+void AppendDigits(uint64_t value, size_t atLeast, NumberText& text) {
+  std::array<char, 24> digits;
+  size_t count = 0;
+  for (; value > 0 || count < atLeast; value /= 10) digits[count++] = static_cast<char>('0' + value % 10);
+  while (count > 0) text.Append(digits[--count]);
+}
+
+NumberText ShortestText(Amount value, std::string_view separator) {
+  NumberText text;
+  const uint64_t magnitude = Magnitude(value);
+  if (value.Scaled() < 0) text.Append('-');
+  AppendDigits(magnitude / Amount::kScale, 1, text);
+  uint64_t fraction = magnitude % Amount::kScale;
+  if (fraction == 0) return text;
+  size_t decimals = 4;
+  for (; fraction % 10 == 0; fraction /= 10) --decimals;
+  text.Append(separator);
+  AppendDigits(fraction, decimals, text);
+  return text;
+}
+
+std::string_view Trim(std::string_view text, std::string_view blanks) {
+  const size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string_view SkipBlanks(std::string_view text) {
+  const size_t first = text.find_first_not_of(kBlanks);
+  return first == std::string_view::npos ? std::string_view() : text.substr(first);
+}
+
+// Two digits of a date, or -1.
+int Digits(std::string_view text, size_t at, size_t count) {
+  int value = 0;
+  for (size_t i = at; i < at + count; ++i) {
+    if (i >= text.size() || text[i] < '0' || text[i] > '9') return -1;
+    value = value * 10 + (text[i] - '0');
+  }
+  return value;
+}
+
+bool IsCalendarDate(int year, int month, int day) {
+  if (year < 1 || month < 1 || month > 12 || day < 1) return false;
+  constexpr std::array kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+  return day <= kDays[static_cast<size_t>(month) - 1] + (month == 2 && leap ? 1 : 0);
+}
+
+// Nothing, or a time (hh:mm, perhaps with seconds, a fraction of them and a zone) after a blank or a "T".
+bool IsTimePart(std::string_view text) {
+  if (text.empty()) return true;
+  if ((text[0] != ' ' && text[0] != 'T') || text.size() < 6 || text[3] != ':') return false;
+  const auto inRange = [&](size_t at, int limit) {
+    const int value = Digits(text, at, 2);
+    return value >= 0 && value < limit;
+  };
+  if (!inRange(1, 24) || !inRange(4, 60)) return false;
+  text.remove_prefix(6);
+  if (text.empty()) return true;
+  if (text[0] == ':') {
+    if (!inRange(1, 60)) return false;
+    text.remove_prefix(3);
+    if (!text.empty() && text[0] == '.') {
+      const size_t end = text.find_first_not_of("0123456789", 1);
+      if (end == 1 || text.size() == 1) return false;
+      text.remove_prefix(end == std::string_view::npos ? text.size() : end);
+    }
+  }
+  if (text.empty() || text == "Z") return true;
+  return text.size() == 6 && (text[0] == '+' || text[0] == '-') && text[3] == ':' && inRange(1, 24) && inRange(4, 60);
+}
+
+void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
+  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+}
+
+}  // namespace
+
+NumberText AmountText(Amount value) { return ShortestText(value, DecimalSeparator()); }
+
+NumberText AmountTextWithPoint(Amount value) { return ShortestText(value, kPoint); }
+
+NumberText TwoDecimalsText(Amount value) {
+  const uint64_t hundredths = (Magnitude(value) + 50) / 100;
+  NumberText text;
+  if (value.Scaled() < 0 && hundredths != 0) text.Append('-');
+  AppendDigits(hundredths / 100, 0, text);
+  text.Append(DecimalSeparator());
+  AppendDigits(hundredths % 100, 2, text);
+  return text;
+}
+
+NumberText SingleText(float value) {
+  if (!std::isfinite(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+  NumberText text;
+  if (value == 0) {
+    text.Append('0');
+    return text;
+  }
+  // The shortest digits, as d.ddde±xx, then laid out without the exponent.
+  std::array<char, 32> scientific;
+  const char* const end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), std::fabs(value),
+                                        std::chars_format::scientific)
+                              .ptr;
+  std::string_view digits(scientific.data(), static_cast<size_t>(end - scientific.data()));
+  const size_t e = digits.find('e');
+  int exponent = std::atoi(digits.data() + e + 1);
+  std::array<char, 16> significant;
+  size_t count = 0;
+  for (const char c : digits.substr(0, e)) {
+    if (c != '.') significant[count++] = c;
+  }
+  const std::string_view all(significant.data(), count);
+  if (value < 0) text.Append('-');
+  if (exponent < 0) {
+    text.Append('0');
+    text.Append(DecimalSeparator());
+    text.Append(static_cast<size_t>(-exponent - 1), '0');
+    text.Append(all);
+    return text;
+  }
+  const size_t whole = static_cast<size_t>(exponent) + 1;
+  text.Append(all.substr(0, whole));
+  if (count <= whole) {
+    text.Append(whole - count, '0');
+  } else {
+    text.Append(DecimalSeparator());
+    text.Append(all.substr(whole));
+  }
+  return text;
+}
+
+NumberText IntegerText(int32_t value) {
+  NumberText text;
+  if (value < 0) text.Append('-');
+  AppendDigits(static_cast<uint64_t>(std::llabs(value)), 1, text);
+  return text;
+}
+
+std::string_view FlagText(bool value) { return value ? "1" : "0"; }
+
+Amount AmountFromText(std::string_view text) {
+  return DecimalNumber(SkipBlanks(text), {.separator = kPoint, .thousands = {}, .exponent = true}).ToAmount();
+}
+
+float SingleFromText(std::string_view text) {
+  text = SkipBlanks(text);
+  const DecimalNumber number(text, {.separator = kPoint, .thousands = {}, .exponent = true});
+  text = text.substr(0, number.Length());
+  if (text.starts_with('+')) text.remove_prefix(1);
+  float value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error == std::errc::result_out_of_range && number.HasWholePart()) throw MakeRunTimeError(RunTimeError::kOverflow);
+  return value;
+}
+
+Amount CurrencyFromText(std::string_view text) {
+  const std::string_view number = Trim(text, kBlanks);
+  const DecimalNumber decimal(number,
+                              {.separator = DecimalSeparator(), .thousands = ThousandsSeparator(), .exponent = true});
+  if (!decimal.HasDigits() || decimal.Length() != number.size()) {
+    throw MakeRunTimeError(RunTimeError::kTypeMismatch, text);
+  }
+  return decimal.ToAmount();
+}
+
+int32_t IntegerFromText(std::string_view text) {
+  const int64_t scaled = CurrencyFromText(text).Scaled();
+  constexpr int64_t kHalf = Amount::kScale / 2;
+  const int64_t whole = (scaled < 0 ? scaled - kHalf : scaled + kHalf) / Amount::kScale;
+  if (whole < std::numeric_limits<int32_t>::min() || whole > std::numeric_limits<int32_t>::max()) {
+    throw MakeRunTimeError(RunTimeError::kOverflow, text);
+  }
+  return static_cast<int32_t>(whole);
+}
+
+bool FlagFromText(std::string_view text) {
+  const std::string_view word = Trim(text, kBlanks);
+  if (EqualIgnoringCase(word, "True")) return true;
+  if (EqualIgnoringCase(word, "False")) return false;
+  return !CurrencyFromText(text).IsZero();
+}
+
+std::string DateText(std::string_view text) {
+  const std::string_view date = Trim(text, kBlanks);
+  const auto separatedAt = [&](size_t first, size_t second) {
+    return date.size() >= 10 && (date[first] == '-' || date[first] == '/') && date[first] == date[second];
+  };
+  int year = -1;
+  int month = -1;
+  int day = -1;
+  if (separatedAt(4, 7)) {
+    year = Digits(date, 0, 4);
+    month = Digits(date, 5, 2);
+    day = Digits(date, 8, 2);
+  } else if (separatedAt(2, 5)) {
+    day = Digits(date, 0, 2);
+    month = Digits(date, 3, 2);
+    year = Digits(date, 6, 4);
+  }
+  if (!IsCalendarDate(year, month, day) || !IsTimePart(date.substr(10))) return std::string(text);
+  NumberText result;
+  AppendDigits(static_cast<uint64_t>(year), 4, result);
+  result.Append('-');
+  AppendDigits(static_cast<uint64_t>(month), 2, result);
+  result.Append('-');
+  AppendDigits(static_cast<uint64_t>(day), 2, result);
+  return std::string(std::string_view(result));
+}
+
+std::string Escape(std::string_view text) {
+  std::string escaped(text);
+  ReplaceAll(escaped, "&", "&amp;");
+  ReplaceAll(escaped, "<", "&lt;");
+  ReplaceAll(escaped, ">", "&gt;");
+  ReplaceAll(escaped, "\"", "&quot;");
+  return escaped;
+}
+
+std::string Unescape(std::string_view text) {
+  std::string unescaped(text);
+  ReplaceAll(unescaped, "&lt;", "<");
+  ReplaceAll(unescaped, "&gt;", ">");
+  ReplaceAll(unescaped, "&amp;", "&");
+  ReplaceAll(unescaped, "&quot;", "\"");
+  return unescaped;
+}
+
+}  // namespace zevo

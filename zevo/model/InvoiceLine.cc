@@ -1,0 +1,9 @@
+#include <zevo/model/InvoiceLine.h>
+
+namespace zevo {
+
+InvoiceLine::InvoiceLine() = default;
+
+InvoiceLine::~InvoiceLine() = default;
+
+}  // namespace zevo

@@ -1,0 +1,20 @@
+#ifndef ZEVO_MODEL_INVOICELINECOLLECTION_H_
+#define ZEVO_MODEL_INVOICELINECOLLECTION_H_
+
+#include <zevo/model/InvoiceLine.h>
+#include <zevo/model/RecordCollection.h>
+
+#include <string>
+
+namespace zevo {
+
+/// The lines of an invoice, found by position or by the text of `LineNumber`.
+class InvoiceLineCollection : public RecordCollection<InvoiceLineCollection, InvoiceLine> {
+ public:
+  /// The key under which an item is added.
+  static std::string KeyOf(const InvoiceLine& value) { return std::to_string(value.LineNumber()); }
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_INVOICELINECOLLECTION_H_

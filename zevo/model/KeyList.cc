@@ -1,0 +1,61 @@
+#include <zevo/Error.h>
+#include <zevo/model/KeyList.h>
+#include <zevo/model/LetterCase.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace zevo {
+namespace {
+
+constexpr size_t kSearchedThrough = 16;
+
+}  // namespace
+
+KeyList::KeyList() = default;
+KeyList::~KeyList() = default;
+
+size_t KeyList::PlaceOf(std::string_view folded) const {
+  if (folded_.size() <= kSearchedThrough) {
+    const auto found = std::find(folded_.begin(), folded_.end(), folded);
+    return found == folded_.end() ? kUnknown : static_cast<size_t>(found - folded_.begin());
+  }
+  if (places_.empty()) {
+    places_.reserve(folded_.size() * 2);
+    for (size_t place = 0; place < folded_.size(); ++place) places_.emplace(folded_[place], place);
+  }
+  const auto found = places_.find(std::string(folded));
+  return found == places_.end() ? kUnknown : found->second;
+}
+
+void KeyList::Add(std::string_view key) {
+  std::string folded = FoldCase(key);
+  if (PlaceOf(folded) != kUnknown) throw MakeRunTimeError(RunTimeError::kDuplicateKey, key);
+  folded_.push_back(folded);
+  if (places_.empty()) return;
+  try {
+    places_.emplace(std::move(folded), folded_.size() - 1);
+  } catch (...) {
+    folded_.pop_back();
+    throw;
+  }
+}
+
+size_t KeyList::Find(std::string_view key) const {
+  const size_t place = PlaceOf(FoldCase(key));
+  if (place == kUnknown) throw MakeRunTimeError(RunTimeError::kInvalidCall, key);
+  return place;
+}
+
+void KeyList::RemoveAt(size_t place) {
+  if (place >= folded_.size()) return;
+  folded_.erase(folded_.begin() + static_cast<std::ptrdiff_t>(place));
+  places_.clear();
+}
+
+void KeyList::Clear() {
+  folded_.clear();
+  places_.clear();
+}
+
+}  // namespace zevo

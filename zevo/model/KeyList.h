@@ -1,0 +1,38 @@
+#ifndef ZEVO_MODEL_KEYLIST_H_
+#define ZEVO_MODEL_KEYLIST_H_
+
+#include <zevo/Api.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zevo {
+
+/// The keys of a collection's items, in the order of the items. Keys differ when they differ in more than letter case.
+class ZEVO_API KeyList {
+ public:
+  KeyList();
+  ~KeyList();
+
+  /// Appends a key. Raises error 457 when it is there already, and changes nothing.
+  void Add(std::string_view key);
+  /// 0-based place of the key. Raises error 5 when it is unknown.
+  size_t Find(std::string_view key) const;
+  void RemoveAt(size_t place);
+  void Clear();
+
+ private:
+  static constexpr size_t kUnknown = static_cast<size_t>(-1);
+  size_t PlaceOf(std::string_view folded) const;
+
+  std::vector<std::string> folded_;
+  // Built when the list outgrows what is quicker to search through, dropped when places move.
+  mutable std::unordered_map<std::string, size_t> places_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_KEYLIST_H_

@@ -1,0 +1,18 @@
+#ifndef ZEVO_MODEL_LETTERCASE_H_
+#define ZEVO_MODEL_LETTERCASE_H_
+
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+// Letter case of the letters that Windows-1252 has; others stand for themselves. Texts are UTF-8.
+
+std::string FoldCase(std::string_view text);
+
+/// Whether two texts differ in nothing but letter case.
+bool EqualIgnoringCase(std::string_view left, std::string_view right);
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_LETTERCASE_H_

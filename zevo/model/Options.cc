@@ -1,0 +1,14 @@
+#include <zevo/model/Options.h>
+#include <zevo/model/OptionsMapping.h>
+
+namespace zevo {
+
+bool Options::ValidateOnAssignment() const { return OptionsMapping::OfThisThread().ValidateOnAssignment(); }
+
+void Options::set_ValidateOnAssignment(bool value) { OptionsMapping::OfThisThread().set_ValidateOnAssignment(value); }
+
+std::string Options::SchemaLocation() const { return OptionsMapping::OfThisThread().SchemaLocation(); }
+
+void Options::set_SchemaLocation(std::string_view value) { OptionsMapping::OfThisThread().set_SchemaLocation(value); }
+
+}  // namespace zevo

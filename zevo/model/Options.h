@@ -1,0 +1,28 @@
+#ifndef ZEVO_MODEL_OPTIONS_H_
+#define ZEVO_MODEL_OPTIONS_H_
+
+#include <zevo/Api.h>
+
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// The options of the library, one set for each thread. Objects of this class hold nothing: all of them, and
+/// `AuditFile::AuditFileSchema`, read and write the same values.
+class ZEVO_API Options {
+ public:
+  /// Whether a text assigned to a record is cut to the length that the schema gives its element. True from the start.
+  bool ValidateOnAssignment() const;
+  void set_ValidateOnAssignment(bool value);
+
+  /// Path of the schema file, in UTF-8. From the start, SAF-T-PT_1_01.xsd under the library's own folder, or the
+  /// common-files folder on Windows. Assigning a path that differs in more than letter case loads that schema; one that
+  /// cannot be loaded raises nothing, texts are just not cut any more.
+  std::string SchemaLocation() const;
+  void set_SchemaLocation(std::string_view value);
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_OPTIONS_H_

@@ -1,0 +1,57 @@
+#include <zevo/model/LetterCase.h>
+#include <zevo/model/OptionsMapping.h>
+#include <zevo/platform/Folders.h>
+
+#include <memory>
+
+namespace zevo {
+namespace {
+
+constexpr std::string_view kSchemaFolder = "Zevo/2070/Zevo.Adapters.11";
+constexpr std::string_view kSchemaFile = "SAF-T-PT_1_01.xsd";
+
+std::string DefaultSchemaLocation() {
+  std::string folder = CommonFilesFolder();
+  if (folder.find_first_not_of(' ') == std::string::npos) folder = LibraryFolder();
+  return JoinPath(JoinPath(folder, kSchemaFolder), kSchemaFile);
+}
+
+}  // namespace
+
+OptionsMapping& OptionsMapping::OfThisThread() {
+  // A plain pointer beside the owner: reading it costs no check of whether the owner was constructed.
+  static thread_local constinit OptionsMapping* present = nullptr;
+  if (present == nullptr) [[unlikely]] {
+    static thread_local const std::unique_ptr<OptionsMapping, void (*)(OptionsMapping*)> owner(
+        new OptionsMapping, [](OptionsMapping* mapping) {
+          present = nullptr;
+          delete mapping;
+        });
+    present = owner.get();
+  }
+  return *present;
+}
+
+OptionsMapping::OptionsMapping() {
+  ForgetLimits();
+  set_SchemaLocation(DefaultSchemaLocation());
+}
+
+void OptionsMapping::set_SchemaLocation(std::string_view value) {
+  if (EqualIgnoringCase(value, schema_location_)) return;
+  schema_location_ = value;
+  ForgetLimits();
+  schema_.LoadSchema(schema_location_);
+}
+
+int OptionsMapping::LookUp(BasePath path, int place, std::string_view element) {
+  const int limit = schema_.MaxLength(std::string(TextOf(path)).append("/").append(element));
+  limits_[static_cast<size_t>(path)][static_cast<size_t>(place)] = static_cast<int16_t>(limit);
+  return limit;
+}
+
+void OptionsMapping::ForgetLimits() {
+  for (auto& limits : limits_) limits.fill(kNotLookedUp);
+}
+
+}  // namespace zevo

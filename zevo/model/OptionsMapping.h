@@ -1,0 +1,57 @@
+#ifndef ZEVO_MODEL_OPTIONSMAPPING_H_
+#define ZEVO_MODEL_OPTIONSMAPPING_H_
+
+#include <zevo/model/BasePath.h>
+#include <zevo/model/Property.h>
+#include <zevo/model/Validations.h>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// The library-wide state of a thread: the options and the schema they name, started on the thread's first use.
+class OptionsMapping {
+ public:
+  static OptionsMapping& OfThisThread();
+
+  OptionsMapping(const OptionsMapping&) = delete;
+  OptionsMapping& operator=(const OptionsMapping&) = delete;
+
+  bool ValidateOnAssignment() const { return validate_on_assignment_; }
+  void set_ValidateOnAssignment(bool value) { validate_on_assignment_ = value; }
+
+  const std::string& SchemaLocation() const { return schema_location_; }
+  /// Loads the schema at a path that differs in more than letter case from the present one.
+  void set_SchemaLocation(std::string_view value);
+
+  const Validations& Schema() const { return schema_; }
+
+  /// Greatest length in characters of a property's value, Validations::kNoLimit when nothing limits it. `place` tells
+  /// the properties under one path apart. What the schema says is looked up once for each property. Raises what
+  /// Validations::MaxLength does.
+  int MaxLength(BasePath path, int place, std::string_view element) {
+    if (!validate_on_assignment_ || !schema_.IsLoaded()) return Validations::kNoLimit;
+    const int16_t known = limits_[static_cast<size_t>(path)][static_cast<size_t>(place)];
+    return known != kNotLookedUp ? known : LookUp(path, place, element);
+  }
+
+ private:
+  static constexpr int16_t kNotLookedUp = -2;
+
+  OptionsMapping();
+  int LookUp(BasePath path, int place, std::string_view element);
+  void ForgetLimits();
+
+  bool validate_on_assignment_ = true;
+  std::string schema_location_;
+  Validations schema_;
+  std::array<std::array<int16_t, internal::kMaxRecordLines>, kBasePaths> limits_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_OPTIONSMAPPING_H_

@@ -1,0 +1,15 @@
+#include <zevo/model/SalesInvoices.h>
+
+namespace zevo {
+
+SalesInvoices::SalesInvoices() { Reset(); }
+
+SalesInvoices::~SalesInvoices() = default;
+
+void SalesInvoices::Reset() {
+  set_NumberOfEntries(0);
+  set_TotalDebit(0);
+  set_TotalCredit(0);
+}
+
+}  // namespace zevo

@@ -1,0 +1,20 @@
+#include <zevo/Error.h>
+#include <zevo/model/Supplier.h>
+
+namespace zevo {
+
+namespace {
+
+Error ObsoleteProperty() { return Error(-1, "Supplier", "Propriedade obsoleta, será removida na próxima versão"); }
+
+}  // namespace
+
+Supplier::Supplier() { BillingAddress_->set_BasePath(BasePath::kSupplierBillingAddress); }
+
+Supplier::~Supplier() = default;
+
+std::shared_ptr<AddressStructure> Supplier::ShipToAddress() const { throw ObsoleteProperty(); }
+
+void Supplier::set_ShipToAddress(const std::shared_ptr<AddressStructure>&) { throw ObsoleteProperty(); }
+
+}  // namespace zevo

@@ -1,0 +1,19 @@
+#ifndef ZEVO_MODEL_TAXTABLE_H_
+#define ZEVO_MODEL_TAXTABLE_H_
+
+#include <zevo/model/Record.h>
+#include <zevo/model/TaxTableEntryCollection.h>
+
+namespace zevo {
+
+/// The tax table.
+class ZEVO_API TaxTable : public Record {
+  ZEVO_RECORD(TaxTable, kNone);
+
+  /// The rates, in order.
+  ZEVO_OWNED(TaxTableEntryCollection, TaxTableEntry);
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_TAXTABLE_H_

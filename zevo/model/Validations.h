@@ -1,0 +1,48 @@
+#ifndef ZEVO_MODEL_VALIDATIONS_H_
+#define ZEVO_MODEL_VALIDATIONS_H_
+
+#include <zevo/platform/Document.h>
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace zevo {
+
+/// What a schema file says of the length of texts: the one check that is made when a value is assigned to a record.
+/// Keys are element paths, such as "/AuditFile/Header/CompanyID", found without regard to letter case.
+class Validations {
+ public:
+  static constexpr int kNoLimit = -1;
+
+  /// Loads the schema. A file that cannot be loaded raises nothing: no schema is loaded then, and nothing is limited.
+  void LoadSchema(const std::string& path);
+  bool IsLoaded() const { return loaded_; }
+
+  /// Greatest length in characters of the element under `key`, or kNoLimit. A path that the schema does not declare in
+  /// place is looked up by its last name among the global elements. Raises error 13 when the schema's length is no
+  /// number and error 6 when it is beyond 16 bits.
+  int MaxLength(std::string_view key) const;
+
+  /// The value, cut to the greatest length; whole with `reportOnly`. Raises what MaxLength raises.
+  std::string Validate(std::string_view key, std::string_view value, bool reportOnly) const;
+
+ private:
+  using Table = std::unordered_map<std::string, Element>;
+
+  void FillTypeTable();
+  void FillElementTable(Element element, bool topLevel);
+  std::string ElementPath(Element element, int depth) const;
+  Element GlobalElement(std::string_view name) const;
+
+  Document document_;
+  bool loaded_ = false;
+  Table types_;
+  Table elements_;
+  std::unordered_map<std::string, Element> first_references_;  // by the name they refer to
+  std::unordered_map<std::string, Element> globals_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_VALIDATIONS_H_

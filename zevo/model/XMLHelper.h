@@ -1,0 +1,41 @@
+#ifndef ZEVO_MODEL_XMLHELPER_H_
+#define ZEVO_MODEL_XMLHELPER_H_
+
+#include <zevo/model/ElementName.h>
+#include <zevo/platform/Document.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// The text of the first element of a name anywhere in the serialised XML of a node: what stands between the first
+/// start tag without attributes and prefix, as letters go, and the next markup, unescaped; line ends and tabs become
+/// spaces and spaces at the ends go away. Empty when there is no such tag.
+std::string ElementText(std::string_view name, Element node);
+
+/// The same for many names of one node, without serialising it: the tree is walked once, no further than asked for.
+/// Only where it holds comments, CDATA sections or instructions, in which a tag could hide, is the serialised XML
+/// searched. The document must number its names as kElementNames does, and must not change meanwhile.
+class ElementTexts {
+ public:
+  explicit ElementTexts(Element node) : node_(node), walked_(node.node()) { Note(walked_); }
+
+  /// Valid until the next call.
+  std::string_view operator[](ElementName name);
+
+ private:
+  void Note(const Node* node);
+  std::string_view Cleaned(std::string_view text);
+
+  Element node_;
+  const Node* walked_;  // the last node seen; null at the end of the tree
+  bool hides_tags_ = false;
+  std::array<const Node*, kElementNames.size() + 1> first_{};
+  std::string cleaned_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_XMLHELPER_H_
