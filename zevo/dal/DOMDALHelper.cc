@@ -1,0 +1,79 @@
+#include <zevo/Error.h>
+#include <zevo/dal/DOMDALHelper.h>
+#include <zevo/dal/LoadDocument.h>
+#include <zevo/platform/File.h>
+#include <zevo/platform/Selection.h>
+#include <zevo/platform/Serializer.h>
+#include <zevo/platform/Text.h>
+
+#include <utility>
+
+namespace zevo {
+namespace {
+
+constexpr std::string_view kDefaultNamespace = "xmlns";
+
+void RequireXmlText(std::string_view name, std::string_view value) {
+  if (!IsXmlText(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall, name);
+}
+
+std::string_view DefaultNamespaceAt(Element element) {
+  for (; element; element = element.Parent()) {
+    if (const auto declared = element.Attribute(kDefaultNamespace)) return *declared;
+  }
+  return {};
+}
+
+}  // namespace
+
+DOMDALHelper::DOMDALHelper() = default;
+DOMDALHelper::~DOMDALHelper() = default;
+
+void DOMDALHelper::CreateFile() {
+  auto document = NewDocument();
+  const Element root = document->AppendElement(Element(), "AuditFile");
+  document->AppendAttribute(root, kDefaultNamespace, kNamespace);
+  document->AppendAttribute(root, "xmlns:xsi", "http://www.w3.org/2001/XMLSchema-instance");
+  document_ = std::move(document);
+  one_namespace_ = true;
+}
+
+void DOMDALHelper::OpenFile() {
+  document_.reset();
+  document_ = LoadDocument(file_name_);
+  one_namespace_ = document_->default_namespaces == 1 && document_->Root().Attribute(kDefaultNamespace) == kNamespace;
+}
+
+void DOMDALHelper::SaveFile() {
+  FileReplacement file(file_name_);
+  WriteDocumentTo(file, *document_);
+  file.Commit();
+}
+
+Element DOMDALHelper::GetElement(std::string_view name, Element parent, std::string_view xpathQuery) {
+  return SelectFirst(Base(parent), name, xpathQuery);
+}
+
+Element DOMDALHelper::CreateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+  const std::string_view text = TrimSpaces(value);
+  if (text.empty() && !required) return Element();
+  RequireXmlText(name, text);
+  const Element base = Base(parent);
+  const bool declares = !one_namespace_ && DefaultNamespaceAt(base) != kNamespace;
+  const Element element = document_->AppendElement(base, name);
+  if (declares) document_->AppendAttribute(element, kDefaultNamespace, kNamespace);
+  if (!text.empty()) document_->SetText(element, text);
+  return element;
+}
+
+void DOMDALHelper::UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+  const Element element = GetElement(name, parent, {});
+  if (!element) {
+    CreateElement(name, value, parent, required);
+    return;
+  }
+  RequireXmlText(name, value);
+  document_->SetText(element, value);
+}
+
+}  // namespace zevo

@@ -1,0 +1,44 @@
+#include <zevo/Error.h>
+#include <zevo/dal/DOMDALReader.h>
+#include <zevo/dal/LoadDocument.h>
+#include <zevo/platform/Selection.h>
+
+namespace zevo {
+
+DOMDALReader::DOMDALReader() : cursors_(std::in_place) {}
+DOMDALReader::~DOMDALReader() = default;
+
+void DOMDALReader::OpenFile() {
+  document_.reset();
+  document_ = LoadDocument(file_name_);
+}
+
+void DOMDALReader::CloseFile() {
+  cursors_.reset();
+  document_.reset();
+}
+
+Element DOMDALReader::Base(Element parent) const {
+  if (!document_) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+  return parent ? parent : document_->Root();
+}
+
+Element DOMDALReader::GetElement(std::string_view name, Element parent, std::string_view xpathQuery) {
+  return SelectFirst(Base(parent), name, xpathQuery);
+}
+
+std::optional<std::vector<Element>> DOMDALReader::GetElements(std::string_view name, Element parent,
+                                                              std::string_view xpathQuery) {
+  return Selection(std::string(name).append(xpathQuery)).All(Base(parent));
+}
+
+Element DOMDALReader::GetFirstElement(std::string_view name, Element parent) {
+  const Element first = SelectFirst(Base(parent), name, {});
+  if (!cursors_) return Element();
+  cursors_->Begin(name, first);
+  return GetNextElement(name);
+}
+
+Element DOMDALReader::GetNextElement(std::string_view name) { return cursors_ ? cursors_->Next(name) : Element(); }
+
+}  // namespace zevo

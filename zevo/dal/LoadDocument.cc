@@ -1,0 +1,17 @@
+#include <zevo/dal/LoadDocument.h>
+#include <zevo/model/ElementName.h>
+#include <zevo/platform/DocumentBuilder.h>
+#include <zevo/platform/Parser.h>
+
+namespace zevo {
+
+std::unique_ptr<Document> NewDocument() { return std::make_unique<Document>(kElementNames); }
+
+std::unique_ptr<Document> LoadDocument(const std::string& fileName) {
+  auto document = NewDocument();
+  DocumentBuilder builder(*document);
+  Parser(fileName, "MSXML2.DOMDocument.Load").Parse(builder);
+  return document;
+}
+
+}  // namespace zevo
