@@ -1,0 +1,202 @@
+#include <zevo/Error.h>
+#include <zevo/dal/DOMDALHelper.h>
+#include <zevo/facades/AuditFile.h>
+#include <zevo/facades/ErrorRecording.h>
+#include <zevo/mappers/CustomerDALC.h>
+#include <zevo/mappers/GeneralLedgerDALC.h>
+#include <zevo/mappers/GeneralLedgerEntriesDALC.h>
+#include <zevo/mappers/HeaderDALC.h>
+#include <zevo/mappers/InvoiceDALC.h>
+#include <zevo/mappers/JournalDALC.h>
+#include <zevo/mappers/ProductDALC.h>
+#include <zevo/mappers/SalesInvoicesDALC.h>
+#include <zevo/mappers/SupplierDALC.h>
+#include <zevo/mappers/TaxTableDALC.h>
+#include <zevo/mappers/TaxTableEntryDALC.h>
+#include <zevo/mappers/TransactionDALC.h>
+#include <zevo/model/LetterCase.h>
+#include <zevo/model/Options.h>
+#include <zevo/platform/File.h>
+#include <zevo/platform/SchemaValidator.h>
+
+#include <limits>
+
+namespace zevo {
+namespace {
+
+void Require(bool condition, Message message, std::string_view member) {
+  if (!condition) throw LibraryError(message, std::string("AuditFile.").append(member));
+}
+
+// Adds a record to its totals, all of them or, when one overflows, none.
+template <class Totals, class R>
+void AddTo(Totals& totals, const R& record) {
+  if (totals.NumberOfEntries() == std::numeric_limits<int32_t>::max()) {
+    throw MakeRunTimeError(RunTimeError::kOverflow);
+  }
+  Amount debit = totals.TotalDebit();
+  Amount credit = totals.TotalCredit();
+  for (const auto& line : *record.Line()) {
+    debit += line->DebitAmount();
+    credit += line->CreditAmount();
+  }
+  totals.set_NumberOfEntries(totals.NumberOfEntries() + 1);
+  totals.set_TotalDebit(debit);
+  totals.set_TotalCredit(credit);
+}
+
+}  // namespace
+
+AuditFile::AuditFile() : writer_(std::make_unique<DOMDALHelper>()) {}
+AuditFile::~AuditFile() = default;
+
+template <class Operation>
+bool AuditFile::Attempt(Operation&& operation) {
+  try {
+    operation();
+    exception_ = nullptr;
+    return true;
+  } catch (...) {
+    exception_ = RecordError(UnknownDescription::kKept);
+    return false;
+  }
+}
+
+template <class Operation>
+bool AuditFile::Write(std::string_view member, Operation&& operation) {
+  return Attempt([&] {
+    Require(writer_->IsOpen(), Message::kNotStarted, member);
+    operation(*writer_);
+  });
+}
+
+const std::string& AuditFile::AuditFileName() const { return writer_->AuditFileName(); }
+void AuditFile::set_AuditFileName(std::string_view value) { writer_->set_AuditFileName(value); }
+std::string AuditFile::AuditFileSchema() const { return Options().SchemaLocation(); }
+void AuditFile::set_AuditFileSchema(std::string_view value) { Options().set_SchemaLocation(value); }
+
+bool AuditFile::CreateAuditFile() {
+  constexpr std::string_view kMember = "CreateAuditFile";
+  return Attempt([&] {
+    Require(!writer_->IsOpen(), Message::kAlreadyStarted, kMember);
+    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
+    Require(!FileExists(AuditFileName()), Message::kFileExists, kMember);
+    writer_->CreateFile();
+  });
+}
+
+bool AuditFile::OpenAuditFile() {
+  constexpr std::string_view kMember = "OpenAuditFile";
+  return Attempt([&] {
+    Require(!writer_->IsOpen(), Message::kAlreadyStarted, kMember);
+    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
+    Require(FileExists(AuditFileName()), Message::kFileNotFound, kMember);
+    writer_->OpenFile();
+  });
+}
+
+bool AuditFile::UpdateAuditFile() {
+  constexpr std::string_view kMember = "UpdateAuditFile";
+  return Attempt([&] {
+    Require(writer_->IsOpen(), Message::kNotStarted, kMember);
+    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
+    writer_->SaveFile();
+  });
+}
+
+bool AuditFile::CloseAuditFile() {
+  writer_->CloseFile();
+  exception_ = nullptr;
+  return true;
+}
+
+bool AuditFile::DeleteAuditFile() {
+  constexpr std::string_view kMember = "DeleteAuditFile";
+  return Attempt([&] {
+    Require(!writer_->IsOpen(), Message::kAlreadyStarted, kMember);
+    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
+    if (FileExists(AuditFileName())) DeleteFile(AuditFileName());
+  });
+}
+
+bool AuditFile::ValidateAuditFile() {
+  constexpr std::string_view kMember = "ValidateAuditFile";
+  return Attempt([&] {
+    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
+    Require(FileExists(AuditFileName()), Message::kFileNotFound, kMember);
+    SchemaValidator(AuditFileSchema(), "MSXML2.FreeThreadedDOMDocument40.Load").Validate(AuditFileName());
+  });
+}
+
+bool AuditFile::CreateHeader(const Header& value) {
+  return Write("CreateHeader", [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
+}
+
+bool AuditFile::CreateGeneralLedger(const GeneralLedger& value) {
+  return Write("CreateGeneralLedger",
+               [&](IDALHelper& helper) { GeneralLedgerDALC().CreateGeneralLedger(value, helper); });
+}
+
+bool AuditFile::CreateCustomer(const Customer& value) {
+  return Write("CreateCustomer", [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
+}
+
+bool AuditFile::CreateSupplier(const Supplier& value) {
+  return Write("CreateSupplier", [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
+}
+
+bool AuditFile::CreateTaxTable(const TaxTable& value) {
+  return Write("CreateTaxTable", [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
+}
+
+bool AuditFile::CreateTaxTableEntry(const TaxTableEntry& value) {
+  return Write("CreateTaxTableEntry",
+               [&](IDALHelper& helper) { TaxTableEntryDALC().CreateTaxTableEntry(value, helper); });
+}
+
+bool AuditFile::CreateProduct(const Product& value) {
+  return Write("CreateProduct", [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
+}
+
+bool AuditFile::CreateGeneralLedgerEntries(const GeneralLedgerEntries& value) {
+  return Write("CreateGeneralLedgerEntries",
+               [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().CreateGeneralLedgerEntries(value, helper); });
+}
+
+bool AuditFile::UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value) {
+  return Write("UpdateGeneralLedgerEntries",
+               [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().UpdateGeneralLedgerEntries(value, helper); });
+}
+
+bool AuditFile::CreateJournal(const Journal& value) {
+  return Write("CreateJournal", [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
+}
+
+bool AuditFile::CreateTransaction(const Transaction& value, const Journal* journalValue,
+                                  GeneralLedgerEntries* generalLedgerEntriesValue) {
+  return Write("CreateTransaction", [&](IDALHelper& helper) {
+    TransactionDALC().CreateTransaction(value, journalValue, helper);
+    if (generalLedgerEntriesValue != nullptr) AddTo(*generalLedgerEntriesValue, value);
+  });
+}
+
+bool AuditFile::CreateSalesInvoices(const SalesInvoices& value) {
+  return Write("CreateSalesInvoices",
+               [&](IDALHelper& helper) { SalesInvoicesDALC().CreateSalesInvoices(value, helper); });
+}
+
+bool AuditFile::UpdateSalesInvoices(const SalesInvoices& value) {
+  return Write("UpdateSalesInvoices",
+               [&](IDALHelper& helper) { SalesInvoicesDALC().UpdateSalesInvoices(value, helper); });
+}
+
+bool AuditFile::CreateInvoice(const Invoice& value, SalesInvoices* salesInvoicesValue) {
+  return Write("CreateInvoice", [&](IDALHelper& helper) {
+    InvoiceDALC().CreateInvoice(value, helper);
+    // It is this property that tells a cancelled invoice here, not `InvoiceStatus`.
+    const bool cancelled = EqualIgnoringCase(value.TransactionID(), "Anulado");
+    if (salesInvoicesValue != nullptr && !cancelled) AddTo(*salesInvoicesValue, value);
+  });
+}
+
+}  // namespace zevo

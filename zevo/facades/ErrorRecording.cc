@@ -1,0 +1,50 @@
+#include <zevo/Error.h>
+#include <zevo/facades/ErrorRecording.h>
+
+#include <exception>
+#include <new>
+#include <stdexcept>
+#include <string_view>
+
+namespace zevo {
+namespace {
+
+std::shared_ptr<const AuditException> MakeRecord(const Error& error, UnknownDescription unknown) {
+  auto record = std::make_shared<AuditException>();
+  record->set_Number(error.Number());
+  record->set_Source(error.Source());
+  record->set_Description(error.Description());
+  if (error.Number() < 0) {
+    const std::string_view message = MessageText(error.Number());
+    if (!message.empty() || unknown == UnknownDescription::kEmptied) record->set_Description(message);
+  }
+  return record;
+}
+
+// Made ahead, for when nothing can be made any more.
+const std::shared_ptr<const AuditException> kOutOfMemory =
+    MakeRecord(MakeRunTimeError(RunTimeError::kOutOfMemory), UnknownDescription::kKept);
+
+}  // namespace
+
+std::shared_ptr<const AuditException> RecordError(UnknownDescription unknown) noexcept {
+  try {
+    try {
+      throw;
+    } catch (const Error& error) {
+      return MakeRecord(error, unknown);
+    } catch (const std::bad_alloc&) {
+      return kOutOfMemory;
+    } catch (const std::length_error&) {
+      return kOutOfMemory;
+    } catch (const std::exception& error) {
+      return MakeRecord(MakeRunTimeError(RunTimeError::kInvalidCall, error.what()), unknown);
+    } catch (...) {
+      return MakeRecord(MakeRunTimeError(RunTimeError::kInvalidCall), unknown);
+    }
+  } catch (...) {
+    return kOutOfMemory;
+  }
+}
+
+}  // namespace zevo
