@@ -1,0 +1,31 @@
+#ifndef ZEVO_TESTS_SUPPORT_USESCHEMA_H_
+#define ZEVO_TESTS_SUPPORT_USESCHEMA_H_
+
+#include <zevo/model/Options.h>
+
+#include <string>
+
+namespace zevo::testing {
+
+/// Sets the options of the thread to the shipped schema with checks on, and puts back what they were.
+class UseSchema {
+ public:
+  UseSchema() {
+    Options().set_SchemaLocation(ZEVO_SCHEMA_FILE);
+    Options().set_ValidateOnAssignment(true);
+  }
+  UseSchema(const UseSchema&) = delete;
+  UseSchema& operator=(const UseSchema&) = delete;
+  ~UseSchema() {
+    Options().set_SchemaLocation(location_);
+    Options().set_ValidateOnAssignment(validate_);
+  }
+
+ private:
+  std::string location_ = Options().SchemaLocation();
+  bool validate_ = Options().ValidateOnAssignment();
+};
+
+}  // namespace zevo::testing
+
+#endif  // ZEVO_TESTS_SUPPORT_USESCHEMA_H_
