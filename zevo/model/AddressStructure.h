@@ -12,7 +12,7 @@ class Supplier;
 
 /// An address. Its owner tells which one.
 class ZEVO_API AddressStructure : public Record {
-  ZEVO_ATTACHED_RECORD(AddressStructure);
+  ZEVO_ATTACHED_RECORD(AddressStructure, kUnattachedAddress);
 
   /// Number of the door. At most 10 characters.
   ZEVO_TEXT(BuildingNumber);

@@ -11,7 +11,9 @@ struct Row {
 };
 
 constexpr std::array kRows = {
-    Row{BasePath::kNone, ""},
+    Row{BasePath::kUnattachedAddress, ""},
+    Row{BasePath::kUnattachedShippingPoint, ""},
+    Row{BasePath::kTaxTable, "/AuditFile/MasterFiles/TaxTable"},
     Row{BasePath::kHeader, "/AuditFile/Header"},
     Row{BasePath::kHeaderCompanyAddress, "/AuditFile/Header/CompanyAddress"},
     Row{BasePath::kCustomer, "/AuditFile/MasterFiles/Customer"},
@@ -22,6 +24,8 @@ constexpr std::array kRows = {
     Row{BasePath::kSupplierShipFromAddress, "/AuditFile/MasterFiles/Supplier/ShipFromAddress"},
     Row{BasePath::kProduct, "/AuditFile/MasterFiles/Product"},
     Row{BasePath::kTaxTableEntry, "/AuditFile/MasterFiles/TaxTable/TaxTableEntry"},
+    // Accounts are checked under the path of the entries, not of the master files.
+    Row{BasePath::kGeneralLedger, "/AuditFile/GeneralLedgerEntries"},
     Row{BasePath::kGeneralLedgerEntries, "/AuditFile/GeneralLedgerEntries"},
     Row{BasePath::kJournal, "/AuditFile/GeneralLedgerEntries/Journal"},
     Row{BasePath::kTransaction, "/AuditFile/GeneralLedgerEntries/Journal/Transaction"},

@@ -9,9 +9,12 @@
 namespace zevo {
 
 /// The absolute path of a record's element, under which the schema's length limits are looked up. The set is closed:
-/// a record has one path for life, or receives one of these when it is attached to its owner.
+/// a record has one path for life, or receives one of these when it is attached to its owner. Each belongs to one class
+/// of record; where two classes are checked under the same path, it is here twice.
 enum class BasePath : uint8_t {
-  kNone,
+  kUnattachedAddress,
+  kUnattachedShippingPoint,
+  kTaxTable,
   kHeader,
   kHeaderCompanyAddress,
   kCustomer,
@@ -22,6 +25,7 @@ enum class BasePath : uint8_t {
   kSupplierShipFromAddress,
   kProduct,
   kTaxTableEntry,
+  kGeneralLedger,
   kGeneralLedgerEntries,
   kJournal,
   kTransaction,

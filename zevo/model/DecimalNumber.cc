@@ -60,12 +60,11 @@ void DecimalNumber::Take(char digit, bool whole) {
   if (whole) ++point_;
 }
 
-Amount DecimalNumber::ToAmount() const {
-  constexpr int kDecimals = 4;
+int64_t DecimalNumber::Scaled(int decimals) const {
   constexpr uint64_t kGreatest = static_cast<uint64_t>(INT64_MAX);
   uint64_t magnitude = 0;
   if (count_ > 0) {
-    const int64_t wanted = point_ + kDecimals;
+    const int64_t wanted = point_ + decimals;
     for (int64_t i = 0; i <= wanted; ++i) {
       const auto digit =
           i < static_cast<int64_t>(count_) ? static_cast<uint64_t>(digits_[static_cast<size_t>(i)] - '0') : uint64_t{0};
@@ -79,7 +78,7 @@ Amount DecimalNumber::ToAmount() const {
     }
   }
   if (magnitude > kGreatest + (negative_ ? 1 : 0)) throw MakeRunTimeError(RunTimeError::kOverflow);
-  return Amount::FromScaled(static_cast<int64_t>(negative_ ? ~magnitude + 1 : magnitude));
+  return static_cast<int64_t>(negative_ ? ~magnitude + 1 : magnitude);
 }
 
 }  // namespace zevo

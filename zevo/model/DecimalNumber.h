@@ -28,11 +28,16 @@ class DecimalNumber {
   /// Whether its magnitude is at least 1.
   bool HasWholePart() const { return count_ > 0 && point_ > 0; }
 
+  bool IsZero() const { return count_ == 0; }
+
   /// Rounded to four decimals, halves away from zero. Raises error 6 when it does not fit.
-  Amount ToAmount() const;
+  Amount ToAmount() const { return Amount::FromScaled(Scaled(4)); }
+  /// Rounded to a whole number. Raises error 6 when it does not fit.
+  int64_t ToInteger() const { return Scaled(0); }
 
  private:
   void Take(char digit, bool whole);
+  int64_t Scaled(int decimals) const;
 
   bool negative_ = false;
   bool has_digits_ = false;

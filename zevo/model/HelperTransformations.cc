@@ -53,7 +53,18 @@ std::string_view SkipBlanks(std::string_view text) {
   return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
 
-// Two digits of a date, or -1.
+// The number that a text is, with nothing but blanks around it.
+DecimalNumber StrictNumber(std::string_view text) {
+  const std::string_view number = Trim(text, kBlanks);
+  const DecimalNumber decimal(number,
+                              {.separator = DecimalSeparator(), .thousands = ThousandsSeparator(), .exponent = true});
+  if (!decimal.HasDigits() || decimal.Length() != number.size()) {
+    throw MakeRunTimeError(RunTimeError::kTypeMismatch, text);
+  }
+  return decimal;
+}
+
+// The number in a run of digits, or -1 when they are not all digits.
 int Digits(std::string_view text, size_t at, size_t count) {
   int value = 0;
   for (size_t i = at; i < at + count; ++i) {
@@ -180,20 +191,10 @@ float SingleFromText(std::string_view text) {
   return value;
 }
 
-Amount CurrencyFromText(std::string_view text) {
-  const std::string_view number = Trim(text, kBlanks);
-  const DecimalNumber decimal(number,
-                              {.separator = DecimalSeparator(), .thousands = ThousandsSeparator(), .exponent = true});
-  if (!decimal.HasDigits() || decimal.Length() != number.size()) {
-    throw MakeRunTimeError(RunTimeError::kTypeMismatch, text);
-  }
-  return decimal.ToAmount();
-}
+Amount CurrencyFromText(std::string_view text) { return StrictNumber(text).ToAmount(); }
 
 int32_t IntegerFromText(std::string_view text) {
-  const int64_t scaled = CurrencyFromText(text).Scaled();
-  constexpr int64_t kHalf = Amount::kScale / 2;
-  const int64_t whole = (scaled < 0 ? scaled - kHalf : scaled + kHalf) / Amount::kScale;
+  const int64_t whole = StrictNumber(text).ToInteger();
   if (whole < std::numeric_limits<int32_t>::min() || whole > std::numeric_limits<int32_t>::max()) {
     throw MakeRunTimeError(RunTimeError::kOverflow, text);
   }
@@ -204,7 +205,7 @@ bool FlagFromText(std::string_view text) {
   const std::string_view word = Trim(text, kBlanks);
   if (EqualIgnoringCase(word, "True")) return true;
   if (EqualIgnoringCase(word, "False")) return false;
-  return !CurrencyFromText(text).IsZero();
+  return !StrictNumber(text).IsZero();
 }
 
 std::string DateText(std::string_view text) {

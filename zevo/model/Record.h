@@ -74,10 +74,10 @@ class ZEVO_API Record {
   static_assert(true)
 
 /// A record whose path comes from the owner it is attached to.
-#define ZEVO_ATTACHED_RECORD(Class)                 \
+#define ZEVO_ATTACHED_RECORD(Class, unattached)     \
   ZEVO_RECORD_COMMON(Class);                        \
   BasePath CheckPath() const { return base_path_; } \
-  BasePath base_path_ = BasePath::kNone;            \
+  BasePath base_path_ = zevo::BasePath::unattached; \
                                                     \
  public:                                            \
   static_assert(true)

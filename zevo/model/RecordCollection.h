@@ -28,9 +28,15 @@ class RecordCollection {
   /// Appends an item. Raises error 457 when its key is taken and error 5 when it is null; the list stays as it was.
   void Add(std::shared_ptr<T> value) {
     if (!value) throw MakeRunTimeError(RunTimeError::kInvalidCall);
-    items_.reserve(items_.size() + 1);
-    if constexpr (kKeyed) keys_.Add(Derived::KeyOf(*value));
     items_.push_back(std::move(value));
+    if constexpr (kKeyed) {
+      try {
+        keys_.Add(Derived::KeyOf(*items_.back()));
+      } catch (...) {
+        items_.pop_back();
+        throw;
+      }
+    }
   }
 
   /// Removes the item at a position; later ones move up. Raises error 9 when there is none.

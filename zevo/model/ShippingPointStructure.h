@@ -10,7 +10,7 @@ class Invoice;
 
 /// Where the goods of an invoice are loaded or unloaded.
 class ZEVO_API ShippingPointStructure : public Record {
-  ZEVO_ATTACHED_RECORD(ShippingPointStructure);
+  ZEVO_ATTACHED_RECORD(ShippingPointStructure, kUnattachedShippingPoint);
 
   /// Number of the delivery. At most 30 characters.
   ZEVO_TEXT(DeliveryID);

@@ -8,7 +8,7 @@ namespace zevo {
 
 /// The tax table.
 class ZEVO_API TaxTable : public Record {
-  ZEVO_RECORD(TaxTable, kNone);
+  ZEVO_RECORD(TaxTable, kTaxTable);
 
   /// The rates, in order.
   ZEVO_OWNED(TaxTableEntryCollection, TaxTableEntry);

@@ -166,13 +166,15 @@ void Document::SetText(Element element, std::string_view text) {
     return;
   }
   const std::string_view kept = CopyText(text);
+  if (node->holds_text || node->children.first == 0) {
+    Hold(node, kept);
+    return;
+  }
   Node* lastAttribute = nullptr;
-  if (!node->holds_text) {
-    for (Node* child = At(node->children.first); child != nullptr && child->kind == NodeKind::kAttribute;
-         child = At(child->next)) {
-      lastAttribute = child;
-    }
-    // Children that go away may be known from earlier questions.
+  Node* child = At(node->children.first);
+  for (; child != nullptr && child->kind == NodeKind::kAttribute; child = At(child->next)) lastAttribute = child;
+  if (child != nullptr) {
+    // Children go away that may be known from earlier questions.
     found_.assign(kFoundChildren, {});
     index_ = {};
   }

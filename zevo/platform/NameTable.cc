@@ -2,6 +2,7 @@
 #include <zevo/platform/NameTable.h>
 #include <zevo/platform/Windows1252.h>
 
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -45,6 +46,7 @@ uint32_t NameTable::Insert(std::string_view text) {
   if (entries_.size() * 2 >= slots_.size()) Grow();
   entries_.reserve(entries_.size() + 1);
   texts_.emplace_back(text);
+  is_ascii_ = is_ascii_ && std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
   is_windows1252_ = is_windows1252_ && zevo::IsWindows1252(text);
   const auto name = static_cast<uint32_t>(entries_.size());
   entries_.push_back({texts_.back(), local == kNone ? name : local});

@@ -33,6 +33,7 @@ class NameTable {
   uint32_t Local(uint32_t name) const { return entries_[name].local; }
   /// Whether Windows-1252 has every character of every name.
   bool IsWindows1252() const { return is_windows1252_; }
+  bool IsAscii() const { return is_ascii_; }
 
  private:
   struct Entry {
@@ -53,6 +54,7 @@ class NameTable {
   std::vector<uint32_t> slots_;  // open addressing by the hash of the text
   std::array<Seen, 512> seen_{};
   bool is_windows1252_ = true;
+  bool is_ascii_ = true;
 };
 
 }  // namespace zevo

@@ -8,6 +8,9 @@
 #include <cstring>
 #include <string>
 #include <utility>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace zevo {
 namespace {
@@ -75,6 +78,28 @@ const Kinds& KindsFor(Escapes escapes) {
   return kAll[static_cast<size_t>(escapes)];
 }
 
+// Copies what needs no look at single characters from the front of `from`, sixteen bytes at a time: everything but
+// controls, & < > " and what is outside ASCII. Gives how much that is; `to` has room for fifteen bytes more.
+size_t CopyPlain(const char* from, size_t size, char* to) {
+  size_t copied = 0;
+#ifdef __SSE2__
+  for (; copied + 16 <= size; copied += 16) {
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + copied));
+    const auto is = [&](char c) { return _mm_cmpeq_epi8(block, _mm_set1_epi8(c)); };
+    // Signed: controls and what is outside ASCII are both below the space.
+    const __m128i below = _mm_cmplt_epi8(block, _mm_set1_epi8(' '));
+    const __m128i special =
+        _mm_or_si128(_mm_or_si128(below, is('&')), _mm_or_si128(_mm_or_si128(is('<'), is('>')), is('"')));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + copied), block);
+    const int found = _mm_movemask_epi8(special);
+    if (found != 0) return copied + static_cast<size_t>(__builtin_ctz(static_cast<unsigned>(found)));
+  }
+#else
+  static_cast<void>(from), static_cast<void>(size), static_cast<void>(to);
+#endif
+  return copied;
+}
+
 class StringSink : public ByteSink {
  public:
   void Write(std::string_view bytes) override { text.append(bytes); }
@@ -105,12 +130,32 @@ void Serializer::Write(std::string_view text, Escapes escapes) {
   }
 }
 
+void Serializer::WriteAscii(std::string_view text) {
+  if (kBufferSize - used_ < text.size()) {
+    if (text.size() > kBufferSize) return Write(text);
+    Flush();
+  }
+  std::memcpy(buffer_.get() + used_, text.data(), text.size());
+  used_ += text.size();
+}
+
+void Serializer::WriteName(const Document& document, const Node* node) {
+  const std::string_view name = document.Names().Text(node->name);
+  document.Names().IsAscii() ? WriteAscii(name) : Write(name);
+}
+
 void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
   const Kinds& kinds = KindsFor(escapes);
   char* to = buffer_.get() + used_;
   const char* from = text.data();
   const char* const end = from + text.size();
   while (from < end) {
+    if (end - from >= 16) {
+      const size_t plain = CopyPlain(from, static_cast<size_t>(end - from), to);
+      from += plain;
+      to += plain;
+      if (from == end) break;
+    }
     const Kind kind = kinds[Byte(*from)];
     if (kind == Kind::kPlain || (kind == Kind::kBeyondAscii && encoding_ == Encoding::kUtf8)) {
       *to++ = *from++;
@@ -134,13 +179,13 @@ void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
 }
 
 void Serializer::WriteDocument(const Document& document) {
-  Write("<?xml version=\"1.0\" encoding=\"");
-  Write(encoding_ == Encoding::kUtf8 ? "utf-8" : "windows-1252");
-  Write(document.standalone ? "\" standalone=\"yes\"?>\n" : "\"?>\n");
+  WriteAscii("<?xml version=\"1.0\" encoding=\"");
+  WriteAscii(encoding_ == Encoding::kUtf8 ? "utf-8" : "windows-1252");
+  WriteAscii(document.standalone ? "\" standalone=\"yes\"?>\n" : "\"?>\n");
   for (const Node* node = document.At(document.Top()->children.first); node != nullptr;
        node = document.At(node->next)) {
     WriteTree(node);
-    Write("\n");
+    WriteAscii("\n");
   }
 }
 
@@ -164,25 +209,24 @@ void Serializer::WriteTree(const Node* root) {
 }
 
 void Serializer::Open(const Document& document, const Node* node) {
-  const std::string_view name = document.Names().Text(node->name);
   switch (node->kind) {
     case NodeKind::kElement: {
-      Write("<");
-      Write(name);
+      WriteAscii("<");
+      WriteName(document, node);
       if (node->holds_text) {
-        Write(node->length == 0 ? "/>" : ">");
+        WriteAscii(node->length == 0 ? "/>" : ">");
         Write(node->Text(), text_escapes_);
         return;
       }
       const Node* child = document.At(node->children.first);
       for (; child != nullptr && child->kind == NodeKind::kAttribute; child = document.At(child->next)) {
-        Write(" ");
-        Write(document.Names().Text(child->name));
-        Write("=\"");
+        WriteAscii(" ");
+        WriteName(document, child);
+        WriteAscii("=\"");
         Write(child->Text(), Escapes::kAttribute);
-        Write("\"");
+        WriteAscii("\"");
       }
-      Write(child == nullptr ? "/>" : ">");
+      WriteAscii(child == nullptr ? "/>" : ">");
       return;
     }
     case NodeKind::kText:
@@ -190,15 +234,15 @@ void Serializer::Open(const Document& document, const Node* node) {
     case NodeKind::kCData:
       return WriteCData(node->Text());
     case NodeKind::kComment:
-      Write("<!--");
+      WriteAscii("<!--");
       Write(node->Text());
-      return Write("-->");
+      return WriteAscii("-->");
     case NodeKind::kInstruction:
-      Write("<?");
-      Write(name);
-      if (node->length > 0) Write(" ");
+      WriteAscii("<?");
+      WriteName(document, node);
+      if (node->length > 0) WriteAscii(" ");
       Write(node->Text());
-      return Write("?>");
+      return WriteAscii("?>");
     case NodeKind::kDocument:
     case NodeKind::kAttribute:
       return;
@@ -213,16 +257,16 @@ void Serializer::Close(const Document& document, const Node* node) {
     const Node* last = document.At(node->children.last);
     if (last == nullptr || last->kind == NodeKind::kAttribute) return;
   }
-  Write("</");
-  Write(document.Names().Text(node->name));
-  Write(">");
+  WriteAscii("</");
+  WriteName(document, node);
+  WriteAscii(">");
 }
 
 // A reference means nothing inside a section, so the section is interrupted for it.
 void Serializer::WriteCData(std::string_view text) {
   constexpr std::string_view kStart = "<![CDATA[";
   constexpr std::string_view kEnd = "]]>";
-  Write(kStart);
+  WriteAscii(kStart);
   while (encoding_ == Encoding::kWindows1252 && !text.empty()) {
     std::string_view rest = text;
     size_t plain = 0;
@@ -232,13 +276,13 @@ void Serializer::WriteCData(std::string_view text) {
     if (text.empty()) break;
     rest = text;
     TakeCharacter(rest);
-    Write(kEnd);
+    WriteAscii(kEnd);
     Write(text.substr(0, text.size() - rest.size()), text_escapes_);
-    Write(kStart);
+    WriteAscii(kStart);
     text = rest;
   }
   Write(text);
-  Write(kEnd);
+  WriteAscii(kEnd);
 }
 
 void WriteDocumentTo(ByteSink& sink, const Document& document) {

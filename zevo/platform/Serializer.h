@@ -30,6 +30,8 @@ class Serializer {
   /// Writes UTF-8 text. Into Windows-1252, a character that it lacks goes as a numeric reference.
   void Write(std::string_view text, Escapes escapes);
   void Write(std::string_view text) { Write(text, Escapes::kNone); }
+  /// Writes ASCII as it is.
+  void WriteAscii(std::string_view text);
 
   void WriteDocument(const Document& document);
   void WriteElement(Element element);
@@ -42,6 +44,7 @@ class Serializer {
   void Open(const Document& document, const Node* node);
   void Close(const Document& document, const Node* node);
   void WriteCData(std::string_view text);
+  void WriteName(const Document& document, const Node* node);
   void WriteEscaped(std::string_view text, Escapes escapes);
 
   ByteSink& sink_;
