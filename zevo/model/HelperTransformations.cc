@@ -3,6 +3,7 @@
 #include <zevo/model/HelperTransformations.h>
 #include <zevo/model/LetterCase.h>
 #include <zevo/platform/RegionalSettings.h>
+#include <zevo/platform/Text.h>
 
 #include <charconv>
 #include <cmath>
@@ -103,12 +104,6 @@ bool IsTimePart(std::string_view text) {
   }
   if (text.empty() || text == "Z") return true;
   return text.size() == 6 && (text[0] == '+' || text[0] == '-') && text[3] == ':' && inRange(1, 24) && inRange(4, 60);
-}
-
-void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
-  }
 }
 
 }  // namespace
@@ -236,21 +231,17 @@ std::string DateText(std::string_view text) {
 }
 
 std::string Escape(std::string_view text) {
-  std::string escaped(text);
-  ReplaceAll(escaped, "&", "&amp;");
-  ReplaceAll(escaped, "<", "&lt;");
-  ReplaceAll(escaped, ">", "&gt;");
-  ReplaceAll(escaped, "\"", "&quot;");
-  return escaped;
+  std::string escaped = ReplaceAll(text, "&", "&amp;");
+  escaped = ReplaceAll(escaped, "<", "&lt;");
+  escaped = ReplaceAll(escaped, ">", "&gt;");
+  return ReplaceAll(escaped, "\"", "&quot;");
 }
 
 std::string Unescape(std::string_view text) {
-  std::string unescaped(text);
-  ReplaceAll(unescaped, "&lt;", "<");
-  ReplaceAll(unescaped, "&gt;", ">");
-  ReplaceAll(unescaped, "&amp;", "&");
-  ReplaceAll(unescaped, "&quot;", "\"");
-  return unescaped;
+  std::string unescaped = ReplaceAll(text, "&lt;", "<");
+  unescaped = ReplaceAll(unescaped, "&gt;", ">");
+  unescaped = ReplaceAll(unescaped, "&amp;", "&");
+  return ReplaceAll(unescaped, "&quot;", "\"");
 }
 
 }  // namespace zevo

@@ -68,13 +68,7 @@ std::string_view ElementTexts::Cleaned(std::string_view text) {
   for (const char c : text) plain = plain && c != '\t' && c != '\r' && c != '&';
   if (plain) return TrimSpaces(text);
   // What was escaped once is unescaped by the parser; only a quote written as a reference in the text itself is left.
-  constexpr std::string_view kQuote = "&quot;";
-  std::string unquoted;
-  for (size_t at = text.find(kQuote); at != std::string_view::npos; at = text.find(kQuote)) {
-    unquoted.append(text.substr(0, at)).push_back('"');
-    text.remove_prefix(at + kQuote.size());
-  }
-  cleaned_ = OnOneLine(unquoted.append(text));
+  cleaned_ = OnOneLine(ReplaceAll(text, "&quot;", "\""));
   return cleaned_;
 }
 

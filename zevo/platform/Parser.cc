@@ -5,14 +5,14 @@
 #include <zevo/Error.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
+#include <zevo/platform/Text.h>
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlError.h>
 
 #include <algorithm>
-#include <cstring>
+#include <deque>
 #include <exception>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -30,11 +30,24 @@ struct FreeContext {
   void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
 };
 
+// Runs what reads the file, and gives its errors the source that the parser's own have.
+template <class Action>
+auto Reading(const std::string& source, Action&& action) {
+  try {
+    return action();
+  } catch (const Error& error) {
+    throw Error(error.Number(), source, error.Description());
+  }
+}
+
 // One run over one file: stands between libxml2's callbacks and the handler, keeps the limits and the first error.
 class Run {
  public:
   Run(const std::string& file, const std::string& source, ParserHandler& handler)
-      : source_(source), handler_(handler), input_(file), decoder_(input_) {}
+      : source_(source),
+        handler_(handler),
+        input_(Reading(source, [&] { return InputFile(file); })),
+        decoder_(Reading(source, [&] { return TextDecoder(input_); })) {}
 
   void Parse(xmlSchemaValidCtxt* validation) {
     xmlSAXHandler callbacks = Callbacks();
@@ -107,6 +120,7 @@ class Run {
         return run.Fail(XML_ERR_USER_STOP, "Os elementos estão encaixados em mais de 256 níveis");
       }
       run.attributes_.clear();
+      run.attribute_texts_.clear();
       for (int i = 0; i < namespaces; ++i) {
         const xmlChar* const* row = namespaceTexts + i * 2;
         const ParsedName name = row[0] == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{Text(row[0]), "xmlns"};
@@ -114,7 +128,12 @@ class Run {
       }
       for (int i = 0; i < attributes; ++i) {
         const xmlChar* const* row = attributeTexts + i * 5;
-        run.attributes_.push_back({{Text(row[0]), Text(row[1])}, View(row[3], static_cast<int>(row[4] - row[3]))});
+        std::string_view value = View(row[3], static_cast<int>(row[4] - row[3]));
+        // This is how libxml2 hands over an ampersand.
+        if (value.find('&') != std::string_view::npos) {
+          value = run.attribute_texts_.emplace_back(ReplaceAll(value, "&#38;", "&"));
+        }
+        run.attributes_.push_back({{Text(row[0]), Text(row[1])}, value});
       }
       run.handler_.StartElement({Text(local), Text(prefix)}, run.attributes_);
     });
@@ -149,7 +168,8 @@ class Run {
         run.FailTagTooLong();
         return 0;
       }
-      length = static_cast<int>(run.decoder_.Read(buffer, static_cast<size_t>(size)));
+      length =
+          static_cast<int>(Reading(run.source_, [&] { return run.decoder_.Read(buffer, static_cast<size_t>(size)); }));
       if (length == 0) run.ReportFault();
     } catch (...) {
       run.thrown_ = std::current_exception();
@@ -243,6 +263,7 @@ class Run {
   TextDecoder decoder_;
   std::unique_ptr<xmlParserCtxt, FreeContext> context_;
   std::vector<ParsedAttribute> attributes_;
+  std::deque<std::string> attribute_texts_;
   int depth_ = 0;
   size_t text_length_ = 0;
   size_t delivered_ = 0;

@@ -46,7 +46,7 @@ struct ParserLimits {
 
 /// Parses a file and hands its content over as events. Raises the parser's number and reason, with line and column, for
 /// a file that is not well-formed, has a document type declaration or goes beyond the limits; a run-time error when the
-/// file cannot be read. `source` becomes the source of the parser's errors.
+/// file cannot be read. `source` becomes the source of these errors.
 class Parser {
  public:
   Parser(std::string file, std::string source) : file_(std::move(file)), source_(std::move(source)) {}

@@ -45,6 +45,15 @@ std::string_view TrimSpaces(std::string_view text) {
   return text;
 }
 
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+  std::string replaced;
+  for (size_t at = text.find(from); at != std::string_view::npos; at = text.find(from)) {
+    replaced.append(text.substr(0, at)).append(to);
+    text.remove_prefix(at + from.size());
+  }
+  return replaced.append(text);
+}
+
 char32_t TakeCharacter(std::string_view& text) {
   const unsigned char lead = Byte(text.front());
   size_t length = 1;

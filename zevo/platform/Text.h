@@ -19,6 +19,9 @@ std::string_view TrimSpaces(std::string_view text);
 char32_t TakeCharacter(std::string_view& text);
 inline constexpr char32_t kNotUtf8 = 0xFFFFFFFF;
 
+/// The text with every `from` in it, taken from left to right, replaced by `to`.
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
+
 void AppendCharacter(char32_t character, std::string& text);
 
 /// Whether a text is UTF-8 and holds no character that XML 1.0 forbids.

@@ -7,8 +7,8 @@
 
 namespace zevo {
 
-// The code page of the files. The five bytes that it leaves undefined stand for the C1 controls of the same number,
-// both ways, as on Windows.
+// The code page of the files. The five bytes that it leaves undefined are read as the C1 controls of the same number,
+// as on Windows, but never written: other software refuses them.
 
 /// The characters of the bytes 0x80 to 0x9F; the other bytes stand for the character of the same number.
 inline constexpr std::array<char16_t, 32> kWindows1252Upper = {
@@ -24,6 +24,7 @@ constexpr char32_t FromWindows1252(unsigned char byte) {
 /// The byte of a character, or -1 when the code page does not have it.
 constexpr int ToWindows1252(char32_t character) {
   if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) return static_cast<int>(character);
+  if (character < 0xA0) return -1;
   for (unsigned i = 0; i < kWindows1252Upper.size(); ++i) {
     if (kWindows1252Upper[i] == character) return static_cast<int>(0x80 + i);
   }
