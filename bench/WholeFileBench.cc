@@ -168,30 +168,30 @@ void ValidateWithLibxmlReader(benchmark::State& state) {
 BENCHMARK(ValidateWithLibxmlReader)->Unit(benchmark::kMillisecond);
 
 void ValidateWithXerces(benchmark::State& state) {
-  using namespace xercesc;
-  XMLPlatformUtils::Initialize();
-  struct Handler : DefaultHandler {
-    void error(const SAXParseException&) override { ++errors; }
-    void fatalError(const SAXParseException&) override { ++errors; }
+  namespace xerces = xercesc;
+  xerces::XMLPlatformUtils::Initialize();
+  struct Handler : xerces::DefaultHandler {
+    void error(const xerces::SAXParseException&) override { ++errors; }
+    void fatalError(const xerces::SAXParseException&) override { ++errors; }
     void endElement(const XMLCh*, const XMLCh*, const XMLCh*) override { ++elements; }
     int errors = 0;
     int64_t elements = 0;
   };
   const std::string& name = SampleFile();
   for (auto _ : state) {
-    XMLGrammarPoolImpl pool;
-    const std::unique_ptr<SAX2XMLReader> reader(
-        XMLReaderFactory::createXMLReader(XMLPlatformUtils::fgMemoryManager, &pool));
+    xerces::XMLGrammarPoolImpl pool;
+    const std::unique_ptr<xerces::SAX2XMLReader> reader(
+        xerces::XMLReaderFactory::createXMLReader(xerces::XMLPlatformUtils::fgMemoryManager, &pool));
     Handler handler;
-    reader->setFeature(XMLUni::fgSAX2CoreValidation, true);
-    reader->setFeature(XMLUni::fgXercesDynamic, false);
-    reader->setFeature(XMLUni::fgXercesSchema, true);
-    reader->setFeature(XMLUni::fgXercesUseCachedGrammarInParse, true);
+    reader->setFeature(xerces::XMLUni::fgSAX2CoreValidation, true);
+    reader->setFeature(xerces::XMLUni::fgXercesDynamic, false);
+    reader->setFeature(xerces::XMLUni::fgXercesSchema, true);
+    reader->setFeature(xerces::XMLUni::fgXercesUseCachedGrammarInParse, true);
     reader->setContentHandler(&handler);
     reader->setErrorHandler(&handler);
-    reader->loadGrammar(ZEVO_SCHEMA_FILE, Grammar::SchemaGrammarType, true);
+    reader->loadGrammar(ZEVO_SCHEMA_FILE, xerces::Grammar::SchemaGrammarType, true);
     reader->parse(name.c_str());
-    Require(state, handler.errors == 0 && handler.elements > 10 * Invoices(), "not valid");
+    Require(state, handler.errors == 0 && handler.elements > int64_t{10} * Invoices(), "not valid");
   }
   SetBytes(state, name);
 }

@@ -16,6 +16,7 @@ class ZEVO_API Amount {
  public:
   constexpr Amount() = default;
   /// Whole units: `Amount(5)` is 5.0000. Implicit, so that a property can be set to a plain number.
+  // NOLINTNEXTLINE(google-explicit-constructor)
   constexpr Amount(int units) : scaled_(int64_t{units} * kScale) {}
 
   /// From a count of ten-thousandths.

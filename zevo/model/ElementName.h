@@ -139,6 +139,7 @@ inline constexpr auto kElementNames = std::to_array<std::string_view>({
 /// One of those names; a literal that is none of them does not compile.
 class ElementName {
  public:
+  // NOLINTNEXTLINE(google-explicit-constructor): a literal stands for the name wherever one is expected.
   consteval ElementName(const char* text) : number_(NumberOf(text)) {}
 
   constexpr std::string_view Text() const { return kElementNames[number_ - 1U]; }

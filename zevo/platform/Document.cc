@@ -60,6 +60,7 @@ Node* Document::NewNode(NodeKind kind, uint32_t name) {
   node->children = {0, 0};
   node->kind = kind;
   node->name = name & NameTable::kMostNames;
+  node->prefixed = names_.Local(name) != name;
   return node;
 }
 
@@ -189,7 +190,8 @@ void Document::SetText(Element element, std::string_view text) {
 
 Node* Document::FirstNamed(const Node* from, uint32_t local) const {
   for (Node* node = const_cast<Node*>(from); node != nullptr; node = At(node->next)) {
-    if (node->kind == NodeKind::kElement && names_.Local(node->name) == local) return node;
+    const bool named = node->name == local || (node->prefixed && names_.Local(node->name) == local);
+    if (named && node->kind == NodeKind::kElement) return node;
   }
   return nullptr;
 }

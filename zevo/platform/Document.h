@@ -27,7 +27,8 @@ struct Node {
   uint32_t name : 24;
   NodeKind kind : 4;
   bool holds_text : 1;
-  uint32_t length;  // of the text
+  bool prefixed : 1;  // the name has a prefix
+  uint32_t length;    // of the text
   union {
     char* text;
     struct {
@@ -164,7 +165,7 @@ class Document {
  private:
   // A chunk is aligned to its own size, so that the address of a node leads to its chunk and from there to the
   // document.
-  static constexpr size_t kChunkSize = 64 * 1024;
+  static constexpr size_t kChunkSize = size_t{64} * 1024;
   static constexpr uint32_t kSlotBits = 12;
   static constexpr uint32_t kSlotMask = (1U << kSlotBits) - 1;
   struct Chunk {
@@ -221,6 +222,7 @@ class Document {
 };
 
 inline Document::Chunk* Document::ChunkOf(const Node* node) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): what this costs is what having the chunk's address in the node saves.
   return reinterpret_cast<Chunk*>(reinterpret_cast<uintptr_t>(node) & ~(kChunkSize - 1));
 }
 inline Document& Document::Of(const Node* node) { return *ChunkOf(node)->document; }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-struct _xmlSchemaValidCtxt;
+struct _xmlSchemaValidCtxt;  // NOLINT(bugprone-reserved-identifier): libxml2's name
 
 namespace zevo {
 
@@ -41,7 +41,7 @@ class ParserHandler {
 struct ParserLimits {
   static constexpr int kDepth = 256;
   static constexpr size_t kText = 10'000'000;
-  static constexpr size_t kStartTag = 64 * 1024;
+  static constexpr size_t kStartTag = size_t{64} * 1024;
 };
 
 /// Parses a file and hands its content over as events. Raises the parser's number and reason, with line and column, for
