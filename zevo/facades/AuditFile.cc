@@ -1,7 +1,6 @@
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALHelper.h>
 #include <zevo/facades/AuditFile.h>
-#include <zevo/facades/ErrorRecording.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
 #include <zevo/mappers/GeneralLedgerEntriesDALC.h>
@@ -24,10 +23,6 @@
 namespace zevo {
 namespace {
 
-void Require(bool condition, Message message, std::string_view member) {
-  if (!condition) throw LibraryError(message, std::string("AuditFile.").append(member));
-}
-
 // Adds a record to its totals, all of them or, when one overflows, none.
 template <class Totals, class R>
 void AddTo(Totals& totals, const R& record) {
@@ -47,20 +42,8 @@ void AddTo(Totals& totals, const R& record) {
 
 }  // namespace
 
-AuditFile::AuditFile() : writer_(std::make_unique<DOMDALHelper>()) {}
+AuditFile::AuditFile() : Facade("AuditFile", true), writer_(std::make_unique<DOMDALHelper>()) {}
 AuditFile::~AuditFile() = default;
-
-template <class Operation>
-bool AuditFile::Attempt(Operation&& operation) {
-  try {
-    operation();
-    exception_ = nullptr;
-    return true;
-  } catch (...) {
-    exception_ = RecordError(UnknownDescription::kKept);
-    return false;
-  }
-}
 
 template <class Operation>
 bool AuditFile::Write(std::string_view member, Operation&& operation) {
@@ -106,7 +89,7 @@ bool AuditFile::UpdateAuditFile() {
 
 bool AuditFile::CloseAuditFile() {
   writer_->CloseFile();
-  exception_ = nullptr;
+  ClearError();
   return true;
 }
 

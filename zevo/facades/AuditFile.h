@@ -2,7 +2,7 @@
 #define ZEVO_FACADES_AUDITFILE_H_
 
 #include <zevo/Api.h>
-#include <zevo/model/AuditException.h>
+#include <zevo/facades/Facade.h>
 
 #include <memory>
 #include <string>
@@ -30,16 +30,11 @@ class Transaction;
 /// nothing; success makes `AuditException` null. Sections and records stand in the file in the order of the calls; the
 /// schema wants Header, MasterFiles, GeneralLedgerEntries, SourceDocuments. What was written before a failure stays in
 /// the document. An object is used by one thread at a time.
-class ZEVO_API AuditFile {
+class ZEVO_API AuditFile : public Facade {
  public:
   AuditFile();
-  AuditFile(const AuditFile&) = delete;
-  AuditFile& operator=(const AuditFile&) = delete;
   /// Drops a document that was not saved.
   ~AuditFile();
-
-  /// The failure of the last operation, null after a success.
-  const std::shared_ptr<const zevo::AuditException>& AuditException() const { return exception_; }
 
   /// Path of the file, in UTF-8. May be changed at any time.
   const std::string& AuditFileName() const;
@@ -96,12 +91,9 @@ class ZEVO_API AuditFile {
 
  private:
   template <class Operation>
-  bool Attempt(Operation&& operation);
-  template <class Operation>
   bool Write(std::string_view member, Operation&& operation);
 
   std::unique_ptr<DOMDALHelper> writer_;
-  std::shared_ptr<const zevo::AuditException> exception_;
 };
 
 }  // namespace zevo

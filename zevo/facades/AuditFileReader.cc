@@ -1,7 +1,6 @@
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALReader.h>
 #include <zevo/facades/AuditFileReader.h>
-#include <zevo/facades/ErrorRecording.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
 #include <zevo/mappers/GeneralLedgerEntriesDALC.h>
@@ -17,28 +16,9 @@
 #include <zevo/platform/File.h>
 
 namespace zevo {
-namespace {
 
-void Require(bool condition, Message message, std::string_view member) {
-  if (!condition) throw LibraryError(message, std::string("AuditFileReader.").append(member));
-}
-
-}  // namespace
-
-AuditFileReader::AuditFileReader() : reader_(std::make_unique<DOMDALReader>()) {}
+AuditFileReader::AuditFileReader() : Facade("AuditFileReader", false), reader_(std::make_unique<DOMDALReader>()) {}
 AuditFileReader::~AuditFileReader() = default;
-
-template <class Operation>
-bool AuditFileReader::Attempt(Operation&& operation) {
-  try {
-    operation();
-    exception_ = nullptr;
-    return true;
-  } catch (...) {
-    exception_ = RecordError(UnknownDescription::kEmptied);
-    return false;
-  }
-}
 
 template <class Operation>
 bool AuditFileReader::Read(std::string_view member, Operation&& operation) {
@@ -79,7 +59,7 @@ bool AuditFileReader::OpenAuditFile() {
 
 bool AuditFileReader::CloseAuditFile() {
   reader_->CloseFile();
-  exception_ = nullptr;
+  ClearError();
   return true;
 }
 

@@ -2,7 +2,7 @@
 #define ZEVO_FACADES_AUDITFILEREADER_H_
 
 #include <zevo/Api.h>
-#include <zevo/model/AuditException.h>
+#include <zevo/facades/Facade.h>
 
 #include <array>
 #include <cstdint>
@@ -32,15 +32,10 @@ class Transaction;
 /// `AuditException`, which success makes null, and nothing is thrown. Records of a kind are read by calling the same
 /// operation again and again until it leaves null in the variable, which is no failure. Each kind is walked once in the
 /// life of an object: to read a file twice, make another one. An object is used by one thread at a time.
-class ZEVO_API AuditFileReader {
+class ZEVO_API AuditFileReader : public Facade {
  public:
   AuditFileReader();
-  AuditFileReader(const AuditFileReader&) = delete;
-  AuditFileReader& operator=(const AuditFileReader&) = delete;
   ~AuditFileReader();
-
-  /// The failure of the last operation, null after a success.
-  const std::shared_ptr<const zevo::AuditException>& AuditException() const { return exception_; }
 
   /// Path of the file, in UTF-8.
   const std::string& AuditFileName() const;
@@ -98,8 +93,6 @@ class ZEVO_API AuditFileReader {
   enum Kind { kGeneralLedger, kCustomer, kSupplier, kTaxTableEntry, kProduct, kJournal, kInvoice, kKinds };
 
   template <class Operation>
-  bool Attempt(Operation&& operation);
-  template <class Operation>
   bool Read(std::string_view member, Operation&& operation);
   template <class Operation>
   bool Walk(std::string_view member, Kind kind, Operation&& operation);
@@ -107,7 +100,6 @@ class ZEVO_API AuditFileReader {
   int32_t Count(std::string_view member, Operation&& operation);
 
   std::unique_ptr<DOMDALReader> reader_;
-  std::shared_ptr<const zevo::AuditException> exception_;
   std::array<bool, kKinds> begun_{};
   std::string last_journal_;
 };

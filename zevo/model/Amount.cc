@@ -8,8 +8,8 @@
 namespace zevo {
 namespace {
 
-// 2 to the power of 63, the first magnitude that does not fit.
-constexpr double kLimit = 9223372036854775808.0;
+// The greatest whole number that fits.
+constexpr double kGreatestWhole = 922337203685477.0;
 
 }  // namespace
 
@@ -20,10 +20,16 @@ Amount Amount::FromText(std::string_view text) {
 }
 
 Amount Amount::FromDouble(double value) {
-  const double scaled = std::round(value * static_cast<double>(kScale));
+  // In two parts, each exact: a product of the whole would be rounded before it is rounded to an amount.
+  const double whole = std::trunc(value);
+  const double fraction = std::round((value - whole) * static_cast<double>(kScale));
   // Written so that what is no number fails too.
-  if (!(scaled >= -kLimit && scaled < kLimit)) throw MakeRunTimeError(RunTimeError::kOverflow);
-  return FromScaled(static_cast<int64_t>(scaled));
+  if (!(std::fabs(whole) <= kGreatestWhole)) throw MakeRunTimeError(RunTimeError::kOverflow);
+  int64_t scaled = static_cast<int64_t>(whole) * kScale;
+  if (__builtin_add_overflow(scaled, static_cast<int64_t>(fraction), &scaled)) {
+    throw MakeRunTimeError(RunTimeError::kOverflow);
+  }
+  return FromScaled(scaled);
 }
 
 std::string Amount::Text() const { return std::string(std::string_view(AmountTextWithPoint(*this))); }

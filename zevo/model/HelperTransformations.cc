@@ -136,7 +136,8 @@ NumberText SingleText(float value) {
                               .ptr;
   std::string_view digits(scientific.data(), static_cast<size_t>(end - scientific.data()));
   const size_t e = digits.find('e');
-  int exponent = std::atoi(digits.data() + e + 1);
+  int exponent = 0;
+  std::from_chars(digits.data() + e + (digits[e + 1] == '+' ? 2 : 1), end, exponent);
   std::array<char, 16> significant;
   size_t count = 0;
   for (const char c : digits.substr(0, e)) {

@@ -159,7 +159,7 @@ void Document::AppendAdoptedText(Element parent, std::string_view text) {
 
 void Document::SetText(Element element, std::string_view text) {
   Node* node = element.node();
-  if (names_.Local(node->name) == index_.key) index_ = {};
+  if (IsIndexedKey(node)) index_ = {};
   if (node->holds_text && text.size() <= node->length) {
     // Text that shrinks or stays as long is written over: totals are brought up to date again and again.
     if (!text.empty()) std::memmove(node->text, text.data(), text.size());
@@ -186,6 +186,13 @@ void Document::SetText(Element element, std::string_view text) {
   lastAttribute->next = 0;
   node->children.last = Reference(lastAttribute);
   if (!kept.empty()) AppendAdoptedText(element, kept);
+}
+
+// Whether the text of a node has gone into the index. A key whose parent is yet to be looked at has not.
+bool Document::IsIndexedKey(const Node* node) const {
+  if (index_.parent == 0 || names_.Local(node->name) != index_.key) return false;
+  const bool below = At(node->parent)->parent == index_.parent;
+  return below && (index_.unsettled.empty() || index_.unsettled.back() != node->parent);
 }
 
 Node* Document::FirstNamed(const Node* from, uint32_t local) const {

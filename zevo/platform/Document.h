@@ -209,6 +209,7 @@ class Document {
   void MakeRoomForChildren(Node* parent);
   Node* FirstNamed(const Node* from, uint32_t local) const;
   void IndexKeys(const Node* child) const;
+  bool IsIndexedKey(const Node* node) const;
 
   NameTable names_;
   std::vector<std::unique_ptr<Chunk, FreeChunk>> chunks_;

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 namespace zevo {
 namespace {
@@ -49,9 +50,17 @@ std::string Reason(int systemError, const std::string& name) {
   throw MakeRunTimeError(NumberFor(systemError), Reason(systemError, name));
 }
 
+// The system would take what stands before a NUL for the whole name.
+bool IsName(const std::string& name) { return name.find('\0') == std::string::npos; }
+
+const std::string& RequireName(const std::string& name) {
+  if (!IsName(name)) throw MakeRunTimeError(RunTimeError::kBadFileName, name.c_str());
+  return name;
+}
+
 // The file that a name leads to, so that replacing it does not turn a link into a file.
 std::string Resolved(const std::string& name) {
-  const std::unique_ptr<char, void (*)(void*)> path(realpath(name.c_str(), nullptr), std::free);
+  const std::unique_ptr<char, void (*)(void*)> path(realpath(RequireName(name).c_str(), nullptr), std::free);
   return path ? std::string(path.get()) : name;
 }
 
@@ -64,20 +73,37 @@ std::string FolderOf(const std::string& path) {
 int Open(const std::string& name, int flags, unsigned mode = 0) {
   int descriptor;
   do {
-    descriptor = open(name.c_str(), flags | O_CLOEXEC, mode);
+    descriptor = open(RequireName(name).c_str(), flags | O_CLOEXEC, mode);
   } while (descriptor < 0 && errno == EINTR);
   return descriptor;
+}
+
+// Writes all the bytes; gives the reason when that fails, else 0.
+int WriteAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<size_t>(written));
+    } else if (errno != EINTR) {
+      return errno;
+    }
+  }
+  return 0;
 }
 
 }  // namespace
 
 bool FileExists(const std::string& name) {
   struct stat status {};
-  return stat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  return IsName(name) && stat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 void DeleteFile(const std::string& name) {
-  if (unlink(name.c_str()) != 0) Fail(errno, name);
+  if (unlink(RequireName(name).c_str()) != 0) Fail(errno, name);
+}
+
+void RenameFile(const std::string& from, const std::string& to) {
+  if (rename(RequireName(from).c_str(), RequireName(to).c_str()) != 0) Fail(errno, from);
 }
 
 InputFile::InputFile(const std::string& name) : name_(name), descriptor_(Open(name, O_RDONLY)) {
@@ -98,6 +124,26 @@ size_t InputFile::Read(char* bytes, size_t size) {
     }
   }
   return total;
+}
+
+OutputFile::OutputFile(const std::string& name)
+    : name_(name), descriptor_(Open(name, O_WRONLY | O_CREAT | O_TRUNC, 0666)) {
+  if (descriptor_ < 0) Fail(errno, name);
+}
+
+OutputFile::~OutputFile() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+void OutputFile::Write(std::string_view bytes) {
+  if (failure_ == 0) failure_ = WriteAll(descriptor_, bytes);
+  if (failure_ != 0) Fail(failure_, name_);
+}
+
+void OutputFile::Close() {
+  if (descriptor_ >= 0 && close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR && failure_ == 0)
+    failure_ = errno;
+  if (failure_ != 0) Fail(failure_, name_);
 }
 
 FileReplacement::FileReplacement(const std::string& name) : target_(Resolved(name)) {
@@ -139,18 +185,13 @@ FileReplacement::~FileReplacement() {
 }
 
 void FileReplacement::Write(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<size_t>(written));
-    } else if (errno != EINTR) {
-      Fail(errno, target_);
-    }
-  }
+  if (const int failure = WriteAll(descriptor_, bytes)) Fail(failure, target_);
 }
 
 void FileReplacement::Commit() {
-  if (!temporary_.empty() && fsync(descriptor_) != 0) Fail(errno, target_);
+  while (!temporary_.empty() && fsync(descriptor_) != 0) {
+    if (errno != EINTR) Fail(errno, target_);
+  }
   const int closed = close(descriptor_);
   descriptor_ = -1;
   if (closed != 0 && errno != EINTR) Fail(errno, target_);

@@ -15,6 +15,8 @@ bool FileExists(const std::string& name);
 
 void DeleteFile(const std::string& name);
 
+void RenameFile(const std::string& from, const std::string& to);
+
 /// Where bytes go.
 class ByteSink {
  public:
@@ -36,6 +38,25 @@ class InputFile {
  private:
   std::string name_;
   int descriptor_;
+};
+
+/// A file written from front to back, created or emptied first.
+class OutputFile : public ByteSink {
+ public:
+  explicit OutputFile(const std::string& name);
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  ~OutputFile() override;
+
+  /// After a failure the file is not whole: every later call raises the same again.
+  void Write(std::string_view bytes) override;
+  /// Raises what closing shows of earlier writes.
+  void Close();
+
+ private:
+  std::string name_;
+  int descriptor_;
+  int failure_ = 0;
 };
 
 /// The new content of a file, which takes the file's place as a whole or not at all. It is written to a temporary file

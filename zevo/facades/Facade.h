@@ -1,0 +1,57 @@
+#ifndef ZEVO_FACADES_FACADE_H_
+#define ZEVO_FACADES_FACADE_H_
+
+#include <zevo/Api.h>
+#include <zevo/Error.h>
+#include <zevo/model/AuditException.h>
+
+#include <memory>
+#include <string_view>
+
+namespace zevo {
+
+/// What the façades have in common: an operation that fails throws nothing, but leaves its failure behind.
+class ZEVO_API Facade {
+ public:
+  Facade(const Facade&) = delete;
+  Facade& operator=(const Facade&) = delete;
+
+  /// The failure of the last operation, null after a success.
+  const std::shared_ptr<const zevo::AuditException>& AuditException() const { return exception_; }
+
+ protected:
+  /// `name` is the class that errors of its own operations name as their source; it must outlive the object. The
+  /// description of an error with a negative number that the library has no message for is kept or emptied.
+  Facade(std::string_view name, bool keepsUnknownDescriptions)
+      : name_(name), keeps_unknown_descriptions_(keepsUnknownDescriptions) {}
+  ~Facade() = default;
+
+  /// Raises a message with the source "name.member" unless the condition holds.
+  void Require(bool condition, Message message, std::string_view member) const;
+
+  /// The one place where errors are caught. Tells whether the operation succeeded.
+  template <class Operation>
+  bool Attempt(Operation&& operation) {
+    try {
+      operation();
+      ClearError();
+      return true;
+    } catch (...) {
+      RecordError();
+      return false;
+    }
+  }
+
+  void ClearError() { exception_ = nullptr; }
+  /// Keeps the exception that is being handled.
+  void RecordError() noexcept;
+
+ private:
+  std::string_view name_;
+  bool keeps_unknown_descriptions_;
+  std::shared_ptr<const zevo::AuditException> exception_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_FACADES_FACADE_H_
