@@ -1,3 +1,4 @@
+
 #include <zevo/Error.h>
 
 #include <array>

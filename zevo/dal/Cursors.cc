@@ -1,3 +1,4 @@
+
 #include <zevo/dal/Cursors.h>
 
 #include <algorithm>

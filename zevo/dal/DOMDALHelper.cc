@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/dal/DOMDALHelper.h>
+
+#include <zevo/Error.h>
 #include <zevo/dal/LoadDocument.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/Selection.h>

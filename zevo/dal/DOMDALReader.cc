@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/dal/DOMDALReader.h>
+
+#include <zevo/Error.h>
 #include <zevo/dal/LoadDocument.h>
 #include <zevo/platform/Selection.h>
 

@@ -1,4 +1,5 @@
 #include <zevo/dal/LoadDocument.h>
+
 #include <zevo/model/ElementName.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>

@@ -1,6 +1,7 @@
+#include <zevo/facades/AuditFile.h>
+
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALHelper.h>
-#include <zevo/facades/AuditFile.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
 #include <zevo/mappers/GeneralLedgerEntriesDALC.h>

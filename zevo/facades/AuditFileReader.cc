@@ -1,6 +1,7 @@
+#include <zevo/facades/AuditFileReader.h>
+
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALReader.h>
-#include <zevo/facades/AuditFileReader.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
 #include <zevo/mappers/GeneralLedgerEntriesDALC.h>

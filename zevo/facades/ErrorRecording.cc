@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/facades/ErrorRecording.h>
+
+#include <zevo/Error.h>
 
 #include <exception>
 #include <new>

@@ -1,5 +1,6 @@
-#include <zevo/facades/ErrorRecording.h>
 #include <zevo/facades/Facade.h>
+
+#include <zevo/facades/ErrorRecording.h>
 
 #include <string>
 

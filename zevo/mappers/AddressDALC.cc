@@ -1,3 +1,4 @@
+
 #include <zevo/mappers/AddressDALC.h>
 
 namespace zevo {

@@ -1,5 +1,6 @@
-#include <zevo/mappers/AddressDALC.h>
 #include <zevo/mappers/CustomerDALC.h>
+
+#include <zevo/mappers/AddressDALC.h>
 #include <zevo/mappers/Sections.h>
 
 namespace zevo {

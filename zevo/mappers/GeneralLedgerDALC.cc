@@ -1,4 +1,5 @@
 #include <zevo/mappers/GeneralLedgerDALC.h>
+
 #include <zevo/mappers/Sections.h>
 
 namespace zevo {

@@ -1,6 +1,7 @@
+#include <zevo/mappers/HeaderDALC.h>
+
 #include <zevo/Error.h>
 #include <zevo/mappers/AddressDALC.h>
-#include <zevo/mappers/HeaderDALC.h>
 #include <zevo/mappers/Layout.h>
 
 namespace zevo {

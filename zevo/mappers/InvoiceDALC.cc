@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/mappers/InvoiceDALC.h>
+
+#include <zevo/Error.h>
 #include <zevo/mappers/InvoiceLineDALC.h>
 #include <zevo/mappers/Sections.h>
 #include <zevo/mappers/ShippingPointDALC.h>

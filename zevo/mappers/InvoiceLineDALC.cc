@@ -1,4 +1,5 @@
 #include <zevo/mappers/InvoiceLineDALC.h>
+
 #include <zevo/mappers/Sections.h>
 
 namespace zevo {

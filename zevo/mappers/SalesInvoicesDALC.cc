@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/mappers/SalesInvoicesDALC.h>
+
+#include <zevo/Error.h>
 #include <zevo/mappers/Sections.h>
 
 namespace zevo {

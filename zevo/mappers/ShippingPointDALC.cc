@@ -1,6 +1,7 @@
+#include <zevo/mappers/ShippingPointDALC.h>
+
 #include <zevo/mappers/AddressDALC.h>
 #include <zevo/mappers/Sections.h>
-#include <zevo/mappers/ShippingPointDALC.h>
 
 namespace zevo {
 namespace {

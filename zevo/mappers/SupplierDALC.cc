@@ -1,6 +1,7 @@
+#include <zevo/mappers/SupplierDALC.h>
+
 #include <zevo/mappers/AddressDALC.h>
 #include <zevo/mappers/Sections.h>
-#include <zevo/mappers/SupplierDALC.h>
 
 namespace zevo {
 namespace {

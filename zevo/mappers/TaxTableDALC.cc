@@ -1,4 +1,5 @@
 #include <zevo/mappers/TaxTableDALC.h>
+
 #include <zevo/mappers/TaxTableEntryDALC.h>
 
 namespace zevo {

@@ -1,5 +1,6 @@
-#include <zevo/mappers/Sections.h>
 #include <zevo/mappers/TaxTableEntryDALC.h>
+
+#include <zevo/mappers/Sections.h>
 
 namespace zevo {
 namespace {

@@ -1,6 +1,7 @@
+#include <zevo/mappers/TransactionDALC.h>
+
 #include <zevo/Error.h>
 #include <zevo/mappers/Sections.h>
-#include <zevo/mappers/TransactionDALC.h>
 #include <zevo/mappers/TransactionLineDALC.h>
 
 #include <string>

@@ -1,3 +1,4 @@
+
 #include <zevo/model/AddressStructure.h>
 
 namespace zevo {

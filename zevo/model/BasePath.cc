@@ -1,3 +1,4 @@
+
 #include <zevo/model/BasePath.h>
 
 #include <array>

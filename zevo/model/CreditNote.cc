@@ -1,3 +1,4 @@
+
 #include <zevo/model/CreditNote.h>
 
 namespace zevo {

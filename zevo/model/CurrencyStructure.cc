@@ -1,3 +1,4 @@
+
 #include <zevo/model/CurrencyStructure.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/Customer.h>
 
 namespace zevo {

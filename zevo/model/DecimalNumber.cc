@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/model/DecimalNumber.h>
+
+#include <zevo/Error.h>
 
 #include <algorithm>
 

@@ -1,3 +1,4 @@
+
 #include <zevo/model/DocumentTotals.h>
 
 namespace zevo {

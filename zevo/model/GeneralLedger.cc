@@ -1,3 +1,4 @@
+
 #include <zevo/model/GeneralLedger.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/GeneralLedgerEntries.h>
 
 namespace zevo {

@@ -1,4 +1,5 @@
 #include <zevo/model/Header.h>
+
 #include <zevo/platform/RegionalSettings.h>
 
 namespace zevo {

@@ -1,6 +1,7 @@
+#include <zevo/model/HelperTransformations.h>
+
 #include <zevo/Error.h>
 #include <zevo/model/DecimalNumber.h>
-#include <zevo/model/HelperTransformations.h>
 #include <zevo/model/LetterCase.h>
 #include <zevo/platform/RegionalSettings.h>
 #include <zevo/platform/Text.h>

@@ -1,3 +1,4 @@
+
 #include <zevo/model/Invoice.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/InvoiceLine.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/Journal.h>
 
 namespace zevo {

@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/model/KeyList.h>
+
+#include <zevo/Error.h>
 #include <zevo/model/LetterCase.h>
 
 #include <algorithm>

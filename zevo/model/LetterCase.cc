@@ -1,3 +1,4 @@
+
 #include <zevo/model/LetterCase.h>
 
 namespace zevo {

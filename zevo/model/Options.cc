@@ -1,4 +1,5 @@
 #include <zevo/model/Options.h>
+
 #include <zevo/model/OptionsMapping.h>
 
 namespace zevo {

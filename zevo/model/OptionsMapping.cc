@@ -1,5 +1,6 @@
-#include <zevo/model/LetterCase.h>
 #include <zevo/model/OptionsMapping.h>
+
+#include <zevo/model/LetterCase.h>
 #include <zevo/platform/Folders.h>
 
 #include <memory>

@@ -1,3 +1,4 @@
+
 #include <zevo/model/OrderReferences.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/Product.h>
 
 namespace zevo {

@@ -1,5 +1,6 @@
-#include <zevo/model/OptionsMapping.h>
 #include <zevo/model/Record.h>
+
+#include <zevo/model/OptionsMapping.h>
 #include <zevo/platform/Text.h>
 
 namespace zevo {

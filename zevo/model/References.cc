@@ -1,3 +1,4 @@
+
 #include <zevo/model/References.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/SAFTConstants.h>
 
 #include <array>

@@ -1,3 +1,4 @@
+
 #include <zevo/model/SalesInvoices.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/Settlement.h>
 
 namespace zevo {

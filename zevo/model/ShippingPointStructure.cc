@@ -1,3 +1,4 @@
+
 #include <zevo/model/ShippingPointStructure.h>
 
 namespace zevo {

@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/model/Supplier.h>
+
+#include <zevo/Error.h>
 
 namespace zevo {
 

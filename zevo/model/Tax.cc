@@ -1,3 +1,4 @@
+
 #include <zevo/model/Tax.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/TaxTable.h>
 
 namespace zevo {

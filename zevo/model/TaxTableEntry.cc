@@ -1,3 +1,4 @@
+
 #include <zevo/model/TaxTableEntry.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/Transaction.h>
 
 namespace zevo {

@@ -1,3 +1,4 @@
+
 #include <zevo/model/TransactionLine.h>
 
 namespace zevo {

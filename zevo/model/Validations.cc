@@ -1,7 +1,8 @@
+#include <zevo/model/Validations.h>
+
 #include <zevo/Error.h>
 #include <zevo/model/HelperTransformations.h>
 #include <zevo/model/LetterCase.h>
-#include <zevo/model/Validations.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/Text.h>

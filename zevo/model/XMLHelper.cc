@@ -1,5 +1,6 @@
-#include <zevo/model/HelperTransformations.h>
 #include <zevo/model/XMLHelper.h>
+
+#include <zevo/model/HelperTransformations.h>
 #include <zevo/platform/Serializer.h>
 #include <zevo/platform/Text.h>
 

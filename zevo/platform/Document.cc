@@ -1,4 +1,5 @@
 #include <zevo/platform/Document.h>
+
 #include <zevo/platform/Text.h>
 #include <zevo/platform/Windows1252.h>
 
@@ -61,6 +62,7 @@ Node* Document::NewNode(NodeKind kind, uint32_t name) {
   node->kind = kind;
   node->name = name & NameTable::kMostNames;
   node->prefixed = names_.Local(name) != name;
+  needs_unicode = needs_unicode || !names_.IsWindows1252(name);
   return node;
 }
 
@@ -106,6 +108,7 @@ void Document::MakeRoomForChildren(Node* parent) {
 }
 
 Node* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
+  if (IsIndexedKey(parent)) index_ = {};
   MakeRoomForChildren(parent);
   Node* node = NewNode(kind, name);
   const uint32_t reference = Reference(node);
@@ -151,6 +154,11 @@ void Document::Hold(Node* node, std::string_view text) {
   node->text = const_cast<char*>(text.data());
   node->length = static_cast<uint32_t>(text.size());
   node->holds_text = true;
+}
+
+void Document::AdoptText(Element element, std::string_view text) {
+  if (IsIndexedKey(element.node())) index_ = {};
+  Hold(element.node(), text);
 }
 
 void Document::AppendAdoptedText(Element parent, std::string_view text) {

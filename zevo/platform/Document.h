@@ -124,7 +124,7 @@ class Document {
   /// Appends any other node with its text; an instruction's target is its name.
   void AppendText(Element parent, NodeKind kind, std::string_view text, std::string_view name = {});
   /// Gives an element without content the text `text`, which lies in this document's arena.
-  void AdoptText(Element element, std::string_view text) { Hold(element.node(), text); }
+  void AdoptText(Element element, std::string_view text);
   /// The same for a text node among other content.
   void AppendAdoptedText(Element parent, std::string_view text);
   /// Replaces the content of an element; its attributes stay.
@@ -134,6 +134,7 @@ class Document {
   Element FirstChild(Element parent, std::string_view name) const;
   /// The first child of a name that itself has a child `key` whose whole text is `text`. The first question about a
   /// parent looks at all its children, later ones only at those that came since.
+  /// Elements inside a key must not change from the first question on.
   Element FirstChildByKey(Element parent, std::string_view name, std::string_view key, std::string_view text) const;
 
   /// The node that follows in the order of the file, within the tree under `root`; null after the last. Attributes are
@@ -150,8 +151,8 @@ class Document {
 
   /// Whether standalone="yes" was declared.
   bool standalone = false;
-  /// Whether a comment or an instruction holds a character that Windows-1252 lacks. No character reference can stand
-  /// for it there.
+  /// Whether a name, a comment or an instruction holds a character that Windows-1252 lacks. No character reference can
+  /// stand for it there.
   bool needs_unicode = false;
   /// How many default namespaces are declared.
   int default_namespaces = 0;

@@ -1,3 +1,4 @@
+
 #include <zevo/platform/DocumentBuilder.h>
 
 #include <algorithm>

@@ -1,13 +1,12 @@
+#include <zevo/platform/File.h>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <zevo/Error.h>
-#include <zevo/platform/File.h>
 
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
-#include <memory>
+#include <filesystem>
 #include <system_error>
 #include <utility>
 
@@ -58,10 +57,16 @@ const std::string& RequireName(const std::string& name) {
   return name;
 }
 
-// The file that a name leads to, so that replacing it does not turn a link into a file.
+// The file that a name leads to, there or not, so that replacing it does not turn a link into a file.
 std::string Resolved(const std::string& name) {
-  const std::unique_ptr<char, void (*)(void*)> path(realpath(RequireName(name).c_str(), nullptr), std::free);
-  return path ? std::string(path.get()) : name;
+  std::filesystem::path path = RequireName(name);
+  std::error_code error;
+  constexpr int kMostLinks = 40;
+  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+    if (error) Fail(error.value(), name);
+  }
+  return path.string();
 }
 
 std::string FolderOf(const std::string& path) {
@@ -167,7 +172,8 @@ FileReplacement::FileReplacement(const std::string& name) : target_(Resolved(nam
 
 void FileReplacement::CreateTemporary(unsigned mode) {
   for (int attempt = 0;; ++attempt) {
-    temporary_ = target_ + "." + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
+    // Not made from the target's name, which may be as long as a name can be.
+    temporary_ = FolderOf(target_) + "/zevo-" + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
     descriptor_ = Open(temporary_, O_WRONLY | O_CREAT | O_EXCL, mode);
     if (descriptor_ >= 0) return;
     if (errno != EEXIST) {

@@ -1,5 +1,6 @@
-#include <dlfcn.h>
 #include <zevo/platform/Folders.h>
+
+#include <dlfcn.h>
 
 namespace zevo {
 

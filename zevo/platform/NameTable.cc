@@ -1,5 +1,6 @@
-#include <zevo/Error.h>
 #include <zevo/platform/NameTable.h>
+
+#include <zevo/Error.h>
 #include <zevo/platform/Windows1252.h>
 
 #include <algorithm>
@@ -13,7 +14,7 @@ size_t Hash(std::string_view text) { return std::hash<std::string_view>{}(text);
 
 }  // namespace
 
-NameTable::NameTable(std::span<const std::string_view> first) : entries_(1), slots_(512) {
+NameTable::NameTable(std::span<const std::string_view> first) : entries_(1, {{}, kNone, true, true}), slots_(512) {
   for (const std::string_view name : first) Add(name);
 }
 
@@ -46,10 +47,9 @@ uint32_t NameTable::Insert(std::string_view text) {
   if (entries_.size() * 2 >= slots_.size()) Grow();
   entries_.reserve(entries_.size() + 1);
   texts_.emplace_back(text);
-  is_ascii_ = is_ascii_ && std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
-  is_windows1252_ = is_windows1252_ && zevo::IsWindows1252(text);
+  const bool ascii = std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
   const auto name = static_cast<uint32_t>(entries_.size());
-  entries_.push_back({texts_.back(), local == kNone ? name : local});
+  entries_.push_back({texts_.back(), local == kNone ? name : local, zevo::IsWindows1252(text), ascii});
   size_t slot = Hash(text) & (slots_.size() - 1);
   while (slots_[slot] != kNone) slot = (slot + 1) & (slots_.size() - 1);
   slots_[slot] = name;

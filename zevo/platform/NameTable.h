@@ -31,14 +31,16 @@ class NameTable {
   std::string_view Text(uint32_t name) const { return entries_[name].text; }
   /// The name without its prefix; the name itself when it has none.
   uint32_t Local(uint32_t name) const { return entries_[name].local; }
-  /// Whether Windows-1252 has every character of every name.
-  bool IsWindows1252() const { return is_windows1252_; }
-  bool IsAscii() const { return is_ascii_; }
+  /// Whether Windows-1252 has every character of the name.
+  bool IsWindows1252(uint32_t name) const { return entries_[name].is_windows1252; }
+  bool IsAscii(uint32_t name) const { return entries_[name].is_ascii; }
 
  private:
   struct Entry {
     std::string_view text;
     uint32_t local;
+    bool is_windows1252;
+    bool is_ascii;
   };
   struct Seen {
     const char* local;
@@ -53,8 +55,6 @@ class NameTable {
   std::deque<std::string> texts_;
   std::vector<uint32_t> slots_;  // open addressing by the hash of the text
   std::array<Seen, 512> seen_{};
-  bool is_windows1252_ = true;
-  bool is_ascii_ = true;
 };
 
 }  // namespace zevo

@@ -1,10 +1,11 @@
+#include <zevo/platform/Parser.h>
+
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
 #include <libxml/xmlschemas.h>
 #include <zevo/Error.h>
 #include <zevo/platform/File.h>
-#include <zevo/platform/Parser.h>
 #include <zevo/platform/Text.h>
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlError.h>
@@ -53,12 +54,15 @@ class Run {
     xmlSAXHandler callbacks = Callbacks();
     context_.reset(xmlCreateIOParserCtxt(&callbacks, this, &Run::Read, nullptr, this, XML_CHAR_ENCODING_UTF8));
     if (!context_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
-    // The bytes are UTF-8 by now, whatever the declaration says.
+    context_->_private = this;
+    // The bytes are UTF-8 by now, whatever the declaration or their beginning says.
+    context_->encoding = xmlStrdup(BAD_CAST "UTF-8");
     xmlCtxtUseOptions(context_.get(), XML_PARSE_NONET | XML_PARSE_IGNORE_ENC);
     xmlSchemaSAXPlugPtr plug = nullptr;
     if (validation != nullptr) {
       plug = xmlSchemaSAXPlug(validation, &context_->sax, &context_->userData);
       if (plug == nullptr) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+      context_->sax->serror = &Run::OnParserError;
       xmlSchemaSetValidStructuredErrors(validation, &Run::OnError, this);
     }
     xmlParseDocument(context_.get());
@@ -94,7 +98,7 @@ class Run {
     sax.internalSubset = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
       Of(self).Fail(XML_ERR_USER_STOP, "O ficheiro tem uma declaração DOCTYPE, que não é aceite");
     };
-    sax.serror = &Run::OnError;
+    sax.serror = &Run::OnParserError;
     return sax;
   }
 
@@ -207,6 +211,12 @@ class Run {
     }
   }
 
+  // A schema validation that listens in puts itself in the place of the user data, so the run is found by the context.
+  static void OnParserError(void*, xmlErrorPtr error) {
+    auto* context = static_cast<xmlParserCtxt*>(error->ctxt);
+    if (context != nullptr && context->_private != nullptr) OnError(context->_private, error);
+  }
+
   static void OnError(void* self, xmlErrorPtr error) {
     Run& run = Of(self);
     if (error->level < XML_ERR_ERROR) return;
@@ -248,8 +258,12 @@ class Run {
     int column = input->col;
     if (decoder_.fault() != TextDecoder::Fault::kNone) {
       for (const xmlChar* c = input->cur; c < input->end; ++c) {
-        column = *c == '\n' ? 1 : column + 1;
-        line += *c == '\n';
+        if (*c == '\n') {
+          ++line;
+          column = 1;
+        } else if ((*c & 0xC0U) != 0x80) {
+          ++column;
+        }
       }
     }
     return {line, column};

@@ -1,5 +1,6 @@
-#include <langinfo.h>
 #include <zevo/platform/RegionalSettings.h>
+
+#include <langinfo.h>
 
 #include <array>
 #include <ctime>

@@ -1,16 +1,14 @@
+#include <zevo/platform/SchemaValidator.h>
+
 #include <libxml/parser.h>
-#include <libxml/tree.h>
 #include <libxml/xmlerror.h>
 #include <libxml/xmlschemas.h>
 #include <zevo/Error.h>
-#include <zevo/platform/Document.h>
-#include <zevo/platform/DocumentBuilder.h>
+#include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
-#include <zevo/platform/SchemaValidator.h>
-#include <zevo/platform/Serializer.h>
+#include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlError.h>
 
-#include <array>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -39,39 +37,56 @@ struct FirstError {
   }
 };
 
-// A schema that pulls in others would have them read from wherever it says.
-void RefuseReferences(const Document& schema, const std::string& source) {
-  for (const Element child : schema.Root().Children()) {
-    for (const std::string_view name : {"include", "import", "redefine"}) {
-      if (child.Name() == name && child.Attribute("schemaLocation")) {
-        throw XmlError(XML_SCHEMAP_SRC_INCLUDE, source, "O esquema remete para outro ficheiro: " + std::string(name), 1,
-                       1);
-      }
-    }
-  }
-}
-
 struct NoEvents : ParserHandler {
   void StartElement(const ParsedName&, std::span<const ParsedAttribute>) override {}
   void EndElement(const ParsedName&) override {}
   void Characters(std::string_view) override {}
 };
 
+// A schema that pulls in others would have them read from wherever it says.
+struct NoReferences : NoEvents {
+  explicit NoReferences(const std::string& given) : source(given) {}
+  void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
+    const std::string_view local = name.local;
+    if (local != "include" && local != "import" && local != "redefine") return;
+    for (const ParsedAttribute& attribute : attributes) {
+      if (std::string_view(attribute.name.local) != "schemaLocation") continue;
+      throw XmlError(XML_SCHEMAP_SRC_INCLUDE, source, "O esquema remete para outro ficheiro", 0, 0);
+    }
+  }
+  const std::string& source;
+};
+
+// The content of a file in UTF-8, which its declaration then tells too.
+std::string Utf8Of(const std::string& file) {
+  InputFile input(file);
+  TextDecoder decoder(input);
+  std::string text;
+  constexpr size_t kPiece = size_t{64} * 1024;
+  for (size_t got = kPiece; got > 0;) {
+    const size_t length = text.size();
+    text.resize(length + kPiece);
+    got = decoder.Read(text.data() + length, kPiece);
+    text.resize(length + got);
+  }
+  if (const auto encoding = DeclaredEncoding(text)) {
+    text.replace(static_cast<size_t>(encoding->data() - text.data()), encoding->size(), "UTF-8");
+  }
+  return text;
+}
+
 }  // namespace
 
 struct SchemaValidator::Schema {
-  std::unique_ptr<xmlDoc, Deleter<xmlFreeDoc>> document;
   std::unique_ptr<xmlSchema, Deleter<xmlSchemaFree>> compiled;
 };
 
 SchemaValidator::SchemaValidator(const std::string& schemaFile, std::string source)
     : schema_(std::make_unique<Schema>()), source_(std::move(source)) {
-  // Read by our own parser first, so that a schema meets the same refusals as any file, then handed on in UTF-8.
-  Document document;
-  DocumentBuilder builder(document);
-  Parser(schemaFile, source_).Parse(builder);
-  RefuseReferences(document, source_);
-  const std::string text = SerializeToUtf8(document);
+  // Read by our own parser first, so that a schema meets the same refusals as any file.
+  NoReferences references(source_);
+  Parser(schemaFile, source_).Parse(references);
+  const std::string text = Utf8Of(schemaFile);
 
   FirstError first{source_, std::nullopt};
   const std::unique_ptr<xmlSchemaParserCtxt, Deleter<xmlSchemaFreeParserCtxt>> context(

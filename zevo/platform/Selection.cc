@@ -1,6 +1,7 @@
+#include <zevo/platform/Selection.h>
+
 #include <libxml/xmlerror.h>
 #include <zevo/Error.h>
-#include <zevo/platform/Selection.h>
 
 #include <algorithm>
 #include <utility>
@@ -8,7 +9,10 @@
 namespace zevo {
 namespace {
 
-constexpr std::string_view kNotInNames = "/[]()=\"'@*:,|.<>!$+&; \t\r\n";
+bool IsNameCharacter(char c, bool first) {
+  const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || (c & 0x80) != 0;
+  return letter || (!first && ((c >= '0' && c <= '9') || c == '-' || c == '.'));
+}
 
 [[noreturn]] void Refuse(std::string_view expression) {
   throw Error(XML_XPATH_EXPR_ERROR, std::string(kRunTimeSource), "Expressão inválida: " + std::string(expression));
@@ -30,9 +34,9 @@ class Reader {
   void SkipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t\r\n"), rest_.size())); }
 
   std::string Name() {
-    const size_t length = std::min(rest_.find_first_of(kNotInNames), rest_.size());
-    const bool startsWell = length > 0 && rest_[0] != '-' && (rest_[0] < '0' || rest_[0] > '9');
-    if (!startsWell) Refuse(expression_);
+    size_t length = 0;
+    while (length < rest_.size() && IsNameCharacter(rest_[length], length == 0)) ++length;
+    if (length == 0) Refuse(expression_);
     return std::string(Leading(length));
   }
   std::string Literal() {
@@ -102,6 +106,14 @@ bool Selection::Visit(Element base, size_t step, Visitor& visitor) const {
   return true;
 }
 
+// Whether the names of an element and of those above it are the steps.
+bool Selection::EndsInSteps(Element element) const {
+  for (auto step = steps_.rbegin(); step != steps_.rend(); ++step, element = element.Parent()) {
+    if (!element || element.Name() != *step) return false;
+  }
+  return true;
+}
+
 template <class Visitor>
 void Selection::VisitAll(Element base, Visitor visitor) const {
   if (!anywhere_) {
@@ -112,9 +124,8 @@ void Selection::VisitAll(Element base, Visitor visitor) const {
   const Node* top = document.Top();
   for (Node* node = document.Following(top, top); node != nullptr; node = document.Following(node, top)) {
     const Element element(node);
-    if (node->kind != NodeKind::kElement || element.Name() != steps_.front()) continue;
-    const bool goOn = steps_.size() == 1 ? !Matches(element) || visitor(element) : Visit(element, 1, visitor);
-    if (!goOn) return;
+    const bool selected = node->kind == NodeKind::kElement && EndsInSteps(element) && Matches(element);
+    if (selected && !visitor(element)) return;
   }
 }
 
@@ -142,8 +153,12 @@ std::vector<Element> Selection::All(Element base) const {
 }
 
 Element SelectFirst(Element base, std::string_view name, std::string_view query) {
-  // A name that the document holds needs no further look.
-  if (query.empty() && base.Owner().Names().Find(name) != NameTable::kNone) return base.Owner().FirstChild(base, name);
+  const NameTable& names = base.Owner().Names();
+  const uint32_t number = names.Find(name);
+  // A local name that the document holds needs no further look.
+  if (query.empty() && number != NameTable::kNone && names.Local(number) == number) {
+    return base.Owner().FirstChild(base, name);
+  }
   return Selection(std::string(name).append(query)).First(base);
 }
 

@@ -29,6 +29,7 @@ class Selection {
   };
 
   bool Matches(Element element) const;
+  bool EndsInSteps(Element element) const;
   template <class Visitor>
   bool Visit(Element base, size_t step, Visitor& visitor) const;
   template <class Visitor>

@@ -1,4 +1,5 @@
 #include <zevo/platform/Serializer.h>
+
 #include <zevo/platform/Text.h>
 #include <zevo/platform/Windows1252.h>
 
@@ -141,7 +142,7 @@ void Serializer::WriteAscii(std::string_view text) {
 
 void Serializer::WriteName(const Document& document, const Node* node) {
   const std::string_view name = document.Names().Text(node->name);
-  document.Names().IsAscii() ? WriteAscii(name) : Write(name);
+  document.Names().IsAscii(node->name) ? WriteAscii(name) : Write(name);
 }
 
 void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
@@ -286,8 +287,8 @@ void Serializer::WriteCData(std::string_view text) {
 }
 
 void WriteDocumentTo(ByteSink& sink, const Document& document) {
-  const bool utf8 = document.needs_unicode || !document.Names().IsWindows1252();
-  Serializer serializer(sink, utf8 ? Serializer::Encoding::kUtf8 : Serializer::Encoding::kWindows1252);
+  Serializer serializer(sink,
+                        document.needs_unicode ? Serializer::Encoding::kUtf8 : Serializer::Encoding::kWindows1252);
   serializer.WriteDocument(document);
   serializer.Flush();
 }

@@ -1,3 +1,4 @@
+
 #include <zevo/platform/Text.h>
 
 #include <cstring>

@@ -1,5 +1,6 @@
-#include <zevo/platform/Text.h>
 #include <zevo/platform/TextDecoder.h>
+
+#include <zevo/platform/Text.h>
 #include <zevo/platform/Windows1252.h>
 
 #include <algorithm>
@@ -65,26 +66,22 @@ size_t CopyUntilNul(const char* from, size_t size, char* to) {
   return length;
 }
 
-// The value of the encoding pseudo-attribute of an XML declaration at the front of `text`, in capitals.
-std::optional<std::string> DeclaredEncoding(std::string_view text) {
-  if (!text.starts_with("<?xml")) return std::nullopt;
-  text = text.substr(0, text.find("?>"));
-  constexpr std::string_view kName = "encoding";
-  size_t at = text.find(kName);
-  if (at == std::string_view::npos) return std::nullopt;
-  text.remove_prefix(at + kName.size());
-  at = text.find_first_of("\"'");
-  if (at == std::string_view::npos) return std::nullopt;
-  const char quote = text[at];
-  text.remove_prefix(at + 1);
-  std::string name(text.substr(0, text.find(quote)));
-  for (char& c : name) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - ('a' - 'A'));
-  }
-  return name;
-}
-
 }  // namespace
+
+std::optional<std::string_view> DeclaredEncoding(std::string_view text) {
+  constexpr std::string_view kStart = "<?xml";
+  constexpr std::string_view kBlanks = " \t\r\n";
+  if (!text.starts_with(kStart)) return std::nullopt;
+  text = text.substr(kStart.size(), text.find("?>") - kStart.size());
+  if (text.find_first_of(kBlanks) != 0) return std::nullopt;
+  constexpr std::string_view kName = "encoding";
+  const size_t name = text.find(kName);
+  if (name == std::string_view::npos) return std::nullopt;
+  const size_t quote = text.find_first_of("\"'", name);
+  if (quote == std::string_view::npos) return std::nullopt;
+  const size_t end = text.find(text[quote], quote + 1);
+  return text.substr(quote + 1, end == std::string_view::npos ? end : end - quote - 1);
+}
 
 TextDecoder::TextDecoder(InputFile& file) : file_(file), buffer_(new char[kBufferSize]) {
   Refill();
@@ -100,7 +97,7 @@ bool TextDecoder::Refill() {
 }
 
 void TextDecoder::DetectEncoding() {
-  const std::string_view start(buffer_.get(), std::min<size_t>(end_, 1024));
+  const std::string_view start(buffer_.get(), end_);
   using namespace std::string_view_literals;
   enum class Width { kBytes, kUtf8, kUtf16 } width = Width::kBytes;
   if (start.starts_with("\xEF\xBB\xBF"sv)) {
@@ -118,14 +115,18 @@ void TextDecoder::DetectEncoding() {
 
   std::string declaration;
   if (width == Width::kUtf16) {
-    for (size_t i = position_; i + 1 < start.size(); i += 2) {
+    for (size_t i = position_; i + 1 < start.size() && !declaration.ends_with('>'); i += 2) {
       declaration.push_back(Utf16At(i) < 0x80 ? static_cast<char>(Utf16At(i)) : '?');
     }
   } else {
-    declaration = start.substr(position_);
+    declaration = start.substr(position_, start.find('>', position_) + 1 - position_);
   }
-  const std::optional<std::string> name = DeclaredEncoding(declaration);
-  if (!name) return;
+  const std::optional<std::string_view> declared = DeclaredEncoding(declaration);
+  if (!declared) return;
+  std::string name(*declared);
+  for (char& c : name) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - ('a' - 'A'));
+  }
 
   struct Row {
     std::string_view name;
@@ -145,11 +146,11 @@ void TextDecoder::DetectEncoding() {
       Row{"US-ASCII", Width::kBytes, Encoding::kAscii},
       Row{"ASCII", Width::kBytes, Encoding::kAscii},
   };
-  const auto row = std::find_if(kRows.begin(), kRows.end(), [&](const Row& each) { return each.name == *name; });
+  const auto row = std::find_if(kRows.begin(), kRows.end(), [&](const Row& each) { return each.name == name; });
   if (row == kRows.end()) {
     fault_ = Fault::kUnknownEncoding;
   } else if (width == Width::kUtf16) {
-    const bool otherEnd = *name != "UTF-16" && row->encoding != encoding_;
+    const bool otherEnd = name != "UTF-16" && row->encoding != encoding_;
     if (row->width != Width::kUtf16 || otherEnd) fault_ = Fault::kContradictoryEncoding;
   } else if (row->width == Width::kUtf16 || (width == Width::kUtf8 && row->width != Width::kUtf8)) {
     fault_ = Fault::kContradictoryEncoding;

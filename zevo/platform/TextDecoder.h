@@ -12,6 +12,9 @@
 
 namespace zevo {
 
+/// The encoding that an XML declaration at the front of a text tells, as it stands there; nothing when it tells none.
+std::optional<std::string_view> DeclaredEncoding(std::string_view text);
+
 /// Turns the bytes of an XML file into UTF-8, so that the parser need know no other encoding. The byte order mark or
 /// the XML declaration tells the encoding: UTF-8, UTF-16, US-ASCII, ISO-8859-1 or Windows-1252.
 class TextDecoder {

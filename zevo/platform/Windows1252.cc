@@ -1,5 +1,6 @@
-#include <zevo/platform/Text.h>
 #include <zevo/platform/Windows1252.h>
+
+#include <zevo/platform/Text.h>
 
 namespace zevo {
 

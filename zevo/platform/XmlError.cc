@@ -1,5 +1,6 @@
-#include <libxml/parser.h>
 #include <zevo/platform/XmlError.h>
+
+#include <libxml/parser.h>
 
 #include <mutex>
 #include <string>
@@ -15,8 +16,12 @@ Error XmlError(int number, std::string_view source, std::string_view reason, int
   constexpr std::string_view kBlanks = " \t\r\n";
   reason = reason.substr(0, reason.find_last_not_of(kBlanks) + 1);
   std::string description(reason);
-  description.append(" (linha ").append(std::to_string(line));
-  description.append(", coluna ").append(std::to_string(column)).append(")");
+  if (line > 0) {
+    if (!description.empty()) description += ' ';
+    description.append("(linha ").append(std::to_string(line));
+    if (column > 0) description.append(", coluna ").append(std::to_string(column));
+    description += ')';
+  }
   return Error(number, std::string(source), std::move(description));
 }
 

@@ -10,7 +10,8 @@ namespace zevo {
 /// Makes libxml2 ready for use, once in the process. The library never shuts it down: the host may use it too.
 void InitialiseXml();
 
-/// An error of the XML parser or validator: its number, and its reason with line and column.
+/// An error of the XML parser or validator: its number, and its reason with line and column, as far as they
+/// are known: 0 is unknown.
 Error XmlError(int number, std::string_view source, std::string_view reason, int line, int column);
 
 }  // namespace zevo
