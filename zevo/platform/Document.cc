@@ -44,12 +44,11 @@ Node* Document::NewNode(NodeKind kind, uint32_t name) {
   if (chunks_used_ == 0 || chunks_[chunks_used_ - 1]->used == kNodesInChunk) {
     if (chunks_used_ == chunks_.size()) {
       if (chunks_.size() > (UINT32_MAX >> kSlotBits)) throw std::bad_alloc();
-      chunks_.reserve(chunks_.size() + 1);
-      auto* chunk = static_cast<Chunk*>(std::aligned_alloc(kChunkSize, kChunkSize));
+      std::unique_ptr<Chunk, FreeChunk> chunk(static_cast<Chunk*>(std::aligned_alloc(kChunkSize, kChunkSize)));
       if (chunk == nullptr) throw std::bad_alloc();
       chunk->document = this;
       chunk->number = static_cast<uint32_t>(chunks_.size());
-      chunks_.emplace_back(chunk);
+      chunks_.push_back(std::move(chunk));
     }
     // Reference 0 is no node.
     chunks_[chunks_used_]->used = chunks_used_ == 0 ? 1 : 0;

@@ -45,7 +45,6 @@ uint32_t NameTable::Insert(std::string_view text) {
   const size_t colon = text.find(':');
   const uint32_t local = colon == std::string_view::npos ? kNone : Add(text.substr(colon + 1));
   if (entries_.size() * 2 >= slots_.size()) Grow();
-  entries_.reserve(entries_.size() + 1);
   texts_.emplace_back(text);
   const bool ascii = std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
   const auto name = static_cast<uint32_t>(entries_.size());
