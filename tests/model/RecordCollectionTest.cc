@@ -1,0 +1,290 @@
+#include <gtest/gtest.h>
+#include <zevo/adapters.h>
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/Errors.h"
+
+namespace zevo {
+namespace {
+
+// How each collection's items are made to carry a number as their key. Entries of a tax table carry none.
+struct Lines {
+  using Collection = LineCollection;
+  static auto Item(int number) {
+    auto item = std::make_shared<TransactionLine>();
+    item->set_RecordID("L" + std::to_string(number));
+    return item;
+  }
+  static std::string Key(int number) { return "L" + std::to_string(number); }
+};
+struct InvoiceLines {
+  using Collection = InvoiceLineCollection;
+  static auto Item(int number) {
+    auto item = std::make_shared<InvoiceLine>();
+    item->set_LineNumber(number);
+    return item;
+  }
+  static std::string Key(int number) { return std::to_string(number); }
+};
+struct CreditNotes {
+  using Collection = CreditNoteCollection;
+  static auto Item(int number) {
+    auto item = std::make_shared<CreditNote>();
+    item->set_Reference("FT A/" + std::to_string(number));
+    return item;
+  }
+  static std::string Key(int number) { return "ft a/" + std::to_string(number); }
+};
+struct TaxEntries {
+  using Collection = TaxTableEntryCollection;
+  static auto Item(int number) {
+    auto item = std::make_shared<TaxTableEntry>();
+    item->set_TaxCode(std::to_string(number));
+    return item;
+  }
+};
+
+template <class Traits>
+class CollectionTest : public ::testing::Test {
+ protected:
+  using Item = std::shared_ptr<typename Traits::Collection::ItemType>;
+
+  // Adds items with the numbers 1, 2 and so on.
+  void Fill(int count) {
+    for (int number = 1; number <= count; ++number) {
+      items_.push_back(Traits::Item(number));
+      collection_.Add(items_.back());
+    }
+  }
+  void ExpectHolds(const std::vector<Item>& items) const {
+    EXPECT_EQ(std::vector<Item>(collection_.begin(), collection_.end()), items);
+    ASSERT_EQ(collection_.Count(), static_cast<int32_t>(items.size()));
+    for (size_t i = 0; i < items.size(); ++i) EXPECT_EQ(collection_.Item(static_cast<int32_t>(i) + 1), items[i]);
+  }
+
+  typename Traits::Collection collection_;
+  std::vector<Item> items_;
+};
+using AllCollections = ::testing::Types<Lines, InvoiceLines, CreditNotes, TaxEntries>;
+TYPED_TEST_SUITE(CollectionTest, AllCollections);
+
+template <class Traits>
+using KeyedCollectionTest = CollectionTest<Traits>;
+using KeyedCollections = ::testing::Types<Lines, InvoiceLines, CreditNotes>;
+TYPED_TEST_SUITE(KeyedCollectionTest, KeyedCollections);
+
+TYPED_TEST(CollectionTest, StartsEmpty) {
+  this->ExpectHolds({});
+  EXPECT_EQ(this->collection_.begin(), this->collection_.end());
+}
+
+TYPED_TEST(CollectionTest, KeepsTheOrderInWhichItemsWereAdded) {
+  this->Fill(20);
+  this->ExpectHolds(this->items_);
+}
+
+TYPED_TEST(CollectionTest, LaterItemsMoveUpWhenOneIsRemoved) {
+  this->Fill(20);
+  for (const int position : {20, 7, 1}) {
+    this->collection_.Remove(position);
+    this->items_.erase(this->items_.begin() + position - 1);
+    this->ExpectHolds(this->items_);
+  }
+}
+
+TYPED_TEST(CollectionTest, APositionOutOfRangeFailsAndChangesNothing) {
+  this->Fill(2);
+  for (const int position : {0, -1, 3, std::numeric_limits<int32_t>::max(), std::numeric_limits<int32_t>::min()}) {
+    EXPECT_ERROR(this->collection_.Item(position), 9, "ZevoAdapters11");
+    EXPECT_ERROR(this->collection_.Remove(position), 9, "ZevoAdapters11");
+  }
+  this->ExpectHolds(this->items_);
+  this->collection_.Clear();
+  EXPECT_ERROR(this->collection_.Item(1), 9, "ZevoAdapters11");
+}
+
+TYPED_TEST(CollectionTest, AnUnknownKeyFailsAndChangesNothing) {
+  this->Fill(2);
+  for (const std::string_view key : {"", "3", "L3", "outra"}) {
+    EXPECT_ERROR(this->collection_.Item(key), 5, "ZevoAdapters11");
+    EXPECT_ERROR(this->collection_.Remove(key), 5, "ZevoAdapters11");
+  }
+  this->ExpectHolds(this->items_);
+}
+
+TYPED_TEST(CollectionTest, ANullItemIsAnInvalidCall) {
+  this->Fill(1);
+  EXPECT_ERROR(this->collection_.Add(nullptr), 5, "ZevoAdapters11");
+  this->ExpectHolds(this->items_);
+}
+
+TYPED_TEST(CollectionTest, ClearRemovesEveryItemAndDoesNothingOnAnEmptyList) {
+  this->collection_.Clear();
+  this->ExpectHolds({});
+  this->Fill(20);
+  this->collection_.Clear();
+  this->ExpectHolds({});
+  this->collection_.Clear();
+  this->items_.clear();
+  this->Fill(3);
+  this->ExpectHolds(this->items_);
+}
+
+TYPED_TEST(CollectionTest, ItemsLiveAsLongAsTheyAreInTheList) {
+  auto item = TypeParam::Item(1);
+  const std::weak_ptr alive = item;
+  this->collection_.Add(item);
+  item.reset();
+  EXPECT_FALSE(alive.expired());
+  this->collection_.Remove(1);
+  EXPECT_TRUE(alive.expired());
+}
+
+TYPED_TEST(KeyedCollectionTest, AKeyFindsItsItemHoweverManyThereAre) {
+  this->Fill(20);
+  for (int number = 1; number <= 20; ++number) {
+    EXPECT_EQ(this->collection_.Item(TypeParam::Key(number)), this->items_[static_cast<size_t>(number) - 1]);
+  }
+}
+
+TYPED_TEST(KeyedCollectionTest, ATakenKeyFailsAndChangesNothing) {
+  for (const int count : {2, 20}) {
+    this->collection_.Clear();
+    this->items_.clear();
+    this->Fill(count);
+    EXPECT_ERROR(this->collection_.Add(TypeParam::Item(2)), 457, "ZevoAdapters11");
+    this->ExpectHolds(this->items_);
+    EXPECT_EQ(this->collection_.Item(TypeParam::Key(2)), this->items_[1]);
+  }
+}
+
+TYPED_TEST(KeyedCollectionTest, TheSameItemCannotBeAddedTwiceToOneListButToTwo) {
+  this->Fill(1);
+  EXPECT_ERROR(this->collection_.Add(this->items_[0]), 457, "ZevoAdapters11");
+  typename TypeParam::Collection other;
+  other.Add(this->items_[0]);
+  EXPECT_EQ(other.Item(TypeParam::Key(1)), this->items_[0]);
+}
+
+TYPED_TEST(KeyedCollectionTest, AnItemIsRemovedByItsKey) {
+  this->Fill(20);
+  for (const int number : {5, 20, 1}) {
+    this->collection_.Remove(TypeParam::Key(number));
+    EXPECT_ERROR(this->collection_.Item(TypeParam::Key(number)), 5, "ZevoAdapters11");
+  }
+  EXPECT_EQ(this->collection_.Count(), 17);
+  EXPECT_EQ(this->collection_.Item(1), this->items_[1]);
+  EXPECT_EQ(this->collection_.Item(TypeParam::Key(6)), this->items_[5]);
+}
+
+TYPED_TEST(KeyedCollectionTest, ARemovedKeyCanBeAddedAgain) {
+  this->Fill(3);
+  this->collection_.Remove(2);
+  const auto again = TypeParam::Item(2);
+  this->collection_.Add(again);
+  EXPECT_EQ(this->collection_.Item(TypeParam::Key(2)), again);
+  EXPECT_EQ(this->collection_.Item(3), again);
+  this->collection_.Clear();
+  this->collection_.Add(again);
+  EXPECT_EQ(this->collection_.Item(TypeParam::Key(2)), again);
+}
+
+TYPED_TEST(KeyedCollectionTest, TheKeyIsThatOfTheTimeOfAdding) {
+  auto item = TypeParam::Item(1);
+  this->collection_.Add(item);
+  if constexpr (std::is_same_v<TypeParam, Lines>) item->set_RecordID("L9");
+  if constexpr (std::is_same_v<TypeParam, InvoiceLines>) item->set_LineNumber(9);
+  if constexpr (std::is_same_v<TypeParam, CreditNotes>) item->set_Reference("FT A/9");
+  EXPECT_EQ(this->collection_.Item(TypeParam::Key(1)), item);
+  EXPECT_ERROR(this->collection_.Item(TypeParam::Key(9)), 5, "ZevoAdapters11");
+  EXPECT_ERROR(this->collection_.Add(TypeParam::Item(1)), 457, "ZevoAdapters11");
+  this->collection_.Add(TypeParam::Item(9));
+  EXPECT_EQ(this->collection_.Count(), 2);
+}
+
+TEST(RecordCollectionTest, AKeyTextIsNotAPosition) {
+  InvoiceLineCollection lines;
+  for (const int number : {3, 2, 1}) lines.Add(InvoiceLines::Item(number));
+  EXPECT_EQ(lines.Item("1")->LineNumber(), 1);
+  EXPECT_EQ(lines.Item(1)->LineNumber(), 3);
+  EXPECT_EQ(lines.Item("2"), lines.Item(2));
+  EXPECT_ERROR(lines.Item("01"), 5, "ZevoAdapters11");
+}
+
+TEST(RecordCollectionTest, ALineNumberIsAKeyWhateverItsSign) {
+  InvoiceLineCollection lines;
+  for (const int number : {0, -1, std::numeric_limits<int32_t>::min()}) lines.Add(InvoiceLines::Item(number));
+  EXPECT_EQ(lines.Item("0"), lines.Item(1));
+  EXPECT_EQ(lines.Item("-1"), lines.Item(2));
+  EXPECT_EQ(lines.Item("-2147483648"), lines.Item(3));
+}
+
+TEST(RecordCollectionTest, KeysCompareWithoutRegardToLetterCase) {
+  LineCollection lines;
+  auto line = std::make_shared<TransactionLine>();
+  line->set_RecordID("Ação-Š");
+  lines.Add(line);
+  EXPECT_EQ(lines.Item("AÇÃO-š"), line);
+  EXPECT_ERROR(lines.Item("Acao-S"), 5, "ZevoAdapters11");
+  auto other = std::make_shared<TransactionLine>();
+  other->set_RecordID("aÇÃO-š");
+  EXPECT_ERROR(lines.Add(other), 457, "ZevoAdapters11");
+  CreditNoteCollection notes;
+  auto note = std::make_shared<CreditNote>();
+  note->set_Reference("FT ç/1");
+  notes.Add(note);
+  EXPECT_EQ(notes.Item("ft Ç/1"), note);
+}
+
+TEST(RecordCollectionTest, TwoLinesWithoutAnIdentifierCollide) {
+  LineCollection lines;
+  lines.Add(std::make_shared<TransactionLine>());
+  EXPECT_ERROR(lines.Add(std::make_shared<TransactionLine>()), 457, "ZevoAdapters11");
+  EXPECT_EQ(lines.Count(), 1);
+  EXPECT_EQ(lines.Item(""), lines.Item(1));
+}
+
+TEST(RecordCollectionTest, EntriesWithoutAKeyMayBeEqualAndTheSame) {
+  TaxTableEntryCollection entries;
+  const auto entry = std::make_shared<TaxTableEntry>();
+  entries.Add(entry);
+  entries.Add(entry);
+  entries.Add(std::make_shared<TaxTableEntry>());
+  EXPECT_EQ(entries.Count(), 3);
+  EXPECT_EQ(entries.Item(2), entry);
+}
+
+TEST(RecordCollectionTest, OneIdentifierMayStandInTwoTransactions) {
+  Transaction first, second;
+  first.Line()->Add(Lines::Item(1));
+  second.Line()->Add(Lines::Item(1));
+  EXPECT_EQ(first.Line()->Count(), 1);
+  EXPECT_NE(first.Line()->Item("L1"), second.Line()->Item("L1"));
+}
+
+TEST(RecordCollectionTest, AddingTakesNoLongerTheMoreItemsThereAre) {
+  // The best of a few runs, since other programs take their time too.
+  const auto secondsFor = [](int count) {
+    double best = 1e9;
+    for (int run = 0; run < 5; ++run) {
+      TaxTableEntryCollection entries;
+      const auto entry = std::make_shared<TaxTableEntry>();
+      const auto start = std::chrono::steady_clock::now();
+      for (int i = 0; i < count; ++i) entries.Add(entry);
+      best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return best;
+  };
+  // Sixteen times the items: linear growth stays far below this, quadratic growth takes 256 times as long.
+  const double few = secondsFor(2000) + 1e-4;
+  EXPECT_LT(secondsFor(32000), 100 * few);
+}
+
+}  // namespace
+}  // namespace zevo
