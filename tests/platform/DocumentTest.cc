@@ -1,0 +1,510 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <zevo/platform/Document.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/platform/Parsing.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr std::array<std::string_view, 3> kVocabulary = {"AuditFile", "Journal", "JournalID"};
+
+class DocumentTest : public ::testing::Test {
+ protected:
+  Element AddJournal(std::string_view id) {
+    const Element journal = document_.AppendElement(root_, "Journal");
+    document_.SetText(document_.AppendElement(journal, "JournalID"), id);
+    return journal;
+  }
+  Element JournalOf(std::string_view id) { return document_.FirstChildByKey(root_, "Journal", "JournalID", id); }
+  Element Add(Element parent, std::string_view name, std::string_view text = {}) {
+    const Element element = document_.AppendElement(parent, name);
+    if (!text.empty()) document_.SetText(element, text);
+    return element;
+  }
+  static std::vector<std::string> NamesOf(const ElementRange& elements) {
+    std::vector<std::string> names;
+    for (const Element element : elements) names.emplace_back(element.Name());
+    return names;
+  }
+
+  Document document_;
+  Element root_ = document_.AppendElement(Element(), "AuditFile");
+};
+
+// A tree of 8.5 million elements must fit into a 32-bit host.
+TEST(Document, ANodeTakes24Bytes) { EXPECT_EQ(sizeof(Node), 24u); }
+
+TEST(Document, AnElementIsOneWordAndNothingByDefault) {
+  EXPECT_EQ(sizeof(Element), sizeof(void*));
+  EXPECT_FALSE(Element());
+}
+
+TEST(Document, IsEmptyAtFirst) {
+  const Document document;
+  EXPECT_FALSE(document.Root());
+}
+
+TEST(Document, NumbersItsVocabularyFromOne) {
+  Document document(kVocabulary);
+  EXPECT_EQ(document.AppendElement(Element(), 2).Name(), "Journal");
+  EXPECT_EQ(document.Names().Find("JournalID"), 3u);
+}
+
+TEST_F(DocumentTest, ElementsStandInTheOrderInWhichTheyWereAppended) {
+  Add(root_, "Header");
+  const Element files = Add(root_, "MasterFiles");
+  Add(root_, "Entries");
+  Add(files, "Customer");
+  EXPECT_EQ(document_.Root(), root_);
+  EXPECT_THAT(NamesOf(root_.Children()), ElementsAre("Header", "MasterFiles", "Entries"));
+  EXPECT_THAT(NamesOf(files.Children()), ElementsAre("Customer"));
+  EXPECT_EQ(files.Parent(), root_);
+  EXPECT_FALSE(root_.Parent());
+  EXPECT_EQ(files.NextSibling().Name(), "Entries");
+  EXPECT_FALSE(files.NextSibling().NextSibling());
+  EXPECT_EQ(&files.Owner(), &document_);
+}
+
+TEST_F(DocumentTest, ChildrenPassOverEverythingThatIsNoElement) {
+  document_.AppendAttribute(root_, "k", "v");
+  document_.AppendText(root_, NodeKind::kText, "\n");
+  Add(root_, "a");
+  document_.AppendText(root_, NodeKind::kComment, "c");
+  document_.AppendText(root_, NodeKind::kInstruction, "d", "t");
+  Add(root_, "b");
+  document_.AppendText(root_, NodeKind::kCData, "x");
+  EXPECT_THAT(NamesOf(root_.Children()), ElementsAre("a", "b"));
+  EXPECT_THAT(NamesOf(Element().Children()), ElementsAre());
+}
+
+TEST_F(DocumentTest, ElementsAreFoundByTheirLocalName) {
+  Add(root_, "n1:Header");
+  EXPECT_EQ(document_.FirstChild(root_, "Header").QualifiedName(), "n1:Header");
+  EXPECT_EQ(document_.FirstChild(root_, "Header").Name(), "Header");
+  EXPECT_FALSE(document_.FirstChild(root_, "n1"));
+}
+
+// The first child of a name.
+
+TEST_F(DocumentTest, TheFirstChildOfANameIsFoundAgainAndAgain) {
+  const Element first = Add(root_, "Header");
+  Add(root_, "Header");
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(document_.FirstChild(root_, "Header"), first);
+}
+
+TEST_F(DocumentTest, AChildThatWasMissingIsFoundOnceItIsThere) {
+  EXPECT_FALSE(document_.FirstChild(root_, "Header"));
+  Add(root_, "MasterFiles");
+  EXPECT_FALSE(document_.FirstChild(root_, "Header"));
+  const Element header = Add(root_, "Header");
+  EXPECT_EQ(document_.FirstChild(root_, "Header"), header);
+}
+
+TEST_F(DocumentTest, FirstChildrenOfManyParentsAreNotMixedUp) {
+  std::vector<Element> parents;
+  for (int i = 0; i < 100; ++i) {
+    const Element parent = Add(root_, "p");
+    Add(parent, "a", std::to_string(i));
+    Add(parent, "b", std::to_string(-i));
+    parents.push_back(parent);
+  }
+  for (int round = 0; round < 2; ++round) {
+    for (int i = 0; i < 100; ++i) {
+      const Element parent = parents[static_cast<size_t>(i)];
+      EXPECT_EQ(document_.FirstChild(parent, "a").LeadingText(), std::to_string(i));
+      EXPECT_EQ(document_.FirstChild(parent, "b").LeadingText(), std::to_string(-i));
+    }
+  }
+}
+
+TEST_F(DocumentTest, AChildThatWasReplacedByTextIsNotFoundAnyMore) {
+  const Element parent = Add(root_, "p");
+  Add(parent, "a");
+  EXPECT_TRUE(document_.FirstChild(parent, "a"));
+  document_.SetText(parent, "text");
+  EXPECT_FALSE(document_.FirstChild(parent, "a"));
+  const Element again = Add(parent, "a");
+  EXPECT_EQ(document_.FirstChild(parent, "a"), again);
+  document_.SetText(parent, "");
+  EXPECT_FALSE(document_.FirstChild(parent, "a"));
+}
+
+TEST_F(DocumentTest, AChildOfAParentWithAttributesThatWasReplacedByTextIsNotFoundAnyMore) {
+  const Element parent = Add(root_, "p");
+  document_.AppendAttribute(parent, "k", "v");
+  Add(parent, "a");
+  EXPECT_TRUE(document_.FirstChild(parent, "a"));
+  document_.SetText(parent, "text");
+  EXPECT_FALSE(document_.FirstChild(parent, "a"));
+}
+
+TEST_F(DocumentTest, AnAttributeIsNoChild) {
+  document_.AppendAttribute(root_, "Header", "v");
+  EXPECT_FALSE(document_.FirstChild(root_, "Header"));
+}
+
+// Children by key.
+
+TEST_F(DocumentTest, AChildIsFoundByItsKey) {
+  const Element a = AddJournal("A");
+  const Element b = AddJournal("B");
+  EXPECT_EQ(JournalOf("A"), a);
+  EXPECT_EQ(JournalOf("B"), b);
+  EXPECT_FALSE(JournalOf("C"));
+  EXPECT_FALSE(JournalOf("a"));
+  EXPECT_FALSE(JournalOf(""));
+}
+
+TEST_F(DocumentTest, OfEqualKeysTheFirstIsFound) {
+  const Element first = AddJournal("A");
+  EXPECT_EQ(JournalOf("A"), first);
+  AddJournal("A");
+  EXPECT_EQ(JournalOf("A"), first);
+}
+
+TEST_F(DocumentTest, AChildAddedAfterAQuestionIsFound) {
+  EXPECT_FALSE(JournalOf("A"));
+  AddJournal("B");
+  EXPECT_FALSE(JournalOf("A"));
+  const Element a = AddJournal("A");
+  EXPECT_EQ(JournalOf("A"), a);
+}
+
+TEST_F(DocumentTest, AKeyAddedAfterAQuestionIsFound) {
+  const Element journal = document_.AppendElement(root_, "Journal");
+  AddJournal("B");
+  EXPECT_FALSE(JournalOf("A"));
+  const Element id = document_.AppendElement(journal, "JournalID");
+  document_.SetText(id, "A");
+  EXPECT_EQ(JournalOf("A"), journal);
+}
+
+TEST_F(DocumentTest, AnEarlierChildThatGetsTheKeyLaterComesFirst) {
+  const Element earlier = document_.AppendElement(root_, "Journal");
+  const Element later = AddJournal("A");
+  EXPECT_EQ(JournalOf("A"), later);
+  document_.SetText(document_.AppendElement(earlier, "JournalID"), "A");
+  EXPECT_EQ(JournalOf("A"), earlier);
+}
+
+TEST_F(DocumentTest, AKeyWhoseTextIsSetAfterAQuestionIsFound) {
+  const Element journal = document_.AppendElement(root_, "Journal");
+  const Element id = document_.AppendElement(journal, "JournalID");
+  EXPECT_EQ(JournalOf(""), journal);
+  document_.SetText(id, "A");
+  EXPECT_EQ(JournalOf("A"), journal);
+  EXPECT_FALSE(JournalOf(""));
+}
+
+TEST_F(DocumentTest, AKeyThatIsAdoptedAfterAQuestionIsFound) {
+  const Element journal = document_.AppendElement(root_, "Journal");
+  const Element id = document_.AppendElement(journal, "JournalID");
+  EXPECT_EQ(JournalOf(""), journal);
+  document_.AdoptText(id, document_.CopyText("A"));
+  EXPECT_EQ(JournalOf("A"), journal);
+}
+
+TEST_F(DocumentTest, AKeyToWhichTextIsAppendedAfterAQuestionIsFoundWhole) {
+  const Element journal = AddJournal("A");
+  EXPECT_EQ(JournalOf("A"), journal);
+  document_.AppendText(document_.FirstChild(journal, "JournalID"), NodeKind::kCData, "B");
+  EXPECT_EQ(JournalOf("AB"), journal);
+  EXPECT_FALSE(JournalOf("A"));
+}
+
+TEST_F(DocumentTest, AKeyThatChangedIsFoundUnderItsNewText) {
+  const Element journal = AddJournal("A");
+  const Element other = AddJournal("B");
+  EXPECT_EQ(JournalOf("A"), journal);
+  for (const std::string_view text : {"C", "longer than before", "D"}) {
+    document_.SetText(document_.FirstChild(journal, "JournalID"), text);
+    EXPECT_FALSE(JournalOf("A"));
+    EXPECT_EQ(JournalOf(text), journal);
+    EXPECT_EQ(JournalOf("B"), other);
+  }
+}
+
+TEST_F(DocumentTest, AKeyMayHoldElements) {
+  const Element journal = document_.AppendElement(root_, "Journal");
+  const Element id = document_.AppendElement(journal, "JournalID");
+  Add(id, "part", "A");
+  Add(id, "part", "B");
+  EXPECT_EQ(JournalOf("AB"), journal);
+  EXPECT_FALSE(JournalOf("A"));
+}
+
+TEST_F(DocumentTest, AChildIsFoundByAnyOfItsKeys) {
+  const Element journal = AddJournal("A");
+  Add(journal, "JournalID", "B");
+  EXPECT_EQ(JournalOf("A"), journal);
+  EXPECT_EQ(JournalOf("B"), journal);
+}
+
+TEST_F(DocumentTest, AChildThatWasReplacedByTextIsNotFoundByItsKeyAnyMore) {
+  const Element journal = AddJournal("A");
+  EXPECT_TRUE(JournalOf("A"));
+  document_.SetText(journal, "text");
+  EXPECT_FALSE(JournalOf("A"));
+  AddJournal("B");
+  document_.SetText(root_, "text");
+  EXPECT_FALSE(JournalOf("B"));
+}
+
+TEST_F(DocumentTest, QuestionsAboutSeveralParentsAndKeysDoNotMix) {
+  const Element one = Add(root_, "Journal");
+  const Element two = Add(root_, "Journal");
+  const Element inOne = Add(one, "Transaction");
+  const Element inTwo = Add(two, "Transaction");
+  for (const Element transaction : {inOne, inTwo}) {
+    Add(transaction, "TransactionID", "1");
+    Add(transaction, "Period", "12");
+  }
+  const auto find = [&](Element parent, std::string_view key, std::string_view text) {
+    return document_.FirstChildByKey(parent, "Transaction", key, text);
+  };
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(find(one, "TransactionID", "1"), inOne);
+    EXPECT_EQ(find(two, "TransactionID", "1"), inTwo);
+    EXPECT_EQ(find(two, "Period", "12"), inTwo);
+    EXPECT_FALSE(find(one, "Period", "1"));
+    EXPECT_FALSE(find(root_, "TransactionID", "1"));
+  }
+}
+
+TEST_F(DocumentTest, SeveralDocumentsKeepTheirOwnAnswers) {
+  Document other;
+  const Element otherRoot = other.AppendElement(Element(), "AuditFile");
+  const Element otherJournal = other.AppendElement(otherRoot, "Journal");
+  other.SetText(other.AppendElement(otherJournal, "JournalID"), "A");
+  const Element journal = AddJournal("A");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(JournalOf("A"), journal);
+    EXPECT_EQ(other.FirstChildByKey(otherRoot, "Journal", "JournalID", "A"), otherJournal);
+    EXPECT_EQ(document_.FirstChild(root_, "Journal"), journal);
+    EXPECT_EQ(other.FirstChild(otherRoot, "Journal"), otherJournal);
+  }
+  EXPECT_EQ(&otherJournal.Owner(), &other);
+}
+
+// The best of several runs: other programs share the machine.
+template <class Code>
+double BestSeconds(Code&& code) {
+  double best = 1e9;
+  for (int i = 0; i < 2; ++i) {
+    const auto start = std::chrono::steady_clock::now();
+    code();
+    best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+  }
+  return best;
+}
+
+// Adds journals, looks each one up right away and again at the end, and gives every one a child.
+void BuildJournals(int count) {
+  Document document;
+  const Element root = document.AppendElement(Element(), "Entries");
+  int found = 0;
+  const auto find = [&](int i) {
+    const Element journal = document.FirstChildByKey(root, "Journal", "JournalID", std::to_string(i));
+    if (journal) document.AppendElement(journal, "Transaction");
+    return journal ? 1 : 0;
+  };
+  for (int i = 0; i < count; ++i) {
+    const Element journal = document.AppendElement(root, "Journal");
+    document.SetText(document.AppendElement(journal, "JournalID"), std::to_string(i));
+    found += find(i);
+  }
+  for (int i = 0; i < count; ++i) found += find(i);
+  EXPECT_EQ(found, 2 * count);
+}
+
+TEST(Document, LookingUp200000JournalsByKeyTakesTimeLinearInTheirNumber) {
+  const double some = BestSeconds([] { BuildJournals(100'000); });
+  const double twice = BestSeconds([] { BuildJournals(200'000); });
+  EXPECT_LT(twice, 4 * some);
+}
+
+TEST(Document, AppendingAndFindingTheFirstChildTakesTimeLinearInTheChildren) {
+  const auto build = [](int count) {
+    Document document;
+    const Element root = document.AppendElement(Element(), "r");
+    for (int i = 0; i < count; ++i) document.AppendElement(root, "Customer");
+    const Element last = document.AppendElement(root, "Totals");
+    for (int i = 0; i < count; ++i) {
+      document.SetText(document.FirstChild(root, "Totals"), std::to_string(i));
+      EXPECT_EQ(document.FirstChild(root, "Totals"), last);
+    }
+  };
+  const double some = BestSeconds([&] { build(100'000); });
+  const double twice = BestSeconds([&] { build(200'000); });
+  EXPECT_LT(twice, 4 * some);
+}
+
+// Texts.
+
+TEST_F(DocumentTest, SetTextReplacesTheTextOfALeaf) {
+  const Element leaf = Add(root_, "leaf");
+  for (const std::string_view text : {"one", "a longer text", "", "x", "two"}) {
+    document_.SetText(leaf, text);
+    EXPECT_EQ(leaf.LeadingText(), text);
+    EXPECT_EQ(leaf.AllText(), text);
+  }
+}
+
+TEST_F(DocumentTest, SetTextTakesAPartOfTheTextItReplaces) {
+  const Element leaf = Add(root_, "leaf", "0123456789");
+  document_.SetText(leaf, leaf.LeadingText().substr(3, 4));
+  EXPECT_EQ(leaf.LeadingText(), "3456");
+}
+
+TEST_F(DocumentTest, SetTextKeepsAttributes) {
+  const Element element = Add(root_, "e");
+  document_.AppendAttribute(element, "k", "1");
+  document_.AppendAttribute(element, "l", "2");
+  for (const std::string_view text : {"one", "another", ""}) {
+    document_.SetText(element, text);
+    EXPECT_EQ(element.Attribute("k"), "1");
+    EXPECT_EQ(element.Attribute("l"), "2");
+    EXPECT_EQ(element.AllText(), text);
+  }
+  EXPECT_EQ(testing::BytesOf(document_),
+            "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n"
+            "<AuditFile><e k=\"1\" l=\"2\"/></AuditFile>\n");
+}
+
+TEST_F(DocumentTest, SetTextReplacesAllContent) {
+  const Element element = Add(root_, "e");
+  Add(element, "child", "x");
+  document_.AppendText(element, NodeKind::kComment, "c");
+  document_.SetText(element, "text");
+  EXPECT_EQ(element.AllText(), "text");
+  EXPECT_THAT(NamesOf(element.Children()), ElementsAre());
+}
+
+TEST_F(DocumentTest, TheTextOfALeafStaysInFrontOfWhatIsAppended) {
+  const Element element = Add(root_, "e", "text");
+  Add(element, "child", "x");
+  EXPECT_EQ(element.LeadingText(), "text");
+  EXPECT_EQ(element.AllText(), "textx");
+  EXPECT_THAT(NamesOf(element.Children()), ElementsAre("child"));
+}
+
+TEST_F(DocumentTest, LeadingTextEndsAtTheFirstMarkup) {
+  const testing::Parsing parsing;
+  struct Row {
+    std::string_view content;
+    std::string_view leading;
+    std::string_view all;
+  };
+  for (const Row& row : {
+           Row{"", "", ""},
+           Row{"x", "x", "x"},
+           Row{"x &lt; y", "x < y", "x < y"},
+           Row{" x ", " x ", " x "},
+           Row{"x<b>y</b>z", "x", "xyz"},
+           Row{"<b>y</b>z", "", "yz"},
+           Row{"x<!--c-->y", "x", "xy"},
+           Row{"<!--c-->y", "", "y"},
+           Row{"x<?t d?>y", "x", "xy"},
+           Row{"<![CDATA[y]]>z", "", "yz"},
+           Row{"x<![CDATA[<y>]]>", "x", "x<y>"},
+           Row{"<b><c>1</c><c k='9'>2</c></b>3", "", "123"},
+       }) {
+    for (const std::string attribute : {"", " k='v'"}) {
+      Document document;
+      parsing.Load(document, "<a><e" + attribute + ">" + std::string(row.content) + "</e><f>behind</f></a>");
+      const Element element = document.FirstChild(document.Root(), "e");
+      EXPECT_EQ(element.LeadingText(), row.leading) << row.content;
+      EXPECT_EQ(element.AllText(), row.all) << row.content;
+    }
+  }
+}
+
+TEST_F(DocumentTest, AttributesAreAskedByTheirQualifiedName) {
+  document_.AppendAttribute(root_, "p:k", "1");
+  document_.AppendAttribute(root_, "l", "");
+  EXPECT_EQ(root_.Attribute("p:k"), "1");
+  EXPECT_EQ(root_.Attribute("l"), "");
+  EXPECT_EQ(root_.Attribute("k"), std::nullopt);
+  EXPECT_EQ(Add(root_, "leaf", "text").Attribute("l"), std::nullopt);
+}
+
+TEST_F(DocumentTest, TextsLargerThanABlockOfTheArenaAreKeptWhole) {
+  std::vector<std::string> texts;
+  for (const size_t size : {1u, 65'535u, 65'536u, 65'537u, 1'000'000u, 10u}) {
+    texts.push_back(std::string(size, static_cast<char>('a' + texts.size())));
+    Add(root_, "e", texts.back());
+  }
+  size_t at = 0;
+  for (const Element element : root_.Children()) EXPECT_TRUE(element.LeadingText() == texts[at++]);
+}
+
+// The order of the file.
+
+TEST_F(DocumentTest, FollowingWalksTheSubtreeInTheOrderOfTheFile) {
+  const testing::Parsing parsing;
+  Document document;
+  parsing.Load(document, "<!--0--><a k='v'>1<b><c/>2</b><!--3--><d>4</d></a><!--5-->");
+  const auto walk = [&](const Node* root) {
+    std::string order;
+    for (const Node* node = document.Following(root, root); node; node = document.Following(node, root)) {
+      order += node->kind == NodeKind::kElement ? document.Names().Text(node->name) : node->Text();
+    }
+    return order;
+  };
+  EXPECT_EQ(walk(document.Top()), "0a1bc23d5");
+  EXPECT_EQ(walk(document.Root().node()), "1bc23d");
+  EXPECT_EQ(walk(document.FirstChild(document.Root(), "b").node()), "c2");
+  EXPECT_EQ(walk(document.FirstChild(document.Root(), "d").node()), "");
+}
+
+// Clearing.
+
+TEST_F(DocumentTest, ClearedItIsAsNewAndCanBeFilledAgain) {
+  for (int round = 0; round < 5; ++round) {
+    document_.Clear();
+    EXPECT_FALSE(document_.Root());
+    document_.standalone = true;
+    root_ = document_.AppendElement(Element(), "AuditFile");
+    EXPECT_FALSE(JournalOf("A"));
+    EXPECT_FALSE(document_.FirstChild(root_, "Journal"));
+    for (int i = 0; i < 10'000; ++i) AddJournal(std::to_string(round * 10'000 + i));
+    EXPECT_EQ(JournalOf(std::to_string(round * 10'000 + 9'999)).Parent(), root_);
+    EXPECT_FALSE(JournalOf(std::to_string(round * 10'000 - 1)));
+    EXPECT_EQ(document_.FirstChild(root_, "Journal").AllText(), std::to_string(round * 10'000));
+  }
+  document_.Clear();
+  EXPECT_FALSE(document_.standalone);
+}
+
+TEST_F(DocumentTest, WhatWasNotWindows1252IsForgottenWhenCleared) {
+  document_.AppendText(root_, NodeKind::kComment, "Łódź");
+  Add(root_, "Ulica_Łódź");
+  document_.Clear();
+  document_.AppendElement(Element(), "a");
+  EXPECT_EQ(testing::BytesOf(document_), "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n<a/>\n");
+}
+
+TEST_F(DocumentTest, ClearedItFindsTheSameAnswersInOtherContent) {
+  // The same places of memory hold other elements now.
+  AddJournal("A");
+  EXPECT_TRUE(JournalOf("A"));
+  document_.Clear();
+  root_ = document_.AppendElement(Element(), "AuditFile");
+  Add(root_, "Header");
+  const Element journal = AddJournal("A");
+  EXPECT_EQ(JournalOf("A"), journal);
+  EXPECT_EQ(document_.FirstChild(root_, "Journal"), journal);
+}
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,367 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <zevo/platform/File.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/platform/Child.h"
+#include "tests/platform/Numbered.h"
+#include "tests/support/Errors.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace zevo {
+namespace {
+
+using namespace std::string_literals;
+using ::testing::ElementsAre;
+using testing::ErrorOf;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using testing::ReadBytes;
+using testing::RunInChild;
+
+constexpr std::string_view kOld = "old content";
+constexpr std::string_view kNew = "new and longer content";
+
+void Replace(const std::string& target, std::string_view bytes) {
+  FileReplacement replacement(target);
+  replacement.Write(bytes);
+  replacement.Commit();
+}
+
+// Runs code as a user without privileges; gives the number of the error that it raises, 0 for none.
+template <class Code>
+std::string NumberAsNobody(Code&& code) {
+  const testing::ChildResult result = RunInChild([&] {
+    if (geteuid() == 0 && seteuid(65534) != 0) return std::string("no change of user");
+    try {
+      code();
+    } catch (const Error& error) {
+      return std::to_string(error.Number());
+    }
+    return std::string("0");
+  });
+  EXPECT_EQ(result.status, 0);
+  return result.text;
+}
+
+unsigned ModeOf(const std::string& path) {
+  struct stat status {};
+  EXPECT_EQ(stat(path.c_str(), &status), 0);
+  return status.st_mode & 07777U;
+}
+
+class FileTest : public ::testing::Test {
+ protected:
+  // Everybody may come in; what they may do there is up to each test.
+  void SetUp() override { ASSERT_EQ(chmod(folder_.Path("").c_str(), 0777), 0); }
+
+  testing::TemporaryFolder folder_;
+};
+
+// Existence and deletion.
+
+TEST_F(FileTest, OnlyARegularFileOfThatVeryNameExists) {
+  const std::string file = folder_.Write("file.xml", "");
+  std::filesystem::create_directory(folder_.Path("directory"));
+  std::filesystem::create_symlink(file, folder_.Path("link"));
+  std::filesystem::create_symlink(folder_.Path("none"), folder_.Path("dangling"));
+  EXPECT_TRUE(FileExists(file));
+  EXPECT_TRUE(FileExists(folder_.Path("link")));
+  for (const std::string name : {"File.xml", "file.xm", "file.*", "directory", "dangling", "none", "file.xml/", ""}) {
+    EXPECT_FALSE(FileExists(folder_.Path(name))) << name;
+  }
+  EXPECT_FALSE(FileExists(""));
+  EXPECT_FALSE(FileExists("/dev/null"));
+}
+
+TEST_F(FileTest, ANameIsUtf8) {
+  const std::string file = folder_.Write("São João €.xml", kOld);
+  EXPECT_TRUE(FileExists(file));
+  Replace(file, kNew);
+  EXPECT_EQ(ReadBytes(file), kNew);
+}
+
+TEST_F(FileTest, ANameWithANulIsNoFilesName) {
+  const std::string file = folder_.Write("file.xml", kOld);
+  const std::string name = file + "\0.bak"s;
+  EXPECT_FALSE(FileExists(name));
+  EXPECT_ERROR(InputFile{name}, RunTimeError::kBadFileName, kRunTimeSource);
+  EXPECT_ERROR(Replace(name, kNew), RunTimeError::kBadFileName, kRunTimeSource);
+  EXPECT_ERROR(DeleteFile(name), RunTimeError::kBadFileName, kRunTimeSource);
+  EXPECT_EQ(ReadBytes(file), kOld);
+}
+
+TEST_F(FileTest, DeletedItIsGone) {
+  const std::string file = folder_.Write("file", kOld);
+  DeleteFile(file);
+  EXPECT_FALSE(FileExists(file));
+}
+
+TEST_F(FileTest, WhatCannotBeDeletedIsARunTimeError) {
+  EXPECT_ERROR(DeleteFile(folder_.Path("none")), RunTimeError::kFileNotFound, kRunTimeSource);
+  EXPECT_ERROR(DeleteFile(folder_.Path("")), RunTimeError::kPathFileAccess, kRunTimeSource);
+  const std::string file = folder_.Write("file", kOld);
+  ASSERT_EQ(chmod(folder_.Path("").c_str(), 0555), 0);
+  EXPECT_EQ(NumberAsNobody([&] { DeleteFile(file); }), "70");
+  EXPECT_TRUE(FileExists(file));
+}
+
+// Reading.
+
+TEST_F(FileTest, ReadsFrontToBackAndFewerOnlyAtTheEnd) {
+  InputFile file(folder_.Write("file", "0123456789"));
+  char bytes[16];
+  EXPECT_EQ(file.Read(bytes, 4), 4u);
+  EXPECT_EQ(std::string_view(bytes, 4), "0123");
+  EXPECT_EQ(file.Read(bytes, 16), 6u);
+  EXPECT_EQ(std::string_view(bytes, 6), "456789");
+  EXPECT_EQ(file.Read(bytes, 16), 0u);
+  EXPECT_EQ(file.Read(bytes, 16), 0u);
+}
+
+TEST_F(FileTest, AFileThatCannotBeOpenedIsARunTimeErrorWithReasonAndName) {
+  struct Row {
+    std::string name;
+    RunTimeError number;
+    int reason;
+  };
+  for (const Row& row : {
+           Row{folder_.Path("none"), RunTimeError::kFileNotFound, ENOENT},
+           Row{folder_.Write("file", "") + "/below", RunTimeError::kPathNotFound, ENOTDIR},
+           Row{folder_.Path(std::string(300, 'x')), RunTimeError::kBadFileName, ENAMETOOLONG},
+       }) {
+    const Error error = ErrorOf([&] { InputFile file(row.name); });
+    EXPECT_EQ(error.Number(), static_cast<int32_t>(row.number)) << row.name;
+    EXPECT_EQ(error.Source(), kRunTimeSource);
+    EXPECT_THAT(error.Description(), HasSubstr(std::strerror(row.reason)));
+    EXPECT_THAT(error.Description(), HasSubstr(row.name));
+  }
+}
+
+TEST_F(FileTest, AFileWithoutPermissionIsNotRead) {
+  const std::string file = folder_.Write("file", kOld);
+  ASSERT_EQ(chmod(file.c_str(), 0), 0);
+  EXPECT_EQ(NumberAsNobody([&] { InputFile{file}; }), "70");
+}
+
+TEST_F(FileTest, AFolderIsNotRead) {
+  EXPECT_ERROR(
+      {
+        InputFile folder(folder_.Path(""));
+        char byte;
+        folder.Read(&byte, 1);
+      },
+      RunTimeError::kPathFileAccess, kRunTimeSource);
+}
+
+// Replacing.
+
+TEST_F(FileTest, ANewFileHasItsContentAndTheModeOfAnyNewFile) {
+  const mode_t mask = umask(027);
+  Replace(folder_.Path("new"), kNew);
+  umask(mask);
+  EXPECT_EQ(ReadBytes(folder_.Path("new")), kNew);
+  EXPECT_EQ(ModeOf(folder_.Path("new")), 0640u);
+  EXPECT_THAT(folder_.Names(), ElementsAre("new"));
+}
+
+TEST_F(FileTest, NothingWrittenIsAnEmptyFile) {
+  const std::string file = folder_.Write("file", kOld);
+  FileReplacement(file).Commit();
+  EXPECT_EQ(ReadBytes(file), "");
+}
+
+TEST_F(FileTest, TheOldFileStaysUntilTheCommit) {
+  const std::string file = folder_.Write("file", kOld);
+  FileReplacement replacement(file);
+  replacement.Write(kNew);
+  EXPECT_EQ(ReadBytes(file), kOld);
+  replacement.Commit();
+  EXPECT_EQ(ReadBytes(file), kNew);
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
+TEST_F(FileTest, WithoutACommitNothingChangesAndNothingIsLeftOver) {
+  const std::string file = folder_.Write("file", kOld);
+  FileReplacement(file).Write(kNew);
+  FileReplacement(folder_.Path("new")).Write(kNew);
+  EXPECT_EQ(ReadBytes(file), kOld);
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
+TEST_F(FileTest, ModeBitsAreKept) {
+  const std::string file = folder_.Write("file", kOld);
+  for (const unsigned mode : {0600u, 0640u, 0666u, 0755u, 02770u}) {
+    ASSERT_EQ(chmod(file.c_str(), mode), 0);
+    Replace(file, kNew);
+    EXPECT_EQ(ModeOf(file), mode);
+  }
+}
+
+TEST_F(FileTest, LinksStayLinks) {
+  std::filesystem::create_directory(folder_.Path("other"));
+  const std::string file = folder_.Write("other/file", kOld);
+  std::filesystem::create_symlink("other/file", folder_.Path("link"));
+  std::filesystem::create_symlink("link", folder_.Path("link-to-link"));
+  Replace(folder_.Path("link-to-link"), kNew);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("link")));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("link-to-link")));
+  EXPECT_FALSE(std::filesystem::is_symlink(file));
+  EXPECT_EQ(ReadBytes(file), kNew);
+  EXPECT_THAT(folder_.Names(), ElementsAre("link", "link-to-link", "other"));
+}
+
+TEST_F(FileTest, ALinkToAFileThatIsYetToComeStaysALink) {
+  std::filesystem::create_symlink("yet-to-come", folder_.Path("link"));
+  Replace(folder_.Path("link"), kNew);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("link")));
+  EXPECT_EQ(ReadBytes(folder_.Path("yet-to-come")), kNew);
+}
+
+TEST_F(FileTest, TheLongestNameIsNoObstacle) {
+  const std::string name(255, 'x');
+  for (const std::string_view content : {kOld, kNew}) {
+    Replace(folder_.Path(name), content);
+    EXPECT_EQ(ReadBytes(folder_.Path(name)), content);
+  }
+  EXPECT_THAT(folder_.Names(), ElementsAre(name));
+}
+
+TEST_F(FileTest, ANameInTheCurrentFolder) {
+  const testing::ChildResult result = RunInChild([&] {
+    if (chdir(folder_.Path("").c_str()) != 0) return "no change of folder"s;
+    Replace("file", kNew);
+    return ReadBytes("file");
+  });
+  EXPECT_EQ(result.text, kNew);
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
+TEST_F(FileTest, TwoReplacementsOfOneFileDoNotMeet) {
+  const std::string file = folder_.Write("file", kOld);
+  FileReplacement first(file);
+  FileReplacement second(file);
+  first.Write("first");
+  second.Write("second");
+  first.Commit();
+  EXPECT_EQ(ReadBytes(file), "first");
+  second.Commit();
+  EXPECT_EQ(ReadBytes(file), "second");
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
+TEST_F(FileTest, TargetsThatCannotBeWrittenAreRunTimeErrors) {
+  std::filesystem::create_directory(folder_.Path("directory"));
+  folder_.Write("file", kOld);
+  struct Row {
+    std::string name;
+    RunTimeError number;
+  };
+  for (const Row& row : {
+           Row{folder_.Path("directory"), RunTimeError::kPathFileAccess},
+           Row{folder_.Path("none/file"), RunTimeError::kPathNotFound},
+           Row{folder_.Path("file/below"), RunTimeError::kPathNotFound},
+           Row{folder_.Path(std::string(256, 'x')), RunTimeError::kBadFileName},
+           Row{"", RunTimeError::kFileNotFound},
+       }) {
+    const Error error = ErrorOf([&] { Replace(row.name, kNew); });
+    EXPECT_EQ(error.Number(), static_cast<int32_t>(row.number)) << row.name;
+    EXPECT_EQ(error.Source(), kRunTimeSource);
+    EXPECT_THAT(error.Description(), HasSubstr(row.name));
+  }
+  EXPECT_THAT(folder_.Names(), ElementsAre("directory", "file"));
+  EXPECT_EQ(ReadBytes(folder_.Path("file")), kOld);
+}
+
+TEST_F(FileTest, AReadOnlyFileStaysAsItIs) {
+  const std::string file = folder_.Write("file", kOld);
+  ASSERT_EQ(chmod(file.c_str(), 0444), 0);
+  EXPECT_EQ(NumberAsNobody([&] { Replace(file, kNew); }), "70");
+  EXPECT_EQ(ReadBytes(file), kOld);
+  EXPECT_EQ(ModeOf(file), 0444u);
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
+TEST_F(FileTest, AFolderWithoutPermissionStaysAsItIs) {
+  const std::string file = folder_.Write("file", kOld);
+  ASSERT_EQ(chmod(file.c_str(), 0666), 0);
+  ASSERT_EQ(chmod(folder_.Path("").c_str(), 0555), 0);
+  EXPECT_EQ(NumberAsNobody([&] { Replace(file, kNew); }), "70");
+  EXPECT_EQ(NumberAsNobody([&] { Replace(folder_.Path("new"), kNew); }), "70");
+  EXPECT_EQ(ReadBytes(file), kOld);
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
+TEST_F(FileTest, ADeviceIsWrittenToDirectly) {
+  EXPECT_NO_THROW(Replace("/dev/null", kNew));
+  EXPECT_EQ(ErrorOf([] { Replace("/dev/full", kNew); }).Number(), static_cast<int32_t>(RunTimeError::kDiskFull));
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+}
+
+// A disk that fills up at every place of the content.
+class FullDisk : public FileTest, public ::testing::WithParamInterface<rlim_t> {};
+
+TEST_P(FullDisk, LeavesTheOldFileWholeAndNothingElse) {
+  const std::string file = folder_.Write("file", kOld);
+  const std::string_view piece = "0123456789";
+  const testing::ChildResult result = RunInChild([&] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{GetParam(), GetParam()};
+    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return "no limit"s;
+    try {
+      FileReplacement replacement(file);
+      for (int i = 0; i < 10; ++i) replacement.Write(piece);
+      replacement.Commit();
+    } catch (const Error& error) {
+      return std::to_string(error.Number()) + " " + error.Description();
+    }
+    return "0"s;
+  });
+  EXPECT_EQ(result.status, 0);
+  if (GetParam() < 100) {
+    EXPECT_THAT(result.text, ::testing::StartsWith("61 "));
+    EXPECT_THAT(result.text, HasSubstr(std::strerror(EFBIG)));
+    EXPECT_EQ(ReadBytes(file), kOld);
+  } else {
+    EXPECT_EQ(result.text, "0");
+    EXPECT_EQ(ReadBytes(file).size(), 100u);
+  }
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
+INSTANTIATE_TEST_SUITE_P(File, FullDisk, ::testing::Values(0, 1, 9, 10, 11, 55, 90, 99, 100, 1000),
+                         testing::Numbered());
+
+// A process that is killed after so many writes, 0 being before the first.
+class KilledProcess : public FileTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(KilledProcess, LeavesTheOldFileWholeAndInNobodysWay) {
+  const std::string file = folder_.Write("file", kOld);
+  const testing::ChildResult result = RunInChild([&] {
+    FileReplacement replacement(file);
+    for (int i = 0; i < GetParam(); ++i) replacement.Write(std::string(100'000, 'x'));
+    std::raise(SIGKILL);
+    return ""s;
+  });
+  EXPECT_TRUE(WIFSIGNALED(result.status));
+  EXPECT_EQ(ReadBytes(file), kOld);
+  Replace(file, kNew);
+  EXPECT_EQ(ReadBytes(file), kNew);
+}
+
+INSTANTIATE_TEST_SUITE_P(File, KilledProcess, ::testing::Range(0, 5));
+
+}  // namespace
+}  // namespace zevo

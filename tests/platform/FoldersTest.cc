@@ -1,0 +1,23 @@
+#include <gtest/gtest.h>
+#include <zevo/platform/Folders.h>
+
+#include <filesystem>
+
+namespace zevo {
+namespace {
+
+TEST(Folders, NoCommonFilesFolderOnThisSystem) { EXPECT_EQ(CommonFilesFolder(), ""); }
+
+TEST(Folders, LibraryFolderIsWhereTheLoadedCodeLies) {
+  // The objects are linked into this program.
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
+  EXPECT_EQ(std::filesystem::canonical(LibraryFolder()), program.parent_path());
+}
+
+TEST(Folders, JoinedPathHasASeparator) {
+  EXPECT_EQ(JoinPath("/usr/lib", "SAF-T-PT_1_01.xsd"), "/usr/lib/SAF-T-PT_1_01.xsd");
+  EXPECT_EQ(JoinPath(".", "Zevo/2070"), "./Zevo/2070");
+}
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,226 @@
+#include <arpa/inet.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <libxml/xmlerror.h>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <zevo/platform/SchemaValidator.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/platform/Numbered.h"
+#include "tests/platform/Parsing.h"
+#include "tests/platform/WatchedFile.h"
+#include "tests/support/Errors.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::HasSubstr;
+using testing::Repeated;
+
+constexpr std::string_view kSource = "Test.Validate";
+
+std::string Schema(std::string_view content) {
+  return std::string("<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">")
+      .append(content)
+      .append("</xs:schema>");
+}
+
+// A list of numbered lines, whose numbers differ.
+const std::string kLines = Schema(R"(
+  <xs:element name="a">
+    <xs:complexType>
+      <xs:sequence>
+        <xs:element name="n" type="xs:int" minOccurs="0" maxOccurs="unbounded"/>
+        <xs:element name="end" minOccurs="0"/>
+      </xs:sequence>
+    </xs:complexType>
+    <xs:unique name="numbers"><xs:selector xpath="n"/><xs:field xpath="."/></xs:unique>
+  </xs:element>)");
+
+class SchemaValidatorTest : public ::testing::Test {
+ protected:
+  void Compile(std::string_view schema) { SchemaValidator(folder_.Write("schema.xsd", schema), std::string(kSource)); }
+  Error ErrorOfSchema(std::string_view schema) {
+    return testing::ErrorOf([&] { Compile(schema); });
+  }
+  void Validate(std::string_view document, std::string_view schema = kLines) {
+    SchemaValidator(folder_.Write("schema.xsd", schema), std::string(kSource))
+        .Validate(folder_.Write("file.xml", document));
+  }
+  Error ErrorOfDocument(std::string_view document, std::string_view schema = kLines) {
+    return testing::ErrorOf([&] { Validate(document, schema); });
+  }
+
+  testing::TemporaryFolder folder_;
+};
+
+TEST_F(SchemaValidatorTest, AValidFilePasses) {
+  Validate("<a/>");
+  Validate("<a><n>1</n><n>2</n><end/></a>");
+}
+
+TEST_F(SchemaValidatorTest, TheFirstViolationIsToldWithItsPlace) {
+  const Error error = ErrorOfDocument("<a>\n <n>1</n>\n <n>x</n>\n <wrong/>\n</a>");
+  EXPECT_EQ(error.Number(), XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1);
+  EXPECT_EQ(error.Source(), kSource);
+  EXPECT_THAT(error.Description(), HasSubstr("'n'"));
+  EXPECT_THAT(error.Description(), HasSubstr("(linha 3, coluna "));
+}
+
+TEST_F(SchemaValidatorTest, AKeyThatOccursTwiceIsAViolation) {
+  EXPECT_EQ(ErrorOfDocument("<a><n>1</n><n>1</n></a>").Number(), XML_SCHEMAV_CVC_IDC);
+}
+
+TEST_F(SchemaValidatorTest, LinesBeyondSixteenBitsAreToldRight) {
+  std::string document = "<a>\n";
+  for (int i = 0; i < 150'000; ++i) document += "<n>" + std::to_string(i) + "</n>\n";
+  EXPECT_THAT(ErrorOfDocument(document + "<wrong/></a>").Description(), HasSubstr("(linha 150002, coluna "));
+}
+
+TEST_F(SchemaValidatorTest, AFileThatIsNotWellFormedIsRefusedWithTheNumberOfTheParser) {
+  EXPECT_EQ(ErrorOfDocument("<a><n>1</n>").Number(), XML_ERR_TAG_NOT_FINISHED);
+  EXPECT_EQ(ErrorOfDocument("").Number(), XML_ERR_DOCUMENT_EMPTY);
+}
+
+TEST_F(SchemaValidatorTest, OneValidatorTakesFileAfterFile) {
+  SchemaValidator validator(folder_.Write("schema.xsd", kLines), std::string(kSource));
+  const std::string good = folder_.Write("good.xml", "<a><n>1</n></a>");
+  const std::string bad = folder_.Write("bad.xml", "<a><n/></a>");
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_NO_THROW(validator.Validate(good));
+    EXPECT_ERROR(validator.Validate(bad), XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, kSource);
+  }
+}
+
+TEST_F(SchemaValidatorTest, FilesThatAreMissingAreRunTimeErrorsWithTheSourceOfValidation) {
+  EXPECT_ERROR(SchemaValidator(folder_.Path("none.xsd"), std::string(kSource)), RunTimeError::kFileNotFound, kSource);
+  SchemaValidator validator(folder_.Write("schema.xsd", kLines), std::string(kSource));
+  EXPECT_ERROR(validator.Validate(folder_.Path("none.xml")), RunTimeError::kFileNotFound, kSource);
+}
+
+TEST_F(SchemaValidatorTest, AFileInWindows1252IsValidatedByItsCharacters) {
+  const std::string schema = Schema(R"(<xs:element name="a"><xs:simpleType><xs:restriction base="xs:string">
+      <xs:maxLength value="3"/></xs:restriction></xs:simpleType></xs:element>)");
+  EXPECT_NO_THROW(Validate("<?xml version='1.0' encoding='windows-1252'?><a>\x80\xE7\xE3</a>", schema));
+  EXPECT_EQ(ErrorOfDocument("<?xml version='1.0' encoding='windows-1252'?><a>\x80\xE7\xE3o</a>", schema).Number(),
+            XML_SCHEMAV_CVC_MAXLENGTH_VALID);
+}
+
+TEST_F(SchemaValidatorTest, ASchemaMayBeInAnyEncoding) {
+  const std::string schema = Schema("<xs:element name='descrição'/>");
+  for (const std::string& bytes :
+       {schema, "\xEF\xBB\xBF" + schema, "\xFF\xFE" + testing::InUtf16LittleEndian(schema),
+        "<?xml version='1.0' encoding='ISO-8859-1'?>" + Schema("<xs:element name='descri\xE7\xE3o'/>")}) {
+    EXPECT_NO_THROW(Validate("<descrição/>", bytes));
+    EXPECT_EQ(ErrorOfDocument("<descricao/>", bytes).Number(), XML_SCHEMAV_CVC_ELT_1);
+  }
+}
+
+TEST_F(SchemaValidatorTest, ASchemaThatIsNoneIsRefused) {
+  EXPECT_EQ(ErrorOfSchema("<xs:schema").Source(), kSource);
+  EXPECT_GT(ErrorOfSchema("<a/>").Number(), 0);
+  EXPECT_GT(ErrorOfSchema("").Number(), 0);
+  const Error error = ErrorOfSchema(Schema("\n<xs:element name='a' type='none'/>"));
+  EXPECT_EQ(error.Number(), XML_SCHEMAP_SRC_RESOLVE);
+  EXPECT_THAT(error.Description(), HasSubstr("(linha 2"));
+}
+
+TEST_F(SchemaValidatorTest, ASchemaWithADocumentTypeIsRefusedAndNothingItNamesIsRead) {
+  testing::WatchedFile secret(folder_, "secret", "<!ENTITY e 'x'>");
+  for (const std::string& type :
+       {std::string("<!DOCTYPE xs:schema>"), "<!DOCTYPE xs:schema SYSTEM 'file://" + secret.Path() + "'>",
+        "<!DOCTYPE xs:schema [<!ENTITY % p SYSTEM '" + secret.Path() + "'> %p;]>"}) {
+    EXPECT_EQ(ErrorOfSchema(type + kLines).Number(), XML_ERR_USER_STOP);
+  }
+  EXPECT_FALSE(secret.WasOpened());
+}
+
+class Reference : public SchemaValidatorTest, public ::testing::WithParamInterface<std::string_view> {};
+
+TEST_P(Reference, ToAnotherSchemaIsRefusedAndTheOtherIsNotRead) {
+  testing::WatchedFile other(folder_, "other.xsd", Schema("<xs:element name='b'/>"));
+  for (const std::string& location : {other.Path(), "file://" + other.Path(), std::string("other.xsd")}) {
+    std::string reference(GetParam());
+    reference.replace(reference.find("OTHER"), 5, location);
+    const Error error = ErrorOfSchema(Schema(reference + "<xs:element name='a'/>"));
+    EXPECT_GT(error.Number(), 0);
+    EXPECT_EQ(error.Source(), kSource);
+  }
+  EXPECT_FALSE(other.WasOpened());
+}
+
+INSTANTIATE_TEST_SUITE_P(SchemaValidator, Reference,
+                         ::testing::Values("<xs:include schemaLocation='OTHER'/>",
+                                           "<xs:import namespace='urn:o' schemaLocation='OTHER'/>",
+                                           "<xs:import schemaLocation='OTHER'/>",
+                                           "<xs:redefine schemaLocation='OTHER'/>",
+                                           "<xs:annotation/><xs:include schemaLocation='OTHER'/>"),
+                         testing::Numbered());
+
+TEST_F(SchemaValidatorTest, AnImportWithoutALocationReadsNothing) {
+  testing::WatchedFile other(folder_, "other.xsd", Schema("<xs:element name='b'/>"));
+  for (const std::string& name : {other.Path(), "file://" + other.Path()}) {
+    try {
+      Validate("<a/>", Schema("<xs:import namespace='" + name + "'/><xs:element name='a'/>"));
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Source(), kSource);
+    }
+  }
+  EXPECT_FALSE(other.WasOpened());
+}
+
+TEST_F(SchemaValidatorTest, ASchemaThatTheDocumentNamesIsNotRead) {
+  testing::WatchedFile other(folder_, "other.xsd", Schema("<xs:element name='b'/>"));
+  const std::string instance = "xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' ";
+  for (const std::string& location : {other.Path(), "file://" + other.Path()}) {
+    Validate("<a " + instance + "xsi:noNamespaceSchemaLocation='" + location + "'/>");
+    Validate("<a " + instance + "xsi:schemaLocation='urn:o " + location + "'/>");
+    EXPECT_GT(ErrorOfDocument("<b " + instance + "xsi:noNamespaceSchemaLocation='" + location + "'/>").Number(), 0);
+  }
+  EXPECT_FALSE(other.WasOpened());
+}
+
+// Listens on a port of this machine; tells whether anybody called.
+class Listener {
+ public:
+  Listener() : socket_(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    EXPECT_EQ(bind(socket_, reinterpret_cast<const sockaddr*>(&address), size), 0);
+    EXPECT_EQ(listen(socket_, 4), 0);
+    EXPECT_EQ(getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    url = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/x";
+  }
+  ~Listener() { close(socket_); }
+  bool WasCalled() const { return accept(socket_, nullptr, nullptr) >= 0; }
+
+  std::string url;
+
+ private:
+  int socket_;
+};
+
+TEST_F(SchemaValidatorTest, NothingIsFetchedFromTheNetwork) {
+  const Listener server;
+  const std::string& url = server.url;
+  EXPECT_GT(ErrorOfSchema("<!DOCTYPE xs:schema SYSTEM '" + url + "'>" + kLines).Number(), 0);
+  EXPECT_GT(ErrorOfSchema(Schema("<xs:include schemaLocation='" + url + "'/>")).Number(), 0);
+  EXPECT_GT(ErrorOfSchema(Schema("<xs:import namespace='urn:o' schemaLocation='" + url + "'/>")).Number(), 0);
+  Validate("<a/>", Schema("<xs:import namespace='" + url + "'/><xs:element name='a'/>"));
+  EXPECT_GT(ErrorOfDocument("<!DOCTYPE a SYSTEM '" + url + "'><a/>").Number(), 0);
+  Validate("<a xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='" + url + "'/>");
+  EXPECT_FALSE(server.WasCalled());
+}
+
+TEST_F(SchemaValidatorTest, TheShippedSchemaCompiles) {
+  EXPECT_NO_THROW(SchemaValidator(ZEVO_SCHEMA_FILE, std::string(kSource)));
+}
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,328 @@
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <zevo/platform/Serializer.h>
+
+#include <algorithm>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tests/platform/Numbered.h"
+#include "tests/platform/Parsing.h"
+
+namespace zevo {
+namespace {
+
+using testing::Parsing;
+using testing::Repeated;
+
+class StringSink : public ByteSink {
+ public:
+  void Write(std::string_view bytes) override {
+    text += bytes;
+    ++pieces;
+  }
+  std::string text;
+  int pieces = 0;
+};
+
+std::string Written(std::string_view text, Escapes escapes,
+                    Serializer::Encoding encoding = Serializer::Encoding::kWindows1252) {
+  StringSink sink;
+  Serializer serializer(sink, encoding);
+  serializer.Write(text, escapes);
+  serializer.Flush();
+  return sink.text;
+}
+
+// What each set of escapes makes of a character that it escapes.
+struct EscapeSet {
+  Escapes escapes;
+  std::vector<std::pair<char, std::string_view>> references;
+};
+
+class EscapeSets : public ::testing::TestWithParam<EscapeSet> {};
+
+TEST_P(EscapeSets, WriteReferencesForTheirCharactersAndForNoOther) {
+  for (int c = 1; c < 0x80; ++c) {
+    const std::string text(1, static_cast<char>(c));
+    std::string expected = text;
+    for (const auto& [escaped, reference] : GetParam().references) {
+      if (escaped == text[0]) expected = reference;
+    }
+    EXPECT_EQ(Written(text, GetParam().escapes), expected) << c;
+    EXPECT_EQ(Written(text, GetParam().escapes, Serializer::Encoding::kUtf8), expected) << c;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Serializer, EscapeSets,
+                         ::testing::Values(EscapeSet{Escapes::kNone, {}},
+                                           EscapeSet{Escapes::kMarkup, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}}},
+                                           EscapeSet{Escapes::kMarkupAndQuote,
+                                                     {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}},
+                                           EscapeSet{Escapes::kMarkupAndReturn,
+                                                     {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'\r', "&#13;"}}},
+                                           EscapeSet{Escapes::kAttribute,
+                                                     {{'&', "&amp;"},
+                                                      {'<', "&lt;"},
+                                                      {'>', "&gt;"},
+                                                      {'"', "&quot;"},
+                                                      {'\r', "&#13;"},
+                                                      {'\n', "&#10;"},
+                                                      {'\t', "&#9;"}}}),
+                         testing::Numbered());
+
+constexpr std::string_view kUpperCharacters =
+    "€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ"
+    "\u00A0¡¢£¤¥¦§¨©ª«¬\u00AD®¯°±²³´µ¶·¸¹º»¼½¾¿"
+    "ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞßàáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ";
+
+TEST(Serializer, EveryUpperByteOfWindows1252) {
+  std::string bytes;
+  for (int byte = 0x80; byte < 0x100; ++byte) {
+    const bool undefined = byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
+    if (!undefined) bytes += static_cast<char>(byte);
+  }
+  EXPECT_EQ(Written(kUpperCharacters, Escapes::kMarkup), bytes);
+  EXPECT_EQ(Written(kUpperCharacters, Escapes::kAttribute), bytes);
+  EXPECT_EQ(Written(kUpperCharacters, Escapes::kMarkup, Serializer::Encoding::kUtf8), kUpperCharacters);
+}
+
+TEST(Serializer, ACharacterThatWindows1252LacksIsADecimalReference) {
+  EXPECT_EQ(Written("Ł→😀\u0080\u0081\u0100\uFFFD", Escapes::kMarkup),
+            "&#321;&#8594;&#128512;&#128;&#129;&#256;&#65533;");
+  EXPECT_EQ(Written("\U0010FFFF", Escapes::kAttribute), "&#1114111;");
+  EXPECT_EQ(Written("Ł😀", Escapes::kMarkup, Serializer::Encoding::kUtf8), "Ł😀");
+}
+
+TEST(Serializer, NothingComesOutBeforeTheBufferIsFullOrFlushed) {
+  StringSink sink;
+  Serializer serializer(sink, Serializer::Encoding::kWindows1252);
+  serializer.Write("abc");
+  EXPECT_EQ(sink.text, "");
+  serializer.Flush();
+  EXPECT_EQ(sink.text, "abc");
+  serializer.Flush();
+  EXPECT_EQ(sink.text, "abc");
+}
+
+TEST(Serializer, DestructionDropsWhatIsHeldBack) {
+  StringSink sink;
+  Serializer(sink, Serializer::Encoding::kUtf8).Write("abc");
+  EXPECT_EQ(sink.text, "");
+}
+
+// Texts that fill the buffer several times over, their characters on every offset of a piece's end.
+class LongText : public ::testing::TestWithParam<size_t> {};
+
+TEST_P(LongText, IsWrittenWhole) {
+  const std::string pad(GetParam(), 'x');
+  constexpr size_t kTimes = 200'000;
+  struct Row {
+    std::string_view text;
+    std::string_view in_windows1252;
+    std::string_view in_utf8;
+  };
+  for (const Row& row : {Row{"\"", "&quot;", "&quot;"}, Row{"é€", "\xE9\x80", "é€"}, Row{"Ł", "&#321;", "Ł"},
+                         Row{"😀", "&#128512;", "😀"}, Row{"→é<", "&#8594;\xE9&lt;", "→é&lt;"}}) {
+    const std::string text = pad + Repeated(row.text, kTimes);
+    EXPECT_TRUE(Written(text, Escapes::kAttribute) == pad + Repeated(row.in_windows1252, kTimes)) << row.text;
+    EXPECT_TRUE(Written(text, Escapes::kAttribute, Serializer::Encoding::kUtf8) == pad + Repeated(row.in_utf8, kTimes))
+        << row.text;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Serializer, LongText, ::testing::Range<size_t>(0, 5));
+
+TEST(Serializer, ManySmallTextsComeOutInLargePieces) {
+  StringSink sink;
+  Serializer serializer(sink, Serializer::Encoding::kWindows1252);
+  for (int i = 0; i < 1'000'000; ++i) serializer.Write("ab", Escapes::kMarkup);
+  serializer.Flush();
+  EXPECT_TRUE(sink.text == Repeated("ab", 1'000'000));
+  EXPECT_LT(sink.pieces, 50);
+}
+
+TEST(Serializer, AnElementAloneEscapesNothingButMarkup) {
+  const Parsing parsing;
+  Document document;
+  parsing.Load(document, "<a><b k='&quot;&#10;'>x&#13;\"<c/>&lt;&gt;&amp; Ł<!--é--></b>behind</a>");
+  EXPECT_EQ(SerializedXml(document.FirstChild(document.Root(), "b")),
+            "<b k=\"&quot;&#10;\">x\r\"<c/>&lt;&gt;&amp; Ł<!--é--></b>");
+}
+
+TEST(Serializer, ADocumentAsTextIsUtf8) {
+  Document document;
+  document.SetText(document.AppendElement(Element(), "a"), "São Łódź");
+  EXPECT_EQ(SerializeToUtf8(document), "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<a>São Łódź</a>\n");
+}
+
+TEST(Serializer, AnEmptyDocumentIsItsDeclaration) {
+  EXPECT_EQ(testing::BytesOf(Document()), "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n");
+}
+
+TEST(Serializer, WhatTheSinkThrowsComesThrough) {
+  struct FullSink : ByteSink {
+    void Write(std::string_view) override { throw std::string("full"); }
+  } sink;
+  Document document;
+  document.AppendElement(Element(), "a");
+  EXPECT_THROW(WriteDocumentTo(sink, document), std::string);
+}
+
+// Any tree that a file can hold comes back from its file as it was.
+
+struct Tree {
+  NodeKind kind = NodeKind::kElement;
+  std::string name;
+  std::string text;
+  std::vector<std::pair<std::string, std::string>> attributes;
+  std::vector<Tree> children;
+
+  friend bool operator==(const Tree&, const Tree&) = default;
+};
+
+void showValue(const Tree& tree, std::ostream& out) {
+  out << "{" << static_cast<int>(tree.kind) << " " << tree.name;
+  for (const auto& [name, value] : tree.attributes) out << " " << name << "='" << value << "'";
+  out << " '" << tree.text << "'";
+  for (const Tree& child : tree.children) showValue(child, out);
+  out << "}";
+}
+
+void Append(Document& document, Element parent, const Tree& tree) {
+  if (tree.kind != NodeKind::kElement) {
+    document.AppendText(parent, tree.kind, tree.text, tree.name);
+    return;
+  }
+  const Element element = document.AppendElement(parent, tree.name);
+  for (const auto& [name, value] : tree.attributes) document.AppendAttribute(element, name, value);
+  for (const Tree& child : tree.children) Append(document, element, child);
+}
+
+Tree ReadTree(const Document& document, const Node* node) {
+  Tree tree;
+  tree.kind = node->kind;
+  tree.name = document.Names().Text(node->name);
+  if (node->kind != NodeKind::kElement) {
+    tree.text = node->Text();
+    return tree;
+  }
+  if (node->holds_text) {
+    if (node->length > 0) tree.children.push_back({NodeKind::kText, "", std::string(node->Text()), {}, {}});
+    return tree;
+  }
+  for (const Node* child = document.At(node->children.first); child != nullptr; child = document.At(child->next)) {
+    if (child->kind == NodeKind::kAttribute) {
+      tree.attributes.emplace_back(document.Names().Text(child->name), child->Text());
+    } else {
+      tree.children.push_back(ReadTree(document, child));
+    }
+  }
+  return tree;
+}
+
+rc::Gen<std::string> AnyText(const std::vector<std::string>& characters) {
+  return rc::gen::map(rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(characters)),
+                      [](const std::vector<std::string>& parts) {
+                        std::string text;
+                        for (const std::string& part : parts) text += part;
+                        return text;
+                      });
+}
+
+// Parts that a wrong escape, encoding or cut would show on.
+const std::vector<std::string> kTextParts = {"a",      " ",      "\t", "\n",  "\r",   "&",     "<",         ">",
+                                             "\"",     "'",      "]]", "]]>", "é",    "€",     "Ł",         "😀",
+                                             "\u0081", "\u0080", "--", "?>",  "&lt;", "&#10;", "<![CDATA[", "\uFFFD"};
+const std::vector<std::string> kCDataParts = {"a", " ", "\n", "&", "<", "é", "Ł", "😀", "]]", "--", "&#10;"};
+const std::vector<std::string> kCommentParts = {"a", " ", "\n", "&", "<", ">", "é", "€", "]]>", "?>"};
+const std::vector<std::string> kInstructionParts = {"a", "=", "\"", "&", "<", "é", "]]>", "--"};
+const std::vector<std::string> kNames = {"a", "b", "Journal", "ação", "x-1", "p:b", "p:Journal", "_"};
+const std::vector<std::string> kAttributeNames = {"k", "l", "p:k", "xml:lang", "é"};
+
+Tree AnyTree(int depth);
+
+Tree AnyChild(int depth) {
+  const int kind = *rc::gen::inRange(0, depth > 0 ? 8 : 5);
+  switch (kind) {
+    case 0:
+    case 1:
+      return {NodeKind::kText, "", *AnyText(kTextParts), {}, {}};
+    case 2:
+      return {NodeKind::kCData, "", *AnyText(kCDataParts), {}, {}};
+    case 3:
+      return {NodeKind::kComment, "", *AnyText(kCommentParts), {}, {}};
+    case 4:
+      return {NodeKind::kInstruction, *rc::gen::elementOf(kNames), *AnyText(kInstructionParts), {}, {}};
+    default:
+      return AnyTree(depth - 1);
+  }
+}
+
+Tree AnyTree(int depth) {
+  Tree tree;
+  tree.name = *rc::gen::elementOf(kNames);
+  for (const std::string& name : kAttributeNames) {
+    if (*rc::gen::inRange(0, 3) == 0) tree.attributes.emplace_back(name, *AnyText(kTextParts));
+  }
+  const int count = *rc::gen::inRange(0, 5);
+  for (int i = 0; i < count; ++i) {
+    Tree child = AnyChild(depth);
+    // A file cannot tell a text from two, nor none from an empty one.
+    const bool afterText = !tree.children.empty() && tree.children.back().kind == NodeKind::kText;
+    if (child.kind == NodeKind::kText && (child.text.empty() || afterText)) continue;
+    // An instruction's name cannot have a prefix.
+    if (child.kind == NodeKind::kInstruction) std::erase(child.name, ':');
+    tree.children.push_back(std::move(child));
+  }
+  return tree;
+}
+
+// A section is interrupted for a character that the code page lacks, so it comes back as several.
+Tree WithoutSections(Tree tree) {
+  std::vector<Tree> children;
+  for (Tree& child : tree.children) {
+    Tree plain = WithoutSections(std::move(child));
+    if (plain.kind == NodeKind::kCData) plain.kind = NodeKind::kText;
+    if (plain.kind == NodeKind::kText && plain.text.empty()) continue;
+    if (plain.kind == NodeKind::kText && !children.empty() && children.back().kind == NodeKind::kText) {
+      children.back().text += plain.text;
+    } else {
+      children.push_back(std::move(plain));
+    }
+  }
+  tree.children = std::move(children);
+  return tree;
+}
+
+void ExpectSurvives(bool utf8) {
+  const Parsing parsing;
+  const bool holds = rc::check([&] {
+    Tree tree = AnyTree(3);
+    tree.attributes.insert(tree.attributes.begin(), {"xmlns:p", "urn:p"});
+    if (utf8) tree.children.push_back({NodeKind::kComment, "", "Ł", {}, {}});
+    Document document;
+    Append(document, Element(), tree);
+    const std::string bytes = testing::BytesOf(document);
+
+    Document back;
+    parsing.Load(back, bytes);
+    const Tree read = ReadTree(back, back.Root().node());
+    if (utf8) {
+      RC_ASSERT(read == tree);
+    } else {
+      RC_ASSERT(WithoutSections(read) == WithoutSections(tree));
+    }
+    RC_ASSERT(testing::BytesOf(back) == bytes);
+  });
+  EXPECT_TRUE(holds);
+}
+
+TEST(Serializer, AnyTreeSurvivesAFileInUtf8) { ExpectSurvives(true); }
+TEST(Serializer, AnyTreeSurvivesAFileInWindows1252) { ExpectSurvives(false); }
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,253 @@
+#include <gtest/gtest.h>
+#include <zevo/platform/TextDecoder.h>
+#include <zevo/platform/Windows1252.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "tests/platform/Numbered.h"
+#include "tests/platform/Parsing.h"
+#include "tests/support/Errors.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace zevo {
+namespace {
+
+using namespace std::string_literals;
+using Fault = TextDecoder::Fault;
+
+struct Decoded {
+  std::string text;
+  Fault fault;
+};
+
+Decoded Decode(std::string_view bytes, size_t pieceSize = 4000) {
+  const testing::TemporaryFolder folder;
+  InputFile file(folder.Write("file", bytes));
+  TextDecoder decoder(file);
+  Decoded decoded{};
+  std::string piece(pieceSize, '\0');
+  while (const size_t length = decoder.Read(piece.data(), pieceSize)) decoded.text.append(piece, 0, length);
+  decoded.fault = decoder.fault();
+  return decoded;
+}
+
+std::string Declared(std::string_view encoding) {
+  return std::string("<?xml version=\"1.0\" encoding=\"").append(encoding).append("\"?>");
+}
+
+void ExpectDecodes(const std::string& bytes, const std::string& text) {
+  for (const size_t pieceSize : {4u, 5u, 7u, 64u, 4000u, 1'000'000u}) {
+    const Decoded decoded = Decode(bytes, pieceSize);
+    EXPECT_EQ(decoded.fault, Fault::kNone) << pieceSize;
+    EXPECT_TRUE(decoded.text == text) << "in pieces of " << pieceSize << ": " << decoded.text.substr(0, 200);
+  }
+}
+
+constexpr std::string_view kBom = "\xEF\xBB\xBF";
+constexpr std::string_view kBomLittleEndian = "\xFF\xFE";
+constexpr std::string_view kBomBigEndian = "\xFE\xFF";
+
+TEST(TextDecoder, BytesAreUtf8UnlessToldOtherwise) {
+  ExpectDecodes("", "");
+  ExpectDecodes("<a>São João, 12 €, 😀</a>", "<a>São João, 12 €, 😀</a>");
+  ExpectDecodes(std::string(kBom) + "<a>é</a>", "<a>é</a>");
+  ExpectDecodes(std::string(kBom) + Declared("UTF-8") + "é", Declared("UTF-8") + "é");
+}
+
+TEST(TextDecoder, EveryByteOfWindows1252) {
+  std::string bytes = Declared("windows-1252");
+  std::string text = bytes;
+  for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  for (int byte = 1; byte < 0x80; ++byte) text += static_cast<char>(byte);
+  text +=
+      "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ"
+      "\u00A0¡¢£¤¥¦§¨©ª«¬\u00AD®¯°±²³´µ¶·¸¹º»¼½¾¿"
+      "ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞßàáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ";
+  ExpectDecodes(bytes, text);
+}
+
+TEST(TextDecoder, TheUpperBytesOfLatin1AreTheCharactersOfTheirNumber) {
+  ExpectDecodes(Declared("ISO-8859-1") + "\x80\x81\x9F\xA0\xE7\xFF",
+                Declared("ISO-8859-1") + "\u0080\u0081\u009F\u00A0çÿ");
+}
+
+TEST(TextDecoder, AsciiHasNoUpperBytes) {
+  ExpectDecodes(Declared("US-ASCII") + "abc\x7F", Declared("US-ASCII") + "abc\x7F");
+  const Decoded decoded = Decode(Declared("US-ASCII") + "abc\x80xyz");
+  EXPECT_EQ(decoded.text, Declared("US-ASCII") + "abc");
+  EXPECT_EQ(decoded.fault, Fault::kUndecodable);
+}
+
+TEST(TextDecoder, Utf16InBothOrdersWithMarkWithDeclarationAndWithNeither) {
+  const std::string plain = "<a>São, €, 😀\uFFFD</a>";
+  ExpectDecodes(std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(plain), plain);
+  ExpectDecodes(std::string(kBomBigEndian) + testing::InUtf16BigEndian(plain), plain);
+  ExpectDecodes(testing::InUtf16LittleEndian(plain), plain);
+  ExpectDecodes(testing::InUtf16BigEndian(plain), plain);
+  for (const std::string_view name : {"UTF-16", "utf-16", "UTF-16LE"}) {
+    const std::string declared = Declared(name) + plain;
+    ExpectDecodes(std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(declared), declared);
+    ExpectDecodes(testing::InUtf16LittleEndian(declared), declared);
+  }
+  for (const std::string_view name : {"UTF-16", "UTF-16BE"}) {
+    const std::string declared = Declared(name) + plain;
+    ExpectDecodes(std::string(kBomBigEndian) + testing::InUtf16BigEndian(declared), declared);
+    ExpectDecodes(testing::InUtf16BigEndian(declared), declared);
+  }
+}
+
+class Declaration : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(Declaration, OfWindows1252IsUnderstood) { ExpectDecodes(GetParam() + "\x80", GetParam() + "€"); }
+
+INSTANTIATE_TEST_SUITE_P(TextDecoder, Declaration,
+                         ::testing::Values("<?xml version=\"1.0\" encoding=\"windows-1252\"?>",
+                                           "<?xml version='1.0' encoding='windows-1252'?>",
+                                           "<?xml version='1.0' encoding=\"WINDOWS-1252\" ?>",
+                                           "<?xml version=\"1.0\" encoding='Windows-1252' standalone='yes'?>",
+                                           "<?xml version=\"1.0\"\n\tencoding \r\n=\t 'windows-1252'\n?>",
+                                           "<?xml\tversion = \"1.0\"   encoding\n=\n\"windows-1252\"?>",
+                                           "<?xml version=\"1.0\"" + std::string(1200, ' ') +
+                                               "encoding=\"windows-1252\"?>"),
+                         testing::Numbered());
+
+struct Contradiction {
+  std::string bytes;
+  Fault fault;
+};
+
+class RefusedDeclaration : public ::testing::TestWithParam<Contradiction> {};
+
+TEST_P(RefusedDeclaration, GivesNothingButItsFault) {
+  const Decoded decoded = Decode(GetParam().bytes);
+  EXPECT_EQ(decoded.text, "");
+  EXPECT_EQ(decoded.fault, GetParam().fault);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    TextDecoder, RefusedDeclaration,
+    ::testing::Values(Contradiction{Declared("ISO-8859-15"), Fault::kUnknownEncoding},
+                      Contradiction{Declared("windows-1251"), Fault::kUnknownEncoding},
+                      Contradiction{Declared("windows-12520"), Fault::kUnknownEncoding},
+                      Contradiction{Declared(""), Fault::kUnknownEncoding},
+                      Contradiction{Declared("UTF-7"), Fault::kUnknownEncoding},
+                      Contradiction{Declared("UTF-16"), Fault::kContradictoryEncoding},
+                      Contradiction{Declared("UTF-16LE"), Fault::kContradictoryEncoding},
+                      Contradiction{std::string(kBom) + Declared("windows-1252"), Fault::kContradictoryEncoding},
+                      Contradiction{std::string(kBom) + Declared("ISO-8859-1"), Fault::kContradictoryEncoding},
+                      Contradiction{std::string(kBom) + Declared("UTF-16"), Fault::kContradictoryEncoding},
+                      Contradiction{std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("UTF-8")),
+                                    Fault::kContradictoryEncoding},
+                      Contradiction{
+                          std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("windows-1252")),
+                          Fault::kContradictoryEncoding},
+                      Contradiction{std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("UTF-16BE")),
+                                    Fault::kContradictoryEncoding},
+                      Contradiction{std::string(kBomBigEndian) + testing::InUtf16BigEndian(Declared("UTF-16LE")),
+                                    Fault::kContradictoryEncoding},
+                      Contradiction{testing::InUtf16BigEndian(Declared("UTF-8")), Fault::kContradictoryEncoding}),
+    testing::Numbered());
+
+TEST(TextDecoder, OnlyADeclarationDeclares) {
+  const std::string instruction = "<?xml-stylesheet href=\"a.xsl\" encoding=\"KOI8-R\"?><a>é</a>";
+  ExpectDecodes(instruction, instruction);
+  const std::string text = "<a>\n<?xml version='1.0' encoding='KOI8-R'?></a>";
+  ExpectDecodes(text, text);
+}
+
+TEST(TextDecoder, TheEncodingIsNotTakenFromBehindTheDeclaration) {
+  const std::string text = "<?xml version='1.0'?><a encoding='KOI8-R'>é</a>";
+  ExpectDecodes(text, text);
+}
+
+TEST(TextDecoder, WhatComesBeforeANulIsGiven) {
+  for (const std::string& start : {"<a>"s, Declared("UTF-8") + "<a>", Declared("windows-1252") + "<a>"}) {
+    const Decoded decoded = Decode(start + "\0</a>"s);
+    EXPECT_EQ(decoded.text, start);
+    EXPECT_EQ(decoded.fault, Fault::kNul);
+  }
+  for (const Decoded& decoded : {Decode(testing::InUtf16LittleEndian("<a>\u0001"s) + "\0\0<\0"s),
+                                 Decode(testing::InUtf16BigEndian("<a>\u0001"s) + "\0\0\0<"s)}) {
+    EXPECT_EQ(decoded.text, "<a>\u0001");
+    EXPECT_EQ(decoded.fault, Fault::kNul);
+  }
+}
+
+TEST(TextDecoder, NothingIsGivenAfterAFault) {
+  const testing::TemporaryFolder folder;
+  InputFile file(folder.Write("file", "<a>\0more"s));
+  TextDecoder decoder(file);
+  std::array<char, 64> piece{};
+  EXPECT_EQ(decoder.Read(piece.data(), piece.size()), 3u);
+  EXPECT_EQ(decoder.Read(piece.data(), piece.size()), 0u);
+  EXPECT_EQ(decoder.Read(piece.data(), piece.size()), 0u);
+  EXPECT_EQ(decoder.fault(), Fault::kNul);
+}
+
+struct BrokenUtf16 {
+  const char* name;
+  std::string tail;  // little-endian
+};
+
+class Utf16Tail : public ::testing::TestWithParam<BrokenUtf16> {};
+
+TEST_P(Utf16Tail, IsUndecodableInBothOrders) {
+  const std::string& tail = GetParam().tail;
+  std::string swapped = tail;
+  for (size_t i = 0; i + 1 < swapped.size(); i += 2) std::swap(swapped[i], swapped[i + 1]);
+  for (const Decoded& decoded :
+       {Decode(testing::InUtf16LittleEndian("<a>") + tail), Decode(testing::InUtf16BigEndian("<a>") + swapped)}) {
+    EXPECT_EQ(decoded.text, "<a>");
+    EXPECT_EQ(decoded.fault, Fault::kUndecodable);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(TextDecoder, Utf16Tail,
+                         ::testing::Values(BrokenUtf16{"OddByte", "x"}, BrokenUtf16{"HighAtTheEnd", "\x3D\xD8"s},
+                                           BrokenUtf16{"HighThenOddByte", "\x3D\xD8\x00"s},
+                                           BrokenUtf16{"HighThenLetter", "\x3D\xD8x\0"s},
+                                           BrokenUtf16{"HighThenHigh", "\x3D\xD8\x3D\xD8\x00\xDE"s},
+                                           BrokenUtf16{"LowAlone", "\x00\xDEx\0"s}),
+                         [](const auto& row) { return row.param.name; });
+
+// Characters of every width across the end of the decoder's buffer, at every offset.
+class AcrossTheBuffer : public ::testing::TestWithParam<size_t> {};
+
+constexpr size_t kBufferSize = 256 * 1024;
+
+TEST_P(AcrossTheBuffer, Utf8) {
+  const std::string text = "<a>" + std::string(kBufferSize - 3 - GetParam(), 'x') + "é€😀€é</a>";
+  ExpectDecodes(text, text);
+}
+
+TEST_P(AcrossTheBuffer, Utf16) {
+  const std::string text = "<a>" + std::string(kBufferSize / 2 - 3 - GetParam(), 'x') + "é€😀😀€é</a>";
+  ExpectDecodes(testing::InUtf16LittleEndian(text), text);
+  ExpectDecodes(std::string(kBomBigEndian) + testing::InUtf16BigEndian(text), text);
+}
+
+TEST_P(AcrossTheBuffer, Windows1252) {
+  const std::string declaration = Declared("windows-1252");
+  const std::string filling(kBufferSize - declaration.size() - GetParam(), 'x');
+  ExpectDecodes(declaration + filling + "\xE9\x80\xE9\x80\x80" + filling, declaration + filling + "é€é€€" + filling);
+}
+
+TEST_P(AcrossTheBuffer, ANulIsFoundWhereverItLies) {
+  const std::string text = "<a>" + std::string(kBufferSize - 3 - GetParam(), 'x');
+  const Decoded decoded = Decode(text + "\0x"s);
+  EXPECT_TRUE(decoded.text == text);
+  EXPECT_EQ(decoded.fault, Fault::kNul);
+}
+
+INSTANTIATE_TEST_SUITE_P(TextDecoder, AcrossTheBuffer, ::testing::Range<size_t>(0, 9));
+
+TEST(TextDecoder, RaisesWhatReadingTheFileRaises) {
+  const testing::TemporaryFolder folder;
+  InputFile directory(folder.Path(""));
+  EXPECT_ERROR(TextDecoder{directory}, RunTimeError::kPathFileAccess, kRunTimeSource);
+}
+
+}  // namespace
+}  // namespace zevo
