@@ -1,0 +1,129 @@
+#include <zevo/mappers/ProductDALC.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/mappers/MapperTest.h"
+#include "tests/mappers/Records.h"
+
+namespace zevo {
+namespace {
+
+using testing::Describe;
+using testing::FullProduct;
+using testing::OneLine;
+
+class ProductDALCTest : public testing::MapperTest {
+ protected:
+  std::shared_ptr<Product> Read(IDALReader& reader, bool first = true) {
+    std::shared_ptr<Product> product;
+    ProductDALC().ReadProduct(product, reader, first);
+    return product;
+  }
+};
+
+TEST_F(ProductDALCTest, WritesEveryProperty) {
+  ProductDALC().CreateProduct(*FullProduct(), helper_);
+  EXPECT_EQ(Written(), OneLine(R"(
+      <MasterFiles>
+        <Product>
+          <ProductType>S</ProductType>
+          <ProductCode>P1</ProductCode>
+          <ProductGroup>G</ProductGroup>
+          <ProductDescription>Pao</ProductDescription>
+          <ProductNumberCode>560</ProductNumberCode>
+        </Product>
+      </MasterFiles>)"));
+}
+
+TEST_F(ProductDALCTest, ProductWithoutTypeGetsAnEmptyElementAndReadsBackZero) {
+  ProductDALC().CreateProduct(Product(), helper_);
+  EXPECT_EQ(Written(), OneLine(R"(
+      <MasterFiles>
+        <Product>
+          <ProductType/>
+          <ProductCode/>
+          <ProductDescription/>
+          <ProductNumberCode/>
+        </Product>
+      </MasterFiles>)"));
+  EXPECT_EQ(Read(ReadingBack())->ProductType(), 0);
+}
+
+TEST_F(ProductDALCTest, TypesAreWrittenAndReadByTheirCode) {
+  const std::vector<std::pair<int, std::string>> cases = {{51, "P"}, {52, "S"}, {53, "O"}, {54, "I"}};
+  for (const auto& [value, code] : cases) {
+    Begin("");
+    Product product;
+    product.set_ProductType(static_cast<ProductTypes>(value));
+    ProductDALC().CreateProduct(product, helper_);
+    EXPECT_NE(Written().find("<ProductType>" + code + "</ProductType>"), std::string::npos) << Written();
+    EXPECT_EQ(Read(ReadingBack())->ProductType(), value);
+  }
+}
+
+TEST_F(ProductDALCTest, TypeThatIsNoneIsWrittenEmpty) {
+  for (const int value : {50, 55, -1, 41}) {
+    Begin("");
+    Product product;
+    product.set_ProductType(static_cast<ProductTypes>(value));
+    ProductDALC().CreateProduct(product, helper_);
+    EXPECT_NE(Written().find("<ProductType/>"), std::string::npos) << value;
+  }
+}
+
+TEST_F(ProductDALCTest, UnknownCodeReadsAsZero) {
+  for (const std::string_view code : {"p", "X", "PS", ""}) {
+    EXPECT_EQ(Read(Reading(std::string("<MasterFiles><Product><ProductType>")
+                               .append(code)
+                               .append("</ProductType></Product></MasterFiles>")))
+                  ->ProductType(),
+              0)
+        << code;
+  }
+}
+
+TEST_F(ProductDALCTest, ReadsEveryProperty) {
+  const auto product = Read(Reading(OneLine(R"(
+      <MasterFiles>
+        <Product>
+          <ProductType>I</ProductType>
+          <ProductCode>a</ProductCode>
+          <ProductGroup>b</ProductGroup>
+          <ProductDescription>c</ProductDescription>
+          <ProductNumberCode>d</ProductNumberCode>
+        </Product>
+      </MasterFiles>)")));
+  ASSERT_TRUE(product);
+  EXPECT_EQ(Describe(*product),
+            "ProductType=54\nProductCode=a\nProductGroup=b\nProductDescription=c\nProductNumberCode=d\n");
+}
+
+TEST_F(ProductDALCTest, SecondProductReusesMasterFiles) {
+  ProductDALC().CreateProduct(Product(), helper_);
+  ProductDALC().CreateProduct(Product(), helper_);
+  EXPECT_EQ(ProductDALC().Products(ReadingBack()), 2);
+}
+
+TEST_F(ProductDALCTest, ReadsOneAfterTheOther) {
+  IDALReader& reader = Reading(
+      "<MasterFiles><Product><ProductCode>1</ProductCode></Product><Customer/>"
+      "<Product><ProductCode>2</ProductCode></Product></MasterFiles>");
+  EXPECT_EQ(Read(reader, true)->ProductCode(), "1");
+  EXPECT_EQ(Read(reader, false)->ProductCode(), "2");
+  EXPECT_EQ(Read(reader, false), nullptr);
+}
+
+TEST_F(ProductDALCTest, GivesNothingWhereThereIsNone) {
+  EXPECT_EQ(Read(Reading("")), nullptr);
+  EXPECT_EQ(Read(Reading("<MasterFiles/>")), nullptr);
+}
+
+TEST_F(ProductDALCTest, CountsUnderMasterFiles) {
+  EXPECT_EQ(ProductDALC().Products(Reading("")), 0);
+  EXPECT_EQ(ProductDALC().Products(Reading("<MasterFiles><Product/><Customer/></MasterFiles>")), 1);
+}
+
+}  // namespace
+}  // namespace zevo
