@@ -1,0 +1,340 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <zevo/adapters.h>
+
+#include <filesystem>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/facades/ChildProcess.h"
+#include "tests/facades/Expectations.h"
+#include "tests/facades/SampleFile.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/UseSchema.h"
+
+// What must not be accepted, whoever made it, and must do no harm.
+
+namespace zevo {
+namespace {
+
+using namespace zevo::testing;
+using ::testing::AnyOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::ValuesIn;
+
+constexpr std::string_view kRoot = "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\">";
+
+std::string InRoot(std::string_view content) { return std::string(kRoot).append(content).append("</AuditFile>"); }
+
+std::string Repeated(std::string_view text, size_t count) {
+  std::string result;
+  result.reserve(text.size() * count);
+  for (size_t i = 0; i < count; ++i) result.append(text);
+  return result;
+}
+
+std::string Nested(size_t depth) { return InRoot(Repeated("<a>", depth - 1) + Repeated("</a>", depth - 1)); }
+std::string LongText(size_t size) { return InRoot("<a>" + std::string(size, 'x') + "</a>"); }
+std::string LongTag(size_t size) { return InRoot("<a b=\"" + std::string(size, 'x') + "\"/>"); }
+std::string ManyAttributes(int count) {
+  std::string attributes;
+  for (int i = 0; i < count; ++i) attributes += " a" + std::to_string(i) + "='1'";
+  return InRoot("<a" + attributes + "/>");
+}
+
+std::string WithDeclaration(std::string_view declaration, std::string_view content) {
+  return std::string(declaration).append(InRoot(content));
+}
+
+struct HostileFile {
+  const char* name;
+  std::string bytes;
+};
+
+void PrintTo(const HostileFile& file, std::ostream* out) { *out << file.name; }
+
+const std::vector<HostileFile>& HostileFiles() {
+  static const std::vector<HostileFile> kFiles = {
+      {"empty", ""},
+      {"blank", " \r\n\t "},
+      {"a byte order mark alone", "\xEF\xBB\xBF"},
+      {"half a byte order mark", "\xFF"},
+      {"text", "SAF-T"},
+      {"another kind of file", std::string("PK\x03\x04\x14\0\0\0", 8)},
+      {"a declaration alone", "<?xml version=\"1.0\" encoding=\"windows-1252\"?>"},
+      {"a comment alone", "<!-- nothing -->"},
+      {"a root that does not end", std::string(kRoot)},
+      {"a root that does not begin", "</AuditFile>"},
+      {"two roots", InRoot("") + InRoot("")},
+      {"text after the root", InRoot("") + "text"},
+      {"a declaration that comes late", " <?xml version=\"1.0\"?>" + InRoot("")},
+      {"crossed elements", InRoot("<a><b></a></b>")},
+      {"ends that differ in letter case", InRoot("<Header></header>")},
+      {"an attribute twice", InRoot("<a b='1' b='2'/>")},
+      {"an attribute without quotes", InRoot("<a b=1/>")},
+      {"a bare ampersand", InRoot("<a>Silva & Filhos</a>")},
+      {"a bare less-than", InRoot("<a>1 < 2</a>")},
+      {"an unknown entity", InRoot("<a>&eacute;</a>")},
+      {"a reference to a forbidden character", InRoot("<a>&#1;</a>")},
+      {"a reference beyond the last character", InRoot("<a>&#x110000;</a>")},
+      {"a control character", InRoot("<a>\x01</a>")},
+      {"a NUL", InRoot(std::string("<a>x\0y</a>", 10))},
+      {"a NUL after the root", InRoot("") + std::string(1, '\0')},
+      {"the end of a section in text", InRoot("<a>]]></a>")},
+      {"a section that does not end", InRoot("<![CDATA[ x")},
+      {"a comment that does not end", InRoot("<!-- x")},
+      {"two hyphens in a comment", InRoot("<!-- x -- y -->")},
+      {"an unbound prefix", InRoot("<n:a/>")},
+      {"bytes that are no UTF-8", WithDeclaration("<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "<a>\xC3\x28</a>")},
+      {"an overlong form", WithDeclaration("<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "<a>\xC0\x80</a>")},
+      {"a surrogate", WithDeclaration("<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "<a>\xED\xA0\x80</a>")},
+      {"Windows-1252 without a declaration", InRoot("<a>\xC9vora</a>")},
+      {"an unknown encoding", WithDeclaration("<?xml version=\"1.0\" encoding=\"klingon\"?>", "")},
+      {"a byte order mark that contradicts the declaration",
+       WithDeclaration("\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"windows-1252\"?>", "")},
+      {"an odd byte of UTF-16", std::string("\xFF\xFE<\0a\0/\0>\0\n", 11)},
+      {"a document type", WithDeclaration("<!DOCTYPE AuditFile>", "")},
+      {"a document type with an internal subset", WithDeclaration("<!DOCTYPE AuditFile [<!ELEMENT a ANY>]>", "")},
+      {"an entity of its own", WithDeclaration("<!DOCTYPE AuditFile [<!ENTITY e \"x\">]>", "<a>&e;</a>")},
+      {"an entity that is a file",
+       WithDeclaration("<!DOCTYPE AuditFile [<!ENTITY e SYSTEM \"file:///etc/passwd\">]>", "<a>&e;</a>")},
+      {"a parameter entity that is a file",
+       WithDeclaration("<!DOCTYPE AuditFile [<!ENTITY % e SYSTEM \"file:///etc/passwd\"> %e;]>", "")},
+      {"an external document type", WithDeclaration("<!DOCTYPE AuditFile SYSTEM \"file:///etc/passwd\">", "")},
+      {"an entity that explodes",
+       WithDeclaration("<!DOCTYPE AuditFile [<!ENTITY a \"xxxxxxxxxx\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
+                       "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;\">]>",
+                       "<a>&d;</a>")},
+      {"elements too deep", Nested(300)},
+      {"elements far too deep", Nested(200000)},
+      {"elements that never end", std::string(kRoot) + Repeated("<a>", 200000)},
+      {"a text too long", LongText(11'000'000)},
+      {"a start tag too long", LongTag(70'000)},
+      {"too many attributes", ManyAttributes(200'000)},
+  };
+  return kFiles;
+}
+
+// What a host may do with a file that it did not make.
+struct Access {
+  const char* name;
+  std::string_view source;
+  std::function<bool(const std::string& path, std::shared_ptr<const AuditException>& exception)> run;
+};
+
+template <class Facade>
+bool Open(const std::string& path, std::shared_ptr<const AuditException>& exception) {
+  Facade facade;
+  facade.set_AuditFileName(path);
+  const bool opened = facade.OpenAuditFile();
+  exception = facade.AuditException();
+  return opened;
+}
+
+bool Validate(const std::string& path, std::shared_ptr<const AuditException>& exception) {
+  AuditFile file;
+  file.set_AuditFileName(path);
+  const bool valid = file.ValidateAuditFile();
+  exception = file.AuditException();
+  return valid;
+}
+
+const Access kAccesses[] = {
+    {"AuditFile.OpenAuditFile", kLoadSource, Open<AuditFile>},
+    {"AuditFileReader.OpenAuditFile", kLoadSource, Open<AuditFileReader>},
+    {"AuditFile.ValidateAuditFile", kValidationSource, Validate},
+};
+
+class HostileFileTest : public ::testing::Test {
+ protected:
+  // Every access fails with an error of the parser that describes itself.
+  void ExpectRefused(const std::string& path) {
+    for (const Access& access : kAccesses) {
+      std::shared_ptr<const AuditException> exception;
+      EXPECT_FALSE(access.run(path, exception)) << access.name;
+      ASSERT_NE(exception, nullptr) << access.name;
+      EXPECT_GT(exception->Number(), 0) << access.name << ": " << Told(exception);
+      EXPECT_EQ(exception->Source(), access.source) << access.name << ": " << Told(exception);
+      EXPECT_THAT(exception->Description(), HasSubstr("linha ")) << access.name;
+    }
+  }
+
+  void ExpectOpened(const std::string& path) {
+    for (const Access& access : kAccesses) {
+      if (access.source != kLoadSource) continue;
+      std::shared_ptr<const AuditException> exception;
+      EXPECT_TRUE(access.run(path, exception)) << access.name << ": " << Told(exception);
+    }
+  }
+
+  UseSchema schema_;
+  TemporaryFolder folder_;
+};
+
+class HostileContentTest : public HostileFileTest, public ::testing::WithParamInterface<HostileFile> {};
+
+TEST_P(HostileContentTest, IsRefusedAndLeftAlone) {
+  const std::string path = folder_.Write("saft.xml", GetParam().bytes);
+  ExpectRefused(path);
+  EXPECT_TRUE(ReadBytes(path) == GetParam().bytes) << "the file was changed";
+  EXPECT_THAT(folder_.Names(), ElementsAre("saft.xml"));
+}
+
+TEST_P(HostileContentTest, LeavesTheFacadesClosedAndUsable) {
+  const std::string good = folder_.Path("good.xml");
+  const std::string bad = folder_.Write("bad.xml", GetParam().bytes);
+  SaveSampleFile(good);
+
+  AuditFile file;
+  file.set_AuditFileName(bad);
+  EXPECT_FALSE(file.OpenAuditFile());
+  EXPECT_FALSE(file.UpdateAuditFile());
+  EXPECT_THAT(file, Recorded(kNotStarted, "AuditFile.UpdateAuditFile"));
+  file.set_AuditFileName(good);
+  EXPECT_TRUE(file.OpenAuditFile()) << Told(file.AuditException());
+  EXPECT_TRUE(file.CreateCustomer(*SampleCustomer("C9")));
+  EXPECT_TRUE(file.UpdateAuditFile());
+  EXPECT_TRUE(file.ValidateAuditFile()) << Told(file.AuditException());
+
+  AuditFileReader reader;
+  reader.set_AuditFileName(bad);
+  EXPECT_FALSE(reader.OpenAuditFile());
+  EXPECT_EQ(reader.Customers(), -1);
+  EXPECT_THAT(reader, Recorded(kNotStarted, "AuditFileReader.Customers"));
+  reader.set_AuditFileName(good);
+  EXPECT_TRUE(reader.OpenAuditFile()) << Told(reader.AuditException());
+  EXPECT_EQ(reader.Customers(), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, HostileContentTest, ValuesIn(HostileFiles()));
+
+TEST_F(HostileFileTest, LargeButAllowedFilesAreOpened) {
+  ExpectOpened(folder_.Write("deep.xml", Nested(200)));
+  ExpectOpened(folder_.Write("long.xml", LongText(9'000'000)));
+  ExpectOpened(folder_.Write("tag.xml", LongTag(60'000)));
+}
+
+TEST_F(HostileFileTest, ValidationRefusesARootOfAnotherName) {
+  AuditFile file;
+  file.set_AuditFileName(folder_.Write("saft.xml", "<Other xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\"/>"));
+  EXPECT_FALSE(file.ValidateAuditFile());
+  EXPECT_THAT(file, RecordedXmlErrorFrom(kValidationSource));
+}
+
+// Whatever can be cut in two is in it.
+constexpr std::string_view kRichFile =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!-- antes: é -->\n<?pi de?>\n"
+    "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\" xmlns:n='urn:n' n:a=\"&lt;&#233;\">\n"
+    "\t<Header><CompanyName>Irmãos &amp; Filhos &#x20AC;</CompanyName><Fax/><n:x n:y=''/></Header>\n"
+    "\t<!-- - --><MasterFiles><![CDATA[ ]] ]]]]><Customer ><CustomerID\n>C1</CustomerID ></Customer\n>"
+    "<?fim?></MasterFiles>\n</AuditFile>";
+
+TEST_F(HostileFileTest, FileCutAtAnyByteIsRefused) {
+  const std::string path = folder_.Write("cut.xml", kRichFile);
+  ExpectOpened(path);
+  for (size_t size = kRichFile.size(); size-- > 0;) {
+    std::filesystem::resize_file(path, size);
+    ExpectRefused(path);
+    ASSERT_FALSE(HasFailure()) << "cut at byte " << size;
+  }
+}
+
+TEST_F(HostileFileTest, FileOfTheLibrarysOwnCutAtAnyByteIsNotOpened) {
+  const std::string path = folder_.Path("saft.xml");
+  SaveSampleFile(path, {.customers = 1, .transactions = 1, .invoices = 1});
+  const size_t whole = ReadBytes(path).rfind('>');
+  for (size_t size = whole; size > 0; --size) {
+    std::filesystem::resize_file(path, size);
+    for (const Access& access : kAccesses) {
+      if (access.source != kLoadSource) continue;
+      std::shared_ptr<const AuditException> exception;
+      ASSERT_FALSE(access.run(path, exception)) << access.name << " cut at byte " << size;
+      ASSERT_EQ(exception->Source(), kLoadSource) << Told(exception);
+      ASSERT_GT(exception->Number(), 0);
+    }
+  }
+}
+
+// Files that cannot be read at all.
+
+TEST_F(HostileFileTest, MissingFileIsNotFound) {
+  const std::string paths[] = {folder_.Path("missing.xml"), folder_.Path("no/such/folder.xml"),
+                               folder_.Path(std::string(5000, 'x')), folder_.Write("file.xml", "") + "/below.xml"};
+  for (const std::string& path : paths) {
+    AuditFile file;
+    file.set_AuditFileName(path);
+    EXPECT_FALSE(file.OpenAuditFile());
+    EXPECT_THAT(file, Recorded(kFileNotFound, "AuditFile.OpenAuditFile"));
+    EXPECT_FALSE(file.ValidateAuditFile());
+    EXPECT_THAT(file, Recorded(kFileNotFound, "AuditFile.ValidateAuditFile"));
+    AuditFileReader reader;
+    reader.set_AuditFileName(path);
+    EXPECT_FALSE(reader.OpenAuditFile());
+    EXPECT_THAT(reader, Recorded(kFileNotFound, "AuditFileReader.OpenAuditFile"));
+  }
+}
+
+TEST_F(HostileFileTest, FolderIsNoFile) {
+  const std::string path = folder_.Path("folder");
+  std::filesystem::create_directory(path);
+  for (const Access& access : kAccesses) {
+    std::shared_ptr<const AuditException> exception;
+    EXPECT_FALSE(access.run(path, exception)) << access.name;
+    ASSERT_NE(exception, nullptr) << access.name;
+    EXPECT_NE(exception->Description(), "") << access.name;
+  }
+  AuditFile file;
+  file.set_AuditFileName(path);
+  file.DeleteAuditFile();
+  EXPECT_TRUE(std::filesystem::is_directory(path));
+}
+
+TEST_F(HostileFileTest, UnreadableFileIsReportedWithTheSystemsReason) {
+  const std::string path = folder_.Path("saft.xml");
+  SaveSampleFile(path);
+  chmod(folder_.Path("").c_str(), 0755);
+  chmod(path.c_str(), 0);
+  const std::string report = InChildProcess([&] {
+    DropPrivileges();
+    std::string failures;
+    for (const Access& access : kAccesses) {
+      std::shared_ptr<const AuditException> exception;
+      const bool succeeded = access.run(path, exception);
+      if (succeeded || exception == nullptr || exception->Number() != kPermissionDenied ||
+          exception->Source() != access.source ||
+          exception->Description().find("Permission denied") == std::string::npos) {
+        failures += std::string(access.name) + ": " + Told(exception) + "\n";
+      }
+    }
+    return failures;
+  });
+  EXPECT_EQ(report, "");
+}
+
+TEST_F(HostileFileTest, UnreadableSchemaIsReportedByValidation) {
+  const std::string path = folder_.Path("saft.xml");
+  SaveSampleFile(path);
+  const std::string schema = folder_.Write("own.xsd", ReadBytes(ZEVO_SCHEMA_FILE));
+  chmod(folder_.Path("").c_str(), 0755);
+  chmod(schema.c_str(), 0);
+  const std::string report = InChildProcess([&]() -> std::string {
+    DropPrivileges();
+    Options().set_SchemaLocation(schema);
+    std::shared_ptr<const AuditException> exception;
+    if (!Validate(path, exception) && exception != nullptr && exception->Number() != 0 &&
+        !exception->Description().empty()) {
+      return "";
+    }
+    return Told(exception);
+  });
+  EXPECT_EQ(report, "");
+}
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <zevo/adapters.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <ostream>
+#include <string>
+
+#include "tests/facades/ChildProcess.h"
+#include "tests/facades/Expectations.h"
+#include "tests/facades/SampleFile.h"
+#include "tests/support/TemporaryFolder.h"
+
+// Twice the records take about twice the time, and memory in proportion to the file.
+
+namespace zevo {
+namespace {
+
+using namespace zevo::testing;
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kMeasurable = false;
+#else
+constexpr bool kMeasurable = true;
+#endif
+
+constexpr int kRecords = 20'000;
+
+struct Kind {
+  const char* name;
+  int SampleSize::*count;
+};
+
+void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
+
+class ScaleTest : public ::testing::TestWithParam<Kind> {
+ protected:
+  void SetUp() override {
+    if (!kMeasurable) GTEST_SKIP() << "a sanitizer distorts time and memory";
+  }
+
+  static SampleSize Size(int records) {
+    SampleSize size{.customers = 1, .transactions = 1, .invoices = 1};
+    size.*GetParam().count = records;
+    return size;
+  }
+
+  // Seconds, the best of three times.
+  template <class Job>
+  static double Best(Job&& job) {
+    double best = std::numeric_limits<double>::max();
+    for (int time = 1; time <= 3; ++time) {
+      const auto start = std::chrono::steady_clock::now();
+      job();
+      best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return best;
+  }
+
+  void BuildAndSave(int records) {
+    const std::string path = folder_.Path("saft.xml");
+    std::filesystem::remove(path);
+    SaveSampleFile(path, Size(records));
+  }
+
+  // Opens a file and reads every record of the kinds that sample files vary in.
+  static int ReadAll(const std::string& path) {
+    AuditFileReader reader;
+    reader.set_AuditFileName(path);
+    if (!reader.OpenAuditFile()) return -1;
+    int count = 0;
+    std::shared_ptr<Customer> customer;
+    while (reader.ReadCustomer(customer) && customer != nullptr) ++count;
+    std::shared_ptr<Transaction> transaction;
+    const auto journal = SampleJournal("D1");
+    while (reader.ReadTransaction(transaction, *journal) && transaction != nullptr) ++count;
+    std::shared_ptr<Invoice> invoice;
+    while (reader.ReadInvoice(invoice) && invoice != nullptr) ++count;
+    return count;
+  }
+
+  // Kilobytes that a process reaches with a job, told by the process.
+  template <class Job>
+  static int64_t PeakOf(Job&& job) {
+    const std::string report = InChildProcess([&] {
+      job();
+      rusage usage{};
+      getrusage(RUSAGE_SELF, &usage);
+      return std::to_string(usage.ru_maxrss);
+    });
+    return std::stoll(report);
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_P(ScaleTest, BuildingAndSavingTwiceTheRecordsTakesTwiceTheTime) {
+  const double once = Best([&] { BuildAndSave(kRecords); });
+  const double twice = Best([&] { BuildAndSave(2 * kRecords); });
+  EXPECT_LT(twice, 3 * once);
+}
+
+TEST_P(ScaleTest, OpeningAndReadingTwiceTheRecordsTakesTwiceTheTime) {
+  SaveSampleFile(folder_.Path("once.xml"), Size(kRecords));
+  SaveSampleFile(folder_.Path("twice.xml"), Size(2 * kRecords));
+  int read = 0;
+  const double once = Best([&] { read = ReadAll(folder_.Path("once.xml")); });
+  EXPECT_EQ(read, kRecords + 2);
+  const double twice = Best([&] { read = ReadAll(folder_.Path("twice.xml")); });
+  EXPECT_EQ(read, 2 * kRecords + 2);
+  EXPECT_LT(twice, 3 * once);
+}
+
+TEST_P(ScaleTest, MemoryGrowsByNoMoreThanThreeTimesTheFile) {
+  const std::string once = folder_.Path("once.xml");
+  const std::string twice = folder_.Path("twice.xml");
+  const int64_t building_once = PeakOf([&] { SaveSampleFile(once, Size(kRecords)); });
+  const int64_t building_twice = PeakOf([&] { SaveSampleFile(twice, Size(2 * kRecords)); });
+  const int64_t reading_once = PeakOf([&] { ReadAll(once); });
+  const int64_t reading_twice = PeakOf([&] { ReadAll(twice); });
+
+  const auto growth = static_cast<int64_t>(std::filesystem::file_size(twice) - std::filesystem::file_size(once)) / 1024;
+  ASSERT_GT(growth, 5'000);
+  EXPECT_LT(building_twice - building_once, 3 * growth);
+  EXPECT_LT(reading_twice - reading_once, 3 * growth);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, ScaleTest,
+                         ::testing::Values(Kind{"customers", &SampleSize::customers},
+                                           Kind{"transactions", &SampleSize::transactions},
+                                           Kind{"invoices", &SampleSize::invoices}));
+
+}  // namespace
+}  // namespace zevo
