@@ -1,0 +1,73 @@
+#include "tests/tools/ToolTest.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+
+namespace zevo::testing {
+
+using ::testing::ElementsAre;
+
+ToolTest::ToolTest() { std::filesystem::create_directory(folder_.Path(kDataset)); }
+
+Outcome ToolTest::Run(const std::vector<std::string>& arguments) const {
+  const TemporaryFolder streams;
+  const std::string out = streams.Path("out");
+  const std::string err = streams.Path("err");
+  const pid_t child = fork();
+  if (child == 0) {
+    std::vector<char*> argv = {const_cast<char*>("saft")};
+    for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+    argv.push_back(nullptr);
+    if (std::freopen(out.c_str(), "w", stdout) && std::freopen(err.c_str(), "w", stderr)) {
+      execv(SAFT_PROGRAM, argv.data());
+    }
+    _exit(127);
+  }
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFEXITED(status)) << "ended by a signal";
+  return {WEXITSTATUS(status), ReadBytes(out), ReadBytes(err)};
+}
+
+void ToolTest::Write(std::string_view name, std::string_view text) const {
+  folder_.Write(std::string(kDataset) + "/" + std::string(name), text);
+}
+
+void ToolTest::ExpectRefused(std::string_view message) const {
+  const Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, std::string("saft: ").append(message).append("\n"));
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
+}
+
+void ToolTest::ExpectCreated() const {
+  const Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
+}
+
+std::vector<std::string> ToolTest::Texts(std::string_view element) const {
+  const std::string bytes = ReadBytes(Output());
+  const std::string start = std::string("<").append(element).append(">");
+  const std::string end = std::string("</").append(element).append(">");
+  std::vector<std::string> texts;
+  for (size_t at = bytes.find(start); at != std::string::npos; at = bytes.find(start, at + 1)) {
+    const size_t from = at + start.size();
+    texts.push_back(bytes.substr(from, bytes.find(end, from) - from));
+  }
+  return texts;
+}
+
+bool ToolTest::Has(std::string_view element) const {
+  const std::string bytes = ReadBytes(Output());
+  const std::string start = std::string("<").append(element);
+  return bytes.find(start + ">") != std::string::npos || bytes.find(start + "/>") != std::string::npos;
+}
+
+}  // namespace zevo::testing

@@ -1,0 +1,36 @@
+#ifndef ZEVO_TOOLS_SAFT_COLUMNBINDING_H_
+#define ZEVO_TOOLS_SAFT_COLUMNBINDING_H_
+
+#include <zevo/adapters.h>
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zevo::saft {
+
+/// The property that a column of a dataset stands for, in a record or, after dots, in one of its children.
+class ColumnBinding {
+ public:
+  /// Throws `BadValue` when the column is none that can be filled.
+  ColumnBinding(std::string_view column, std::span<const Property> properties);
+
+  /// Sets the property from a cell's text, making the children on the way. Throws `BadValue`.
+  void Set(Record& record, const std::string& text) const;
+
+  bool IsText() const { return property_->type == PropertyType::kText; }
+  /// The text that the property holds; `IsText` only, and after `Set`.
+  std::string Text(const Record& record) const;
+
+ private:
+  static std::shared_ptr<Record> Child(const Property& property, const Record& record);
+
+  std::vector<const Property*> children_;
+  const Property* property_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_COLUMNBINDING_H_

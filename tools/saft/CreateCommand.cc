@@ -1,0 +1,56 @@
+#include "tools/saft/CreateCommand.h"
+
+#include <iostream>
+
+#include "tools/saft/AuditFileOutput.h"
+#include "tools/saft/Dataset.h"
+#include "tools/saft/EntriesWriter.h"
+#include "tools/saft/InvoicesWriter.h"
+#include "tools/saft/MasterFilesWriter.h"
+
+namespace zevo::saft {
+namespace {
+
+constexpr const char* kDatasetHelp = R"(The dataset is a folder of CSV files, each of which may be absent:
+
+  header.csv             the company and the period, one row
+  general_ledger.csv     ledger accounts
+  customers.csv          customers
+  suppliers.csv          suppliers
+  products.csv           products and services
+  tax_table.csv          tax rates
+  journals.csv           journals
+  transactions.csv       transactions; JournalID tells the journal
+  transaction_lines.csv  their lines; TransactionID tells the transaction
+  invoices.csv           sales documents
+  invoice_lines.csv      their lines; InvoiceNo tells the document
+  credit_notes.csv       documents corrected; InvoiceNo and LineNumber tell the line
+
+The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
+column is a property of the record, such as CustomerID; a dot leads into a child: BillingAddress.City. Codes are
+written as in the audit file (FT), flags as 0 or 1, numbers with a point. An empty cell leaves the default. The totals
+of the sections are computed. Without transactions.csv there is no ledger section, without invoices no sales section.
+
+Texts that are longer than the schema allows are shortened and counted on standard error.)";
+
+}  // namespace
+
+CreateCommand::CreateCommand(CLI::App& program)
+    : Command(program, "create", "Turn a dataset of CSV files into an audit file") {
+  options_.add_option("DATASET", dataset_, "Folder of the dataset")->required()->option_text(" ");
+  options_.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
+  options_.footer(kDatasetHelp);
+}
+
+ExitCode CreateCommand::Run() const {
+  AuditFileOutput output(file_);
+  Dataset dataset(dataset_);
+  MasterFilesWriter(dataset, output).Write();
+  EntriesWriter(dataset, output, std::cerr).Write();
+  InvoicesWriter(dataset, output).Write();
+  output.Save();
+  dataset.Shortened().Report(std::cerr);
+  return kDone;
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,23 @@
+#ifndef ZEVO_TOOLS_SAFT_CREATECOMMAND_H_
+#define ZEVO_TOOLS_SAFT_CREATECOMMAND_H_
+
+#include <string>
+
+#include "tools/saft/Command.h"
+
+namespace zevo::saft {
+
+/// Turns a dataset into an audit file.
+class CreateCommand : public Command {
+ public:
+  explicit CreateCommand(CLI::App& program);
+  ExitCode Run() const override;
+
+ private:
+  std::string dataset_;
+  std::string file_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_CREATECOMMAND_H_

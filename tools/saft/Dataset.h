@@ -1,0 +1,50 @@
+#ifndef ZEVO_TOOLS_SAFT_DATASET_H_
+#define ZEVO_TOOLS_SAFT_DATASET_H_
+
+#include <zevo/adapters.h>
+
+#include <string>
+
+#include "tools/saft/RecordFile.h"
+#include "tools/saft/ShortenedTexts.h"
+
+namespace zevo::saft {
+
+/// A folder of CSV files that hold the records of one audit file.
+class Dataset {
+ public:
+  static constexpr const char* kHeader = "header.csv";
+  static constexpr const char* kGeneralLedger = "general_ledger.csv";
+  static constexpr const char* kCustomers = "customers.csv";
+  static constexpr const char* kSuppliers = "suppliers.csv";
+  static constexpr const char* kProducts = "products.csv";
+  static constexpr const char* kTaxTable = "tax_table.csv";
+  static constexpr const char* kJournals = "journals.csv";
+  static constexpr const char* kTransactions = "transactions.csv";
+  static constexpr const char* kTransactionLines = "transaction_lines.csv";
+  static constexpr const char* kInvoices = "invoices.csv";
+  static constexpr const char* kInvoiceLines = "invoice_lines.csv";
+  static constexpr const char* kCreditNotes = "credit_notes.csv";
+
+  /// Fails when there is no such folder, or none of the files in it.
+  explicit Dataset(std::string folder);
+
+  /// The records of class `T`.
+  template <class T>
+  RecordFile Open(const char* file, const KeyColumns& keys) {
+    return RecordFile(PathOf(file), PropertiesOf<T>(), keys, shortened_);
+  }
+
+  /// What was shortened in the rows read so far.
+  const ShortenedTexts& Shortened() const { return shortened_; }
+
+  std::string PathOf(const char* file) const;
+
+ private:
+  std::string folder_;
+  ShortenedTexts shortened_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_DATASET_H_

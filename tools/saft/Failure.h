@@ -1,0 +1,23 @@
+#ifndef ZEVO_TOOLS_SAFT_FAILURE_H_
+#define ZEVO_TOOLS_SAFT_FAILURE_H_
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace zevo::saft {
+
+/// What ends the program with exit code 2; its text is the message.
+class Failure : public std::runtime_error {
+ public:
+  explicit Failure(const std::string& message) : std::runtime_error(message) {}
+  /// A failure of the library with a file.
+  Failure(std::string_view file, std::string_view reason);
+  /// A fault in a row of a dataset.
+  Failure(std::string_view file, int64_t row, std::string_view reason);
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_FAILURE_H_

@@ -1,0 +1,32 @@
+#ifndef ZEVO_TOOLS_SAFT_MASTERFILESWRITER_H_
+#define ZEVO_TOOLS_SAFT_MASTERFILESWRITER_H_
+
+#include <zevo/adapters.h>
+
+#include <string_view>
+
+#include "tools/saft/AuditFileOutput.h"
+#include "tools/saft/Dataset.h"
+
+namespace zevo::saft {
+
+/// Writes the header and the master files of a dataset.
+class MasterFilesWriter {
+ public:
+  MasterFilesWriter(Dataset& dataset, AuditFileOutput& output) : dataset_(dataset), output_(output) {}
+
+  void Write();
+
+ private:
+  void WriteHeader();
+  /// Writes every record of a file; its key, when there is one, must be unique.
+  template <class T>
+  void WriteEach(const char* file, std::string_view key, bool (AuditFile::*create)(const T&));
+
+  Dataset& dataset_;
+  AuditFileOutput& output_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_MASTERFILESWRITER_H_

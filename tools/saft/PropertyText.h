@@ -1,0 +1,33 @@
+#ifndef ZEVO_TOOLS_SAFT_PROPERTYTEXT_H_
+#define ZEVO_TOOLS_SAFT_PROPERTYTEXT_H_
+
+#include <zevo/adapters.h>
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace zevo::saft {
+
+/// What is wrong with a text that should be the value of a property.
+class BadValue : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Whether a property holds a value that stands in one cell.
+bool IsPlain(const Property& property);
+
+/// The value of a property that is a count. Throws `BadValue`.
+int32_t CountFromText(const std::string& text);
+
+/// The value of a plain property from its text in a dataset. Throws `BadValue`.
+PropertyValue ValueFromText(const Property& property, const std::string& text);
+
+/// The text of a plain property's value as a dataset has it.
+std::string TextFromValue(const Property& property, const PropertyValue& value);
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_PROPERTYTEXT_H_

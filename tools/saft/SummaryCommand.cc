@@ -1,0 +1,27 @@
+#include "tools/saft/SummaryCommand.h"
+
+#include <iostream>
+
+#include "tools/saft/SummaryJson.h"
+#include "tools/saft/SummaryReader.h"
+#include "tools/saft/SummaryText.h"
+
+namespace zevo::saft {
+
+SummaryCommand::SummaryCommand(CLI::App& program)
+    : Command(program, "summary", "Tell what an audit file holds: header, counts and totals") {
+  options_.add_option("FILE.xml", file_, "Audit file to read")->required()->option_text(" ");
+  options_.add_flag("--json", json_, "Write JSON for programs, with amounts as texts");
+  options_.footer(
+      "Totals are told as the file has them and as the records sum up to. Documents whose TransactionID is "
+      "\"Anulado\"\n"
+      "are left out of both; the table of invoice types has all documents.");
+}
+
+ExitCode SummaryCommand::Run() const {
+  const Summary summary = SummaryReader(file_).Read();
+  json_ ? PrintJson(summary, std::cout) : PrintText(summary, std::cout);
+  return kDone;
+}
+
+}  // namespace zevo::saft

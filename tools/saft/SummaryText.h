@@ -1,0 +1,15 @@
+#ifndef ZEVO_TOOLS_SAFT_SUMMARYTEXT_H_
+#define ZEVO_TOOLS_SAFT_SUMMARYTEXT_H_
+
+#include <ostream>
+
+#include "tools/saft/Summary.h"
+
+namespace zevo::saft {
+
+/// Writes a summary as tables for people.
+void PrintText(const Summary& summary, std::ostream& out);
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_SUMMARYTEXT_H_

@@ -1,0 +1,32 @@
+#include "tools/saft/Table.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "tools/saft/Utf8.h"
+
+namespace zevo::saft {
+
+void Table::Add(std::vector<std::string> cells) {
+  widths_.resize(std::max(widths_.size(), cells.size()));
+  for (size_t column = 0; column < cells.size(); ++column) {
+    std::ranges::replace_if(
+        cells[column], [](unsigned char c) { return c < 0x20; }, ' ');
+    widths_[column] = std::max(widths_[column], CharactersIn(cells[column]));
+  }
+  rows_.push_back(std::move(cells));
+}
+
+void Table::Print(std::ostream& out) const {
+  for (const auto& cells : rows_) {
+    std::string line;
+    for (size_t column = 0; column < cells.size(); ++column) {
+      const std::string blanks(widths_[column] - CharactersIn(cells[column]), ' ');
+      line.append("  ").append(column < left_columns_ ? cells[column] + blanks : blanks + cells[column]);
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    out << line << '\n';
+  }
+}
+
+}  // namespace zevo::saft

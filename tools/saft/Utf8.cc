@@ -1,0 +1,65 @@
+#include "tools/saft/Utf8.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace zevo::saft {
+namespace {
+
+bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+// The length of the character that a text begins with, 0 when it is not well-formed.
+size_t FirstLength(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  if (lead < 0x80) return 1;
+  const size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return 0;
+  if (!std::ranges::all_of(text.substr(1, length - 1), IsContinuation)) return 0;
+  const auto second = static_cast<unsigned char>(text[1]);
+  const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
+  const bool surrogate = lead == 0xED && second >= 0xA0;
+  const bool beyond = lead == 0xF4 && second >= 0x90;
+  return overlong || surrogate || beyond ? 0 : length;
+}
+
+void AppendEscape(std::string& text, unsigned char byte) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  text.append("\\x").append(1, kDigits[byte >> 4]).append(1, kDigits[byte & 0xF]);
+}
+
+}  // namespace
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const size_t length = FirstLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+size_t CharactersIn(std::string_view text) {
+  return text.size() - static_cast<size_t>(std::ranges::count_if(text, IsContinuation));
+}
+
+std::string Quoted(std::string_view text) {
+  const bool readable = IsUtf8(text);
+  std::string quoted = "\"";
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (c == '\n') {
+      quoted += "\\n";
+    } else if (c == '\r') {
+      quoted += "\\r";
+    } else if (c == '\t') {
+      quoted += "\\t";
+    } else if (byte < 0x20 || byte == 0x7F || (byte >= 0x80 && !readable)) {
+      AppendEscape(quoted, byte);
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted += '"';
+}
+
+}  // namespace zevo::saft
