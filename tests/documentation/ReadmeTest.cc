@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -43,7 +44,7 @@ TEST(ReadmeTest, TheCMakeLinesAreThoseOfTheConsumerThatIsTested) {
 // Names in backticks with a slash, and commands that begin with scripts/.
 TEST(ReadmeTest, EveryFileThatTheDocumentationNamesExists) {
   size_t count = 0;
-  for (const std::string& document : {"README.md", "docs/architecture.md", "examples/company/README.md"}) {
+  for (const char* document : {"README.md", "docs/architecture.md", "examples/company/README.md"}) {
     const std::string text = ReadBytes(InSource(document));
     const std::regex name(R"((?:`|\n)((?:zevo|schema|tools|examples|tests|docs|scripts|\.ci)/[A-Za-z0-9_./-]*))");
     for (std::sregex_iterator match(text.begin(), text.end(), name), end; match != end; ++match, ++count) {

@@ -13,7 +13,8 @@ namespace zevo {
 namespace {
 
 constexpr size_t kBlockSize = 64 * 1024;
-constexpr size_t kFoundChildren = 16;
+// Passing over so many children takes no longer than remembering where one of them is.
+constexpr size_t kPassedQuickly = 16;
 
 }  // namespace
 
@@ -30,7 +31,7 @@ void Document::Clear() {
   standalone = false;
   needs_unicode = false;
   default_namespaces = 0;
-  found_.assign(kFoundChildren, {});
+  found_ = {};
   index_ = {};
   top_ = NewNode(NodeKind::kDocument, NameTable::kNone);
 }
@@ -183,7 +184,7 @@ void Document::SetText(Element element, std::string_view text) {
   for (; child != nullptr && child->kind == NodeKind::kAttribute; child = At(child->next)) lastAttribute = child;
   if (child != nullptr) {
     // Children go away that may be known from earlier questions.
-    found_.assign(kFoundChildren, {});
+    found_ = {};
     index_ = {};
   }
   if (lastAttribute == nullptr) {
@@ -202,24 +203,33 @@ bool Document::IsIndexedKey(const Node* node) const {
   return below && (index_.unsettled.empty() || index_.unsettled.back() != node->parent);
 }
 
+bool Document::IsNamed(const Node* node, uint32_t local) const {
+  const bool named = node->name == local || (node->prefixed && names_.Local(node->name) == local);
+  return named && node->kind == NodeKind::kElement;
+}
+
 Node* Document::FirstNamed(const Node* from, uint32_t local) const {
-  for (Node* node = const_cast<Node*>(from); node != nullptr; node = At(node->next)) {
-    const bool named = node->name == local || (node->prefixed && names_.Local(node->name) == local);
-    if (named && node->kind == NodeKind::kElement) return node;
-  }
-  return nullptr;
+  Node* node = const_cast<Node*>(from);
+  while (node != nullptr && !IsNamed(node, local)) node = At(node->next);
+  return node;
 }
 
 Element Document::FirstChild(Element parent, std::string_view name) const {
   const uint32_t local = names_.Find(name);
-  const Node* node = parent.node();
-  if (local == NameTable::kNone || node->holds_text) return Element();
-  const uint32_t reference = Reference(node);
-  FoundChild& found = found_[(reference + local) % kFoundChildren];
-  if (found.parent == reference && found.name == local) return Element(At(found.child));
-  Node* child = FirstNamed(At(node->children.first), local);
-  if (child != nullptr) found = {reference, local, Reference(child)};
-  return Element(child);
+  const Node* above = parent.node();
+  if (local == NameTable::kNone || above->holds_text) return Element();
+  Node* node = At(above->children.first);
+  for (size_t passed = 0; node != nullptr && passed < kPassedQuickly; ++passed, node = At(node->next)) {
+    if (IsNamed(node, local)) return Element(node);
+  }
+  if (node == nullptr) return Element();
+  const uint32_t reference = Reference(above);
+  for (const FoundChild& found : found_) {
+    if (found.parent == reference && found.name == local) return Element(At(found.child));
+  }
+  node = FirstNamed(node, local);
+  if (node != nullptr) found_[next_found_++ % found_.size()] = {reference, local, Reference(node)};
+  return Element(node);
 }
 
 Element Document::FirstChildByKey(Element parent, std::string_view name, std::string_view key,

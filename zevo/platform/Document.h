@@ -3,6 +3,7 @@
 
 #include <zevo/platform/NameTable.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -187,7 +188,7 @@ class Document {
     std::unique_ptr<char[]> bytes;
     size_t size;
   };
-  // What FirstChild found: it stays true, since nothing is ever removed or put in front.
+  // What FirstChild found after a long search: it stays true, since nothing is ever removed or put in front.
   struct FoundChild {
     uint32_t parent;
     uint32_t name;
@@ -208,6 +209,7 @@ class Document {
   Node* Append(Node* parent, NodeKind kind, uint32_t name);
   static void Hold(Node* node, std::string_view text);
   void MakeRoomForChildren(Node* parent);
+  bool IsNamed(const Node* node, uint32_t local) const;
   Node* FirstNamed(const Node* from, uint32_t local) const;
   void IndexKeys(const Node* child) const;
   bool IsIndexedKey(const Node* node) const;
@@ -219,7 +221,8 @@ class Document {
   size_t blocks_used_ = 0;
   size_t text_used_ = 0;  // of the last block in use
   Node* top_ = nullptr;
-  mutable std::vector<FoundChild> found_;
+  mutable std::array<FoundChild, 16> found_{};
+  mutable size_t next_found_ = 0;
   mutable KeyIndex index_;
 };
 

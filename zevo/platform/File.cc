@@ -202,10 +202,11 @@ void FileReplacement::Commit() {
   descriptor_ = -1;
   if (closed != 0 && errno != EINTR) Fail(errno, target_);
   if (temporary_.empty()) return;
+  const std::string folderName = FolderOf(target_);
   if (rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno, target_);
   temporary_.clear();
   // The content is safe by now: a folder that cannot be flushed only delays when the new name is seen after a crash.
-  const int folder = Open(FolderOf(target_), O_RDONLY | O_DIRECTORY);
+  const int folder = Open(folderName, O_RDONLY | O_DIRECTORY);
   if (folder >= 0) {
     fsync(folder);
     close(folder);

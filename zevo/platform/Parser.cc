@@ -59,14 +59,20 @@ class Run {
     context_->encoding = xmlStrdup(BAD_CAST "UTF-8");
     xmlCtxtUseOptions(context_.get(), XML_PARSE_NONET | XML_PARSE_IGNORE_ENC);
     xmlSchemaSAXPlugPtr plug = nullptr;
-    if (validation != nullptr) {
+    validating_ = validation != nullptr;
+    if (validating_) {
+      // Deeper elements are refused.
+      open_.reserve(ParserLimits::kDepth * 2);
       plug = xmlSchemaSAXPlug(validation, &context_->sax, &context_->userData);
       if (plug == nullptr) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
       context_->sax->serror = &Run::OnParserError;
       xmlSchemaSetValidStructuredErrors(validation, &Run::OnError, this);
     }
     xmlParseDocument(context_.get());
-    if (plug != nullptr) xmlSchemaSAXUnplug(plug);
+    if (plug != nullptr) {
+      EndOpenElements();
+      xmlSchemaSAXUnplug(plug);
+    }
     if (thrown_) std::rethrow_exception(thrown_);
     if (error_) throw *error_;
     if (context_->wellFormed == 0) Fail(XML_ERR_INTERNAL_ERROR, "O ficheiro não é XML bem formado");
@@ -102,6 +108,14 @@ class Run {
     return sax;
   }
 
+  // A validation frees what it keeps of an element only at the element's end, which a parse that stops does not reach.
+  void EndOpenElements() {
+    while (!open_.empty()) {
+      const OpenElement element = open_.back();
+      context_->sax->endElementNs(context_->userData, element.local, element.prefix, element.uri);
+    }
+  }
+
   // Runs what may throw between libxml2's frames, which no exception may cross.
   template <class Action>
   void Guard(Action&& action) {
@@ -115,8 +129,10 @@ class Run {
     event_end_ = Position();
   }
 
-  static void OnStartElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar*, int namespaces,
-                             const xmlChar** namespaceTexts, int attributes, int, const xmlChar** attributeTexts) {
+  static void OnStartElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar* uri,
+                             int namespaces, const xmlChar** namespaceTexts, int attributes, int,
+                             const xmlChar** attributeTexts) {
+    if (Of(self).validating_) Of(self).open_.push_back({local, prefix, uri});
     Of(self).Guard([&](Run& run) {
       run.text_length_ = 0;
       if (run.Position() - run.event_end_ > ParserLimits::kStartTag) return run.FailTagTooLong();
@@ -144,6 +160,7 @@ class Run {
   }
 
   static void OnEndElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar*) {
+    if (Of(self).validating_) Of(self).open_.pop_back();
     Of(self).Guard([&](Run& run) {
       run.text_length_ = 0;
       --run.depth_;
@@ -278,6 +295,13 @@ class Run {
   std::unique_ptr<xmlParserCtxt, FreeContext> context_;
   std::vector<ParsedAttribute> attributes_;
   std::deque<std::string> attribute_texts_;
+  struct OpenElement {
+    const xmlChar* local;
+    const xmlChar* prefix;
+    const xmlChar* uri;
+  };
+  std::vector<OpenElement> open_;  // kept for a validation
+  bool validating_ = false;
   int depth_ = 0;
   size_t text_length_ = 0;
   size_t delivered_ = 0;
