@@ -49,6 +49,12 @@ std::string Reason(int systemError, const std::string& name) {
   throw MakeRunTimeError(NumberFor(systemError), Reason(systemError, name));
 }
 
+// A new file that is not found lacks its folder.
+[[noreturn]] void FailToCreate(int systemError, const std::string& name) {
+  if (systemError == ENOENT) throw MakeRunTimeError(RunTimeError::kPathNotFound, Reason(systemError, name));
+  Fail(systemError, name);
+}
+
 // The system would take what stands before a NUL for the whole name.
 bool IsName(const std::string& name) { return name.find('\0') == std::string::npos; }
 
@@ -133,7 +139,7 @@ size_t InputFile::Read(char* bytes, size_t size) {
 
 OutputFile::OutputFile(const std::string& name)
     : name_(name), descriptor_(Open(name, O_WRONLY | O_CREAT | O_TRUNC, 0666)) {
-  if (descriptor_ < 0) Fail(errno, name);
+  if (descriptor_ < 0) FailToCreate(errno, name);
 }
 
 OutputFile::~OutputFile() {
@@ -179,8 +185,7 @@ void FileReplacement::CreateTemporary(unsigned mode) {
     if (errno != EEXIST) {
       const int reason = errno;
       temporary_.clear();
-      if (reason == ENOENT) throw MakeRunTimeError(RunTimeError::kPathNotFound, Reason(reason, target_));
-      Fail(reason, target_);
+      FailToCreate(reason, target_);
     }
   }
 }

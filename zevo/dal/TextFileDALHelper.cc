@@ -1,0 +1,115 @@
+#include <zevo/dal/TextFileDALHelper.h>
+
+#include <zevo/Error.h>
+#include <zevo/dal/LoadDocument.h>
+#include <zevo/platform/Text.h>
+
+#include <algorithm>
+
+namespace zevo {
+namespace {
+
+constexpr std::string_view kRoot = "AuditFile";
+
+}  // namespace
+
+TextFileDALHelper::TextFileDALHelper() : handles_(NewDocument()) { handles_->AppendElement({}, kRoot); }
+
+TextFileDALHelper::~TextFileDALHelper() {
+  try {
+    CloseFile();
+  } catch (const std::exception&) {
+    // Nobody is left to tell.
+  }
+}
+
+Element TextFileDALHelper::HandleFor(std::string_view name) {
+  const Element root = handles_->Root();
+  if (name == kRoot) return root;
+  const Element known = handles_->FirstChild(root, name);
+  return known ? known : handles_->AppendElement(root, name);
+}
+
+void TextFileDALHelper::CreateFile() {
+  open_.clear();
+  try {
+    stream_.CreateStream();
+    stream_.WriteChars("<?xml version=\"1.0\" encoding=\"windows-1252\"?>");
+    stream_.WriteChars("<AuditFile xmlns=\"");
+    stream_.WriteChars(kNamespace);
+    stream_.WriteChars("\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">");
+    open_.push_back(handles_->Root());
+  } catch (...) {
+    open_.clear();
+    stream_.CloseStream();
+    throw;
+  }
+}
+
+void TextFileDALHelper::CloseFile() {
+  if (!IsOpen()) return;
+  try {
+    CloseAll();
+    stream_.Flush();
+  } catch (...) {
+    open_.clear();
+    stream_.CloseStream();
+    throw;
+  }
+  stream_.CloseStream();
+}
+
+Element TextFileDALHelper::GetElement(std::string_view name, Element, std::string_view) {
+  const auto open = std::ranges::find(open_, name, &Element::Name);
+  return open == open_.end() ? Element() : *open;
+}
+
+Element TextFileDALHelper::CreateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+  if (value.empty() && !required) return Element();
+  if (!IsXmlText(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall, name);
+  CloseToParent(parent ? parent : handles_->Root());
+  stream_.WriteChars("<");
+  stream_.WriteChars(name);
+  stream_.WriteChars(">");
+  if (value.empty()) {
+    open_.push_back(HandleFor(name));
+    return open_.back();
+  }
+  stream_.WriteChars(value, Escapes::kMarkupAndQuote);
+  WriteEndTag(name);
+  return Element();
+}
+
+void TextFileDALHelper::EndElement(std::string_view name) {
+  const Element element = GetElement(name, {}, {});
+  if (!element) return;
+  while (CloseInnermost() != element) {
+  }
+}
+
+void TextFileDALHelper::UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+  CreateElement(name, value, parent, required);
+}
+
+void TextFileDALHelper::WriteEndTag(std::string_view name) {
+  stream_.WriteChars("</");
+  stream_.WriteChars(name);
+  stream_.WriteChars(">");
+}
+
+Element TextFileDALHelper::CloseInnermost() {
+  const Element innermost = open_.back();
+  open_.pop_back();
+  WriteEndTag(innermost.Name());
+  return innermost;
+}
+
+void TextFileDALHelper::CloseToParent(Element parent) {
+  while (!open_.empty() && open_.back() != parent) CloseInnermost();
+}
+
+void TextFileDALHelper::CloseAll() {
+  while (!open_.empty()) CloseInnermost();
+}
+
+}  // namespace zevo

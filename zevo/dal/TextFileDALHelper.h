@@ -1,0 +1,60 @@
+#ifndef ZEVO_DAL_TEXTFILEDALHELPER_H_
+#define ZEVO_DAL_TEXTFILEDALHELPER_H_
+
+#include <zevo/dal/IDALHelper.h>
+#include <zevo/dal/TextStream.h>
+#include <zevo/platform/Document.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zevo {
+
+/// The writer that puts every element into the file at once, all on one line. It keeps no more than the names of the
+/// elements that are open. An end tag is written when an element arrives that does not belong inside, or at the close.
+///
+/// Nothing that was written can be found or changed: GetElement knows only open elements, by name alone, and
+/// UpdateElement appends. A parent that is not open closes everything, the root included; it is for the caller to keep
+/// the order.
+class TextFileDALHelper : public IDALHelper {
+ public:
+  TextFileDALHelper();
+  /// Completes the file with all its end tags.
+  ~TextFileDALHelper() override;
+
+  bool IsOpen() const override { return stream_.IsOpen(); }
+  const std::string& AuditFileName() const override { return stream_.FileName(); }
+  void set_AuditFileName(std::string_view value) override { stream_.set_FileName(value); }
+  /// Begins the file anew. A failure leaves the writer closed.
+  void CreateFile() override;
+  /// The same: a file cannot be gone on with.
+  void OpenFile() override { CreateFile(); }
+  /// Does nothing: every element is in the file, or will be.
+  void SaveFile() override {}
+  /// Writes all pending end tags and closes the file, which it does also when it raises a failed write.
+  void CloseFile() override;
+
+  Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override;
+  /// A text is written as it is, spaces included. Gives an element only where it began one without text.
+  Element CreateElement(std::string_view name, std::string_view value, Element parent, bool required) override;
+  void EndElement(std::string_view name) override;
+  void UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) override;
+
+ private:
+  Element HandleFor(std::string_view name);
+  void WriteEndTag(std::string_view name);
+  Element CloseInnermost();
+  void CloseToParent(Element parent);
+  void CloseAll();
+
+  TextStream stream_;
+  // Names of elements only: one for each name, so that two with the same name cannot be told apart.
+  std::unique_ptr<Document> handles_;
+  std::vector<Element> open_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_DAL_TEXTFILEDALHELPER_H_

@@ -1,0 +1,111 @@
+#include <zevo/facades/AuditFileStreamWriter.h>
+
+#include <zevo/Error.h>
+#include <zevo/dal/TextFileDALHelper.h>
+#include <zevo/mappers/CustomerDALC.h>
+#include <zevo/mappers/GeneralLedgerDALC.h>
+#include <zevo/mappers/GeneralLedgerEntriesDALC.h>
+#include <zevo/mappers/HeaderDALC.h>
+#include <zevo/mappers/InvoiceDALC.h>
+#include <zevo/mappers/JournalDALC.h>
+#include <zevo/mappers/ProductDALC.h>
+#include <zevo/mappers/SalesInvoicesDALC.h>
+#include <zevo/mappers/SupplierDALC.h>
+#include <zevo/mappers/TaxTableDALC.h>
+#include <zevo/mappers/TransactionDALC.h>
+#include <zevo/platform/File.h>
+
+namespace zevo {
+
+AuditFileStreamWriter::AuditFileStreamWriter()
+    : Facade("AuditFileStreamWriter", false), writer_(std::make_unique<TextFileDALHelper>()) {}
+AuditFileStreamWriter::~AuditFileStreamWriter() = default;
+
+template <class Operation>
+bool AuditFileStreamWriter::Write(std::string_view member, Operation&& operation) {
+  return Attempt([&] {
+    Require(writer_->IsOpen(), Message::kNotStarted, member);
+    operation(*writer_);
+  });
+}
+
+const std::string& AuditFileStreamWriter::AuditFileName() const { return writer_->AuditFileName(); }
+void AuditFileStreamWriter::set_AuditFileName(std::string_view value) { writer_->set_AuditFileName(value); }
+
+bool AuditFileStreamWriter::CreateAuditFile() {
+  constexpr std::string_view kMember = "CreateAuditFile";
+  return Attempt([&] {
+    Require(!writer_->IsOpen(), Message::kAlreadyStarted, kMember);
+    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
+    Require(!FileExists(AuditFileName()), Message::kFileExists, kMember);
+    writer_->CreateFile();
+  });
+}
+
+bool AuditFileStreamWriter::CloseAuditFile() {
+  writer_->CloseFile();
+  ClearError();
+  return true;
+}
+
+bool AuditFileStreamWriter::CreateHeader(const Header& value) {
+  return Write("CreateHeader", [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
+}
+
+bool AuditFileStreamWriter::CreateGeneralLedger(const GeneralLedger& value) {
+  return Write("CreateGeneralLedger",
+               [&](IDALHelper& helper) { GeneralLedgerDALC().CreateGeneralLedger(value, helper); });
+}
+
+bool AuditFileStreamWriter::CreateCustomer(const Customer& value) {
+  return Write("CreateCustomer", [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
+}
+
+bool AuditFileStreamWriter::CreateSupplier(const Supplier& value) {
+  return Write("CreateSupplier", [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
+}
+
+bool AuditFileStreamWriter::CreateTaxTable(const TaxTable& value) {
+  return Write("CreateTaxTable", [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
+}
+
+bool AuditFileStreamWriter::CreateProduct(const Product& value) {
+  return Write("CreateProduct", [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
+}
+
+bool AuditFileStreamWriter::BeginGeneralLedgerEntries(const GeneralLedgerEntries& value) {
+  return Write("BeginGeneralLedgerEntries",
+               [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().CreateGeneralLedgerEntries(value, helper); });
+}
+
+bool AuditFileStreamWriter::EndGeneralLedgerEntries() {
+  return Write("EndGeneralLedgerEntries", [](IDALHelper&) {});
+}
+
+bool AuditFileStreamWriter::BeginJournal(const Journal& value) {
+  return Write("BeginJournal", [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
+}
+
+bool AuditFileStreamWriter::EndJournal() {
+  return Write("EndJournal", [](IDALHelper&) {});
+}
+
+bool AuditFileStreamWriter::CreateTransaction(const Transaction& value) {
+  return Write("CreateTransaction",
+               [&](IDALHelper& helper) { TransactionDALC().CreateTransaction(value, nullptr, helper); });
+}
+
+bool AuditFileStreamWriter::BeginSalesInvoices(const SalesInvoices& value) {
+  return Write("BeginSalesInvoices",
+               [&](IDALHelper& helper) { SalesInvoicesDALC().CreateSalesInvoices(value, helper); });
+}
+
+bool AuditFileStreamWriter::EndSalesInvoices() {
+  return Write("EndSalesInvoices", [](IDALHelper&) {});
+}
+
+bool AuditFileStreamWriter::CreateInvoice(const Invoice& value) {
+  return Write("CreateInvoice", [&](IDALHelper& helper) { InvoiceDALC().CreateInvoice(value, helper); });
+}
+
+}  // namespace zevo
