@@ -153,12 +153,6 @@ TEST(Serializer, AnElementAloneEscapesNothingButMarkup) {
             "<b k=\"&quot;&#10;\">x\r\"<c/>&lt;&gt;&amp; Ł<!--é--></b>");
 }
 
-TEST(Serializer, ADocumentAsTextIsUtf8) {
-  Document document;
-  document.SetText(document.AppendElement(Element(), "a"), "São Łódź");
-  EXPECT_EQ(SerializeToUtf8(document), "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<a>São Łódź</a>\n");
-}
-
 TEST(Serializer, AnEmptyDocumentIsItsDeclaration) {
   EXPECT_EQ(testing::BytesOf(Document()), "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n");
 }

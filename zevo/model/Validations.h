@@ -33,7 +33,6 @@ class Validations {
   void FillTypeTable();
   void FillElementTable(Element element, bool topLevel);
   std::string ElementPath(Element element, int depth) const;
-  Element GlobalElement(std::string_view name) const;
 
   Document document_;
   bool loaded_ = false;

@@ -293,14 +293,6 @@ void WriteDocumentTo(ByteSink& sink, const Document& document) {
   serializer.Flush();
 }
 
-std::string SerializeToUtf8(const Document& document) {
-  StringSink sink;
-  Serializer serializer(sink, Serializer::Encoding::kUtf8);
-  serializer.WriteDocument(document);
-  serializer.Flush();
-  return std::move(sink.text);
-}
-
 std::string SerializedXml(Element element) {
   StringSink sink;
   Serializer serializer(sink, Serializer::Encoding::kUtf8);

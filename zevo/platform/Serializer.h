@@ -57,9 +57,6 @@ class Serializer {
 /// Writes a document as a file holds it: in Windows-1252, or in UTF-8 where that would lose a character.
 void WriteDocumentTo(ByteSink& sink, const Document& document);
 
-/// The document as UTF-8 text.
-std::string SerializeToUtf8(const Document& document);
-
 /// The serialised XML of an element, as UTF-8 text in which nothing but & < > is escaped.
 std::string SerializedXml(Element element);
 
