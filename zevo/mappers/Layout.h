@@ -74,9 +74,6 @@ struct StrictAmountCodec {
   static NumberText ToText(Amount value) { return AmountText(value); }
   static Amount FromText(std::string_view text) { return CurrencyFromText(text); }
 };
-struct TwoDecimalsCodec : DefaultCodec<Amount> {
-  static NumberText ToText(Amount value) { return TwoDecimalsText(value); }
-};
 /// A quantity passes through a 32-bit float on its way out, on purpose: it keeps about seven digits.
 struct QuantityCodec {
   static NumberText ToText(Amount value) { return SingleText(static_cast<float>(value.ToDouble())); }
