@@ -7,6 +7,7 @@
 #include <zevo/facades/AuditFile.h>
 #include <zevo/facades/AuditFileReader.h>
 #include <zevo/facades/AuditFileStreamWriter.h>
+#include <zevo/facades/AuditFileStreamer.h>
 #include <zevo/facades/Facade.h>
 #include <zevo/model/AddressStructure.h>
 #include <zevo/model/Amount.h>

@@ -17,6 +17,7 @@ class Cursors {
   bool Has(std::string_view name) const;
   /// The element the walk has come to; it moves on. At the end it is forgotten. Nothing without a walk.
   Element Next(std::string_view name);
+  void Clear() { cursors_.clear(); }
 
  private:
   struct Cursor {

@@ -24,7 +24,6 @@ Document::Document(std::span<const std::string_view> vocabulary) : names_(vocabu
 Document::~Document() = default;
 
 void Document::Clear() {
-  names_.ForgetPointers();
   chunks_used_ = 0;
   blocks_used_ = 0;
   text_used_ = 0;

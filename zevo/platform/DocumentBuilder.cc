@@ -7,6 +7,14 @@
 
 namespace zevo {
 
+void DocumentBuilder::Clear() {
+  document_.Clear();
+  open_ = Element();
+  text_ = nullptr;
+  length_ = room_ = 0;
+  white_space_ = {};
+}
+
 void DocumentBuilder::StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) {
   EndText();
   open_ = document_.AppendElement(open_, document_.Names().AddParsed(name.local, name.prefix));

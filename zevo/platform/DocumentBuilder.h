@@ -11,11 +11,14 @@
 
 namespace zevo {
 
-/// Fills a document with what a parser delivers. Nothing is left out: attributes, comments, CDATA sections,
+/// Fills a document with what a parser delivers in one parse. Nothing is left out: attributes, comments, CDATA sections,
 /// instructions and white space between elements are kept.
 class DocumentBuilder : public ParserHandler {
  public:
-  explicit DocumentBuilder(Document& document) : document_(document) {}
+  explicit DocumentBuilder(Document& document) : document_(document) { document.Names().ForgetPointers(); }
+
+  /// Clears the document too, for what comes next in the same parse.
+  void Clear();
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& name) override;

@@ -134,6 +134,7 @@ size_t InputFile::Read(char* bytes, size_t size) {
       Fail(errno, name_);
     }
   }
+  position_ += total;
   return total;
 }
 

@@ -34,10 +34,13 @@ class InputFile {
 
   /// Reads up to `size` bytes; fewer only at the end of the file.
   size_t Read(char* bytes, size_t size);
+  /// How many bytes were read so far.
+  uint64_t Position() const { return position_; }
 
  private:
   std::string name_;
   int descriptor_;
+  uint64_t position_ = 0;
 };
 
 /// A file written from front to back, created or emptied first.

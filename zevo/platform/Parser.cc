@@ -44,9 +44,10 @@ auto Reading(const std::string& source, Action&& action) {
 // One run over one file: stands between libxml2's callbacks and the handler, keeps the limits and the first error.
 class Run {
  public:
-  Run(const std::string& file, const std::string& source, ParserHandler& handler)
+  Run(const std::string& file, const std::string& source, ParserHandler& handler, uint64_t& bytesRead)
       : source_(source),
         handler_(handler),
+        bytes_read_(bytesRead),
         input_(Reading(source, [&] { return InputFile(file); })),
         decoder_(Reading(source, [&] { return TextDecoder(input_); })) {}
 
@@ -197,6 +198,7 @@ class Run {
       run.Stop();
       return 0;
     }
+    run.bytes_read_ = run.input_.Position();
     run.delivered_ += static_cast<size_t>(length);
     return length;
   }
@@ -290,6 +292,7 @@ class Run {
 
   const std::string& source_;
   ParserHandler& handler_;
+  uint64_t& bytes_read_;
   InputFile input_;
   TextDecoder decoder_;
   std::unique_ptr<xmlParserCtxt, FreeContext> context_;
@@ -316,7 +319,8 @@ class Run {
 
 void Parser::Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation) {
   InitialiseXml();
-  Run(file_, source_, handler).Parse(validation);
+  bytes_read_ = 0;
+  Run(file_, source_, handler, bytes_read_).Parse(validation);
 }
 
 }  // namespace zevo

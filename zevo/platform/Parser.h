@@ -2,6 +2,7 @@
 #define ZEVO_PLATFORM_PARSER_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -56,9 +57,13 @@ class Parser {
   /// The same with a libxml2 schema validation listening in.
   void Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation);
 
+  /// How many bytes of the file the running or the last parse has taken in.
+  uint64_t BytesRead() const { return bytes_read_; }
+
  private:
   std::string file_;
   std::string source_;
+  uint64_t bytes_read_ = 0;
 };
 
 }  // namespace zevo
