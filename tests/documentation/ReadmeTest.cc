@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "readme_snippet.h"
+#include "readme_snippets.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zevo {
@@ -26,6 +26,15 @@ TEST(ReadmeTest, TheExampleWritesItsCustomer) {
   EXPECT_TRUE(ExportCustomer());
   std::filesystem::current_path(before);
   EXPECT_NE(ReadBytes(folder.Path("company.xml")).find("<City>\xC9vora</City>"), std::string::npos);
+}
+
+TEST(ReadmeTest, TheExampleCountsInvoices) {
+  const TemporaryFolder folder;
+  const std::string file =
+      folder.Write("a.xml", "<AuditFile><TaxTable><TaxTableEntry/></TaxTable><Invoice/><Invoice/></AuditFile>");
+  EXPECT_EQ(InvoicesIn(file), 2);
+  EXPECT_EQ(InvoicesIn(folder.Write("b.xml", "<AuditFile><Invoice/>")), -1);
+  EXPECT_EQ(InvoicesIn(folder.Path("none.xml")), -1);
 }
 
 TEST(ReadmeTest, TheCMakeLinesAreThoseOfTheConsumerThatIsTested) {

@@ -203,6 +203,87 @@ TEST_F(CreateCommandTest, TheSampleCompanyIsValid) {
   EXPECT_EQ(Run({"validate", Output()}).code, 0);
 }
 
+class StreamedTest : public CreateCommandTest {
+ protected:
+  testing::Outcome CreateStreamed(const std::string& dataset, const std::string& file) const {
+    return Run({"create", "--stream", dataset, file});
+  }
+};
+
+TEST_F(StreamedTest, TheFileIsOneLineInTheOrderOfTheSchema) {
+  WriteEverything();
+  Write("journals.csv", "JournalID\nJ1\nJ2\n");
+  Write("transactions.csv", "JournalID,TransactionID\nJ2,T2\nJ1,T1\n");
+  EXPECT_EQ(CreateStreamed(folder_.Path(kDataset), Output()).err, "");
+  const std::string bytes = testing::ReadBytes(Output());
+  EXPECT_EQ(bytes.find('\n'), std::string::npos);
+  size_t last = 0;
+  for (const char* part :
+       {"<Header>", "<GeneralLedger>", "<Customer>", "<Supplier>", "<Product>", "<TaxTable><TaxTableEntry>",
+        "<NumberOfEntries>2</NumberOfEntries><TotalDebit>10.25</TotalDebit><TotalCredit>10.25</TotalCredit>",
+        "<JournalID>J1</JournalID>", "<TransactionID>T1</TransactionID>", "</Journal>", "<JournalID>J2</JournalID>",
+        "<TransactionID>T2</TransactionID>", "</GeneralLedgerEntries>",
+        "<NumberOfEntries>1</NumberOfEntries><TotalDebit>5.00</TotalDebit>", "<InvoiceNo>NC 1</InvoiceNo>",
+        "<Reference>FT 1</Reference>", "</AuditFile>"}) {
+    const size_t at = bytes.find(part, last);
+    ASSERT_NE(at, std::string::npos) << part;
+    last = at;
+  }
+}
+
+TEST_F(StreamedTest, TheSampleCompanyIsValidAndHasTheSameRecords) {
+  EXPECT_EQ(CreateStreamed(ZEVO_COMPANY_FOLDER, Output()).err, "");
+  EXPECT_EQ(Run({"validate", Output()}).code, 0);
+  const std::string built = folder_.Path("built.xml");
+  ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, built}).code, 0);
+  for (const char* kind : {"Header", "GeneralLedger", "Customer", "Supplier", "Product", "GeneralLedgerEntries",
+                           "Journal", "Transaction", "SalesInvoices", "Invoice"}) {
+    EXPECT_EQ(Run({"list", "--json", Output(), kind}).out, Run({"list", "--json", built, kind}).out) << kind;
+  }
+}
+
+TEST_F(StreamedTest, AnErrorLeavesNoFileBehind) {
+  WriteEverything();
+  Write("credit_notes.csv", "InvoiceNo,LineNumber,Reference\nNC 1,9,FT 1\n");
+  const testing::Outcome outcome = CreateStreamed(folder_.Path(kDataset), Output());
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: " + In("credit_notes.csv") + ":2: LineNumber: \"9\": no such line in its invoice\n");
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
+}
+
+TEST_F(StreamedTest, ATextThatXmlCannotHoldIsToldWithItsRow) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,Um\nC2,D\x01ois\n");
+  const testing::Outcome outcome = CreateStreamed(folder_.Path(kDataset), Output());
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, ::testing::StartsWith("saft: " + In("customers.csv") + ":3: "));
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
+}
+
+TEST_F(StreamedTest, AnExistingFileStaysUntouched) {
+  WriteEverything();
+  folder_.Write("out.xml", "mine");
+  EXPECT_EQ(CreateStreamed(folder_.Path(kDataset), Output()).err,
+            "saft: " + Output() + ": Ficheiro SAFT-PT já existente.\n");
+  EXPECT_EQ(testing::ReadBytes(Output()), "mine");
+}
+
+TEST_F(StreamedTest, AFullDiskIsTheFaultOfTheFile) {
+  const testing::Outcome outcome = CreateStreamed(ZEVO_COMPANY_FOLDER, "/dev/full");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, ::testing::StartsWith("saft: /dev/full: "));
+  EXPECT_TRUE(std::filesystem::exists("/dev/full"));
+}
+
+TEST_F(CreateCommandTest, TotalsOutOfRangeAreToldWithTheRow) {
+  Write("journals.csv", "JournalID\nJ1\n");
+  Write("transactions.csv", "JournalID,TransactionID\nJ1,T1\nJ1,T2\n");
+  Write("transaction_lines.csv", "TransactionID,RecordID,DebitAmount\nT1,1,900000000000000\nT2,1,900000000000000\n");
+  const testing::Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, ::testing::StartsWith("saft: " + In("transactions.csv") + ":3: "));
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
+}
+
 // Work that grew with the square of the records would take minutes here.
 TEST_F(CreateCommandTest, ManyRecordsFindTheirParents) {
   constexpr int kInvoices = 20000;

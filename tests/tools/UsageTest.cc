@@ -52,7 +52,7 @@ TEST_F(UsageTest, VersionIsThatOfTheProject) {
 TEST_F(UsageTest, HelpNamesTheCommandsAndTheExitCodes) {
   const testing::Outcome outcome = Run({"--help"});
   EXPECT_EQ(outcome.code, 0);
-  EXPECT_THAT(outcome.out, AllOf(HasSubstr("create"), HasSubstr("validate"), HasSubstr("summary"),
+  EXPECT_THAT(outcome.out, AllOf(HasSubstr("create"), HasSubstr("validate"), HasSubstr("summary"), HasSubstr("list"),
                                  HasSubstr("Exit codes: 0 done, 1 the file is not valid (validate), 2 any error")));
 }
 

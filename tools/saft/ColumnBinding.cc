@@ -49,9 +49,10 @@ std::string ColumnBinding::Text(const Record& record) const {
   std::shared_ptr<Record> child;
   for (const Property* property : children_) {
     child = Child(*property, *owner);
+    if (!child) return {};
     owner = child.get();
   }
-  return std::get<std::string>(property_->get(*owner));
+  return TextFromValue(*property_, property_->get(*owner));
 }
 
 std::shared_ptr<Record> ColumnBinding::Child(const Property& property, const Record& record) {

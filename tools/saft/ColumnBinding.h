@@ -21,7 +21,7 @@ class ColumnBinding {
   void Set(Record& record, const std::string& text) const;
 
   bool IsText() const { return property_->type == PropertyType::kText; }
-  /// The text that the property holds; `IsText` only, and after `Set`.
+  /// The value that the property has, as a cell would tell it; empty where a child on the way is missing.
   std::string Text(const Record& record) const;
 
  private:

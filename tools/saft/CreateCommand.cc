@@ -39,11 +39,12 @@ CreateCommand::CreateCommand(CLI::App& program)
     : Command(program, "create", "Turn a dataset of CSV files into an audit file") {
   options_.add_option("DATASET", dataset_, "Folder of the dataset")->required()->option_text(" ");
   options_.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
+  options_.add_flag("--stream", stream_, "Write the file from front to back instead of building it in memory first");
   options_.footer(kDatasetHelp);
 }
 
 ExitCode CreateCommand::Run() const {
-  AuditFileOutput output(file_);
+  AuditFileOutput output(file_, stream_ ? AuditFileOutput::kSequential : AuditFileOutput::kInMemory);
   Dataset dataset(dataset_);
   MasterFilesWriter(dataset, output).Write();
   EntriesWriter(dataset, output, std::cerr).Write();

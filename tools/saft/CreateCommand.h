@@ -16,6 +16,7 @@ class CreateCommand : public Command {
  private:
   std::string dataset_;
   std::string file_;
+  bool stream_ = false;
 };
 
 }  // namespace zevo::saft

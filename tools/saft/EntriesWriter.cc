@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "tools/saft/RecordFile.h"
+#include "tools/saft/Totals.h"
 
 namespace zevo::saft {
 
@@ -48,18 +49,21 @@ void EntriesWriter::ReadLines(const RecordTable<Transaction>& transactions) {
 }
 
 void EntriesWriter::WriteSection(Journals& journals, Transactions& transactions) {
-  GeneralLedgerEntries totals;
-  output_.Do(&AuditFile::CreateGeneralLedgerEntries, totals);
-  for (const auto& [journal, row] : journals.Rows()) {
-    output_.Write(journals.Path(), row, &AuditFile::CreateJournal, *journal);
+  RecordTable<Transaction>& table = transactions.table;
+  GeneralLedgerEntries section;
+  SetTotals(section, table.SumOf([](const Transaction& transaction) { return TotalsOf(transaction); }));
+  output_.Begin(section);
+  std::vector<std::vector<size_t>> places(journals.Rows().size());  // of each journal's transactions
+  for (size_t place = 0; place < table.Rows().size(); ++place) places[transactions.journals[place]].push_back(place);
+  for (size_t i = 0; i < places.size(); ++i) {
+    const auto& [journal, journalRow] = journals.Rows()[i];
+    output_.Begin(*journal, {journals.Path(), journalRow});
+    for (const size_t place : places[i]) {
+      auto& [transaction, row] = table.Rows()[place];
+      output_.Write(*transaction, *journal, {table.Path(), row});
+      transaction.reset();  // The file has it now; not both need the memory.
+    }
   }
-  size_t place = 0;
-  for (auto& [transaction, row] : transactions.table.Rows()) {
-    const Journal* journal = journals.Rows()[transactions.journals[place++]].record.get();
-    output_.Write(transactions.table.Path(), row, &AuditFile::CreateTransaction, *transaction, journal, &totals);
-    transaction.reset();  // The document has it now; not both need the memory.
-  }
-  output_.Do(&AuditFile::UpdateGeneralLedgerEntries, totals);
 }
 
 }  // namespace zevo::saft

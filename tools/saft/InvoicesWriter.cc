@@ -5,6 +5,7 @@
 
 #include "tools/saft/PropertyText.h"
 #include "tools/saft/RecordFile.h"
+#include "tools/saft/Totals.h"
 
 namespace zevo::saft {
 namespace {
@@ -59,13 +60,14 @@ void InvoicesWriter::ReadCreditNotes(const Invoices& invoices) {
 }
 
 void InvoicesWriter::WriteSection(Invoices& invoices) {
-  SalesInvoices totals;
-  output_.Do(&AuditFile::CreateSalesInvoices, totals);
+  SalesInvoices section;
+  SetTotals(section,
+            invoices.SumOf([](const Invoice& invoice) { return IsLeftOut(invoice) ? Totals() : TotalsOf(invoice); }));
+  output_.Begin(section);
   for (auto& [invoice, row] : invoices.Rows()) {
-    output_.Write(invoices.Path(), row, &AuditFile::CreateInvoice, *invoice, &totals);
-    invoice.reset();  // The document has it now; not both need the memory.
+    output_.Write(*invoice, {invoices.Path(), row});
+    invoice.reset();  // The file has it now; not both need the memory.
   }
-  output_.Do(&AuditFile::UpdateSalesInvoices, totals);
 }
 
 }  // namespace zevo::saft

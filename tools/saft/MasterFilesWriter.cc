@@ -1,5 +1,8 @@
 #include "tools/saft/MasterFilesWriter.h"
 
+#include <memory>
+#include <utility>
+
 #include "tools/saft/KeyIndex.h"
 #include "tools/saft/RecordFile.h"
 
@@ -7,11 +10,11 @@ namespace zevo::saft {
 
 void MasterFilesWriter::Write() {
   WriteHeader();
-  WriteEach(Dataset::kGeneralLedger, "AccountID", &AuditFile::CreateGeneralLedger);
-  WriteEach(Dataset::kCustomers, "CustomerID", &AuditFile::CreateCustomer);
-  WriteEach(Dataset::kSuppliers, "SupplierID", &AuditFile::CreateSupplier);
-  WriteEach(Dataset::kProducts, "ProductCode", &AuditFile::CreateProduct);
-  WriteEach(Dataset::kTaxTable, "", &AuditFile::CreateTaxTableEntry);
+  WriteEach<GeneralLedger>(Dataset::kGeneralLedger, "AccountID");
+  WriteEach<Customer>(Dataset::kCustomers, "CustomerID");
+  WriteEach<Supplier>(Dataset::kSuppliers, "SupplierID");
+  WriteEach<Product>(Dataset::kProducts, "ProductCode");
+  WriteTaxTable();
 }
 
 void MasterFilesWriter::WriteHeader() {
@@ -19,19 +22,30 @@ void MasterFilesWriter::WriteHeader() {
   if (!rows.Next()) return;
   Header header;
   rows.Fill(header);
-  output_.Write(rows.Path(), rows.Row(), &AuditFile::CreateHeader, header);
+  output_.Write(header, {rows.Path(), rows.Row()});
   if (rows.Next()) rows.Fail("a second header");
 }
 
 template <class T>
-void MasterFilesWriter::WriteEach(const char* file, std::string_view key, bool (AuditFile::*create)(const T&)) {
+void MasterFilesWriter::WriteEach(const char* file, std::string_view key) {
   RecordFile rows = dataset_.Open<T>(file, {.key = key});
   KeyIndex keys;
   while (rows.Next()) {
     T record;
     rows.Fill(record);
-    if (!key.empty()) keys.Add(rows, record);
-    output_.Write(rows.Path(), rows.Row(), create, record);
+    keys.Add(rows, record);
+    output_.Write(record, {rows.Path(), rows.Row()});
+  }
+}
+
+void MasterFilesWriter::WriteTaxTable() {
+  RecordFile rows = dataset_.Open<TaxTableEntry>(Dataset::kTaxTable, {});
+  while (rows.Next()) {
+    auto entry = std::make_shared<TaxTableEntry>();
+    rows.Fill(*entry);
+    TaxTable table;
+    table.TaxTableEntry()->Add(std::move(entry));
+    output_.Write(table, {rows.Path(), rows.Row()});
   }
 }
 

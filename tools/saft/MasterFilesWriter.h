@@ -19,9 +19,10 @@ class MasterFilesWriter {
 
  private:
   void WriteHeader();
-  /// Writes every record of a file; its key, when there is one, must be unique.
+  /// Writes every record of a file; its key must be unique.
   template <class T>
-  void WriteEach(const char* file, std::string_view key, bool (AuditFile::*create)(const T&));
+  void WriteEach(const char* file, std::string_view key);
+  void WriteTaxTable();
 
   Dataset& dataset_;
   AuditFileOutput& output_;

@@ -10,8 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "tools/saft/Failure.h"
 #include "tools/saft/KeyIndex.h"
 #include "tools/saft/RecordFile.h"
+#include "tools/saft/Totals.h"
 
 namespace zevo::saft {
 
@@ -41,6 +43,20 @@ class RecordTable {
     return *place;
   }
   T& ParentOf(const RecordFile& child, size_t parent = 0) const { return *rows_[PlaceOfParent(child, parent)].record; }
+
+  /// The sum of what `totalsOf` gives for each record. A sum out of range is a failure at the record's row.
+  template <class TotalsOf>
+  Totals SumOf(TotalsOf&& totalsOf) const {
+    Totals sum;
+    for (const auto& [record, row] : rows_) {
+      try {
+        sum += totalsOf(*record);
+      } catch (const Error& error) {
+        throw Failure(path_, row, error.Description());
+      }
+    }
+    return sum;
+  }
 
   /// In the order of the file.
   std::vector<Row>& Rows() { return rows_; }

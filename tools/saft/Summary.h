@@ -9,16 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "tools/saft/Totals.h"
+
 namespace zevo::saft {
-
-/// A count of records, and what their lines debit and credit.
-struct Totals {
-  int32_t entries = 0;
-  Amount debit;
-  Amount credit;
-
-  friend bool operator==(const Totals&, const Totals&) = default;
-};
 
 struct JournalFigures {
   std::string id;
@@ -52,8 +45,9 @@ struct Summary {
   using Values = std::vector<std::pair<std::string, std::string>>;
 
   std::string file;
-  std::optional<Values> header;                         ///< property and text of what the header holds
-  std::vector<std::pair<std::string, int32_t>> counts;  ///< class of record and number
+  std::optional<Values> header;  ///< property and text of what the header holds
+  /// Class of record and number; none where the records cannot be read.
+  std::vector<std::pair<std::string, std::optional<int32_t>>> counts;
   std::optional<EntriesFigures> entries;
   std::optional<InvoicesFigures> invoices;
 };

@@ -15,7 +15,8 @@ SummaryCommand::SummaryCommand(CLI::App& program)
   options_.footer(
       "Totals are told as the file has them and as the records sum up to. Documents whose TransactionID is "
       "\"Anulado\"\n"
-      "are left out of both; the table of invoice types has all documents.");
+      "are left out of both; the table of invoice types has all documents. The entries of a tax table are unreadable\n"
+      "unless each has both a percentage and an amount. The file is read in one pass and may be of any size.");
 }
 
 ExitCode SummaryCommand::Run() const {

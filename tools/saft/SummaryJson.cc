@@ -10,10 +10,14 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+Json ToJson(const std::string& text) { return text; }
+
+Json ToJson(const std::optional<int32_t>& number) { return number ? Json(*number) : Json(); }
+
 template <class Value>
 Json ToJson(const std::vector<std::pair<std::string, Value>>& values) {
   Json json = Json::object();
-  for (const auto& [name, value] : values) json[name] = value;
+  for (const auto& [name, value] : values) json[name] = ToJson(value);
   return json;
 }
 

@@ -1,8 +1,7 @@
 #include "tools/saft/SummaryReader.h"
 
 #include <algorithm>
-#include <map>
-#include <memory>
+#include <array>
 #include <span>
 #include <utility>
 
@@ -27,141 +26,100 @@ void CollectValues(const Record& record, std::span<const Property> properties, c
   }
 }
 
-template <class T>
-Totals TotalsOf(const T& record) {
-  Totals totals{.entries = 1, .debit = {}, .credit = {}};
-  for (const auto& line : *record.Line()) {
-    totals.debit += line->DebitAmount();
-    totals.credit += line->CreditAmount();
-  }
-  return totals;
-}
-
-template <class Section>
-Totals TotalsInFile(const Section& section) {
-  return {section.NumberOfEntries(), section.TotalDebit(), section.TotalCredit()};
-}
-
-void Add(Totals& sum, const Totals& totals) {
-  sum.entries += totals.entries;
-  sum.debit += totals.debit;
-  sum.credit += totals.credit;
-}
-
-// The library's own rule for leaving a document out of the totals.
-bool IsLeftOut(const Invoice& invoice) {
-  constexpr std::string_view kMark = "anulado";
-  return std::ranges::equal(invoice.TransactionID(), kMark, {},
-                            [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-}
-
 std::string CodeOf(InvoiceTypes type) {
   const auto codes = CodesOf<InvoiceTypes>();
   const auto found = std::ranges::find(codes, static_cast<int32_t>(type), &Code::value);
   return found == codes.end() ? "" : std::string(found->text);
 }
 
+// What is of no more interest than its number.
+constexpr auto kOnlyCounted = std::to_array<std::string_view>({"GeneralLedger", "Customer", "Supplier", "Product"});
+
+// The figures of a section, also of one whose entries stand outside of it.
+template <class Figures>
+Figures& Of(std::optional<Figures>& section) {
+  return section ? *section : section.emplace();
+}
+
 }  // namespace
 
-SummaryReader::SummaryReader(const std::string& file) {
+SummaryReader::SummaryReader(const std::string& file) : file_(file, OutputWhile::kAfterReading) {
   summary_.file = file;
-  reader_.set_AuditFileName(file);
-  Require(reader_.OpenAuditFile());
 }
 
 Summary SummaryReader::Read() {
-  ReadHeader();
-  ReadCounts();
-  ReadEntries();
-  ReadInvoices();
+  file_.Read([this](std::string_view kind, const std::shared_ptr<Record>& record) { Take(kind, record); });
+  for (const std::string_view kind : kOnlyCounted) summary_.counts.emplace_back(kind, counts_[kind]);
+  summary_.counts.emplace_back("TaxTableEntry", tax_entries_);
+  for (const char* kind : {"Journal", "Transaction", "Invoice"}) summary_.counts.emplace_back(kind, counts_[kind]);
+  for (auto& [type, figures] : types_) {
+    figures.type = CodeOf(type);
+    summary_.invoices->types.push_back(std::move(figures));
+  }
   return std::move(summary_);
 }
 
-void SummaryReader::ReadHeader() {
-  std::shared_ptr<Header> header;
-  if (!Found(reader_.ReadHeader(header), Message::kHeaderMissing)) return;
-  CollectValues(*header, PropertiesOf<Header>(), "", summary_.header.emplace());
-}
-
-void SummaryReader::ReadCounts() {
-  const auto count = [this](const char* record, int32_t number) {
-    Require(number >= 0);
-    summary_.counts.emplace_back(record, number);
+template <class... Records>
+void SummaryReader::TakeAs(const Record& record) {
+  const auto take = [&](const auto* one) {
+    if (one != nullptr) Take(*one);
   };
-  count("GeneralLedger", reader_.GeneralLedgers());
-  count("Customer", reader_.Customers());
-  count("Supplier", reader_.Suppliers());
-  count("Product", reader_.Products());
-  count("TaxTableEntry", reader_.TaxTableEntrys());
-  count("Journal", reader_.Journals());
-  count("Transaction", reader_.Transactions());
-  count("Invoice", reader_.Invoices());
+  (take(dynamic_cast<const Records*>(&record)), ...);
 }
 
-void SummaryReader::ReadEntries() {
-  std::shared_ptr<GeneralLedgerEntries> section;
-  // That is the number which says so, whatever its text.
-  if (!Found(reader_.ReadGeneralLedgerEntries(section), Message::kEntriesExistText)) return;
-  EntriesFigures& figures = summary_.entries.emplace();
-  figures.in_file = TotalsInFile(*section);
-  std::shared_ptr<Journal> journal;
-  for (Require(reader_.ReadJournal(journal)); journal; Require(reader_.ReadJournal(journal))) {
-    const Totals totals = ReadJournal(*journal);
-    Add(figures.as_summed, totals);
-    figures.journals.push_back({journal->JournalID(), journal->Description(), totals});
+void SummaryReader::Take(std::string_view kind, const std::shared_ptr<Record>& record) {
+  ++counts_[kind];
+  if (record) {
+    TakeAs<Header, TaxTable, GeneralLedgerEntries, Journal, Transaction, SalesInvoices, Invoice>(*record);
+  } else if (kind == "TaxTable") {
+    tax_entries_ = std::nullopt;
+  } else if (std::ranges::find(kOnlyCounted, kind) == kOnlyCounted.end()) {
+    throw Failure(summary_.file, PlaceOf(kind) + ": " + file_.Reason());
   }
 }
 
-Totals SummaryReader::ReadJournal(const Journal& journal) {
-  Totals totals;
-  std::shared_ptr<Transaction> transaction;
-  const auto next = [&] {
-    Require(reader_.ReadTransaction(transaction, journal),
-            "journal " + journal.JournalID() + ", transaction " + std::to_string(totals.entries + 1));
-    return transaction != nullptr;
-  };
-  while (next()) Add(totals, TotalsOf(*transaction));
-  return totals;
+void SummaryReader::Take(const Header& header) {
+  CollectValues(header, PropertiesOf<Header>(), "", summary_.header.emplace());
 }
 
-void SummaryReader::ReadInvoices() {
-  std::shared_ptr<SalesInvoices> section;
-  if (!Found(reader_.ReadSalesInvoices(section), Message::kSalesInvoicesMissing)) return;
-  InvoicesFigures& figures = summary_.invoices.emplace();
-  figures.in_file = TotalsInFile(*section);
-  std::map<InvoiceTypes, InvoiceTypeFigures> types;
-  std::shared_ptr<Invoice> invoice;
-  const auto next = [&] {
-    const int32_t number = figures.as_summed.entries + figures.left_out.entries + 1;
-    Require(reader_.ReadInvoice(invoice), "invoice " + std::to_string(number));
-    return invoice != nullptr;
-  };
-  while (next()) {
-    const Totals totals = TotalsOf(*invoice);
-    Add(IsLeftOut(*invoice) ? figures.left_out : figures.as_summed, totals);
-    InvoiceTypeFigures& type = types[invoice->InvoiceType()];
-    Add(type.totals, totals);
-    type.tax += invoice->DocumentTotals()->TaxPayable();
-    type.net += invoice->DocumentTotals()->NetTotal();
-    type.gross += invoice->DocumentTotals()->GrossTotal();
-  }
-  for (auto& [type, type_figures] : types) {
-    type_figures.type = CodeOf(type);
-    figures.types.push_back(std::move(type_figures));
-  }
+void SummaryReader::Take(const TaxTable& table) {
+  if (tax_entries_) *tax_entries_ += table.TaxTableEntry()->Count();
 }
 
-bool SummaryReader::Found(bool success, Message missing) const {
-  if (success) return true;
-  if (reader_.AuditException()->Number() == kErrorBase + static_cast<int32_t>(missing)) return false;
-  Require(success);
-  return false;
+void SummaryReader::Take(const GeneralLedgerEntries& section) { Of(summary_.entries).in_file = TotalsIn(section); }
+
+void SummaryReader::Take(const Journal& journal) {
+  Of(summary_.entries).journals.push_back({journal.JournalID(), journal.Description(), {}});
 }
 
-void SummaryReader::Require(bool success, std::string_view record) const {
-  if (success) return;
-  const std::string& reason = reader_.AuditException()->Description();
-  throw Failure(summary_.file, record.empty() ? reason : std::string(record).append(": ").append(reason));
+void SummaryReader::Take(const Transaction& transaction) {
+  EntriesFigures& figures = Of(summary_.entries);
+  const Totals totals = TotalsOf(transaction);
+  figures.as_summed += totals;
+  if (!figures.journals.empty()) figures.journals.back().totals += totals;
+}
+
+void SummaryReader::Take(const SalesInvoices& section) { Of(summary_.invoices).in_file = TotalsIn(section); }
+
+void SummaryReader::Take(const Invoice& invoice) {
+  InvoicesFigures& figures = Of(summary_.invoices);
+  const Totals totals = TotalsOf(invoice);
+  (IsLeftOut(invoice) ? figures.left_out : figures.as_summed) += totals;
+  InvoiceTypeFigures& type = types_[invoice.InvoiceType()];
+  type.totals += totals;
+  type.tax += invoice.DocumentTotals()->TaxPayable();
+  type.net += invoice.DocumentTotals()->NetTotal();
+  type.gross += invoice.DocumentTotals()->GrossTotal();
+}
+
+// Which record of its kind, in words for a message.
+std::string SummaryReader::PlaceOf(std::string_view kind) {
+  if (kind == "Invoice") return "invoice " + std::to_string(counts_[kind]);
+  if (kind != "Transaction") return std::string(kind);
+  const EntriesFigures& figures = Of(summary_.entries);
+  if (figures.journals.empty()) return "transaction " + std::to_string(counts_[kind]);
+  const JournalFigures& journal = figures.journals.back();
+  return "journal " + journal.id + ", transaction " + std::to_string(journal.totals.entries + 1);
 }
 
 }  // namespace zevo::saft

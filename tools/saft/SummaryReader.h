@@ -3,14 +3,19 @@
 
 #include <zevo/adapters.h>
 
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "tools/saft/AuditFileInput.h"
 #include "tools/saft/Summary.h"
 
 namespace zevo::saft {
 
-/// Takes the figures of an audit file. A failure of the library is a `Failure`.
+/// Takes the figures of an audit file in one pass. A failure of the library is a `Failure`.
 class SummaryReader {
  public:
   explicit SummaryReader(const std::string& file);
@@ -18,19 +23,24 @@ class SummaryReader {
   Summary Read();
 
  private:
-  void ReadHeader();
-  void ReadCounts();
-  void ReadEntries();
-  Totals ReadJournal(const Journal& journal);
-  void ReadInvoices();
+  void Take(std::string_view kind, const std::shared_ptr<Record>& record);
+  /// Takes a record as the one of these classes that it is, if it is one of them.
+  template <class... Records>
+  void TakeAs(const Record& record);
+  void Take(const Header& header);
+  void Take(const TaxTable& table);
+  void Take(const GeneralLedgerEntries& section);
+  void Take(const Journal& journal);
+  void Take(const Transaction& transaction);
+  void Take(const SalesInvoices& section);
+  void Take(const Invoice& invoice);
+  std::string PlaceOf(std::string_view kind);
 
-  /// Whether a read succeeded; false when it failed for want of the section, any other failure is thrown.
-  bool Found(bool success, Message missing) const;
-  /// `record` tells what was being read.
-  void Require(bool success, std::string_view record = {}) const;
-
-  AuditFileReader reader_;
   Summary summary_;
+  AuditFileInput file_;
+  std::map<std::string_view, int32_t> counts_;  // of the elements of each kind
+  std::optional<int32_t> tax_entries_ = 0;      // none once a table cannot be read
+  std::map<InvoiceTypes, InvoiceTypeFigures> types_;
 };
 
 }  // namespace zevo::saft

@@ -8,6 +8,8 @@ namespace {
 
 bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
 // The length of the character that a text begins with, 0 when it is not well-formed.
 size_t FirstLength(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text[0]);
@@ -40,6 +42,10 @@ bool IsUtf8(std::string_view text) {
 
 size_t CharactersIn(std::string_view text) {
   return text.size() - static_cast<size_t>(std::ranges::count_if(text, IsContinuation));
+}
+
+bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, {}, &AsciiLower, &AsciiLower);
 }
 
 std::string Quoted(std::string_view text) {

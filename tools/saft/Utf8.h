@@ -13,6 +13,9 @@ bool IsUtf8(std::string_view text);
 /// The number of characters in a well-formed text.
 size_t CharactersIn(std::string_view text);
 
+/// Whether two texts differ in nothing but the case of the letters A to Z.
+bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right);
+
 /// A text between quotation marks for a message of one line: control characters, and every byte beyond ASCII of a text
 /// that is not UTF-8, are shown as escapes.
 std::string Quoted(std::string_view text);

@@ -6,6 +6,7 @@
 
 #include "tools/saft/Command.h"
 #include "tools/saft/CreateCommand.h"
+#include "tools/saft/ListCommand.h"
 #include "tools/saft/SummaryCommand.h"
 #include "tools/saft/ValidateCommand.h"
 
@@ -13,7 +14,7 @@ namespace zevo::saft {
 namespace {
 
 ExitCode Run(int argc, char** argv) {
-  CLI::App program("Writes, checks and sums up SAF-T (PT) 1.01_01 audit files.", "saft");
+  CLI::App program("Writes, checks, sums up and lists SAF-T (PT) 1.01_01 audit files.", "saft");
   program.set_version_flag("--version", "saft " SAFT_VERSION, "Print the version and exit");
   program.require_subcommand(1);
   program.footer(
@@ -22,6 +23,7 @@ ExitCode Run(int argc, char** argv) {
   const CreateCommand create(program);
   const ValidateCommand validate(program);
   const SummaryCommand summary(program);
+  const ListCommand list(program);
 
   try {
     program.parse(argc, argv);
@@ -31,7 +33,7 @@ ExitCode Run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     throw std::runtime_error(std::string(error.what()) + "\nRun \"saft --help\" for help.");
   }
-  for (const Command* command : std::array<const Command*, 3>{&create, &validate, &summary}) {
+  for (const Command* command : std::array<const Command*, 4>{&create, &validate, &summary, &list}) {
     if (command->IsChosen()) return command->Run();
   }
   return kError;

@@ -1,0 +1,31 @@
+#include <zevo/adapters.h>
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "tools/generate/SampleRecords.h"
+
+int main(int argc, char** argv) {
+  CLI::App program("Writes a valid audit file of any size: a retailer's year, invented.", "generate");
+  std::string name;
+  int64_t invoices = 0;
+  uint64_t seed = 1;
+  program.add_option("FILE.xml", name, "Audit file to write; it must not exist yet")->required()->option_text(" ");
+  program.add_option("--invoices", invoices, "How many, about 3 KB of file each, its transaction included")
+      ->required()
+      ->check(CLI::Range(int64_t{1}, int64_t{INT32_MAX}));
+  program.add_option("--seed", seed, "Another one makes another year; the same, the same")->capture_default_str();
+  CLI11_PARSE(program, argc, argv);
+  try {
+    zevo::AuditFileStreamWriter file;
+    file.set_AuditFileName(name);
+    zevo::generate::WriteTo(file, zevo::generate::SampleRecords(invoices, seed));
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << "generate: " << name << ": " << error.what() << '\n';
+    return 2;
+  }
+}

@@ -1,0 +1,70 @@
+#include "tools/saft/AuditFileInput.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <optional>
+#include <system_error>
+
+#include "tools/saft/Failure.h"
+#include "tools/saft/Interruption.h"
+#include "tools/saft/ProgressBar.h"
+#include "tools/saft/Utf8.h"
+
+namespace zevo::saft {
+namespace {
+
+constexpr auto kKinds =
+    std::to_array<std::string_view>({"Header", "GeneralLedger", "Customer", "Supplier", "Product", "TaxTable",
+                                     "GeneralLedgerEntries", "Journal", "Transaction", "SalesInvoices", "Invoice"});
+
+// The library takes elements in any letter case.
+std::string_view KindOf(std::string_view entityName) {
+  return *std::ranges::find_if(kKinds, [&](std::string_view kind) { return EqualIgnoringAsciiCase(kind, entityName); });
+}
+
+// Where the output is a pipe, another program may be drawing on the terminal.
+bool IsProgressWelcome(OutputWhile output) {
+  struct stat standardOutput {};
+  const bool piped = fstat(STDOUT_FILENO, &standardOutput) == 0 && S_ISFIFO(standardOutput.st_mode);
+  const bool inTheWay = output == OutputWhile::kReading && isatty(STDOUT_FILENO) == 1;
+  return isatty(STDERR_FILENO) == 1 && !piped && !inTheWay;
+}
+
+}  // namespace
+
+AuditFileInput::AuditFileInput(const std::string& file, OutputWhile output) : output_(output) {
+  file_.set_AuditFileName(file);
+  if (!file_.OpenAuditFile()) throw Failure(file, Reason());
+}
+
+void AuditFileInput::Read(const Visitor& visit) {
+  std::optional<ProgressBar> progress;
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(file_.AuditFileName(), unknown);
+  if (!unknown && IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
+  const Interruption interruption;
+  std::exception_ptr thrown;
+  file_.ReadEntity = [&](const std::string& entityName, const std::shared_ptr<Record>& record) {
+    if (thrown) return;
+    try {
+      visit(KindOf(entityName), record);
+    } catch (...) {
+      thrown = std::current_exception();
+    }
+    if (progress) progress->Show(file_.BytesRead());
+    if (thrown || interruption.IsRequested()) file_.AbortReading();
+  };
+  const bool read = file_.ReadAuditFile();
+  progress.reset();
+  if (thrown) std::rethrow_exception(thrown);
+  // Without a reason it was only that some records could not be read, which the visitor knows.
+  if (!read && file_.AuditException()) throw Failure(file_.AuditFileName(), Reason());
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,52 @@
+#ifndef ZEVO_TOOLS_SAFT_RECORDPRINTER_H_
+#define ZEVO_TOOLS_SAFT_RECORDPRINTER_H_
+
+#include <zevo/adapters.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "tools/saft/ColumnBinding.h"
+#include "tools/saft/RecordKind.h"
+
+namespace zevo::saft {
+
+/// Writes records of one kind, one after the other, with the identifiers of what they belong to.
+class RecordPrinter {
+ public:
+  virtual ~RecordPrinter() = default;
+  virtual void Print(const std::vector<std::string>& parents, const Record& record) = 0;
+};
+
+/// Writes them as a file of a dataset: CSV with a column for every property that can be set.
+class CsvPrinter : public RecordPrinter {
+ public:
+  /// Writes the names of the columns.
+  CsvPrinter(const RecordKind& kind, std::ostream& out);
+  void Print(const std::vector<std::string>& parents, const Record& record) override;
+
+ private:
+  void AddCell(const std::string& text);
+  void EndRow();
+
+  std::ostream& out_;
+  std::vector<ColumnBinding> columns_;
+  std::string row_;
+};
+
+/// Writes each as a JSON object on a line of its own, children and collections inside. Amounts are texts: as numbers
+/// they would lose digits in many readers. A child that a record does not have is null.
+class JsonPrinter : public RecordPrinter {
+ public:
+  JsonPrinter(const RecordKind& kind, std::ostream& out) : kind_(kind), out_(out) {}
+  void Print(const std::vector<std::string>& parents, const Record& record) override;
+
+ private:
+  const RecordKind& kind_;
+  std::ostream& out_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_RECORDPRINTER_H_
