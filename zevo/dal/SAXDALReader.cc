@@ -83,7 +83,7 @@ void SAXDALReader::StartElement(const ParsedName& name, std::span<const ParsedAt
 void SAXDALReader::EndElement(const ParsedName& name) {
   if (current_ == kNoEntity) return;
   EndInnermost(name);
-  if (name.local == current_name_) EndEntity();
+  if (name.local == current_pointer_) EndEntity();
 }
 
 void SAXDALReader::Characters(std::string_view text) {
@@ -96,6 +96,7 @@ void SAXDALReader::BeginEntity(Kind kind, const char* localName) {
   depth_ = 0;
   current_ = kind;
   current_name_ = localName;
+  current_pointer_ = localName;
 }
 
 void SAXDALReader::EndInnermost(const ParsedName& name) {

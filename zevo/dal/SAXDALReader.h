@@ -29,8 +29,8 @@ class SAXDALReader : public IDALReader, private ParserHandler {
   SAXDALReader();
   ~SAXDALReader() override;
 
-  /// An entity with the local name as the file has it. The element is valid until the next entity begins. What a handler
-  /// throws ends the reading and comes out of ReadFile.
+  /// An entity with the local name as the file has it. The element is valid until the next entity begins. What a
+  /// handler throws ends the reading and comes out of ReadFile.
   std::function<void(const std::string& entityName, Element entity)> ReadEntity;
   /// The end of a file that was read to its end.
   std::function<void()> FinishedReading;
@@ -83,10 +83,11 @@ class SAXDALReader : public IDALReader, private ParserHandler {
   std::optional<Parser> parser_;
   std::unique_ptr<Document> entity_;
   std::optional<DocumentBuilder> builder_;  // of the running parse
-  std::vector<Kind> kinds_;  // by the numbers of names
+  std::vector<Kind> kinds_;                 // by the numbers of names
   Kind current_ = kNoEntity;
   std::string current_name_;
-  size_t depth_ = 0;  // open elements of the entity
+  const char* current_pointer_ = nullptr;  // the name as the parser has it, the same for every element of that name
+  size_t depth_ = 0;                       // open elements of the entity
 };
 
 }  // namespace zevo
