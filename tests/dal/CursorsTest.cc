@@ -72,5 +72,13 @@ TEST_F(CursorsTest, WalksOfSeveralNamesGoOnSideBySide) {
   EXPECT_FALSE(cursors_.Next("a"));
 }
 
+TEST_F(CursorsTest, ClearedTheyForgetEveryWalk) {
+  cursors_.Begin("a", first_);
+  cursors_.Begin("b", other_);
+  cursors_.Clear();
+  EXPECT_FALSE(cursors_.Has("a"));
+  EXPECT_FALSE(cursors_.Next("b"));
+}
+
 }  // namespace
 }  // namespace zevo

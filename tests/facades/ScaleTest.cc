@@ -8,6 +8,7 @@
 #include <limits>
 #include <memory>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 
 #include "tests/facades/ChildProcess.h"
@@ -15,7 +16,7 @@
 #include "tests/facades/SampleFile.h"
 #include "tests/support/TemporaryFolder.h"
 
-// Twice the records take about twice the time, and memory in proportion to the file.
+// Twice the records take about twice the time, and memory in proportion to the file, or none where it is streamed.
 
 namespace zevo {
 namespace {
@@ -36,6 +37,18 @@ struct Kind {
 };
 
 void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
+
+// Kilobytes that a process reaches with a job, told by the process.
+template <class Job>
+int64_t PeakOf(Job&& job) {
+  const std::string report = InChildProcess([&] {
+    job();
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return std::to_string(usage.ru_maxrss);
+  });
+  return std::stoll(report);
+}
 
 class ScaleTest : public ::testing::TestWithParam<Kind> {
  protected:
@@ -83,18 +96,6 @@ class ScaleTest : public ::testing::TestWithParam<Kind> {
     return count;
   }
 
-  // Kilobytes that a process reaches with a job, told by the process.
-  template <class Job>
-  static int64_t PeakOf(Job&& job) {
-    const std::string report = InChildProcess([&] {
-      job();
-      rusage usage{};
-      getrusage(RUSAGE_SELF, &usage);
-      return std::to_string(usage.ru_maxrss);
-    });
-    return std::stoll(report);
-  }
-
   TemporaryFolder folder_;
 };
 
@@ -133,6 +134,33 @@ INSTANTIATE_TEST_SUITE_P(EveryKind, ScaleTest,
                          ::testing::Values(Kind{"customers", &SampleSize::customers},
                                            Kind{"transactions", &SampleSize::transactions},
                                            Kind{"invoices", &SampleSize::invoices}));
+
+TEST(StreamScaleTest, MemoryDoesNotGrowWithAFileThatIsStreamed) {
+  if (!kMeasurable) GTEST_SKIP() << "a sanitizer distorts time and memory";
+  constexpr int kInvoices = 50'000;
+  constexpr int64_t kMostKilobytes = 16'000;
+  const TemporaryFolder folder;
+  const std::string path = folder.Path("saft.xml");
+  const int64_t writing = PeakOf([&] {
+    AuditFileStreamWriter file;
+    file.set_AuditFileName(path);
+    file.CreateAuditFile();
+    file.BeginSalesInvoices(SalesInvoices());
+    for (int i = 0; i < kInvoices; ++i) file.CreateInvoice(*SampleInvoice(i, "C1", "P1"));
+    file.CloseAuditFile();
+  });
+  ASSERT_GT(std::filesystem::file_size(path), 30'000'000U);
+  int64_t read = 0;
+  const int64_t reading = PeakOf([&] {
+    AuditFileStreamer file;
+    file.set_AuditFileName(path);
+    file.ReadEntity = [&](const std::string&, const std::shared_ptr<Record>& record) { read += record ? 1 : 0; };
+    file.OpenAuditFile();
+    if (!file.ReadAuditFile() || read != kInvoices + 1) throw std::runtime_error("not read");
+  });
+  EXPECT_LT(writing, kMostKilobytes);
+  EXPECT_LT(reading, kMostKilobytes);
+}
 
 }  // namespace
 }  // namespace zevo

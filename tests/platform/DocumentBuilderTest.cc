@@ -184,5 +184,24 @@ TEST(DocumentBuilder, ADocumentIsRefilledFileAfterFile) {
   }
 }
 
+TEST(DocumentBuilder, ClearedItBeginsAnewInTheSameParse) {
+  Document document;
+  DocumentBuilder builder(document);
+  const char* const name = "a";
+  for (const std::string_view text : {"\n ", "\n ", "longer text", "\n "}) {
+    builder.Clear();
+    builder.StartElement({name, nullptr}, {});
+    builder.Characters(text);
+    builder.StartElement({name, nullptr}, {});
+    builder.Characters("begun");
+    builder.EndElement({name, nullptr});
+    builder.Characters(text);
+    builder.EndElement({name, nullptr});
+    EXPECT_EQ(document.Root().AllText(), std::string(text).append("begun").append(text));
+    builder.StartElement({name, nullptr}, {});
+    builder.Characters("left open");
+  }
+}
+
 }  // namespace
 }  // namespace zevo

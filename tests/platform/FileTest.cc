@@ -363,5 +363,16 @@ TEST_P(KilledProcess, LeavesTheOldFileWholeAndInNobodysWay) {
 
 INSTANTIATE_TEST_SUITE_P(File, KilledProcess, ::testing::Range(0, 5));
 
+TEST_F(FileTest, TellsHowMuchWasRead) {
+  InputFile file(folder_.Write("f", "twelve bytes"));
+  char bytes[8];
+  EXPECT_EQ(file.Position(), 0U);
+  file.Read(bytes, sizeof bytes);
+  EXPECT_EQ(file.Position(), 8U);
+  file.Read(bytes, sizeof bytes);
+  file.Read(bytes, sizeof bytes);
+  EXPECT_EQ(file.Position(), 12U);
+}
+
 }  // namespace
 }  // namespace zevo

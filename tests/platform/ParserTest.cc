@@ -5,6 +5,7 @@
 #include <libxml/xmlerror.h>
 #include <malloc.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/SchemaValidator.h>
@@ -643,6 +644,47 @@ TEST(Parser, MemoryDoesNotGrowWithTheFile) {
   });
   ASSERT_EQ(result.status, 0) << result.text;
   EXPECT_LT(std::stol(result.text), 8 * 1024) << "KiB";
+}
+
+TEST(Parser, TellsHowManyBytesOfTheFileItHasTakenIn) {
+  const testing::TemporaryFolder folder;
+  // A byte each in the file, two in UTF-8.
+  const std::string bytes = "<?xml version='1.0' encoding='windows-1252'?><a>" + std::string(100'000, '\xE9') + "</a>";
+  Parser parser(folder.Write("a.xml", bytes), "Test");
+  EXPECT_EQ(parser.BytesRead(), 0U);
+  testing::NoEvents events;
+  parser.Parse(events);
+  EXPECT_EQ(parser.BytesRead(), bytes.size());
+}
+
+// A pipe stands for the file: nobody wants one of that size on the disk.
+TEST(Parser, PositionsAndCountsAreRightBeyondFourGigabytesOnOneLine) {
+  if (testing::kSanitized) GTEST_SKIP() << "a sanitizer makes it take minutes";
+  struct Counting : testing::NoEvents {
+    void EndElement(const ParsedName&) override { ++elements; }
+    int64_t elements = 0;
+  };
+  constexpr int64_t kPieces = 4'400;
+  const testing::TemporaryFolder folder;
+  const std::string pipe = folder.Path("pipe.xml");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const pid_t writer = fork();
+  if (writer == 0) {
+    std::ofstream file(pipe, std::ios::binary);
+    const std::string piece = "<b/>" + std::string(999'996, ' ');
+    file << "<a>";
+    for (int64_t i = 0; i < kPieces; ++i) file << piece;
+    file << "<b></c>";
+    file.close();
+    _exit(0);
+  }
+  Parser parser(pipe, "Test");
+  Counting counting;
+  const Error error = testing::ErrorOf([&] { parser.Parse(counting); });
+  waitpid(writer, nullptr, 0);
+  EXPECT_THAT(error.Description(), EndsWith("(linha 1, coluna 4400000011)"));
+  EXPECT_EQ(counting.elements, kPieces);
+  EXPECT_EQ(parser.BytesRead(), 4'400'000'010U);
 }
 
 }  // namespace

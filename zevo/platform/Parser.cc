@@ -183,6 +183,7 @@ class Run {
   static int Read(void* self, char* buffer, int size) {
     Run& run = Of(self);
     if (run.stopped_) return 0;
+    if (run.context_) run.FollowColumn();
     int length = 0;
     try {
       // The parser asks for bytes in the middle of a tag as well: without this it would first read all of it.
@@ -269,12 +270,28 @@ class Run {
     return input == nullptr ? 0 : input->consumed + static_cast<size_t>(input->cur - input->base);
   }
 
+  // libxml2 counts columns in 32 bits, and a file may be one line of many gigabytes. Called often enough, this sees every
+  // time that the count begins anew.
+  void FollowColumn() {
+    const xmlParserInput* input = context_->input;
+    if (input == nullptr) return;
+    const auto column = static_cast<uint32_t>(input->col);
+    if (input->line != column_line_) {
+      column_line_ = input->line;
+      column_base_ = 0;
+    } else if (column < last_column_) {
+      column_base_ += uint64_t{1} << 32;
+    }
+    last_column_ = column;
+  }
+
   // Line and column of the place that the parser has reached or, when decoding stopped, of the byte that stopped it.
-  std::pair<int, int> Place() const {
+  std::pair<int64_t, int64_t> Place() {
     const xmlParserInput* input = context_ ? context_->input : nullptr;
     if (input == nullptr) return {1, 1};
-    int line = input->line;
-    int column = input->col;
+    FollowColumn();
+    int64_t line = input->line;
+    auto column = static_cast<int64_t>(column_base_ + last_column_);
     if (decoder_.fault() != TextDecoder::Fault::kNone) {
       for (const xmlChar* c = input->cur; c < input->end; ++c) {
         if (*c == '\n') {
@@ -309,6 +326,9 @@ class Run {
   size_t text_length_ = 0;
   size_t delivered_ = 0;
   size_t event_end_ = 0;  // where the parser stood at the end of the last event
+  int column_line_ = 0;  // the line of the columns below
+  uint32_t last_column_ = 0;
+  uint64_t column_base_ = 0;  // columns counted before the count began anew
   bool stopped_ = false;
   bool out_of_memory_ = false;
   std::optional<Error> error_;

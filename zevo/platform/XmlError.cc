@@ -12,7 +12,7 @@ void InitialiseXml() {
   std::call_once(once, xmlInitParser);
 }
 
-Error XmlError(int number, std::string_view source, std::string_view reason, int line, int column) {
+Error XmlError(int number, std::string_view source, std::string_view reason, int64_t line, int64_t column) {
   constexpr std::string_view kBlanks = " \t\r\n";
   reason = reason.substr(0, reason.find_last_not_of(kBlanks) + 1);
   std::string description(reason);

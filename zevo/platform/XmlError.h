@@ -3,6 +3,7 @@
 
 #include <zevo/Error.h>
 
+#include <cstdint>
 #include <string_view>
 
 namespace zevo {
@@ -12,7 +13,7 @@ void InitialiseXml();
 
 /// An error of the XML parser or validator: its number, and its reason with line and column, as far as they
 /// are known: 0 is unknown.
-Error XmlError(int number, std::string_view source, std::string_view reason, int line, int column);
+Error XmlError(int number, std::string_view source, std::string_view reason, int64_t line, int64_t column);
 
 }  // namespace zevo
 

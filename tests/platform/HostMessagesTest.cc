@@ -1,0 +1,18 @@
+#include <gtest/gtest.h>
+#include <zevo/platform/HostMessages.h>
+
+#include <chrono>
+
+namespace zevo {
+namespace {
+
+TEST(HostMessages, AreAwaitedForASecond) {
+  const auto begin = std::chrono::steady_clock::now();
+  AwaitHostMessages();
+  const auto passed = std::chrono::steady_clock::now() - begin;
+  EXPECT_GE(passed, std::chrono::milliseconds(1000));
+  EXPECT_LT(passed, std::chrono::milliseconds(5000));
+}
+
+}  // namespace
+}  // namespace zevo
