@@ -72,8 +72,7 @@ constexpr auto kEntities = std::to_array<Entity>({
 
 }  // namespace
 
-AuditFileStreamer::AuditFileStreamer()
-    : Facade("AuditFileStreamer", false), reader_(std::make_unique<SAXDALReader>()) {
+AuditFileStreamer::AuditFileStreamer() : Facade("AuditFileStreamer", false), reader_(std::make_unique<SAXDALReader>()) {
   reader_->ReadEntity = [this](const std::string& entityName, Element) {
     const std::shared_ptr<Record> record = Build(entityName);
     if (ReadEntity) ReadEntity(entityName, record);

@@ -29,9 +29,10 @@ class ZEVO_API AuditFileStreamer : public Facade {
   AuditFileStreamer();
   ~AuditFileStreamer();
 
-  /// Raised for every record. `entityName` is the element's name as the file has it, "Customer" for example; letter case
-  /// does not matter. `entity` is the `Customer`, or null when it could not be built from the element: `AuditException`
-  /// then tells why, until the handler returns. What a handler throws ends the reading and becomes `AuditException`.
+  /// Raised for every record. `entityName` is the element's name as the file has it, "Customer" for example; letter
+  /// case does not matter. `entity` is the `Customer`, or null when it could not be built from the element:
+  /// `AuditException` then tells why, until the handler returns. What a handler throws ends the reading and becomes
+  /// `AuditException`.
   std::function<void(const std::string& entityName, const std::shared_ptr<Record>& entity)> ReadEntity;
   /// Raised after the last record of a file that was read to its end.
   std::function<void()> FinishedReading;
@@ -40,8 +41,8 @@ class ZEVO_API AuditFileStreamer : public Facade {
   const std::string& AuditFileName() const;
   void set_AuditFileName(std::string_view value);
 
-  /// Gets ready to read. Fails with message 4 when that was done already, 1 without a file name, 2 when there is no such
-  /// file.
+  /// Gets ready to read. Fails with message 4 when that was done already, 1 without a file name, 2 when there is no
+  /// such file.
   bool OpenAuditFile();
   /// Reads the file from its beginning; all events are raised inside. Fails with message 5 before `OpenAuditFile`, 401
   /// for a record that contains an element of its own name or is cut in two by an entry, 501 after `AbortReading`, and
@@ -52,8 +53,8 @@ class ZEVO_API AuditFileStreamer : public Facade {
   bool ReadAuditFile(bool wait = true);
   /// Always true.
   bool CloseAuditFile();
-  /// Ends the reading at the next element, for a handler that has seen enough. An object that was told so reads no more:
-  /// make another one.
+  /// Ends the reading at the next element, for a handler that has seen enough. An object that was told so reads no
+  /// more: make another one.
   void AbortReading();
 
   /// How many bytes of the file were read so far, to show progress.

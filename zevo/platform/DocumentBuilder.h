@@ -11,8 +11,8 @@
 
 namespace zevo {
 
-/// Fills a document with what a parser delivers in one parse. Nothing is left out: attributes, comments, CDATA sections,
-/// instructions and white space between elements are kept.
+/// Fills a document with what a parser delivers in one parse. Nothing is left out: attributes, comments, CDATA
+/// sections, instructions and white space between elements are kept.
 class DocumentBuilder : public ParserHandler {
  public:
   explicit DocumentBuilder(Document& document) : document_(document) { document.Names().ForgetPointers(); }

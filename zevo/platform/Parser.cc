@@ -270,8 +270,8 @@ class Run {
     return input == nullptr ? 0 : input->consumed + static_cast<size_t>(input->cur - input->base);
   }
 
-  // libxml2 counts columns in 32 bits, and a file may be one line of many gigabytes. Called often enough, this sees every
-  // time that the count begins anew.
+  // libxml2 counts columns in 32 bits, and a file may be one line of many gigabytes. Called often enough, this sees
+  // every time that the count begins anew.
   void FollowColumn() {
     const xmlParserInput* input = context_->input;
     if (input == nullptr) return;
@@ -326,7 +326,7 @@ class Run {
   size_t text_length_ = 0;
   size_t delivered_ = 0;
   size_t event_end_ = 0;  // where the parser stood at the end of the last event
-  int column_line_ = 0;  // the line of the columns below
+  int column_line_ = 0;   // the line of the columns below
   uint32_t last_column_ = 0;
   uint64_t column_base_ = 0;  // columns counted before the count began anew
   bool stopped_ = false;
