@@ -63,7 +63,7 @@ class Run {
     validating_ = validation != nullptr;
     if (validating_) {
       // Deeper elements are refused.
-      open_.reserve(ParserLimits::kDepth * 2);
+      open_.reserve(size_t{2} * ParserLimits::kDepth);
       plug = xmlSchemaSAXPlug(validation, &context_->sax, &context_->userData);
       if (plug == nullptr) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
       context_->sax->serror = &Run::OnParserError;
@@ -74,10 +74,9 @@ class Run {
       EndOpenElements();
       xmlSchemaSAXUnplug(plug);
     }
+    if (!thrown_ && context_->wellFormed == 0) Fail(XML_ERR_INTERNAL_ERROR, "O ficheiro não é XML bem formado");
     if (thrown_) std::rethrow_exception(thrown_);
-    if (error_) throw *error_;
-    if (context_->wellFormed == 0) Fail(XML_ERR_INTERNAL_ERROR, "O ficheiro não é XML bem formado");
-    if (error_) throw *error_;
+    if (error_) throw Error(*error_);
   }
 
  private:
@@ -141,13 +140,13 @@ class Run {
         return run.Fail(XML_ERR_USER_STOP, "Os elementos estão encaixados em mais de 256 níveis");
       }
       run.attributes_.clear();
-      run.attribute_texts_.clear();
-      for (int i = 0; i < namespaces; ++i) {
+      if (!run.attribute_texts_.empty()) run.attribute_texts_.clear();
+      for (ptrdiff_t i = 0; i < namespaces; ++i) {
         const xmlChar* const* row = namespaceTexts + i * 2;
         const ParsedName name = row[0] == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{Text(row[0]), "xmlns"};
         run.attributes_.push_back({name, row[1] == nullptr ? "" : Text(row[1])});
       }
-      for (int i = 0; i < attributes; ++i) {
+      for (ptrdiff_t i = 0; i < attributes; ++i) {
         const xmlChar* const* row = attributeTexts + i * 5;
         std::string_view value = View(row[3], static_cast<int>(row[4] - row[3]));
         // This is how libxml2 hands over an ampersand.
@@ -305,7 +304,7 @@ class Run {
     return {line, column};
   }
 
-  static constexpr size_t kReadAhead = 16 * 1024;
+  static constexpr size_t kReadAhead = size_t{16} * 1024;
 
   const std::string& source_;
   ParserHandler& handler_;
