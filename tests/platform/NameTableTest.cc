@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,15 +57,18 @@ TEST(NameTable, KeepsEveryNameAsItGrows) {
 
 // A file may be hostile: every element of another name.
 TEST(NameTable, AddingANameTakesNoLongerTheMoreThereAre) {
-  const auto seconds = [](int count) {
-    const auto start = std::chrono::steady_clock::now();
-    NameTable names({});
-    for (int i = 0; i < count; ++i) names.Add("n" + std::to_string(i));
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  const auto best = [](int count) {
+    double seconds = std::numeric_limits<double>::max();
+    for (int round = 0; round < 4; ++round) {
+      const auto start = std::chrono::steady_clock::now();
+      NameTable names({});
+      for (int i = 0; i < count; ++i) names.Add("n" + std::to_string(i));
+      seconds = std::min(seconds, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return seconds;
   };
-  const double some = std::min(seconds(5'000), seconds(5'000));
-  const double eightTimes = std::min(seconds(40'000), seconds(40'000));
-  EXPECT_LT(eightTimes, 24 * some);
+  // Work that grows with the square would take 64 times as long; caches and other programs have their share too.
+  EXPECT_LT(best(160'000), 40 * best(20'000));
 }
 
 TEST(NameTable, AParsedNameIsTheNameWithItsPrefix) {
