@@ -1,4 +1,3 @@
-
 #include <zevo/Error.h>
 
 #include <array>

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/platform/Numbered.h"
+#include "tests/support/Errors.h"
 
 namespace zevo {
 namespace {
@@ -124,6 +125,14 @@ TEST(Text, XmlTextEndsAtTheNoncharacters) {
   EXPECT_TRUE(IsXmlText(Utf8(0x10FFFF)));
   EXPECT_FALSE(IsXmlText(Utf8(0xFFFE)));
   EXPECT_FALSE(IsXmlText(Utf8(0xFFFF)));
+}
+
+TEST(Text, ATextThatXmlCannotHoldIsAnErrorThatNamesTheElement) {
+  RequireXmlText("City", "\u00c9vora\n");
+  const Error error = testing::ErrorOf([] { RequireXmlText("City", "a\x01"); });
+  EXPECT_EQ(error.Number(), static_cast<int32_t>(RunTimeError::kInvalidCall));
+  EXPECT_EQ(error.Source(), kRunTimeSource);
+  EXPECT_NE(error.Description().find("City"), std::string::npos);
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ ProgressBar::ProgressBar(std::ostream& terminal, uint64_t size, Clock clock)
     : terminal_(terminal), size_(size), clock_(std::move(clock)), began_(clock_()), next_(began_ + kFirst) {}
 
 ProgressBar::~ProgressBar() {
-  if (width_ > 0) terminal_ << '\r' << std::string(width_, ' ') << '\r' << std::flush;
+  if (width_ > 0) terminal_ << '\r' + std::string(width_, ' ') + '\r' << std::flush;
 }
 
 void ProgressBar::Show(uint64_t done) {
@@ -48,7 +48,8 @@ void ProgressBar::Show(uint64_t done) {
   const size_t width = line.size();
   if (width < width_) line.append(width_ - width, ' ');
   width_ = std::max(width_, width);
-  terminal_ << '\r' << line << std::flush;
+  // In one piece, so that a terminal never shows half a line.
+  terminal_ << '\r' + line << std::flush;
 }
 
 std::string ProgressBar::Line(uint64_t done, double seconds) const {

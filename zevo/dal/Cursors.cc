@@ -1,4 +1,3 @@
-
 #include <zevo/dal/Cursors.h>
 
 #include <algorithm>

@@ -1,6 +1,5 @@
 #include <zevo/dal/DOMDALHelper.h>
 
-#include <zevo/Error.h>
 #include <zevo/dal/LoadDocument.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/Selection.h>
@@ -13,10 +12,6 @@ namespace zevo {
 namespace {
 
 constexpr std::string_view kDefaultNamespace = "xmlns";
-
-void RequireXmlText(std::string_view name, std::string_view value) {
-  if (!IsXmlText(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall, name);
-}
 
 std::string_view DefaultNamespaceAt(Element element) {
   for (; element; element = element.Parent()) {

@@ -1,6 +1,5 @@
 #include <zevo/dal/TextFileDALHelper.h>
 
-#include <zevo/Error.h>
 #include <zevo/dal/LoadDocument.h>
 #include <zevo/platform/Text.h>
 
@@ -66,7 +65,7 @@ Element TextFileDALHelper::GetElement(std::string_view name, Element, std::strin
 
 Element TextFileDALHelper::CreateElement(std::string_view name, std::string_view value, Element parent, bool required) {
   if (value.empty() && !required) return Element();
-  if (!IsXmlText(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall, name);
+  RequireXmlText(name, value);
   CloseToParent(parent ? parent : handles_->Root());
   stream_.WriteChars("<");
   stream_.WriteChars(name);

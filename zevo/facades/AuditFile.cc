@@ -60,21 +60,15 @@ std::string AuditFile::AuditFileSchema() const { return Options().SchemaLocation
 void AuditFile::set_AuditFileSchema(std::string_view value) { Options().set_SchemaLocation(value); }
 
 bool AuditFile::CreateAuditFile() {
-  constexpr std::string_view kMember = "CreateAuditFile";
   return Attempt([&] {
-    Require(!writer_->IsOpen(), Message::kAlreadyStarted, kMember);
-    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
-    Require(!FileExists(AuditFileName()), Message::kFileExists, kMember);
+    RequireCreatable(writer_->IsOpen(), AuditFileName());
     writer_->CreateFile();
   });
 }
 
 bool AuditFile::OpenAuditFile() {
-  constexpr std::string_view kMember = "OpenAuditFile";
   return Attempt([&] {
-    Require(!writer_->IsOpen(), Message::kAlreadyStarted, kMember);
-    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
-    Require(FileExists(AuditFileName()), Message::kFileNotFound, kMember);
+    RequireOpenable(writer_->IsOpen(), AuditFileName());
     writer_->OpenFile();
   });
 }

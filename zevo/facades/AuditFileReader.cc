@@ -14,7 +14,6 @@
 #include <zevo/mappers/TaxTableDALC.h>
 #include <zevo/mappers/TaxTableEntryDALC.h>
 #include <zevo/mappers/TransactionDALC.h>
-#include <zevo/platform/File.h>
 
 namespace zevo {
 
@@ -49,11 +48,8 @@ const std::string& AuditFileReader::AuditFileName() const { return reader_->Audi
 void AuditFileReader::set_AuditFileName(std::string_view value) { reader_->set_AuditFileName(value); }
 
 bool AuditFileReader::OpenAuditFile() {
-  constexpr std::string_view kMember = "OpenAuditFile";
   return Attempt([&] {
-    Require(!reader_->IsOpen(), Message::kAlreadyStarted, kMember);
-    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
-    Require(FileExists(AuditFileName()), Message::kFileNotFound, kMember);
+    RequireOpenable(reader_->IsOpen(), AuditFileName());
     reader_->OpenFile();
   });
 }

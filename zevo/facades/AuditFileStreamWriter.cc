@@ -13,7 +13,6 @@
 #include <zevo/mappers/SupplierDALC.h>
 #include <zevo/mappers/TaxTableDALC.h>
 #include <zevo/mappers/TransactionDALC.h>
-#include <zevo/platform/File.h>
 
 namespace zevo {
 
@@ -33,11 +32,8 @@ const std::string& AuditFileStreamWriter::AuditFileName() const { return writer_
 void AuditFileStreamWriter::set_AuditFileName(std::string_view value) { writer_->set_AuditFileName(value); }
 
 bool AuditFileStreamWriter::CreateAuditFile() {
-  constexpr std::string_view kMember = "CreateAuditFile";
   return Attempt([&] {
-    Require(!writer_->IsOpen(), Message::kAlreadyStarted, kMember);
-    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
-    Require(!FileExists(AuditFileName()), Message::kFileExists, kMember);
+    RequireCreatable(writer_->IsOpen(), AuditFileName());
     writer_->CreateFile();
   });
 }

@@ -14,7 +14,6 @@
 #include <zevo/mappers/TaxTableDALC.h>
 #include <zevo/mappers/TransactionDALC.h>
 #include <zevo/model/LetterCase.h>
-#include <zevo/platform/File.h>
 #include <zevo/platform/HostMessages.h>
 
 #include <algorithm>
@@ -88,11 +87,8 @@ const std::string& AuditFileStreamer::AuditFileName() const { return reader_->Au
 void AuditFileStreamer::set_AuditFileName(std::string_view value) { reader_->set_AuditFileName(value); }
 
 bool AuditFileStreamer::OpenAuditFile() {
-  constexpr std::string_view kMember = "OpenAuditFile";
   return Attempt([&] {
-    Require(!reader_->IsOpen(), Message::kAlreadyStarted, kMember);
-    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
-    Require(FileExists(AuditFileName()), Message::kFileNotFound, kMember);
+    RequireOpenable(reader_->IsOpen(), AuditFileName());
     reader_->OpenFile();
   });
 }

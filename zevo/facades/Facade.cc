@@ -1,6 +1,7 @@
 #include <zevo/facades/Facade.h>
 
 #include <zevo/facades/ErrorRecording.h>
+#include <zevo/platform/File.h>
 
 #include <string>
 
@@ -8,6 +9,20 @@ namespace zevo {
 
 void Facade::Require(bool condition, Message message, std::string_view member) const {
   if (!condition) throw LibraryError(message, std::string(name_).append(".").append(member));
+}
+
+void Facade::RequireCreatable(bool isOpen, const std::string& fileName) const {
+  constexpr std::string_view kMember = "CreateAuditFile";
+  Require(!isOpen, Message::kAlreadyStarted, kMember);
+  Require(!fileName.empty(), Message::kNoFileName, kMember);
+  Require(!FileExists(fileName), Message::kFileExists, kMember);
+}
+
+void Facade::RequireOpenable(bool isOpen, const std::string& fileName) const {
+  constexpr std::string_view kMember = "OpenAuditFile";
+  Require(!isOpen, Message::kAlreadyStarted, kMember);
+  Require(!fileName.empty(), Message::kNoFileName, kMember);
+  Require(FileExists(fileName), Message::kFileNotFound, kMember);
 }
 
 void Facade::RecordError() noexcept {

@@ -6,6 +6,7 @@
 #include <zevo/model/AuditException.h>
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace zevo {
@@ -28,6 +29,11 @@ class ZEVO_API Facade {
 
   /// Raises a message with the source "name.member" unless the condition holds.
   void Require(bool condition, Message message, std::string_view member) const;
+
+  /// What `CreateAuditFile` demands of a façade, open or not, and of its file; raises message 4, 1 or 3.
+  void RequireCreatable(bool isOpen, const std::string& fileName) const;
+  /// The same of `OpenAuditFile`; raises message 4, 1 or 2.
+  void RequireOpenable(bool isOpen, const std::string& fileName) const;
 
   /// The one place where errors are caught. Tells whether the operation succeeded.
   template <class Operation>

@@ -1,4 +1,3 @@
-
 #include <zevo/mappers/AddressDALC.h>
 
 namespace zevo {

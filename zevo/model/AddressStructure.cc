@@ -1,4 +1,3 @@
-
 #include <zevo/model/AddressStructure.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/BasePath.h>
 
 #include <array>

@@ -1,4 +1,3 @@
-
 #include <zevo/model/CreditNote.h>
 
 namespace zevo {

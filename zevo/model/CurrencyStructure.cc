@@ -1,4 +1,3 @@
-
 #include <zevo/model/CurrencyStructure.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/Customer.h>
 
 namespace zevo {

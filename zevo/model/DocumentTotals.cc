@@ -1,4 +1,3 @@
-
 #include <zevo/model/DocumentTotals.h>
 
 namespace zevo {

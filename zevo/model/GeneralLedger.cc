@@ -1,4 +1,3 @@
-
 #include <zevo/model/GeneralLedger.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/GeneralLedgerEntries.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/Invoice.h>
 
 namespace zevo {

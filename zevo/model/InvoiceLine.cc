@@ -1,4 +1,3 @@
-
 #include <zevo/model/InvoiceLine.h>
 
 namespace zevo {

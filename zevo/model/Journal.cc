@@ -1,4 +1,3 @@
-
 #include <zevo/model/Journal.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/LetterCase.h>
 
 namespace zevo {

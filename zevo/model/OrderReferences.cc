@@ -1,4 +1,3 @@
-
 #include <zevo/model/OrderReferences.h>
 
 namespace zevo {

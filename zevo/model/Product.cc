@@ -1,4 +1,3 @@
-
 #include <zevo/model/Product.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/References.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/SAFTConstants.h>
 
 #include <array>

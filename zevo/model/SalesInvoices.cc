@@ -1,4 +1,3 @@
-
 #include <zevo/model/SalesInvoices.h>
 
 namespace zevo {

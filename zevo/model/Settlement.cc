@@ -1,4 +1,3 @@
-
 #include <zevo/model/Settlement.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/ShippingPointStructure.h>
 
 namespace zevo {

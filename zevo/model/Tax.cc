@@ -1,4 +1,3 @@
-
 #include <zevo/model/Tax.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/TaxTable.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/TaxTableEntry.h>
 
 namespace zevo {

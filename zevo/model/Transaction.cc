@@ -1,4 +1,3 @@
-
 #include <zevo/model/Transaction.h>
 
 namespace zevo {

@@ -1,4 +1,3 @@
-
 #include <zevo/model/TransactionLine.h>
 
 namespace zevo {

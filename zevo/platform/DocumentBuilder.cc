@@ -1,4 +1,3 @@
-
 #include <zevo/platform/DocumentBuilder.h>
 
 #include <algorithm>

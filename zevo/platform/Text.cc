@@ -1,5 +1,6 @@
-
 #include <zevo/platform/Text.h>
+
+#include <zevo/Error.h>
 
 #include <cstring>
 
@@ -108,6 +109,10 @@ bool IsXmlText(std::string_view text) {
     if (text.empty()) return true;
     if (!IsXmlCharacter(TakeCharacter(text))) return false;
   }
+}
+
+void RequireXmlText(std::string_view element, std::string_view text) {
+  if (!IsXmlText(text)) throw MakeRunTimeError(RunTimeError::kInvalidCall, element);
 }
 
 }  // namespace zevo

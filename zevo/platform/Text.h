@@ -27,6 +27,9 @@ void AppendCharacter(char32_t character, std::string& text);
 /// Whether a text is UTF-8 and holds no character that XML 1.0 forbids.
 bool IsXmlText(std::string_view text);
 
+/// Raises error 5, with the name of the element, for a text that is none.
+void RequireXmlText(std::string_view element, std::string_view text);
+
 }  // namespace zevo
 
 #endif  // ZEVO_PLATFORM_TEXT_H_
