@@ -8,13 +8,14 @@
 namespace zevo {
 namespace {
 
-constexpr std::string_view kSchemaFolder = "Zevo/2070/Zevo.Adapters.11";
-constexpr std::string_view kSchemaFile = "SAF-T-PT_1_01.xsd";
+// The folders under which the schema lies, and its name.
+constexpr std::string_view kSchemaPath[] = {"Zevo", "2070", "Zevo.Adapters.11", "SAF-T-PT_1_01.xsd"};
 
 std::string DefaultSchemaLocation() {
-  std::string folder = CommonFilesFolder();
-  if (folder.find_first_not_of(' ') == std::string::npos) folder = LibraryFolder();
-  return JoinPath(JoinPath(folder, kSchemaFolder), kSchemaFile);
+  std::string path = CommonFilesFolder();
+  if (path.find_first_not_of(' ') == std::string::npos) path = LibraryFolder();
+  for (const std::string_view name : kSchemaPath) path = JoinPath(path, name);
+  return path;
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <zevo/platform/Windows1252.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -18,7 +17,7 @@ constexpr size_t kPassedQuickly = 16;
 
 }  // namespace
 
-void Document::FreeChunk::operator()(Chunk* chunk) const { std::free(chunk); }
+void Document::FreeChunk::operator()(Chunk* chunk) const { ::operator delete (chunk, std::align_val_t{kChunkSize}); }
 
 Document::Document(std::span<const std::string_view> vocabulary) : names_(vocabulary) { Clear(); }
 Document::~Document() = default;
@@ -44,8 +43,8 @@ Node* Document::NewNode(NodeKind kind, uint32_t name) {
   if (chunks_used_ == 0 || chunks_[chunks_used_ - 1]->used == kNodesInChunk) {
     if (chunks_used_ == chunks_.size()) {
       if (chunks_.size() > (UINT32_MAX >> kSlotBits)) throw std::bad_alloc();
-      std::unique_ptr<Chunk, FreeChunk> chunk(static_cast<Chunk*>(std::aligned_alloc(kChunkSize, kChunkSize)));
-      if (chunk == nullptr) throw std::bad_alloc();
+      std::unique_ptr<Chunk, FreeChunk> chunk(
+          static_cast<Chunk*>(::operator new (kChunkSize, std::align_val_t{kChunkSize})));
       chunk->document = this;
       chunk->number = static_cast<uint32_t>(chunks_.size());
       chunks_.push_back(std::move(chunk));

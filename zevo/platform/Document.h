@@ -18,18 +18,19 @@ namespace zevo {
 
 class Document;
 
-enum class NodeKind : uint8_t { kDocument, kElement, kText, kCData, kComment, kInstruction, kAttribute };
+enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, kInstruction, kAttribute };
 
 /// A node as it lies in memory: 24 bytes, linked by 32-bit references that the document resolves. An element whose only
 /// content is a text holds it itself.
 struct Node {
   uint32_t parent;
   uint32_t next;
+  // Fields of one size, which every compiler packs alike.
   uint32_t name : 24;
   NodeKind kind : 4;
-  bool holds_text : 1;
-  bool prefixed : 1;  // the name has a prefix
-  uint32_t length;    // of the text
+  uint32_t holds_text : 1;
+  uint32_t prefixed : 1;  // the name has a prefix
+  uint32_t length;        // of the text
   union {
     char* text;
     struct {

@@ -1,9 +1,7 @@
 #include <zevo/platform/File.h>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <zevo/Error.h>
+#include <zevo/platform/SystemFile.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -20,7 +18,9 @@ RunTimeError NumberFor(int systemError) {
     case ENOTDIR:
       return RunTimeError::kPathNotFound;
     case ENOSPC:
+#ifdef EDQUOT
     case EDQUOT:
+#endif
     case EFBIG:
       return RunTimeError::kDiskFull;
     case EACCES:
@@ -63,88 +63,83 @@ const std::string& RequireName(const std::string& name) {
   return name;
 }
 
+// The system's names are UTF-8, whatever the code page.
+std::filesystem::path PathOf(const std::string& name) { return std::u8string(name.begin(), name.end()); }
+std::string NameOf(const std::filesystem::path& path) {
+  const std::u8string name = path.u8string();
+  return std::string(name.begin(), name.end());
+}
+
 // The file that a name leads to, there or not, so that replacing it does not turn a link into a file.
 std::string Resolved(const std::string& name) {
-  std::filesystem::path path = RequireName(name);
+  std::filesystem::path path = PathOf(RequireName(name));
   std::error_code error;
   constexpr int kMostLinks = 40;
   for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
     path = path.parent_path() / std::filesystem::read_symlink(path, error);
     if (error) Fail(error.value(), name);
   }
-  return path.string();
+  return NameOf(path);
 }
 
-std::string FolderOf(const std::string& path) {
-  const size_t separator = path.rfind('/');
-  if (separator == std::string::npos) return ".";
-  return separator == 0 ? "/" : path.substr(0, separator);
+// A file of another name beside the one named.
+std::string Beside(const std::string& name, const std::string& other) {
+  return NameOf(PathOf(name).parent_path() / PathOf(other));
 }
 
-int Open(const std::string& name, int flags, unsigned mode = 0) {
-  int descriptor;
-  do {
-    descriptor = open(RequireName(name).c_str(), flags | O_CLOEXEC, mode);
-  } while (descriptor < 0 && errno == EINTR);
-  return descriptor;
+std::string FolderOf(const std::string& name) {
+  const std::string folder = NameOf(PathOf(name).parent_path());
+  return folder.empty() ? "." : folder;
 }
+
+int Open(const std::string& name, OpenMode mode) { return OpenDescriptor(RequireName(name), mode); }
 
 // Writes all the bytes; gives the reason when that fails, else 0.
 int WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<size_t>(written));
-    } else if (errno != EINTR) {
-      return errno;
-    }
+    const std::ptrdiff_t written = WriteSome(descriptor, bytes.data(), bytes.size());
+    if (written < 0) return errno;
+    bytes.remove_prefix(static_cast<size_t>(written));
   }
   return 0;
 }
 
 }  // namespace
 
-bool FileExists(const std::string& name) {
-  struct stat status {};
-  return IsName(name) && stat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
+bool FileExists(const std::string& name) { return IsName(name) && StatusOf(name).regular; }
 
 void DeleteFile(const std::string& name) {
-  if (unlink(RequireName(name).c_str()) != 0) Fail(errno, name);
+  if (DeleteName(RequireName(name)) != 0) Fail(errno, name);
 }
 
 void RenameFile(const std::string& from, const std::string& to) {
-  if (rename(RequireName(from).c_str(), RequireName(to).c_str()) != 0) Fail(errno, from);
+  if (ChangeName(RequireName(from), RequireName(to)) != 0) Fail(errno, from);
 }
 
-InputFile::InputFile(const std::string& name) : name_(name), descriptor_(Open(name, O_RDONLY)) {
+InputFile::InputFile(const std::string& name) : name_(name), descriptor_(Open(name, OpenMode::kRead)) {
   if (descriptor_ < 0) Fail(errno, name);
 }
 
-InputFile::~InputFile() { close(descriptor_); }
+InputFile::~InputFile() { CloseDescriptor(descriptor_); }
 
 size_t InputFile::Read(char* bytes, size_t size) {
   size_t total = 0;
   while (total < size) {
-    const ssize_t got = read(descriptor_, bytes + total, size - total);
+    const std::ptrdiff_t got = ReadSome(descriptor_, bytes + total, size - total);
     if (got == 0) break;
-    if (got > 0) {
-      total += static_cast<size_t>(got);
-    } else if (errno != EINTR) {
-      Fail(errno, name_);
-    }
+    if (got < 0) Fail(errno, name_);
+    total += static_cast<size_t>(got);
   }
   position_ += total;
   return total;
 }
 
-OutputFile::OutputFile(const std::string& name)
-    : name_(name), descriptor_(Open(name, O_WRONLY | O_CREAT | O_TRUNC, 0666)) {
+OutputFile::OutputFile(const std::string& name) : name_(name), descriptor_(Open(name, OpenMode::kReplace)) {
   if (descriptor_ < 0) FailToCreate(errno, name);
 }
 
 OutputFile::~OutputFile() {
-  if (descriptor_ >= 0) close(descriptor_);
+  if (descriptor_ >= 0) CloseDescriptor(descriptor_);
 }
 
 void OutputFile::Write(std::string_view bytes) {
@@ -153,35 +148,33 @@ void OutputFile::Write(std::string_view bytes) {
 }
 
 void OutputFile::Close() {
-  if (descriptor_ >= 0 && close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR && failure_ == 0)
-    failure_ = errno;
+  if (descriptor_ >= 0 && CloseDescriptor(std::exchange(descriptor_, -1)) != 0 && failure_ == 0) failure_ = errno;
   if (failure_ != 0) Fail(failure_, name_);
 }
 
 FileReplacement::FileReplacement(const std::string& name) : target_(Resolved(name)) {
-  struct stat status {};
-  const bool exists = stat(target_.c_str(), &status) == 0;
-  if (exists && !S_ISREG(status.st_mode)) {
-    descriptor_ = Open(target_, O_WRONLY);
+  const FileStatus status = StatusOf(target_);
+  if (status.exists && !status.regular) {
+    descriptor_ = Open(target_, OpenMode::kWrite);
     if (descriptor_ < 0) Fail(errno, target_);
     return;
   }
   // Renaming would get around the protection of a file that may not be written.
-  if (exists && faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) Fail(errno, target_);
-  CreateTemporary(0666);
-  if (exists && fchmod(descriptor_, status.st_mode & 07777U) != 0) {
+  if (status.exists && CheckWritable(target_) != 0) Fail(errno, target_);
+  CreateTemporary();
+  if (status.exists && SetMode(descriptor_, status.mode) != 0) {
     const int reason = errno;
-    close(descriptor_);
-    unlink(temporary_.c_str());
+    CloseDescriptor(descriptor_);
+    DeleteName(temporary_);
     Fail(reason, target_);
   }
 }
 
-void FileReplacement::CreateTemporary(unsigned mode) {
+void FileReplacement::CreateTemporary() {
   for (int attempt = 0;; ++attempt) {
     // Not made from the target's name, which may be as long as a name can be.
-    temporary_ = FolderOf(target_) + "/zevo-" + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
-    descriptor_ = Open(temporary_, O_WRONLY | O_CREAT | O_EXCL, mode);
+    temporary_ = Beside(target_, "zevo-" + std::to_string(ProcessNumber()) + "-" + std::to_string(attempt) + ".tmp");
+    descriptor_ = Open(temporary_, OpenMode::kCreate);
     if (descriptor_ >= 0) return;
     if (errno != EEXIST) {
       const int reason = errno;
@@ -192,8 +185,8 @@ void FileReplacement::CreateTemporary(unsigned mode) {
 }
 
 FileReplacement::~FileReplacement() {
-  if (descriptor_ >= 0) close(descriptor_);
-  if (!temporary_.empty()) unlink(temporary_.c_str());
+  if (descriptor_ >= 0) CloseDescriptor(descriptor_);
+  if (!temporary_.empty()) DeleteName(temporary_);
 }
 
 void FileReplacement::Write(std::string_view bytes) {
@@ -201,22 +194,14 @@ void FileReplacement::Write(std::string_view bytes) {
 }
 
 void FileReplacement::Commit() {
-  while (!temporary_.empty() && fsync(descriptor_) != 0) {
-    if (errno != EINTR) Fail(errno, target_);
-  }
-  const int closed = close(descriptor_);
-  descriptor_ = -1;
-  if (closed != 0 && errno != EINTR) Fail(errno, target_);
+  if (!temporary_.empty() && FlushToDisk(descriptor_) != 0) Fail(errno, target_);
+  if (CloseDescriptor(std::exchange(descriptor_, -1)) != 0) Fail(errno, target_);
   if (temporary_.empty()) return;
-  const std::string folderName = FolderOf(target_);
-  if (rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno, target_);
+  const std::string folder = FolderOf(target_);
+  if (ChangeName(temporary_, target_) != 0) Fail(errno, target_);
   temporary_.clear();
   // The content is safe by now: a folder that cannot be flushed only delays when the new name is seen after a crash.
-  const int folder = Open(folderName, O_RDONLY | O_DIRECTORY);
-  if (folder >= 0) {
-    fsync(folder);
-    close(folder);
-  }
+  FlushFolder(folder);
 }
 
 }  // namespace zevo

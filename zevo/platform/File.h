@@ -78,7 +78,7 @@ class FileReplacement : public ByteSink {
   void Commit();
 
  private:
-  void CreateTemporary(unsigned mode);
+  void CreateTemporary();
 
   std::string target_;
   std::string temporary_;  // empty when the target is written to directly

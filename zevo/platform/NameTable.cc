@@ -31,7 +31,7 @@ uint32_t NameTable::Add(std::string_view name) {
 
 uint32_t NameTable::AddParsed(const char* local, const char* prefix) {
   const uint64_t spread = reinterpret_cast<uintptr_t>(local) * uint64_t{0x9E3779B97F4A7C15};
-  Seen& seen = seen_[(spread >> 48) % seen_.size()];
+  Seen& seen = seen_[static_cast<size_t>(spread >> 48) % seen_.size()];
   if (seen.local == local && seen.prefix == prefix && seen.name != kNone) return seen.name;
   const uint32_t name = prefix == nullptr ? Add(local) : Add(std::string(prefix).append(":").append(local));
   seen = {local, prefix, name};

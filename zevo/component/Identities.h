@@ -1,0 +1,33 @@
+#ifndef ZEVO_COMPONENT_IDENTITIES_H_
+#define ZEVO_COMPONENT_IDENTITIES_H_
+
+#include <mutex>
+#include <unordered_map>
+
+namespace zevo::component {
+
+/// Which face, as hosts see it, an object of the library has at present. It keeps neither of them alive: a face is here
+/// from its making to its end and holds its object meanwhile.
+class Identities {
+ public:
+  static Identities& OfThisProcess();
+
+  Identities(const Identities&) = delete;
+  Identities& operator=(const Identities&) = delete;
+
+  /// Null when the object has none.
+  void* Find(const void* object);
+  void Add(const void* object, void* face);
+  void Remove(const void* object) noexcept;
+
+ private:
+  Identities() = default;
+
+  // Objects belong to one thread, but a host may well release the last of them from another.
+  std::mutex mutex_;
+  std::unordered_map<const void*, void*> faces_;
+};
+
+}  // namespace zevo::component
+
+#endif  // ZEVO_COMPONENT_IDENTITIES_H_

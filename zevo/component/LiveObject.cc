@@ -1,0 +1,19 @@
+#include <zevo/component/LiveObject.h>
+
+#include <atomic>
+
+namespace zevo::component {
+namespace {
+
+std::atomic<long> count = 0;
+
+}  // namespace
+
+LiveObject::LiveObject() noexcept { Lock(); }
+LiveObject::~LiveObject() { Unlock(); }
+
+long LiveObject::Count() { return count; }
+void LiveObject::Lock() { ++count; }
+void LiveObject::Unlock() { --count; }
+
+}  // namespace zevo::component

@@ -1,0 +1,17 @@
+#ifndef ZEVO_COMPONENT_REGISTRATION_H_
+#define ZEVO_COMPONENT_REGISTRATION_H_
+
+#include <windows.h>
+
+namespace zevo::component {
+
+/// Lets every program of the machine find the server: its creatable classes by name and by number, the type library and
+/// how its interfaces travel between threads. Where that is refused, it does so for the user. Throws `Error`.
+void Register();
+
+/// Takes back what the above did, for the machine and for the user. What others have put there stays. Throws `Error`.
+void Unregister();
+
+}  // namespace zevo::component
+
+#endif  // ZEVO_COMPONENT_REGISTRATION_H_

@@ -1,0 +1,42 @@
+// What COM and regsvr32 call.
+
+#include <windows.h>
+// After windows.h.
+#include <objbase.h>
+#include <olectl.h>
+#include <zevo/component/Classes.h>
+#include <zevo/component/ErrorTranslation.h>
+#include <zevo/component/LiveObject.h>
+#include <zevo/component/Registration.h>
+#include <zevo/platform/windows/XmlLibrary.h>
+
+using zevo::component::Guarded;
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, LPVOID reserved) {
+  if (reason == DLL_THREAD_DETACH) zevo::ForgetXmlOfThread(library);
+  // With nothing reserved, the process goes on without the server.
+  if (reason == DLL_PROCESS_DETACH && reserved == nullptr) zevo::ForgetXml(library);
+  return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  IClassFactory* factory = nullptr;
+  const HRESULT ready = Guarded(id, [&] { factory = zevo::component::FactoryOf(classId); });
+  if (FAILED(ready)) return ready;
+  return factory == nullptr ? CLASS_E_CLASSNOTAVAILABLE : factory->QueryInterface(id, object);
+}
+
+STDAPI DllCanUnloadNow() { return zevo::component::LiveObject::Count() == 0 ? S_OK : S_FALSE; }
+
+STDAPI DllRegisterServer() {
+  return FAILED(Guarded(IID_NULL, [] { zevo::component::Register(); })) ? SELFREG_E_CLASS : S_OK;
+}
+
+STDAPI DllUnregisterServer() {
+  return FAILED(Guarded(IID_NULL, [] { zevo::component::Unregister(); })) ? SELFREG_E_CLASS : S_OK;
+}
+
+/// How many objects of the server are held, for tests of hosts.
+extern "C" long STDAPICALLTYPE ZevoLiveObjects() { return zevo::component::LiveObject::Count(); }
