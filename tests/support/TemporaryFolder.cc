@@ -3,17 +3,27 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
+#include <random>
 
 namespace zevo::testing {
+namespace {
+
+// Names are UTF-8 on every system.
+std::filesystem::path PathOf(std::string_view name) { return std::u8string(name.begin(), name.end()); }
+std::string NameOf(const std::filesystem::path& path) {
+  const std::u8string name = path.u8string();
+  return std::string(name.begin(), name.end());
+}
+
+}  // namespace
 
 TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "zevo-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
+  std::random_device random;
+  do {
+    path_ = std::filesystem::temp_directory_path() / ("zevo-" + std::to_string(random()));
+  } while (!std::filesystem::create_directory(path_));
 }
 
 TemporaryFolder::~TemporaryFolder() {
@@ -21,24 +31,23 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-std::string TemporaryFolder::Path(std::string_view name) const { return (path_ / name).string(); }
+std::string TemporaryFolder::Path(std::string_view name) const { return NameOf(path_ / PathOf(name)); }
 
 std::string TemporaryFolder::Write(std::string_view name, std::string_view bytes) const {
   std::string path = Path(name);
-  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  std::ofstream(PathOf(path), std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   return path;
 }
 
 std::vector<std::string> TemporaryFolder::Names() const {
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(path_))
-    names.push_back(entry.path().filename().string());
+  for (const auto& entry : std::filesystem::directory_iterator(path_)) names.push_back(NameOf(entry.path().filename()));
   std::ranges::sort(names);
   return names;
 }
 
 std::string ReadBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(PathOf(path), std::ios::binary);
   EXPECT_TRUE(file.good()) << path;
   return std::string(std::istreambuf_iterator<char>(file), {});
 }

@@ -16,7 +16,7 @@ using Microsoft::WRL::ComPtr;
 /// Makes objects of one class. There is one of each, which lives as long as the server is loaded.
 class Factory final : public IClassFactory {
  public:
-  constexpr Factory(const CLSID& id, IUnknown* (*create)()) : id_(id), create_(create) {}
+  constexpr Factory(const CLSID& id, ComPtr<IUnknown> (*create)()) : id_(id), create_(create) {}
 
   bool Makes(const CLSID& id) const { return id_ == id; }
 
@@ -33,7 +33,7 @@ class Factory final : public IClassFactory {
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     ComPtr<IUnknown> created;
-    const HRESULT made = Guarded(id, [&] { created.Attach(create_()); });
+    const HRESULT made = Guarded(id, [&] { created = create_(); });
     return FAILED(made) ? made : created->QueryInterface(id, object);
   }
   STDMETHODIMP LockServer(BOOL lock) override {
@@ -47,14 +47,14 @@ class Factory final : public IClassFactory {
 
  private:
   const CLSID& id_;
-  IUnknown* (*create_)();
+  ComPtr<IUnknown> (*create_)();
 };
 
 template <class Core>
 Factory FactoryFor() {
   return Factory(
       __uuidof(typename FaceOf<Core>::ComClass),
-      +[]() -> IUnknown* { return FaceOf<Core>::Make(std::make_shared<Core>()); });
+      +[]() -> ComPtr<IUnknown> { return FaceOf<Core>::Make(std::make_shared<Core>()); });
 }
 
 template <class... Cores>

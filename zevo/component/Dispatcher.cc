@@ -181,7 +181,7 @@ class Dispatcher::Call {
       case Passing::kObjectByReference:
         const HRESULT taken = TakeObject(parameter, argument);
         if (FAILED(taken)) return taken;
-        argument.object.Attach(V_DISPATCH(&argument.value));
+        *argument.object.GetAddressOf() = V_DISPATCH(&argument.value);
         argument.before = argument.object.Get();
         argument.type = VT_BYREF | VT_DISPATCH;
         V_VT(&argument.value) = argument.type;

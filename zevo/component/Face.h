@@ -2,6 +2,7 @@
 #define ZEVO_COMPONENT_FACE_H_
 
 #include <ocidl.h>
+#include <zevo/component/Adopt.h>
 #include <zevo/component/Dispatcher.h>
 #include <zevo/component/ErrorTranslation.h>
 #include <zevo/component/Faces.h>
@@ -133,10 +134,10 @@ class Face : public Interface<T>, public ISupportErrorInfo, public IProvideClass
 // interface definition, and take their types from the getters of the library.
 
 /// Follows the class of a face: lets the server make it.
-#define ZEVO_FACE_OF(Class)                                                                      \
-  FaceOf<zevo::Class>::Interface* FaceOf<zevo::Class>::Make(std::shared_ptr<zevo::Class> core) { \
-    return new Class##Face(std::move(core));                                                     \
-  }                                                                                              \
+#define ZEVO_FACE_OF(Class)                                                                         \
+  Microsoft::WRL::ComPtr<::_##Class> FaceOf<zevo::Class>::Make(std::shared_ptr<zevo::Class> core) { \
+    return Adopt<::_##Class>(new Class##Face(std::move(core)));                                     \
+  }                                                                                                 \
   static_assert(true)
 
 #define ZEVO_TYPE(Name) zevo::component::ConversionOf<decltype(std::declval<const Core&>().Name())>

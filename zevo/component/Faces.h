@@ -20,13 +20,12 @@ template <class Core>
 using Interface = typename FaceOf<Core>::Interface;
 
 // One line for each class that hosts can hold.
-#define ZEVO_FACE(Class)                                       \
-  template <>                                                  \
-  struct FaceOf<zevo::Class> {                                 \
-    using Interface = ::_##Class;                              \
-    using ComClass = ::Class;                                  \
-    /* Makes one; holds one reference. */                      \
-    static Interface* Make(std::shared_ptr<zevo::Class> core); \
+#define ZEVO_FACE(Class)                                                              \
+  template <>                                                                         \
+  struct FaceOf<zevo::Class> {                                                        \
+    using Interface = ::_##Class;                                                     \
+    using ComClass = ::Class;                                                         \
+    static Microsoft::WRL::ComPtr<Interface> Make(std::shared_ptr<zevo::Class> core); \
   }
 ZEVO_FACE(AddressStructure);
 ZEVO_FACE(AuditException);
@@ -67,14 +66,9 @@ ZEVO_FACE(TransactionLine);
 /// The face of an object of the library, null for none. The same object has the same face as long as somebody holds it.
 template <class Core>
 Microsoft::WRL::ComPtr<Interface<Core>> FaceFor(const std::shared_ptr<Core>& core) {
-  Microsoft::WRL::ComPtr<Interface<Core>> face;
-  if (core == nullptr) return face;
-  if (void* known = Identities::OfThisProcess().Find(core.get())) {
-    face = static_cast<Interface<Core>*>(known);
-  } else {
-    face.Attach(FaceOf<Core>::Make(core));
-  }
-  return face;
+  if (core == nullptr) return nullptr;
+  void* known = Identities::OfThisProcess().Find(core.get());
+  return known != nullptr ? static_cast<Interface<Core>*>(known) : FaceOf<Core>::Make(core);
 }
 
 /// How the server's own code reaches the object behind a face.

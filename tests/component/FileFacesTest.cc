@@ -1,0 +1,392 @@
+#include <zevo/adapters.h>
+#include <zevo/component/Faces.h>
+
+#include <vector>
+
+#include "tests/component/Com.h"
+#include "tests/component/Slots.h"
+#include "tests/facades/SampleFile.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/UseSchema.h"
+
+namespace zevo::testing {
+namespace {
+
+using component::FaceFor;
+
+constexpr auto kInvalidCall = static_cast<HRESULT>(0x800A0005);
+constexpr auto kTypeMismatch = static_cast<HRESULT>(0x800A000D);
+
+std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }
+
+// The members of an interface in slot order: "=Name" is assigned, "Name" read or called.
+std::vector<std::wstring> MembersOf(const IID& interfaceId) {
+  std::vector<std::wstring> members;
+  size_t offset = kFirstOffset;
+  for (const Slot& slot : SlotsOf(interfaceId)) {
+    EXPECT_EQ(slot.offset, offset);
+    offset += sizeof(void*);
+    members.push_back((slot.kind == INVOKE_PROPERTYPUT ? L"=" : L"") + slot.name);
+  }
+  return members;
+}
+
+TEST(FileFaces, MembersOfAuditFileStandInTheirSlots) {
+  EXPECT_EQ(MembersOf(__uuidof(_AuditFile)), (std::vector<std::wstring>{L"AuditException",
+                                                                        L"AuditFileName",
+                                                                        L"=AuditFileName",
+                                                                        L"AuditFileSchema",
+                                                                        L"=AuditFileSchema",
+                                                                        L"CreateAuditFile",
+                                                                        L"OpenAuditFile",
+                                                                        L"UpdateAuditFile",
+                                                                        L"CloseAuditFile",
+                                                                        L"DeleteAuditFile",
+                                                                        L"ValidateAuditFile",
+                                                                        L"CreateHeader",
+                                                                        L"CreateGeneralLedger",
+                                                                        L"CreateCustomer",
+                                                                        L"CreateSupplier",
+                                                                        L"CreateTaxTable",
+                                                                        L"CreateTaxTableEntry",
+                                                                        L"CreateProduct",
+                                                                        L"CreateGeneralLedgerEntries",
+                                                                        L"UpdateGeneralLedgerEntries",
+                                                                        L"CreateJournal",
+                                                                        L"CreateTransaction",
+                                                                        L"CreateSalesInvoices",
+                                                                        L"UpdateSalesInvoices",
+                                                                        L"CreateInvoice"}));
+}
+
+TEST(FileFaces, MembersOfTheStreamWriterStandInTheirSlots) {
+  EXPECT_EQ(MembersOf(__uuidof(_AuditFileStreamWriter)),
+            (std::vector<std::wstring>{
+                L"AuditException", L"AuditFileName", L"=AuditFileName", L"CreateAuditFile", L"CloseAuditFile",
+                L"CreateHeader", L"CreateGeneralLedger", L"CreateCustomer", L"CreateSupplier", L"CreateTaxTable",
+                L"CreateProduct", L"BeginGeneralLedgerEntries", L"EndGeneralLedgerEntries", L"BeginJournal",
+                L"EndJournal", L"CreateTransaction", L"BeginSalesInvoices", L"EndSalesInvoices", L"CreateInvoice"}));
+}
+
+TEST(FileFaces, MembersOfTheReaderStandInTheirSlots) {
+  EXPECT_EQ(MembersOf(__uuidof(_AuditFileReader)), (std::vector<std::wstring>{L"AuditException",
+                                                                              L"AuditFileName",
+                                                                              L"=AuditFileName",
+                                                                              L"OpenAuditFile",
+                                                                              L"CloseAuditFile",
+                                                                              L"ReadHeader",
+                                                                              L"ReadGeneralLedger",
+                                                                              L"ReadCustomer",
+                                                                              L"ReadSupplier",
+                                                                              L"ReadTaxTable",
+                                                                              L"ReadTaxTableEntry",
+                                                                              L"ReadProduct",
+                                                                              L"ReadGeneralLedgerEntries",
+                                                                              L"ReadJournal",
+                                                                              L"ReadTransaction",
+                                                                              L"ReadSalesInvoices",
+                                                                              L"ReadInvoice",
+                                                                              L"Customers",
+                                                                              L"Suppliers",
+                                                                              L"Products",
+                                                                              L"GeneralLedgers",
+                                                                              L"TaxTableEntrys",
+                                                                              L"Invoices",
+                                                                              L"Journals",
+                                                                              L"Transactions"}));
+}
+
+TEST(FileFaces, MembersOfTheStreamerStandInTheirSlots) {
+  EXPECT_EQ(MembersOf(__uuidof(_AuditFileStreamer)),
+            (std::vector<std::wstring>{L"AuditException", L"AuditFileName", L"=AuditFileName", L"OpenAuditFile",
+                                       L"ReadAuditFile", L"CloseAuditFile", L"AbortReading"}));
+}
+
+TEST(FileFaces, MembersOfTheOtherClassesStandInTheirSlots) {
+  EXPECT_EQ(MembersOf(__uuidof(_AuditException)),
+            (std::vector<std::wstring>{L"Number", L"=Number", L"Description", L"=Description", L"Source", L"=Source"}));
+  EXPECT_EQ(MembersOf(__uuidof(_Options)), (std::vector<std::wstring>{L"ValidateOnAssignment", L"=ValidateOnAssignment",
+                                                                      L"SchemaLocation", L"=SchemaLocation"}));
+  EXPECT_TRUE(MembersOf(__uuidof(_SAFTConstants)).empty());
+  for (const IID& id : {__uuidof(_CreditNoteCollection), __uuidof(_InvoiceLineCollection), __uuidof(_LineCollection),
+                        __uuidof(_TaxTableEntryCollection)}) {
+    EXPECT_EQ(MembersOf(id), (std::vector<std::wstring>{L"Add", L"Remove", L"Clear", L"Item", L"Count", L"NewEnum"}));
+  }
+}
+
+class FileFacesTest : public ::testing::Test {
+ protected:
+  static bool Succeeded(const VARIANT_BOOL& result) { return result == VARIANT_TRUE; }
+
+  // The path has an accent, a space and a character that no code page of Europe has.
+  std::wstring NewPath(const wchar_t* name) {
+    const std::string folder = folder_.Path("");
+    return Wide(folder) + L"Jo\x00E3o \x4E2D " + name;
+  }
+
+  long FailureOf(IDispatch* file) {
+    const Variant exception = Get(file, L"AuditException").value;
+    return exception.Object() == nullptr ? 0 : Get(exception.Object(), L"Number").value.Number();
+  }
+
+  UseSchema schema_;
+  TemporaryFolder folder_;
+};
+
+TEST_F(FileFacesTest, AFileIsWrittenValidatedAndReadBack) {
+  const ComPtr<_AuditFile> file = FaceFor(std::make_shared<zevo::AuditFile>());
+  const std::wstring path = NewPath(L"saft.xml");
+  VARIANT_BOOL done = VARIANT_FALSE;
+  ASSERT_EQ(file->put_AuditFileName(Bstr(path)), S_OK);
+  Bstr name;
+  ASSERT_EQ(file->get_AuditFileName(name.Receive()), S_OK);
+  EXPECT_EQ(name.Text(), path);
+  ASSERT_EQ(file->CreateAuditFile(&done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_EQ(file->CreateHeader(FaceFor(SampleHeader()).Get(), &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_EQ(file->CreateCustomer(FaceFor(SampleCustomer("C1")).Get(), &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_EQ(file->CreateProduct(FaceFor(SampleProduct("P1")).Get(), &done), S_OK);
+
+  const ComPtr<_GeneralLedgerEntries> entries = FaceFor(std::make_shared<zevo::GeneralLedgerEntries>());
+  const ComPtr<_Journal> journal = FaceFor(SampleJournal("J1"));
+  ASSERT_EQ(file->CreateGeneralLedgerEntries(entries.Get(), &done), S_OK);
+  ASSERT_EQ(file->CreateJournal(journal.Get(), &done), S_OK);
+  ComPtr<_GeneralLedgerEntries> totals = entries;
+  ASSERT_EQ(file->CreateTransaction(FaceFor(SampleTransaction(1)).Get(), journal.Get(), totals.GetAddressOf(), &done),
+            S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  EXPECT_TRUE(SameObject(totals.Get(), entries.Get()));
+  LONG count = 0;
+  ASSERT_EQ(entries->get_NumberOfEntries(&count), S_OK);
+  EXPECT_EQ(count, 1);
+  // Without totals, by either way of leaving them out.
+  ASSERT_EQ(file->CreateTransaction(FaceFor(SampleTransaction(2)).Get(), journal.Get(), nullptr, &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  _GeneralLedgerEntries* none = nullptr;
+  ASSERT_EQ(file->CreateTransaction(FaceFor(SampleTransaction(3)).Get(), nullptr, &none, &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_EQ(entries->put_NumberOfEntries(3), S_OK);
+  CURRENCY sum;
+  sum.int64 = 300000;
+  ASSERT_EQ(entries->put_TotalDebit(sum), S_OK);
+  ASSERT_EQ(entries->put_TotalCredit(sum), S_OK);
+  ASSERT_EQ(file->UpdateGeneralLedgerEntries(entries.Get(), &done), S_OK);
+
+  ComPtr<_SalesInvoices> sales = FaceFor(std::make_shared<zevo::SalesInvoices>());
+  ASSERT_EQ(file->CreateSalesInvoices(sales.Get(), &done), S_OK);
+  ASSERT_EQ(file->CreateInvoice(FaceFor(SampleInvoice(1, "C1", "P1")).Get(), sales.GetAddressOf(), &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_EQ(file->UpdateSalesInvoices(sales.Get(), &done), S_OK);
+  ASSERT_EQ(file->UpdateAuditFile(&done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_EQ(file->CloseAuditFile(&done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+
+  const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+  ASSERT_EQ(reader->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(reader->OpenAuditFile(&done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  LONG number = 0;
+  EXPECT_EQ(reader->Customers(&number), S_OK);
+  EXPECT_EQ(number, 1);
+  EXPECT_EQ(reader->Invoices(&number), S_OK);
+  EXPECT_EQ(number, 1);
+  EXPECT_EQ(reader->Transactions(nullptr, &number), S_OK);
+  EXPECT_EQ(number, 3);
+  ComPtr<_Journal> read_journal;
+  EXPECT_EQ(reader->ReadJournal(read_journal.GetAddressOf(), &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_NE(read_journal.Get(), nullptr);
+  EXPECT_EQ(reader->Transactions(read_journal.GetAddressOf(), &number), S_OK);
+  EXPECT_EQ(number, 3);
+  ComPtr<_Transaction> transaction;
+  for (int i = 0; i < 3; ++i) {
+    const ComPtr<_Transaction> before = transaction;
+    EXPECT_EQ(reader->ReadTransaction(transaction.GetAddressOf(), read_journal.GetAddressOf(), &done), S_OK);
+    ASSERT_NE(transaction.Get(), nullptr);
+    EXPECT_FALSE(SameObject(transaction.Get(), before.Get()));
+    if (before) {
+      EXPECT_EQ(References(before.Get()), 1U);
+    }
+  }
+  EXPECT_EQ(reader->ReadTransaction(transaction.GetAddressOf(), read_journal.GetAddressOf(), &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  EXPECT_EQ(transaction.Get(), nullptr);
+  ComPtr<_Customer> customer;
+  EXPECT_EQ(reader->ReadCustomer(customer.GetAddressOf(), &done), S_OK);
+  Bstr id;
+  EXPECT_EQ(customer->get_CustomerID(id.Receive()), S_OK);
+  EXPECT_EQ(id.Text(), L"C1");
+  ASSERT_EQ(reader->CloseAuditFile(&done), S_OK);
+
+  ASSERT_EQ(file->ValidateAuditFile(&done), S_OK);
+  EXPECT_TRUE(Succeeded(done)) << FailureOf(file.Get());
+  ASSERT_EQ(file->DeleteAuditFile(&done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  EXPECT_TRUE(folder_.Names().empty());
+}
+
+TEST_F(FileFacesTest, AFileIsWrittenFrontToBack) {
+  const ComPtr<_AuditFileStreamWriter> file = FaceFor(std::make_shared<zevo::AuditFileStreamWriter>());
+  const std::wstring path = NewPath(L"stream.xml");
+  VARIANT_BOOL done = VARIANT_FALSE;
+  ASSERT_EQ(file->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(file->CreateAuditFile(&done), S_OK);
+  ASSERT_TRUE(Succeeded(done));
+  ComPtr<_Header> header = FaceFor(SampleHeader());
+  const ComPtr<_Header> same = header;
+  ASSERT_EQ(file->CreateHeader(header.GetAddressOf(), &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  EXPECT_EQ(header.Get(), same.Get());
+  ComPtr<_SalesInvoices> totals = FaceFor(std::make_shared<zevo::SalesInvoices>());
+  ASSERT_EQ(file->BeginSalesInvoices(totals.GetAddressOf(), &done), S_OK);
+  ComPtr<_Invoice> invoice = FaceFor(SampleInvoice(1, "C1", "P1"));
+  ASSERT_EQ(file->CreateInvoice(invoice.GetAddressOf(), &done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+  ASSERT_EQ(file->EndSalesInvoices(&done), S_OK);
+  ASSERT_EQ(file->CloseAuditFile(&done), S_OK);
+  EXPECT_TRUE(Succeeded(done));
+
+  const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+  ASSERT_EQ(reader->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(reader->OpenAuditFile(&done), S_OK);
+  LONG number = 0;
+  EXPECT_EQ(reader->Invoices(&number), S_OK);
+  EXPECT_EQ(number, 1);
+}
+
+// The way of VBScript, where every variable goes as VARIANT*.
+TEST_F(FileFacesTest, VariablesOfScriptsAreReadAndAssigned) {
+  const std::string path = folder_.Path("saft.xml");
+  SaveSampleFile(path);
+  const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+  ASSERT_EQ(reader->put_AuditFileName(Bstr(Wide(path))), S_OK);
+  EXPECT_TRUE(Call(reader.Get(), L"OpenAuditFile").value.Flag());
+  Variant customer;
+  int read = 0;
+  for (;; ++read) {
+    const Variant before = customer;
+    EXPECT_TRUE(Call(reader.Get(), L"ReadCustomer", {Variant::Reference(customer)}).value.Flag());
+    ASSERT_EQ(customer.Type(), VT_DISPATCH);
+    if (customer.Object() == nullptr) break;
+    EXPECT_FALSE(before.Type() == VT_DISPATCH && SameObject(before.Object(), customer.Object()));
+  }
+  EXPECT_EQ(read, 2);
+
+  // An object that comes by value is read, and nothing can be assigned.
+  EXPECT_TRUE(Call(reader.Get(), L"ReadHeader", {Variant()}).value.Flag());
+  // A typed variable of an early-bound host that calls by name.
+  ComPtr<IDispatch> typed = FaceFor(std::make_shared<zevo::Supplier>());
+  Variant reference;
+  V_VT(&*reference) = VT_BYREF | VT_DISPATCH;
+  V_DISPATCHREF(&*reference) = typed.GetAddressOf();
+  const IDispatch* before = typed.Get();
+  EXPECT_TRUE(Call(reader.Get(), L"ReadSupplier", {reference}).value.Flag());
+  EXPECT_NE(typed.Get(), before);
+
+  // Something else in the variable.
+  Variant text(L"customer");
+  EXPECT_EQ(Call(reader.Get(), L"ReadCustomer", {Variant::Reference(text)}).result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(text.Text(), L"customer");
+  Variant journal(FaceFor(std::make_shared<zevo::Journal>()).Get());
+  EXPECT_EQ(Call(reader.Get(), L"ReadCustomer", {Variant::Reference(journal)}).result, DISP_E_TYPEMISMATCH);
+}
+
+TEST_F(FileFacesTest, TotalsOfScriptsAreAddedTo) {
+  const auto file = std::make_shared<zevo::AuditFile>();
+  file->set_AuditFileName(folder_.Path("saft.xml"));
+  ASSERT_TRUE(file->CreateAuditFile());
+  ASSERT_TRUE(file->CreateSalesInvoices(zevo::SalesInvoices()));
+  const ComPtr<_AuditFile> face = FaceFor(file);
+  const auto totals = std::make_shared<zevo::SalesInvoices>();
+  Variant invoice(FaceFor(SampleInvoice(1, "C", "P")).Get());
+  Variant variable(FaceFor(totals).Get());
+  EXPECT_TRUE(
+      Call(face.Get(), L"CreateInvoice", {Variant::Reference(invoice), Variant::Reference(variable)}).value.Flag());
+  EXPECT_EQ(totals->NumberOfEntries(), 1);
+  EXPECT_TRUE(SameObject(variable.Object(), FaceFor(totals).Get()));
+  EXPECT_TRUE(Call(face.Get(), L"CreateInvoice", {invoice}).value.Flag());
+  EXPECT_EQ(totals->NumberOfEntries(), 1);
+}
+
+TEST_F(FileFacesTest, FailuresAreKeptAndNotRaised) {
+  const ComPtr<_AuditFile> file = FaceFor(std::make_shared<zevo::AuditFile>());
+  VARIANT_BOOL done = VARIANT_TRUE;
+  EXPECT_EQ(file->CreateAuditFile(&done), S_OK);
+  EXPECT_EQ(done, VARIANT_FALSE);
+  ComPtr<_AuditException> exception;
+  ASSERT_EQ(file->get_AuditException(&exception), S_OK);
+  LONG number = 0;
+  Bstr source;
+  Bstr description;
+  EXPECT_EQ(exception->get_Number(&number), S_OK);
+  EXPECT_EQ(number, -2147221503);
+  EXPECT_EQ(exception->get_Source(source.Receive()), S_OK);
+  EXPECT_EQ(source.Text(), L"AuditFile.CreateAuditFile");
+  EXPECT_EQ(exception->get_Description(description.Receive()), S_OK);
+  EXPECT_EQ(description.Text(), L"N\x00E3o foi indicado o nome do ficheiro SAFT-PT.");
+  ComPtr<_AuditException> again;
+  ASSERT_EQ(file->get_AuditException(&again), S_OK);
+  EXPECT_TRUE(SameObject(exception.Get(), again.Get()));
+  EXPECT_EQ(exception->put_Number(5), S_OK);
+  EXPECT_EQ(again->get_Number(&number), S_OK);
+  EXPECT_EQ(number, 5);
+
+  EXPECT_EQ(file->CloseAuditFile(&done), S_OK);
+  ASSERT_EQ(file->get_AuditException(&again), S_OK);
+  EXPECT_EQ(again.Get(), nullptr);
+}
+
+TEST_F(FileFacesTest, CountsOfAClosedReaderAreMinusOne) {
+  const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+  for (const wchar_t* count : {L"Customers", L"Suppliers", L"Products", L"GeneralLedgers", L"TaxTableEntrys",
+                               L"Invoices", L"Journals", L"Transactions"}) {
+    EXPECT_EQ(Call(reader.Get(), count).value.Number(), -1);
+    EXPECT_EQ(FailureOf(reader.Get()), -2147221499);
+  }
+}
+
+TEST_F(FileFacesTest, WrongRecordsAreRaised) {
+  const ComPtr<_AuditFile> file = FaceFor(std::make_shared<zevo::AuditFile>());
+  VARIANT_BOOL done = VARIANT_TRUE;
+  EXPECT_EQ(file->CreateHeader(nullptr, &done), kInvalidCall);
+  EXPECT_EQ(done, VARIANT_FALSE);
+  // An object of another class behind the pointer, and one that is no part of the server.
+  const ComPtr<_Journal> journal = FaceFor(std::make_shared<zevo::Journal>());
+  EXPECT_EQ(file->CreateHeader(reinterpret_cast<_Header*>(journal.Get()), &done), kTypeMismatch);
+  EXPECT_EQ(TakeErrorInfo().source, L"ZevoAdapters11");
+
+  const ComPtr<_AuditFileStreamWriter> writer = FaceFor(std::make_shared<zevo::AuditFileStreamWriter>());
+  _Header* none = nullptr;
+  EXPECT_EQ(writer->CreateHeader(&none, &done), kInvalidCall);
+  EXPECT_EQ(writer->CreateHeader(nullptr, &done), E_POINTER);
+  const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+  EXPECT_EQ(reader->ReadHeader(nullptr, &done), E_POINTER);
+  EXPECT_EQ(reader->ReadHeader(&none, nullptr), E_POINTER);
+  _Transaction* transaction = nullptr;
+  _Journal* no_journal = nullptr;
+  EXPECT_EQ(reader->ReadTransaction(&transaction, nullptr, &done), E_POINTER);
+  EXPECT_EQ(reader->ReadTransaction(nullptr, &no_journal, &done), E_POINTER);
+  EXPECT_EQ(reader->ReadTransaction(&transaction, &no_journal, &done), kInvalidCall);
+  EXPECT_EQ(reader->Customers(nullptr), E_POINTER);
+  EXPECT_EQ(file->CreateAuditFile(nullptr), E_POINTER);
+}
+
+TEST_F(FileFacesTest, OptionsAreSharedByAllObjects) {
+  const ComPtr<_Options> one = FaceFor(std::make_shared<zevo::Options>());
+  const ComPtr<_Options> other = FaceFor(std::make_shared<zevo::Options>());
+  const ComPtr<_AuditFile> file = FaceFor(std::make_shared<zevo::AuditFile>());
+  EXPECT_EQ(one->put_ValidateOnAssignment(VARIANT_FALSE), S_OK);
+  VARIANT_BOOL validate = VARIANT_TRUE;
+  EXPECT_EQ(other->get_ValidateOnAssignment(&validate), S_OK);
+  EXPECT_EQ(validate, VARIANT_FALSE);
+  EXPECT_EQ(file->put_AuditFileSchema(Bstr(L"C:\\n\x00E3o h\x00E1.xsd")), S_OK);
+  Bstr location;
+  EXPECT_EQ(other->get_SchemaLocation(location.Receive()), S_OK);
+  EXPECT_EQ(location.Text(), L"C:\\n\x00E3o h\x00E1.xsd");
+}
+
+}  // namespace
+}  // namespace zevo::testing

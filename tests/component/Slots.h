@@ -1,0 +1,50 @@
+#ifndef ZEVO_TESTS_COMPONENT_SLOTS_H_
+#define ZEVO_TESTS_COMPONENT_SLOTS_H_
+
+#include <zevo/component/TypeLibrary.h>
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "tests/component/Com.h"
+
+namespace zevo::testing {
+
+/// Where the members of an interface begin in its table of functions: after those of IUnknown and IDispatch.
+inline constexpr size_t kFirstOffset = 7 * sizeof(void*);
+
+/// A function of an interface as the type library has it.
+struct Slot {
+  std::wstring name;
+  INVOKEKIND kind;
+  size_t offset;
+  bool operator==(const Slot&) const = default;
+};
+inline void PrintTo(const Slot& slot, std::ostream* out) {
+  *out << std::string(slot.name.begin(), slot.name.end()) << " " << slot.kind << " @" << slot.offset;
+}
+
+inline std::vector<Slot> SlotsOf(const IID& interfaceId) {
+  const ComPtr<ITypeInfo> type = component::TableTypeOf(interfaceId);
+  TYPEATTR* attributes = nullptr;
+  EXPECT_EQ(type->GetTypeAttr(&attributes), S_OK);
+  const UINT count = attributes->cFuncs;
+  type->ReleaseTypeAttr(attributes);
+  std::vector<Slot> slots;
+  for (UINT i = 0; i < count; ++i) {
+    FUNCDESC* function = nullptr;
+    EXPECT_EQ(type->GetFuncDesc(i, &function), S_OK);
+    Bstr name;
+    UINT named = 0;
+    type->GetNames(function->memid, name.Receive(), 1, &named);
+    slots.push_back({name.Text(), function->invkind, static_cast<size_t>(function->oVft)});
+    type->ReleaseFuncDesc(function);
+  }
+  return slots;
+}
+
+}  // namespace zevo::testing
+
+#endif  // ZEVO_TESTS_COMPONENT_SLOTS_H_
