@@ -58,7 +58,7 @@ class RegistrationTest : public ::testing::Test {
   ~RegistrationTest() override {
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-    RegDeleteTreeW(HKEY_CURRENT_USER, kRoot);
+    RegDeleteTreeW(HKEY_CURRENT_USER, root_.c_str());
   }
 
   static std::vector<std::wstring> Contents(const OpenKey& key) {
@@ -71,9 +71,9 @@ class RegistrationTest : public ::testing::Test {
     return std::ranges::find(contents, entry) != contents.end();
   }
 
-  static constexpr const wchar_t* kRoot = L"Software\\ZevoRegistrationTest";
-  OpenKey machine_{std::wstring(kRoot) + L"\\machine"};
-  OpenKey user_{std::wstring(kRoot) + L"\\user"};
+  const std::wstring root_ = L"Software\\ZevoRegistrationTest" + std::to_wstring(GetCurrentProcessId());
+  OpenKey machine_{root_ + L"\\machine"};
+  OpenKey user_{root_ + L"\\user"};
 };
 
 TEST_F(RegistrationTest, TheServerIsFoundByNameAndByNumber) {
@@ -147,7 +147,7 @@ TEST_F(RegistrationTest, WhatTheMachineRefusesIsDoneForTheUser) {
   ASSERT_EQ(RegDeleteTreeW(machine_.Get(), nullptr), ERROR_SUCCESS);
   {
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-    ASSERT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, (std::wstring(kRoot) + L"\\machine").c_str()), ERROR_SUCCESS);
+    ASSERT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, (root_ + L"\\machine").c_str()), ERROR_SUCCESS);
     RegOverridePredefKey(HKEY_CURRENT_USER, user_.Get());
   }
   component::Register();
@@ -167,7 +167,7 @@ TEST_F(RegistrationTest, UnregisteringForTheUserLeavesNothing) {
 
 TEST_F(RegistrationTest, RefusedEverywhereItIsAnError) {
   RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-  ASSERT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, kRoot), ERROR_SUCCESS);
+  ASSERT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, root_.c_str()), ERROR_SUCCESS);
   RegOverridePredefKey(HKEY_CURRENT_USER, user_.Get());
   const Error error = ErrorOf([] { component::Register(); });
   EXPECT_EQ(error.Number(), HRESULT_FROM_WIN32(ERROR_KEY_DELETED));

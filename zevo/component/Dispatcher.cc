@@ -233,10 +233,15 @@ Dispatcher::Function Dispatcher::Describe(ITypeInfo& table, const FUNCDESC& desc
   function.id = description.memid;
   function.kind = description.invkind;
   function.offset = static_cast<size_t>(description.oVft);
-  BSTR names[1 + kMostArguments] = {};
+  struct Names {
+    BSTR texts[1 + kMostArguments] = {};
+    ~Names() {
+      for (BSTR text : texts) SysFreeString(text);
+    }
+  } names;
   UINT named = 0;
-  RequireSuccess(table.GetNames(description.memid, names, 1 + kMostArguments, &named));
-  function.name = names[0];
+  RequireSuccess(table.GetNames(description.memid, names.texts, 1 + kMostArguments, &named));
+  function.name = names.texts[0];
   for (SHORT i = 0; i < description.cParams; ++i) {
     const ELEMDESC& element = description.lprgelemdescParam[i];
     if ((element.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0) {
@@ -246,10 +251,9 @@ Dispatcher::Function Dispatcher::Describe(ITypeInfo& table, const FUNCDESC& desc
     }
     Parameter parameter = DescribeParameter(table, element);
     const auto place = static_cast<UINT>(i) + 1;
-    if (place < named) parameter.name = names[place];
+    if (place < named) parameter.name = names.texts[place];
     function.parameters.push_back(std::move(parameter));
   }
-  for (BSTR name : names) SysFreeString(name);
   return function;
 }
 

@@ -8,14 +8,14 @@
 #include <zevo/component/ErrorTranslation.h>
 #include <zevo/component/LiveObject.h>
 #include <zevo/component/Registration.h>
-#include <zevo/platform/windows/XmlLibrary.h>
+#include <zevo/platform/windows/Unloading.h>
 
 using zevo::component::Guarded;
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, LPVOID reserved) {
-  if (reason == DLL_THREAD_DETACH) zevo::ForgetXmlOfThread(library);
+  if (reason == DLL_THREAD_DETACH) zevo::EndThread(library);
   // With nothing reserved, the process goes on without the server.
-  if (reason == DLL_PROCESS_DETACH && reserved == nullptr) zevo::ForgetXml(library);
+  if (reason == DLL_PROCESS_DETACH && reserved == nullptr) zevo::EndLibrary(library);
   return TRUE;
 }
 

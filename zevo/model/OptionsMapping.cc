@@ -2,6 +2,7 @@
 
 #include <zevo/model/LetterCase.h>
 #include <zevo/platform/Folders.h>
+#include <zevo/platform/ThreadExit.h>
 
 #include <memory>
 
@@ -21,15 +22,16 @@ std::string DefaultSchemaLocation() {
 }  // namespace
 
 OptionsMapping& OptionsMapping::OfThisThread() {
-  // A plain pointer beside the owner: reading it costs no check of whether the owner was constructed.
   static thread_local constinit OptionsMapping* present = nullptr;
   if (present == nullptr) [[unlikely]] {
-    static thread_local const std::unique_ptr<OptionsMapping, void (*)(OptionsMapping*)> owner(
-        new OptionsMapping, [](OptionsMapping* mapping) {
-          present = nullptr;
-          delete mapping;
-        });
-    present = owner.get();
+    std::unique_ptr<OptionsMapping> made(new OptionsMapping);
+    AtThreadExit(
+        [](void* ended) {
+          if (present == ended) present = nullptr;
+          delete static_cast<OptionsMapping*>(ended);
+        },
+        made.get());
+    present = made.release();
   }
   return *present;
 }

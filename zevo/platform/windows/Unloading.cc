@@ -1,4 +1,4 @@
-#include <zevo/platform/windows/XmlLibrary.h>
+#include <zevo/platform/windows/Unloading.h>
 
 #include <windows.h>
 // After windows.h.
@@ -9,9 +9,10 @@ extern "C" int XMLCALL xmlDllMain(void* library, unsigned long reason, void* res
 
 namespace zevo {
 
-void ForgetXmlOfThread(void* library) { xmlDllMain(library, DLL_THREAD_DETACH, nullptr); }
+void EndThread(void* library) { xmlDllMain(library, DLL_THREAD_DETACH, nullptr); }
 
-void ForgetXml(void* library) {
+void EndLibrary(void* library) {
+  RunThreadExits();
   xmlCleanupParser();
   xmlDllMain(library, DLL_PROCESS_DETACH, nullptr);
 }

@@ -1,0 +1,518 @@
+// A host that was compiled with the type library: it creates objects of the registered server by name and calls them
+// through their tables of functions. Nothing of the library is linked in.
+
+#include <windows.h>
+// After windows.h.
+#include <objbase.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/component/Com.h"
+#include "tests/component/EventSink.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace zevo::testing {
+namespace {
+
+constexpr std::array kCreatable = {L"AddressStructure",
+                                   L"AuditFile",
+                                   L"AuditFileReader",
+                                   L"AuditFileStreamWriter",
+                                   L"AuditFileStreamer",
+                                   L"CreditNote",
+                                   L"CurrencyStructure",
+                                   L"Customer",
+                                   L"GeneralLedger",
+                                   L"GeneralLedgerEntries",
+                                   L"Header",
+                                   L"Invoice",
+                                   L"InvoiceLine",
+                                   L"Journal",
+                                   L"Options",
+                                   L"OrderReferences",
+                                   L"Product",
+                                   L"References",
+                                   L"SAFTConstants",
+                                   L"SalesInvoices",
+                                   L"Settlement",
+                                   L"ShippingPointStructure",
+                                   L"Supplier",
+                                   L"Tax",
+                                   L"TaxTable",
+                                   L"TaxTableEntry",
+                                   L"Transaction",
+                                   L"TransactionLine"};
+constexpr std::array kOwned = {L"AuditException",        L"CreditNoteCollection", L"DocumentTotals",
+                               L"InvoiceLineCollection", L"LineCollection",       L"TaxTableEntryCollection"};
+
+class Apartment {
+ public:
+  Apartment() { EXPECT_EQ(CoInitialize(nullptr), S_OK); }
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+  ~Apartment() { CoUninitialize(); }
+};
+
+template <class Class, class Interface>
+ComPtr<Interface> Create() {
+  ComPtr<Interface> object;
+  EXPECT_EQ(CoCreateInstance(__uuidof(Class), nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface),
+                             reinterpret_cast<void**>(object.GetAddressOf())),
+            S_OK);
+  return object;
+}
+#define CREATE(Class) Create<::Class, ::_##Class>()
+
+ComPtr<IDispatch> CreateByName(const std::wstring& name) {
+  CLSID id;
+  ComPtr<IDispatch> object;
+  EXPECT_EQ(CLSIDFromProgID((L"ZevoAdapters11." + name).c_str(), &id), S_OK) << std::string(name.begin(), name.end());
+  EXPECT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                             reinterpret_cast<void**>(object.GetAddressOf())),
+            S_OK);
+  return object;
+}
+
+HMODULE Server() { return GetModuleHandleW(L"ZevoAdapters11.dll"); }
+template <class Function>
+Function ServerFunction(const char* name) {
+  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(Server(), name)));
+}
+long LiveObjects() { return ServerFunction<long(STDAPICALLTYPE*)()>("ZevoLiveObjects")(); }
+HRESULT CanUnload() { return ServerFunction<HRESULT(STDAPICALLTYPE*)()>("DllCanUnloadNow")(); }
+
+std::wstring CommonSchema() {
+  wchar_t folder[MAX_PATH];
+  EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILES_COMMON, nullptr, SHGFP_TYPE_CURRENT, folder), S_OK);
+  return std::wstring(folder) + L"\\Zevo\\2070\\Zevo.Adapters.11\\SAF-T-PT_1_01.xsd";
+}
+
+class ClientTest : public ::testing::Test {
+ protected:
+  std::wstring Path(const wchar_t* name) {
+    const std::string folder = folder_.Path("");
+    return std::wstring(folder.begin(), folder.end()) + name;
+  }
+
+  Apartment apartment_;
+  TemporaryFolder folder_;
+};
+
+TEST_F(ClientTest, EveryCreatableClassHasAName) {
+  for (const wchar_t* name : kCreatable) {
+    const ComPtr<IDispatch> object = CreateByName(name);
+    ASSERT_NE(object.Get(), nullptr);
+    ComPtr<ITypeInfo> type;
+    ASSERT_EQ(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, &type), S_OK);
+    Bstr interface_name;
+    ASSERT_EQ(type->GetDocumentation(MEMBERID_NIL, interface_name.Receive(), nullptr, nullptr, nullptr), S_OK);
+    EXPECT_EQ(interface_name.Text(), std::wstring(L"_") + name);
+  }
+}
+
+TEST_F(ClientTest, OwnedClassesHaveNone) {
+  for (const wchar_t* name : kOwned) {
+    CLSID id;
+    EXPECT_NE(CLSIDFromProgID((std::wstring(L"ZevoAdapters11.") + name).c_str(), &id), S_OK);
+  }
+  ComPtr<IUnknown> object;
+  EXPECT_EQ(CoCreateInstance(__uuidof(::LineCollection), nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                             reinterpret_cast<void**>(object.GetAddressOf())),
+            REGDB_E_CLASSNOTREG);
+}
+
+TEST_F(ClientTest, TheTypeLibraryIsRegistered) {
+  ComPtr<ITypeLib> library;
+  ComPtr<IDispatch> header = CreateByName(L"Header");
+  ComPtr<ITypeInfo> type;
+  UINT index = 0;
+  ASSERT_EQ(header->GetTypeInfo(0, LOCALE_USER_DEFAULT, &type), S_OK);
+  ASSERT_EQ(type->GetContainingTypeLib(&library, &index), S_OK);
+  TLIBATTR* attributes = nullptr;
+  ASSERT_EQ(library->GetLibAttr(&attributes), S_OK);
+  const GUID id = attributes->guid;
+  EXPECT_EQ(attributes->wMajorVerNum, 11);
+  EXPECT_EQ(attributes->wMinorVerNum, 0);
+  library->ReleaseTLibAttr(attributes);
+  ComPtr<ITypeLib> registered;
+  ASSERT_EQ(LoadRegTypeLib(id, 11, 0, 0, &registered), S_OK);
+  Bstr name;
+  ASSERT_EQ(registered->GetDocumentation(-1, name.Receive(), nullptr, nullptr, nullptr), S_OK);
+  EXPECT_EQ(name.Text(), L"ZevoAdapters11");
+}
+
+// The schema was laid there when the server was registered.
+TEST_F(ClientTest, TheSchemaIsFoundAmongTheCommonFiles) {
+  const ComPtr<_Options> options = CREATE(Options);
+  Bstr location;
+  ASSERT_EQ(options->get_SchemaLocation(location.Receive()), S_OK);
+  EXPECT_EQ(location.Text(), CommonSchema());
+  EXPECT_TRUE(std::filesystem::exists(CommonSchema()));
+  VARIANT_BOOL validates = VARIANT_FALSE;
+  ASSERT_EQ(options->get_ValidateOnAssignment(&validates), S_OK);
+  EXPECT_EQ(validates, VARIANT_TRUE);
+  // The schema is loaded: a name is cut to 60 characters.
+  const ComPtr<_Customer> customer = CREATE(Customer);
+  ASSERT_EQ(customer->put_CompanyName(Bstr(std::wstring(70, L'\x00E7'))), S_OK);
+  Bstr name;
+  ASSERT_EQ(customer->get_CompanyName(name.Receive()), S_OK);
+  EXPECT_EQ(name.Text(), std::wstring(60, L'\x00E7'));
+}
+
+ComPtr<_Header> NewHeader() {
+  const ComPtr<_Header> header = CREATE(Header);
+  header->put_CompanyID(Bstr(L"500000000"));
+  header->put_TaxRegistrationNumber(Bstr(L"500000000"));
+  header->put_TaxAccountingBasis(tabF);
+  header->put_CompanyName(Bstr(L"Caf\x00E9 Central"));
+  header->put_BusinessName(Bstr(L"\x4E2D\x6587 Caf\x00E9"));
+  ComPtr<_AddressStructure> address;
+  header->get_CompanyAddress(&address);
+  address->put_AddressDetail(Bstr(L"Rua Direita, 1"));
+  address->put_City(Bstr(L"Lisboa"));
+  address->put_PostalCode(Bstr(L"1100-001"));
+  header->put_FiscalYear(Bstr(L"2012"));
+  header->put_StartDate(Bstr(L"2012-01-01"));
+  header->put_EndDate(Bstr(L"2012-12-31"));
+  header->put_TaxEntity(Bstr(L"Global"));
+  header->put_SoftwareCertificateNumber(Bstr(L"0"));
+  header->put_ProductID(Bstr(L"Prova/Prova"));
+  header->put_ProductVersion(Bstr(L"1"));
+  return header;
+}
+
+ComPtr<_Customer> NewCustomer(const wchar_t* id) {
+  const ComPtr<_Customer> customer = CREATE(Customer);
+  customer->put_CustomerID(Bstr(id));
+  customer->put_AccountID(Bstr(L"Desconhecido"));
+  customer->put_CustomerTaxID(Bstr(L"999999990"));
+  customer->put_CompanyName(Bstr(L"Cliente"));
+  ComPtr<_AddressStructure> address;
+  customer->get_BillingAddress(&address);
+  address->put_AddressDetail(Bstr(L"Rua"));
+  address->put_City(Bstr(L"Porto"));
+  address->put_PostalCode(Bstr(L"4000-001"));
+  return customer;
+}
+
+void WriteFile(const std::wstring& path, int customers) {
+  const ComPtr<_AuditFile> file = CREATE(AuditFile);
+  const auto succeeds = [&](HRESULT (STDMETHODCALLTYPE _AuditFile::*operation)(VARIANT_BOOL*)) {
+    VARIANT_BOOL done = VARIANT_FALSE;
+    EXPECT_EQ((file.Get()->*operation)(&done), S_OK);
+    return done == VARIANT_TRUE;
+  };
+  ASSERT_EQ(file->put_AuditFileName(Bstr(path)), S_OK);
+  EXPECT_TRUE(succeeds(&_AuditFile::CreateAuditFile));
+  VARIANT_BOOL done = VARIANT_FALSE;
+  EXPECT_EQ(file->CreateHeader(NewHeader().Get(), &done), S_OK);
+  EXPECT_EQ(done, VARIANT_TRUE);
+  for (int i = 0; i < customers; ++i) {
+    EXPECT_EQ(file->CreateCustomer(NewCustomer((L"C" + std::to_wstring(i)).c_str()).Get(), &done), S_OK);
+    EXPECT_EQ(done, VARIANT_TRUE);
+  }
+  EXPECT_TRUE(succeeds(&_AuditFile::UpdateAuditFile));
+  EXPECT_TRUE(succeeds(&_AuditFile::CloseAuditFile));
+  EXPECT_TRUE(succeeds(&_AuditFile::ValidateAuditFile));
+}
+
+TEST_F(ClientTest, AFileIsWrittenReadBackAndStreamed) {
+  const std::wstring path = Path(L"Jo\x00E3o \x4E2D\x6587.xml");
+  WriteFile(path, 3);
+  VARIANT_BOOL done = VARIANT_FALSE;
+  const ComPtr<_AuditFileReader> reader = CREATE(AuditFileReader);
+  ASSERT_EQ(reader->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(reader->OpenAuditFile(&done), S_OK);
+  ASSERT_EQ(done, VARIANT_TRUE);
+  ComPtr<_Header> header;
+  ASSERT_EQ(reader->ReadHeader(header.GetAddressOf(), &done), S_OK);
+  Bstr name;
+  ASSERT_EQ(header->get_CompanyName(name.Receive()), S_OK);
+  EXPECT_EQ(name.Text(), L"Caf\x00E9 Central");
+  LONG count = 0;
+  ASSERT_EQ(reader->Customers(&count), S_OK);
+  EXPECT_EQ(count, 3);
+  ComPtr<_Customer> customer;
+  int read = 0;
+  while (reader->ReadCustomer(customer.GetAddressOf(), &done) == S_OK && customer) ++read;
+  EXPECT_EQ(read, 3);
+
+  const ComPtr<_AuditFileStreamer> streamer = CREATE(AuditFileStreamer);
+  const ComPtr<EventSink> sink = MakeSink();
+  ComPtr<IConnectionPointContainer> container;
+  ComPtr<IConnectionPoint> point;
+  ASSERT_EQ(streamer.As(&container), S_OK);
+  ASSERT_EQ(container->FindConnectionPoint(__uuidof(__AuditFileStreamer), &point), S_OK);
+  DWORD cookie = 0;
+  ASSERT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
+  ASSERT_EQ(streamer->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(streamer->OpenAuditFile(&done), S_OK);
+  ASSERT_EQ(streamer->ReadAuditFile(VARIANT_TRUE, &done), S_OK);
+  EXPECT_EQ(done, VARIANT_TRUE);
+  EXPECT_EQ(sink->events, (std::vector<std::wstring>{L"Header _Header", L"Customer _Customer", L"Customer _Customer",
+                                                     L"Customer _Customer", L"finished"}));
+
+  const ComPtr<_AuditFile> file = CREATE(AuditFile);
+  ASSERT_EQ(file->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(file->DeleteAuditFile(&done), S_OK);
+  EXPECT_EQ(done, VARIANT_TRUE);
+  EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(ClientTest, SavingReplacesTheFileAndLeavesNothingElse) {
+  const std::wstring path = Path(L"saft.xml");
+  WriteFile(path, 1);
+  const auto size = std::filesystem::file_size(path);
+  VARIANT_BOOL done = VARIANT_FALSE;
+  const ComPtr<_AuditFile> file = CREATE(AuditFile);
+  ASSERT_EQ(file->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(file->OpenAuditFile(&done), S_OK);
+  ASSERT_EQ(done, VARIANT_TRUE);
+  ASSERT_EQ(file->CreateCustomer(NewCustomer(L"C9").Get(), &done), S_OK);
+  ASSERT_EQ(file->UpdateAuditFile(&done), S_OK);
+  EXPECT_EQ(done, VARIANT_TRUE);
+  EXPECT_GT(std::filesystem::file_size(path), size);
+  EXPECT_EQ(folder_.Names(), std::vector<std::string>{"saft.xml"});
+}
+
+long FailureOf(const ComPtr<_AuditFile>& file) {
+  ComPtr<_AuditException> exception;
+  LONG number = 0;
+  if (file->get_AuditException(&exception) == S_OK && exception) exception->get_Number(&number);
+  return number;
+}
+
+TEST_F(ClientTest, WhatTheSystemRefusesIsReported) {
+  const std::wstring path = Path(L"saft.xml");
+  WriteFile(path, 1);
+  const std::string path_text = folder_.Path("saft.xml");
+  const std::string before = ReadBytes(path_text);
+  VARIANT_BOOL done = VARIANT_FALSE;
+  const ComPtr<_AuditFile> file = CREATE(AuditFile);
+  ASSERT_EQ(file->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(file->OpenAuditFile(&done), S_OK);
+  ASSERT_EQ(file->CreateCustomer(NewCustomer(L"C9").Get(), &done), S_OK);
+  // A file that may not be written.
+  ASSERT_NE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY), 0);
+  ASSERT_EQ(file->UpdateAuditFile(&done), S_OK);
+  EXPECT_EQ(done, VARIANT_FALSE);
+  EXPECT_EQ(FailureOf(file), 70);
+  ASSERT_NE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL), 0);
+  EXPECT_EQ(ReadBytes(path_text), before);
+  // A file that another program holds.
+  HANDLE held = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(held, INVALID_HANDLE_VALUE);
+  ASSERT_EQ(file->UpdateAuditFile(&done), S_OK);
+  EXPECT_EQ(done, VARIANT_FALSE);
+  EXPECT_EQ(FailureOf(file), 70);
+  CloseHandle(held);
+  EXPECT_EQ(ReadBytes(path_text), before);
+  EXPECT_EQ(folder_.Names(), std::vector<std::string>{"saft.xml"});
+  // A folder that is not there.
+  ASSERT_EQ(file->put_AuditFileName(Bstr(Path(L"n\x00E3o h\x00E1\\saft.xml"))), S_OK);
+  ASSERT_EQ(file->UpdateAuditFile(&done), S_OK);
+  EXPECT_EQ(done, VARIANT_FALSE);
+  EXPECT_EQ(FailureOf(file), 76);
+}
+
+// The properties of an object's class, by their numbers.
+std::vector<DISPID> PropertiesOf(IDispatch* object) {
+  ComPtr<ITypeInfo> type;
+  std::vector<DISPID> properties;
+  EXPECT_EQ(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, &type), S_OK);
+  TYPEATTR* attributes = nullptr;
+  EXPECT_EQ(type->GetTypeAttr(&attributes), S_OK);
+  for (UINT i = 0; i < attributes->cFuncs; ++i) {
+    FUNCDESC* function = nullptr;
+    EXPECT_EQ(type->GetFuncDesc(i, &function), S_OK);
+    if (function->invkind == INVOKE_PROPERTYGET && function->cParams == 0) properties.push_back(function->memid);
+    type->ReleaseFuncDesc(function);
+  }
+  type->ReleaseTypeAttr(attributes);
+  return properties;
+}
+
+// Reads every property of an object, and assigns those that are texts what they are.
+void UseObject(IDispatch* object, const std::vector<DISPID>& properties) {
+  for (const DISPID property : properties) {
+    const Outcome read = Invoke(object, property, DISPATCH_PROPERTYGET);
+    if (read.value.Type() != VT_BSTR) continue;
+    Invoke(object, property, DISPATCH_PROPERTYPUT, {Variant(L"X")});
+    Invoke(object, property, DISPATCH_PROPERTYPUT, {read.value});
+  }
+}
+
+// Bytes in use of all heaps of the process.
+size_t BytesInUse() {
+  HANDLE heaps[64];
+  const DWORD count = GetProcessHeaps(64, heaps);
+  size_t bytes = 0;
+  for (DWORD i = 0; i < std::min<DWORD>(count, 64); ++i) {
+    PROCESS_HEAP_ENTRY entry{};
+    if (HeapLock(heaps[i]) == 0) continue;
+    while (HeapWalk(heaps[i], &entry) != 0) {
+      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
+    }
+    HeapUnlock(heaps[i]);
+  }
+  return bytes;
+}
+
+TEST_F(ClientTest, AThousandObjectsOfEveryClassLeaveNothing) {
+  const ComPtr<IDispatch> held = CreateByName(L"Header");
+  for (const wchar_t* name : kCreatable) {
+    CLSID id;
+    ASSERT_EQ(CLSIDFromProgID((std::wstring(L"ZevoAdapters11.") + name).c_str(), &id), S_OK);
+    ComPtr<IClassFactory> factory;
+    ASSERT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                               reinterpret_cast<void**>(factory.GetAddressOf())),
+              S_OK);
+    const auto use = [&, properties = PropertiesOf(CreateByName(name).Get())](int times) {
+      for (int i = 0; i < times; ++i) {
+        ComPtr<IDispatch> object;
+        ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(object.GetAddressOf())),
+                  S_OK);
+        UseObject(object.Get(), properties);
+      }
+    };
+    use(10);
+    ASSERT_EQ(LiveObjects(), 1);
+    EXPECT_EQ(CanUnload(), S_FALSE);
+    const size_t before = BytesInUse();
+    use(1000);
+    EXPECT_EQ(LiveObjects(), 1);
+    // A thousand objects: a few bytes of each would show.
+    EXPECT_LT(BytesInUse(), before + 4000) << before;
+  }
+}
+
+TEST_F(ClientTest, FilesThatAreWrittenAndReadLeaveNothing) {
+  const auto cycle = [&] {
+    const std::wstring path = Path(L"saft.xml");
+    WriteFile(path, 2);
+    const ComPtr<_AuditFileReader> reader = CREATE(AuditFileReader);
+    VARIANT_BOOL done = VARIANT_FALSE;
+    reader->put_AuditFileName(Bstr(path));
+    reader->OpenAuditFile(&done);
+    ComPtr<_Customer> customer;
+    while (reader->ReadCustomer(customer.GetAddressOf(), &done) == S_OK && customer) {
+    }
+    const ComPtr<_AuditFileStreamer> streamer = CREATE(AuditFileStreamer);
+    streamer->put_AuditFileName(Bstr(path));
+    streamer->OpenAuditFile(&done);
+    streamer->ReadAuditFile(VARIANT_TRUE, &done);
+    std::filesystem::remove(path);
+  };
+  cycle();
+  cycle();
+  ASSERT_EQ(LiveObjects(), 0);
+  const size_t before = BytesInUse();
+  for (int i = 0; i < 50; ++i) cycle();
+  EXPECT_EQ(LiveObjects(), 0);
+  EXPECT_LT(BytesInUse(), before + 5'000) << before;
+}
+
+TEST_F(ClientTest, TheServerIsUnloadedWhenNothingIsHeld) {
+  {
+    const ComPtr<IDispatch> object = CreateByName(L"Customer");
+    ASSERT_NE(Server(), nullptr);
+    EXPECT_EQ(CanUnload(), S_FALSE);
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_NE(Server(), nullptr);
+  }
+  EXPECT_EQ(CanUnload(), S_OK);
+  for (int i = 0; i < 10; ++i) {
+    WriteFile(Path((std::to_wstring(i) + L".xml").c_str()), 1);
+    // What is to be unloaded is noted in one call and done in the next.
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(Server(), nullptr);
+  }
+}
+
+// A thread that ends after its use of the server, when nothing else keeps it loaded.
+TEST(ClientOfThreads, TheServerIsUnloadedBeforeAfterAndWhileThreadsEnd) {
+  const auto work = +[](void*) -> DWORD {
+    const Apartment apartment;
+    const ComPtr<_Customer> customer = CREATE(Customer);
+    EXPECT_EQ(customer->put_CompanyName(Bstr(L"name")), S_OK);
+    return 0;
+  };
+  for (int i = 0; i < 20; ++i) {
+    std::array<HANDLE, 3> threads{};
+    for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
+    EXPECT_EQ(WaitForMultipleObjects(threads.size(), threads.data(), TRUE, 60'000), WAIT_OBJECT_0);
+    for (HANDLE thread : threads) CloseHandle(thread);
+    EXPECT_EQ(Server(), nullptr);
+  }
+}
+
+TEST_F(ClientTest, OtherApartmentsHaveObjectsOfTheirOwn) {
+  const ComPtr<_Options> options = CREATE(Options);
+  ASSERT_EQ(options->put_ValidateOnAssignment(VARIANT_FALSE), S_OK);
+  const auto other = +[](void*) -> DWORD {
+    const Apartment apartment;
+    const ComPtr<_Options> fresh = CREATE(Options);
+    VARIANT_BOOL validates = VARIANT_FALSE;
+    EXPECT_EQ(fresh->get_ValidateOnAssignment(&validates), S_OK);
+    return validates == VARIANT_TRUE ? 1 : 0;
+  };
+  HANDLE thread = CreateThread(nullptr, 0, other, nullptr, 0, nullptr);
+  WaitForSingleObject(thread, INFINITE);
+  DWORD validates = 0;
+  GetExitCodeThread(thread, &validates);
+  CloseHandle(thread);
+  EXPECT_EQ(validates, 1U);
+  ASSERT_EQ(options->put_ValidateOnAssignment(VARIANT_TRUE), S_OK);
+}
+
+// A program with a manifest of its own that names the server's needs no registration.
+TEST_F(ClientTest, WithAManifestTheServerIsUsedFromWhereItLies) {
+  const std::filesystem::path package = ZEVO_PACKAGE_FOLDER;
+  const std::filesystem::path folder = Path(L"program");
+  std::filesystem::create_directory(folder);
+  for (const wchar_t* name : {L"ZevoAdapters11.dll", L"ZevoAdapters11.manifest"}) {
+    std::filesystem::copy_file(package / name, folder / name);
+  }
+  const std::filesystem::path manifest = folder / L"program.manifest";
+  std::ofstream(manifest) << R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
+<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">
+  <assemblyIdentity type="win32" name="Program" version="1.0.0.0"/>
+  <dependency>
+    <dependentAssembly>
+      <assemblyIdentity type="win32" name="ZevoAdapters11" version="11.0.0.0" processorArchitecture=")"
+                          << ZEVO_MANIFEST_PROCESSOR << R"("/>
+    </dependentAssembly>
+  </dependency>
+</assembly>)";
+  ACTCTXW description{};
+  description.cbSize = sizeof(description);
+  description.lpSource = manifest.c_str();
+  HANDLE context = CreateActCtxW(&description);
+  ASSERT_NE(context, INVALID_HANDLE_VALUE) << GetLastError();
+  ULONG_PTR cookie = 0;
+  ASSERT_NE(ActivateActCtx(context, &cookie), 0);
+  {
+    std::vector<ComPtr<IDispatch>> objects;
+    for (const wchar_t* name : kCreatable) objects.push_back(CreateByName(name));
+    wchar_t loaded[1024];
+    ASSERT_NE(GetModuleFileNameW(Server(), loaded, 1024), 0U);
+    EXPECT_TRUE(std::filesystem::equivalent(loaded, folder / L"ZevoAdapters11.dll"));
+    const Outcome currency = Get(objects[10].Get(), L"CurrencyCode");
+    EXPECT_EQ(currency.value.Text(), L"EUR");
+  }
+  DeactivateActCtx(0, cookie);
+  ReleaseActCtx(context);
+  CoFreeUnusedLibrariesEx(0, 0);
+  CoFreeUnusedLibrariesEx(0, 0);
+}
+
+}  // namespace
+}  // namespace zevo::testing
