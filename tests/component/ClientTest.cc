@@ -437,34 +437,36 @@ TEST_F(ClientTest, TheServerIsUnloadedWhenNothingIsHeld) {
   }
 }
 
+DWORD WINAPI UseACustomer(void*) {
+  const Apartment apartment;
+  const ComPtr<_Customer> customer = CREATE(Customer);
+  EXPECT_EQ(customer->put_CompanyName(Bstr(L"name")), S_OK);
+  return 0;
+}
+
 // A thread that ends after its use of the server, when nothing else keeps it loaded.
 TEST(ClientOfThreads, TheServerIsUnloadedBeforeAfterAndWhileThreadsEnd) {
-  const auto work = +[](void*) -> DWORD {
-    const Apartment apartment;
-    const ComPtr<_Customer> customer = CREATE(Customer);
-    EXPECT_EQ(customer->put_CompanyName(Bstr(L"name")), S_OK);
-    return 0;
-  };
   for (int i = 0; i < 20; ++i) {
     std::array<HANDLE, 3> threads{};
-    for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
+    for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, &UseACustomer, nullptr, 0, nullptr);
     EXPECT_EQ(WaitForMultipleObjects(threads.size(), threads.data(), TRUE, 60'000), WAIT_OBJECT_0);
     for (HANDLE thread : threads) CloseHandle(thread);
     EXPECT_EQ(Server(), nullptr);
   }
 }
 
+DWORD WINAPI TellWhetherFreshOptionsValidate(void*) {
+  const Apartment apartment;
+  const ComPtr<_Options> fresh = CREATE(Options);
+  VARIANT_BOOL validates = VARIANT_FALSE;
+  EXPECT_EQ(fresh->get_ValidateOnAssignment(&validates), S_OK);
+  return validates == VARIANT_TRUE ? 1 : 0;
+}
+
 TEST_F(ClientTest, OtherApartmentsHaveObjectsOfTheirOwn) {
   const ComPtr<_Options> options = CREATE(Options);
   ASSERT_EQ(options->put_ValidateOnAssignment(VARIANT_FALSE), S_OK);
-  const auto other = +[](void*) -> DWORD {
-    const Apartment apartment;
-    const ComPtr<_Options> fresh = CREATE(Options);
-    VARIANT_BOOL validates = VARIANT_FALSE;
-    EXPECT_EQ(fresh->get_ValidateOnAssignment(&validates), S_OK);
-    return validates == VARIANT_TRUE ? 1 : 0;
-  };
-  HANDLE thread = CreateThread(nullptr, 0, other, nullptr, 0, nullptr);
+  HANDLE thread = CreateThread(nullptr, 0, &TellWhetherFreshOptionsValidate, nullptr, 0, nullptr);
   WaitForSingleObject(thread, INFINITE);
   DWORD validates = 0;
   GetExitCodeThread(thread, &validates);

@@ -297,6 +297,8 @@ TEST_F(DocumentTest, SeveralDocumentsKeepTheirOwnAnswers) {
 }
 
 // The best of several runs: other programs share the machine.
+// Beside other work on the machine a run may take several times as long: what would grow with the square takes a hundred
+// times as long for ten times as much.
 template <class Code>
 double BestSeconds(Code&& code) {
   double best = 1e9;
@@ -328,9 +330,9 @@ void BuildJournals(int count) {
 }
 
 TEST(Document, LookingUp200000JournalsByKeyTakesTimeLinearInTheirNumber) {
-  const double some = BestSeconds([] { BuildJournals(100'000); });
-  const double twice = BestSeconds([] { BuildJournals(200'000); });
-  EXPECT_LT(twice, 4 * some);
+  const double some = BestSeconds([] { BuildJournals(20'000); });
+  const double tenfold = BestSeconds([] { BuildJournals(200'000); });
+  EXPECT_LT(tenfold, 40 * some);
 }
 
 TEST(Document, AppendingAndFindingTheFirstChildTakesTimeLinearInTheChildren) {
@@ -344,9 +346,9 @@ TEST(Document, AppendingAndFindingTheFirstChildTakesTimeLinearInTheChildren) {
       EXPECT_EQ(document.FirstChild(root, "Totals"), last);
     }
   };
-  const double some = BestSeconds([&] { build(100'000); });
-  const double twice = BestSeconds([&] { build(200'000); });
-  EXPECT_LT(twice, 4 * some);
+  const double some = BestSeconds([&] { build(20'000); });
+  const double tenfold = BestSeconds([&] { build(200'000); });
+  EXPECT_LT(tenfold, 40 * some);
 }
 
 // Texts.
