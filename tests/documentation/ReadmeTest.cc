@@ -65,7 +65,7 @@ std::vector<std::string> FilesNamedIn(const std::string& text) {
 
 TEST(ReadmeTest, EveryFileThatTheDocumentationNamesExists) {
   size_t count = 0;
-  for (const char* document : {"README.md", "docs/architecture.md", "examples/company/README.md"}) {
+  for (const char* document : {"README.md", "docs/architecture.md", "docs/com.md", "examples/company/README.md"}) {
     for (const std::string& name : FilesNamedIn(ReadBytes(InSource(document)))) {
       EXPECT_TRUE(std::filesystem::exists(InSource(name))) << document << ": " << name;
       ++count;
