@@ -35,12 +35,5 @@ TEST(ThreadExitTest, OtherThreadsDoNotMatter) {
   EXPECT_EQ(called, "a");
 }
 
-TEST(ThreadExitTest, ACallMayAskForAnother) {
-  static char a = 'a';
-  called.clear();
-  std::thread([] { AtThreadExit([](void*) { AtThreadExit(&Note, &a); }, nullptr); }).join();
-  EXPECT_EQ(called, "a");
-}
-
 }  // namespace
 }  // namespace zevo

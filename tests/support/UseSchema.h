@@ -7,6 +7,13 @@
 
 namespace zevo::testing {
 
+/// How the default path of the schema ends.
+#ifdef _WIN32
+inline constexpr const char* kDefaultSchema = "\\Zevo\\2070\\Zevo.Adapters.11\\SAF-T-PT_1_01.xsd";
+#else
+inline constexpr const char* kDefaultSchema = "/Zevo/2070/Zevo.Adapters.11/SAF-T-PT_1_01.xsd";
+#endif
+
 /// Sets the options of the thread to the shipped schema with checks on, and puts back what they were.
 class UseSchema {
  public:

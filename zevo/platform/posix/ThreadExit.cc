@@ -15,7 +15,7 @@ struct Calls {
   Calls(const Calls&) = delete;
   Calls& operator=(const Calls&) = delete;
   ~Calls() {
-    // A call may ask for another one.
+    // In case a call asks for another one.
     while (!calls.empty()) {
       const Call call = calls.back();
       calls.pop_back();

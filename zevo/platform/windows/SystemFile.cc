@@ -89,8 +89,19 @@ int DeleteName(const std::string& name) { return FailUnless(DeleteFileW(WideFrom
 
 // ReplaceFile would keep more of the old file's attributes, but may leave no file of the name at all when it fails.
 int ChangeName(const std::string& from, const std::string& to) {
-  return FailUnless(MoveFileExW(WideFromUtf8(from).c_str(), WideFromUtf8(to).c_str(),
-                                MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0);
+  const std::wstring wide_from = WideFromUtf8(from);
+  const std::wstring wide_to = WideFromUtf8(to);
+  // Scanners of viruses and indexers hold a file for a moment after it was written.
+  constexpr int kAttempts = 20;
+  constexpr DWORD kMilliseconds = 10;
+  bool moved = false;
+  for (int attempt = 0; !moved && attempt < kAttempts; ++attempt) {
+    if (attempt > 0) Sleep(kMilliseconds);
+    moved = MoveFileExW(wide_from.c_str(), wide_to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    const DWORD reason = GetLastError();
+    if (reason != ERROR_ACCESS_DENIED && reason != ERROR_SHARING_VIOLATION) break;
+  }
+  return FailUnless(moved);
 }
 
 void FlushFolder(const std::string&) {}
