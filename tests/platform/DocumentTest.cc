@@ -297,8 +297,8 @@ TEST_F(DocumentTest, SeveralDocumentsKeepTheirOwnAnswers) {
 }
 
 // The best of several runs: other programs share the machine.
-// Beside other work on the machine a run may take several times as long: what would grow with the square takes a hundred
-// times as long for ten times as much.
+// Beside other work on the machine a run may take several times as long: what would grow with the square takes a
+// hundred times as long for ten times as much.
 template <class Code>
 double BestSeconds(Code&& code) {
   double best = 1e9;

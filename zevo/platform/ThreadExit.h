@@ -3,8 +3,8 @@
 
 namespace zevo {
 
-/// Has `function` called with `argument` when the calling thread ends, or as the library is unloaded before that: then by
-/// the thread that unloads it. Throws std::bad_alloc.
+/// Has `function` called with `argument` when the calling thread ends, or as the library is unloaded before that: then
+/// by the thread that unloads it. Throws std::bad_alloc.
 void AtThreadExit(void (*function)(void*), void* argument);
 
 }  // namespace zevo
