@@ -173,4 +173,19 @@ void SaveSampleFile(const std::string& path, const SampleSize& size) {
   ASSERT_TRUE(file.UpdateAuditFile()) << Told(file.AuditException());
 }
 
+int ReadEveryRecord(const std::string& path) {
+  AuditFileReader reader;
+  reader.set_AuditFileName(path);
+  if (!reader.OpenAuditFile()) return -1;
+  int count = 0;
+  std::shared_ptr<Customer> customer;
+  while (reader.ReadCustomer(customer) && customer != nullptr) ++count;
+  std::shared_ptr<Transaction> transaction;
+  const auto journal = SampleJournal("D1");
+  while (reader.ReadTransaction(transaction, *journal) && transaction != nullptr) ++count;
+  std::shared_ptr<Invoice> invoice;
+  while (reader.ReadInvoice(invoice) && invoice != nullptr) ++count;
+  return count;
+}
+
 }  // namespace zevo::testing

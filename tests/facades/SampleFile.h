@@ -35,6 +35,10 @@ bool WriteSampleRecords(AuditFile& file, const SampleSize& size = {});
 /// Makes and saves a sample file under a name that is free.
 void SaveSampleFile(const std::string& path, const SampleSize& size = {});
 
+/// Opens a file and reads every record of the kinds that sample files vary in; how many there are, -1 when it cannot be
+/// opened.
+int ReadEveryRecord(const std::string& path);
+
 }  // namespace zevo::testing
 
 #endif  // ZEVO_TESTS_FACADES_SAMPLEFILE_H_

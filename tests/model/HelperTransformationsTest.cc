@@ -232,6 +232,26 @@ RC_GTEST_PROP(HelperTransformationsTest, APlainAmountReadsBackTheSame, (int64_t 
   RC_ASSERT(CurrencyFromText(text) == amount);
 }
 
+// A blank at an end changes nothing but the way that a number is read.
+RC_GTEST_PROP(HelperTransformationsTest, BlanksBesideANumberDoNotMatter, ()) {
+  const auto text = *rc::gen::container<std::string>(rc::gen::element('0', '1', '5', '9', '9', '9', '.', '-', 'e'));
+  const auto outcome = [](auto&& read) -> std::pair<int32_t, int64_t> {
+    try {
+      return {0, read()};
+    } catch (const Error& error) {
+      return {error.Number(), 0};
+    }
+  };
+  const auto same = [&](auto read) {
+    const auto plain = outcome([&] { return read(text); });
+    RC_ASSERT(outcome([&] { return read(text + " "); }) == plain);
+    RC_ASSERT(outcome([&] { return read(" " + text); }) == plain);
+  };
+  same([](const std::string& number) { return AmountFromText(number).Scaled(); });
+  same([](const std::string& number) { return CurrencyFromText(number).Scaled(); });
+  same([](const std::string& number) { return int64_t{IntegerFromText(number)}; });
+}
+
 RC_GTEST_PROP(HelperTransformationsTest, TwoDecimalsAreWithinHalfAHundredth, (int64_t scaled)) {
   RC_PRE(scaled < kGreatest - 100 && scaled > kSmallest + 100);
   const int64_t read = AmountFromText(TwoDecimalsText(Amount::FromScaled(scaled))).Scaled();

@@ -138,7 +138,7 @@ TEST(DocumentBuilder, TheTextOfALeafIsHeldByItsElement) {
   const Parsing parsing;
   Document document;
   parsing.Load(document, "<a><b>x&amp;y</b></a>");
-  EXPECT_TRUE(document.FirstChild(document.Root(), "b").node()->holds_text);
+  EXPECT_TRUE(document.FirstChild(document.Root(), "b").node()->HoldsText());
 }
 
 TEST(DocumentBuilder, TextThatComesInManyPiecesIsOne) {

@@ -459,7 +459,7 @@ TEST_F(DocumentTest, FollowingWalksTheSubtreeInTheOrderOfTheFile) {
   const auto walk = [&](const Node* root) {
     std::string order;
     for (const Node* node = document.Following(root, root); node; node = document.Following(node, root)) {
-      order += node->kind == NodeKind::kElement ? document.Names().Text(node->name) : node->Text();
+      order += node->Kind() == NodeKind::kElement ? document.Names().Text(node->Name()) : node->Text();
     }
     return order;
   };

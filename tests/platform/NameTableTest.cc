@@ -92,6 +92,48 @@ TEST(NameTable, ASharedLocalPointerDoesNotMixUpPrefixes) {
   EXPECT_EQ(names.Text(two), "n2:Line");
 }
 
+TEST(NameTable, MorePointersThanItHasPlacesForKeepTheirNames) {
+  NameTable names(kVocabulary);
+  std::vector<std::string> texts;
+  for (int i = 0; i < 5'000; ++i) texts.push_back("n" + std::to_string(i));
+  for (int round = 0; round < 2; ++round) {
+    for (const std::string& text : texts) {
+      EXPECT_EQ(names.Text(names.AddParsed(text.c_str(), nullptr)), text);
+      EXPECT_EQ(names.Text(names.AddParsed(text.c_str(), "p")), "p:" + text);
+      EXPECT_EQ(names.Text(names.AddParsed(text.c_str(), nullptr)), text);
+    }
+  }
+}
+
+TEST(NameTable, NamesOfEveryLengthAreToldApart) {
+  NameTable names({});
+  std::vector<std::string> texts;
+  for (size_t length = 1; length < 40; ++length) {
+    for (size_t at = 0; at < length; ++at) {
+      texts.push_back(std::string(length, 'a'));
+      texts.back()[at] = 'b';
+    }
+  }
+  std::vector<uint32_t> numbers;
+  for (const std::string& text : texts) numbers.push_back(names.Add(text));
+  for (size_t i = 0; i < texts.size(); ++i) {
+    EXPECT_EQ(names.Find(texts[i]), numbers[i]);
+    EXPECT_EQ(names.Text(numbers[i]), texts[i]);
+  }
+}
+
+TEST(NameTable, OnlyGivenNamesWithoutPrefixOrAccentsArePlain) {
+  NameTable names(kVocabulary);
+  EXPECT_TRUE(names.IsPlain(NameTable::kNone));
+  for (uint32_t number = 1; number <= std::size(kVocabulary); ++number) EXPECT_TRUE(names.IsPlain(number));
+  EXPECT_FALSE(names.IsPlain(names.Add("other")));
+  constexpr std::string_view kMixed[] = {"Header", "n:Line", "Endereço"};
+  NameTable mixed(kMixed);
+  EXPECT_TRUE(mixed.IsPlain(mixed.Find("Header")));
+  EXPECT_FALSE(mixed.IsPlain(mixed.Find("n:Line")));
+  EXPECT_FALSE(mixed.IsPlain(mixed.Find("Endereço")));
+}
+
 TEST(NameTable, APointerMayStandForAnotherNameOnceForgotten) {
   NameTable names({});
   std::string buffer = "Line";

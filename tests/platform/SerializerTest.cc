@@ -198,19 +198,19 @@ void Append(Document& document, Element parent, const Tree& tree) {
 
 Tree ReadTree(const Document& document, const Node* node) {
   Tree tree;
-  tree.kind = node->kind;
-  tree.name = document.Names().Text(node->name);
-  if (node->kind != NodeKind::kElement) {
+  tree.kind = node->Kind();
+  tree.name = document.Names().Text(node->Name());
+  if (node->Kind() != NodeKind::kElement) {
     tree.text = node->Text();
     return tree;
   }
-  if (node->holds_text) {
+  if (node->HoldsText()) {
     if (node->length > 0) tree.children.push_back({NodeKind::kText, "", std::string(node->Text()), {}, {}});
     return tree;
   }
   for (const Node* child = document.At(node->children.first); child != nullptr; child = document.At(child->next)) {
-    if (child->kind == NodeKind::kAttribute) {
-      tree.attributes.emplace_back(document.Names().Text(child->name), child->Text());
+    if (child->Kind() == NodeKind::kAttribute) {
+      tree.attributes.emplace_back(document.Names().Text(child->Name()), child->Text());
     } else {
       tree.children.push_back(ReadTree(document, child));
     }

@@ -24,6 +24,26 @@ std::string Utf8(char32_t character) {
   return text;
 }
 
+TEST(Text, ACharacterIsFoundAtEveryPlaceOfATextOfAnyLength) {
+  for (size_t length = 0; length < 40; ++length) {
+    const std::string plain(length, '\x89');
+    EXPECT_FALSE((HoldsAnyOf<'\t', '&'>(plain)));
+    for (size_t at = 0; at < length; ++at) {
+      for (const char c : {'\t', '&'}) {
+        std::string text = plain;
+        text[at] = c;
+        EXPECT_TRUE((HoldsAnyOf<'\t', '&'>(text))) << length << ' ' << at;
+      }
+      // Its neighbours are other characters.
+      for (const char c : {'\b', '\n', '%', '\'', '\xA6'}) {
+        std::string text = plain;
+        text[at] = c;
+        EXPECT_FALSE((HoldsAnyOf<'\t', '&'>(text))) << length << ' ' << at;
+      }
+    }
+  }
+}
+
 TEST(Text, LeftmostCountsCharacters) {
   struct Row {
     std::string_view text;

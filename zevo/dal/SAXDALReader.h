@@ -24,7 +24,7 @@ namespace zevo {
 ///
 /// What the entity's mapper asks for is found whether it asks from the root of a file or from the entity: without a
 /// parent, and for the next element where no walk has begun, the answer is the entity.
-class SAXDALReader : public IDALReader, private ParserHandler {
+class SAXDALReader final : public IDALReader, private ParserHandler {
  public:
   SAXDALReader();
   ~SAXDALReader() override;

@@ -21,19 +21,18 @@ std::string DefaultSchemaLocation() {
 
 }  // namespace
 
-OptionsMapping& OptionsMapping::OfThisThread() {
-  static thread_local constinit OptionsMapping* present = nullptr;
-  if (present == nullptr) [[unlikely]] {
-    std::unique_ptr<OptionsMapping> made(new OptionsMapping);
-    AtThreadExit(
-        [](void* ended) {
-          if (present == ended) present = nullptr;
-          delete static_cast<OptionsMapping*>(ended);
-        },
-        made.get());
-    present = made.release();
-  }
-  return *present;
+thread_local constinit OptionsMapping* OptionsMapping::present_ = nullptr;
+
+OptionsMapping& OptionsMapping::Start() {
+  std::unique_ptr<OptionsMapping> made(new OptionsMapping);
+  AtThreadExit(
+      [](void* ended) {
+        if (present_ == ended) present_ = nullptr;
+        delete static_cast<OptionsMapping*>(ended);
+      },
+      made.get());
+  present_ = made.release();
+  return *present_;
 }
 
 OptionsMapping::OptionsMapping() {

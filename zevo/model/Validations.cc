@@ -48,7 +48,7 @@ void Validations::LoadSchema(const std::string& path) {
     Node* const top = schema.node();
     for (Node* node = top; node != nullptr; node = document_.Following(node, top)) {
       const Element element(node);
-      if (node->kind != NodeKind::kElement || !IsElement(element)) continue;
+      if (node->Kind() != NodeKind::kElement || !IsElement(element)) continue;
       first_references_.try_emplace(AttributeText(element, "ref"), element);
     }
     for (const Element child : schema.Children()) {

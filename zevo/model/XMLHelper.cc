@@ -39,37 +39,56 @@ std::string ElementText(std::string_view name, Element node) {
   return OnOneLine(Unescape(text));
 }
 
-void ElementTexts::Note(const Node* node) {
-  if (node == nullptr) return;
-  if (node->kind == NodeKind::kElement) {
-    // Start tags with attributes and empty-element tags are not what is looked for.
-    const bool plain = node->holds_text ? node->length > 0 : node->children.first != 0;
-    if (node->name >= first_.size() || first_[node->name] != nullptr || !plain) return;
-    if (!node->holds_text && Document::Of(node).At(node->children.first)->kind == NodeKind::kAttribute) return;
-    first_[node->name] = node;
-  } else if (node->kind != NodeKind::kText) {
-    hides_tags_ = true;
+ElementTexts::ElementTexts(Element node) : node_(node), walked_(node.node()) {
+  if (walked_ != nullptr) Note(*walked_);
+}
+
+// Notes an element whose start tag is one that is looked for: without attributes, not that of an empty element, the
+// first of its name. Gives the name, or none.
+inline uint32_t ElementTexts::Note(const Node& node) {
+  if (node.Kind() != NodeKind::kElement) {
+    if (node.Kind() != NodeKind::kText) hides_tags_ = true;
+    return NameTable::kNone;
+  }
+  if (node.HoldsText()) {
+    if (node.length == 0) return NameTable::kNone;
+  } else {
+    const Node* child = Document::Of(&node).At(node.children.first);
+    if (child == nullptr || child->Kind() == NodeKind::kAttribute) return NameTable::kNone;
+  }
+  const uint32_t name = node.Name();
+  if (name >= kNames || noted_[name]) return NameTable::kNone;
+  noted_[name] = true;
+  first_[name] = &node;
+  return name;
+}
+
+// Walks on until an element of that name is noted, or as far as the walk can tell.
+void ElementTexts::WalkTo(uint32_t name) {
+  if (walked_ == nullptr) return;
+  const Document& document = node_.Owner();
+  while (!hides_tags_) {
+    walked_ = document.Following(walked_, node_.node());
+    if (walked_ == nullptr || Note(*walked_) == name) return;
   }
 }
 
 std::string_view ElementTexts::operator[](ElementName name) {
-  const Node*& found = first_[name.Number()];
-  while (found == nullptr && walked_ != nullptr && !hides_tags_) {
-    walked_ = node_.Owner().Following(walked_, node_.node());
-    Note(walked_);
-  }
-  if (found != nullptr) return Cleaned(Element(const_cast<Node*>(found)).LeadingText());
-  if (!hides_tags_) return {};
-  cleaned_ = ElementText(name.Text(), node_);
+  const uint32_t number = name.Number();
+  if (!noted_[number]) WalkTo(number);
+  if (!noted_[number]) return hides_tags_ ? Searched(name) : std::string_view();
+  const std::string_view text = Element(const_cast<Node*>(first_[number])).LeadingText();
+  return HoldsAnyOf<'\t', '\r', '&'>(text) ? Cleaned(text) : TrimSpaces(text);
+}
+
+[[gnu::noinline]] std::string_view ElementTexts::Cleaned(std::string_view text) {
+  // What was escaped once is unescaped by the parser; only a quote written as a reference in the text itself is left.
+  cleaned_ = OnOneLine(ReplaceAll(text, "&quot;", "\""));
   return cleaned_;
 }
 
-std::string_view ElementTexts::Cleaned(std::string_view text) {
-  bool plain = true;
-  for (const char c : text) plain = plain && c != '\t' && c != '\r' && c != '&';
-  if (plain) return TrimSpaces(text);
-  // What was escaped once is unescaped by the parser; only a quote written as a reference in the text itself is left.
-  cleaned_ = OnOneLine(ReplaceAll(text, "&quot;", "\""));
+[[gnu::noinline]] std::string_view ElementTexts::Searched(ElementName name) {
+  cleaned_ = ElementText(name.Text(), node_);
   return cleaned_;
 }
 

@@ -5,6 +5,8 @@
 #include <zevo/platform/Document.h>
 
 #include <array>
+#include <bitset>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -20,19 +22,26 @@ std::string ElementText(std::string_view name, Element node);
 /// searched. The document must number its names as kElementNames does, and must not change meanwhile.
 class ElementTexts {
  public:
-  explicit ElementTexts(Element node) : node_(node), walked_(node.node()) { Note(walked_); }
+  explicit ElementTexts(Element node);
 
   /// Valid until the next call.
   std::string_view operator[](ElementName name);
 
  private:
-  void Note(const Node* node);
+  static constexpr size_t kNames = kElementNames.size() + 1;
+
+  uint32_t Note(const Node& node);
+  void WalkTo(uint32_t name);
   std::string_view Cleaned(std::string_view text);
+  std::string_view Searched(ElementName name);
 
   Element node_;
   const Node* walked_;  // the last node seen; null at the end of the tree
   bool hides_tags_ = false;
-  std::array<const Node*, kElementNames.size() + 1> first_{};
+  std::bitset<kNames> noted_;
+  // The first node of each name noted; the others are left as they are, which is cheaper than clearing them all for
+  // each record.
+  std::array<const Node*, kNames> first_;
   std::string cleaned_;
 };
 

@@ -25,12 +25,10 @@ enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, k
 struct Node {
   uint32_t parent;
   uint32_t next;
-  // Fields of one size, which every compiler packs alike.
-  uint32_t name : 24;
-  NodeKind kind : 4;
-  uint32_t holds_text : 1;
-  uint32_t prefixed : 1;  // the name has a prefix
-  uint32_t length;        // of the text
+  // One word, not bit-fields: those are stored in pieces, and to read back as a whole what was stored in pieces takes a
+  // processor longer than all else that a new node takes.
+  uint32_t tag;
+  uint32_t length;  // of the text
   union {
     char* text;
     struct {
@@ -39,7 +37,31 @@ struct Node {
     } children;
   };
 
-  std::string_view Text() const { return holds_text ? std::string_view(text, length) : std::string_view(); }
+  static constexpr uint32_t kNameMask = NameTable::kMostNames;
+  static constexpr uint32_t kKindShift = 24;
+  static constexpr uint32_t kKindMask = 0xFU << kKindShift;
+  static constexpr uint32_t kHoldsText = 1U << 28;
+  static constexpr uint32_t kPrefixed = 1U << 29;  // the name has a prefix
+
+  static constexpr uint32_t TagOf(NodeKind kind, uint32_t name) {
+    return (name & kNameMask) | static_cast<uint32_t>(kind) << kKindShift;
+  }
+  uint32_t Name() const { return tag & kNameMask; }
+  NodeKind Kind() const { return static_cast<NodeKind>((tag & kKindMask) >> kKindShift); }
+  bool HoldsText() const { return (tag & kHoldsText) != 0; }
+  bool IsPrefixed() const { return (tag & kPrefixed) != 0; }
+
+  std::string_view Text() const { return HoldsText() ? std::string_view(text, length) : std::string_view(); }
+  void Hold(std::string_view held) {
+    text = const_cast<char*>(held.data());
+    length = static_cast<uint32_t>(held.size());
+    tag |= kHoldsText;
+  }
+  void HoldChildren() {
+    length = 0;
+    children = {0, 0};
+    tag &= ~kHoldsText;
+  }
 };
 static_assert(sizeof(Node) == 24);
 
@@ -133,7 +155,8 @@ class Document {
   void SetText(Element element, std::string_view text);
 
   /// The first child of a name, or nothing. Asked again, the answer takes no search.
-  Element FirstChild(Element parent, std::string_view name) const;
+  Element FirstChild(Element parent, std::string_view name) const { return FirstChild(parent, names_.Find(name)); }
+  Element FirstChild(Element parent, uint32_t localName) const;
   /// The first child of a name that itself has a child `key` whose whole text is `text`. The first question about a
   /// parent looks at all its children, later ones only at those that came since.
   /// Elements inside a key must not change from the first question on.
@@ -141,7 +164,7 @@ class Document {
 
   /// The node that follows in the order of the file, within the tree under `root`; null after the last. Attributes are
   /// passed over.
-  Node* Following(const Node* node, const Node* root) const;
+  inline Node* Following(const Node* node, const Node* root) const;
 
   NameTable& Names() { return names_; }
   const NameTable& Names() const { return names_; }
@@ -160,9 +183,13 @@ class Document {
   int default_namespaces = 0;
 
   /// Room for `size` more characters of a text that is put together at the end of the arena.
-  char* ReserveText(size_t size);
+  char* ReserveText(size_t size) {
+    if (static_cast<size_t>(texts_end_ - next_text_) < size) [[unlikely]]
+      AddBlock(size);
+    return next_text_;
+  }
   /// Keeps `size` characters written to what ReserveText gave.
-  void KeepText(size_t size) { text_used_ += size; }
+  void KeepText(size_t size) { next_text_ += size; }
   std::string_view CopyText(std::string_view text);
 
  private:
@@ -173,10 +200,9 @@ class Document {
   static constexpr uint32_t kSlotMask = (1U << kSlotBits) - 1;
   struct Chunk {
     Document* document;
-    uint32_t number;
-    uint32_t used;
-    uint64_t padding;
-    Node nodes[(kChunkSize - 24) / sizeof(Node)];
+    uint32_t first_reference;  // of its first node
+    uint32_t padding;
+    Node nodes[(kChunkSize - 16) / sizeof(Node)];
   };
   static_assert(sizeof(Chunk) <= kChunkSize);
   static constexpr uint32_t kNodesInChunk = sizeof(Chunk::nodes) / sizeof(Node);
@@ -205,22 +231,27 @@ class Document {
   };
 
   static Chunk* ChunkOf(const Node* node);
-  uint32_t Reference(const Node* node) const;
-  Node* NewNode(NodeKind kind, uint32_t name);
+  static uint32_t Reference(const Node* node);
+  Node* NewNode(NodeKind kind, uint32_t name, uint32_t parent);
   Node* Append(Node* parent, NodeKind kind, uint32_t name);
-  static void Hold(Node* node, std::string_view text);
+  void AddChunk();
+  void AddBlock(size_t size);
   void MakeRoomForChildren(Node* parent);
   bool IsNamed(const Node* node, uint32_t local) const;
   Node* FirstNamed(const Node* from, uint32_t local) const;
   void IndexKeys(const Node* child) const;
-  bool IsIndexedKey(const Node* node) const;
+  void ForgetIndexOf(const Node* key);
+  void IndexAgain(const Node* parent, uint32_t name);
 
   NameTable names_;
   std::vector<std::unique_ptr<Chunk, FreeChunk>> chunks_;
   size_t chunks_used_ = 0;
+  Node* next_node_ = nullptr;  // in the last chunk in use
+  Node* nodes_end_ = nullptr;
   std::vector<TextBlock> blocks_;
   size_t blocks_used_ = 0;
-  size_t text_used_ = 0;  // of the last block in use
+  char* next_text_ = nullptr;  // in the last block in use
+  char* texts_end_ = nullptr;
   Node* top_ = nullptr;
   mutable std::array<FoundChild, 16> found_{};
   mutable size_t next_found_ = 0;
@@ -233,6 +264,69 @@ inline Document::Chunk* Document::ChunkOf(const Node* node) {
 }
 inline Document& Document::Of(const Node* node) { return *ChunkOf(node)->document; }
 inline Document& Element::Owner() const { return Document::Of(node_); }
+
+inline uint32_t Document::Reference(const Node* node) {
+  const Chunk* chunk = ChunkOf(node);
+  return chunk->first_reference + static_cast<uint32_t>(node - chunk->nodes);
+}
+
+// What is done for every node that is read stands here, so that it becomes one piece of code with its callers.
+
+inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent) {
+  if (next_node_ == nodes_end_) [[unlikely]]
+    AddChunk();
+  uint32_t tag = Node::TagOf(kind, name);
+  if (!names_.IsPlain(name)) [[unlikely]] {
+    if (names_.Local(name) != name) tag |= Node::kPrefixed;
+    if (!names_.IsWindows1252(name)) needs_unicode = true;
+  }
+  Node* node = next_node_++;
+  node->parent = parent;
+  node->next = 0;
+  node->tag = tag;
+  node->length = 0;
+  node->children = {0, 0};
+  return node;
+}
+
+inline Node* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
+  if (index_.parent != 0) [[unlikely]]
+    ForgetIndexOf(parent);
+  if (parent->HoldsText()) [[unlikely]]
+    MakeRoomForChildren(parent);
+  Node* node = NewNode(kind, name, Reference(parent));
+  const uint32_t reference = Reference(node);
+  if (parent->children.first == 0) {
+    parent->children.first = reference;
+  } else {
+    At(parent->children.last)->next = reference;
+  }
+  parent->children.last = reference;
+  return node;
+}
+
+inline Element Document::AppendElement(Element parent, uint32_t name) {
+  Node* above = parent ? parent.node() : top_;
+  if (index_.parent != 0) [[unlikely]]
+    IndexAgain(above, name);
+  return Element(Append(above, NodeKind::kElement, name));
+}
+
+inline void Document::AdoptText(Element element, std::string_view text) {
+  if (index_.parent != 0) [[unlikely]]
+    ForgetIndexOf(element.node());
+  element.node()->Hold(text);
+}
+
+inline Node* Document::Following(const Node* node, const Node* root) const {
+  Node* next = node->HoldsText() ? nullptr : At(node->children.first);
+  while (next != nullptr && next->Kind() == NodeKind::kAttribute) next = At(next->next);
+  while (next == nullptr && node != root) {
+    next = At(node->next);
+    node = At(node->parent);
+  }
+  return next;
+}
 
 }  // namespace zevo
 

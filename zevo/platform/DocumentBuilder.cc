@@ -8,32 +8,34 @@ namespace zevo {
 
 void DocumentBuilder::Clear() {
   document_.Clear();
-  open_ = Element();
+  open_.clear();
   text_ = nullptr;
   length_ = room_ = 0;
   white_space_ = {};
 }
 
 void DocumentBuilder::StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) {
-  EndText();
-  open_ = document_.AppendElement(open_, document_.Names().AddParsed(name.local, name.prefix));
+  if (length_ > 0) EndText();
+  open_.push_back(document_.AppendElement(Open(), document_.Names().AddParsed(name.local, name.prefix)));
   for (const ParsedAttribute& attribute : attributes) {
     std::string qualified;
     if (attribute.name.prefix != nullptr) qualified.append(attribute.name.prefix).append(":");
-    document_.AppendAttribute(open_, qualified.append(attribute.name.local), attribute.value);
+    document_.AppendAttribute(Open(), qualified.append(attribute.name.local), attribute.value);
   }
 }
 
 void DocumentBuilder::EndElement(const ParsedName&) {
-  const Node* node = open_.node();
-  if (length_ > 0 && node->children.first == 0) {
-    document_.KeepText(length_);
-    document_.AdoptText(open_, {text_, length_});
-    length_ = room_ = 0;
-  } else {
-    EndText();
+  const Node* node = Open().node();
+  if (length_ > 0) {
+    if (node->children.first == 0) {
+      document_.KeepText(length_);
+      document_.AdoptText(Open(), {text_, length_});
+      length_ = room_ = 0;
+    } else {
+      EndText();
+    }
   }
-  open_ = open_.Parent();
+  open_.pop_back();
 }
 
 void DocumentBuilder::Characters(std::string_view text) {
@@ -48,12 +50,11 @@ void DocumentBuilder::Characters(std::string_view text) {
 }
 
 void DocumentBuilder::EndText() {
-  if (length_ == 0) return;
   const std::string_view text(text_, length_);
   const std::string_view shared = Shared(text);
   if (shared.data() == text.data()) document_.KeepText(length_);
   length_ = room_ = 0;
-  document_.AppendAdoptedText(open_, shared);
+  document_.AppendAdoptedText(Open(), shared);
 }
 
 std::string_view DocumentBuilder::Shared(std::string_view text) {
@@ -64,18 +65,18 @@ std::string_view DocumentBuilder::Shared(std::string_view text) {
 }
 
 void DocumentBuilder::CData(std::string_view text) {
-  EndText();
-  document_.AppendText(open_, NodeKind::kCData, text);
+  if (length_ > 0) EndText();
+  document_.AppendText(Open(), NodeKind::kCData, text);
 }
 
 void DocumentBuilder::Comment(std::string_view text) {
-  EndText();
-  document_.AppendText(open_, NodeKind::kComment, text);
+  if (length_ > 0) EndText();
+  document_.AppendText(Open(), NodeKind::kComment, text);
 }
 
 void DocumentBuilder::Instruction(std::string_view target, std::string_view data) {
-  EndText();
-  document_.AppendText(open_, NodeKind::kInstruction, data, target);
+  if (length_ > 0) EndText();
+  document_.AppendText(Open(), NodeKind::kInstruction, data, target);
 }
 
 void DocumentBuilder::Standalone() { document_.standalone = true; }

@@ -8,12 +8,13 @@
 #include <cstddef>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace zevo {
 
 /// Fills a document with what a parser delivers in one parse. Nothing is left out: attributes, comments, CDATA
 /// sections, instructions and white space between elements are kept.
-class DocumentBuilder : public ParserHandler {
+class DocumentBuilder final : public ParserHandler {
  public:
   explicit DocumentBuilder(Document& document) : document_(document) { document.Names().ForgetPointers(); }
 
@@ -29,11 +30,12 @@ class DocumentBuilder : public ParserHandler {
   void Standalone() override;
 
  private:
+  Element Open() const { return open_.empty() ? Element() : open_.back(); }
   void EndText();
   std::string_view Shared(std::string_view text);
 
   Document& document_;
-  Element open_;
+  std::vector<Element> open_;
   // The text that is being put together at the end of the document's arena.
   char* text_ = nullptr;
   size_t length_ = 0;

@@ -4,18 +4,41 @@
 #include <zevo/platform/Windows1252.h>
 
 #include <algorithm>
-#include <functional>
+#include <cstring>
 #include <utility>
 
 namespace zevo {
 namespace {
 
-size_t Hash(std::string_view text) { return std::hash<std::string_view>{}(text); }
+// Eight bytes at a time, the last eight once more where they overlap: a name is looked up for nearly every element.
+size_t Hash(std::string_view text) {
+  uint64_t hash = text.size();
+  const auto mix = [&hash](uint64_t word) {
+    hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
+    hash ^= hash >> 32;
+  };
+  uint64_t word = 0;
+  if (text.size() < sizeof word) {
+    for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
+    mix(word);
+  } else {
+    for (size_t i = 0; i + sizeof word < text.size(); i += sizeof word) {
+      std::memcpy(&word, text.data() + i, sizeof word);
+      mix(word);
+    }
+    std::memcpy(&word, text.data() + text.size() - sizeof word, sizeof word);
+    mix(word);
+  }
+  return static_cast<size_t>(hash);
+}
 
 }  // namespace
 
 NameTable::NameTable(std::span<const std::string_view> first) : entries_(1, {{}, kNone, true, true}), slots_(512) {
-  for (const std::string_view name : first) Add(name);
+  for (const std::string_view name : first) {
+    const uint32_t number = Add(name);
+    if (number == plain_ + 1 && Local(number) == number && IsAscii(number)) plain_ = number;
+  }
 }
 
 uint32_t NameTable::Find(std::string_view name) const {
@@ -29,12 +52,15 @@ uint32_t NameTable::Add(std::string_view name) {
   return known != kNone ? known : Insert(name);
 }
 
-uint32_t NameTable::AddParsed(const char* local, const char* prefix) {
-  const uint64_t spread = reinterpret_cast<uintptr_t>(local) * uint64_t{0x9E3779B97F4A7C15};
-  Seen& seen = seen_[static_cast<size_t>(spread >> 48) % seen_.size()];
-  if (seen.local == local && seen.prefix == prefix && seen.name != kNone) return seen.name;
+uint32_t NameTable::AddParsedAt(Seen* places, const char* local, const char* prefix) {
+  Seen* const end = places + kPlaces;
+  const auto known =
+      std::find_if(places, end, [&](const Seen& seen) { return seen.local == local && seen.prefix == prefix; });
+  if (known != end) return known->name;
   const uint32_t name = prefix == nullptr ? Add(local) : Add(std::string(prefix).append(":").append(local));
-  seen = {local, prefix, name};
+  // The newest comes first, and the oldest goes.
+  std::move_backward(places, end - 1, end);
+  *places = {local, prefix, name};
   return name;
 }
 

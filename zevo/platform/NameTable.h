@@ -25,9 +25,14 @@ class NameTable {
   uint32_t Add(std::string_view name);
   /// Adds a qualified name; `prefix` may be null. `local` and `prefix` are the same pointers for the same name until
   /// the next call of ForgetPointers.
-  uint32_t AddParsed(const char* local, const char* prefix);
+  uint32_t AddParsed(const char* local, const char* prefix) {
+    Seen* const places = PlacesOf(local);
+    return places->local == local && places->prefix == prefix ? places->name : AddParsedAt(places, local, prefix);
+  }
   void ForgetPointers();
 
+  /// Whether it is known to be ASCII and to have no prefix, as the names that the table started with are, or no name.
+  bool IsPlain(uint32_t name) const { return name <= plain_; }
   std::string_view Text(uint32_t name) const { return entries_[name].text; }
   /// The name without its prefix; the name itself when it has none.
   uint32_t Local(uint32_t name) const { return entries_[name].local; }
@@ -48,9 +53,17 @@ class NameTable {
     uint32_t name;
   };
 
+  // Names by their pointers; a pointer has a few places to be at.
+  static constexpr size_t kPlaces = 4;
+  Seen* PlacesOf(const char* local) {
+    const uint64_t spread = reinterpret_cast<uintptr_t>(local) * uint64_t{0x9E3779B97F4A7C15};
+    return &seen_[(spread >> 48) % (seen_.size() / kPlaces) * kPlaces];
+  }
+  uint32_t AddParsedAt(Seen* places, const char* local, const char* prefix);
   uint32_t Insert(std::string_view text);
   void Grow();
 
+  uint32_t plain_ = 0;
   std::vector<Entry> entries_;
   std::deque<std::string> texts_;
   std::vector<uint32_t> slots_;  // open addressing by the hash of the text

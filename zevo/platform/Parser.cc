@@ -140,23 +140,28 @@ class Run {
         return run.Fail(XML_ERR_USER_STOP, "Os elementos estão encaixados em mais de 256 níveis");
       }
       run.attributes_.clear();
-      if (!run.attribute_texts_.empty()) run.attribute_texts_.clear();
-      for (ptrdiff_t i = 0; i < namespaces; ++i) {
-        const xmlChar* const* row = namespaceTexts + i * 2;
-        const ParsedName name = row[0] == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{Text(row[0]), "xmlns"};
-        run.attributes_.push_back({name, row[1] == nullptr ? "" : Text(row[1])});
-      }
-      for (ptrdiff_t i = 0; i < attributes; ++i) {
-        const xmlChar* const* row = attributeTexts + i * 5;
-        std::string_view value = View(row[3], static_cast<int>(row[4] - row[3]));
-        // This is how libxml2 hands over an ampersand.
-        if (value.find('&') != std::string_view::npos) {
-          value = run.attribute_texts_.emplace_back(ReplaceAll(value, "&#38;", "&"));
-        }
-        run.attributes_.push_back({{Text(row[0]), Text(row[1])}, value});
-      }
+      if (namespaces + attributes > 0) run.Collect(namespaces, namespaceTexts, attributes, attributeTexts);
       run.handler_.StartElement({Text(local), Text(prefix)}, run.attributes_);
     });
+  }
+
+  // Keeps what a start tag declares and carries, as libxml2 tells it: rows of two and of five pointers.
+  void Collect(int namespaces, const xmlChar** namespaceTexts, int attributes, const xmlChar** attributeTexts) {
+    attribute_texts_.clear();
+    for (ptrdiff_t i = 0; i < namespaces; ++i) {
+      const xmlChar* const* row = namespaceTexts + i * 2;
+      const ParsedName name = row[0] == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{Text(row[0]), "xmlns"};
+      attributes_.push_back({name, row[1] == nullptr ? "" : Text(row[1])});
+    }
+    for (ptrdiff_t i = 0; i < attributes; ++i) {
+      const xmlChar* const* row = attributeTexts + i * 5;
+      std::string_view value = View(row[3], static_cast<int>(row[4] - row[3]));
+      // This is how libxml2 hands over an ampersand.
+      if (value.find('&') != std::string_view::npos) {
+        value = attribute_texts_.emplace_back(ReplaceAll(value, "&#38;", "&"));
+      }
+      attributes_.push_back({{Text(row[0]), Text(row[1])}, value});
+    }
   }
 
   static void OnEndElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar*) {

@@ -124,7 +124,7 @@ void Selection::VisitAll(Element base, Visitor visitor) const {
   const Node* top = document.Top();
   for (Node* node = document.Following(top, top); node != nullptr; node = document.Following(node, top)) {
     const Element element(node);
-    const bool selected = node->kind == NodeKind::kElement && EndsInSteps(element) && Matches(element);
+    const bool selected = node->Kind() == NodeKind::kElement && EndsInSteps(element) && Matches(element);
     if (selected && !visitor(element)) return;
   }
 }
@@ -157,7 +157,7 @@ Element SelectFirst(Element base, std::string_view name, std::string_view query)
   const uint32_t number = names.Find(name);
   // A local name that the document holds needs no further look.
   if (query.empty() && number != NameTable::kNone && names.Local(number) == number) {
-    return base.Owner().FirstChild(base, name);
+    return base.Owner().FirstChild(base, number);
   }
   return Selection(std::string(name).append(query)).First(base);
 }

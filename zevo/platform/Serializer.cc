@@ -141,8 +141,8 @@ void Serializer::WriteAscii(std::string_view text) {
 }
 
 void Serializer::WriteName(const Document& document, const Node* node) {
-  const std::string_view name = document.Names().Text(node->name);
-  document.Names().IsAscii(node->name) ? WriteAscii(name) : Write(name);
+  const std::string_view name = document.Names().Text(node->Name());
+  document.Names().IsAscii(node->Name()) ? WriteAscii(name) : Write(name);
 }
 
 void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
@@ -210,17 +210,17 @@ void Serializer::WriteTree(const Node* root) {
 }
 
 void Serializer::Open(const Document& document, const Node* node) {
-  switch (node->kind) {
+  switch (node->Kind()) {
     case NodeKind::kElement: {
       WriteAscii("<");
       WriteName(document, node);
-      if (node->holds_text) {
+      if (node->HoldsText()) {
         WriteAscii(node->length == 0 ? "/>" : ">");
         Write(node->Text(), text_escapes_);
         return;
       }
       const Node* child = document.At(node->children.first);
-      for (; child != nullptr && child->kind == NodeKind::kAttribute; child = document.At(child->next)) {
+      for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = document.At(child->next)) {
         WriteAscii(" ");
         WriteName(document, child);
         WriteAscii("=\"");
@@ -251,12 +251,12 @@ void Serializer::Open(const Document& document, const Node* node) {
 }
 
 void Serializer::Close(const Document& document, const Node* node) {
-  if (node->kind != NodeKind::kElement) return;
-  if (node->holds_text) {
+  if (node->Kind() != NodeKind::kElement) return;
+  if (node->HoldsText()) {
     if (node->length == 0) return;
   } else {
     const Node* last = document.At(node->children.last);
-    if (last == nullptr || last->kind == NodeKind::kAttribute) return;
+    if (last == nullptr || last->Kind() == NodeKind::kAttribute) return;
   }
   WriteAscii("</");
   WriteName(document, node);

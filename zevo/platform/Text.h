@@ -2,6 +2,7 @@
 #define ZEVO_PLATFORM_TEXT_H_
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,29 @@ std::string_view Leftmost(std::string_view text, int characters);
 
 /// Without the spaces (nothing but U+0020) at both ends.
 std::string_view TrimSpaces(std::string_view text);
+
+/// Whether a text holds one of some ASCII characters, looked at eight bytes at a time: texts are many and short.
+template <char... kCharacters>
+bool HoldsAnyOf(std::string_view text) {
+  constexpr auto repeat = [](char byte) { return 0x0101010101010101U * static_cast<uint8_t>(byte); };
+  const auto holds = [&](uint64_t word) {
+    const auto hasZero = [&](uint64_t bytes) { return (bytes - repeat(1)) & ~bytes & repeat('\x80'); };
+    return (hasZero(word ^ repeat(kCharacters)) | ...) != 0;
+  };
+  uint64_t word = 0;
+  if (text.size() < sizeof word) {
+    // The bytes left over are NUL, which is none of them.
+    for (const char c : text) word = word << 8 | static_cast<uint8_t>(c);
+    return holds(word);
+  }
+  for (size_t i = 0; i + sizeof word < text.size(); i += sizeof word) {
+    std::memcpy(&word, text.data() + i, sizeof word);
+    if (holds(word)) return true;
+  }
+  // The last eight, whether looked at before or not.
+  std::memcpy(&word, text.data() + text.size() - sizeof word, sizeof word);
+  return holds(word);
+}
 
 /// Takes the character at the front off a text: its code point, or kNotUtf8 with one byte taken off.
 char32_t TakeCharacter(std::string_view& text);

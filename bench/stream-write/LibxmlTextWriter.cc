@@ -1,0 +1,64 @@
+#include <libxml/xmlwriter.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "bench/Competitor.h"
+#include "bench/ElementPool.h"
+#include "bench/Tally.h"
+
+namespace zevo::bench {
+namespace {
+
+/// Writes the same elements, from trees that are there.
+class TextWriterJob : public Competitor {
+ public:
+  explicit TextWriterJob(const Setting& setting) : setting_(setting), pool_(setting.Pool()) {}
+
+  void Verify() override {
+    Run();
+    RequireEqual(TallyOf(setting_.Output()), TallyOf(setting_.Pool()).Times(setting_.invoices / kPool));
+  }
+
+  int64_t Run() override {
+    const std::string name = setting_.Output();
+    std::filesystem::remove(name);
+    xmlTextWriter* writer = xmlNewTextWriterFilename(name.c_str(), 0);
+    xmlTextWriterStartDocument(writer, nullptr, "windows-1252", nullptr);
+    Start(writer, {"AuditFile", "GeneralLedgerEntries", "Journal"});
+    for (int64_t i = 0; i < setting_.invoices; ++i) Write(writer, pool_.TransactionAt(i));
+    xmlTextWriterEndElement(writer);
+    xmlTextWriterEndElement(writer);
+    Start(writer, {"SourceDocuments", "SalesInvoices"});
+    for (int64_t i = 0; i < setting_.invoices; ++i) Write(writer, pool_.InvoiceAt(i));
+    Require(xmlTextWriterEndDocument(writer) >= 0, "not written");
+    xmlFreeTextWriter(writer);
+    return static_cast<int64_t>(std::filesystem::file_size(name));
+  }
+
+ private:
+  static void Start(xmlTextWriter* writer, std::initializer_list<const char*> names) {
+    for (const char* name : names) xmlTextWriterStartElement(writer, BAD_CAST name);
+  }
+
+  static void Write(xmlTextWriter* writer, const xmlNode* element) {
+    xmlTextWriterStartElement(writer, element->name);
+    for (const xmlNode* child = element->children; child != nullptr; child = child->next) {
+      if (child->type == XML_TEXT_NODE) {
+        xmlTextWriterWriteString(writer, child->content);
+      } else {
+        Write(writer, child);
+      }
+    }
+    xmlTextWriterEndElement(writer);
+  }
+
+  Setting setting_;
+  ElementPool pool_;
+};
+
+}  // namespace
+
+std::unique_ptr<Competitor> MakeCompetitor(const Setting& setting) { return std::make_unique<TextWriterJob>(setting); }
+
+}  // namespace zevo::bench
