@@ -67,15 +67,13 @@ Element TextFileDALHelper::CreateElement(std::string_view name, std::string_view
   if (value.empty() && !required) return Element();
   RequireXmlText(name, value);
   CloseToParent(parent ? parent : handles_->Root());
-  stream_.WriteChars("<");
-  stream_.WriteChars(name);
-  stream_.WriteChars(">");
+  stream_.WriteStartTag(name);
   if (value.empty()) {
     open_.push_back(HandleFor(name));
     return open_.back();
   }
   stream_.WriteChars(value, Escapes::kMarkupAndQuote);
-  WriteEndTag(name);
+  stream_.WriteEndTag(name);
   return Element();
 }
 
@@ -90,16 +88,10 @@ void TextFileDALHelper::UpdateElement(std::string_view name, std::string_view va
   CreateElement(name, value, parent, required);
 }
 
-void TextFileDALHelper::WriteEndTag(std::string_view name) {
-  stream_.WriteChars("</");
-  stream_.WriteChars(name);
-  stream_.WriteChars(">");
-}
-
 Element TextFileDALHelper::CloseInnermost() {
   const Element innermost = open_.back();
   open_.pop_back();
-  WriteEndTag(innermost.Name());
+  stream_.WriteEndTag(innermost.Name());
   return innermost;
 }
 

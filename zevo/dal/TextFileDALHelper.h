@@ -44,7 +44,6 @@ class TextFileDALHelper : public IDALHelper {
 
  private:
   Element HandleFor(std::string_view name);
-  void WriteEndTag(std::string_view name);
   Element CloseInnermost();
   void CloseToParent(Element parent);
   void CloseAll();

@@ -35,9 +35,18 @@ void TextStream::WriteLine(std::string_view text) {
   WriteChars("\r\n");
 }
 
-void TextStream::WriteChars(std::string_view text, Escapes escapes) {
+void TextStream::WriteChars(std::string_view text, Escapes escapes) { Writer().Write(text, escapes); }
+
+void TextStream::WriteTag(std::string_view start, std::string_view name) {
+  Serializer& writer = Writer();
+  writer.WriteAscii(start);
+  writer.Write(name);
+  writer.WriteAscii(">");
+}
+
+Serializer& TextStream::Writer() const {
   if (!IsOpen()) throw MakeRunTimeError(RunTimeError::kBadFileName, file_name_);
-  serializer_->Write(text, escapes);
+  return *serializer_;
 }
 
 void TextStream::Flush() {

@@ -31,8 +31,11 @@ class TextStream {
   /// Closes the file. Never raises: what must not be lost is flushed first.
   void CloseStream() noexcept;
   void WriteLine(std::string_view text);
-  /// Raises error 52 while the file is not open.
+  // These raise error 52 while the file is not open.
   void WriteChars(std::string_view text, Escapes escapes = Escapes::kNone);
+  /// Writes a start tag, or an end tag.
+  void WriteStartTag(std::string_view name) { WriteTag("<", name); }
+  void WriteEndTag(std::string_view name) { WriteTag("</", name); }
   /// Hands what is held back to the system.
   void Flush();
   /// Closes and deletes the file. Never raises; a file that is missing is no failure.
@@ -41,6 +44,9 @@ class TextStream {
   void RenameStream(std::string_view newName);
 
  private:
+  Serializer& Writer() const;
+  void WriteTag(std::string_view start, std::string_view name);
+
   std::string file_name_;
   std::unique_ptr<OutputFile> output_;
   std::unique_ptr<Serializer> serializer_;

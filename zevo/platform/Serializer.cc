@@ -16,11 +16,8 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kBufferSize = 256 * 1024;
 // The longest that a byte of text can become: &quot; for a quote.
 constexpr size_t kGrowth = 6;
-constexpr size_t kPiece = kBufferSize / kGrowth - 16;
-
 unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 
 std::string_view Reference(char c) {
@@ -79,26 +76,58 @@ const Kinds& KindsFor(Escapes escapes) {
   return kAll[static_cast<size_t>(escapes)];
 }
 
-// Copies what needs no look at single characters from the front of `from`, sixteen bytes at a time: everything but
-// controls, & < > " and what is outside ASCII. Gives how much that is; `to` has room for fifteen bytes more.
-size_t CopyPlain(const char* from, size_t size, char* to) {
-  size_t copied = 0;
 #ifdef __SSE2__
-  for (; copied + 16 <= size; copied += 16) {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + copied));
-    const auto is = [&](char c) { return _mm_cmpeq_epi8(block, _mm_set1_epi8(c)); };
-    // Signed: controls and what is outside ASCII are both below the space.
-    const __m128i below = _mm_cmplt_epi8(block, _mm_set1_epi8(' '));
-    const __m128i special =
-        _mm_or_si128(_mm_or_si128(below, is('&')), _mm_or_si128(_mm_or_si128(is('<'), is('>')), is('"')));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + copied), block);
-    const int found = _mm_movemask_epi8(special);
-    if (found != 0) return copied + static_cast<size_t>(__builtin_ctz(static_cast<unsigned>(found)));
+// Which of the bytes in a block need a look: controls, & < > " and what is outside ASCII.
+unsigned Special(__m128i block) {
+  const auto is = [&](char c) { return _mm_cmpeq_epi8(block, _mm_set1_epi8(c)); };
+  // Signed: controls and what is outside ASCII are both below the space.
+  const __m128i below = _mm_cmplt_epi8(block, _mm_set1_epi8(' '));
+  const __m128i special =
+      _mm_or_si128(_mm_or_si128(below, is('&')), _mm_or_si128(_mm_or_si128(is('<'), is('>')), is('"')));
+  return static_cast<unsigned>(_mm_movemask_epi8(special));
+}
+
+// Copies 16, 8 or 4 bytes, and gives how many of them, from the front, need no look. The bytes go straight into the
+// register: to put them together in memory first would take longer than to look at each by itself.
+template <size_t kBytes>
+size_t CopyBlock(const char* from, char* to) {
+  __m128i block;
+  if constexpr (kBytes == 16) {
+    block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), block);
+  } else if constexpr (kBytes == 8) {
+    block = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(from));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(to), block);
+  } else {
+    int32_t bytes = 0;
+    std::memcpy(&bytes, from, sizeof bytes);
+    std::memcpy(to, &bytes, sizeof bytes);
+    block = _mm_cvtsi32_si128(bytes);
   }
+  return static_cast<size_t>(__builtin_ctz(Special(block) | 1U << kBytes));
+}
+
+// The same for as many bytes as there are: block after block, and a last one that may overlap the one before it.
+template <size_t kBytes>
+size_t CopyBlocks(const char* from, size_t size, char* to) {
+  for (size_t at = 0;;) {
+    const size_t plain = CopyBlock<kBytes>(from + at, to + at);
+    if (plain < kBytes || at + kBytes == size) return at + plain;
+    at = std::min(at + kBytes, size - kBytes);
+  }
+}
+#endif
+
+// Copies what needs no look at single characters from the front of `from`, and gives how much that is.
+size_t CopyPlain(const char* from, size_t size, char* to) {
+#ifdef __SSE2__
+  if (size >= 16) return CopyBlocks<16>(from, size, to);
+  if (size >= 8) return CopyBlocks<8>(from, size, to);
+  if (size >= 4) return CopyBlocks<4>(from, size, to);
 #else
   static_cast<void>(from), static_cast<void>(size), static_cast<void>(to);
 #endif
-  return copied;
+  return 0;
 }
 
 class StringSink : public ByteSink {
@@ -123,6 +152,7 @@ Serializer::Serializer(ByteSink& sink, Encoding encoding)
 void Serializer::Flush() { sink_.Write(std::string_view(buffer_.get(), std::exchange(used_, 0))); }
 
 void Serializer::Write(std::string_view text, Escapes escapes) {
+  constexpr size_t kPiece = kBufferSize / kGrowth - 16;
   while (!text.empty()) {
     const size_t end = PieceEnd(text, kPiece);
     if ((kBufferSize - used_) / kGrowth <= end) Flush();
@@ -131,13 +161,11 @@ void Serializer::Write(std::string_view text, Escapes escapes) {
   }
 }
 
-void Serializer::WriteAscii(std::string_view text) {
-  if (kBufferSize - used_ < text.size()) {
-    if (text.size() > kBufferSize) return Write(text);
-    Flush();
-  }
-  std::memcpy(buffer_.get() + used_, text.data(), text.size());
-  used_ += text.size();
+// Writes what the buffer has no room for.
+void Serializer::WriteAsciiBeyond(std::string_view text) {
+  if (text.size() > kBufferSize) return Write(text);
+  Flush();
+  WriteAscii(text);
 }
 
 void Serializer::WriteName(const Document& document, const Node* node) {
@@ -151,12 +179,10 @@ void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
   const char* from = text.data();
   const char* const end = from + text.size();
   while (from < end) {
-    if (end - from >= 16) {
-      const size_t plain = CopyPlain(from, static_cast<size_t>(end - from), to);
-      from += plain;
-      to += plain;
-      if (from == end) break;
-    }
+    const size_t plain = CopyPlain(from, static_cast<size_t>(end - from), to);
+    from += plain;
+    to += plain;
+    if (from == end) break;
     const Kind kind = kinds[Byte(*from)];
     if (kind == Kind::kPlain || (kind == Kind::kBeyondAscii && encoding_ == Encoding::kUtf8)) {
       *to++ = *from++;

@@ -5,6 +5,7 @@
 #include <zevo/platform/File.h>
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,7 +32,12 @@ class Serializer {
   void Write(std::string_view text, Escapes escapes);
   void Write(std::string_view text) { Write(text, Escapes::kNone); }
   /// Writes ASCII as it is.
-  void WriteAscii(std::string_view text);
+  void WriteAscii(std::string_view text) {
+    if (kBufferSize - used_ < text.size()) [[unlikely]]
+      return WriteAsciiBeyond(text);
+    std::memcpy(buffer_.get() + used_, text.data(), text.size());
+    used_ += text.size();
+  }
 
   void WriteDocument(const Document& document);
   void WriteElement(Element element);
@@ -40,6 +46,9 @@ class Serializer {
   void Flush();
 
  private:
+  static constexpr size_t kBufferSize = size_t{256} * 1024;
+
+  void WriteAsciiBeyond(std::string_view text);
   void WriteTree(const Node* root);
   void Open(const Document& document, const Node* node);
   void Close(const Document& document, const Node* node);
