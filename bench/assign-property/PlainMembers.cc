@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "bench/Competitor.h"
 #include "bench/assign-property/LineValues.h"
@@ -21,7 +22,7 @@ struct PlainLine {
 /// Sets the members of a structure, with no check at all: what a record cannot be quicker than.
 class PlainJob : public Competitor {
  public:
-  explicit PlainJob(const Setting& setting) : setting_(setting) {}
+  explicit PlainJob(Setting setting) : setting_(std::move(setting)) {}
 
   void Verify() override {
     Run();

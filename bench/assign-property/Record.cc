@@ -2,6 +2,7 @@
 #include <zevo/adapters.h>
 
 #include <memory>
+#include <utility>
 
 #include "bench/Competitor.h"
 #include "bench/assign-property/LineValues.h"
@@ -12,7 +13,7 @@ namespace {
 /// Sets the properties of a record, each text checked against the length that the schema gives it.
 class RecordJob : public Competitor {
  public:
-  explicit RecordJob(const Setting& setting) : setting_(setting) { Options().set_SchemaLocation(ZEVO_SCHEMA_FILE); }
+  explicit RecordJob(Setting setting) : setting_(std::move(setting)) { Options().set_SchemaLocation(ZEVO_SCHEMA_FILE); }
 
   void Verify() override {
     Run();

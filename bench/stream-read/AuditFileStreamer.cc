@@ -1,10 +1,8 @@
 #include <zevo/adapters.h>
 
-#include <filesystem>
 #include <memory>
 
-#include "bench/Competitor.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
@@ -17,13 +15,14 @@ int64_t CreditOf(const Lines& lines) {
 }
 
 /// Has every record filled and delivered.
-class StreamerJob : public Competitor {
+class StreamerJob : public ReadingJob {
  public:
-  explicit StreamerJob(const Setting& setting) : name_(setting.Input()) {}
+  using ReadingJob::ReadingJob;
 
-  void Verify() override {
+ private:
+  Tally Count(const std::string& name) override {
     Tally found;
-    Stream([&](const std::string&, const std::shared_ptr<Record>& record) {
+    Stream(name, [&](const std::string&, const std::shared_ptr<Record>& record) {
       if (const auto* transaction = dynamic_cast<const Transaction*>(record.get())) {
         ++found.transactions;
         found.credit += CreditOf(*transaction->Line());
@@ -32,27 +31,23 @@ class StreamerJob : public Competitor {
         found.credit += CreditOf(*invoice->Line());
       }
     });
-    RequireEqual(found, TallyOf(name_));
+    return found;
   }
 
-  int64_t Run() override {
-    Stream([](const std::string&, const std::shared_ptr<Record>&) {});
-    return static_cast<int64_t>(std::filesystem::file_size(name_));
+  void Read(const std::string& name) override {
+    Stream(name, [](const std::string&, const std::shared_ptr<Record>&) {});
   }
 
- private:
   template <class Handler>
-  void Stream(Handler&& handler) {
+  static void Stream(const std::string& name, Handler&& handler) {
     AuditFileStreamer file;
-    file.set_AuditFileName(name_);
+    file.set_AuditFileName(name);
     file.ReadEntity = handler;
     Require(file.OpenAuditFile(), "not opened");
     // The result is no sign: the tax table cannot be read.
     file.ReadAuditFile();
     Require(!file.AuditException(), "not read");
   }
-
-  std::string name_;
 };
 
 }  // namespace

@@ -2,10 +2,8 @@
 #include <libxml/parser.h>
 
 #include <cstring>
-#include <filesystem>
 
-#include "bench/Competitor.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
@@ -13,14 +11,15 @@ namespace {
 const char* Chars(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
 
 /// Parses with handlers that do nothing, and with libxml2's own decoding.
-class Sax2Job : public Competitor {
+class Sax2Job : public ReadingJob {
  public:
-  explicit Sax2Job(const Setting& setting) : name_(setting.Input()) {}
+  using ReadingJob::ReadingJob;
 
-  void Verify() override {
+ private:
+  Tally Count(const std::string& name) override {
     xmlSAXHandler handler = Handler();
-    handler.startElementNs = [](void* tally, const xmlChar* name, const xmlChar*, const xmlChar*, int, const xmlChar**,
-                                int, int, const xmlChar**) { static_cast<ElementTally*>(tally)->Start(Chars(name)); };
+    handler.startElementNs = [](void* tally, const xmlChar* local, const xmlChar*, const xmlChar*, int, const xmlChar**,
+                                int, int, const xmlChar**) { static_cast<ElementTally*>(tally)->Start(Chars(local)); };
     handler.endElementNs = [](void* tally, const xmlChar*, const xmlChar*, const xmlChar*) {
       static_cast<ElementTally*>(tally)->End();
     };
@@ -28,17 +27,15 @@ class Sax2Job : public Competitor {
       static_cast<ElementTally*>(tally)->Text({Chars(text), static_cast<size_t>(length)});
     };
     ElementTally tally;
-    Parse(handler, &tally);
-    RequireEqual(tally.Found(), TallyOf(name_));
+    Parse(name, handler, &tally);
+    return tally.Found();
   }
 
-  int64_t Run() override {
+  void Read(const std::string& name) override {
     xmlSAXHandler handler = Handler();
-    Parse(handler, nullptr);
-    return static_cast<int64_t>(std::filesystem::file_size(name_));
+    Parse(name, handler, nullptr);
   }
 
- private:
   static xmlSAXHandler Handler() {
     xmlSAXHandler handler{};
     handler.initialized = XML_SAX2_MAGIC;
@@ -49,11 +46,9 @@ class Sax2Job : public Competitor {
     return handler;
   }
 
-  void Parse(xmlSAXHandler& handler, void* data) {
-    Require(xmlSAXUserParseFile(&handler, data, name_.c_str()) == 0, "not parsed");
+  static void Parse(const std::string& name, xmlSAXHandler& handler, void* data) {
+    Require(xmlSAXUserParseFile(&handler, data, name.c_str()) == 0, "not parsed");
   }
-
-  std::string name_;
 };
 
 }  // namespace

@@ -1,9 +1,6 @@
 #include <libxml/xmlreader.h>
 
-#include <filesystem>
-
-#include "bench/Competitor.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
@@ -11,13 +8,14 @@ namespace {
 const char* Chars(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
 
 /// Goes through all nodes.
-class TextReaderJob : public Competitor {
+class TextReaderJob : public ReadingJob {
  public:
-  explicit TextReaderJob(const Setting& setting) : name_(setting.Input()) {}
+  using ReadingJob::ReadingJob;
 
-  void Verify() override {
+ private:
+  Tally Count(const std::string& name) override {
     ElementTally tally;
-    Read([&](xmlTextReader* reader) {
+    VisitNodes(name, [&](xmlTextReader* reader) {
       switch (xmlTextReaderNodeType(reader)) {
         case XML_READER_TYPE_ELEMENT:
           tally.Start(Chars(xmlTextReaderConstLocalName(reader)));
@@ -32,25 +30,21 @@ class TextReaderJob : public Competitor {
           break;
       }
     });
-    RequireEqual(tally.Found(), TallyOf(name_));
+    return tally.Found();
   }
 
-  int64_t Run() override {
-    Read([](xmlTextReader*) {});
-    return static_cast<int64_t>(std::filesystem::file_size(name_));
+  void Read(const std::string& name) override {
+    VisitNodes(name, [](xmlTextReader*) {});
   }
 
- private:
   template <class Visitor>
-  void Read(Visitor&& visitor) {
-    xmlTextReader* reader = xmlReaderForFile(name_.c_str(), nullptr, 0);
+  static void VisitNodes(const std::string& name, Visitor&& visitor) {
+    xmlTextReader* reader = xmlReaderForFile(name.c_str(), nullptr, 0);
     int result = 0;
     while ((result = xmlTextReaderRead(reader)) == 1) visitor(reader);
     xmlFreeTextReader(reader);
     Require(result == 0, "not read");
   }
-
-  std::string name_;
 };
 
 }  // namespace

@@ -1,42 +1,33 @@
 #include <libxml/xmlwriter.h>
 
-#include <filesystem>
 #include <memory>
+#include <string>
 
-#include "bench/Competitor.h"
 #include "bench/ElementPool.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
 /// Writes the same elements, from trees that are there.
-class TextWriterJob : public Competitor {
+class TextWriterJob : public WritingJob {
  public:
-  explicit TextWriterJob(const Setting& setting) : setting_(setting), pool_(setting.Pool()) {}
+  explicit TextWriterJob(const Setting& setting) : WritingJob(setting), pool_(setting.Pool()) {}
 
-  void Verify() override {
-    Run();
-    RequireEqual(TallyOf(setting_.Output()), TallyOf(setting_.Pool()).Times(setting_.invoices / kPool));
-  }
-
-  int64_t Run() override {
-    const std::string name = setting_.Output();
-    std::filesystem::remove(name);
+ private:
+  void Write(const std::string& name, int64_t count) override {
     xmlTextWriter* writer = xmlNewTextWriterFilename(name.c_str(), 0);
     xmlTextWriterStartDocument(writer, nullptr, "windows-1252", nullptr);
     Start(writer, {"AuditFile", "GeneralLedgerEntries", "Journal"});
-    for (int64_t i = 0; i < setting_.invoices; ++i) Write(writer, pool_.TransactionAt(i));
+    for (int64_t i = 0; i < count; ++i) Write(writer, pool_.TransactionAt(i));
     xmlTextWriterEndElement(writer);
     xmlTextWriterEndElement(writer);
     Start(writer, {"SourceDocuments", "SalesInvoices"});
-    for (int64_t i = 0; i < setting_.invoices; ++i) Write(writer, pool_.InvoiceAt(i));
+    for (int64_t i = 0; i < count; ++i) Write(writer, pool_.InvoiceAt(i));
     Require(xmlTextWriterEndDocument(writer) >= 0, "not written");
     xmlFreeTextWriter(writer);
-    return static_cast<int64_t>(std::filesystem::file_size(name));
   }
 
- private:
   static void Start(xmlTextWriter* writer, std::initializer_list<const char*> names) {
     for (const char* name : names) xmlTextWriterStartElement(writer, BAD_CAST name);
   }
@@ -53,7 +44,6 @@ class TextWriterJob : public Competitor {
     xmlTextWriterEndElement(writer);
   }
 
-  Setting setting_;
   ElementPool pool_;
 };
 

@@ -1,40 +1,31 @@
 #include <libxml/tree.h>
 
-#include <filesystem>
 #include <memory>
+#include <string>
 
-#include "bench/Competitor.h"
 #include "bench/ElementPool.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
 /// Builds the same elements by hand and saves the tree.
-class TreeJob : public Competitor {
+class TreeJob : public WritingJob {
  public:
-  explicit TreeJob(const Setting& setting) : setting_(setting), pool_(setting.Pool()) {}
+  explicit TreeJob(const Setting& setting) : WritingJob(setting), pool_(setting.Pool()) {}
 
-  void Verify() override {
-    Run();
-    RequireEqual(TallyOf(setting_.Output()), TallyOf(setting_.Pool()).Times(setting_.invoices / kPool));
-  }
-
-  int64_t Run() override {
-    const std::string name = setting_.Output();
-    std::filesystem::remove(name);
+ private:
+  void Write(const std::string& name, int64_t count) override {
     const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> document(xmlNewDoc(BAD_CAST "1.0"), &xmlFreeDoc);
     xmlNode* root = xmlNewDocNode(document.get(), nullptr, BAD_CAST "AuditFile", nullptr);
     xmlDocSetRootElement(document.get(), root);
     xmlNode* journal = Add(Add(root, "GeneralLedgerEntries"), "Journal");
-    for (int64_t i = 0; i < setting_.invoices; ++i) Build(pool_.TransactionAt(i), journal);
+    for (int64_t i = 0; i < count; ++i) Build(pool_.TransactionAt(i), journal);
     xmlNode* invoices = Add(Add(root, "SourceDocuments"), "SalesInvoices");
-    for (int64_t i = 0; i < setting_.invoices; ++i) Build(pool_.InvoiceAt(i), invoices);
+    for (int64_t i = 0; i < count; ++i) Build(pool_.InvoiceAt(i), invoices);
     Require(xmlSaveFileEnc(name.c_str(), document.get(), "windows-1252") > 0, "not saved");
-    return static_cast<int64_t>(std::filesystem::file_size(name));
   }
 
- private:
   static xmlNode* Add(xmlNode* parent, const char* name) {
     return xmlAddChild(parent, xmlNewDocNode(parent->doc, nullptr, BAD_CAST name, nullptr));
   }
@@ -50,7 +41,6 @@ class TreeJob : public Competitor {
     }
   }
 
-  Setting setting_;
   ElementPool pool_;
 };
 

@@ -1,37 +1,29 @@
-#include <filesystem>
 #include <memory>
 #include <pugixml.hpp>
+#include <string>
 
-#include "bench/Competitor.h"
 #include "bench/ElementPool.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
 /// Builds the same elements by hand and saves the tree.
-class PugixmlJob : public Competitor {
+class PugixmlJob : public WritingJob {
  public:
-  explicit PugixmlJob(const Setting& setting) : setting_(setting), pool_(setting.Pool()) {}
+  explicit PugixmlJob(const Setting& setting) : WritingJob(setting), pool_(setting.Pool()) {}
 
-  void Verify() override {
-    Run();
-    RequireEqual(TallyOf(setting_.Output()), TallyOf(setting_.Pool()).Times(setting_.invoices / kPool));
-  }
-
-  int64_t Run() override {
-    const std::string name = setting_.Output();
+ private:
+  void Write(const std::string& name, int64_t count) override {
     pugi::xml_document document;
     pugi::xml_node root = document.append_child("AuditFile");
     pugi::xml_node journal = root.append_child("GeneralLedgerEntries").append_child("Journal");
-    for (int64_t i = 0; i < setting_.invoices; ++i) Build(pool_.TransactionAt(i), journal);
+    for (int64_t i = 0; i < count; ++i) Build(pool_.TransactionAt(i), journal);
     pugi::xml_node invoices = root.append_child("SourceDocuments").append_child("SalesInvoices");
-    for (int64_t i = 0; i < setting_.invoices; ++i) Build(pool_.InvoiceAt(i), invoices);
+    for (int64_t i = 0; i < count; ++i) Build(pool_.InvoiceAt(i), invoices);
     Require(document.save_file(name.c_str(), "", pugi::format_raw, pugi::encoding_latin1), "not saved");
-    return static_cast<int64_t>(std::filesystem::file_size(name));
   }
 
- private:
   static void Build(const xmlNode* from, pugi::xml_node& parent) {
     pugi::xml_node element = parent.append_child(reinterpret_cast<const char*>(from->name));
     for (const xmlNode* child = from->children; child != nullptr; child = child->next) {
@@ -43,7 +35,6 @@ class PugixmlJob : public Competitor {
     }
   }
 
-  Setting setting_;
   ElementPool pool_;
 };
 

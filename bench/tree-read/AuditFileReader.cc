@@ -1,30 +1,25 @@
 #include <zevo/adapters.h>
 
-#include <filesystem>
 #include <memory>
 
-#include "bench/Competitor.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
 /// Opens the file and reads every record.
-class ReaderJob : public Competitor {
+class ReaderJob : public ReadingJob {
  public:
-  explicit ReaderJob(const Setting& setting) : name_(setting.Input()) {}
-
-  void Verify() override { RequireEqual(ReadAll(), TallyOf(name_)); }
-
-  int64_t Run() override {
-    ReadAll();
-    return static_cast<int64_t>(std::filesystem::file_size(name_));
-  }
+  using ReadingJob::ReadingJob;
 
  private:
-  Tally ReadAll() {
+  Tally Count(const std::string& name) override { return ReadAll(name); }
+
+  void Read(const std::string& name) override { ReadAll(name); }
+
+  static Tally ReadAll(const std::string& name) {
     AuditFileReader reader;
-    reader.set_AuditFileName(name_);
+    reader.set_AuditFileName(name);
     bool good = reader.OpenAuditFile();
     std::shared_ptr<Header> header;
     good = good && reader.ReadHeader(header);
@@ -54,8 +49,6 @@ class ReaderJob : public Competitor {
     Require(good, "not read");
     return found;
   }
-
-  std::string name_;
 };
 
 }  // namespace

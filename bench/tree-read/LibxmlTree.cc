@@ -1,49 +1,41 @@
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 
-#include <filesystem>
-
-#include "bench/Competitor.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
 /// Loads the tree.
-class TreeJob : public Competitor {
+class TreeJob : public ReadingJob {
  public:
-  explicit TreeJob(const Setting& setting) : name_(setting.Input()) {}
-
-  void Verify() override {
-    xmlDoc* document = Load();
-    ElementTally tally;
-    Count(xmlDocGetRootElement(document), tally);
-    xmlFreeDoc(document);
-    RequireEqual(tally.Found(), TallyOf(name_));
-  }
-
-  int64_t Run() override {
-    xmlFreeDoc(Load());
-    return static_cast<int64_t>(std::filesystem::file_size(name_));
-  }
+  using ReadingJob::ReadingJob;
 
  private:
-  xmlDoc* Load() {
-    xmlDoc* document = xmlReadFile(name_.c_str(), nullptr, XML_PARSE_HUGE);
+  Tally Count(const std::string& name) override {
+    xmlDoc* document = Load(name);
+    ElementTally tally;
+    Visit(xmlDocGetRootElement(document), tally);
+    xmlFreeDoc(document);
+    return tally.Found();
+  }
+
+  void Read(const std::string& name) override { xmlFreeDoc(Load(name)); }
+
+  static xmlDoc* Load(const std::string& name) {
+    xmlDoc* document = xmlReadFile(name.c_str(), nullptr, XML_PARSE_HUGE);
     Require(document != nullptr, "not loaded");
     return document;
   }
 
-  static void Count(const xmlNode* element, ElementTally& tally) {
+  static void Visit(const xmlNode* element, ElementTally& tally) {
     tally.Start(reinterpret_cast<const char*>(element->name));
     for (const xmlNode* child = element->children; child != nullptr; child = child->next) {
       if (child->type == XML_TEXT_NODE) tally.Text(reinterpret_cast<const char*>(child->content));
-      if (child->type == XML_ELEMENT_NODE) Count(child, tally);
+      if (child->type == XML_ELEMENT_NODE) Visit(child, tally);
     }
     tally.End();
   }
-
-  std::string name_;
 };
 
 }  // namespace

@@ -1,47 +1,42 @@
-#include <filesystem>
 #include <pugixml.hpp>
 
-#include "bench/Competitor.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
 /// Loads the tree. Pugixml does not know Windows-1252; of the sample's bytes, all mean what they mean in the encoding
 /// that it is told instead.
-class PugixmlJob : public Competitor {
+class PugixmlJob : public ReadingJob {
  public:
-  explicit PugixmlJob(const Setting& setting) : name_(setting.Input()) {}
-
-  void Verify() override {
-    pugi::xml_document document;
-    Load(document);
-    ElementTally tally;
-    Count(document.document_element(), tally);
-    RequireEqual(tally.Found(), TallyOf(name_));
-  }
-
-  int64_t Run() override {
-    pugi::xml_document document;
-    Load(document);
-    return static_cast<int64_t>(std::filesystem::file_size(name_));
-  }
+  using ReadingJob::ReadingJob;
 
  private:
-  void Load(pugi::xml_document& document) {
-    Require(document.load_file(name_.c_str(), pugi::parse_default, pugi::encoding_latin1), "not loaded");
+  Tally Count(const std::string& name) override {
+    pugi::xml_document document;
+    Load(name, document);
+    ElementTally tally;
+    Visit(document.document_element(), tally);
+    return tally.Found();
   }
 
-  static void Count(const pugi::xml_node& element, ElementTally& tally) {
+  void Read(const std::string& name) override {
+    pugi::xml_document document;
+    Load(name, document);
+  }
+
+  static void Load(const std::string& name, pugi::xml_document& document) {
+    Require(document.load_file(name.c_str(), pugi::parse_default, pugi::encoding_latin1), "not loaded");
+  }
+
+  static void Visit(const pugi::xml_node& element, ElementTally& tally) {
     tally.Start(element.name());
     for (const pugi::xml_node& child : element) {
       if (child.type() == pugi::node_pcdata) tally.Text(child.value());
-      if (child.type() == pugi::node_element) Count(child, tally);
+      if (child.type() == pugi::node_element) Visit(child, tally);
     }
     tally.End();
   }
-
-  std::string name_;
 };
 
 }  // namespace

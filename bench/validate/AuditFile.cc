@@ -1,37 +1,25 @@
 #include <zevo/adapters.h>
 
-#include <filesystem>
 #include <memory>
+#include <string>
 
-#include "bench/Competitor.h"
-#include "bench/InvalidFile.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
-class AuditFileJob : public Competitor {
+class AuditFileJob : public ValidatingJob {
  public:
-  explicit AuditFileJob(const Setting& setting) : setting_(setting) { Options().set_SchemaLocation(ZEVO_SCHEMA_FILE); }
-
-  void Verify() override {
-    Require(!IsValid(InvalidFile(setting_)), "an invalid file was accepted");
-    Run();
-  }
-
-  int64_t Run() override {
-    Require(IsValid(setting_.Input()), "a valid file was refused");
-    return static_cast<int64_t>(std::filesystem::file_size(setting_.Input()));
+  explicit AuditFileJob(const Setting& setting) : ValidatingJob(setting) {
+    Options().set_SchemaLocation(ZEVO_SCHEMA_FILE);
   }
 
  private:
-  static bool IsValid(const std::string& name) {
+  bool IsValid(const std::string& name) override {
     AuditFile file;
     file.set_AuditFileName(name);
     return file.ValidateAuditFile();
   }
-
-  Setting setting_;
 };
 
 }  // namespace

@@ -1,36 +1,24 @@
 #include <libxml/xmlreader.h>
 #include <libxml/xmlschemas.h>
 
-#include <filesystem>
 #include <memory>
+#include <string>
 
-#include "bench/Competitor.h"
-#include "bench/InvalidFile.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
 
 /// Does what `xmllint --stream --schema` does, the loading of the schema included.
-class TextReaderJob : public Competitor {
+class TextReaderJob : public ValidatingJob {
  public:
-  explicit TextReaderJob(const Setting& setting) : setting_(setting) {
+  explicit TextReaderJob(const Setting& setting) : ValidatingJob(setting) {
     // Quiet about the invalid file.
     xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
   }
 
-  void Verify() override {
-    Require(!IsValid(InvalidFile(setting_)), "an invalid file was accepted");
-    Run();
-  }
-
-  int64_t Run() override {
-    Require(IsValid(setting_.Input()), "a valid file was refused");
-    return static_cast<int64_t>(std::filesystem::file_size(setting_.Input()));
-  }
-
  private:
-  static bool IsValid(const std::string& name) {
+  bool IsValid(const std::string& name) override {
     xmlSchemaParserCtxt* context = xmlSchemaNewParserCtxt(ZEVO_SCHEMA_FILE);
     xmlSchema* schema = xmlSchemaParse(context);
     xmlTextReader* reader = xmlReaderForFile(name.c_str(), nullptr, 0);
@@ -44,8 +32,6 @@ class TextReaderJob : public Competitor {
     xmlSchemaFreeParserCtxt(context);
     return valid;
   }
-
-  Setting setting_;
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
-#include <filesystem>
 #include <memory>
+#include <string>
 #include <xercesc/framework/XMLGrammarPoolImpl.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
 #include <xercesc/sax2/SAX2XMLReader.hpp>
@@ -7,9 +7,7 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
-#include "bench/Competitor.h"
-#include "bench/InvalidFile.h"
-#include "bench/Tally.h"
+#include "bench/Jobs.h"
 
 namespace zevo::bench {
 namespace {
@@ -23,22 +21,12 @@ struct ErrorCounter : xercesc::DefaultHandler {
 };
 
 /// Parses with validation, the loading of the schema included.
-class XercesJob : public Competitor {
+class XercesJob : public ValidatingJob {
  public:
-  explicit XercesJob(const Setting& setting) : setting_(setting) { xercesc::XMLPlatformUtils::Initialize(); }
-
-  void Verify() override {
-    Require(!IsValid(InvalidFile(setting_)), "an invalid file was accepted");
-    Run();
-  }
-
-  int64_t Run() override {
-    Require(IsValid(setting_.Input()), "a valid file was refused");
-    return static_cast<int64_t>(std::filesystem::file_size(setting_.Input()));
-  }
+  explicit XercesJob(const Setting& setting) : ValidatingJob(setting) { xercesc::XMLPlatformUtils::Initialize(); }
 
  private:
-  static bool IsValid(const std::string& name) {
+  bool IsValid(const std::string& name) override {
     xercesc::XMLGrammarPoolImpl pool;
     const std::unique_ptr<xercesc::SAX2XMLReader> reader(
         xercesc::XMLReaderFactory::createXMLReader(xercesc::XMLPlatformUtils::fgMemoryManager, &pool));
@@ -53,8 +41,6 @@ class XercesJob : public Competitor {
     reader->parse(name.c_str());
     return handler.errors == 0;
   }
-
-  Setting setting_;
 };
 
 }  // namespace

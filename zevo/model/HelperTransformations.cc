@@ -257,7 +257,7 @@ std::string DateText(std::string_view text) {
   AppendDigits(static_cast<uint64_t>(month), 2, result);
   result.Append('-');
   AppendDigits(static_cast<uint64_t>(day), 2, result);
-  return std::string(std::string_view(result));
+  return std::string{std::string_view{result}};
 }
 
 std::string Escape(std::string_view text) {

@@ -18,6 +18,7 @@ namespace zevo {
 /// The text of a number, held in place.
 class NumberText {
  public:
+  // NOLINTNEXTLINE(google-explicit-constructor): it stands wherever a text is expected.
   operator std::string_view() const { return {characters_.data(), length_}; }
   void Append(char c) { characters_[length_++] = c; }
   void Append(std::string_view text) {

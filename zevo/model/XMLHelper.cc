@@ -35,8 +35,7 @@ std::string ElementText(std::string_view name, Element node) {
   const size_t tagEnd = xml.find('>', tag + 1);
   const size_t next = xml.find('<', tag + 1);
   if (tagEnd == std::string::npos || next == std::string::npos || next < tagEnd) return {};
-  const std::string_view text = std::string_view(xml).substr(tagEnd + 1, next - tagEnd - 1);
-  return OnOneLine(Unescape(text));
+  return OnOneLine(Unescape(std::string_view{xml}.substr(tagEnd + 1, next - tagEnd - 1)));
 }
 
 ElementTexts::ElementTexts(Element node) : node_(node), walked_(node.node()) {

@@ -11,7 +11,7 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kBlockSize = 64 * 1024;
+constexpr size_t kBlockSize = size_t{64} * 1024;
 // Passing over so many children takes no longer than remembering where one of them is.
 constexpr size_t kPassedQuickly = 16;
 
@@ -152,8 +152,8 @@ void Document::ForgetIndexOf(const Node* key) {
 
 // Has a parent that is about to get a key looked at again.
 void Document::IndexAgain(const Node* parent, uint32_t name) {
-  if (names_.Local(name) == index_.key && parent->parent == index_.parent)
-    index_.unsettled.push_back(Reference(parent));
+  const bool asked = names_.Local(name) == index_.key && parent->parent == index_.parent;
+  if (asked) index_.unsettled.push_back(Reference(parent));
 }
 
 bool Document::IsNamed(const Node* node, uint32_t local) const {
@@ -218,7 +218,7 @@ void Document::IndexKeys(const Node* child) const {
   }
 }
 
-ElementRange::ElementRange(const Element& parent) : first_(nullptr) {
+ElementRange::ElementRange(const Element& parent) {
   const Node* node = parent.node();
   if (node == nullptr || node->HoldsText()) return;
   const Document& document = Document::Of(node);

@@ -76,7 +76,7 @@ class ElementRange {
   Iterator end() const;
 
  private:
-  Node* first_;
+  Node* first_ = nullptr;
 };
 
 /// A handle to an element of a document, or nothing. It is valid until its document is cleared or destroyed.
@@ -184,8 +184,9 @@ class Document {
 
   /// Room for `size` more characters of a text that is put together at the end of the arena.
   char* ReserveText(size_t size) {
-    if (static_cast<size_t>(texts_end_ - next_text_) < size) [[unlikely]]
+    if (static_cast<size_t>(texts_end_ - next_text_) < size) [[unlikely]] {
       AddBlock(size);
+    }
     return next_text_;
   }
   /// Keeps `size` characters written to what ReserveText gave.
@@ -273,8 +274,9 @@ inline uint32_t Document::Reference(const Node* node) {
 // What is done for every node that is read stands here, so that it becomes one piece of code with its callers.
 
 inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent) {
-  if (next_node_ == nodes_end_) [[unlikely]]
+  if (next_node_ == nodes_end_) [[unlikely]] {
     AddChunk();
+  }
   uint32_t tag = Node::TagOf(kind, name);
   if (!names_.IsPlain(name)) [[unlikely]] {
     if (names_.Local(name) != name) tag |= Node::kPrefixed;
@@ -290,10 +292,12 @@ inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent) {
 }
 
 inline Node* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
-  if (index_.parent != 0) [[unlikely]]
+  if (index_.parent != 0) [[unlikely]] {
     ForgetIndexOf(parent);
-  if (parent->HoldsText()) [[unlikely]]
+  }
+  if (parent->HoldsText()) [[unlikely]] {
     MakeRoomForChildren(parent);
+  }
   Node* node = NewNode(kind, name, Reference(parent));
   const uint32_t reference = Reference(node);
   if (parent->children.first == 0) {
@@ -307,14 +311,16 @@ inline Node* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
 
 inline Element Document::AppendElement(Element parent, uint32_t name) {
   Node* above = parent ? parent.node() : top_;
-  if (index_.parent != 0) [[unlikely]]
+  if (index_.parent != 0) [[unlikely]] {
     IndexAgain(above, name);
+  }
   return Element(Append(above, NodeKind::kElement, name));
 }
 
 inline void Document::AdoptText(Element element, std::string_view text) {
-  if (index_.parent != 0) [[unlikely]]
+  if (index_.parent != 0) [[unlikely]] {
     ForgetIndexOf(element.node());
+  }
   element.node()->Hold(text);
 }
 

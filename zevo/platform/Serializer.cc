@@ -206,7 +206,7 @@ void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
 }
 
 void Serializer::WriteDocument(const Document& document) {
-  WriteAscii("<?xml version=\"1.0\" encoding=\"");
+  WriteAscii(R"(<?xml version="1.0" encoding=")");
   WriteAscii(encoding_ == Encoding::kUtf8 ? "utf-8" : "windows-1252");
   WriteAscii(document.standalone ? "\" standalone=\"yes\"?>\n" : "\"?>\n");
   for (const Node* node = document.At(document.Top()->children.first); node != nullptr;

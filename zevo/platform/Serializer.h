@@ -33,8 +33,9 @@ class Serializer {
   void Write(std::string_view text) { Write(text, Escapes::kNone); }
   /// Writes ASCII as it is.
   void WriteAscii(std::string_view text) {
-    if (kBufferSize - used_ < text.size()) [[unlikely]]
+    if (kBufferSize - used_ < text.size()) [[unlikely]] {
       return WriteAsciiBeyond(text);
+    }
     std::memcpy(buffer_.get() + used_, text.data(), text.size());
     used_ += text.size();
   }
