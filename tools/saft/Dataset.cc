@@ -15,8 +15,9 @@ Dataset::Dataset(std::string folder) : folder_(std::move(folder)) {
   if (!std::filesystem::exists(folder_)) throw Failure(folder_, "no such folder");
   if (!std::filesystem::is_directory(folder_)) throw Failure(folder_, "not a folder");
   const auto exists = [&](const char* file) { return std::filesystem::exists(PathOf(file)); };
-  if (std::ranges::none_of(kFiles, exists))
+  if (std::ranges::none_of(kFiles, exists)) {
     throw Failure(folder_, "not a dataset: it has no header.csv, customers.csv, ...");
+  }
 }
 
 std::string Dataset::PathOf(const char* file) const { return (std::filesystem::path(folder_) / file).string(); }

@@ -12,8 +12,9 @@ void EntriesWriter::Write() {
   Transactions transactions = ReadTransactions(journals);
   ReadLines(transactions.table);
   if (!transactions.has_file) {
-    if (!journals.Rows().empty())
+    if (!journals.Rows().empty()) {
       notes_ << "saft: " << journals.Path() << ": not written, there is no transactions.csv\n";
+    }
   } else if (!journals.Rows().empty()) {
     WriteSection(journals, transactions);
   }

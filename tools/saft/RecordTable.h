@@ -39,7 +39,7 @@ class RecordTable {
   /// The place of the record that a row of another file names in a parent column. Fails when there is none.
   size_t PlaceOfParent(const RecordFile& child, size_t parent = 0) const {
     const auto place = index_.Find(child.Parent(parent));
-    if (!place) child.FailAtParent(parent, "not in " + std::filesystem::path(path_).filename().string());
+    if (!place) child.FailAtParent(parent, "not in " + std::filesystem::path{path_}.filename().string());
     return *place;
   }
   T& ParentOf(const RecordFile& child, size_t parent = 0) const { return *rows_[PlaceOfParent(child, parent)].record; }

@@ -35,8 +35,9 @@ void PrintHeader(const Summary::Values& header, std::ostream& out) {
 void PrintCounts(const Summary& summary, std::ostream& out) {
   out << "\nRecords\n";
   Table table(1);
-  for (const auto& [record, number] : summary.counts)
+  for (const auto& [record, number] : summary.counts) {
     table.Add({record, number ? std::to_string(*number) : "unreadable"});
+  }
   table.Print(out);
 }
 

@@ -33,10 +33,10 @@ void TextFileDALHelper::CreateFile() {
   open_.clear();
   try {
     stream_.CreateStream();
-    stream_.WriteChars("<?xml version=\"1.0\" encoding=\"windows-1252\"?>");
+    stream_.WriteChars(R"(<?xml version="1.0" encoding="windows-1252"?>)");
     stream_.WriteChars("<AuditFile xmlns=\"");
     stream_.WriteChars(kNamespace);
-    stream_.WriteChars("\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">");
+    stream_.WriteChars(R"(" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance">)");
     open_.push_back(handles_->Root());
   } catch (...) {
     open_.clear();

@@ -62,7 +62,7 @@ void DecimalNumber::Take(char digit, bool whole) {
 }
 
 int64_t DecimalNumber::Scaled(int decimals) const {
-  constexpr uint64_t kGreatest = static_cast<uint64_t>(INT64_MAX);
+  constexpr auto kGreatest = static_cast<uint64_t>(INT64_MAX);
   uint64_t magnitude = 0;
   if (count_ > 0) {
     const int64_t wanted = point_ + decimals;

@@ -94,7 +94,7 @@ SchemaValidator::SchemaValidator(const std::string& schemaFile, std::string sour
   if (!context) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
   xmlSchemaSetParserStructuredErrors(context.get(), &FirstError::Take, &first);
   schema_->compiled.reset(xmlSchemaParse(context.get()));
-  if (first.error) throw *first.error;
+  if (first.error) throw Error(*first.error);
   if (!schema_->compiled) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
 }
 

@@ -13,7 +13,7 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kBufferSize = 256 * 1024;
+constexpr size_t kBufferSize = size_t{256} * 1024;
 
 unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 
@@ -239,8 +239,7 @@ size_t TextDecoder::DecodeUtf16(char* utf8, size_t size) {
     AppendCharacter(character, text);
     position_ += width;
   }
-  std::memcpy(utf8, text.data(), text.size());
-  return text.size();
+  return text.copy(utf8, text.size());
 }
 
 }  // namespace zevo
