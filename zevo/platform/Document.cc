@@ -72,7 +72,7 @@ std::string_view Document::CopyText(std::string_view text) {
 }
 
 Element Document::Root() const {
-  for (Node* node = At(top_->children.first); node != nullptr; node = At(node->next)) {
+  for (Node* node = At(top_->children.first); node != nullptr; node = Next(node)) {
     if (node->Kind() == NodeKind::kElement) return Element(node);
   }
   return Element();
@@ -128,7 +128,7 @@ void Document::SetText(Element element, std::string_view text) {
   }
   Node* lastAttribute = nullptr;
   Node* child = At(node->children.first);
-  for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = At(child->next)) lastAttribute = child;
+  for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = Next(child)) lastAttribute = child;
   if (child != nullptr) {
     // Children go away that may be known from earlier questions.
     found_ = {};
@@ -164,7 +164,7 @@ bool Document::IsNamed(const Node* node, uint32_t local) const {
 
 Node* Document::FirstNamed(const Node* from, uint32_t local) const {
   Node* node = const_cast<Node*>(from);
-  while (node != nullptr && !IsNamed(node, local)) node = At(node->next);
+  while (node != nullptr && !IsNamed(node, local)) node = Next(node);
   return node;
 }
 
@@ -172,7 +172,7 @@ Element Document::FirstChild(Element parent, uint32_t local) const {
   const Node* above = parent.node();
   if (local == NameTable::kNone || above->HoldsText()) return Element();
   Node* node = At(above->children.first);
-  for (size_t passed = 0; node != nullptr && passed < kPassedQuickly; ++passed, node = At(node->next)) {
+  for (size_t passed = 0; node != nullptr && passed < kPassedQuickly; ++passed, node = Next(node)) {
     if (IsNamed(node, local)) return Element(node);
   }
   if (node == nullptr) return Element();
@@ -199,7 +199,7 @@ Element Document::FirstChildByKey(Element parent, std::string_view name, std::st
   }
   for (const uint32_t child : std::exchange(index_.unsettled, {})) IndexKeys(At(child));
   const uint32_t from = index_.last_seen == 0 ? parent.node()->children.first : At(index_.last_seen)->next;
-  for (const Node* child = At(from); child != nullptr; child = At(child->next)) {
+  for (const Node* child = At(from); child != nullptr; child = Next(child)) {
     IndexKeys(child);
     index_.last_seen = Reference(child);
   }
@@ -211,7 +211,7 @@ void Document::IndexKeys(const Node* child) const {
   if (child->Kind() != NodeKind::kElement || names_.Local(child->Name()) != index_.name || child->HoldsText()) return;
   const uint32_t reference = Reference(child);
   for (Node* node = FirstNamed(At(child->children.first), index_.key); node != nullptr;
-       node = FirstNamed(At(node->next), index_.key)) {
+       node = FirstNamed(Next(node), index_.key)) {
     const auto [entry, added] = index_.first.emplace(Element(node).AllText(), reference);
     // Children are numbered in their order.
     if (!added) entry->second = std::min(entry->second, reference);
@@ -223,7 +223,7 @@ ElementRange::ElementRange(const Element& parent) {
   if (node == nullptr || node->HoldsText()) return;
   const Document& document = Document::Of(node);
   first_ = document.At(node->children.first);
-  while (first_ != nullptr && first_->Kind() != NodeKind::kElement) first_ = document.At(first_->next);
+  while (first_ != nullptr && first_->Kind() != NodeKind::kElement) first_ = document.Next(first_);
 }
 
 std::string_view Element::Name() const {
@@ -237,7 +237,7 @@ std::string_view Element::LeadingText() const {
   if (node_->HoldsText()) return node_->Text();
   const Document& document = Owner();
   const Node* child = document.At(node_->children.first);
-  while (child != nullptr && child->Kind() == NodeKind::kAttribute) child = document.At(child->next);
+  while (child != nullptr && child->Kind() == NodeKind::kAttribute) child = document.Next(child);
   return child != nullptr && child->Kind() == NodeKind::kText ? child->Text() : std::string_view();
 }
 
@@ -255,7 +255,7 @@ std::optional<std::string_view> Element::Attribute(std::string_view qualifiedNam
   if (node_->HoldsText()) return std::nullopt;
   const Document& document = Owner();
   for (const Node* node = document.At(node_->children.first); node != nullptr && node->Kind() == NodeKind::kAttribute;
-       node = document.At(node->next)) {
+       node = document.Next(node)) {
     if (document.Names().Text(node->Name()) == qualifiedName) return node->Text();
   }
   return std::nullopt;
@@ -268,8 +268,8 @@ Element Element::Parent() const {
 
 Element Element::NextSibling() const {
   const Document& document = Owner();
-  Node* next = document.At(node_->next);
-  while (next != nullptr && next->Kind() != NodeKind::kElement) next = document.At(next->next);
+  Node* next = document.Next(node_);
+  while (next != nullptr && next->Kind() != NodeKind::kElement) next = document.Next(next);
   return Element(next);
 }
 
