@@ -57,7 +57,7 @@ class NameTable {
   static constexpr size_t kPlaces = 4;
   Seen* PlacesOf(const char* local) {
     const uint64_t spread = reinterpret_cast<uintptr_t>(local) * uint64_t{0x9E3779B97F4A7C15};
-    return &seen_[(spread >> 48) % (seen_.size() / kPlaces) * kPlaces];
+    return &seen_[static_cast<size_t>(spread >> 48) % (seen_.size() / kPlaces) * kPlaces];
   }
   uint32_t AddParsedAt(Seen* places, const char* local, const char* prefix);
   uint32_t Insert(std::string_view text);
