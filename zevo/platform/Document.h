@@ -23,6 +23,11 @@ enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, k
 /// A node as it lies in memory: 24 bytes, linked by 32-bit references that the document resolves. An element whose only
 /// content is a text holds it itself.
 struct Node {
+  struct Children {
+    uint32_t first;
+    uint32_t last;
+  };
+
   uint32_t parent;
   uint32_t next;
   // One word, not bit-fields: those are stored in pieces, and to read back as a whole what was stored in pieces takes a
@@ -31,10 +36,7 @@ struct Node {
   uint32_t length;  // of the text
   union {
     char* text;
-    struct {
-      uint32_t first;
-      uint32_t last;
-    } children;
+    Children children;
   };
 
   static constexpr uint32_t kNameMask = NameTable::kMostNames;

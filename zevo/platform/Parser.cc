@@ -27,8 +27,12 @@ std::string_view View(const xmlChar* text, int length) {
   return std::string_view(Text(text), static_cast<size_t>(length));
 }
 
+// libxml2 makes a document for the entities that a file declares, and forgets it where the file breaks off.
 struct FreeContext {
-  void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+  void operator()(xmlParserCtxt* context) const {
+    xmlFreeDoc(context->myDoc);
+    xmlFreeParserCtxt(context);
+  }
 };
 
 // Runs what reads the file, and gives its errors the source that the parser's own have.

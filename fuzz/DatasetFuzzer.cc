@@ -1,0 +1,85 @@
+// Any text as a dataset: its files, each after a line with a number sign and its name, become an audit file, or are
+// refused with the place of the fault.
+
+#include <zevo/adapters.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <sstream>
+#include <string>
+
+#include "fuzz/Expect.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tools/saft/AuditFileOutput.h"
+#include "tools/saft/Dataset.h"
+#include "tools/saft/EntriesWriter.h"
+#include "tools/saft/Failure.h"
+#include "tools/saft/InvoicesWriter.h"
+#include "tools/saft/MasterFilesWriter.h"
+
+using namespace zevo;
+
+namespace {
+
+constexpr const char* kFiles[] = {
+    saft::Dataset::kHeader,    saft::Dataset::kGeneralLedger, saft::Dataset::kCustomers,
+    saft::Dataset::kSuppliers, saft::Dataset::kProducts,      saft::Dataset::kTaxTable,
+    saft::Dataset::kJournals,  saft::Dataset::kTransactions,  saft::Dataset::kTransactionLines,
+    saft::Dataset::kInvoices,  saft::Dataset::kInvoiceLines,  saft::Dataset::kCreditNotes};
+
+// Lays the files out; a name that no file of a dataset has is passed over with what follows it.
+void WriteFiles(std::string_view text, const testing::TemporaryFolder& folder) {
+  for (const char* name : kFiles) {
+    const std::string heading = "#" + std::string(name) + "\n";
+    const size_t begin = text.find(heading);
+    if (begin == std::string_view::npos) {
+      std::filesystem::remove(folder.Path(name));
+      continue;
+    }
+    const std::string_view rest = text.substr(begin + heading.size());
+    folder.Write(name, rest.substr(0, rest.find("\n#")));
+  }
+}
+
+void Create(const testing::TemporaryFolder& folder, const std::string& path, saft::AuditFileOutput::Way way) {
+  std::ostringstream notes;
+  saft::AuditFileOutput output(path, way);
+  saft::Dataset dataset(folder.Path(""));
+  saft::MasterFilesWriter(dataset, output).Write();
+  saft::EntriesWriter(dataset, output, notes).Write();
+  saft::InvoicesWriter(dataset, output).Write();
+  output.Save();
+  dataset.Shortened().Report(notes);
+}
+
+bool IsCreated(const testing::TemporaryFolder& folder, const std::string& path, saft::AuditFileOutput::Way way) {
+  try {
+    Create(folder, path, way);
+    return true;
+  } catch (const saft::Failure& failure) {
+    fuzz::Expect(*failure.what() != '\0', "a failure without a reason");
+    fuzz::Expect(!std::filesystem::exists(path), "a file that was not finished is left behind");
+    return false;
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  static const testing::TemporaryFolder folder;
+  static const testing::TemporaryFolder output;
+  static const std::string path = output.Path("audit.xml");
+  Options().set_SchemaLocation(ZEVO_SCHEMA_FILE);
+  Options().set_ValidateOnAssignment(true);
+
+  WriteFiles({reinterpret_cast<const char*>(data), size}, folder);
+  for (const auto way : {saft::AuditFileOutput::kInMemory, saft::AuditFileOutput::kSequential}) {
+    if (!IsCreated(folder, path, way)) continue;
+    AuditFileReader reader;
+    reader.set_AuditFileName(path);
+    fuzz::Expect(reader.OpenAuditFile(), "what was created cannot be opened");
+    std::filesystem::remove(path);
+  }
+  return 0;
+}
