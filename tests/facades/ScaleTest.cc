@@ -11,6 +11,7 @@
 #include "tests/facades/ChildProcess.h"
 #include "tests/facades/Expectations.h"
 #include "tests/facades/SampleFile.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/support/TemporaryFolder.h"
 
 // Memory grows in proportion to the file, or not at all where it is streamed.
@@ -19,12 +20,6 @@ namespace zevo {
 namespace {
 
 using namespace zevo::testing;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kMeasurable = false;
-#else
-constexpr bool kMeasurable = true;
-#endif
 
 constexpr int kRecords = 20'000;
 
@@ -50,7 +45,7 @@ int64_t PeakOf(Job&& job) {
 class ScaleTest : public ::testing::TestWithParam<Kind> {
  protected:
   void SetUp() override {
-    if (!kMeasurable) GTEST_SKIP() << "a sanitizer distorts memory";
+    if (kSanitized) GTEST_SKIP() << "a sanitizer distorts memory";
   }
 
   static SampleSize Size(int records) {
@@ -82,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(EveryKind, ScaleTest,
                                            Kind{"invoices", &SampleSize::invoices}));
 
 TEST(StreamScaleTest, MemoryDoesNotGrowWithAFileThatIsStreamed) {
-  if (!kMeasurable) GTEST_SKIP() << "a sanitizer distorts memory";
+  if (kSanitized) GTEST_SKIP() << "a sanitizer distorts memory";
   constexpr int kInvoices = 50'000;
   constexpr int64_t kMostKilobytes = 16'000;
   const TemporaryFolder folder;

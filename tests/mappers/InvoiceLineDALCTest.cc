@@ -180,7 +180,8 @@ TEST_F(InvoiceLineDALCTest, QuantityGoesThroughSinglePrecision) {
                                                                   {"1234567890.1234", "1234568000"},
                                                                   {"922337203685477.5807", "922337200000000"}};
   for (const auto& [quantity, text] : cases) {
-    const std::string written = WrittenWith([&](InvoiceLine& line) { line.set_Quantity(Amount::FromText(quantity)); });
+    const Amount amount = Amount::FromText(quantity);
+    const std::string written = WrittenWith([&](InvoiceLine& line) { line.set_Quantity(amount); });
     EXPECT_TRUE(Contains(written, "<Quantity>" + text + "</Quantity>")) << quantity << " in " << written;
   }
 }

@@ -68,6 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
         Unchanged("NamespaceDeclaredAgain", "<p:a xmlns:p=\"urn:p\"><p:b xmlns:p=\"urn:p\"/></p:a>"),
         Unchanged("ForeignElements",
                   "<a xmlns=\"urn:a\">\n  <x:b xmlns:x=\"urn:x\" x:k=\"v\"><x:c>1</x:c></x:b>\n</a>"),
+        Unchanged("AmpersandInANamespace", "<a xmlns=\"urn:a?b=1&amp;c=2\" xmlns:p=\"urn:p?&amp;amp;\"/>"),
         Unchanged("XmlAttributes", "<a xml:lang=\"pt\" xml:space=\"preserve\"> </a>"),
         Unchanged("SchemaLocation",
                   "<a xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\""

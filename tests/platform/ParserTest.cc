@@ -26,9 +26,9 @@
 #include "tests/platform/Numbered.h"
 #include "tests/platform/Parsing.h"
 #include "tests/platform/RichFile.h"
-#include "tests/platform/Sanitizers.h"
 #include "tests/platform/WatchedFile.h"
 #include "tests/support/Errors.h"
+#include "tests/support/Sanitizers.h"
 
 namespace zevo {
 namespace {
@@ -569,6 +569,16 @@ TEST(Parser, AFileRemovedWhileItIsReadIsReadToItsEnd) {
   AtTheFirstEvent handler([&] { std::filesystem::remove(file); });
   Parser(file, "S").Parse(handler);
   EXPECT_EQ(handler.elements, 100'001);
+}
+
+TEST(Parser, AByteThatStopsDecodingHasItsPlaceHoweverFullTheBufferIs) {
+  const Parsing parsing;
+  for (int length = 0; length < 9000; length += 83) {
+    const std::string content = "<a>" + std::string(static_cast<size_t>(length), 'x') + "\0</a>"s;
+    Document document;
+    EXPECT_THAT(testing::ErrorOf([&] { parsing.Load(document, content); }).Description(),
+                EndsWith(" " + Place(1, 4 + length)));
+  }
 }
 
 TEST(Parser, AFileCutShortWhileItIsReadIsRefused) {

@@ -25,7 +25,7 @@ TEST(Windows1252, EveryByteHasTheRegisteredCharacterBothWays) {
 }
 
 TEST(Windows1252, UndefinedBytesAreReadAsControlsAndNeverWritten) {
-  for (const char32_t c : {0x81, 0x8D, 0x8F, 0x90, 0x9D}) {
+  for (const char32_t c : {0x81U, 0x8DU, 0x8FU, 0x90U, 0x9DU}) {
     EXPECT_EQ(FromWindows1252(static_cast<unsigned char>(c)), c);
     EXPECT_EQ(ToWindows1252(c), -1);
   }

@@ -5,16 +5,37 @@
 
 #include <algorithm>
 #include <cstring>
+#include <random>
 #include <utility>
 
 namespace zevo {
 namespace {
 
+// An odd number that nobody can know: names that all share one place could be made for one that is known, and a file
+// of them would take hours to open.
+uint64_t Secret() {
+  static const uint64_t kSecret = [] {
+    std::random_device random;
+    return uint64_t{random()} << 32 | random() | 1U;
+  }();
+  return kSecret;
+}
+
+}  // namespace
+
+NameTable::NameTable(std::span<const std::string_view> first)
+    : secret_(Secret()), entries_(1, {{}, kNone, true, true}), slots_(512) {
+  for (const std::string_view name : first) {
+    const uint32_t number = Add(name);
+    if (number == plain_ + 1 && Local(number) == number && IsAscii(number)) plain_ = number;
+  }
+}
+
 // Eight bytes at a time, the last eight once more where they overlap: a name is looked up for nearly every element.
-size_t Hash(std::string_view text) {
+size_t NameTable::Hash(std::string_view text) const {
   uint64_t hash = text.size();
-  const auto mix = [&hash](uint64_t word) {
-    hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
+  const auto mix = [&hash, this](uint64_t word) {
+    hash = (hash ^ word) * secret_;
     hash ^= hash >> 32;
   };
   uint64_t word = 0;
@@ -30,15 +51,6 @@ size_t Hash(std::string_view text) {
     mix(word);
   }
   return static_cast<size_t>(hash);
-}
-
-}  // namespace
-
-NameTable::NameTable(std::span<const std::string_view> first) : entries_(1, {{}, kNone, true, true}), slots_(512) {
-  for (const std::string_view name : first) {
-    const uint32_t number = Add(name);
-    if (number == plain_ + 1 && Local(number) == number && IsAscii(number)) plain_ = number;
-  }
 }
 
 uint32_t NameTable::Find(std::string_view name) const {

@@ -59,10 +59,12 @@ class NameTable {
     const uint64_t spread = reinterpret_cast<uintptr_t>(local) * uint64_t{0x9E3779B97F4A7C15};
     return &seen_[static_cast<size_t>(spread >> 48) % (seen_.size() / kPlaces) * kPlaces];
   }
+  size_t Hash(std::string_view text) const;
   uint32_t AddParsedAt(Seen* places, const char* local, const char* prefix);
   uint32_t Insert(std::string_view text);
   void Grow();
 
+  uint64_t secret_;
   uint32_t plain_ = 0;
   std::vector<Entry> entries_;
   std::deque<std::string> texts_;

@@ -155,17 +155,19 @@ class Run {
     for (ptrdiff_t i = 0; i < namespaces; ++i) {
       const xmlChar* const* row = namespaceTexts + i * 2;
       const ParsedName name = row[0] == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{Text(row[0]), "xmlns"};
-      attributes_.push_back({name, row[1] == nullptr ? "" : Text(row[1])});
+      attributes_.push_back({name, row[1] == nullptr ? "" : WithAmpersands(Text(row[1]))});
     }
     for (ptrdiff_t i = 0; i < attributes; ++i) {
       const xmlChar* const* row = attributeTexts + i * 5;
-      std::string_view value = View(row[3], static_cast<int>(row[4] - row[3]));
-      // This is how libxml2 hands over an ampersand.
-      if (value.find('&') != std::string_view::npos) {
-        value = attribute_texts_.emplace_back(ReplaceAll(value, "&#38;", "&"));
-      }
-      attributes_.push_back({{Text(row[0]), Text(row[1])}, value});
+      const std::string_view value = View(row[3], static_cast<int>(row[4] - row[3]));
+      attributes_.push_back({{Text(row[0]), Text(row[1])}, WithAmpersands(value)});
     }
+  }
+
+  // In the value of an attribute libxml2 hands over an ampersand as a reference.
+  std::string_view WithAmpersands(std::string_view value) {
+    if (value.find('&') == std::string_view::npos) return value;
+    return attribute_texts_.emplace_back(ReplaceAll(value, "&#38;", "&"));
   }
 
   static void OnEndElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar*) {
@@ -301,7 +303,10 @@ class Run {
     int64_t line = input->line;
     auto column = static_cast<int64_t>(column_base_ + last_column_);
     if (decoder_.fault() != TextDecoder::Fault::kNone) {
-      for (const xmlChar* c = input->cur; c < input->end; ++c) {
+      // While the parser asks for bytes, its pointers may be into a buffer that has been replaced by a larger one.
+      const xmlChar* const content = xmlBufContent(input->buf->buffer);
+      const xmlChar* const end = content + xmlBufUse(input->buf->buffer);
+      for (const xmlChar* c = content + (input->cur - input->base); c < end; ++c) {
         if (*c == '\n') {
           ++line;
           column = 1;
