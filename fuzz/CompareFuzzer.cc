@@ -57,15 +57,18 @@ bool IsLaidOutWell(const std::string& file) {
   return ready && audit.ValidateAuditFile();
 }
 
-// A reader that goes record by record finds a journal by its number; tax tables are one to it.
+// A reader that goes record by record finds a journal by its number; tax tables are one to it; and where the first
+// record of a kind cannot be read, the next call begins with it again.
 bool IsUnambiguous(const testing::FileRecords& found) {
   std::vector<std::string_view> journals;
   int tables = 0;
   for (const auto& [kind, values] : found.records) {
-    if (kind == "TaxTable") ++tables;
-    if (kind != "Journal") continue;
-    if (values.empty()) return false;
-    journals.push_back(values.at("Journal.JournalID"));
+    if (kind == "TaxTable") {
+      ++tables;
+    } else if (values.empty()) {
+      return false;
+    }
+    if (kind == "Journal") journals.push_back(values.at("Journal.JournalID"));
   }
   std::ranges::sort(journals);
   return tables <= 1 && std::ranges::adjacent_find(journals) == journals.end() &&

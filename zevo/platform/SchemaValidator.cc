@@ -9,9 +9,12 @@
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlError.h>
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace zevo {
 namespace {
@@ -43,18 +46,88 @@ struct NoEvents : ParserHandler {
   void Characters(std::string_view) override {}
 };
 
-// A schema that pulls in others would have them read from wherever it says.
-struct NoReferences : NoEvents {
-  explicit NoReferences(const std::string& given) : source(given) {}
+// What a schema must not do: pull in others, which would be read from wherever it says, or grow without bounds when its
+// definitions, each naming the next one twice, are put in each other's places.
+class Restrictions : public NoEvents {
+ public:
+  explicit Restrictions(const std::string& source) : source_(source) {}
+
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
     const std::string_view local = name.local;
-    if (local != "include" && local != "import" && local != "redefine") return;
+    if (local == "include" || local == "import" || local == "redefine") RefuseLocation(attributes);
+    ++depth_;
+    if (depth_ == kDefinitionDepth) current_ = &definitions_[std::string(ValueOf(attributes, "name"))];
+    if (depth_ < kDefinitionDepth) return;
+    ++current_->elements;
+    if (local == "group" || local == "attributeGroup") Note(ValueOf(attributes, "ref"));
+    for (const std::string_view reference : {"base", "itemType", "memberTypes"}) Note(ValueOf(attributes, reference));
+  }
+  void EndElement(const ParsedName&) override { --depth_; }
+
+  /// To be called after the last element.
+  void CheckGrowth() {
+    size_t elements = 0;
+    for (auto& [name, definition] : definitions_) elements += Grown(definition, 0);
+    if (elements > kMostElements) Refuse(XML_ERR_USER_STOP, kTooLarge);
+  }
+
+ private:
+  struct Definition {
+    size_t elements = 0;
+    std::vector<std::string> references;
+    std::optional<size_t> grown;  // zero while it is being counted: a definition in itself is an error of its own
+  };
+
+  static constexpr int kDefinitionDepth = 2;
+  // The shipped schema has some 600.
+  static constexpr size_t kMostElements = 100'000;
+  static constexpr int kLongestChain = 500;
+  static constexpr std::string_view kTooLarge = "As definições do esquema remetem umas para outras vezes de mais";
+
+  [[noreturn]] void Refuse(int number, std::string_view reason) const { throw XmlError(number, source_, reason, 0, 0); }
+
+  static std::string_view ValueOf(std::span<const ParsedAttribute> attributes, std::string_view name) {
+    for (const ParsedAttribute& attribute : attributes) {
+      if (std::string_view(attribute.name.local) == name) return attribute.value;
+    }
+    return {};
+  }
+
+  void RefuseLocation(std::span<const ParsedAttribute> attributes) const {
     for (const ParsedAttribute& attribute : attributes) {
       if (std::string_view(attribute.name.local) != "schemaLocation") continue;
-      throw XmlError(XML_SCHEMAP_SRC_INCLUDE, source, "O esquema remete para outro ficheiro", 0, 0);
+      Refuse(XML_SCHEMAP_SRC_INCLUDE, "O esquema remete para outro ficheiro");
     }
   }
-  const std::string& source;
+
+  // A list of qualified names; definitions are known by what follows the prefix.
+  void Note(std::string_view names) {
+    constexpr std::string_view kSpaces = " \t\r\n";
+    for (size_t begin = names.find_first_not_of(kSpaces); begin != std::string_view::npos;) {
+      const std::string_view name = names.substr(begin, names.find_first_of(kSpaces, begin) - begin);
+      current_->references.emplace_back(name.substr(name.find(':') + 1));
+      begin = names.find_first_not_of(kSpaces, begin + name.size());
+    }
+  }
+
+  size_t Grown(Definition& definition, int chain) {
+    if (definition.grown) return *definition.grown;
+    if (chain > kLongestChain) Refuse(XML_ERR_USER_STOP, kTooLarge);
+    definition.grown = 0;
+    size_t elements = definition.elements;
+    for (const std::string& reference : definition.references) {
+      const auto found = definitions_.find(reference);
+      if (found != definitions_.end())
+        elements = std::min(elements + Grown(found->second, chain + 1), kMostElements + 1);
+    }
+    definition.grown = elements;
+    return elements;
+  }
+
+  const std::string& source_;
+  int depth_ = 0;
+  Definition* current_ = nullptr;
+  std::unordered_map<std::string, Definition> definitions_;
 };
 
 // The content of a file in UTF-8, which its declaration then tells too.
@@ -84,8 +157,9 @@ struct SchemaValidator::Schema {
 SchemaValidator::SchemaValidator(const std::string& schemaFile, std::string source)
     : schema_(std::make_unique<Schema>()), source_(std::move(source)) {
   // Read by our own parser first, so that a schema meets the same refusals as any file.
-  NoReferences references(source_);
-  Parser(schemaFile, source_).Parse(references);
+  Restrictions restrictions(source_);
+  Parser(schemaFile, source_).Parse(restrictions);
+  restrictions.CheckGrowth();
   const std::string text = Utf8Of(schemaFile);
 
   FirstError first{source_, std::nullopt};
