@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 #include <libxml/xmlschemas.h>
+#include <libxml/xmlschemastypes.h>
 #include <zevo/Error.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
@@ -10,6 +11,7 @@
 #include <zevo/platform/XmlError.h>
 
 #include <algorithm>
+#include <mutex>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -156,6 +158,9 @@ struct SchemaValidator::Schema {
 
 SchemaValidator::SchemaValidator(const std::string& schemaFile, std::string source)
     : schema_(std::make_unique<Schema>()), source_(std::move(source)) {
+  // libxml2 makes its table of built-in types when it is first wanted, with no thought of threads.
+  static std::once_flag once;
+  std::call_once(once, xmlSchemaInitTypes);
   // Read by our own parser first, so that a schema meets the same refusals as any file.
   Restrictions restrictions(source_);
   Parser(schemaFile, source_).Parse(restrictions);
