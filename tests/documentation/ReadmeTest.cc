@@ -55,7 +55,7 @@ std::vector<std::string> FilesNamedIn(const std::string& text) {
   constexpr std::string_view kInNames = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./-";
   std::vector<std::string> names;
   for (const std::string folder :
-       {"zevo/", "schema/", "tools/", "examples/", "tests/", "bench/", "docs/", "scripts/", ".ci/"}) {
+       {"zevo/", "schema/", "tools/", "examples/", "tests/", "bench/", "fuzz/", "docs/", "scripts/", ".ci/"}) {
     for (size_t at = text.find(folder); at != std::string::npos; at = text.find(folder, at + 1)) {
       if (at == 0 || (text[at - 1] != '`' && text[at - 1] != '\n')) continue;
       names.push_back(text.substr(at, text.find_first_not_of(kInNames, at) - at));
@@ -66,8 +66,8 @@ std::vector<std::string> FilesNamedIn(const std::string& text) {
 
 TEST(ReadmeTest, EveryFileThatTheDocumentationNamesExists) {
   size_t count = 0;
-  for (const char* document :
-       {"README.md", "docs/architecture.md", "docs/com.md", "docs/performance.md", "examples/company/README.md"}) {
+  for (const char* document : {"README.md", "docs/architecture.md", "docs/com.md", "docs/performance.md",
+                               "docs/reliability.md", "examples/company/README.md"}) {
     for (const std::string& name : FilesNamedIn(ReadBytes(InSource(document)))) {
       EXPECT_TRUE(std::filesystem::exists(InSource(name))) << document << ": " << name;
       ++count;
