@@ -9,10 +9,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tests/facades/Expectations.h"
 #include "tests/facades/SampleFile.h"
+#include "tests/support/CodePoints.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zevo {
@@ -20,29 +22,13 @@ namespace {
 
 using namespace zevo::testing;
 
-constexpr char32_t kLast = 0x10FFFF;
-
-bool IsXml(char32_t c) {
-  if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
-  return (c < 0xD800 || c > 0xDFFF) && c != 0xFFFE && c != 0xFFFF;
-}
-
-// Also of a code point that UTF-8 has no place for.
-std::string Utf8Of(char32_t c) {
-  const auto continuing = [c](int shift) { return static_cast<char>(0x80U | (c >> shift & 0x3FU)); };
-  if (c < 0x80) return {static_cast<char>(c)};
-  if (c < 0x800) return {static_cast<char>(0xC0U | c >> 6), continuing(0)};
-  if (c < 0x10000) return {static_cast<char>(0xE0U | c >> 12), continuing(6), continuing(0)};
-  return {static_cast<char>(0xF0U | c >> 18), continuing(12), continuing(6), continuing(0)};
-}
-
 // All that XML takes, in pieces. Tabs and ends of lines have rules of their own; spaces at the ends would be lost.
 std::vector<std::string> AllTexts() {
   std::vector<std::string> texts;
   std::string text;
-  for (char32_t c = 0x20; c <= kLast; ++c) {
-    if (IsXml(c)) text += Utf8Of(c);
-    if (c % 4096 == 4095 || c == kLast) texts.push_back("(" + std::exchange(text, "") + ")");
+  for (char32_t c = 0x20; c <= kLastCodePoint; ++c) {
+    if (IsXmlCharacter(c)) text += Utf8Of(c);
+    if (c % 4096 == 4095 || c == kLastCodePoint) texts.push_back("(" + std::exchange(text, "") + ")");
   }
   return texts;
 }
@@ -134,7 +120,7 @@ TYPED_TEST_SUITE(CodePointTest, Writers);
 
 TYPED_TEST(CodePointTest, EveryCharacterOfXmlIsReadBackByOtherParsers) {
   const std::vector<std::string> texts = AllTexts();
-  ASSERT_EQ(texts.size(), (kLast + 1) / 4096);
+  ASSERT_EQ(texts.size(), (kLastCodePoint + 1) / 4096);
   for (const std::string& text : texts) ASSERT_TRUE(this->file_.CreateCustomer(*Named(text)));
   ASSERT_TRUE(Close(this->file_));
   EXPECT_TRUE(NamesReadByLibxml2(this->path_) == texts);
@@ -144,7 +130,7 @@ TYPED_TEST(CodePointTest, EveryCharacterOfXmlIsReadBackByOtherParsers) {
 TYPED_TEST(CodePointTest, EveryOtherOneIsRefusedBeforeAByteOfItsElement) {
   int refused = 0;
   for (char32_t c = 0; c <= 0xFFFF; ++c) {
-    if (IsXml(c)) continue;
+    if (IsXmlCharacter(c)) continue;
     ASSERT_FALSE(this->file_.CreateCustomer(*Named("a" + Utf8Of(c) + "b"))) << static_cast<uint32_t>(c);
     ASSERT_EQ(this->file_.AuditException()->Number(), kInvalidCall) << static_cast<uint32_t>(c);
     ++refused;

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <variant>
 
+#include "tests/support/CodePoints.h"
+
 namespace zevo::testing {
 namespace {
 
@@ -15,23 +17,8 @@ constexpr std::array<std::string_view, 27> kPieces = {
     "a",  "Z", "7",   " ",     "  ",     "é",    "ã",  "€",  "–",    "Ω",           "😀", "&", "<", ">",
     "\"", "'", "]]>", "&amp;", "&quot;", "<!--", "\t", "\n", "\r\n", "uma palavra", ".", ",", "-1"};
 
-constexpr size_t kLastCharacter = 0x10FFFF;
-
-std::string Utf8Of(size_t character) {
-  const auto continuing = [character](int shift) { return static_cast<char>(0x80U | (character >> shift & 0x3FU)); };
-  if (character < 0x80) return {static_cast<char>(character)};
-  if (character < 0x800) return {static_cast<char>(0xC0U | character >> 6), continuing(0)};
-  if (character < 0x10000) return {static_cast<char>(0xE0U | character >> 12), continuing(6), continuing(0)};
-  return {static_cast<char>(0xF0U | character >> 18), continuing(12), continuing(6), continuing(0)};
-}
-
-bool IsXmlCharacter(size_t character) {
-  if (character < 0x20) return character == '\t' || character == '\n' || character == '\r';
-  return (character < 0xD800 || character > 0xDFFF) && character != 0xFFFE && character != 0xFFFF;
-}
-
 std::string ArbitraryCharacter(Choices& choices) {
-  const size_t character = choices.Below(kLastCharacter + 1);
+  const auto character = static_cast<char32_t>(choices.Below(kLastCodePoint + 1));
   return IsXmlCharacter(character) ? Utf8Of(character) : "?";
 }
 
