@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <string>
 #include <string_view>
 
 namespace zevo::fuzz {
@@ -14,11 +15,9 @@ inline void Expect(bool holds, std::string_view what) {
   std::abort();
 }
 
-/// Ends the program unless two things are alike.
-inline void ExpectNoDifference(std::string_view difference, std::string_view between) {
-  if (difference.empty()) return;
-  std::cerr << between << ": " << difference << '\n';
-  std::abort();
+/// The same, unless two things are alike.
+inline void ExpectNoDifference(const std::string& difference, const std::string& between) {
+  Expect(difference.empty(), between + ": " + difference);
 }
 
 }  // namespace zevo::fuzz

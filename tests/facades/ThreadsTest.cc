@@ -6,7 +6,6 @@
 #include <libxml/xmlerror.h>
 #include <zevo/adapters.h>
 
-#include <atomic>
 #include <filesystem>
 #include <functional>
 #include <latch>

@@ -69,8 +69,10 @@ class Restrictions : public NoEvents {
   /// To be called after the last element.
   void CheckGrowth() {
     size_t elements = 0;
-    for (auto& [name, definition] : definitions_) elements += Grown(definition, 0);
-    if (elements > kMostElements) Refuse(XML_ERR_USER_STOP, kTooLarge);
+    for (auto& [name, definition] : definitions_) {
+      elements += Grown(definition, 0);
+      if (elements > kMostElements) Refuse(XML_ERR_USER_STOP, kTooLarge);
+    }
   }
 
  private:
@@ -81,7 +83,6 @@ class Restrictions : public NoEvents {
   };
 
   static constexpr int kDefinitionDepth = 2;
-  // The shipped schema has some 600.
   static constexpr size_t kMostElements = 100'000;
   static constexpr int kLongestChain = 500;
   static constexpr std::string_view kTooLarge = "As definições do esquema remetem umas para outras vezes de mais";
@@ -119,8 +120,8 @@ class Restrictions : public NoEvents {
     size_t elements = definition.elements;
     for (const std::string& reference : definition.references) {
       const auto found = definitions_.find(reference);
-      if (found != definitions_.end())
-        elements = std::min(elements + Grown(found->second, chain + 1), kMostElements + 1);
+      if (found == definitions_.end()) continue;
+      elements = std::min(elements + Grown(found->second, chain + 1), kMostElements + 1);
     }
     definition.grown = elements;
     return elements;
