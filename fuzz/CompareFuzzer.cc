@@ -15,7 +15,7 @@
 #include "fuzz/FileInMemory.h"
 #include "tests/facades/FileRecords.h"
 
-using namespace zevo;
+namespace zevo {
 
 namespace {
 
@@ -97,3 +97,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   return 0;
 }
+
+}  // namespace zevo

@@ -18,7 +18,7 @@
 #include "tools/saft/InvoicesWriter.h"
 #include "tools/saft/MasterFilesWriter.h"
 
-using namespace zevo;
+namespace zevo {
 
 namespace {
 
@@ -83,3 +83,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   return 0;
 }
+
+}  // namespace zevo

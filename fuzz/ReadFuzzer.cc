@@ -10,7 +10,7 @@
 #include "tests/facades/FileRecords.h"
 #include "tests/support/TemporaryFolder.h"
 
-using namespace zevo;
+namespace zevo {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static fuzz::FileInMemory given;
@@ -32,3 +32,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   fuzz::ExpectNoDifference(testing::Difference(found, again), "the file and what was saved of it");
   return 0;
 }
+
+}  // namespace zevo

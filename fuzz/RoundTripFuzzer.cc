@@ -12,7 +12,7 @@
 #include "tests/facades/FileRecords.h"
 #include "tests/support/TemporaryFolder.h"
 
-using namespace zevo;
+namespace zevo {
 
 namespace {
 
@@ -61,3 +61,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   fuzz::ExpectNoDifference(Difference(testing::ReadStreamed(streamed), expected), "streamed both ways, and built");
   return 0;
 }
+
+}  // namespace zevo

@@ -8,7 +8,7 @@
 #include "fuzz/Expect.h"
 #include "fuzz/FileInMemory.h"
 
-using namespace zevo;
+namespace zevo {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static fuzz::FileInMemory schema;
@@ -42,3 +42,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   return 0;
 }
+
+}  // namespace zevo

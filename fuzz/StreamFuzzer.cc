@@ -9,7 +9,7 @@
 #include "fuzz/FileInMemory.h"
 #include "tests/facades/FileRecords.h"
 
-using namespace zevo;
+namespace zevo {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static fuzz::FileInMemory given;
@@ -28,3 +28,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   streamer.ReadAuditFile();
   return 0;
 }
+
+}  // namespace zevo

@@ -104,7 +104,7 @@ std::string Difference(const FileRecords& one, const FileRecords& other) {
     if (i >= other.records.size()) return one.records[i].first + " in the first only";
     const auto& [kind, values] = one.records[i];
     const auto& [other_kind, other_values] = other.records[i];
-    if (kind != other_kind) return kind + " and " + other_kind;
+    if (kind != other_kind) return std::string(kind).append(" and ").append(other_kind);
     if (values.size() != other_values.size()) return kind + " with unlike properties";
     for (auto left = values.begin(), right = other_values.begin(); left != values.end(); ++left, ++right) {
       if (*left != *right) {

@@ -23,7 +23,7 @@ auto WithIndex(const VARIANT& index, Operation&& operation) {
   if (V_VT(&plain) == VT_BSTR) {
     const std::string key = TextOf(V_BSTR(&plain));
     VariantClear(&plain);
-    return operation(std::string_view(key));
+    return operation(std::string_view{key});
   }
   const bool number = V_VT(&plain) != VT_EMPTY && SUCCEEDED(VariantChangeType(&plain, &plain, 0, VT_I4));
   const int32_t position = number ? V_I4(&plain) : 0;

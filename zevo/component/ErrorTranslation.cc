@@ -61,7 +61,7 @@ HRESULT TranslateException(const IID& interfaceId) noexcept {
   }
 }
 
-long ErrorNumber(HRESULT result) {
+LONG ErrorNumber(HRESULT result) {
   return HRESULT_FACILITY(result) == FACILITY_CONTROL ? HRESULT_CODE(result) : result;
 }
 

@@ -13,7 +13,7 @@ namespace zevo::component {
 HRESULT TranslateException(const IID& interfaceId) noexcept;
 
 /// The number of the error behind a failed result: the reverse of the above.
-long ErrorNumber(HRESULT result);
+LONG ErrorNumber(HRESULT result);
 
 /// Runs what a method does. No exception leaves it.
 template <class Operation>

@@ -5,14 +5,14 @@
 namespace zevo::component {
 namespace {
 
-std::atomic<long> count = 0;
+std::atomic<int> count = 0;
 
 }  // namespace
 
 LiveObject::LiveObject() noexcept { Lock(); }
 LiveObject::~LiveObject() { Unlock(); }
 
-long LiveObject::Count() { return count; }
+int LiveObject::Count() { return count; }
 void LiveObject::Lock() { ++count; }
 void LiveObject::Unlock() { --count; }
 

@@ -11,7 +11,7 @@ class LiveObject {
   LiveObject& operator=(const LiveObject&) = delete;
   ~LiveObject();
 
-  static long Count();
+  static int Count();
   static void Lock();
   static void Unlock();
 };

@@ -10,12 +10,12 @@
 #include <zevo/component/Registration.h>
 #include <zevo/platform/windows/Unloading.h>
 
-using zevo::component::Guarded;
+namespace zevo::component {
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, LPVOID reserved) {
-  if (reason == DLL_THREAD_DETACH) zevo::EndThread(library);
+  if (reason == DLL_THREAD_DETACH) EndThread(library);
   // With nothing reserved, the process goes on without the server.
-  if (reason == DLL_PROCESS_DETACH && reserved == nullptr) zevo::EndLibrary(library);
+  if (reason == DLL_PROCESS_DETACH && reserved == nullptr) EndLibrary(library);
   return TRUE;
 }
 
@@ -23,20 +23,22 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
   IClassFactory* factory = nullptr;
-  const HRESULT ready = Guarded(id, [&] { factory = zevo::component::FactoryOf(classId); });
+  const HRESULT ready = Guarded(id, [&] { factory = FactoryOf(classId); });
   if (FAILED(ready)) return ready;
   return factory == nullptr ? CLASS_E_CLASSNOTAVAILABLE : factory->QueryInterface(id, object);
 }
 
-STDAPI DllCanUnloadNow() { return zevo::component::LiveObject::Count() == 0 ? S_OK : S_FALSE; }
+STDAPI DllCanUnloadNow() { return LiveObject::Count() == 0 ? S_OK : S_FALSE; }
 
 STDAPI DllRegisterServer() {
-  return FAILED(Guarded(IID_NULL, [] { zevo::component::Register(); })) ? SELFREG_E_CLASS : S_OK;
+  return FAILED(Guarded(IID_NULL, [] { Register(); })) ? SELFREG_E_CLASS : S_OK;
 }
 
 STDAPI DllUnregisterServer() {
-  return FAILED(Guarded(IID_NULL, [] { zevo::component::Unregister(); })) ? SELFREG_E_CLASS : S_OK;
+  return FAILED(Guarded(IID_NULL, [] { Unregister(); })) ? SELFREG_E_CLASS : S_OK;
 }
 
 /// How many objects of the server are held, for tests of hosts.
-extern "C" long STDAPICALLTYPE ZevoLiveObjects() { return zevo::component::LiveObject::Count(); }
+extern "C" LONG STDAPICALLTYPE ZevoLiveObjects() { return LiveObject::Count(); }
+
+}  // namespace zevo::component

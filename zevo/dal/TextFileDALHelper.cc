@@ -16,7 +16,7 @@ TextFileDALHelper::TextFileDALHelper() : handles_(NewDocument()) { handles_->App
 
 TextFileDALHelper::~TextFileDALHelper() {
   try {
-    CloseFile();
+    TextFileDALHelper::CloseFile();
   } catch (const std::exception&) {
     // Nobody is left to tell.
   }

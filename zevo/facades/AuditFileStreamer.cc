@@ -99,6 +99,8 @@ bool AuditFileStreamer::ReadAuditFile(bool wait) {
     reading_ = true;
     entity_failed_ = false;
     reader_->ReadFile();
+    // Events of the reading end it.
+    // cppcheck-suppress knownConditionTrueFalse
     while (wait && reading_) AwaitHostMessages();
   });
   return read && !entity_failed_;

@@ -1,9 +1,9 @@
 #include <zevo/model/LetterCase.h>
 
+#include <zevo/platform/Text.h>
+
 namespace zevo {
 namespace {
-
-unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 
 // Every letter pair of Windows-1252 outside ASCII takes two bytes in both cases.
 void FoldPair(char& lead, char& trail) {

@@ -44,10 +44,10 @@ void Document::AddChunk() {
     chunk->first_reference = static_cast<uint32_t>(chunks_.size()) << kSlotBits;
     chunks_.push_back(std::move(chunk));
   }
-  Chunk& chunk = *chunks_[chunks_used_];
+  Node* nodes = chunks_[chunks_used_]->nodes;
   // Reference 0 is no node.
-  next_node_ = chunk.nodes + (chunks_used_ == 0 ? 1 : 0);
-  nodes_end_ = chunk.nodes + kNodesInChunk;
+  next_node_ = nodes + (chunks_used_ == 0 ? 1 : 0);
+  nodes_end_ = nodes + kNodesInChunk;
   ++chunks_used_;
 }
 

@@ -60,6 +60,8 @@ void DocumentBuilder::EndText() {
 std::string_view DocumentBuilder::Shared(std::string_view text) {
   if (text.size() >= white_space_.size() || text.find_first_not_of(" \t\n\r") != std::string_view::npos) return text;
   std::string_view& known = white_space_[text.size()];
+  // An equal text may lie elsewhere: the first is kept.
+  // cppcheck-suppress duplicateConditionalAssign
   if (known != text) known = text;
   return known;
 }

@@ -154,7 +154,10 @@ std::string Utf8Of(const std::string& file) {
 }  // namespace
 
 struct SchemaValidator::Schema {
-  std::unique_ptr<xmlSchema, Deleter<xmlSchemaFree>> compiled;
+  struct Free {
+    void operator()(xmlSchema* schema) const { xmlSchemaFree(schema); }
+  };
+  std::unique_ptr<xmlSchema, Free> compiled;
 };
 
 SchemaValidator::SchemaValidator(const std::string& schemaFile, std::string source)

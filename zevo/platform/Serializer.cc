@@ -18,7 +18,6 @@ namespace {
 
 // The longest that a byte of text can become: &quot; for a quote.
 constexpr size_t kGrowth = 6;
-unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 
 std::string_view Reference(char c) {
   switch (c) {
@@ -119,13 +118,11 @@ size_t CopyBlocks(const char* from, size_t size, char* to) {
 #endif
 
 // Copies what needs no look at single characters from the front of `from`, and gives how much that is.
-size_t CopyPlain(const char* from, size_t size, char* to) {
+size_t CopyPlain([[maybe_unused]] const char* from, [[maybe_unused]] size_t size, [[maybe_unused]] char* to) {
 #ifdef __SSE2__
   if (size >= 16) return CopyBlocks<16>(from, size, to);
   if (size >= 8) return CopyBlocks<8>(from, size, to);
   if (size >= 4) return CopyBlocks<4>(from, size, to);
-#else
-  static_cast<void>(from), static_cast<void>(size), static_cast<void>(to);
 #endif
   return 0;
 }

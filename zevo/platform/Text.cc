@@ -7,7 +7,6 @@
 namespace zevo {
 namespace {
 
-unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 bool IsContinuation(char c) { return (Byte(c) & 0xC0) == 0x80; }
 
 constexpr uint64_t Repeat(uint8_t byte) { return 0x0101010101010101U * byte; }

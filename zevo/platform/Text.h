@@ -10,6 +10,9 @@ namespace zevo {
 
 // UTF-8. A character is a code point; bytes that are not UTF-8 count as they come and are never split off a sequence.
 
+/// A byte of a text as a number.
+constexpr unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
+
 /// The first `characters` characters of a text.
 std::string_view Leftmost(std::string_view text, int characters);
 

@@ -15,8 +15,6 @@ namespace {
 
 constexpr size_t kBufferSize = size_t{256} * 1024;
 
-unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
-
 // The bytes 0x80 to 0xFF as UTF-8, three bytes each with the length behind.
 struct Utf8Sequence {
   std::array<char, 3> bytes;

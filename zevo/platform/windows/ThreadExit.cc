@@ -41,7 +41,7 @@ void AtThreadExit(void (*function)(void*), void* argument) {
   auto* before = static_cast<Call*>(FlsGetValue(Slot()));
   auto call = std::make_unique<Call>(Call{function, argument, before});
   if (FlsSetValue(Slot(), call.get()) == 0) throw std::bad_alloc();
-  call.release();
+  static_cast<void>(call.release());
 }
 
 void RunThreadExits() {

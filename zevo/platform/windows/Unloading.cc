@@ -5,7 +5,7 @@
 #include <libxml/parser.h>
 
 // Its header has it only for its own build.
-extern "C" int XMLCALL xmlDllMain(void* library, unsigned long reason, void* reserved);
+extern "C" int XMLCALL xmlDllMain(void* library, DWORD reason, void* reserved);
 
 namespace zevo {
 
