@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <zevo/adapters.h>
+#include <zevo/platform/Document.h>
 
 #include <atomic>
 #include <cstdlib>
@@ -11,9 +12,12 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tests/facades/Expectations.h"
 #include "tests/facades/SampleFile.h"
+#include "tests/model/SchemaText.h"
+#include "tests/support/Errors.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/UseSchema.h"
 
@@ -321,6 +325,104 @@ TEST_P(OutOfMemoryTest, HostThatMakesFacadesAndRecordsMeetsBadAllocAlone) {
       EXPECT_TRUE(failed_one);
     }
     Disarm();
+  });
+}
+
+TEST_P(OutOfMemoryTest, StreamedElementsAreClosedWhateverFailed) {
+  ForEveryAllocation([&] {
+    std::filesystem::remove(path_);
+    AuditFileStreamWriter file;
+    file.set_AuditFileName(path_);
+    SalesInvoices invoices;
+    GeneralLedgerEntries entries;
+    if (!Run(file, "create", [](AuditFileStreamWriter& f) { return f.CreateAuditFile(); })) {
+      Disarm();
+      EXPECT_TRUE(file.CreateAuditFile()) << "a failed create leaves the façade closed";
+      return;
+    }
+    Run(file, "header", [&](AuditFileStreamWriter& f) { return f.CreateHeader(*records_.header); });
+    Run(file, "customer", [&](AuditFileStreamWriter& f) { return f.CreateCustomer(*records_.customer); });
+    Run(file, "product", [&](AuditFileStreamWriter& f) { return f.CreateProduct(*records_.product); });
+    Run(file, "entries", [&](AuditFileStreamWriter& f) { return f.BeginGeneralLedgerEntries(entries); });
+    Run(file, "journal", [&](AuditFileStreamWriter& f) { return f.BeginJournal(*records_.journal); });
+    Run(file, "transaction", [&](AuditFileStreamWriter& f) { return f.CreateTransaction(*records_.transaction); });
+    Run(file, "invoices", [&](AuditFileStreamWriter& f) { return f.BeginSalesInvoices(invoices); });
+    Run(file, "invoice", [&](AuditFileStreamWriter& f) { return f.CreateInvoice(*records_.invoice); });
+    Armed([&] { file.CloseAuditFile(); });
+    Disarm();
+    AuditFileReader reader;
+    reader.set_AuditFileName(path_);
+    EXPECT_TRUE(reader.OpenAuditFile()) << Told(reader.AuditException());
+  });
+}
+
+TEST_P(OutOfMemoryTest, SchemaIsChangedWhollyOrNotAtAll) {
+  const std::string schema = folder_.Write("other.xsd", SchemaLimiting({{"/AuditFile/Header/CompanyID", "3"}}));
+  ForEveryAllocation([&] {
+    bool changed = false;
+    try {
+      Armed([&] { Options().set_SchemaLocation(schema); });
+      changed = true;
+    } catch (const std::bad_alloc&) {
+      EXPECT_TRUE(failed_one);
+    }
+    Disarm();
+    EXPECT_EQ(Options().SchemaLocation(), changed ? schema : ZEVO_SCHEMA_FILE);
+    Header header;
+    header.set_CompanyID("123456789");
+    EXPECT_EQ(header.CompanyID(), changed ? "123" : "123456789");
+    header.set_ProductVersion(std::string(40, 'x'));
+    EXPECT_EQ(header.ProductVersion().size(), changed ? 40U : 30U);
+    Options().set_SchemaLocation(ZEVO_SCHEMA_FILE);
+  });
+}
+
+TEST_P(OutOfMemoryTest, ElementsAreFoundUnderTheKeysTheyGotMeanwhile) {
+  const std::string_view keys[] = {"a key that is longer than a few", "another that is longer than a few",
+                                   "one more that is longer than a few"};
+  ForEveryAllocation([&] {
+    Document document;
+    const Element root = document.AppendElement({}, "root");
+    std::vector<Element> items;
+    for (size_t i = 0; i < std::size(keys); ++i) items.push_back(document.AppendElement(root, "item"));
+    document.AppendElement(root, "key");
+    EXPECT_FALSE(document.FirstChildByKey(root, "item", "key", "none"));
+    for (size_t i = 0; i < std::size(keys); ++i) {
+      document.AppendText(document.AppendElement(items[i], "key"), NodeKind::kText, keys[i]);
+    }
+    try {
+      Armed([&] { document.FirstChildByKey(root, "item", "key", keys[0]); });
+    } catch (const std::bad_alloc&) {
+      EXPECT_TRUE(failed_one);
+    }
+    Disarm();
+    for (size_t i = 0; i < std::size(keys); ++i) {
+      EXPECT_EQ(document.FirstChildByKey(root, "item", "key", keys[i]), items[i]) << keys[i];
+    }
+  });
+}
+
+TEST_P(OutOfMemoryTest, CollectionThatCannotTakeALineKeepsTheOthersUnderTheirKeys) {
+  Options().set_ValidateOnAssignment(false);
+  ForEveryAllocation([&] {
+    LineCollection lines;
+    std::vector<std::shared_ptr<TransactionLine>> added;
+    for (int i = 0; i < 24; ++i) {
+      auto line = std::make_shared<TransactionLine>();
+      line->set_RecordID("a code that is longer than a few, " + std::to_string(i));
+      try {
+        Armed([&] { lines.Add(line); });
+        added.push_back(line);
+      } catch (const std::bad_alloc&) {
+        EXPECT_TRUE(failed_one);
+      }
+    }
+    Disarm();
+    ASSERT_EQ(lines.Count(), added.size());
+    for (const auto& line : added) {
+      EXPECT_EQ(lines.Item(line->RecordID()), line);
+      EXPECT_ERROR(lines.Add(line), 457, "ZevoAdapters11");
+    }
   });
 }
 

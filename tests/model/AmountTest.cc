@@ -88,7 +88,8 @@ TEST(AmountTest, IsReadFromADoubleToTheNearest) {
 }
 
 TEST(AmountTest, ADoubleThatDoesNotFitOrIsNoNumberOverflows) {
-  for (const double value : {922337203685478.0, -922337203685478.0, 1e300, -1e300, HUGE_VAL, -HUGE_VAL, std::nan("")}) {
+  for (const double value : {922337203685477.625, -922337203685477.625, 922337203685478.0, -922337203685478.0, 1e300,
+                             -1e300, HUGE_VAL, -HUGE_VAL, std::nan("")}) {
     EXPECT_ERROR(Amount::FromDouble(value), 6, "ZevoAdapters11");
   }
 }

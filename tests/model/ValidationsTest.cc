@@ -212,6 +212,11 @@ TEST_F(ValidationsTest, ALengthThatIsNoNumberIsATypeMismatch) {
   EXPECT_EQ(Cut("/Other"), "abcdefghij");
 }
 
+TEST_F(ValidationsTest, ANegativeLengthCutsNothing) {
+  Load(SchemaLimiting({{kName, "-5"}}));
+  EXPECT_EQ(Cut(kName), "abcdefghij");
+}
+
 TEST_F(ValidationsTest, ALengthBeyondSixteenBitsOverflows) {
   Load(SchemaLimiting({{kName, "32768"}}));
   EXPECT_ERROR(Cut(kName), 6, "ZevoAdapters11");

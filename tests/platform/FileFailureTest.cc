@@ -76,6 +76,8 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"open", 1, EACCES, RunTimeError::kPermissionDenied},
         Failure{"open", 1, EROFS, RunTimeError::kPermissionDenied}, Failure{"open", 1, ENOSPC, RunTimeError::kDiskFull},
         Failure{"open", 1, EIO, RunTimeError::kDeviceIO}, Failure{"open", 1, EMFILE, RunTimeError::kPathFileAccess},
+        Failure{"open", 1, EINVAL, RunTimeError::kBadFileName}, Failure{"open", 1, EILSEQ, RunTimeError::kBadFileName},
+        Failure{"open", 1, ENOMEM, RunTimeError::kOutOfMemory}, Failure{"fsync", 1, EBADF, RunTimeError::kBadFileName},
         Failure{"fchmod", 1, EPERM, RunTimeError::kPermissionDenied},
         Failure{"fchmod", 1, EIO, RunTimeError::kDeviceIO}, Failure{"write", 1, ENOSPC, RunTimeError::kDiskFull},
         Failure{"write", 2, ENOSPC, RunTimeError::kDiskFull}, Failure{"write", 1, EDQUOT, RunTimeError::kDiskFull},

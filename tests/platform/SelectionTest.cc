@@ -101,6 +101,15 @@ TEST_F(SelectionTest, ChildrenAreOfTheBaseOnly) {
   EXPECT_EQ(All("Line", document_.FirstChild(entries_, "Journal")), "2 4");
 }
 
+TEST_F(SelectionTest, NamesHaveLettersOfAnyKindDigitsAndSomeSigns) {
+  Document document;
+  parsing_.Load(document, "<r><A_b-1.c n='1'/><_x n='2'/><z9 n='3'/><Endereço n='4'/></r>");
+  EXPECT_EQ(All("A_b-1.c", document.Root()), "1");
+  EXPECT_EQ(All("_x", document.Root()), "2");
+  EXPECT_EQ(All("z9", document.Root()), "3");
+  EXPECT_EQ(All("Endereço", document.Root()), "4");
+}
+
 class Refused : public SelectionTest, public ::testing::WithParamInterface<std::string_view> {};
 
 TEST_P(Refused, IsAnInvalidExpression) {

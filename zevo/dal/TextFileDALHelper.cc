@@ -40,7 +40,8 @@ void TextFileDALHelper::CreateFile() {
     open_.push_back(handles_->Root());
   } catch (...) {
     open_.clear();
-    stream_.CloseStream();
+    // A file without a beginning would only be in the way of the next attempt.
+    stream_.DeleteStream();
     throw;
   }
 }
@@ -67,11 +68,15 @@ Element TextFileDALHelper::CreateElement(std::string_view name, std::string_view
   if (value.empty() && !required) return Element();
   RequireXmlText(name, value);
   CloseToParent(parent ? parent : handles_->Root());
-  stream_.WriteStartTag(name);
   if (value.empty()) {
-    open_.push_back(HandleFor(name));
-    return open_.back();
+    // What may fail goes before the tag: one that is written is closed.
+    const Element element = HandleFor(name);
+    open_.reserve(open_.size() + 1);
+    stream_.WriteStartTag(name);
+    open_.push_back(element);
+    return element;
   }
+  stream_.WriteStartTag(name);
   stream_.WriteChars(value, Escapes::kMarkupAndQuote);
   stream_.WriteEndTag(name);
   return Element();

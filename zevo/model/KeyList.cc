@@ -22,8 +22,11 @@ size_t KeyList::PlaceOf(std::string_view folded) const {
     return found == folded_.end() ? kUnknown : static_cast<size_t>(found - folded_.begin());
   }
   if (places_.empty()) {
-    places_.reserve(folded_.size() * 2);
-    for (size_t place = 0; place < folded_.size(); ++place) places_.emplace(folded_[place], place);
+    decltype(places_) places;
+    places.reserve(folded_.size() * 2);
+    for (size_t place = 0; place < folded_.size(); ++place) places.emplace(folded_[place], place);
+    // Whole or not at all, should memory run out.
+    places_ = std::move(places);
   }
   const auto found = places_.find(std::string(folded));
   return found == places_.end() ? kUnknown : found->second;

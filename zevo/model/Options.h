@@ -18,7 +18,8 @@ class ZEVO_API Options {
 
   /// Path of the schema file, in UTF-8. From the start, SAF-T-PT_1_01.xsd under the library's own folder, or the
   /// common-files folder on Windows. Assigning a path that differs in more than letter case loads that schema; one that
-  /// cannot be loaded raises nothing, texts are just not cut any more.
+  /// cannot be loaded raises nothing, texts are just not cut any more. When memory runs out, everything stays as it
+  /// was.
   std::string SchemaLocation() const;
   void set_SchemaLocation(std::string_view value);
 };

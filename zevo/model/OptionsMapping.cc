@@ -4,7 +4,7 @@
 #include <zevo/platform/Folders.h>
 #include <zevo/platform/ThreadExit.h>
 
-#include <memory>
+#include <utility>
 
 namespace zevo {
 namespace {
@@ -42,13 +42,16 @@ OptionsMapping::OptionsMapping() {
 
 void OptionsMapping::set_SchemaLocation(std::string_view value) {
   if (EqualIgnoringCase(value, schema_location_)) return;
-  schema_location_ = value;
+  std::string location(value);
+  auto schema = std::make_unique<Validations>();
+  schema->LoadSchema(location);
+  schema_location_ = std::move(location);
+  schema_ = std::move(schema);
   ForgetLimits();
-  schema_.LoadSchema(schema_location_);
 }
 
 int OptionsMapping::LookUp(BasePath path, int place, std::string_view element) {
-  const int limit = schema_.MaxLength(std::string(TextOf(path)).append("/").append(element));
+  const int limit = schema_->MaxLength(std::string(TextOf(path)).append("/").append(element));
   limits_[static_cast<size_t>(path)][static_cast<size_t>(place)] = static_cast<int16_t>(limit);
   return limit;
 }

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,16 +26,15 @@ class OptionsMapping {
   void set_ValidateOnAssignment(bool value) { validate_on_assignment_ = value; }
 
   const std::string& SchemaLocation() const { return schema_location_; }
-  /// Loads the schema at a path that differs in more than letter case from the present one.
+  /// Loads the schema at a path that differs in more than letter case from the present one. Only when memory runs out
+  /// is there an error, and everything stays as it was.
   void set_SchemaLocation(std::string_view value);
-
-  const Validations& Schema() const { return schema_; }
 
   /// Greatest length in characters of a property's value, Validations::kNoLimit when nothing limits it. `place` tells
   /// the properties under one path apart. What the schema says is looked up once for each property. Raises what
   /// Validations::MaxLength does.
   int MaxLength(BasePath path, int place, std::string_view element) {
-    if (!validate_on_assignment_ || !schema_.IsLoaded()) return Validations::kNoLimit;
+    if (!validate_on_assignment_ || !schema_->IsLoaded()) return Validations::kNoLimit;
     const int16_t known = limits_[static_cast<size_t>(path)][static_cast<size_t>(place)];
     return known != kNotLookedUp ? known : LookUp(path, place, element);
   }
@@ -56,7 +56,7 @@ class OptionsMapping {
 
   bool validate_on_assignment_ = true;
   std::string schema_location_;
-  Validations schema_;
+  std::unique_ptr<Validations> schema_ = std::make_unique<Validations>();
   std::array<std::array<int16_t, internal::kMaxRecordLines>, kBasePaths> limits_;
 };
 

@@ -40,7 +40,8 @@ void Validations::LoadSchema(const std::string& path) {
   try {
     DocumentBuilder builder(document_);
     Parser(path, std::string()).Parse(builder);
-  } catch (const Error&) {
+  } catch (const Error& error) {
+    if (error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory)) throw;
     return;
   }
   const Element schema = document_.Root();

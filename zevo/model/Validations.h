@@ -16,6 +16,7 @@ class Validations {
   static constexpr int kNoLimit = -1;
 
   /// Loads the schema. A file that cannot be loaded raises nothing: no schema is loaded then, and nothing is limited.
+  /// When memory runs out, raises error 7.
   void LoadSchema(const std::string& path);
   bool IsLoaded() const { return loaded_; }
 

@@ -32,10 +32,8 @@ std::string ElementText(std::string_view name, Element node) {
   startTag.append(name).append(">");
   const size_t tag = xml.find(startTag);
   if (tag == std::string::npos) return {};
-  const size_t tagEnd = xml.find('>', tag + 1);
-  const size_t next = xml.find('<', tag + 1);
-  if (tagEnd == std::string::npos || next == std::string::npos || next < tagEnd) return {};
-  return OnOneLine(Unescape(std::string_view{xml}.substr(tagEnd + 1, next - tagEnd - 1)));
+  const size_t text = tag + startTag.size();
+  return OnOneLine(Unescape(std::string_view{xml}.substr(text, xml.find('<', text) - text)));
 }
 
 ElementTexts::ElementTexts(Element node) : node_(node), walked_(node.node()) {

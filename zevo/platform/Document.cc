@@ -78,14 +78,15 @@ Element Document::Root() const {
   return Element();
 }
 
-// An element that held its text itself gets it as its first child.
+// An element that holds its text itself gets it as its first child.
 void Document::MakeRoomForChildren(Node* parent) {
-  if (!parent->HoldsText()) return;
-  char* const text = parent->text;
-  const uint32_t length = parent->length;
+  const std::string_view text = parent->Text();
+  // Made first: for want of memory nothing is lost.
+  Node* const child = text.empty() ? nullptr : NewNode(NodeKind::kText, NameTable::kNone, Reference(parent));
   parent->HoldChildren();
-  if (length == 0) return;
-  Append(parent, NodeKind::kText, NameTable::kNone)->Hold({text, length});
+  if (child == nullptr) return;
+  child->Hold(text);
+  parent->children = {Reference(child), Reference(child)};
 }
 
 Element Document::AppendElement(Element parent, std::string_view name) {
@@ -197,7 +198,10 @@ Element Document::FirstChildByKey(Element parent, std::string_view name, std::st
     index_.name = local;
     index_.key = keyLocal;
   }
-  for (const uint32_t child : std::exchange(index_.unsettled, {})) IndexKeys(At(child));
+  while (!index_.unsettled.empty()) {
+    IndexKeys(At(index_.unsettled.back()));
+    index_.unsettled.pop_back();
+  }
   const uint32_t from = index_.last_seen == 0 ? parent.node()->children.first : At(index_.last_seen)->next;
   for (const Node* child = At(from); child != nullptr; child = Next(child)) {
     IndexKeys(child);
