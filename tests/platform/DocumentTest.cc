@@ -2,14 +2,13 @@
 #include <gtest/gtest.h>
 #include <zevo/platform/Document.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tests/platform/Parsing.h"
+#include "tests/support/ProcessorTime.h"
 
 namespace zevo {
 namespace {
@@ -296,20 +295,6 @@ TEST_F(DocumentTest, SeveralDocumentsKeepTheirOwnAnswers) {
   EXPECT_EQ(&otherJournal.Owner(), &other);
 }
 
-// The best of several runs: other programs share the machine.
-// Beside other work on the machine a run may take several times as long: what would grow with the square takes a
-// hundred times as long for ten times as much.
-template <class Code>
-double BestSeconds(Code&& code) {
-  double best = 1e9;
-  for (int i = 0; i < 2; ++i) {
-    const auto start = std::chrono::steady_clock::now();
-    code();
-    best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-  }
-  return best;
-}
-
 // Adds journals, looks each one up right away and again at the end, and gives every one a child.
 void BuildJournals(int count) {
   Document document;
@@ -330,8 +315,9 @@ void BuildJournals(int count) {
 }
 
 TEST(Document, LookingUp200000JournalsByKeyTakesTimeLinearInTheirNumber) {
-  const double some = BestSeconds([] { BuildJournals(20'000); });
-  const double tenfold = BestSeconds([] { BuildJournals(200'000); });
+  const double some = testing::LeastProcessorSeconds(2, [] { BuildJournals(20'000); });
+  const double tenfold = testing::LeastProcessorSeconds(2, [] { BuildJournals(200'000); });
+  // What grew with the square would take a hundred times as long.
   EXPECT_LT(tenfold, 40 * some);
 }
 
@@ -346,8 +332,8 @@ TEST(Document, AppendingAndFindingTheFirstChildTakesTimeLinearInTheChildren) {
       EXPECT_EQ(document.FirstChild(root, "Totals"), last);
     }
   };
-  const double some = BestSeconds([&] { build(20'000); });
-  const double tenfold = BestSeconds([&] { build(200'000); });
+  const double some = testing::LeastProcessorSeconds(2, [&] { build(20'000); });
+  const double tenfold = testing::LeastProcessorSeconds(2, [&] { build(200'000); });
   EXPECT_LT(tenfold, 40 * some);
 }
 

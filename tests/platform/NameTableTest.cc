@@ -2,13 +2,12 @@
 #include <malloc.h>
 #include <zevo/platform/NameTable.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "tests/support/ProcessorTime.h"
 
 namespace zevo {
 namespace {
@@ -62,16 +61,12 @@ TEST(NameTable, AddingANameTakesNoLongerTheMoreThereAre) {
   mallopt(M_MMAP_THRESHOLD, 1 << 28);
   mallopt(M_TRIM_THRESHOLD, 1 << 28);
   const auto best = [](int count) {
-    double seconds = std::numeric_limits<double>::max();
-    for (int round = 0; round < 4; ++round) {
-      const auto start = std::chrono::steady_clock::now();
+    return testing::LeastProcessorSeconds(4, [&] {
       NameTable names({});
       for (int i = 0; i < count; ++i) names.Add("n" + std::to_string(i));
-      seconds = std::min(seconds, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    return seconds;
+    });
   };
-  // Work that grows with the square would take 64 times as long; caches and other programs have their share too.
+  // Work that grows with the square would take 64 times as long; caches have their share too.
   EXPECT_LT(best(40'000), 40 * best(5'000));
 }
 

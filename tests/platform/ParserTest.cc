@@ -10,7 +10,6 @@
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/SchemaValidator.h>
 
-#include <chrono>
 #include <cstdarg>
 #include <filesystem>
 #include <fstream>
@@ -28,6 +27,7 @@
 #include "tests/platform/RichFile.h"
 #include "tests/platform/WatchedFile.h"
 #include "tests/support/Errors.h"
+#include "tests/support/ProcessorTime.h"
 #include "tests/support/Sanitizers.h"
 
 namespace zevo {
@@ -37,17 +37,11 @@ using namespace std::string_literals;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using testing::Parsing;
+using testing::ProcessorSeconds;
 using testing::Repeated;
 
 std::string Place(int line, int column) {
   return "(linha " + std::to_string(line) + ", coluna " + std::to_string(column) + ")";
-}
-
-template <class Code>
-double SecondsOf(Code&& code) {
-  const auto start = std::chrono::steady_clock::now();
-  code();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 // What the parser delivers.
@@ -390,7 +384,7 @@ TEST(Parser, DepthOf256PassesAndOneMoreFails) {
 TEST(Parser, HostileNestingIsRefusedAtOnce) {
   const Parsing parsing;
   const std::string opened = Repeated("<a>", 3'000'000);
-  EXPECT_LT(SecondsOf([&] { ExpectBeyondLimit(parsing, opened); }), 2);
+  EXPECT_LT(ProcessorSeconds([&] { ExpectBeyondLimit(parsing, opened); }), 2);
 }
 
 constexpr size_t kMostText = 10'000'000;
@@ -451,20 +445,20 @@ TEST(Parser, ATagWith200000AttributesIsRefusedInTimeProportionalToWhatIsRead) {
   for (int i = 0; i < 200'000; ++i) tag += " k" + std::to_string(i) + "='v'";
   for (const std::string& bytes : {tag + "/>", "<a>" + tag + "/></a>"}) {
     // Three runs and the writing of their files.
-    EXPECT_LT(SecondsOf([&] { ExpectBeyondLimit(parsing, bytes); }), 1);
+    EXPECT_LT(ProcessorSeconds([&] { ExpectBeyondLimit(parsing, bytes); }), 1);
   }
 }
 
 TEST(Parser, AnAttributeThatNeverEndsIsRefusedAtOnce) {
   const Parsing parsing;
   const std::string open = "<a><b k='" + std::string(50'000'000, 'x');
-  EXPECT_LT(SecondsOf([&] { ExpectBeyondLimit(parsing, open); }), 2);
+  EXPECT_LT(ProcessorSeconds([&] { ExpectBeyondLimit(parsing, open); }), 2);
 }
 
 TEST(Parser, AHugeCommentIsReadOrRefusedInTimeProportionalToItsSize) {
   const Parsing parsing;
   parsing.ExpectAccepted("<a><!--" + std::string(9'000'000, 'x') + "--></a>");
-  EXPECT_LT(SecondsOf([&] { parsing.VerdictOn("<a><!--" + std::string(50'000'000, 'x') + "--></a>"); }), 5);
+  EXPECT_LT(ProcessorSeconds([&] { parsing.VerdictOn("<a><!--" + std::string(50'000'000, 'x') + "--></a>"); }), 5);
 }
 
 // Handlers and the host.
