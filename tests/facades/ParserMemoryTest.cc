@@ -21,6 +21,7 @@
 #include "tests/facades/Expectations.h"
 #include "tests/facades/FileRecords.h"
 #include "tests/facades/SampleFile.h"
+#include "tests/model/SchemaText.h"
 #include "tests/support/Sanitizers.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/UseSchema.h"
@@ -116,6 +117,21 @@ TEST_F(ParserMemoryTest, ReadingTellsOrReadsTheSame) {
 
 TEST_F(ParserMemoryTest, StreamingTellsOrReadsTheSame) {
   AtEveryAllocation(InWords(ReadStreamed(path_)), [&] { return InWords(ReadStreamed(path_)); });
+  EXPECT_EQ(died_in_libxml2_, 0);
+}
+
+TEST_F(ParserMemoryTest, ChangingTheSchemaTellsOrCutsAsItSays) {
+  const std::string schema = folder_.Write("other.xsd", SchemaLimiting({{"/AuditFile/Header/CompanyID", "3"}}));
+  AtEveryAllocation("123", [&]() -> std::string {
+    try {
+      Options().set_SchemaLocation(schema);
+    } catch (const Error& error) {
+      return error.Number() == 7 ? "told" : error.Description();
+    }
+    Header header;
+    header.set_CompanyID("123456789");
+    return header.CompanyID();
+  });
   EXPECT_EQ(died_in_libxml2_, 0);
 }
 

@@ -71,6 +71,11 @@ TEST(Parser, NamespaceDeclarationsAreAttributes) {
             "<a xmlns=urn:a xmlns:p=urn:p p:k=1><p:b xmlns=></p:b></a>");
 }
 
+TEST(Parser, ANamespaceMayHaveAnyName) {
+  EXPECT_EQ(Parsing().EventsOf("<a xmlns='not a URI' xmlns:p='%zz'><p:b/></a>"),
+            "<a xmlns=not a URI xmlns:p=%zz><p:b></p:b></a>");
+}
+
 TEST(Parser, EqualNamesAreTheSamePointers) {
   struct Pointers : testing::NoEvents {
     void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {

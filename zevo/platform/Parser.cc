@@ -250,6 +250,8 @@ class Run {
   static void OnError(void* self, xmlErrorPtr error) {
     Run& run = Of(self);
     if (error->level < XML_ERR_ERROR) return;
+    // A namespace may have any name. libxml2 says this too where it had no memory to look whether the name is a URI.
+    if (error->code == XML_WAR_NS_URI) return;
     if (error->code == XML_ERR_NO_MEMORY) run.out_of_memory_ = true;
     run.Fail(error->code, error->message == nullptr ? "" : error->message);
   }
