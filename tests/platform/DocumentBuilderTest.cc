@@ -151,6 +151,16 @@ TEST(DocumentBuilder, TextThatComesInManyPiecesIsOne) {
   EXPECT_EQ(document.FirstChild(document.Root(), "c").LeadingText(), "fim");
 }
 
+TEST(DocumentBuilder, NoCharactersAreNoText) {
+  Document document;
+  DocumentBuilder builder(document);
+  const char* const name = "a";
+  builder.StartElement({name, nullptr}, {});
+  builder.Characters({});
+  builder.EndElement({name, nullptr});
+  EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a/>"));
+}
+
 TEST(DocumentBuilder, WhiteSpaceOfEveryLengthAndKindIsKept) {
   const Parsing parsing;
   std::string content = "<a>";

@@ -39,6 +39,8 @@ void DocumentBuilder::EndElement(const ParsedName&) {
 }
 
 void DocumentBuilder::Characters(std::string_view text) {
+  // So comes an empty section, for which there may be no room yet.
+  if (text.empty()) return;
   if (length_ + text.size() > room_) {
     room_ = std::max(length_ + text.size(), 2 * room_);
     char* roomier = document_.ReserveText(room_);
