@@ -5,7 +5,6 @@
 #include <zevo/adapters.h>
 
 #include <concepts>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -17,6 +16,7 @@
 #include "tests/facades/ChildProcess.h"
 #include "tests/facades/Expectations.h"
 #include "tests/facades/SampleFile.h"
+#include "tests/support/ProcessorTime.h"
 #include "tests/support/Sanitizers.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/UseSchema.h"
@@ -210,12 +210,6 @@ const Access kAccesses[] = {
     {"AuditFile.ValidateAuditFile", kValidationSource, Validate},
 };
 
-int64_t ProcessorMicroseconds() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return int64_t{time.tv_sec} * 1'000'000 + time.tv_nsec / 1000;
-}
-
 int64_t PeakKilobytes() {
   std::ifstream status("/proc/self/status");
   for (std::string line; std::getline(status, line);) {
@@ -227,14 +221,12 @@ int64_t PeakKilobytes() {
 // What an access to a file takes more than it may; empty when it keeps within its bounds.
 std::string CostBeyond(size_t size, const Access& access, const std::string& path) {
   const auto bytes = static_cast<int64_t>(size);
-  const int64_t started = ProcessorMicroseconds();
   const int64_t held = PeakKilobytes();
   std::shared_ptr<const AuditException> exception;
-  access.run(path, exception);
-  const int64_t microseconds = ProcessorMicroseconds() - started;
+  const double seconds = ProcessorSeconds([&] { access.run(path, exception); });
   const int64_t kilobytes = PeakKilobytes() - held;
   std::string report;
-  if (microseconds > 50'000 + bytes / 20) report += std::to_string(microseconds) + " microseconds ";
+  if (seconds > 0.05 + 50e-9 * static_cast<double>(bytes)) report += std::to_string(seconds) + " seconds ";
   if (kilobytes > 16 * 1024 + bytes * 5 / 1024) report += std::to_string(kilobytes) + " kilobytes";
   return report;
 }
