@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <zevo/dal/TextStream.h>
 
+#include <functional>
 #include <string>
 
 #include "tests/support/Errors.h"
@@ -97,12 +98,30 @@ TEST_F(TextStreamTest, AFullDiskShowsAtTheLatestWhenFlushedAndFromThenOn) {
 TEST_F(TextStreamTest, AFullDiskShowsInTheWriteThatFillsTheBuffer) {
   stream_.set_FileName("/dev/full");
   stream_.OpenStream();
+  stream_.RequireWhole();
   const std::string piece(1000, 'x');
   const Error error = ErrorOf([&] {
     for (int i = 0; i < 1000; ++i) stream_.WriteChars(piece);
   });
   EXPECT_EQ(error.Number(), static_cast<int32_t>(RunTimeError::kDiskFull));
   EXPECT_NE(error.Description().find("No space left on device"), std::string::npos) << error.Description();
+
+  // Every later write, long or short, raises the same.
+  const std::function<void()> kWrites[] = {
+      [&] { stream_.WriteStartTag("City"); }, [&] { stream_.WriteChars("x"); },
+      [&] { stream_.WriteEndTag("City"); },   [&] { stream_.WriteLine(std::string(1'000'000, 'x')); },
+      [&] { stream_.RequireWhole(); },        [&] { stream_.Flush(); },
+      [&] { stream_.WriteChars("x"); },       [&] { stream_.RequireWhole(); },
+  };
+  for (const auto& write : kWrites) EXPECT_EQ(ErrorOf(write).what(), std::string(error.what()));
+
+  stream_.CloseStream();
+  stream_.set_FileName(folder_.Path("text"));
+  stream_.OpenStream();
+  stream_.WriteChars("written");
+  stream_.RequireWhole();
+  stream_.Flush();
+  EXPECT_EQ(Bytes(), "written");
 }
 
 }  // namespace

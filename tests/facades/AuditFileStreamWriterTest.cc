@@ -2,6 +2,7 @@
 #include <zevo/adapters.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,15 @@ using testing::TemporaryFolder;
 struct Operation {
   std::string name;
   std::function<bool(AuditFileStreamWriter&)> call;
+
+  bool Writes() const { return !name.starts_with("End"); }
 };
+
+std::shared_ptr<TaxTable> TableOfOneEntry() {
+  auto table = std::make_shared<TaxTable>();
+  table->TaxTableEntry()->Add(std::make_shared<TaxTableEntry>());
+  return table;
+}
 
 const std::vector<Operation>& RecordOperations() {
   static const std::vector<Operation> operations = {
@@ -37,7 +46,7 @@ const std::vector<Operation>& RecordOperations() {
       {"CreateGeneralLedger", [](auto& file) { return file.CreateGeneralLedger(GeneralLedger()); }},
       {"CreateCustomer", [](auto& file) { return file.CreateCustomer(Customer()); }},
       {"CreateSupplier", [](auto& file) { return file.CreateSupplier(Supplier()); }},
-      {"CreateTaxTable", [](auto& file) { return file.CreateTaxTable(TaxTable()); }},
+      {"CreateTaxTable", [](auto& file) { return file.CreateTaxTable(*TableOfOneEntry()); }},
       {"CreateProduct", [](auto& file) { return file.CreateProduct(Product()); }},
       {"BeginGeneralLedgerEntries", [](auto& file) { return file.BeginGeneralLedgerEntries(GeneralLedgerEntries()); }},
       {"EndGeneralLedgerEntries", [](auto& file) { return file.EndGeneralLedgerEntries(); }},
@@ -191,6 +200,61 @@ TEST_F(AuditFileStreamWriterTest, AFullDiskShowsInTheRecordThatFillsTheBuffer) {
   ASSERT_FALSE(good);
   EXPECT_THAT(file_, testing::RecordedError(testing::kDiskFull, "ZevoAdapters11",
                                             ::testing::HasSubstr("No space left on device")));
+}
+
+// Whatever was open when the write was lost, and whatever comes first after it.
+TEST_F(AuditFileStreamWriterTest, EveryOperationThatWritesFailsWithTheWriteThatWasLostUntilTheFileIsClosed) {
+  const struct {
+    std::string name;
+    std::function<bool(AuditFileStreamWriter&)> begin;
+    std::function<bool(AuditFileStreamWriter&)> goOn;
+  } kStates[] = {
+      {"master files", [](auto&) { return true; },
+       [](auto& file) { return file.CreateCustomer(*testing::SampleCustomer("C1")); }},
+      {"a journal",
+       [](auto& file) {
+         return file.BeginGeneralLedgerEntries(GeneralLedgerEntries()) &&
+                file.BeginJournal(*testing::SampleJournal("J"));
+       },
+       [](auto& file) { return file.CreateTransaction(*testing::SampleTransaction(1)); }},
+      {"sales invoices", [](auto& file) { return file.BeginSalesInvoices(SalesInvoices()); },
+       [](auto& file) { return file.CreateInvoice(*testing::SampleInvoice(1, "C1", "P1")); }},
+  };
+  for (const auto& state : kStates) {
+    for (size_t first = 0; first < RecordOperations().size(); ++first) {
+      SCOPED_TRACE(state.name + ", " + RecordOperations()[first].name);
+      file_.set_AuditFileName("/dev/full");
+      ASSERT_TRUE(file_.CreateAuditFile());
+      ASSERT_TRUE(state.begin(file_));
+      bool good = true;
+      for (int i = 0; good && i < 10'000; ++i) good = state.goOn(file_);
+      ASSERT_FALSE(good);
+      const auto lost = file_.AuditException();
+      ASSERT_THAT(file_, testing::RecordedError(testing::kDiskFull, "ZevoAdapters11",
+                                                ::testing::HasSubstr("No space left on device: /dev/full")));
+
+      for (size_t i = 0; i < RecordOperations().size() * 2; ++i) {
+        const Operation& operation = RecordOperations()[(first + i) % RecordOperations().size()];
+        EXPECT_EQ(operation.call(file_), !operation.Writes()) << operation.name;
+        if (operation.Writes()) {
+          EXPECT_THAT(file_, testing::RecordedError(lost->Number(), lost->Source(), lost->Description()));
+        } else {
+          EXPECT_THAT(file_, RecordedNothing());
+        }
+      }
+      EXPECT_TRUE(file_.CreateTaxTable(TaxTable())) << "a table without entries writes nothing";
+      const Error thrown = testing::ErrorOf([&] { file_.CloseAuditFile(); });
+      EXPECT_EQ(thrown.Number(), lost->Number());
+      EXPECT_EQ(thrown.Source(), lost->Source());
+      EXPECT_EQ(thrown.Description(), lost->Description());
+    }
+  }
+
+  file_.set_AuditFileName(folder_.Path("audit.xml"));
+  ASSERT_TRUE(file_.CreateAuditFile());
+  EXPECT_TRUE(file_.CreateCustomer(*testing::SampleCustomer("C1")));
+  EXPECT_TRUE(file_.CloseAuditFile());
+  EXPECT_TRUE(Bytes().ends_with("</Customer></MasterFiles></AuditFile>"));
 }
 
 TEST_F(AuditFileStreamWriterTest, AnAbandonedObjectLeavesAWellFormedFile) {

@@ -165,6 +165,7 @@ TEST_F(DiskFaultTest, SequentialWriteThatMeetsAnErrorTellsIt) {
     AuditFileStreamWriter file;
     file.set_AuditFileName(path);
     const auto step = [&](bool succeeded) {
+      EXPECT_FALSE(succeeded && !failures.empty()) << "wrote on where something was lost";
       if (succeeded) return;
       const auto exception = file.AuditException();
       failures.emplace_back(exception->Number(), exception->Source(), exception->Description());
@@ -189,7 +190,10 @@ TEST_F(DiskFaultTest, SequentialWriteThatMeetsAnErrorTellsIt) {
     AtEveryCall(FaultKind::kError, error, [&](const DiskFault& fault) {
       std::filesystem::remove(path);
       const std::vector<Error> failures = write();
-      for (const Error& failure : failures) ExpectReason(failure, error);
+      for (const Error& failure : failures) {
+        ExpectReason(failure, error);
+        EXPECT_STREQ(failure.what(), failures.front().what());
+      }
       EXPECT_EQ(failures.empty(), fault.Struck().empty());
       if (failures.empty()) {
         EXPECT_TRUE(ReadBytes(path) == whole);

@@ -59,7 +59,9 @@ void TextFileDALHelper::CloseFile() {
   stream_.CloseStream();
 }
 
+// Every operation that is going to write begins here, with a look at what is open.
 Element TextFileDALHelper::GetElement(std::string_view name, Element, std::string_view) {
+  stream_.RequireWhole();
   const auto open = std::ranges::find(open_, name, &Element::Name);
   return open == open_.end() ? Element() : *open;
 }
@@ -95,8 +97,8 @@ void TextFileDALHelper::UpdateElement(std::string_view name, std::string_view va
 
 Element TextFileDALHelper::CloseInnermost() {
   const Element innermost = open_.back();
-  open_.pop_back();
   stream_.WriteEndTag(innermost.Name());
+  open_.pop_back();
   return innermost;
 }
 

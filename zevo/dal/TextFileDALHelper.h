@@ -18,6 +18,8 @@ namespace zevo {
 /// Nothing that was written can be found or changed: GetElement knows only open elements, by name alone, and
 /// UpdateElement appends. A parent that is not open closes everything, the root included; it is for the caller to keep
 /// the order.
+///
+/// Once a write has failed, everything that writes or asks what is open raises that failure, until the file is closed.
 class TextFileDALHelper : public IDALHelper {
  public:
   TextFileDALHelper();

@@ -11,7 +11,7 @@
 namespace zevo {
 
 /// A file written from front to back, in Windows-1252. Bytes are held back until there are enough of them: a write that
-/// fails shows in a later operation, at the latest in Flush, and from then on in every one.
+/// fails shows in a later operation, at the latest in Flush, and from then on in every one that writes.
 class TextStream {
  public:
   TextStream();
@@ -36,6 +36,8 @@ class TextStream {
   /// Writes a start tag, or an end tag.
   void WriteStartTag(std::string_view name) { WriteTag("<", name); }
   void WriteEndTag(std::string_view name) { WriteTag("</", name); }
+  /// Raises the write that failed, if one did since the file was opened.
+  void RequireWhole() const;
   /// Hands what is held back to the system.
   void Flush();
   /// Closes and deletes the file. Never raises; a file that is missing is no failure.

@@ -28,8 +28,11 @@ class Transaction;
 /// Every operation but `CloseAuditFile` returns false on failure, keeps the failure in `AuditException` and throws
 /// nothing; success makes `AuditException` null. The calls must come in the order of the schema, which is not checked:
 /// Header; master records, grouped by kind; the ledger entries with each journal followed by its transactions; the
-/// sales invoices. What was written before a failure stays in the file. Bytes are held back, so that a full disk may
-/// show some calls later, at the latest in `CloseAuditFile`. An object is used by one thread at a time.
+/// sales invoices. What was written before a failure stays in the file.
+///
+/// Bytes are held back, so that a full disk may show some calls later, at the latest in `CloseAuditFile`. From then on
+/// every operation that writes fails in the same way, with that same failure, until the file is closed; those that
+/// write nothing, such as `EndJournal`, succeed. An object is used by one thread at a time.
 class ZEVO_API AuditFileStreamWriter : public Facade {
  public:
   AuditFileStreamWriter();

@@ -144,12 +144,16 @@ OutputFile::~OutputFile() {
 
 void OutputFile::Write(std::string_view bytes) {
   if (failure_ == 0) failure_ = WriteAll(descriptor_, bytes);
+  RequireWhole();
+}
+
+void OutputFile::RequireWhole() const {
   if (failure_ != 0) Fail(failure_, name_);
 }
 
 void OutputFile::Close() {
   if (descriptor_ >= 0 && CloseDescriptor(std::exchange(descriptor_, -1)) != 0 && failure_ == 0) failure_ = errno;
-  if (failure_ != 0) Fail(failure_, name_);
+  RequireWhole();
 }
 
 FileReplacement::FileReplacement(const std::string& name) : target_(Resolved(name)) {

@@ -17,7 +17,7 @@ void DeleteFile(const std::string& name);
 
 void RenameFile(const std::string& from, const std::string& to);
 
-/// Where bytes go.
+/// Where bytes go. One that has failed fails again, whatever it is given.
 class ByteSink {
  public:
   virtual ~ByteSink() = default;
@@ -53,6 +53,8 @@ class OutputFile : public ByteSink {
 
   /// After a failure the file is not whole: every later call raises the same again.
   void Write(std::string_view bytes) override;
+  /// Raises the failure of an earlier call, if there was one.
+  void RequireWhole() const;
   /// Raises what closing shows of earlier writes.
   void Close();
 

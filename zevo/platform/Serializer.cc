@@ -146,7 +146,13 @@ size_t PieceEnd(std::string_view text, size_t size) {
 Serializer::Serializer(ByteSink& sink, Encoding encoding)
     : sink_(sink), encoding_(encoding), buffer_(new char[kBufferSize]) {}
 
-void Serializer::Flush() { sink_.Write(std::string_view(buffer_.get(), std::exchange(used_, 0))); }
+void Serializer::Flush() {
+  const std::string_view bytes(buffer_.get(), used_);
+  // While the sink refuses, the buffer counts as full: whatever is written next meets the sink again.
+  used_ = kBufferSize;
+  sink_.Write(bytes);
+  used_ = 0;
+}
 
 void Serializer::Write(std::string_view text, Escapes escapes) {
   constexpr size_t kPiece = kBufferSize / kGrowth - 16;

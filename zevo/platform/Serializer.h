@@ -21,7 +21,8 @@ enum class Escapes {
   kAttribute,        // & < > " and the white space that a parser would otherwise turn into spaces
 };
 
-/// Escapes and encodes text in one pass and hands it to a sink in large pieces.
+/// Escapes and encodes text in one pass and hands it to a sink in large pieces. Once the sink has failed, every later
+/// write goes to the sink at once and fails as the sink does.
 class Serializer {
  public:
   enum class Encoding { kWindows1252, kUtf8 };
