@@ -97,8 +97,8 @@ void TextFileDALHelper::UpdateElement(std::string_view name, std::string_view va
 
 Element TextFileDALHelper::CloseInnermost() {
   const Element innermost = open_.back();
-  stream_.WriteEndTag(innermost.Name());
   open_.pop_back();
+  stream_.WriteEndTag(innermost.Name());
   return innermost;
 }
 

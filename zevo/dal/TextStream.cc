@@ -49,10 +49,6 @@ Serializer& TextStream::Writer() const {
   return *serializer_;
 }
 
-void TextStream::RequireWhole() const {
-  if (IsOpen()) output_->RequireWhole();
-}
-
 void TextStream::Flush() {
   if (!IsOpen()) return;
   serializer_->Flush();

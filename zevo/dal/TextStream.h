@@ -37,7 +37,9 @@ class TextStream {
   void WriteStartTag(std::string_view name) { WriteTag("<", name); }
   void WriteEndTag(std::string_view name) { WriteTag("</", name); }
   /// Raises the write that failed, if one did since the file was opened.
-  void RequireWhole() const;
+  void RequireWhole() const {
+    if (IsOpen()) output_->RequireWhole();
+  }
   /// Hands what is held back to the system.
   void Flush();
   /// Closes and deletes the file. Never raises; a file that is missing is no failure.

@@ -147,9 +147,7 @@ void OutputFile::Write(std::string_view bytes) {
   RequireWhole();
 }
 
-void OutputFile::RequireWhole() const {
-  if (failure_ != 0) Fail(failure_, name_);
-}
+void OutputFile::RaiseFailure() const { Fail(failure_, name_); }
 
 void OutputFile::Close() {
   if (descriptor_ >= 0 && CloseDescriptor(std::exchange(descriptor_, -1)) != 0 && failure_ == 0) failure_ = errno;

@@ -54,11 +54,15 @@ class OutputFile : public ByteSink {
   /// After a failure the file is not whole: every later call raises the same again.
   void Write(std::string_view bytes) override;
   /// Raises the failure of an earlier call, if there was one.
-  void RequireWhole() const;
+  void RequireWhole() const {
+    if (failure_ != 0) RaiseFailure();
+  }
   /// Raises what closing shows of earlier writes.
   void Close();
 
  private:
+  [[noreturn]] void RaiseFailure() const;
+
   std::string name_;
   int descriptor_;
   int failure_ = 0;
