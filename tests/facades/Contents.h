@@ -32,10 +32,6 @@ struct Contents {
 bool Write(AuditFile& file, const Contents& contents);
 bool Write(AuditFileStreamWriter& file, const Contents& contents);
 
-/// A line end inside a text goes into a streamed file as it is, and every reader of XML takes it for a line feed: makes
-/// it one in all texts.
-void NormaliseLineEnds(const Contents& contents);
-
 }  // namespace zevo::testing
 
 #endif  // ZEVO_TESTS_FACADES_CONTENTS_H_

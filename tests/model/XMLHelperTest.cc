@@ -107,15 +107,26 @@ TEST_F(XMLHelperTest, TagsInCommentsSectionsAndInstructionsAreFoundToo) {
   for (const Row& row : kRows) ExpectCity(row.xml, row.text);
 }
 
-TEST_F(XMLHelperTest, LineEndsAndTabsBecomeSpacesAndSpacesAtTheEndsGoAway) {
+TEST_F(XMLHelperTest, LineBreaksAndTabsBecomeSpacesAndSpacesAtTheEndsGoAway) {
   constexpr Row kRows[] = {
       {"<Header><City>  Vila  Real  </City></Header>", "Vila  Real"},
       {"<Header><City>\tVila\tReal\t</City></Header>", "Vila Real"},
       {"<Header><City>a&#13;&#10;b</City></Header>", "a b"},
       {"<Header><City>&#13;&#10;a&#13;&#10;</City></Header>", "a"},
-      {"<Header><City>a&#13;&#13;&#10;b</City></Header>", "a\r b"},
-      {"<Header><City>a&#13;b</City></Header>", "a\rb"},
-      {"<Header><City>a\nb\n</City></Header>", "a\nb\n"},
+      {"<Header><City>a\r\nb\r\n</City></Header>", "a b"},
+      {"<Header><City>a&#13;b&#13;</City></Header>", "a b"},
+      {"<Header><City>\ra\rb</City></Header>", "a b"},
+      {"<Header><City>a&#10;b</City></Header>", "a b"},
+      {"<Header><City>\n a\nb\n</City></Header>", "a b"},
+      {"<Header><City>a&#13;\nb</City></Header>", "a b"},
+      {"<Header><City>a\r&#10;b</City></Header>", "a  b"},
+      {"<Header><City>a&#13;&#13;&#10;b</City></Header>", "a  b"},
+      {"<Header><City>a\r\r\nb</City></Header>", "a  b"},
+      {"<Header><City>a\n\rb</City></Header>", "a  b"},
+      {"<Header><City>a&#10;&#13;b</City></Header>", "a  b"},
+      {"<Header><City>a\n\t\nb</City></Header>", "a   b"},
+      {"<Header><City>a longer text\nof &amp;quot;two&amp;quot; lines</City></Header>",
+       "a longer text of \"two\" lines"},
       {"<Header><City>   </City></Header>", ""},
       {"<Header><City>&#160;a</City></Header>", "\u00A0a"},
   };

@@ -7,18 +7,15 @@
 namespace zevo {
 namespace {
 
+// A line break is CR LF, CR or LF: the parser makes LF of all three, unless they were written as references.
 std::string OnOneLine(std::string_view text) {
   std::string line;
   line.reserve(text.size());
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\t') {
-      line += ' ';
-    } else if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') {
-      line += ' ';
-      ++i;
-    } else {
-      line += text[i];
-    }
+  char before = '\0';
+  for (const char c : text) {
+    const bool endsPair = before == '\r' && c == '\n';
+    if (!endsPair) line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
+    before = c;
   }
   return std::string(TrimSpaces(line));
 }
@@ -75,7 +72,7 @@ std::string_view ElementTexts::operator[](ElementName name) {
   if (!noted_[number]) WalkTo(number);
   if (!noted_[number]) return hides_tags_ ? Searched(name) : std::string_view();
   const std::string_view text = Element(const_cast<Node*>(first_[number])).LeadingText();
-  return HoldsAnyOf<'\t', '\r', '&'>(text) ? Cleaned(text) : TrimSpaces(text);
+  return HoldsControlOrAnyOf<'&'>(text) ? Cleaned(text) : TrimSpaces(text);
 }
 
 [[gnu::noinline]] std::string_view ElementTexts::Cleaned(std::string_view text) {

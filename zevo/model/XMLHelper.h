@@ -13,8 +13,8 @@
 namespace zevo {
 
 /// The text of the first element of a name anywhere in the serialised XML of a node: what stands between the first
-/// start tag without attributes and prefix, as letters go, and the next markup, unescaped; line ends and tabs become
-/// spaces and spaces at the ends go away. Empty when there is no such tag.
+/// start tag without attributes and prefix, as letters go, and the next markup, unescaped; line breaks of every kind
+/// and tabs become spaces, one each, and spaces at the ends go away. Empty when there is no such tag.
 std::string ElementText(std::string_view name, Element node);
 
 /// The same for many names of one node, without serialising it: the tree is walked once, no further than asked for.

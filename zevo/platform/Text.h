@@ -19,17 +19,18 @@ std::string_view Leftmost(std::string_view text, int characters);
 /// Without the spaces (nothing but U+0020) at both ends.
 std::string_view TrimSpaces(std::string_view text);
 
-/// Whether a text holds one of some ASCII characters, looked at eight bytes at a time: texts are many and short.
+/// Whether a text holds a control character, such as a tab or a line break, or one of some other ASCII characters, of
+/// which the space is none. Looked at eight bytes at a time: texts are many and short.
 template <char... kCharacters>
-bool HoldsAnyOf(std::string_view text) {
+bool HoldsControlOrAnyOf(std::string_view text) {
   constexpr auto repeat = [](char byte) { return 0x0101010101010101U * static_cast<uint8_t>(byte); };
   const auto holds = [&](uint64_t word) {
-    const auto hasZero = [&](uint64_t bytes) { return (bytes - repeat(1)) & ~bytes & repeat('\x80'); };
-    return (hasZero(word ^ repeat(kCharacters)) | ...) != 0;
+    const auto hasBelow = [&](uint64_t bytes, char limit) { return (bytes - repeat(limit)) & ~bytes & repeat('\x80'); };
+    return (hasBelow(word, ' ') | ... | hasBelow(word ^ repeat(kCharacters), 1)) != 0;
   };
-  uint64_t word = 0;
+  // The bytes left over by a short text are spaces.
+  uint64_t word = repeat(' ');
   if (text.size() < sizeof word) {
-    // The bytes left over are NUL, which is none of them.
     for (const char c : text) word = word << 8 | static_cast<uint8_t>(c);
     return holds(word);
   }
