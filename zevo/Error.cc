@@ -38,6 +38,7 @@ constexpr std::array kRunTimeTexts = {
     RunTimeRow{RunTimeError::kOverflow, "Capacidade excedida"},
     RunTimeRow{RunTimeError::kOutOfMemory, "Memória insuficiente"},
     RunTimeRow{RunTimeError::kSubscriptOutOfRange, "Índice fora dos limites"},
+    RunTimeRow{RunTimeError::kDivisionByZero, "Divisão por zero"},
     RunTimeRow{RunTimeError::kTypeMismatch, "Tipos incompatíveis"},
     RunTimeRow{RunTimeError::kBadFileName, "Nome ou número de ficheiro incorreto"},
     RunTimeRow{RunTimeError::kFileNotFound, "Ficheiro não encontrado"},

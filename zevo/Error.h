@@ -60,6 +60,7 @@ enum class RunTimeError : int32_t {
   kOverflow = 6,
   kOutOfMemory = 7,
   kSubscriptOutOfRange = 9,
+  kDivisionByZero = 11,
   kTypeMismatch = 13,
   kBadFileName = 52,
   kFileNotFound = 53,

@@ -28,6 +28,13 @@ TEST(ReadmeTest, TheExampleWritesItsCustomer) {
   EXPECT_NE(ReadBytes(folder.Path("company.xml")).find("<City>\xC9vora</City>"), std::string::npos);
 }
 
+TEST(ReadmeTest, TheExampleSetsAPriceWithCents) {
+  InvoiceLine line;
+  SetPrice(line);
+  EXPECT_EQ(line.UnitPrice().Text(), "5.99");
+  EXPECT_EQ(line.CreditAmount().Text(), "71.88");
+}
+
 TEST(ReadmeTest, TheExampleCountsInvoices) {
   const TemporaryFolder folder;
   const std::string file =

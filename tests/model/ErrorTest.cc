@@ -59,9 +59,10 @@ TEST(ErrorTest, AnErrorOfTheLibraryCarriesNumberAndSourceButNoDescription) {
 TEST(ErrorTest, ARunTimeErrorCarriesItsOwnDescription) {
   for (const RunTimeError number :
        {RunTimeError::kInvalidCall, RunTimeError::kOverflow, RunTimeError::kOutOfMemory,
-        RunTimeError::kSubscriptOutOfRange, RunTimeError::kTypeMismatch, RunTimeError::kBadFileName,
-        RunTimeError::kFileNotFound, RunTimeError::kDeviceIO, RunTimeError::kDiskFull, RunTimeError::kPermissionDenied,
-        RunTimeError::kPathFileAccess, RunTimeError::kPathNotFound, RunTimeError::kDuplicateKey}) {
+        RunTimeError::kSubscriptOutOfRange, RunTimeError::kDivisionByZero, RunTimeError::kTypeMismatch,
+        RunTimeError::kBadFileName, RunTimeError::kFileNotFound, RunTimeError::kDeviceIO, RunTimeError::kDiskFull,
+        RunTimeError::kPermissionDenied, RunTimeError::kPathFileAccess, RunTimeError::kPathNotFound,
+        RunTimeError::kDuplicateKey}) {
     const Error error = MakeRunTimeError(number);
     EXPECT_EQ(error.Number(), static_cast<int32_t>(number));
     EXPECT_GT(error.Number(), 0);
@@ -82,6 +83,7 @@ TEST(ErrorTest, RunTimeErrorsHaveTheirNumbers) {
   EXPECT_EQ(static_cast<int>(RunTimeError::kOverflow), 6);
   EXPECT_EQ(static_cast<int>(RunTimeError::kOutOfMemory), 7);
   EXPECT_EQ(static_cast<int>(RunTimeError::kSubscriptOutOfRange), 9);
+  EXPECT_EQ(static_cast<int>(RunTimeError::kDivisionByZero), 11);
   EXPECT_EQ(static_cast<int>(RunTimeError::kTypeMismatch), 13);
   EXPECT_EQ(static_cast<int>(RunTimeError::kBadFileName), 52);
   EXPECT_EQ(static_cast<int>(RunTimeError::kFileNotFound), 53);
