@@ -47,6 +47,7 @@ constexpr std::array kRunTimeTexts = {
     RunTimeRow{RunTimeError::kPermissionDenied, "Permissão negada"},
     RunTimeRow{RunTimeError::kPathFileAccess, "Erro de acesso ao caminho ou ficheiro"},
     RunTimeRow{RunTimeError::kPathNotFound, "Caminho não encontrado"},
+    RunTimeRow{RunTimeError::kObjectNotSet, "Variável de objeto não definida"},
     RunTimeRow{RunTimeError::kDuplicateKey, "Esta chave já está associada a um elemento da coleção"},
 };
 

@@ -69,6 +69,7 @@ enum class RunTimeError : int32_t {
   kPermissionDenied = 70,
   kPathFileAccess = 75,
   kPathNotFound = 76,
+  kObjectNotSet = 91,
   kDuplicateKey = 457,
 };
 

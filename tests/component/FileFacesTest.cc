@@ -1,6 +1,8 @@
 #include <zevo/adapters.h>
 #include <zevo/component/Faces.h>
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "tests/component/Com.h"
@@ -14,7 +16,6 @@ namespace {
 
 using component::FaceFor;
 
-constexpr auto kInvalidCall = static_cast<HRESULT>(0x800A0005);
 constexpr auto kTypeMismatch = static_cast<HRESULT>(0x800A000D);
 
 std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }
@@ -351,27 +352,201 @@ TEST_F(FileFacesTest, CountsOfAClosedReaderAreMinusOne) {
 TEST_F(FileFacesTest, WrongRecordsAreRaised) {
   const ComPtr<_AuditFile> file = FaceFor(std::make_shared<zevo::AuditFile>());
   VARIANT_BOOL done = VARIANT_TRUE;
-  EXPECT_EQ(file->CreateHeader(nullptr, &done), kInvalidCall);
-  EXPECT_EQ(done, VARIANT_FALSE);
   // An object of another class behind the pointer, and one that is no part of the server.
   const ComPtr<_Journal> journal = FaceFor(std::make_shared<zevo::Journal>());
   EXPECT_EQ(file->CreateHeader(reinterpret_cast<_Header*>(journal.Get()), &done), kTypeMismatch);
+  EXPECT_EQ(done, VARIANT_FALSE);
   EXPECT_EQ(TakeErrorInfo().source, L"ZevoAdapters11");
+}
 
+TEST_F(FileFacesTest, CallsWithoutAPlaceForTheAnswerAreRefused) {
+  const ComPtr<_AuditFile> file = FaceFor(std::make_shared<zevo::AuditFile>());
   const ComPtr<_AuditFileStreamWriter> writer = FaceFor(std::make_shared<zevo::AuditFileStreamWriter>());
-  _Header* none = nullptr;
-  EXPECT_EQ(writer->CreateHeader(&none, &done), kInvalidCall);
-  EXPECT_EQ(writer->CreateHeader(nullptr, &done), E_POINTER);
   const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+  VARIANT_BOOL done = VARIANT_TRUE;
+  _Header* none = nullptr;
+  EXPECT_EQ(writer->CreateHeader(nullptr, &done), E_POINTER);
   EXPECT_EQ(reader->ReadHeader(nullptr, &done), E_POINTER);
   EXPECT_EQ(reader->ReadHeader(&none, nullptr), E_POINTER);
   _Transaction* transaction = nullptr;
   _Journal* no_journal = nullptr;
   EXPECT_EQ(reader->ReadTransaction(&transaction, nullptr, &done), E_POINTER);
   EXPECT_EQ(reader->ReadTransaction(nullptr, &no_journal, &done), E_POINTER);
-  EXPECT_EQ(reader->ReadTransaction(&transaction, &no_journal, &done), kInvalidCall);
   EXPECT_EQ(reader->Customers(nullptr), E_POINTER);
   EXPECT_EQ(file->CreateAuditFile(nullptr), E_POINTER);
+}
+
+// An operation that takes a record, called without one by a host that knows the interface. It fails with `number` while
+// a file is open.
+template <class File>
+struct Recordless {
+  const wchar_t* name;
+  std::function<HRESULT(File&, VARIANT_BOOL*)> call;
+  long number = 91;
+};
+
+template <class File, class R>
+Recordless<File> By(const wchar_t* name, HRESULT (STDMETHODCALLTYPE File::*member)(R*, VARIANT_BOOL*),
+                    long number = 91) {
+  return {name, [member](File& file, VARIANT_BOOL* done) { return (file.*member)(nullptr, done); }, number};
+}
+template <class File, class R>
+Recordless<File> By(const wchar_t* name, HRESULT (STDMETHODCALLTYPE File::*member)(R**, VARIANT_BOOL*),
+                    long number = 91) {
+  return {name,
+          [member](File& file, VARIANT_BOOL* done) {
+            R* none = nullptr;
+            return (file.*member)(&none, done);
+          },
+          number};
+}
+
+// The ways in which hosts that call by name say that there is no object.
+std::vector<Variant> WaysToSayNothing() {
+  Variant null;
+  V_VT(&*null) = VT_NULL;
+  static Variant nothing(static_cast<IDispatch*>(nullptr));
+  static Variant empty;
+  return {nothing, empty, null, Variant::Reference(nothing), Variant::Reference(empty)};
+}
+
+// The operations of an interface that take a record and tell whether they succeeded.
+std::vector<std::wstring> OperationsWithRecord(const IID& interfaceId) {
+  std::vector<std::wstring> names;
+  ForEachFunction(interfaceId, [&](const std::wstring& name, const FUNCDESC& function) {
+    // The result is a parameter too.
+    if (function.invkind == INVOKE_FUNC && function.cParams > 1) names.push_back(name);
+  });
+  return names;
+}
+
+class RecordlessTest : public FileFacesTest {
+ protected:
+  static constexpr long kNotStarted = -2147221499;
+
+  template <class File>
+  void ExpectFailures(File& file, const std::vector<Recordless<File>>& operations, bool open) {
+    for (const Recordless<File>& operation : operations) {
+      SCOPED_TRACE(std::string(operation.name, operation.name + wcslen(operation.name)));
+      const long number = open ? operation.number : kNotStarted;
+      VARIANT_BOOL done = VARIANT_TRUE;
+      EXPECT_EQ(operation.call(file, &done), S_OK);
+      EXPECT_EQ(done, VARIANT_FALSE);
+      EXPECT_EQ(FailureOf(&file), number);
+      for (const Variant& nothing : WaysToSayNothing()) {
+        const std::vector<Variant> arguments(
+            operation.name == std::wstring(L"CreateTransaction") ? transaction_arguments_ : 1, nothing);
+        const Outcome outcome = Call(&file, operation.name, arguments);
+        EXPECT_EQ(outcome.result, S_OK) << nothing.Type();
+        EXPECT_EQ(outcome.value.Type(), VT_BOOL);
+        EXPECT_FALSE(outcome.value.Flag());
+        EXPECT_EQ(FailureOf(&file), number) << nothing.Type();
+      }
+    }
+  }
+
+  template <class File>
+  static std::vector<std::wstring> NamesOf(const std::vector<Recordless<File>>& operations) {
+    std::vector<std::wstring> names;
+    for (const Recordless<File>& operation : operations) names.emplace_back(operation.name);
+    return names;
+  }
+
+  size_t transaction_arguments_ = 1;
+};
+
+TEST_F(RecordlessTest, EveryOperationOfAuditFileFailsWithoutOne) {
+  using File = _AuditFile;
+  const std::vector<Recordless<File>> operations = {
+      By(L"CreateHeader", &File::CreateHeader),
+      By(L"CreateGeneralLedger", &File::CreateGeneralLedger),
+      By(L"CreateCustomer", &File::CreateCustomer),
+      By(L"CreateSupplier", &File::CreateSupplier),
+      By(L"CreateTaxTable", &File::CreateTaxTable),
+      By(L"CreateTaxTableEntry", &File::CreateTaxTableEntry),
+      By(L"CreateProduct", &File::CreateProduct),
+      By(L"CreateGeneralLedgerEntries", &File::CreateGeneralLedgerEntries, -2147221303),
+      By(L"UpdateGeneralLedgerEntries", &File::UpdateGeneralLedgerEntries),
+      By(L"CreateJournal", &File::CreateJournal),
+      {L"CreateTransaction",
+       [](File& file, VARIANT_BOOL* done) { return file.CreateTransaction(nullptr, nullptr, nullptr, done); }},
+      By(L"CreateSalesInvoices", &File::CreateSalesInvoices, -2147221202),
+      By(L"UpdateSalesInvoices", &File::UpdateSalesInvoices),
+      {L"CreateInvoice", [](File& file, VARIANT_BOOL* done) { return file.CreateInvoice(nullptr, nullptr, done); }},
+  };
+  transaction_arguments_ = 2;
+  ASSERT_EQ(NamesOf(operations), OperationsWithRecord(__uuidof(File)));
+  const auto core = std::make_shared<zevo::AuditFile>();
+  const ComPtr<File> file = FaceFor(core);
+  ExpectFailures(*file.Get(), operations, false);
+  core->set_AuditFileName(folder_.Path("saft.xml"));
+  ASSERT_TRUE(core->CreateAuditFile());
+  ASSERT_TRUE(core->CreateGeneralLedgerEntries(zevo::GeneralLedgerEntries()));
+  ASSERT_TRUE(core->CreateJournal(*SampleJournal("J1")));
+  ASSERT_TRUE(core->CreateSalesInvoices(zevo::SalesInvoices()));
+  ASSERT_TRUE(core->UpdateAuditFile());
+  const std::string before = ReadBytes(folder_.Path("saft.xml"));
+  ExpectFailures(*file.Get(), operations, true);
+  ASSERT_TRUE(core->UpdateAuditFile());
+  EXPECT_EQ(ReadBytes(folder_.Path("saft.xml")), before);
+}
+
+TEST_F(RecordlessTest, EveryOperationOfTheStreamWriterFailsWithoutOne) {
+  using File = _AuditFileStreamWriter;
+  const std::vector<Recordless<File>> operations = {
+      By(L"CreateHeader", &File::CreateHeader),
+      By(L"CreateGeneralLedger", &File::CreateGeneralLedger),
+      By(L"CreateCustomer", &File::CreateCustomer),
+      By(L"CreateSupplier", &File::CreateSupplier),
+      By(L"CreateTaxTable", &File::CreateTaxTable),
+      By(L"CreateProduct", &File::CreateProduct),
+      By(L"BeginGeneralLedgerEntries", &File::BeginGeneralLedgerEntries, -2147221303),
+      By(L"BeginJournal", &File::BeginJournal),
+      By(L"CreateTransaction", &File::CreateTransaction),
+      By(L"BeginSalesInvoices", &File::BeginSalesInvoices),
+      By(L"CreateInvoice", &File::CreateInvoice, -2147221203),
+  };
+  ASSERT_EQ(NamesOf(operations), OperationsWithRecord(__uuidof(File)));
+  const auto core = std::make_shared<zevo::AuditFileStreamWriter>();
+  const ComPtr<File> file = FaceFor(core);
+  ExpectFailures(*file.Get(), operations, false);
+  core->set_AuditFileName(folder_.Path("saft.xml"));
+  ASSERT_TRUE(core->CreateAuditFile());
+  ASSERT_TRUE(core->BeginGeneralLedgerEntries(zevo::GeneralLedgerEntries()));
+  ASSERT_TRUE(core->BeginJournal(*SampleJournal("J1")));
+  ExpectFailures(*file.Get(), operations, true);
+  ASSERT_TRUE(core->CloseAuditFile());
+  EXPECT_TRUE(ReadBytes(folder_.Path("saft.xml"))
+                  .ends_with("<Journal><JournalID>J1</JournalID><Description>Di\xE1rio</Description></Journal>"
+                             "</GeneralLedgerEntries></AuditFile>"));
+}
+
+TEST_F(RecordlessTest, TransactionsAreNotReadWithoutAJournal) {
+  const std::string path = folder_.Path("saft.xml");
+  SaveSampleFile(path);
+  const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+  VARIANT_BOOL done = VARIANT_TRUE;
+  const ComPtr<_Transaction> held = FaceFor(std::make_shared<zevo::Transaction>());
+  ComPtr<_Transaction> transaction = held;
+  _Journal* no_journal = nullptr;
+  const auto expect_failure = [&](long number) {
+    EXPECT_EQ(reader->ReadTransaction(transaction.GetAddressOf(), &no_journal, &done), S_OK);
+    EXPECT_EQ(done, VARIANT_FALSE);
+    EXPECT_EQ(FailureOf(reader.Get()), number);
+    EXPECT_EQ(transaction.Get(), held.Get());
+    for (const Variant& nothing : WaysToSayNothing()) {
+      Variant variable(held.Get());
+      const Outcome outcome = Call(reader.Get(), L"ReadTransaction", {Variant::Reference(variable), nothing});
+      EXPECT_EQ(outcome.result, S_OK);
+      EXPECT_FALSE(outcome.value.Flag());
+      EXPECT_EQ(FailureOf(reader.Get()), number);
+      EXPECT_TRUE(SameObject(variable.Object(), held.Get()));
+    }
+  };
+  expect_failure(kNotStarted);
+  ASSERT_EQ(reader->put_AuditFileName(Bstr(Wide(path))), S_OK);
+  ASSERT_EQ(reader->OpenAuditFile(&done), S_OK);
+  expect_failure(91);
 }
 
 TEST_F(FileFacesTest, OptionsAreSharedByAllObjects) {

@@ -26,22 +26,30 @@ inline void PrintTo(const Slot& slot, std::ostream* out) {
   *out << std::string(slot.name.begin(), slot.name.end()) << " " << slot.kind << " @" << slot.offset;
 }
 
-inline std::vector<Slot> SlotsOf(const IID& interfaceId) {
+/// Calls `visit` with each function of an interface, in slot order, and its name.
+template <class Visit>
+void ForEachFunction(const IID& interfaceId, Visit&& visit) {
   const ComPtr<ITypeInfo> type = component::TableTypeOf(interfaceId);
   TYPEATTR* attributes = nullptr;
   EXPECT_EQ(type->GetTypeAttr(&attributes), S_OK);
   const UINT count = attributes->cFuncs;
   type->ReleaseTypeAttr(attributes);
-  std::vector<Slot> slots;
   for (UINT i = 0; i < count; ++i) {
     FUNCDESC* function = nullptr;
     EXPECT_EQ(type->GetFuncDesc(i, &function), S_OK);
     Bstr name;
     UINT named = 0;
     type->GetNames(function->memid, name.Receive(), 1, &named);
-    slots.push_back({name.Text(), function->invkind, static_cast<size_t>(function->oVft)});
+    visit(name.Text(), *function);
     type->ReleaseFuncDesc(function);
   }
+}
+
+inline std::vector<Slot> SlotsOf(const IID& interfaceId) {
+  std::vector<Slot> slots;
+  ForEachFunction(interfaceId, [&](const std::wstring& name, const FUNCDESC& function) {
+    slots.push_back({name, function.invkind, static_cast<size_t>(function.oVft)});
+  });
   return slots;
 }
 

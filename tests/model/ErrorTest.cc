@@ -62,7 +62,7 @@ TEST(ErrorTest, ARunTimeErrorCarriesItsOwnDescription) {
         RunTimeError::kSubscriptOutOfRange, RunTimeError::kDivisionByZero, RunTimeError::kTypeMismatch,
         RunTimeError::kBadFileName, RunTimeError::kFileNotFound, RunTimeError::kDeviceIO, RunTimeError::kDiskFull,
         RunTimeError::kPermissionDenied, RunTimeError::kPathFileAccess, RunTimeError::kPathNotFound,
-        RunTimeError::kDuplicateKey}) {
+        RunTimeError::kObjectNotSet, RunTimeError::kDuplicateKey}) {
     const Error error = MakeRunTimeError(number);
     EXPECT_EQ(error.Number(), static_cast<int32_t>(number));
     EXPECT_GT(error.Number(), 0);
@@ -92,6 +92,7 @@ TEST(ErrorTest, RunTimeErrorsHaveTheirNumbers) {
   EXPECT_EQ(static_cast<int>(RunTimeError::kPermissionDenied), 70);
   EXPECT_EQ(static_cast<int>(RunTimeError::kPathFileAccess), 75);
   EXPECT_EQ(static_cast<int>(RunTimeError::kPathNotFound), 76);
+  EXPECT_EQ(static_cast<int>(RunTimeError::kObjectNotSet), 91);
   EXPECT_EQ(static_cast<int>(RunTimeError::kDuplicateKey), 457);
 }
 

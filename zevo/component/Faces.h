@@ -86,13 +86,6 @@ std::shared_ptr<Core> CoreOf(Interface<Core>* face) {
   return std::static_pointer_cast<Core>(CoreBehind(face, __uuidof(Interface<Core>)));
 }
 
-/// The same of an argument that must be there: throws error 5 for none.
-template <class Core>
-Core& Required(const std::shared_ptr<Core>& core) {
-  if (core == nullptr) throw MakeRunTimeError(RunTimeError::kInvalidCall);
-  return *core;
-}
-
 /// Objects travel as their faces.
 template <class Core>
 struct Conversion<std::shared_ptr<Core>> {

@@ -34,7 +34,7 @@ class AuditFileFace final : public Face<zevo::AuditFile> {
   STDMETHODIMP CreateTransaction(_Transaction* value, _Journal* journalValue, _GeneralLedgerEntries** totals,
                                  VARIANT_BOOL* result) override {
     return Answer(result, [&] {
-      return core().CreateTransaction(Required(CoreOf<zevo::Transaction>(value)),
+      return core().CreateTransaction(OrNone(CoreOf<zevo::Transaction>(value)),
                                       CoreOf<zevo::Journal>(journalValue).get(),
                                       Optional<zevo::GeneralLedgerEntries>(totals).get());
     });
@@ -43,7 +43,7 @@ class AuditFileFace final : public Face<zevo::AuditFile> {
   ZEVO_WITH_RECORD(UpdateSalesInvoices, SalesInvoices)
   STDMETHODIMP CreateInvoice(_Invoice* value, _SalesInvoices** totals, VARIANT_BOOL* result) override {
     return Answer(result, [&] {
-      return core().CreateInvoice(Required(CoreOf<zevo::Invoice>(value)), Optional<zevo::SalesInvoices>(totals).get());
+      return core().CreateInvoice(OrNone(CoreOf<zevo::Invoice>(value)), Optional<zevo::SalesInvoices>(totals).get());
     });
   }
 };
@@ -91,7 +91,7 @@ class AuditFileReaderFace final : public Face<zevo::AuditFileReader> {
     if (value == nullptr || journalValue == nullptr) return E_POINTER;
     return Answer(result, [&] {
       Variable<zevo::Transaction> variable(value);
-      const bool succeeded = core().ReadTransaction(variable.record(), Required(CoreOf<zevo::Journal>(*journalValue)));
+      const bool succeeded = core().ReadTransaction(variable.record(), OrNone(CoreOf<zevo::Journal>(*journalValue)));
       variable.Assign();
       return succeeded;
     });

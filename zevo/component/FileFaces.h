@@ -2,10 +2,17 @@
 #define ZEVO_COMPONENT_FILEFACES_H_
 
 #include <zevo/component/Face.h>
+#include <zevo/facades/NullRecord.h>
 
 #include <memory>
 
 namespace zevo::component {
+
+/// What an operation is given for a record of the host, which may be none: the operation tells that among its failures.
+template <class Record>
+const Record& OrNone(const std::shared_ptr<Record>& record) {
+  return NullRecord<Record>::Or(record.get());
+}
 
 /// A variable of the host that an operation reads and may assign.
 template <class Record>
@@ -46,16 +53,16 @@ class Variable {
   }
 
 /// Hands a record to the library.
-#define ZEVO_WITH_RECORD(Name, Record)                                                         \
-  STDMETHODIMP Name(::_##Record* value, VARIANT_BOOL* result) override {                       \
-    return Answer(result, [&] { return core().Name(Required(CoreOf<zevo::Record>(value))); }); \
+#define ZEVO_WITH_RECORD(Name, Record)                                                       \
+  STDMETHODIMP Name(::_##Record* value, VARIANT_BOOL* result) override {                     \
+    return Answer(result, [&] { return core().Name(OrNone(CoreOf<zevo::Record>(value))); }); \
   }
 
 /// Hands over a record that comes by reference and stays what it is.
-#define ZEVO_WITH_VARIABLE(Name, Record)                                                        \
-  STDMETHODIMP Name(::_##Record** value, VARIANT_BOOL* result) override {                       \
-    if (value == nullptr) return E_POINTER;                                                     \
-    return Answer(result, [&] { return core().Name(Required(CoreOf<zevo::Record>(*value))); }); \
+#define ZEVO_WITH_VARIABLE(Name, Record)                                                      \
+  STDMETHODIMP Name(::_##Record** value, VARIANT_BOOL* result) override {                     \
+    if (value == nullptr) return E_POINTER;                                                   \
+    return Answer(result, [&] { return core().Name(OrNone(CoreOf<zevo::Record>(*value))); }); \
   }
 
 /// Has the library put a record into a variable.

@@ -2,6 +2,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALHelper.h>
+#include <zevo/facades/NullRecordWriter.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
 #include <zevo/mappers/GeneralLedgerEntriesDALC.h>
@@ -46,11 +47,11 @@ void AddTo(Totals& totals, const R& record) {
 AuditFile::AuditFile() : Facade("AuditFile", true), writer_(std::make_unique<DOMDALHelper>()) {}
 AuditFile::~AuditFile() = default;
 
-template <class Operation>
-bool AuditFile::Write(std::string_view member, Operation&& operation) {
+template <class R, class Operation>
+bool AuditFile::Write(std::string_view member, const R& record, Operation&& operation) {
   return Attempt([&] {
     Require(writer_->IsOpen(), Message::kNotStarted, member);
-    operation(*writer_);
+    WriteRecord(record, *writer_, operation);
   });
 }
 
@@ -107,69 +108,69 @@ bool AuditFile::ValidateAuditFile() {
 }
 
 bool AuditFile::CreateHeader(const Header& value) {
-  return Write("CreateHeader", [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
+  return Write("CreateHeader", value, [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
 }
 
 bool AuditFile::CreateGeneralLedger(const GeneralLedger& value) {
-  return Write("CreateGeneralLedger",
+  return Write("CreateGeneralLedger", value,
                [&](IDALHelper& helper) { GeneralLedgerDALC().CreateGeneralLedger(value, helper); });
 }
 
 bool AuditFile::CreateCustomer(const Customer& value) {
-  return Write("CreateCustomer", [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
+  return Write("CreateCustomer", value, [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
 }
 
 bool AuditFile::CreateSupplier(const Supplier& value) {
-  return Write("CreateSupplier", [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
+  return Write("CreateSupplier", value, [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
 }
 
 bool AuditFile::CreateTaxTable(const TaxTable& value) {
-  return Write("CreateTaxTable", [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
+  return Write("CreateTaxTable", value, [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
 }
 
 bool AuditFile::CreateTaxTableEntry(const TaxTableEntry& value) {
-  return Write("CreateTaxTableEntry",
+  return Write("CreateTaxTableEntry", value,
                [&](IDALHelper& helper) { TaxTableEntryDALC().CreateTaxTableEntry(value, helper); });
 }
 
 bool AuditFile::CreateProduct(const Product& value) {
-  return Write("CreateProduct", [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
+  return Write("CreateProduct", value, [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
 }
 
 bool AuditFile::CreateGeneralLedgerEntries(const GeneralLedgerEntries& value) {
-  return Write("CreateGeneralLedgerEntries",
+  return Write("CreateGeneralLedgerEntries", value,
                [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().CreateGeneralLedgerEntries(value, helper); });
 }
 
 bool AuditFile::UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value) {
-  return Write("UpdateGeneralLedgerEntries",
+  return Write("UpdateGeneralLedgerEntries", value,
                [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().UpdateGeneralLedgerEntries(value, helper); });
 }
 
 bool AuditFile::CreateJournal(const Journal& value) {
-  return Write("CreateJournal", [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
+  return Write("CreateJournal", value, [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
 }
 
 bool AuditFile::CreateTransaction(const Transaction& value, const Journal* journalValue,
                                   GeneralLedgerEntries* generalLedgerEntriesValue) {
-  return Write("CreateTransaction", [&](IDALHelper& helper) {
+  return Write("CreateTransaction", value, [&](IDALHelper& helper) {
     TransactionDALC().CreateTransaction(value, journalValue, helper);
     if (generalLedgerEntriesValue != nullptr) AddTo(*generalLedgerEntriesValue, value);
   });
 }
 
 bool AuditFile::CreateSalesInvoices(const SalesInvoices& value) {
-  return Write("CreateSalesInvoices",
+  return Write("CreateSalesInvoices", value,
                [&](IDALHelper& helper) { SalesInvoicesDALC().CreateSalesInvoices(value, helper); });
 }
 
 bool AuditFile::UpdateSalesInvoices(const SalesInvoices& value) {
-  return Write("UpdateSalesInvoices",
+  return Write("UpdateSalesInvoices", value,
                [&](IDALHelper& helper) { SalesInvoicesDALC().UpdateSalesInvoices(value, helper); });
 }
 
 bool AuditFile::CreateInvoice(const Invoice& value, SalesInvoices* salesInvoicesValue) {
-  return Write("CreateInvoice", [&](IDALHelper& helper) {
+  return Write("CreateInvoice", value, [&](IDALHelper& helper) {
     InvoiceDALC().CreateInvoice(value, helper);
     // It is this property that tells a cancelled invoice here, not `InvoiceStatus`.
     const bool cancelled = EqualIgnoringCase(value.TransactionID(), "Anulado");

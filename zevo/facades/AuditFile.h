@@ -90,8 +90,8 @@ class ZEVO_API AuditFile : public Facade {
   bool CreateInvoice(const Invoice& value, SalesInvoices* salesInvoicesValue = nullptr);
 
  private:
-  template <class Operation>
-  bool Write(std::string_view member, Operation&& operation);
+  template <class R, class Operation>
+  bool Write(std::string_view member, const R& record, Operation&& operation);
 
   std::unique_ptr<DOMDALHelper> writer_;
 };

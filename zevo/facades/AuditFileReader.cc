@@ -2,6 +2,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALReader.h>
+#include <zevo/facades/NullRecord.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
 #include <zevo/mappers/GeneralLedgerEntriesDALC.h>
@@ -105,6 +106,7 @@ bool AuditFileReader::ReadJournal(std::shared_ptr<Journal>& value) {
 
 bool AuditFileReader::ReadTransaction(std::shared_ptr<Transaction>& value, const Journal& journalValue) {
   return Read("ReadTransaction", [&](IDALReader& helper) {
+    if (IsNull(journalValue)) throw MakeRunTimeError(RunTimeError::kObjectNotSet);
     const bool first = journalValue.JournalID() != last_journal_;
     TransactionDALC().ReadTransaction(value, &journalValue, helper, first);
     last_journal_ = journalValue.JournalID();

@@ -2,6 +2,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/TextFileDALHelper.h>
+#include <zevo/facades/NullRecordWriter.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
 #include <zevo/mappers/GeneralLedgerEntriesDALC.h>
@@ -20,12 +21,16 @@ AuditFileStreamWriter::AuditFileStreamWriter()
     : Facade("AuditFileStreamWriter", false), writer_(std::make_unique<TextFileDALHelper>()) {}
 AuditFileStreamWriter::~AuditFileStreamWriter() = default;
 
-template <class Operation>
-bool AuditFileStreamWriter::Write(std::string_view member, Operation&& operation) {
+template <class R, class Operation>
+bool AuditFileStreamWriter::Write(std::string_view member, const R& record, Operation&& operation) {
   return Attempt([&] {
     Require(writer_->IsOpen(), Message::kNotStarted, member);
-    operation(*writer_);
+    WriteRecord(record, *writer_, operation);
   });
+}
+
+bool AuditFileStreamWriter::End(std::string_view member) {
+  return Attempt([&] { Require(writer_->IsOpen(), Message::kNotStarted, member); });
 }
 
 const std::string& AuditFileStreamWriter::AuditFileName() const { return writer_->AuditFileName(); }
@@ -45,63 +50,57 @@ bool AuditFileStreamWriter::CloseAuditFile() {
 }
 
 bool AuditFileStreamWriter::CreateHeader(const Header& value) {
-  return Write("CreateHeader", [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
+  return Write("CreateHeader", value, [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
 }
 
 bool AuditFileStreamWriter::CreateGeneralLedger(const GeneralLedger& value) {
-  return Write("CreateGeneralLedger",
+  return Write("CreateGeneralLedger", value,
                [&](IDALHelper& helper) { GeneralLedgerDALC().CreateGeneralLedger(value, helper); });
 }
 
 bool AuditFileStreamWriter::CreateCustomer(const Customer& value) {
-  return Write("CreateCustomer", [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
+  return Write("CreateCustomer", value, [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
 }
 
 bool AuditFileStreamWriter::CreateSupplier(const Supplier& value) {
-  return Write("CreateSupplier", [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
+  return Write("CreateSupplier", value, [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
 }
 
 bool AuditFileStreamWriter::CreateTaxTable(const TaxTable& value) {
-  return Write("CreateTaxTable", [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
+  return Write("CreateTaxTable", value, [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
 }
 
 bool AuditFileStreamWriter::CreateProduct(const Product& value) {
-  return Write("CreateProduct", [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
+  return Write("CreateProduct", value, [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
 }
 
 bool AuditFileStreamWriter::BeginGeneralLedgerEntries(const GeneralLedgerEntries& value) {
-  return Write("BeginGeneralLedgerEntries",
+  return Write("BeginGeneralLedgerEntries", value,
                [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().CreateGeneralLedgerEntries(value, helper); });
 }
 
-bool AuditFileStreamWriter::EndGeneralLedgerEntries() {
-  return Write("EndGeneralLedgerEntries", [](IDALHelper&) {});
-}
+bool AuditFileStreamWriter::EndGeneralLedgerEntries() { return End("EndGeneralLedgerEntries"); }
 
 bool AuditFileStreamWriter::BeginJournal(const Journal& value) {
-  return Write("BeginJournal", [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
+  return Write("BeginJournal", value, [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
 }
 
-bool AuditFileStreamWriter::EndJournal() {
-  return Write("EndJournal", [](IDALHelper&) {});
-}
+bool AuditFileStreamWriter::EndJournal() { return End("EndJournal"); }
 
 bool AuditFileStreamWriter::CreateTransaction(const Transaction& value) {
-  return Write("CreateTransaction",
+  return Write("CreateTransaction", value,
                [&](IDALHelper& helper) { TransactionDALC().CreateTransaction(value, nullptr, helper); });
 }
 
 bool AuditFileStreamWriter::BeginSalesInvoices(const SalesInvoices& value) {
-  return Write("BeginSalesInvoices",
+  return Write("BeginSalesInvoices", value,
                [&](IDALHelper& helper) { SalesInvoicesDALC().CreateSalesInvoices(value, helper); });
 }
 
-bool AuditFileStreamWriter::EndSalesInvoices() {
-  return Write("EndSalesInvoices", [](IDALHelper&) {});
-}
+bool AuditFileStreamWriter::EndSalesInvoices() { return End("EndSalesInvoices"); }
 
 bool AuditFileStreamWriter::CreateInvoice(const Invoice& value) {
-  return Write("CreateInvoice", [&](IDALHelper& helper) { InvoiceDALC().CreateInvoice(value, helper); });
+  return Write("CreateInvoice", value, [&](IDALHelper& helper) { InvoiceDALC().CreateInvoice(value, helper); });
 }
 
 }  // namespace zevo

@@ -76,8 +76,9 @@ class ZEVO_API AuditFileStreamWriter : public Facade {
   bool CreateInvoice(const Invoice& value);
 
  private:
-  template <class Operation>
-  bool Write(std::string_view member, Operation&& operation);
+  bool End(std::string_view member);
+  template <class R, class Operation>
+  bool Write(std::string_view member, const R& record, Operation&& operation);
 
   std::unique_ptr<TextFileDALHelper> writer_;
 };

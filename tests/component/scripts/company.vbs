@@ -407,6 +407,14 @@ Sub FailureCases()
   file.CloseAuditFile
   Expect "after a success", file.AuditException Is Nothing, True
 
+  file.AuditFileName = folder & "\no record.xml"
+  Check file, "create", file.CreateAuditFile
+  Expect "no record", file.CreateHeader(Nothing), False
+  Expect "its number", file.AuditException.Number, 91
+  Expect "its description", file.AuditException.Description, _
+    "Vari" & Chr(225) & "vel de objeto n" & Chr(227) & "o definida."
+  Check file, "close", file.CloseAuditFile
+
   Set supplier = CreateObject("ZevoAdapters11.Supplier")
   On Error Resume Next
   Set address = supplier.ShipToAddress
