@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <zevo/adapters.h>
 
 #include <filesystem>
@@ -321,24 +322,82 @@ TEST_F(AuditFileTest, ValidationNamesTheLineOfTheViolation) {
   EXPECT_THAT(file_.AuditException()->Description(), HasSubstr("linha 5,"));
 }
 
-TEST_F(AuditFileTest, ValidationFailsWithoutAUsableSchema) {
+TEST_F(AuditFileTest, ValidationFailsWithoutAUsableSchemaAndNamesIt) {
   SaveSampleFile(path_);
+  const std::string pipe = folder_.Path("pipe.xsd");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::string other = ReadBytes(ZEVO_SCHEMA_FILE);
+  for (size_t at; (at = other.find("PT_1.01_01\"")) != std::string::npos;) other.replace(at, 10, "PT_1.04_01");
   const std::vector<std::string> schemas = {
       folder_.Path("missing.xsd"),
       folder_.Write("malformed.xsd", "<xs:schema"),
-      folder_.Write("other.xsd", "<other/>"),
+      folder_.Write("root.xsd", "<other/>"),
       folder_.Write("empty.xsd", ""),
+      folder_.Write("faulty.xsd",
+                    "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' "
+                    "targetNamespace='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'><xs:element/></xs:schema>"),
+      folder_.Write(
+          "none.xsd",
+          "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='AuditFile'/></xs:schema>"),
+      folder_.Write("other.xsd", other),
+      pipe,
+      folder_.Path(""),
+      "/dev/zero",
   };
   for (const std::string& schema : schemas) {
     file_.set_AuditFileSchema(schema);
     EXPECT_FALSE(file_.ValidateAuditFile()) << schema;
-    ASSERT_NE(file_.AuditException(), nullptr) << schema;
-    EXPECT_NE(file_.AuditException()->Number(), 0) << schema;
-    EXPECT_NE(file_.AuditException()->Source(), "") << schema;
-    EXPECT_NE(file_.AuditException()->Description(), "") << schema;
+    EXPECT_THAT(file_, RecordedXmlErrorFrom(kValidationSource)) << schema;
+    EXPECT_THAT(file_.AuditException()->Description(), HasSubstr(schema));
+    EXPECT_TRUE(file_.IsSchemaAtFault()) << schema;
   }
   file_.set_AuditFileSchema(ZEVO_SCHEMA_FILE);
   EXPECT_TRUE(file_.ValidateAuditFile()) << Told(file_.AuditException());
+  EXPECT_FALSE(file_.IsSchemaAtFault());
+}
+
+TEST_F(AuditFileTest, ASchemaOfAnotherNamespaceSaysNothingOfTheFile) {
+  folder_.Write("saft.xml", "<AuditFile xmlns='urn:other'/>");
+  file_.set_AuditFileSchema(folder_.Write("other.xsd",
+                                          "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' "
+                                          "targetNamespace='urn:other'><xs:element name='AuditFile'/></xs:schema>"));
+  EXPECT_FALSE(file_.ValidateAuditFile());
+  EXPECT_TRUE(file_.IsSchemaAtFault());
+  EXPECT_THAT(file_.AuditException()->Description(),
+              AllOf(HasSubstr("«urn:other»"), HasSubstr("«urn:OECD:StandardAuditFile-Tax:PT_1.01_01»")));
+}
+
+TEST_F(AuditFileTest, TheSchemaIsAtFaultNeitherForWhatIsWrongInTheFileNorBeforeItIsLookedAt) {
+  file_.set_AuditFileSchema(folder_.Write("broken.xsd", "<xs:schema"));
+  EXPECT_FALSE(file_.ValidateAuditFile());
+  EXPECT_THAT(file_, Recorded(kFileNotFound, "AuditFile.ValidateAuditFile"));
+  EXPECT_FALSE(file_.IsSchemaAtFault());
+  folder_.Write("saft.xml", "<AuditFile");
+  EXPECT_FALSE(file_.ValidateAuditFile());
+  EXPECT_TRUE(file_.IsSchemaAtFault());
+  for (const std::string_view bytes : {"<AuditFile", "<AuditFile/>", "", "\xFF"}) {
+    folder_.Write("saft.xml", bytes);
+    file_.set_AuditFileSchema(ZEVO_SCHEMA_FILE);
+    EXPECT_FALSE(file_.ValidateAuditFile());
+    EXPECT_FALSE(file_.IsSchemaAtFault()) << bytes;
+    EXPECT_THAT(file_.AuditException()->Description(), Not(HasSubstr("xsd")));
+  }
+}
+
+TEST_F(AuditFileTest, ValidatesWithTheBuiltInSchemaUntilAFileIsNamed) {
+  SaveSampleFile(path_);
+  file_.set_AuditFileSchema("");
+  EXPECT_FALSE(file_.ValidateAuditFile());
+  EXPECT_THAT(file_, RecordedError(53, std::string(kValidationSource), HasSubstr("não foi indicado nenhum esquema")));
+  EXPECT_TRUE(file_.IsSchemaAtFault());
+  UseBuiltInSchema();
+  EXPECT_EQ(file_.AuditFileSchema(), "");
+  EXPECT_TRUE(file_.ValidateAuditFile()) << Told(file_.AuditException());
+  file_.set_AuditFileSchema("");
+  EXPECT_TRUE(file_.ValidateAuditFile()) << Told(file_.AuditException());
+  file_.set_AuditFileSchema(folder_.Path("missing.xsd"));
+  EXPECT_FALSE(file_.ValidateAuditFile());
+  EXPECT_TRUE(file_.IsSchemaAtFault());
 }
 
 TEST_F(AuditFileTest, ServesAnotherFileAfterClose) {

@@ -140,14 +140,18 @@ TEST_F(ParserMemoryTest, ValidationTellsOrGivesTheSameVerdict) {
   // With a bit of everything that the shipped schema is made of, and far fewer allocations.
   Options().set_SchemaLocation(folder_.Write(
       "own.xsd",
-      "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='a'><xs:complexType><xs:sequence>"
-      "<xs:element ref='b' maxOccurs='unbounded'/></xs:sequence></xs:complexType>"
-      "<xs:key name='k'><xs:selector xpath='b'/><xs:field xpath='c'/></xs:key></xs:element>"
-      "<xs:element name='b'><xs:complexType><xs:choice maxOccurs='unbounded'><xs:element name='c' type='T'/>"
+      "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' xmlns:t='urn:OECD:StandardAuditFile-Tax:PT_1.01_01' "
+      "targetNamespace='urn:OECD:StandardAuditFile-Tax:PT_1.01_01' elementFormDefault='qualified'>"
+      "<xs:element name='a'><xs:complexType><xs:sequence>"
+      "<xs:element ref='t:b' maxOccurs='unbounded'/></xs:sequence></xs:complexType>"
+      "<xs:key name='k'><xs:selector xpath='t:b'/><xs:field xpath='t:c'/></xs:key></xs:element>"
+      "<xs:element name='b'><xs:complexType><xs:choice maxOccurs='unbounded'><xs:element name='c' type='t:T'/>"
       "<xs:element name='d' type='xs:decimal' minOccurs='0'/></xs:choice></xs:complexType></xs:element>"
       "<xs:simpleType name='T'><xs:restriction base='xs:string'><xs:maxLength value='9'/><xs:pattern value='[A-Z]+'/>"
       "<xs:enumeration value='X'/><xs:enumeration value='Y'/></xs:restriction></xs:simpleType></xs:schema>"));
-  const std::string path = folder_.Write("small.xml", "<a><b><c>X</c><d>1.5</d></b><b><c>Y</c></b></a>");
+  const std::string path = folder_.Write("small.xml",
+                                         "<a xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'><b><c>X</c>"
+                                         "<d>1.5</d></b><b><c>Y</c></b></a>");
   AtEveryAllocation("valid", [&]() -> std::string {
     AuditFile file;
     file.set_AuditFileName(path);

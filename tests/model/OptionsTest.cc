@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <zevo/facades/AuditFile.h>
 #include <zevo/model/Customer.h>
 #include <zevo/model/Options.h>
@@ -163,6 +164,43 @@ TEST(OptionsTest, ThreadsDoNotSeeEachOthersOptions) {
   EXPECT_EQ(threads[0].name, "abc");
   EXPECT_EQ(threads[1].name, "abcde");
   EXPECT_EQ(threads[2].name, "abcdefgh");
+}
+
+TEST(OptionsTest, TheBuiltInSchemaCutsUntilAFileIsNamed) {
+  const TemporaryFolder folder;
+  const UseSchema restored;
+  const std::string missing = folder.Path("missing.xsd");
+  Options().set_SchemaLocation(missing);
+  EXPECT_EQ(StoredName(std::string(61, 'x')).size(), 61U);
+  UseBuiltInSchema();
+  EXPECT_EQ(Options().SchemaLocation(), "");
+  EXPECT_EQ(StoredName(std::string(61, 'x')).size(), 60U);
+  Options().set_SchemaLocation("");
+  UseBuiltInSchema();
+  EXPECT_EQ(StoredName(std::string(61, 'x')).size(), 60U);
+  Options().set_SchemaLocation(missing);
+  EXPECT_EQ(Options().SchemaLocation(), missing);
+  EXPECT_EQ(StoredName(std::string(61, 'x')).size(), 61U);
+}
+
+TEST(OptionsTest, TheBuiltInSchemaIsUsedByTheThreadThatAskedForIt) {
+  std::thread([] {
+    UseBuiltInSchema();
+    EXPECT_EQ(Options().SchemaLocation(), "");
+    std::thread([] { EXPECT_NE(Options().SchemaLocation(), ""); }).join();
+  }).join();
+}
+
+TEST(OptionsTest, ASchemaThatIsNoFileIsNotWaitedFor) {
+  const TemporaryFolder folder;
+  const UseSchema restored;
+  const std::string pipe = folder.Path("pipe.xsd");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {pipe, folder.Path(""), std::string("/dev/zero")}) {
+    Options().set_SchemaLocation(path);
+    EXPECT_EQ(Options().SchemaLocation(), path);
+    EXPECT_EQ(StoredName(std::string(61, 'x')).size(), 61U);
+  }
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ constexpr std::string_view kName = "/AuditFile/Header/CompanyName";
 
 class ValidationsTest : public ::testing::Test {
  protected:
-  void Load(std::string_view text) { validations_.LoadSchema(folder_.Write("schema.xsd", text)); }
+  void Load(std::string_view text) { validations_.LoadSchema(SchemaSource(folder_.Write("schema.xsd", text))); }
   std::string Cut(std::string_view key, std::string_view value = "abcdefghij") const {
     return validations_.Validate(key, value, false);
   }
@@ -177,10 +177,10 @@ TEST_F(ValidationsTest, ASchemaWithADocumentTypeIsRefusedWhole) {
 
 TEST_F(ValidationsTest, AMissingFileAndAFolderRaiseNothing) {
   Load(SchemaLimiting({{kName, "5"}}));
-  EXPECT_NO_THROW(validations_.LoadSchema(folder_.Path("missing.xsd")));
+  EXPECT_NO_THROW(validations_.LoadSchema(SchemaSource(folder_.Path("missing.xsd"))));
   EXPECT_EQ(Cut(kName), "abcdefghij");
-  EXPECT_NO_THROW(validations_.LoadSchema(folder_.Path("")));
-  EXPECT_NO_THROW(validations_.LoadSchema(""));
+  EXPECT_NO_THROW(validations_.LoadSchema(SchemaSource(folder_.Path(""))));
+  EXPECT_NO_THROW(validations_.LoadSchema(SchemaSource()));
   EXPECT_EQ(Cut(kName), "abcdefghij");
 }
 

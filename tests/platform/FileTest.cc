@@ -363,15 +363,26 @@ TEST_P(KilledProcess, LeavesTheOldFileWholeAndInNobodysWay) {
 
 INSTANTIATE_TEST_SUITE_P(File, KilledProcess, ::testing::Range(0, 5));
 
-TEST_F(FileTest, TellsHowMuchWasRead) {
-  InputFile file(folder_.Write("f", "twelve bytes"));
+TEST_F(FileTest, BytesInMemoryAreReadLikeAFile) {
+  InputBytes input("twelve bytes");
   char bytes[8];
-  EXPECT_EQ(file.Position(), 0U);
-  file.Read(bytes, sizeof bytes);
-  EXPECT_EQ(file.Position(), 8U);
-  file.Read(bytes, sizeof bytes);
-  file.Read(bytes, sizeof bytes);
-  EXPECT_EQ(file.Position(), 12U);
+  EXPECT_EQ(input.Read(bytes, sizeof bytes), 8U);
+  EXPECT_EQ(std::string_view(bytes, 8), "twelve b");
+  EXPECT_EQ(input.Read(bytes, sizeof bytes), 4U);
+  EXPECT_EQ(std::string_view(bytes, 4), "ytes");
+  EXPECT_EQ(input.Read(bytes, sizeof bytes), 0U);
+}
+
+TEST_F(FileTest, WhatIsNoRegularFileIsRefusedAtOnceWhereOneIsWanted) {
+  const std::string pipe = folder_.Path("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& name : {pipe, folder_.Path(""), std::string("/dev/null")}) {
+    const Error error = ErrorOf([&] { InputFile(name, InputFile::Kind::kRegular); });
+    EXPECT_EQ(error.Number(), static_cast<int32_t>(RunTimeError::kPathFileAccess));
+    EXPECT_THAT(error.Description(), HasSubstr(name));
+  }
+  EXPECT_ERROR(InputFile(folder_.Path("none"), InputFile::Kind::kRegular), RunTimeError::kFileNotFound, kRunTimeSource);
+  EXPECT_NO_THROW(InputFile(folder_.Write("file", "x"), InputFile::Kind::kRegular));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <iconv.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>
+#include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaValidator.h>
 #include <zevo/platform/Serializer.h>
 
@@ -53,7 +54,9 @@ void Parsing::Load(Document& document, std::string_view bytes) const {
 }
 
 void Parsing::Validate(std::string_view bytes) const {
-  SchemaValidator(schema_, std::string(kParseSource)).Validate(FileOf(bytes));
+  SchemaValidator validator(kParseSource, {});
+  validator.Compile(SchemaSource(schema_));
+  validator.Validate(FileOf(bytes));
 }
 
 Error Parsing::VerdictOn(std::string_view bytes) const {

@@ -4,6 +4,7 @@
 #include <libxml/xmlerror.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaValidator.h>
 
 #include <string>
@@ -20,6 +21,7 @@ namespace {
 
 using ::testing::HasSubstr;
 using testing::Repeated;
+using ::testing::StartsWith;
 
 constexpr std::string_view kSource = "Test.Validate";
 
@@ -43,19 +45,26 @@ const std::string kLines = Schema(R"(
 
 class SchemaValidatorTest : public ::testing::Test {
  protected:
-  void Compile(std::string_view schema) { SchemaValidator(folder_.Write("schema.xsd", schema), std::string(kSource)); }
+  void Compile(std::string_view schema) { validator_.Compile(SchemaSource(folder_.Write("schema.xsd", schema))); }
   Error ErrorOfSchema(std::string_view schema) {
-    return testing::ErrorOf([&] { Compile(schema); });
+    const Error error = testing::ErrorOf([&] { Compile(schema); });
+    EXPECT_TRUE(validator_.IsSchemaAtFault());
+    EXPECT_EQ(error.Source(), kSource);
+    EXPECT_THAT(error.Description(), StartsWith(folder_.Path("schema.xsd") + ": "));
+    return error;
   }
   void Validate(std::string_view document, std::string_view schema = kLines) {
-    SchemaValidator(folder_.Write("schema.xsd", schema), std::string(kSource))
-        .Validate(folder_.Write("file.xml", document));
+    Compile(schema);
+    validator_.Validate(folder_.Write("file.xml", document));
   }
   Error ErrorOfDocument(std::string_view document, std::string_view schema = kLines) {
-    return testing::ErrorOf([&] { Validate(document, schema); });
+    const Error error = testing::ErrorOf([&] { Validate(document, schema); });
+    EXPECT_FALSE(validator_.IsSchemaAtFault());
+    return error;
   }
 
   testing::TemporaryFolder folder_;
+  SchemaValidator validator_{kSource, {}};
 };
 
 TEST_F(SchemaValidatorTest, AValidFilePasses) {
@@ -87,19 +96,21 @@ TEST_F(SchemaValidatorTest, AFileThatIsNotWellFormedIsRefusedWithTheNumberOfTheP
 }
 
 TEST_F(SchemaValidatorTest, OneValidatorTakesFileAfterFile) {
-  SchemaValidator validator(folder_.Write("schema.xsd", kLines), std::string(kSource));
+  Compile(kLines);
   const std::string good = folder_.Write("good.xml", "<a><n>1</n></a>");
   const std::string bad = folder_.Write("bad.xml", "<a><n/></a>");
   for (int i = 0; i < 3; ++i) {
-    EXPECT_NO_THROW(validator.Validate(good));
-    EXPECT_ERROR(validator.Validate(bad), XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, kSource);
+    EXPECT_NO_THROW(validator_.Validate(good));
+    EXPECT_ERROR(validator_.Validate(bad), XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, kSource);
   }
 }
 
 TEST_F(SchemaValidatorTest, FilesThatAreMissingAreRunTimeErrorsWithTheSourceOfValidation) {
-  EXPECT_ERROR(SchemaValidator(folder_.Path("none.xsd"), std::string(kSource)), RunTimeError::kFileNotFound, kSource);
-  SchemaValidator validator(folder_.Write("schema.xsd", kLines), std::string(kSource));
-  EXPECT_ERROR(validator.Validate(folder_.Path("none.xml")), RunTimeError::kFileNotFound, kSource);
+  EXPECT_ERROR(validator_.Compile(SchemaSource(folder_.Path("none.xsd"))), RunTimeError::kFileNotFound, kSource);
+  EXPECT_TRUE(validator_.IsSchemaAtFault());
+  Compile(kLines);
+  EXPECT_ERROR(validator_.Validate(folder_.Path("none.xml")), RunTimeError::kFileNotFound, kSource);
+  EXPECT_FALSE(validator_.IsSchemaAtFault());
 }
 
 TEST_F(SchemaValidatorTest, AFileInWindows1252IsValidatedByItsCharacters) {
@@ -219,7 +230,33 @@ TEST_F(SchemaValidatorTest, NothingIsFetchedFromTheNetwork) {
 }
 
 TEST_F(SchemaValidatorTest, TheShippedSchemaCompiles) {
-  EXPECT_NO_THROW(SchemaValidator(ZEVO_SCHEMA_FILE, std::string(kSource)));
+  SchemaValidator validator(kSource, "urn:OECD:StandardAuditFile-Tax:PT_1.01_01");
+  EXPECT_NO_THROW(validator.Compile(SchemaSource(ZEVO_SCHEMA_FILE)));
+  EXPECT_NO_THROW(validator.Compile(SchemaSource::BuiltIn()));
+}
+
+TEST_F(SchemaValidatorTest, ASchemaOfAnotherNamespaceIsRefusedWithBothNames) {
+  SchemaValidator validator(kSource, "urn:wanted");
+  const auto errorOf = [&](std::string_view attribute) {
+    const std::string path = folder_.Write("own.xsd", std::string("<xs:schema xmlns:xs='http://www.w3.org/2001/"
+                                                                  "XMLSchema' ")
+                                                          .append(attribute)
+                                                          .append("><xs:element name='a'/></xs:schema>"));
+    return testing::ErrorOf([&] { validator.Compile(SchemaSource(path)); });
+  };
+  for (const std::string_view attribute : {"targetNamespace='urn:other'", "targetNamespace='urn:wanted '"}) {
+    const Error error = errorOf(attribute);
+    EXPECT_TRUE(validator.IsSchemaAtFault());
+    EXPECT_EQ(error.Number(), XML_ERR_USER_STOP);
+    EXPECT_THAT(error.Description(), HasSubstr("do espaço de nomes «urn:"));
+    EXPECT_THAT(error.Description(), HasSubstr("tem de ser do espaço de nomes «urn:wanted»"));
+  }
+  EXPECT_THAT(errorOf("").Description(), HasSubstr("de nenhum espaço de nomes"));
+  EXPECT_THAT(errorOf("xmlns:o='urn:o' o:targetNamespace='urn:wanted'").Description(),
+              HasSubstr("de nenhum espaço de nomes"));
+  EXPECT_THAT(
+      ErrorOfSchema("<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:x'/>").Description(),
+      HasSubstr("não pode ter espaço de nomes"));
 }
 
 }  // namespace

@@ -23,9 +23,8 @@ struct Decoded {
 };
 
 Decoded Decode(std::string_view bytes, size_t pieceSize = 4000) {
-  const testing::TemporaryFolder folder;
-  InputFile file(folder.Write("file", bytes));
-  TextDecoder decoder(file);
+  InputBytes input(bytes);
+  TextDecoder decoder(input);
   Decoded decoded{};
   std::string piece(pieceSize, '\0');
   while (const size_t length = decoder.Read(piece.data(), pieceSize)) decoded.text.append(piece, 0, length);
@@ -247,6 +246,16 @@ TEST(TextDecoder, RaisesWhatReadingTheFileRaises) {
   const testing::TemporaryFolder folder;
   InputFile directory(folder.Path(""));
   EXPECT_ERROR(TextDecoder{directory}, RunTimeError::kPathFileAccess, kRunTimeSource);
+}
+
+TEST(TextDecoder, TellsHowManyBytesItTook) {
+  const std::string bytes = Declared("windows-1252") + std::string(300'000, '\xE9');
+  InputBytes input(bytes);
+  TextDecoder decoder(input);
+  EXPECT_EQ(decoder.BytesTaken(), 256U * 1024);
+  std::string piece(1'000'000, '\0');
+  while (decoder.Read(piece.data(), piece.size()) > 0) continue;
+  EXPECT_EQ(decoder.BytesTaken(), bytes.size());
 }
 
 }  // namespace

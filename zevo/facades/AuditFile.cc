@@ -2,6 +2,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALHelper.h>
+#include <zevo/dal/LoadDocument.h>
 #include <zevo/facades/NullRecordWriter.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
@@ -17,6 +18,7 @@
 #include <zevo/mappers/TransactionDALC.h>
 #include <zevo/model/LetterCase.h>
 #include <zevo/model/Options.h>
+#include <zevo/model/OptionsMapping.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/SchemaValidator.h>
 
@@ -100,11 +102,15 @@ bool AuditFile::DeleteAuditFile() {
 
 bool AuditFile::ValidateAuditFile() {
   constexpr std::string_view kMember = "ValidateAuditFile";
-  return Attempt([&] {
+  SchemaValidator validator("MSXML2.FreeThreadedDOMDocument40.Load", kNamespace);
+  const bool valid = Attempt([&] {
     Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
     Require(FileExists(AuditFileName()), Message::kFileNotFound, kMember);
-    SchemaValidator(AuditFileSchema(), "MSXML2.FreeThreadedDOMDocument40.Load").Validate(AuditFileName());
+    validator.Compile(OptionsMapping::OfThisThread().Schema());
+    validator.Validate(AuditFileName());
   });
+  schema_at_fault_ = validator.IsSchemaAtFault();
+  return valid;
 }
 
 bool AuditFile::CreateHeader(const Header& value) {

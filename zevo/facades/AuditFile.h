@@ -57,8 +57,13 @@ class ZEVO_API AuditFile : public Facade {
   /// Deletes the file; true when there is none. Fails with message 4 while a document is open, 1 without a file name.
   bool DeleteAuditFile();
   /// Checks the file on disk, not the document, against the schema. Fails with message 1 without a file name, 2 when
-  /// there is no such file, and with the validator's number and reason at the first violation.
+  /// there is no such file, and with the validator's number and reason at the first violation. Where the schema cannot
+  /// be used, the description names it.
   bool ValidateAuditFile();
+  /// Whether the last `ValidateAuditFile` failed because of the schema, so that nothing is known of the file: there is
+  /// no schema, it cannot be read, is no regular file, is not well-formed, goes beyond a limit or does not compile, or
+  /// the validation broke down inside.
+  bool IsSchemaAtFault() const { return schema_at_fault_; }
 
   // The record operations fail with message 5 without a document.
 
@@ -94,6 +99,7 @@ class ZEVO_API AuditFile : public Facade {
   bool Write(std::string_view member, const R& record, Operation&& operation);
 
   std::unique_ptr<DOMDALHelper> writer_;
+  bool schema_at_fault_ = false;
 };
 
 }  // namespace zevo

@@ -12,4 +12,6 @@ std::string Options::SchemaLocation() const { return OptionsMapping::OfThisThrea
 
 void Options::set_SchemaLocation(std::string_view value) { OptionsMapping::OfThisThread().set_SchemaLocation(value); }
 
+void UseBuiltInSchema() { OptionsMapping::OfThisThread().UseBuiltInSchema(); }
+
 }  // namespace zevo

@@ -41,11 +41,17 @@ OptionsMapping::OptionsMapping() {
 }
 
 void OptionsMapping::set_SchemaLocation(std::string_view value) {
-  if (EqualIgnoringCase(value, schema_location_)) return;
-  std::string location(value);
+  if (!EqualIgnoringCase(value, SchemaLocation())) Load(SchemaSource(std::string(value)));
+}
+
+void OptionsMapping::UseBuiltInSchema() {
+  if (!source_.IsBuiltIn()) Load(SchemaSource::BuiltIn());
+}
+
+void OptionsMapping::Load(SchemaSource source) {
   auto schema = std::make_unique<Validations>();
-  schema->LoadSchema(location);
-  schema_location_ = std::move(location);
+  schema->LoadSchema(source);
+  source_ = std::move(source);
   schema_ = std::move(schema);
   ForgetLimits();
 }

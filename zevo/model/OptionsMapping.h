@@ -4,6 +4,7 @@
 #include <zevo/model/BasePath.h>
 #include <zevo/model/Property.h>
 #include <zevo/model/Validations.h>
+#include <zevo/platform/SchemaSource.h>
 
 #include <array>
 #include <cstdint>
@@ -25,10 +26,16 @@ class OptionsMapping {
   bool ValidateOnAssignment() const { return validate_on_assignment_; }
   void set_ValidateOnAssignment(bool value) { validate_on_assignment_ = value; }
 
-  const std::string& SchemaLocation() const { return schema_location_; }
+  /// The schema in use, loaded or not.
+  const SchemaSource& Schema() const { return source_; }
+
+  /// The path of the schema in use, empty when it is no file.
+  const std::string& SchemaLocation() const { return source_.File(); }
   /// Loads the schema at a path that differs in more than letter case from the present one. Only when memory runs out
   /// is there an error, and everything stays as it was.
   void set_SchemaLocation(std::string_view value);
+  /// Loads the schema that is built into the library, with the same errors.
+  void UseBuiltInSchema();
 
   /// Greatest length in characters of a property's value, Validations::kNoLimit when nothing limits it. `place` tells
   /// the properties under one path apart. What the schema says is looked up once for each property. Raises what
@@ -44,6 +51,7 @@ class OptionsMapping {
 
   OptionsMapping();
   static OptionsMapping& Start();
+  void Load(SchemaSource source);
   int LookUp(BasePath path, int place, std::string_view element);
   void ForgetLimits();
 
@@ -55,7 +63,7 @@ class OptionsMapping {
   static thread_local constinit OptionsMapping* present_;
 
   bool validate_on_assignment_ = true;
-  std::string schema_location_;
+  SchemaSource source_;
   std::unique_ptr<Validations> schema_ = std::make_unique<Validations>();
   std::array<std::array<int16_t, internal::kMaxRecordLines>, kBasePaths> limits_;
 };

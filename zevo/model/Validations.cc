@@ -4,6 +4,7 @@
 #include <zevo/model/HelperTransformations.h>
 #include <zevo/model/LetterCase.h>
 #include <zevo/platform/DocumentBuilder.h>
+#include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/Text.h>
 
@@ -30,7 +31,7 @@ bool IsElement(Element node) { return node.Name() == "element"; }
 
 }  // namespace
 
-void Validations::LoadSchema(const std::string& path) {
+void Validations::LoadSchema(const SchemaSource& source) {
   loaded_ = false;
   types_.clear();
   elements_.clear();
@@ -38,8 +39,10 @@ void Validations::LoadSchema(const std::string& path) {
   globals_.clear();
   document_.Clear();
   try {
+    const std::string bytes = source.Read();
+    InputBytes input(bytes);
     DocumentBuilder builder(document_);
-    Parser(path, std::string()).Parse(builder);
+    Parser(input, std::string()).Parse(builder);
   } catch (const Error& error) {
     if (error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory)) throw;
     return;

@@ -2,6 +2,7 @@
 #define ZEVO_MODEL_VALIDATIONS_H_
 
 #include <zevo/platform/Document.h>
+#include <zevo/platform/SchemaSource.h>
 
 #include <string>
 #include <string_view>
@@ -15,9 +16,9 @@ class Validations {
  public:
   static constexpr int kNoLimit = -1;
 
-  /// Loads the schema. A file that cannot be loaded raises nothing: no schema is loaded then, and nothing is limited.
+  /// Loads the schema. One that cannot be loaded raises nothing: no schema is loaded then, and nothing is limited.
   /// When memory runs out, raises error 7.
-  void LoadSchema(const std::string& path);
+  void LoadSchema(const SchemaSource& source);
   bool IsLoaded() const { return loaded_; }
 
   /// Greatest length in characters of the element under `key`, or kNoLimit. A path that the schema does not declare in

@@ -116,8 +116,13 @@ void RenameFile(const std::string& from, const std::string& to) {
   if (ChangeName(RequireName(from), RequireName(to)) != 0) Fail(errno, from);
 }
 
-InputFile::InputFile(const std::string& name) : name_(name), descriptor_(Open(name, OpenMode::kRead)) {
+InputFile::InputFile(const std::string& name, Kind kind)
+    : name_(name), descriptor_(Open(name, kind == Kind::kRegular ? OpenMode::kReadAtOnce : OpenMode::kRead)) {
   if (descriptor_ < 0) Fail(errno, name);
+  if (kind == Kind::kRegular && !IsRegular(descriptor_)) {
+    CloseDescriptor(descriptor_);
+    throw MakeRunTimeError(RunTimeError::kPathFileAccess, "não é um ficheiro: " + name);
+  }
 }
 
 InputFile::~InputFile() { CloseDescriptor(descriptor_); }
@@ -130,8 +135,13 @@ size_t InputFile::Read(char* bytes, size_t size) {
     if (got < 0) Fail(errno, name_);
     total += static_cast<size_t>(got);
   }
-  position_ += total;
   return total;
+}
+
+size_t InputBytes::Read(char* bytes, size_t size) {
+  const size_t length = left_.copy(bytes, size);
+  left_.remove_prefix(length);
+  return length;
 }
 
 OutputFile::OutputFile(const std::string& name) : name_(name), descriptor_(Open(name, OpenMode::kReplace)) {

@@ -2,7 +2,6 @@
 #define ZEVO_PLATFORM_FILE_H_
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -24,23 +23,43 @@ class ByteSink {
   virtual void Write(std::string_view bytes) = 0;
 };
 
-/// A file read from front to back.
-class InputFile {
+/// Where bytes come from, front to back.
+class ByteSource {
  public:
-  explicit InputFile(const std::string& name);
+  virtual ~ByteSource() = default;
+  /// Reads up to `size` bytes; fewer only at the end.
+  virtual size_t Read(char* bytes, size_t size) = 0;
+};
+
+/// A file read from front to back.
+class InputFile : public ByteSource {
+ public:
+  enum class Kind {
+    kAny,
+    kRegular,  ///< Raises error 75 for what is neither a file nor missing, and waits for nobody to open it.
+  };
+
+  explicit InputFile(const std::string& name, Kind kind = Kind::kAny);
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
-  ~InputFile();
+  ~InputFile() override;
 
-  /// Reads up to `size` bytes; fewer only at the end of the file.
-  size_t Read(char* bytes, size_t size);
-  /// How many bytes were read so far.
-  uint64_t Position() const { return position_; }
+  size_t Read(char* bytes, size_t size) override;
 
  private:
   std::string name_;
   int descriptor_;
-  uint64_t position_ = 0;
+};
+
+/// Bytes in memory, which must outlive this.
+class InputBytes : public ByteSource {
+ public:
+  explicit InputBytes(std::string_view bytes) : left_(bytes) {}
+
+  size_t Read(char* bytes, size_t size) override;
+
+ private:
+  std::string_view left_;
 };
 
 /// A file written from front to back, created or emptied first.

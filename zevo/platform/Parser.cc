@@ -48,12 +48,11 @@ auto Reading(const std::string& source, Action&& action) {
 // One run over one file: stands between libxml2's callbacks and the handler, keeps the limits and the first error.
 class Run {
  public:
-  Run(const std::string& file, const std::string& source, ParserHandler& handler, uint64_t& bytesRead)
+  Run(ByteSource& input, const std::string& source, ParserHandler& handler, uint64_t& bytesRead)
       : source_(source),
         handler_(handler),
         bytes_read_(bytesRead),
-        input_(Reading(source, [&] { return InputFile(file); })),
-        decoder_(Reading(source, [&] { return TextDecoder(input_); })) {}
+        decoder_(Reading(source, [&] { return TextDecoder(input); })) {}
 
   void Parse(xmlSchemaValidCtxt* validation) {
     xmlSAXHandler callbacks = Callbacks();
@@ -209,7 +208,7 @@ class Run {
       run.Stop();
       return 0;
     }
-    run.bytes_read_ = run.input_.Position();
+    run.bytes_read_ = run.decoder_.BytesTaken();
     run.delivered_ += static_cast<size_t>(length);
     return length;
   }
@@ -325,7 +324,6 @@ class Run {
   const std::string& source_;
   ParserHandler& handler_;
   uint64_t& bytes_read_;
-  InputFile input_;
   TextDecoder decoder_;
   std::unique_ptr<xmlParserCtxt, FreeContext> context_;
   std::vector<ParsedAttribute> attributes_;
@@ -355,7 +353,9 @@ class Run {
 void Parser::Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation) {
   InitialiseXml();
   bytes_read_ = 0;
-  Run(file_, source_, handler, bytes_read_).Parse(validation);
+  if (input_ != nullptr) return Run(*input_, source_, handler, bytes_read_).Parse(validation);
+  InputFile input = Reading(source_, [&] { return InputFile(file_); });
+  Run(input, source_, handler, bytes_read_).Parse(validation);
 }
 
 }  // namespace zevo

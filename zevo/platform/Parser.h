@@ -11,6 +11,8 @@ struct _xmlSchemaValidCtxt;  // NOLINT(bugprone-reserved-identifier): libxml2's 
 
 namespace zevo {
 
+class ByteSource;
+
 /// The name of an element or attribute. Equal names of one parse are the same pointers. `prefix` is null without one.
 struct ParsedName {
   const char* local;
@@ -51,6 +53,8 @@ struct ParserLimits {
 class Parser {
  public:
   Parser(std::string file, std::string source) : file_(std::move(file)), source_(std::move(source)) {}
+  /// Parses, once, what comes from elsewhere than a file. `input` must outlive the parser.
+  Parser(ByteSource& input, std::string source) : input_(&input), source_(std::move(source)) {}
 
   void Parse(ParserHandler& handler) { Parse(handler, nullptr); }
 
@@ -61,6 +65,7 @@ class Parser {
   uint64_t BytesRead() const { return bytes_read_; }
 
  private:
+  ByteSource* input_ = nullptr;  // none: the file is opened for each parse
   std::string file_;
   std::string source_;
   uint64_t bytes_read_ = 0;

@@ -7,6 +7,7 @@
 #include <zevo/Error.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
+#include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlError.h>
 
@@ -52,10 +53,12 @@ struct NoEvents : ParserHandler {
 // definitions, each naming the next one twice, are put in each other's places.
 class Restrictions : public NoEvents {
  public:
-  explicit Restrictions(const std::string& source) : source_(source) {}
+  Restrictions(std::string_view source, std::string_view targetNamespace)
+      : source_(source), target_namespace_(targetNamespace) {}
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
     const std::string_view local = name.local;
+    if (depth_ == 0 && local == "schema") RequireNamespace(attributes);
     if (local == "include" || local == "import" || local == "redefine") RefuseLocation(attributes);
     ++depth_;
     if (depth_ == kDefinitionDepth) current_ = &definitions_[std::string(ValueOf(attributes, "name"))];
@@ -91,9 +94,20 @@ class Restrictions : public NoEvents {
 
   static std::string_view ValueOf(std::span<const ParsedAttribute> attributes, std::string_view name) {
     for (const ParsedAttribute& attribute : attributes) {
-      if (std::string_view(attribute.name.local) == name) return attribute.value;
+      if (attribute.name.prefix == nullptr && attribute.name.local == name) return attribute.value;
     }
     return {};
+  }
+
+  void RequireNamespace(std::span<const ParsedAttribute> attributes) const {
+    const std::string_view found = ValueOf(attributes, "targetNamespace");
+    if (found == target_namespace_) return;
+    const auto named = [](std::string_view name, std::string_view none) {
+      return name.empty() ? std::string(none) : std::string("do espaço de nomes «").append(name).append("»");
+    };
+    Refuse(XML_ERR_USER_STOP, "O esquema é " + named(found, "de nenhum espaço de nomes") + ", mas " +
+                                  (target_namespace_.empty() ? "não pode ter espaço de nomes"
+                                                             : "tem de ser " + named(target_namespace_, {})));
   }
 
   void RefuseLocation(std::span<const ParsedAttribute> attributes) const {
@@ -127,15 +141,16 @@ class Restrictions : public NoEvents {
     return elements;
   }
 
-  const std::string& source_;
+  std::string_view source_;
+  std::string_view target_namespace_;
   int depth_ = 0;
   Definition* current_ = nullptr;
   std::unordered_map<std::string, Definition> definitions_;
 };
 
-// The content of a file in UTF-8, which its declaration then tells too.
-std::string Utf8Of(const std::string& file) {
-  InputFile input(file);
+// The text of a schema in UTF-8, which its declaration then tells too.
+std::string Utf8Of(std::string_view bytes) {
+  InputBytes input(bytes);
   TextDecoder decoder(input);
   std::string text;
   constexpr size_t kPiece = size_t{64} * 1024;
@@ -160,18 +175,41 @@ struct SchemaValidator::Schema {
   std::unique_ptr<xmlSchema, Free> compiled;
 };
 
-SchemaValidator::SchemaValidator(const std::string& schemaFile, std::string source)
-    : schema_(std::make_unique<Schema>()), source_(std::move(source)) {
+SchemaValidator::SchemaValidator(std::string_view source, std::string_view targetNamespace)
+    : source_(source), target_namespace_(targetNamespace) {}
+SchemaValidator::~SchemaValidator() = default;
+
+void SchemaValidator::Compile(const SchemaSource& schema) {
+  schema_at_fault_ = true;
+  schema_ = std::make_unique<Schema>();
+  name_ = schema.Name();
+  std::string bytes;
+  try {
+    bytes = schema.Read();
+  } catch (const Error& error) {
+    throw Error(error.Number(), std::string(source_), error.Description());
+  }
+  try {
+    Compile(bytes);
+  } catch (const Error& error) {
+    Blame(error);
+  }
+  schema_at_fault_ = false;
+}
+
+void SchemaValidator::Compile(std::string_view bytes) {
   // libxml2 makes its table of built-in types when it is first wanted, with no thought of threads.
   static std::once_flag once;
   std::call_once(once, xmlSchemaInitTypes);
   // Read by our own parser first, so that a schema meets the same refusals as any file.
-  Restrictions restrictions(source_);
-  Parser(schemaFile, source_).Parse(restrictions);
+  const std::string source(source_);
+  Restrictions restrictions(source_, target_namespace_);
+  InputBytes input(bytes);
+  Parser(input, source).Parse(restrictions);
   restrictions.CheckGrowth();
-  const std::string text = Utf8Of(schemaFile);
+  const std::string text = Utf8Of(bytes);
 
-  FirstError first{source_, std::nullopt};
+  FirstError first{source, std::nullopt};
   const std::unique_ptr<xmlSchemaParserCtxt, Deleter<xmlSchemaFreeParserCtxt>> context(
       xmlSchemaNewMemParserCtxt(text.data(), static_cast<int>(text.size())));
   if (!context) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
@@ -181,17 +219,29 @@ SchemaValidator::SchemaValidator(const std::string& schemaFile, std::string sour
   if (!schema_->compiled) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
 }
 
-SchemaValidator::~SchemaValidator() = default;
-
 void SchemaValidator::Validate(const std::string& file) {
+  schema_at_fault_ = true;
   const std::unique_ptr<xmlSchemaValidCtxt, Deleter<xmlSchemaFreeValidCtxt>> context(
       xmlSchemaNewValidCtxt(schema_->compiled.get()));
   if (!context) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
-  NoEvents events;
-  Parser(file, source_).Parse(events, context.get());
-  if (xmlSchemaIsValid(context.get()) != 1) {
-    throw XmlError(XML_SCHEMAV_INTERNAL, source_, "O ficheiro não é válido", 1, 1);
+  schema_at_fault_ = false;
+  try {
+    NoEvents events;
+    Parser(file, std::string(source_)).Parse(events, context.get());
+    if (xmlSchemaIsValid(context.get()) != 1) {
+      throw XmlError(XML_SCHEMAV_INTERNAL, source_, "A validação não chegou ao fim", 0, 0);
+    }
+  } catch (const Error& error) {
+    if (error.Number() != XML_SCHEMAV_INTERNAL) throw;
+    schema_at_fault_ = true;
+    Blame(error);
   }
+}
+
+// Where memory runs out, the schema is not named.
+void SchemaValidator::Blame(const Error& error) const {
+  if (error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory)) throw Error(error);
+  throw Error(error.Number(), std::string(source_), name_ + ": " + error.Description());
 }
 
 }  // namespace zevo

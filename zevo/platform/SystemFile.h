@@ -11,9 +11,10 @@ namespace zevo {
 
 enum class OpenMode {
   kRead,
-  kWrite,    ///< a file that is there
-  kReplace,  ///< created, or emptied when it is there
-  kCreate,   ///< must not be there
+  kReadAtOnce,  ///< does not wait until somebody writes to a pipe
+  kWrite,       ///< a file that is there
+  kReplace,     ///< created, or emptied when it is there
+  kCreate,      ///< must not be there
 };
 
 struct FileStatus {
@@ -29,6 +30,9 @@ int CheckWritable(const std::string& name);
 
 /// The descriptor of the open file.
 int OpenDescriptor(const std::string& name, OpenMode mode);
+
+/// Whether an open file is neither a folder, a pipe nor a device.
+bool IsRegular(int descriptor);
 
 /// Reads some bytes; 0 only at the end of the file.
 std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size);

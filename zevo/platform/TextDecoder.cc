@@ -81,7 +81,7 @@ std::optional<std::string_view> DeclaredEncoding(std::string_view text) {
   return text.substr(quote + 1, end == std::string_view::npos ? end : end - quote - 1);
 }
 
-TextDecoder::TextDecoder(InputFile& file) : file_(file), buffer_(new char[kBufferSize]) {
+TextDecoder::TextDecoder(ByteSource& input) : input_(input), buffer_(new char[kBufferSize]) {
   Refill();
   DetectEncoding();
 }
@@ -90,7 +90,8 @@ bool TextDecoder::Refill() {
   const size_t left = end_ - position_;
   std::memmove(buffer_.get(), buffer_.get() + position_, left);
   position_ = 0;
-  end_ = left + file_.Read(buffer_.get() + left, kBufferSize - left);
+  end_ = left + input_.Read(buffer_.get() + left, kBufferSize - left);
+  bytes_taken_ += end_ - left;
   return end_ > left;
 }
 

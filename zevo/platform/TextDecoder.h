@@ -28,14 +28,16 @@ class TextDecoder {
     kUndecodable,            // bytes that mean nothing in the encoding
   };
 
-  /// Reads the beginning of the file. Raises what reading it raises.
-  explicit TextDecoder(InputFile& file);
+  /// Reads the beginning of the input. Raises what reading it raises.
+  explicit TextDecoder(ByteSource& input);
 
   /// Decodes up to `size` bytes of UTF-8, at least four. Gives 0 at the end of the file and from a fault on; what comes
   /// before the fault is given first.
   size_t Read(char* utf8, size_t size);
 
   Fault fault() const { return fault_; }
+  /// How many bytes were taken from the input so far.
+  uint64_t BytesTaken() const { return bytes_taken_; }
 
  private:
   enum class Encoding { kUtf8, kAscii, kLatin1, kWindows1252, kUtf16LittleEndian, kUtf16BigEndian };
@@ -47,7 +49,8 @@ class TextDecoder {
   size_t DecodeUtf16(char* utf8, size_t size);
   uint16_t Utf16At(size_t place) const;
 
-  InputFile& file_;
+  ByteSource& input_;
+  uint64_t bytes_taken_ = 0;
   std::unique_ptr<char[]> buffer_;
   size_t position_ = 0;
   size_t end_ = 0;

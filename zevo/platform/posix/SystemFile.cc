@@ -21,6 +21,8 @@ int FlagsOf(OpenMode mode) {
   switch (mode) {
     case OpenMode::kRead:
       return O_RDONLY;
+    case OpenMode::kReadAtOnce:
+      return O_RDONLY | O_NONBLOCK | O_NOCTTY;
     case OpenMode::kWrite:
       return O_WRONLY;
     case OpenMode::kReplace:
@@ -43,6 +45,11 @@ int CheckWritable(const std::string& name) { return faccessat(AT_FDCWD, name.c_s
 
 int OpenDescriptor(const std::string& name, OpenMode mode) {
   return Uninterrupted([&] { return open(name.c_str(), FlagsOf(mode) | O_CLOEXEC, 0666); });
+}
+
+bool IsRegular(int descriptor) {
+  struct stat status {};
+  return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size) {

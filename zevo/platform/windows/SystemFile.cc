@@ -19,6 +19,7 @@ unsigned OneCall(size_t size) { return static_cast<unsigned>(std::min(size, size
 int FlagsOf(OpenMode mode) {
   switch (mode) {
     case OpenMode::kRead:
+    case OpenMode::kReadAtOnce:
       return _O_RDONLY;
     case OpenMode::kWrite:
       return _O_WRONLY;
@@ -71,6 +72,11 @@ int CheckWritable(const std::string& name) { return _waccess(WideFromUtf8(name).
 
 int OpenDescriptor(const std::string& name, OpenMode mode) {
   return _wopen(WideFromUtf8(name).c_str(), FlagsOf(mode) | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+}
+
+bool IsRegular(int descriptor) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the run-time library has handles as numbers.
+  return GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor))) == FILE_TYPE_DISK;
 }
 
 std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size) { return _read(descriptor, bytes, OneCall(size)); }

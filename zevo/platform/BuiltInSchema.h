@@ -1,0 +1,13 @@
+#ifndef ZEVO_PLATFORM_BUILTINSCHEMA_H_
+#define ZEVO_PLATFORM_BUILTINSCHEMA_H_
+
+#include <string_view>
+
+namespace zevo {
+
+/// The bytes of schema/SAF-T-PT_1_01.xsd, as they were when the library was built. CMake writes the source of it.
+std::string_view BuiltInSchema();
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_BUILTINSCHEMA_H_

@@ -1,0 +1,34 @@
+#include <zevo/platform/SchemaSource.h>
+
+#include <libxml/xmlerror.h>
+#include <zevo/Error.h>
+#include <zevo/platform/BuiltInSchema.h>
+#include <zevo/platform/File.h>
+#include <zevo/platform/XmlError.h>
+
+namespace zevo {
+
+SchemaSource SchemaSource::BuiltIn() {
+  SchemaSource source;
+  source.built_in_ = true;
+  return source;
+}
+
+std::string_view SchemaSource::Name() const {
+  if (built_in_) return "o esquema incluído na biblioteca";
+  return file_;
+}
+
+std::string SchemaSource::Read() const {
+  if (built_in_) return std::string(BuiltInSchema());
+  if (file_.empty()) throw MakeRunTimeError(RunTimeError::kFileNotFound, "não foi indicado nenhum esquema");
+  InputFile input(file_, InputFile::Kind::kRegular);
+  std::string bytes(kLargest + 1, '\0');
+  bytes.resize(input.Read(bytes.data(), bytes.size()));
+  if (bytes.size() > kLargest) {
+    throw XmlError(XML_ERR_USER_STOP, {}, std::string(Name()).append(": O esquema tem mais de 256 KiB"), 0, 0);
+  }
+  return bytes;
+}
+
+}  // namespace zevo
