@@ -1,17 +1,36 @@
 #include <zevo/platform/Folders.h>
 
 #include <dlfcn.h>
+#include <link.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace zevo {
+namespace {
+
+// The path of the file that this code was loaded from, as the loader has it.
+std::string LoadedFile() {
+  Dl_info info{};
+  void* loaded = nullptr;
+  if (dladdr1(reinterpret_cast<const void*>(&LibraryFolder), &info, &loaded, RTLD_DL_LINKMAP) != 0) {
+    const char* const name = static_cast<const link_map*>(loaded)->l_name;
+    if (name != nullptr && *name != '\0') return name;
+  }
+  // The program itself. Of that the loader tells how it was called, which is for anybody to choose.
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).string();
+}
+
+}  // namespace
 
 std::string CommonFilesFolder() { return {}; }
 
+// A relative path leads to wherever the process happens to stand.
 std::string LibraryFolder() {
-  Dl_info info{};
-  if (dladdr(reinterpret_cast<const void*>(&LibraryFolder), &info) == 0 || info.dli_fname == nullptr) return {};
-  const std::string_view path = info.dli_fname;
-  const size_t separator = path.rfind('/');
-  return separator == std::string_view::npos ? std::string(".") : std::string(path.substr(0, separator));
+  const std::string file = LoadedFile();
+  return file.starts_with('/') ? file.substr(0, std::max<size_t>(file.rfind('/'), 1)) : std::string();
 }
 
 std::string JoinPath(std::string_view folder, std::string_view name) {
