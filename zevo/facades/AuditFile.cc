@@ -71,7 +71,7 @@ bool AuditFile::CreateAuditFile() {
 
 bool AuditFile::OpenAuditFile() {
   return Attempt([&] {
-    RequireOpenable(writer_->IsOpen(), AuditFileName());
+    RequireOpenable(writer_->IsOpen(), AuditFileName(), Input::kFile);
     writer_->OpenFile();
   });
 }
@@ -104,8 +104,7 @@ bool AuditFile::ValidateAuditFile() {
   constexpr std::string_view kMember = "ValidateAuditFile";
   SchemaValidator validator("MSXML2.FreeThreadedDOMDocument40.Load", kNamespace);
   const bool valid = Attempt([&] {
-    Require(!AuditFileName().empty(), Message::kNoFileName, kMember);
-    Require(FileExists(AuditFileName()), Message::kFileNotFound, kMember);
+    RequireFile(AuditFileName(), Input::kFileOrStandardInput, kMember);
     validator.Compile(OptionsMapping::OfThisThread().Schema());
     validator.Validate(AuditFileName());
   });

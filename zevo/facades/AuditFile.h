@@ -36,7 +36,8 @@ class ZEVO_API AuditFile : public Facade {
   /// Drops a document that was not saved.
   ~AuditFile();
 
-  /// Path of the file, in UTF-8. May be changed at any time.
+  /// Path of the file, in UTF-8. May be changed at any time. `ValidateAuditFile` also takes "/dev/stdin", where the
+  /// system has it, for the standard input, whatever is behind it.
   const std::string& AuditFileName() const;
   void set_AuditFileName(std::string_view value);
   /// The same as `Options::SchemaLocation`.

@@ -50,7 +50,7 @@ void AuditFileReader::set_AuditFileName(std::string_view value) { reader_->set_A
 
 bool AuditFileReader::OpenAuditFile() {
   return Attempt([&] {
-    RequireOpenable(reader_->IsOpen(), AuditFileName());
+    RequireOpenable(reader_->IsOpen(), AuditFileName(), Input::kFileOrStandardInput);
     reader_->OpenFile();
   });
 }

@@ -88,7 +88,7 @@ void AuditFileStreamer::set_AuditFileName(std::string_view value) { reader_->set
 
 bool AuditFileStreamer::OpenAuditFile() {
   return Attempt([&] {
-    RequireOpenable(reader_->IsOpen(), AuditFileName());
+    RequireOpenable(reader_->IsOpen(), AuditFileName(), Input::kFileOrStandardInput);
     reader_->OpenFile();
   });
 }

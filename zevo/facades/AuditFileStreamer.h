@@ -37,7 +37,8 @@ class ZEVO_API AuditFileStreamer : public Facade {
   /// Raised after the last record of a file that was read to its end.
   std::function<void()> FinishedReading;
 
-  /// Path of the file, in UTF-8.
+  /// Path of the file, in UTF-8. Where the system has a "/dev/stdin", that name stands for the standard input, whatever
+  /// is behind it; a pipe can be read once. Any other name must lead to a regular file.
   const std::string& AuditFileName() const;
   void set_AuditFileName(std::string_view value);
 

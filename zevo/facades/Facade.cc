@@ -18,11 +18,16 @@ void Facade::RequireCreatable(bool isOpen, const std::string& fileName) const {
   Require(!FileExists(fileName), Message::kFileExists, kMember);
 }
 
-void Facade::RequireOpenable(bool isOpen, const std::string& fileName) const {
+void Facade::RequireOpenable(bool isOpen, const std::string& fileName, Input input) const {
   constexpr std::string_view kMember = "OpenAuditFile";
   Require(!isOpen, Message::kAlreadyStarted, kMember);
-  Require(!fileName.empty(), Message::kNoFileName, kMember);
-  Require(FileExists(fileName), Message::kFileNotFound, kMember);
+  RequireFile(fileName, input, kMember);
+}
+
+void Facade::RequireFile(const std::string& fileName, Input input, std::string_view member) const {
+  Require(!fileName.empty(), Message::kNoFileName, member);
+  const bool taken = input == Input::kFileOrStandardInput && IsStandardInput(fileName);
+  Require(taken || FileExists(fileName), Message::kFileNotFound, member);
 }
 
 void Facade::RecordError() noexcept {

@@ -21,6 +21,9 @@ class ZEVO_API Facade {
   const std::shared_ptr<const zevo::AuditException>& AuditException() const { return exception_; }
 
  protected:
+  /// What a façade reads: one that goes through its input once, and does not write it back, takes a pipe as well.
+  enum class Input { kFile, kFileOrStandardInput };
+
   /// `name` is the class that errors of its own operations name as their source; it must outlive the object. The
   /// description of an error with a negative number that the library has no message for is kept or emptied.
   Facade(std::string_view name, bool keepsUnknownDescriptions)
@@ -33,7 +36,9 @@ class ZEVO_API Facade {
   /// What `CreateAuditFile` demands of a façade, open or not, and of its file; raises message 4, 1 or 3.
   void RequireCreatable(bool isOpen, const std::string& fileName) const;
   /// The same of `OpenAuditFile`; raises message 4, 1 or 2.
-  void RequireOpenable(bool isOpen, const std::string& fileName) const;
+  void RequireOpenable(bool isOpen, const std::string& fileName, Input input) const;
+  /// Demands a file that can be read; raises message 1 or 2.
+  void RequireFile(const std::string& fileName, Input input, std::string_view member) const;
 
   /// The one place where errors are caught. Tells whether the operation succeeded.
   template <class Operation>

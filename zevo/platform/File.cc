@@ -108,6 +108,8 @@ int WriteAll(int descriptor, std::string_view bytes) {
 
 bool FileExists(const std::string& name) { return IsName(name) && StatusOf(name).regular; }
 
+bool IsStandardInput(const std::string& name) { return !name.empty() && name == StandardInputName(); }
+
 void DeleteFile(const std::string& name) {
   if (DeleteName(RequireName(name)) != 0) Fail(errno, name);
 }

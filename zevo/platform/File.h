@@ -12,6 +12,9 @@ namespace zevo {
 /// Whether there is a regular file of that very name.
 bool FileExists(const std::string& name);
 
+/// Whether the name is the one under which the system has a process's standard input, "/dev/stdin" where there is one.
+bool IsStandardInput(const std::string& name);
+
 void DeleteFile(const std::string& name);
 
 void RenameFile(const std::string& from, const std::string& to);

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace zevo {
 
@@ -51,6 +52,9 @@ int DeleteName(const std::string& name);
 int ChangeName(const std::string& from, const std::string& to);
 /// Puts names that changed in a folder on the disk, where the system can be told to and as far as it does.
 void FlushFolder(const std::string& name);
+
+/// The name that opens the process's standard input, whatever stands behind it; empty where there is none.
+std::string_view StandardInputName();
 
 unsigned ProcessNumber();
 

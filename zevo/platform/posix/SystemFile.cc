@@ -80,6 +80,8 @@ void FlushFolder(const std::string& name) {
   close(folder);
 }
 
+std::string_view StandardInputName() { return "/dev/stdin"; }
+
 unsigned ProcessNumber() { return static_cast<unsigned>(getpid()); }
 
 }  // namespace zevo

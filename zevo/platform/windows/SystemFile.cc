@@ -112,6 +112,8 @@ int ChangeName(const std::string& from, const std::string& to) {
 
 void FlushFolder(const std::string&) {}
 
+std::string_view StandardInputName() { return {}; }
+
 unsigned ProcessNumber() { return GetCurrentProcessId(); }
 
 }  // namespace zevo
