@@ -32,7 +32,7 @@ constexpr Layout kHeader(
     Row("SoftwareCertificateNumber", kAlways, &H::SoftwareCertificateNumber),
     Row("ProductID", kAlways, &H::ProductID, &H::set_ProductID),
     Row("ProductVersion", kAlways, &H::ProductVersion, &H::set_ProductVersion),
-    Row("HeaderComment", kIfNotEmpty, &H::HeaderComment, &H::set_HeaderComment),
+    ReadLast(Row("HeaderComment", kIfNotEmpty, &H::HeaderComment, &H::set_HeaderComment)),
     Row("Telephone", kIfNotEmpty, &H::Telephone, &H::set_Telephone),  //
     Row("Fax", kIfNotEmpty, &H::Fax, &H::set_Fax),                    //
     Row("Email", kIfNotEmpty, &H::Email, &H::set_Email),              //

@@ -54,7 +54,7 @@ constexpr Layout kLine(Row("LineNumber", kAlways, &R::LineNumber, &R::set_LineNu
                        Row("Description", kAlways, &R::Description, &R::set_Description),
                        Either(Row("DebitAmount", kAlways, &R::DebitAmount, &R::set_DebitAmount),
                               Row("CreditAmount", kAlways, &R::CreditAmount, &R::set_CreditAmount)),
-                       SharedGroup("Tax", &R::Tax, &R::set_Tax, kTax),
+                       ReadLast(SharedGroup("Tax", &R::Tax, &R::set_Tax, kTax)),
                        Row("TaxExemptionReason", kIfNotEmpty, &R::TaxExemptionReason, &R::set_TaxExemptionReason),
                        Row("SettlementAmount", kAlways, &R::SettlementAmount, &R::set_SettlementAmount));
 

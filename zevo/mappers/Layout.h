@@ -19,7 +19,8 @@
 namespace zevo {
 
 // The layout of a record's element: a table with a row for each child, in the order of the file. The same table writes
-// the element and reads it back. A row without a setter is written and deliberately not read.
+// the element and reads it back, in that order but for rows that are read last; a read that fails leaves in the record
+// what was read before. A row without a setter is written and deliberately not read.
 
 enum class Written { kAlways, kIfNotEmpty };
 using enum Written;
@@ -135,6 +136,20 @@ constexpr auto Either(First first, Second second) {
   return EitherRow<First, Second>{first, second};
 }
 
+/// A row that is read after all others of its element.
+template <class Row>
+struct LastReadRow : Row {};
+
+template <class Row>
+constexpr auto ReadLast(Row row) {
+  return LastReadRow<Row>{row};
+}
+
+template <class Row>
+inline constexpr bool kIsReadLast = false;
+template <class Row>
+inline constexpr bool kIsReadLast<LastReadRow<Row>> = true;
+
 /// The rows of one element.
 template <class... Rows>
 class Layout {
@@ -150,7 +165,15 @@ class Layout {
   template <class R>
   void Read(R& record, Element element, IDALReader& helper) const {
     ElementTexts texts(element);
-    std::apply([&](const Rows&... row) { (row.Read(record, texts, element, helper), ...); }, rows_);
+    const auto read = [&]<bool kLast, class Row>(std::bool_constant<kLast>, const Row& row) {
+      if constexpr (kIsReadLast<Row> == kLast) row.Read(record, texts, element, helper);
+    };
+    std::apply(
+        [&](const Rows&... row) {
+          (read(std::false_type(), row), ...);
+          (read(std::true_type(), row), ...);
+        },
+        rows_);
   }
 
  private:
