@@ -67,6 +67,38 @@ class RegistrationTest : public ::testing::Test {
     std::ranges::sort(found);
     return found;
   }
+  static bool NothingLeft(const OpenKey& key) {
+    return std::ranges::none_of(Contents(key), [](const std::wstring& entry) {
+      return entry.find(L"Zevo") != std::wstring::npos || entry.find(L"{") != std::wstring::npos;
+    });
+  }
+
+  // Puts a text in the place of a value that names a file, under all keys of that name.
+  static void Rename(HKEY key, const std::wstring& keyName, const std::wstring& file) {
+    wchar_t name[512];
+    DWORD size = 512;
+    for (DWORD i = 0; RegEnumKeyExW(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+         ++i, size = 512) {
+      HKEY child = nullptr;
+      ASSERT_EQ(RegOpenKeyExW(key, name, 0, KEY_ALL_ACCESS, &child), ERROR_SUCCESS);
+      if (name == keyName) {
+        EXPECT_EQ(RegSetValueExW(child, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(file.c_str()),
+                                 static_cast<DWORD>((file.size() + 1) * sizeof(wchar_t))),
+                  ERROR_SUCCESS);
+      }
+      Rename(child, keyName, file);
+      RegCloseKey(child);
+    }
+  }
+  static void RenameServer(const OpenKey& key, const std::wstring& file) {
+    for (const wchar_t* name : {L"InprocServer32", L"win64", L"win32"}) Rename(key.Get(), name, file);
+  }
+  static std::wstring Program() {
+    wchar_t program[1024];
+    GetModuleFileNameW(nullptr, program, 1024);
+    return program;
+  }
+
   static bool Has(const std::vector<std::wstring>& contents, const std::wstring& entry) {
     return std::ranges::find(contents, entry) != contents.end();
   }
@@ -81,11 +113,9 @@ TEST_F(RegistrationTest, TheServerIsFoundByNameAndByNumber) {
   const auto contents = Contents(machine_);
   wchar_t id[39];
   StringFromGUID2(__uuidof(::AuditFile), id, 39);
-  wchar_t program[1024];
-  GetModuleFileNameW(nullptr, program, 1024);
   const std::wstring server = std::wstring(L"Software\\Classes\\CLSID\\") + id + L"\\";
   EXPECT_TRUE(Has(contents, std::wstring(L"Software\\Classes\\ZevoAdapters11.AuditFile\\CLSID\\=") + id));
-  EXPECT_TRUE(Has(contents, server + L"InprocServer32\\=" + program));
+  EXPECT_TRUE(Has(contents, server + L"InprocServer32\\=" + Program()));
   EXPECT_TRUE(Has(contents, server + L"InprocServer32\\ThreadingModel=Apartment"));
   EXPECT_TRUE(Has(contents, server + L"ProgID\\=ZevoAdapters11.AuditFile"));
   EXPECT_FALSE(Has(contents, L"Software\\Classes\\ZevoAdapters11.LineCollection\\"));
@@ -142,6 +172,67 @@ TEST_F(RegistrationTest, UnregisteringLeavesTheTypeLibraryOfTheOtherProcessor) {
       std::ranges::none_of(left, [](const std::wstring& entry) { return entry.find(L"CLSID") != std::wstring::npos; }));
 }
 
+TEST_F(RegistrationTest, UnregisteringLeavesACopyThatTookThePlaceOfThisOne) {
+  component::Register();
+  // One file that is there and one that is not.
+  for (const wchar_t* other : {L"C:\\windows\\system32\\oleaut32.dll", L"C:\\Zevo\\ZevoAdapters11.dll"}) {
+    RenameServer(machine_, other);
+    const auto before = Contents(machine_);
+    component::Unregister();
+    EXPECT_EQ(Contents(machine_), before);
+  }
+}
+
+TEST_F(RegistrationTest, UnregisteringLeavesTheCopyOfTheUser) {
+  RegOverridePredefKey(HKEY_LOCAL_MACHINE, user_.Get());
+  component::Register();
+  RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_.Get());
+  RenameServer(user_, L"C:\\Zevo\\ZevoAdapters11.dll");
+  const auto before = Contents(user_);
+  component::Register();
+  component::Unregister();
+  EXPECT_EQ(Contents(user_), before);
+  EXPECT_TRUE(NothingLeft(machine_));
+}
+
+// One class that another copy has keeps what all copies share.
+TEST_F(RegistrationTest, WhatCopiesShareGoesWithTheLast) {
+  component::Register();
+  wchar_t id[39];
+  StringFromGUID2(__uuidof(::AuditFile), id, 39);
+  const std::wstring key = std::wstring(L"Software\\Classes\\CLSID\\") + id;
+  HKEY server = nullptr;
+  ASSERT_EQ(RegOpenKeyExW(machine_.Get(), key.c_str(), 0, KEY_ALL_ACCESS, &server), ERROR_SUCCESS);
+  Rename(server, L"InprocServer32", L"C:\\Zevo\\ZevoAdapters11.dll");
+  component::Unregister();
+  auto left = Contents(machine_);
+  EXPECT_TRUE(Has(left, key + L"\\InprocServer32\\=C:\\Zevo\\ZevoAdapters11.dll"));
+  EXPECT_TRUE(Has(left, L"Software\\Classes\\ZevoAdapters11.Header\\CLSID\\"));
+  StringFromGUID2(__uuidof(_Header), id, 39);
+  EXPECT_TRUE(Has(left, std::wstring(L"Software\\Classes\\Interface\\") + id + L"\\=_Header"));
+  StringFromGUID2(__uuidof(::Header), id, 39);
+  EXPECT_FALSE(Has(left, std::wstring(L"Software\\Classes\\CLSID\\") + id + L"\\"));
+  Rename(server, L"InprocServer32", Program());
+  RegCloseKey(server);
+  component::Unregister();
+  EXPECT_TRUE(NothingLeft(machine_));
+}
+
+TEST_F(RegistrationTest, TheFileIsTheSameHoweverItIsWritten) {
+  std::wstring upper = Program();
+  CharUpperW(upper.data());
+  std::wstring roundabout = Program();
+  roundabout.insert(roundabout.rfind(L'\\'), L"\\.");
+  wchar_t shortened[1024];
+  ASSERT_NE(GetShortPathNameW(Program().c_str(), shortened, 1024), 0U);
+  for (const std::wstring& written : {upper, roundabout, std::wstring(shortened)}) {
+    component::Register();
+    RenameServer(machine_, written);
+    component::Unregister();
+    EXPECT_TRUE(NothingLeft(machine_)) << std::string(written.begin(), written.end());
+  }
+}
+
 // A key that is gone takes no keys, as one that is protected does not.
 TEST_F(RegistrationTest, WhatTheMachineRefusesIsDoneForTheUser) {
   ASSERT_EQ(RegDeleteTreeW(machine_.Get(), nullptr), ERROR_SUCCESS);
@@ -160,9 +251,7 @@ TEST_F(RegistrationTest, UnregisteringForTheUserLeavesNothing) {
   RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_.Get());
   EXPECT_FALSE(Contents(user_).empty());
   component::Unregister();
-  EXPECT_TRUE(std::ranges::none_of(Contents(user_), [](const std::wstring& entry) {
-    return entry.find(L"Zevo") != std::wstring::npos || entry.find(L"{") != std::wstring::npos;
-  }));
+  EXPECT_TRUE(NothingLeft(user_));
 }
 
 TEST_F(RegistrationTest, RefusedEverywhereItIsAnError) {
