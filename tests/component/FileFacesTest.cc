@@ -115,6 +115,39 @@ TEST(FileFaces, MembersOfTheOtherClassesStandInTheirSlots) {
   }
 }
 
+// An argument that may be left out, and what early-bound hosts put in its place: nothing without a type.
+struct Default {
+  std::wstring member;
+  VARTYPE type = VT_EMPTY;
+  LONG value = 0;
+  bool operator==(const Default&) const = default;
+};
+void PrintTo(const Default& value, std::ostream* out) {
+  *out << std::string(value.member.begin(), value.member.end()) << " " << value.type << " " << value.value;
+}
+
+TEST(FileFaces, ArgumentsThatMayBeLeftOutHaveTheirDefaults) {
+  std::vector<Default> defaults;
+  for (const IID& id : {__uuidof(_AuditFile), __uuidof(_AuditFileStreamWriter), __uuidof(_AuditFileReader),
+                        __uuidof(_AuditFileStreamer)}) {
+    ForEachFunction(id, [&](const std::wstring& name, const FUNCDESC& function) {
+      for (SHORT i = 0; i < function.cParams; ++i) {
+        const PARAMDESC& parameter = function.lprgelemdescParam[i].paramdesc;
+        if ((parameter.wParamFlags & PARAMFLAG_FOPT) == 0) continue;
+        defaults.push_back({name});
+        if ((parameter.wParamFlags & PARAMFLAG_FHASDEFAULT) == 0) continue;
+        const VARIANT& value = parameter.pparamdescex->varDefaultValue;
+        defaults.back().type = V_VT(&value);
+        defaults.back().value = V_BOOL(&value);
+      }
+    });
+  }
+  EXPECT_EQ(
+      defaults,
+      (std::vector<Default>{
+          {L"CreateTransaction"}, {L"CreateInvoice"}, {L"Transactions"}, {L"ReadAuditFile", VT_BOOL, VARIANT_TRUE}}));
+}
+
 class FileFacesTest : public ::testing::Test {
  protected:
   static bool Succeeded(const VARIANT_BOOL& result) { return result == VARIANT_TRUE; }

@@ -36,7 +36,7 @@ void ForEachFunction(const IID& interfaceId, Visit&& visit) {
   type->ReleaseTypeAttr(attributes);
   for (UINT i = 0; i < count; ++i) {
     FUNCDESC* function = nullptr;
-    EXPECT_EQ(type->GetFuncDesc(i, &function), S_OK);
+    ASSERT_EQ(type->GetFuncDesc(i, &function), S_OK);
     Bstr name;
     UINT named = 0;
     type->GetNames(function->memid, name.Receive(), 1, &named);
