@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <zevo/platform/Document.h>
 #include <zevo/platform/File.h>
+#include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaValidator.h>
 #include <zevo/platform/Serializer.h>
 
@@ -210,9 +211,9 @@ TEST_F(FileFailureTest, AReadThatFailsIsToldByParserAndValidatorAlike) {
   std::string content = "<a>";
   for (int i = 0; i < 200'000; ++i) content += "<b>x</b>";
   const std::string file = folder_.Write("file", content + "</a>");
-  const std::string schema = folder_.Write(
-      "schema", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='a'/></xs:schema>");
-  SchemaValidator validator(schema, "S");
+  SchemaValidator validator("S", {});
+  validator.Compile(SchemaSource(folder_.Write(
+      "schema", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='a'/></xs:schema>")));
   for (int nth = 1; nth <= 5; ++nth) {
     const auto fail = [&](auto&& code) {
       const FailingCall failing("read", nth, EIO);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <zevo/Error.h>
+#include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaValidator.h>
 
 #include <cstddef>
@@ -1242,7 +1243,9 @@ std::vector<SchemaCase> KeyCases() {
 }
 
 SchemaValidator& Validator() {
-  static SchemaValidator validator(ZEVO_SCHEMA_FILE, "SchemaTest");
+  static SchemaValidator validator("SchemaTest", "urn:OECD:StandardAuditFile-Tax:PT_1.01_01");
+  static const bool compiled = (validator.Compile(SchemaSource(ZEVO_SCHEMA_FILE)), true);
+  static_cast<void>(compiled);
   return validator;
 }
 
