@@ -10,7 +10,7 @@ Public Sub ExportInvoices(ByVal path As String)
   Dim sale As Invoice
   Set file = New AuditFile
   file.AuditFileName = path
-  Check file.CreateAuditFile
+  Check file.CreateAuditFile, file
 
   WriteHeader
   WriteCustomer "C0001", "Restaurante O Púcaro Rachado, Lda.", "544722019", "Rua Direita, 41", "Viseu", "3500-115"
@@ -23,22 +23,22 @@ Public Sub ExportInvoices(ByVal path As String)
 
   ' The totals are added up as the invoices are written, and go into the file at the end.
   Set totals = New SalesInvoices
-  Check file.CreateSalesInvoices(totals)
+  Check file.CreateSalesInvoices(totals), file
 
   Set sale = NewInvoice("FT A/1", "2012-01-10", "2012-01-10T12:38:54", "C0001", 109.3, 475.2)
   AddLine sale, 1, "M005", "Marmelada caseira, tigela 400 g", 72, "UN", 3.1, 223.2, "NOR", 23
   AddLine sale, 2, "V009", "Aguardente vínica velha 0,50 L", 15, "UN", 16.8, 252, "NOR", 23
-  Check file.CreateInvoice(sale, totals)
+  Check file.CreateInvoice(sale, totals), file
 
   Set sale = NewInvoice("FT A/2", "2012-01-11", "2012-01-11T09:32:03", "C0020", 90.36, 987.32)
   AddLine sale, 1, "V003", "Vinho branco Dão ""Carqueja Brava"" 2011 0,75 L", 144, "UN", 3.25, 444.6, "INT", 13
   AddLine sale, 2, "Q001", "Queijo de ovelha curado amanteigado", 38.6, "KG", 14.8, 542.72, "RED", 6
-  Check file.CreateInvoice(sale, totals)
+  Check file.CreateInvoice(sale, totals), file
 
-  Check file.UpdateSalesInvoices(totals)
-  Check file.UpdateAuditFile
-  Check file.CloseAuditFile
-  Check file.ValidateAuditFile
+  Check file.UpdateSalesInvoices(totals), file
+  Check file.UpdateAuditFile, file
+  Check file.CloseAuditFile, file
+  Check file.ValidateAuditFile, file
   Debug.Print totals.NumberOfEntries & " invoices are in " & path & ", which the schema accepts."
 End Sub
 
@@ -49,33 +49,32 @@ Public Sub ReadFile(ByVal path As String)
   Dim item As InvoiceLine
   Set reader = New AuditFileReader
   reader.AuditFileName = path
-  If Not reader.OpenAuditFile Then
-    Err.Raise vbObjectError + 1, reader.AuditException.Source, reader.AuditException.Description
-  End If
+  Check reader.OpenAuditFile, reader
   Debug.Print reader.Customers & " customers, " & reader.Invoices & " invoices"
 
-  ' The same variable is read into again and again, until nothing is left.
-  reader.ReadCustomer buyer
+  ' The same variable is read into again and again, until nothing is left. A record that cannot be read leaves something
+  ' in it, too: a loop that does not look at the result may never end.
+  Check reader.ReadCustomer(buyer), reader
   Do Until buyer Is Nothing
     Debug.Print buyer.CustomerID & ": " & buyer.CompanyName & ", " & buyer.BillingAddress.City
-    reader.ReadCustomer buyer
+    Check reader.ReadCustomer(buyer), reader
   Loop
 
-  reader.ReadInvoice sale
+  Check reader.ReadInvoice(sale), reader
   Do Until sale Is Nothing
     Debug.Print sale.InvoiceNo & " of " & sale.InvoiceDate & " to " & sale.CustomerID
     For Each item In sale.Line
       Debug.Print "  " & item.LineNumber & " " & item.ProductDescription & ": " & item.Quantity & " " & item.UnitOfMeasure
     Next
-    reader.ReadInvoice sale
+    Check reader.ReadInvoice(sale), reader
   Loop
-  reader.CloseAuditFile
+  Check reader.CloseAuditFile, reader
 End Sub
 
-' Every operation tells whether it succeeded; what went wrong is in AuditException.
-Private Sub Check(ByVal succeeded As Boolean)
+' Every operation tells whether it succeeded; what went wrong is in the AuditException of its object.
+Private Sub Check(ByVal succeeded As Boolean, ByVal source As Object)
   If succeeded Then Exit Sub
-  Err.Raise vbObjectError + 1, file.AuditException.Source, file.AuditException.Description
+  Err.Raise vbObjectError + 1, source.AuditException.Source, source.AuditException.Description
 End Sub
 
 Private Sub WriteHeader()
@@ -96,7 +95,7 @@ Private Sub WriteHeader()
   title.SoftwareCertificateNumber = "0"
   title.ProductID = "Exporta/Exemplo"
   title.ProductVersion = "1.0"
-  Check file.CreateHeader(title)
+  Check file.CreateHeader(title), file
 End Sub
 
 Private Sub WriteCustomer(ByVal id As String, ByVal companyName As String, ByVal taxID As String, _
@@ -110,7 +109,7 @@ Private Sub WriteCustomer(ByVal id As String, ByVal companyName As String, ByVal
   buyer.BillingAddress.AddressDetail = address
   buyer.BillingAddress.City = city
   buyer.BillingAddress.PostalCode = postalCode
-  Check file.CreateCustomer(buyer)
+  Check file.CreateCustomer(buyer), file
 End Sub
 
 Private Sub WriteProduct(ByVal code As String, ByVal description As String)
@@ -120,7 +119,7 @@ Private Sub WriteProduct(ByVal code As String, ByVal description As String)
   article.ProductCode = code
   article.ProductDescription = description
   article.ProductNumberCode = code
-  Check file.CreateProduct(article)
+  Check file.CreateProduct(article), file
 End Sub
 
 Private Sub WriteTaxTable()
@@ -129,7 +128,7 @@ Private Sub WriteTaxTable()
   AddRate table, "NOR", "Taxa normal – Continente", 23
   AddRate table, "INT", "Taxa intermédia – Continente", 13
   AddRate table, "RED", "Taxa reduzida – Continente", 6
-  Check file.CreateTaxTable(table)
+  Check file.CreateTaxTable(table), file
 End Sub
 
 Private Sub AddRate(ByVal table As TaxTable, ByVal code As String, ByVal description As String, _

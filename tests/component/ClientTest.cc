@@ -18,6 +18,12 @@
 #include "tests/component/EventSink.h"
 #include "tests/support/TemporaryFolder.h"
 
+// As the documentation has it.
+namespace {
+using Microsoft::WRL::ComPtr;
+#include "documented.h"
+}  // namespace
+
 namespace zevo::testing {
 namespace {
 
@@ -264,6 +270,29 @@ TEST_F(ClientTest, AFileIsWrittenReadBackAndStreamed) {
   ASSERT_EQ(file->DeleteAuditFile(&done), S_OK);
   EXPECT_EQ(done, VARIANT_TRUE);
   EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(ClientTest, TheDocumentedReadingCountsOrTellsTheReason) {
+  const std::wstring path = Path(L"saft.xml");
+  std::wstring reason;
+  EXPECT_EQ(CustomersIn(Bstr(path), reason), -1);
+  EXPECT_EQ(reason, L"Ficheiro SAFT-PT n\x00E3o encontrado.");
+  WriteFile(path, 3);
+  reason.clear();
+  EXPECT_EQ(CustomersIn(Bstr(path), reason), 3);
+  EXPECT_EQ(reason, L"");
+  // One that cannot be read, first, in the middle and last.
+  const std::string bytes = ReadBytes(folder_.Path("saft.xml"));
+  constexpr std::string_view kFlag = "<SelfBillingIndicator>";
+  size_t place = 0;
+  for (int customer = 0; customer < 3; ++customer) {
+    place = bytes.find(kFlag, place) + kFlag.size();
+    std::string broken = bytes;
+    broken[place] = 'x';
+    folder_.Write("saft.xml", broken);
+    EXPECT_EQ(CustomersIn(Bstr(path), reason), -1);
+    EXPECT_EQ(reason, L"Tipos incompat\x00EDveis (x).");
+  }
 }
 
 TEST_F(ClientTest, SavingReplacesTheFileAndLeavesNothingElse) {

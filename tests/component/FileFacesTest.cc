@@ -328,6 +328,37 @@ TEST_F(FileFacesTest, VariablesOfScriptsAreReadAndAssigned) {
   EXPECT_EQ(Call(reader.Get(), L"ReadCustomer", {Variant::Reference(journal)}).result, DISP_E_TYPEMISMATCH);
 }
 
+// What a script sees of a customer that cannot be read: there is an object in its variable all the same.
+TEST_F(FileFacesTest, ARecordThatCannotBeReadIsFollowedByTheNextUnlessItIsTheFirst) {
+  const std::string path = folder_.Path("saft.xml");
+  SaveSampleFile(path, {.customers = 3});
+  const std::string bytes = ReadBytes(path);
+  constexpr std::string_view kFlag = "<SelfBillingIndicator>";
+  const size_t first = bytes.find(kFlag) + kFlag.size();
+  const size_t second = bytes.find(kFlag, first) + kFlag.size();
+  const auto read_all = [&](size_t broken) {
+    std::string changed = bytes;
+    changed[broken] = 'x';
+    folder_.Write("saft.xml", changed);
+    const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());
+    EXPECT_EQ(reader->put_AuditFileName(Bstr(Wide(path))), S_OK);
+    EXPECT_TRUE(Call(reader.Get(), L"OpenAuditFile").value.Flag());
+    std::vector<std::wstring> read;
+    Variant customer;
+    for (int i = 0; i < 4; ++i) {
+      const bool succeeded = Call(reader.Get(), L"ReadCustomer", {Variant::Reference(customer)}).value.Flag();
+      EXPECT_EQ(customer.Type(), VT_DISPATCH);
+      read.push_back(!succeeded                     ? L"failed"
+                     : customer.Object() == nullptr ? L"none"
+                                                    : Get(customer.Object(), L"CustomerID").value.Text());
+      EXPECT_TRUE(succeeded || customer.Object() != nullptr);
+    }
+    return read;
+  };
+  EXPECT_EQ(read_all(second), (std::vector<std::wstring>{L"C1", L"failed", L"C3", L"none"}));
+  EXPECT_EQ(read_all(first), (std::vector<std::wstring>{L"failed", L"failed", L"failed", L"failed"}));
+}
+
 TEST_F(FileFacesTest, TotalsOfScriptsAreAddedTo) {
   const auto file = std::make_shared<zevo::AuditFile>();
   file->set_AuditFileName(folder_.Path("saft.xml"));
