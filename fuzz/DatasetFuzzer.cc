@@ -50,7 +50,7 @@ void Create(const testing::TemporaryFolder& folder, const std::string& path, saf
   saft::EntriesWriter(dataset, output, notes).Write();
   saft::InvoicesWriter(dataset, output).Write();
   output.Save();
-  dataset.Shortened().Report(notes);
+  dataset.Altered().Report(notes);
 }
 
 bool IsCreated(const testing::TemporaryFolder& folder, const std::string& path, saft::AuditFileOutput::Way way) {

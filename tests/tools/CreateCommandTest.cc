@@ -192,8 +192,38 @@ TEST_F(CreateCommandTest, TheDatasetMustBeAFolder) {
 }
 
 TEST_F(CreateCommandTest, AFolderWithNoneOfTheFilesIsNoDataset) {
-  Write("clientes.csv", "CustomerID\nC1\n");
+  Write("README.md", "CustomerID\nC1\n");
   ExpectRefused(folder_.Path(kDataset) + ": not a dataset: it has no header.csv, customers.csv, ...");
+}
+
+struct UnknownFile {
+  const char* name;
+  const char* nearest;
+};
+
+class UnknownFileTest : public CreateCommandTest, public ::testing::WithParamInterface<UnknownFile> {};
+
+TEST_P(UnknownFileTest, IsRefusedWithTheNearestName) {
+  WriteEverything();
+  const auto& [name, nearest] = GetParam();
+  Write(name, "CustomerID\nC1\n");
+  ExpectRefused(In(name) + ": not a file of a dataset; the nearest name is " + nearest);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, UnknownFileTest,
+                         ::testing::Values(UnknownFile{"clientes.csv", "customers.csv"},
+                                           UnknownFile{"Customers.csv", "customers.csv"},
+                                           UnknownFile{"customers.CSV", "customers.csv"},
+                                           UnknownFile{"invoice-lines.csv", "invoice_lines.csv"},
+                                           UnknownFile{"transactionlines.Csv", "transaction_lines.csv"},
+                                           UnknownFile{"notas-credito.csv", "credit_notes.csv"}));
+
+TEST_F(CreateCommandTest, OtherFilesAreLeftAlone) {
+  WriteEverything();
+  for (const char* name : {"README.md", "notes.txt", "customers.csv~", "customers.csv.bak", "csv", ".csv"}) {
+    Write(name, "not, a dataset\n");
+  }
+  ExpectCreated();
 }
 
 TEST_F(CreateCommandTest, TheSampleCompanyIsValid) {

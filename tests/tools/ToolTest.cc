@@ -32,6 +32,12 @@ Outcome ToolTest::Run(const std::vector<std::string>& arguments) const {
   return {WEXITSTATUS(status), ReadBytes(out), ReadBytes(err)};
 }
 
+Outcome ToolTest::Create(const std::vector<std::string>& options) const {
+  std::vector<std::string> arguments{"create", folder_.Path(kDataset), Output()};
+  arguments.insert(arguments.end(), options.begin(), options.end());
+  return Run(arguments);
+}
+
 void ToolTest::Write(std::string_view name, std::string_view text) const {
   folder_.Write(std::string(kDataset) + "/" + std::string(name), text);
 }

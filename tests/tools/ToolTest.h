@@ -27,7 +27,7 @@ class ToolTest : public ::testing::Test {
  protected:
   Outcome Run(const std::vector<std::string>& arguments) const;
   /// Runs `create` on the dataset.
-  Outcome Create() const { return Run({"create", folder_.Path(kDataset), Output()}); }
+  Outcome Create(const std::vector<std::string>& options = {}) const;
 
   /// Writes a file of the dataset.
   void Write(std::string_view name, std::string_view text) const;

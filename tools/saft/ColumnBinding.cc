@@ -44,7 +44,14 @@ void ColumnBinding::Set(Record& record, const std::string& text) const {
   property_->set(*owner, value);
 }
 
-std::string ColumnBinding::Text(const Record& record) const {
+bool ColumnBinding::IsDecimal() const { return saft::IsDecimal(*property_); }
+
+std::string ColumnBinding::Text(const Record& record) const { return TextBy(&TextFromValue, record); }
+
+std::string ColumnBinding::WrittenText(const Record& record) const { return TextBy(&saft::WrittenText, record); }
+
+std::string ColumnBinding::TextBy(std::string (*textOf)(const Property&, const PropertyValue&),
+                                  const Record& record) const {
   const Record* owner = &record;
   std::shared_ptr<Record> child;
   for (const Property* property : children_) {
@@ -52,7 +59,7 @@ std::string ColumnBinding::Text(const Record& record) const {
     if (!child) return {};
     owner = child.get();
   }
-  return TextFromValue(*property_, property_->get(*owner));
+  return textOf(*property_, property_->get(*owner));
 }
 
 std::shared_ptr<Record> ColumnBinding::Child(const Property& property, const Record& record) {

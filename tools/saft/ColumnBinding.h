@@ -21,10 +21,15 @@ class ColumnBinding {
   void Set(Record& record, const std::string& text) const;
 
   bool IsText() const { return property_->type == PropertyType::kText; }
+  /// Whether it is a number that may have decimals.
+  bool IsDecimal() const;
   /// The value that the property has, as a cell would tell it; empty where a child on the way is missing.
   std::string Text(const Record& record) const;
+  /// The value as the audit file tells it.
+  std::string WrittenText(const Record& record) const;
 
  private:
+  std::string TextBy(std::string (*textOf)(const Property&, const PropertyValue&), const Record& record) const;
   static std::shared_ptr<Record> Child(const Property& property, const Record& record);
 
   std::vector<const Property*> children_;

@@ -5,6 +5,7 @@
 #include "tools/saft/AuditFileOutput.h"
 #include "tools/saft/Dataset.h"
 #include "tools/saft/EntriesWriter.h"
+#include "tools/saft/Failure.h"
 #include "tools/saft/InvoicesWriter.h"
 #include "tools/saft/MasterFilesWriter.h"
 
@@ -31,7 +32,20 @@ column is a property of the record, such as CustomerID; a dot leads into a child
 written as in the audit file (FT), flags as 0 or 1, numbers with a point. An empty cell leaves the default. The totals
 of the sections are computed. Without transactions.csv there is no ledger section, without invoices no sales section.
 
-Texts that are longer than the schema allows are shortened and counted on standard error.)";
+The names are these, letter for letter: a CSV file of another name is an error, files that are no CSV are left alone. A
+row whose parent is not there is an error too.
+
+Told and counted on standard error:
+
+  - texts that are longer than the schema allows, which are shortened
+  - rows whose cells are all empty, which are skipped
+  - section totals of more than two decimals, which are rounded: the file has them with two
+  - numbers that the file does not hold as given; with them nothing is written, unless --round is given:
+      amounts of more than four decimals, which are rounded
+      quantities, and tax percentages and amounts of invoice lines, that single precision changes: it keeps about
+      seven digits
+      a second number where the file holds only one: CreditAmount beside DebitAmount, TaxAmount beside TaxPercentage,
+      CurrencyCreditAmount beside CurrencyDebitAmount, neither of them 0. The first of them is written.)";
 
 }  // namespace
 
@@ -40,6 +54,7 @@ CreateCommand::CreateCommand(CLI::App& program)
   options_.add_option("DATASET", dataset_, "Folder of the dataset")->required()->option_text(" ");
   options_.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
   options_.add_flag("--stream", stream_, "Write the file from front to back instead of building it in memory first");
+  options_.add_flag("--round", round_, "Write numbers that the file does not hold as given all the same, see below");
   options_.footer(kDatasetHelp);
 }
 
@@ -49,8 +64,12 @@ ExitCode CreateCommand::Run() const {
   MasterFilesWriter(dataset, output).Write();
   EntriesWriter(dataset, output, std::cerr).Write();
   InvoicesWriter(dataset, output).Write();
+  if (!round_ && dataset.Altered().HasLostNumbers()) {
+    dataset.Altered().ReportLostNumbers(std::cerr);
+    throw Failure(file_, "not written, because of these numbers; --round writes it all the same");
+  }
   output.Save();
-  dataset.Shortened().Report(std::cerr);
+  dataset.Altered().Report(std::cerr);
   return kDone;
 }
 

@@ -17,6 +17,7 @@ class CreateCommand : public Command {
   std::string dataset_;
   std::string file_;
   bool stream_ = false;
+  bool round_ = false;
 };
 
 }  // namespace zevo::saft

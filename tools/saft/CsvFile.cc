@@ -44,11 +44,16 @@ CsvFile::~CsvFile() { csv_free(&parser_); }
 
 bool CsvFile::Next() {
   if (!ReadRow()) return false;
-  if (cell_count_ != columns_.size()) {
+  if (cell_count_ != columns_.size() && !IsEmptyRow()) {
     Fail(Cells(cell_count_).append(", but the header has ").append(std::to_string(columns_.size())));
   }
   CheckText();
   return true;
+}
+
+bool CsvFile::IsEmptyRow() const {
+  return std::all_of(cells_.begin(), cells_.begin() + static_cast<std::ptrdiff_t>(cell_count_),
+                     [](const std::string& cell) { return cell.empty(); });
 }
 
 // The parser tells no positions. It is given one line at a time, which ends one row at most.

@@ -27,8 +27,10 @@ class CsvFile {
   const std::string& Path() const { return path_; }
   const std::vector<std::string>& Columns() const { return columns_; }
 
-  /// Goes to the next row; false when there is none left. A row has a cell for every column.
+  /// Goes to the next row; false when there is none left. A row has a cell for every column, unless all are empty.
   bool Next();
+  /// Whether the row has nothing but empty cells.
+  bool IsEmptyRow() const;
   const std::string& Cell(size_t column) const { return cells_[column]; }
   /// The line on which the row begins, counted from 1 as an editor does.
   int64_t Row() const { return row_; }

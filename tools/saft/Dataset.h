@@ -4,9 +4,10 @@
 #include <zevo/adapters.h>
 
 #include <string>
+#include <string_view>
 
+#include "tools/saft/Alterations.h"
 #include "tools/saft/RecordFile.h"
-#include "tools/saft/ShortenedTexts.h"
 
 namespace zevo::saft {
 
@@ -26,23 +27,26 @@ class Dataset {
   static constexpr const char* kInvoiceLines = "invoice_lines.csv";
   static constexpr const char* kCreditNotes = "credit_notes.csv";
 
-  /// Fails when there is no such folder, or none of the files in it.
+  /// Fails when there is no such folder, none of the files in it, or a CSV file of another name: it would be left out
+  /// unseen.
   explicit Dataset(std::string folder);
 
   /// The records of class `T`.
   template <class T>
   RecordFile Open(const char* file, const KeyColumns& keys) {
-    return RecordFile(PathOf(file), PropertiesOf<T>(), keys, shortened_);
+    return RecordFile(PathOf(file), PropertiesOf<T>(), keys, alterations_);
   }
 
-  /// What was shortened in the rows read so far.
-  const ShortenedTexts& Shortened() const { return shortened_; }
+  /// What the audit file has otherwise than the rows read so far.
+  Alterations& Altered() { return alterations_; }
 
-  std::string PathOf(const char* file) const;
+  std::string PathOf(std::string_view file) const;
 
  private:
+  void CheckNames() const;
+
   std::string folder_;
-  ShortenedTexts shortened_;
+  Alterations alterations_;
 };
 
 }  // namespace zevo::saft

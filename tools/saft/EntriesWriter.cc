@@ -52,7 +52,8 @@ void EntriesWriter::ReadLines(const RecordTable<Transaction>& transactions) {
 void EntriesWriter::WriteSection(Journals& journals, Transactions& transactions) {
   RecordTable<Transaction>& table = transactions.table;
   GeneralLedgerEntries section;
-  SetTotals(section, table.SumOf([](const Transaction& transaction) { return TotalsOf(transaction); }));
+  SetTotals(section, "GeneralLedgerEntries",
+            table.SumOf([](const Transaction& transaction) { return TotalsOf(transaction); }), dataset_.Altered());
   output_.Begin(section);
   std::vector<std::vector<size_t>> places(journals.Rows().size());  // of each journal's transactions
   for (size_t place = 0; place < table.Rows().size(); ++place) places[transactions.journals[place]].push_back(place);

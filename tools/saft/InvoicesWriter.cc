@@ -61,8 +61,9 @@ void InvoicesWriter::ReadCreditNotes(const Invoices& invoices) {
 
 void InvoicesWriter::WriteSection(Invoices& invoices) {
   SalesInvoices section;
-  SetTotals(section,
-            invoices.SumOf([](const Invoice& invoice) { return IsLeftOut(invoice) ? Totals() : TotalsOf(invoice); }));
+  SetTotals(section, "SalesInvoices",
+            invoices.SumOf([](const Invoice& invoice) { return IsLeftOut(invoice) ? Totals() : TotalsOf(invoice); }),
+            dataset_.Altered());
   output_.Begin(section);
   for (auto& [invoice, row] : invoices.Rows()) {
     output_.Write(*invoice, {invoices.Path(), row});

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <system_error>
 
+#include "tools/saft/DecimalText.h"
+
 namespace zevo::saft {
 namespace {
 
@@ -18,13 +20,6 @@ T NumberFromText(const std::string& text, const std::string& wanted, Format... f
   if (error == std::errc::invalid_argument || stop != end) throw BadValue("not " + wanted);
   if (error == std::errc::result_out_of_range) throw BadValue("out of range");
   return number;
-}
-
-template <class T>
-std::string TextFromNumber(T number) {
-  char text[64];
-  const auto [end, error] = std::to_chars(std::begin(text), std::end(text), number);
-  return std::string(text, end);
 }
 
 Amount AmountFromText(const std::string& text) {
@@ -96,14 +91,23 @@ std::string TextFromValue(const Property& property, const PropertyValue& value) 
     case PropertyType::kFlag:
       return std::get<bool>(value) ? "1" : "0";
     case PropertyType::kCount:
-      return TextFromNumber(std::get<int32_t>(value));
+      return std::to_string(std::get<int32_t>(value));
     case PropertyType::kSingle:
-      return TextFromNumber(std::get<float>(value));
+      return TextFromSingle(std::get<float>(value));
     case PropertyType::kCode:
       return TextFromCode(property, std::get<int32_t>(value));
     default:
       return std::get<std::string>(value);
   }
+}
+
+std::string WrittenText(const Property& property, const PropertyValue& value) {
+  if (property.name == "Quantity") return TextFromSingle(static_cast<float>(std::get<Amount>(value).ToDouble()));
+  return TextFromValue(property, value);
+}
+
+bool IsDecimal(const Property& property) {
+  return property.type == PropertyType::kAmount || property.type == PropertyType::kSingle;
 }
 
 }  // namespace zevo::saft

@@ -28,6 +28,12 @@ PropertyValue ValueFromText(const Property& property, const std::string& text);
 /// The text of a plain property's value as a dataset has it.
 std::string TextFromValue(const Property& property, const PropertyValue& value);
 
+/// The text of a plain property's value as an audit file has it, which keeps quantities in single precision.
+std::string WrittenText(const Property& property, const PropertyValue& value);
+
+/// Whether a property is a number that may have decimals.
+bool IsDecimal(const Property& property);
+
 }  // namespace zevo::saft
 
 #endif  // ZEVO_TOOLS_SAFT_PROPERTYTEXT_H_

@@ -1,16 +1,29 @@
 #include "tools/saft/RecordFile.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 
+#include "tools/saft/DecimalText.h"
 #include "tools/saft/PropertyText.h"
 #include "tools/saft/Utf8.h"
 
 namespace zevo::saft {
+namespace {
+
+// The elements of one record that the file holds only one of: the first unless it is 0.
+struct ElementPair {
+  std::string_view first;
+  std::string_view second;
+};
+constexpr std::array<ElementPair, 3> kPairs{
+    {{"DebitAmount", "CreditAmount"}, {"CurrencyDebitAmount", "CurrencyCreditAmount"}, {"TaxPercentage", "TaxAmount"}}};
+
+}  // namespace
 
 RecordFile::RecordFile(const std::string& path, std::span<const Property> properties, const KeyColumns& keys,
-                       ShortenedTexts& shortened)
-    : path_(path), shortened_(shortened) {
+                       Alterations& alterations)
+    : path_(path), alterations_(alterations) {
   if (!std::filesystem::exists(path)) return;
   csv_.emplace(path);
   if (!csv_->Columns().empty()) Bind(properties, keys);
@@ -28,6 +41,20 @@ void RecordFile::Bind(std::span<const Property> properties, const KeyColumns& ke
       csv_->Fail("column " + Quoted(name) + ": " + bad.what());
     }
   }
+  FindRivals();
+}
+
+void RecordFile::FindRivals() {
+  for (size_t first = 0; first < columns_.size(); ++first) {
+    const std::string& name = csv_->Columns()[columns_[first].place];
+    const size_t begin = name.rfind('.') + 1;
+    const auto pair = std::ranges::find(kPairs, std::string_view(name).substr(begin), &ElementPair::first);
+    if (pair == kPairs.end()) continue;
+    const std::string rival = name.substr(0, begin).append(pair->second);
+    const auto second = std::ranges::find(
+        columns_, rival, [&](const Column& column) -> const std::string& { return csv_->Columns()[column.place]; });
+    if (second != columns_.end()) rivals_.push_back({first, static_cast<size_t>(second - columns_.begin())});
+  }
 }
 
 size_t RecordFile::PlaceOf(std::string_view column) const {
@@ -37,8 +64,17 @@ size_t RecordFile::PlaceOf(std::string_view column) const {
   return static_cast<size_t>(found - columns.begin());
 }
 
+bool RecordFile::Next() {
+  while (csv_ && csv_->Next()) {
+    if (!csv_->IsEmptyRow()) return true;
+    alterations_.AddEmptyRow(*csv_);
+  }
+  return false;
+}
+
 void RecordFile::Fill(Record& record) {
-  for (const auto& [place, binding] : columns_) {
+  for (const Column& column : columns_) {
+    const auto& [place, binding] = column;
     const std::string& cell = csv_->Cell(place);
     if (cell.empty()) continue;
     try {
@@ -46,8 +82,29 @@ void RecordFile::Fill(Record& record) {
     } catch (const BadValue& bad) {
       csv_->Fail(place, bad.what());
     }
-    if (!binding.IsText()) continue;
-    if (const std::string kept = binding.Text(record); kept != cell) shortened_.Add(*csv_, place, kept);
+    Note(column, record);
+  }
+  Decide(record);
+}
+
+void RecordFile::Note(const Column& column, const Record& record) {
+  const auto& [place, binding] = column;
+  const std::string& cell = csv_->Cell(place);
+  if (binding.IsText()) {
+    if (const std::string kept = binding.Text(record); kept != cell) alterations_.AddShortened(*csv_, place, kept);
+  } else if (binding.IsDecimal()) {
+    const std::string written = binding.WrittenText(record);
+    if (!IsSameNumber(cell, written)) alterations_.AddRounded(*csv_, place, written);
+  }
+}
+
+// As the writer does, so that the totals are of what the file has.
+void RecordFile::Decide(Record& record) {
+  const auto isZero = [&](const Column& column) { return IsSameNumber(column.binding.Text(record), "0"); };
+  for (const auto& [first, second] : rivals_) {
+    if (isZero(columns_[first]) || isZero(columns_[second])) continue;
+    alterations_.AddLeftOut(*csv_, columns_[second].place, columns_[first].place);
+    columns_[second].binding.Set(record, "0");
   }
 }
 

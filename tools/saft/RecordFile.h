@@ -11,9 +11,9 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/saft/Alterations.h"
 #include "tools/saft/ColumnBinding.h"
 #include "tools/saft/CsvFile.h"
-#include "tools/saft/ShortenedTexts.h"
 
 namespace zevo::saft {
 
@@ -29,10 +29,11 @@ struct KeyColumns {
 class RecordFile {
  public:
   RecordFile(const std::string& path, std::span<const Property> properties, const KeyColumns& keys,
-             ShortenedTexts& shortened);
+             Alterations& alterations);
 
   bool Exists() const { return csv_.has_value(); }
-  bool Next() { return csv_ && csv_->Next(); }
+  /// Goes to the next row that has a value; false when there is none left.
+  bool Next();
   int64_t Row() const { return csv_->Row(); }
   const std::string& Path() const { return path_; }
 
@@ -56,13 +57,23 @@ class RecordFile {
     ColumnBinding binding;
   };
 
+  /// Two columns of whose elements the file holds the first that is not 0.
+  struct Rivals {
+    size_t first;
+    size_t second;
+  };
+
   void Bind(std::span<const Property> properties, const KeyColumns& keys);
   size_t PlaceOf(std::string_view column) const;
+  void FindRivals();
+  void Note(const Column& column, const Record& record);
+  void Decide(Record& record);
 
   std::string path_;
   std::optional<CsvFile> csv_;
-  ShortenedTexts& shortened_;
+  Alterations& alterations_;
   std::vector<Column> columns_;
+  std::vector<Rivals> rivals_;
   std::vector<size_t> parents_;
   std::optional<size_t> key_;
 };

@@ -4,6 +4,9 @@
 #include <zevo/adapters.h>
 
 #include <cstdint>
+#include <string_view>
+
+#include "tools/saft/Alterations.h"
 
 namespace zevo::saft {
 
@@ -31,8 +34,11 @@ Totals TotalsIn(const Section& section) {
   return {section.NumberOfEntries(), section.TotalDebit(), section.TotalCredit()};
 }
 
+/// Gives a section its totals. They are written with two decimals: what that changes is added to `alterations`.
 template <class Section>
-void SetTotals(Section& section, const Totals& totals) {
+void SetTotals(Section& section, std::string_view name, const Totals& totals, Alterations& alterations) {
+  alterations.AddTotal(name, "TotalDebit", totals.debit);
+  alterations.AddTotal(name, "TotalCredit", totals.credit);
   section.set_NumberOfEntries(totals.entries);
   section.set_TotalDebit(totals.debit);
   section.set_TotalCredit(totals.credit);
