@@ -32,7 +32,7 @@ class AuditFileInputTest : public testing::ToolTest {
     child_ = forkpty(&terminal_, nullptr, nullptr, nullptr);
     ASSERT_GE(child_, 0);
     if (child_ > 0) return;
-    setenv("LD_PRELOAD", SLOW_READING, 1);
+    setenv("LD_PRELOAD", SLOW_DISK, 1);
     setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
     const std::string script = "saft() { " SAFT_PROGRAM " \"$@\"; }; " + command;
     execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
@@ -86,6 +86,34 @@ TEST_F(AuditFileInputTest, ShowsNoneWhenPiped) {
   Start("saft summary '" + Output() + "' | cat");
   EXPECT_THAT(Rest(), AllOf(HasSubstr("Invoice types"), Not(HasSubstr(" left"))));
   EXPECT_EQ(End(), 0);
+}
+
+class TerminalTest : public AuditFileInputTest {
+ protected:
+  void SetUp() override {
+    AuditFileInputTest::SetUp();
+    folder_.Write("out.xml",
+                  "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\"><Header><CompanyName>a\u202E\u009B"
+                  "é</CompanyName></Header></AuditFile>");
+  }
+};
+
+TEST_F(TerminalTest, RecordsAreMadeVisible) {
+  for (const std::string command : {"list", "list --json", "summary", "summary --json"}) {
+    const std::string kind = command.starts_with("list") ? " Header" : "";
+    Start("saft " + command + " '" + Output() + "'" + kind);
+    EXPECT_THAT(Rest(), AllOf(HasSubstr("a\\u202E\\u009Bé"), Not(HasSubstr("\u202E")), Not(HasSubstr("\u009B"))))
+        << command;
+    EXPECT_EQ(End(), 0);
+  }
+}
+
+TEST_F(TerminalTest, ProgramsTakeThemAsTheyAre) {
+  for (const std::string command : {"list", "list --json", "summary --json"}) {
+    const std::string kind = command.starts_with("list") ? " Header" : "";
+    const testing::Outcome outcome = RunInShell("saft " + command + " '" + Output() + "'" + kind + " | cat");
+    EXPECT_THAT(outcome.out, HasSubstr("a\u202E\u009Bé")) << command;
+  }
 }
 
 TEST_F(AuditFileInputTest, CtrlCEndsTheReading) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -297,11 +298,37 @@ TEST_F(StreamedTest, AnExistingFileStaysUntouched) {
   EXPECT_EQ(testing::ReadBytes(Output()), "mine");
 }
 
-TEST_F(StreamedTest, AFullDiskIsTheFaultOfTheFile) {
-  const testing::Outcome outcome = CreateStreamed(ZEVO_COMPANY_FOLDER, "/dev/full");
-  EXPECT_EQ(outcome.code, 2);
-  EXPECT_THAT(outcome.err, ::testing::StartsWith("saft: /dev/full: "));
-  EXPECT_TRUE(std::filesystem::exists("/dev/full"));
+struct SpecialFile {
+  const char* path;
+  const char* message;
+};
+
+class SpecialFileTest : public CreateCommandTest, public ::testing::WithParamInterface<SpecialFile> {};
+
+TEST_P(SpecialFileTest, IsNoFileToWrite) {
+  WriteEverything();
+  std::filesystem::create_directory(folder_.Path("folder"));
+  ASSERT_EQ(mkfifo(folder_.Path("pipe").c_str(), 0600), 0);
+  const std::string path = *GetParam().path == '/' ? GetParam().path : folder_.Path(GetParam().path);
+  for (const auto& options : {std::vector<std::string>{}, {"--stream"}}) {
+    std::vector<std::string> arguments{"create", folder_.Path(kDataset), path};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const testing::Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_EQ(outcome.err, "saft: " + path + GetParam().message + "\n");
+    EXPECT_TRUE(std::filesystem::exists(path));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SpecialFileTest,
+                         ::testing::Values(SpecialFile{"folder", ": is a folder"}, SpecialFile{"pipe", ": is a pipe"},
+                                           SpecialFile{"/dev/full", ": is a device"}));
+
+TEST_F(CreateCommandTest, ADatasetHasNoPipes) {
+  WriteEverything();
+  Remove("products.csv");
+  ASSERT_EQ(mkfifo(In("products.csv").c_str(), 0600), 0);
+  ExpectRefused(In("products.csv") + ": is a pipe");
 }
 
 TEST_F(CreateCommandTest, TotalsOutOfRangeAreToldWithTheRow) {

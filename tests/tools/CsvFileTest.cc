@@ -142,6 +142,24 @@ TEST_F(CsvFileTest, AMessageStaysOnOneLine) {
                 ":2: OpeningDebitBalance: \"1\\r\\n\\t\\x01\\x7F\": not an amount with a decimal point");
 }
 
+TEST_F(CsvFileTest, AMillionDigitsAreToldInPart) {
+  const std::string digits(1000000, '7');
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11," + digits + "\n");
+  ExpectRefused(In("general_ledger.csv") + ":2: OpeningDebitBalance: \"" + digits.substr(0, 60) +
+                "…\" (1000000 characters): out of range");
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11,1." + digits + "\n");
+  const testing::Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, ::testing::HasSubstr("OpeningDebitBalance: \"1." + digits.substr(0, 58) +
+                                                "…\" (1000002 characters) to \"1.7778\"\n"));
+}
+
+TEST_F(CsvFileTest, WhatActsOnATerminalIsMadeVisible) {
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11,1\u202E\u009B2\n");
+  ExpectRefused(In("general_ledger.csv") +
+                ":2: OpeningDebitBalance: \"1\\u202E\\u009B2\": not an amount with a decimal point");
+}
+
 class EmptyFileTest : public testing::ToolTest, public ::testing::WithParamInterface<std::string> {};
 
 TEST_P(EmptyFileTest, HasNoRecords) {

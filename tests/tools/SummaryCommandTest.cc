@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -217,8 +215,8 @@ Invoice types
 }
 
 TEST_F(SummaryCommandTest, TextsOfTheFileStayOnTheirLine) {
-  WriteFile("<Header><CompanyName>Uma\ncasa</CompanyName></Header>");
-  EXPECT_THAT(Text(), HasSubstr("  Uma casa\n"));
+  WriteFile("<Header><CompanyName>Uma\u2028casa\u0085</CompanyName></Header>");
+  EXPECT_THAT(Text(), HasSubstr("  Uma\\u2028casa\\u0085\n"));
 }
 
 TEST_F(SummaryCommandTest, AMissingFileIsAnError) {
@@ -239,16 +237,23 @@ TEST_F(SummaryCommandTest, AFailureTellsTheRecord) {
   ExpectError(WriteFile("<GeneralLedgerEntries>" + totals +
                         "<Journal><JournalID>J</JournalID><Transaction><Line><RecordID>1</RecordID></Line>"
                         "<Line><RecordID>1</RecordID></Line></Transaction></Journal></GeneralLedgerEntries>"),
-              "journal J, transaction 1: ");
+              "journal \"J\", transaction 1: ");
+}
+
+TEST_F(SummaryCommandTest, ALongReasonIsToldInPart) {
+  WriteFile("<SourceDocuments><SalesInvoices><NumberOfEntries>" + std::string(100000, 'x') +
+            "</NumberOfEntries></SalesInvoices></SourceDocuments>");
+  const testing::Outcome outcome = Run({"summary", Output()});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, HasSubstr("xxx… ("));
+  EXPECT_LT(outcome.err.size(), 1200U);
 }
 
 TEST_F(SummaryCommandTest, StandardOutputThatIsFullIsAnError) {
   WriteFile("");
-  const std::string command =
-      std::string(SAFT_PROGRAM) + " summary " + Output() + " >/dev/full 2>" + folder_.Path("err");
-  const int status = std::system(command.c_str());
-  EXPECT_EQ(WEXITSTATUS(status), 2);
-  EXPECT_EQ(testing::ReadBytes(folder_.Path("err")), "saft: standard output cannot be written\n");
+  const testing::Outcome outcome = RunInShell("saft summary '" + Output() + "' >/dev/full");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: standard output cannot be written\n");
 }
 
 }  // namespace

@@ -13,23 +13,33 @@ using ::testing::ElementsAre;
 ToolTest::ToolTest() { std::filesystem::create_directory(folder_.Path(kDataset)); }
 
 Outcome ToolTest::Run(const std::vector<std::string>& arguments) const {
+  std::vector<std::string> command{SAFT_PROGRAM};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  const Outcome outcome = Execute(command);
+  EXPECT_LT(outcome.code, 128) << "ended by a signal";
+  return outcome;
+}
+
+Outcome ToolTest::RunInShell(const std::string& script) const {
+  return Execute({"/bin/sh", "-c", "saft() { " SAFT_PROGRAM " \"$@\"; }; " + script});
+}
+
+Outcome ToolTest::Execute(const std::vector<std::string>& command) {
   const TemporaryFolder streams;
   const std::string out = streams.Path("out");
   const std::string err = streams.Path("err");
   const pid_t child = fork();
   if (child == 0) {
-    std::vector<char*> argv = {const_cast<char*>("saft")};
-    for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+    std::vector<char*> argv;
+    for (const std::string& argument : command) argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
-    if (std::freopen(out.c_str(), "w", stdout) && std::freopen(err.c_str(), "w", stderr)) {
-      execv(SAFT_PROGRAM, argv.data());
-    }
+    if (std::freopen(out.c_str(), "w", stdout) && std::freopen(err.c_str(), "w", stderr)) execv(argv[0], argv.data());
     _exit(127);
   }
   int status = 0;
   EXPECT_EQ(waitpid(child, &status, 0), child);
-  EXPECT_TRUE(WIFEXITED(status)) << "ended by a signal";
-  return {WEXITSTATUS(status), ReadBytes(out), ReadBytes(err)};
+  const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  return {code, ReadBytes(out), ReadBytes(err)};
 }
 
 Outcome ToolTest::Create(const std::vector<std::string>& options) const {

@@ -12,7 +12,7 @@
 
 namespace zevo::testing {
 
-/// How a run of the program ended.
+/// How a run of the program ended; a signal that ended it counts from 128.
 struct Outcome {
   int code = 0;
   std::string out;
@@ -26,6 +26,8 @@ class ToolTest : public ::testing::Test {
 
  protected:
   Outcome Run(const std::vector<std::string>& arguments) const;
+  /// Runs a script of the shell, in which "saft" is the program.
+  Outcome RunInShell(const std::string& script) const;
   /// Runs `create` on the dataset.
   Outcome Create(const std::vector<std::string>& options = {}) const;
 
@@ -46,6 +48,9 @@ class ToolTest : public ::testing::Test {
 
   static constexpr std::string_view kDataset = "data";
   TemporaryFolder folder_;
+
+ private:
+  static Outcome Execute(const std::vector<std::string>& command);
 };
 
 }  // namespace zevo::testing

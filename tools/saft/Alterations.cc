@@ -1,6 +1,7 @@
 #include "tools/saft/Alterations.h"
 
 #include "tools/saft/Utf8.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -23,7 +24,7 @@ constexpr std::array<Wording, 5> kWordings{{
     {"total", "totals", "rounded to two decimals", ""},
 }};
 
-std::string PlaceOf(const CsvFile& file) { return file.Path() + ":" + std::to_string(file.Row()); }
+std::string PlaceOf(const CsvFile& file) { return Visible(file.Path()) + ":" + std::to_string(file.Row()); }
 
 std::string PlaceOf(const CsvFile& file, size_t column) { return PlaceOf(file) + ": " + file.Columns()[column] + ": "; }
 

@@ -40,7 +40,7 @@ bool IsProgressWelcome(OutputWhile output) {
 
 AuditFileInput::AuditFileInput(const std::string& file, OutputWhile output) : output_(output) {
   file_.set_AuditFileName(file);
-  if (!file_.OpenAuditFile()) throw Failure(file, Reason());
+  if (!file_.OpenAuditFile()) Fail();
 }
 
 void AuditFileInput::Read(const Visitor& visit) {
@@ -48,23 +48,26 @@ void AuditFileInput::Read(const Visitor& visit) {
   std::error_code unknown;
   const auto size = std::filesystem::file_size(file_.AuditFileName(), unknown);
   if (!unknown && IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
-  const Interruption interruption;
+  const Interruption interruption(Interruption::During::kReading);
   std::exception_ptr thrown;
   file_.ReadEntity = [&](const std::string& entityName, const std::shared_ptr<Record>& record) {
     if (thrown) return;
     try {
+      if (!record && file_.AuditException()->Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory)) Fail();
       visit(KindOf(entityName), record);
     } catch (...) {
       thrown = std::current_exception();
     }
     if (progress) progress->Show(file_.BytesRead());
-    if (thrown || interruption.IsRequested()) file_.AbortReading();
+    if (thrown || Interruption::IsRequested()) file_.AbortReading();
   };
   const bool read = file_.ReadAuditFile();
   progress.reset();
   if (thrown) std::rethrow_exception(thrown);
   // Without a reason it was only that some records could not be read, which the visitor knows.
-  if (!read && file_.AuditException()) throw Failure(file_.AuditFileName(), Reason());
+  if (!read && file_.AuditException()) Fail();
 }
+
+void AuditFileInput::Fail() const { FailWith(file_.AuditException()->Number(), Reason(), file_.AuditFileName()); }
 
 }  // namespace zevo::saft

@@ -30,6 +30,8 @@ class AuditFileInput {
   const std::string& Reason() const { return file_.AuditException()->Description(); }
 
  private:
+  [[noreturn]] void Fail() const;
+
   AuditFileStreamer file_;
   OutputWhile output_;
 };

@@ -1,9 +1,10 @@
 #include "tools/saft/AuditFileOutput.h"
 
-#include <filesystem>
 #include <system_error>
 
 #include "tools/saft/Failure.h"
+#include "tools/saft/FileKind.h"
+#include "tools/saft/Interruption.h"
 
 namespace zevo::saft {
 namespace {
@@ -35,7 +36,8 @@ bool Finish(AuditFileStreamWriter& file) { return file.CloseAuditFile(); }
 
 }  // namespace
 
-AuditFileOutput::AuditFileOutput(std::string_view path, Way way) : path_(path) {
+AuditFileOutput::AuditFileOutput(std::string_view path, Way way) : path_(path), unfinished_path_(path) {
+  RequireRegularFile(path_);
   if (way == kSequential) file_.emplace<AuditFileStreamWriter>();
   Do([&](auto& file) {
     file.set_AuditFileName(path_);
@@ -48,12 +50,12 @@ AuditFileOutput::~AuditFileOutput() {
   if (!unfinished_) return;
   try {
     std::visit([](auto& file) { file.CloseAuditFile(); }, file_);
-  } catch (const Error&) {
+  } catch (...) {
     // The file goes away.
   }
   std::error_code ignored;
   // A device is there before and after.
-  if (std::filesystem::is_regular_file(path_, ignored)) std::filesystem::remove(path_, ignored);
+  if (std::filesystem::is_regular_file(unfinished_path_, ignored)) std::filesystem::remove(unfinished_path_, ignored);
 }
 
 template <class Operation>
@@ -63,6 +65,7 @@ void AuditFileOutput::Do(Operation&& operation) {
 
 template <class Operation>
 void AuditFileOutput::Do(Operation&& operation, const Origin& origin) {
+  Interruption::ThrowIfRequested();
   if (std::visit(operation, file_)) return;
   // Anything but a text that XML cannot hold is the fault of the file or the disk.
   if (Exception().Number() != static_cast<int32_t>(RunTimeError::kInvalidCall)) FailAtFile();
@@ -73,7 +76,7 @@ const AuditException& AuditFileOutput::Exception() const {
   return std::visit([](const auto& file) -> const AuditException& { return *file.AuditException(); }, file_);
 }
 
-void AuditFileOutput::FailAtFile() const { throw Failure(path_, Exception().Description()); }
+void AuditFileOutput::FailAtFile() const { FailWith(Exception().Number(), Exception().Description(), path_); }
 
 void AuditFileOutput::Write(const Header& value, const Origin& origin) {
   Do([&](auto& file) { return file.CreateHeader(value); }, origin);
@@ -123,8 +126,11 @@ void AuditFileOutput::Save() {
   try {
     Do([](auto& file) { return Finish(file); });
   } catch (const Error& error) {
-    throw Failure(path_, error.Description());
+    FailWith(error.Number(), error.Description(), path_);
   }
+  // A file that was built in memory is there now.
+  unfinished_ = true;
+  Interruption::ThrowIfRequested();
   unfinished_ = false;
 }
 

@@ -4,6 +4,7 @@
 #include <zevo/adapters.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -57,6 +58,7 @@ class AuditFileOutput {
 
   std::variant<AuditFile, AuditFileStreamWriter> file_;
   std::string path_;
+  std::filesystem::path unfinished_path_;  // made ahead: removing it needs no memory
   bool unfinished_ = false;
 };
 

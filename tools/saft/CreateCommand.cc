@@ -6,6 +6,7 @@
 #include "tools/saft/Dataset.h"
 #include "tools/saft/EntriesWriter.h"
 #include "tools/saft/Failure.h"
+#include "tools/saft/Interruption.h"
 #include "tools/saft/InvoicesWriter.h"
 #include "tools/saft/MasterFilesWriter.h"
 
@@ -59,6 +60,7 @@ CreateCommand::CreateCommand(CLI::App& program)
 }
 
 ExitCode CreateCommand::Run() const {
+  const Interruption interruption(Interruption::During::kWriting);
   AuditFileOutput output(file_, stream_ ? AuditFileOutput::kSequential : AuditFileOutput::kInMemory);
   Dataset dataset(dataset_);
   MasterFilesWriter(dataset, output).Write();

@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <new>
 #include <utility>
 
 #include "tools/saft/Failure.h"
+#include "tools/saft/FileKind.h"
 #include "tools/saft/Utf8.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -23,9 +24,11 @@ std::string Cells(size_t count) { return std::to_string(count).append(count == 1
 }  // namespace
 
 CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
-  if (std::filesystem::is_directory(path_)) throw Failure(path_, "is a folder");
+  RequireRegularFile(path_);
   file_.open(path_, std::ios::binary);
   if (!file_) throw Failure(path_, std::strerror(errno));
+  // So that memory that runs out is not taken for a disk that cannot be read.
+  file_.exceptions(std::ios::badbit);
   if (csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_APPEND_NULL) != 0) throw std::bad_alloc();
   csv_set_space_func(&parser_, NothingIsBlank);
   try {
@@ -74,9 +77,10 @@ bool CsvFile::ReadRow() {
 }
 
 bool CsvFile::ReadLine() {
-  if (!std::getline(file_, line_)) {
-    if (file_.bad()) throw Failure(path_, std::strerror(errno));
-    return false;
+  try {
+    if (!std::getline(file_, line_)) return false;
+  } catch (const std::ios::failure&) {
+    throw Failure(path_, std::strerror(errno));
   }
   if (!file_.eof()) line_ += '\n';
   if (lines_ == 0 && line_.starts_with(kByteOrderMark)) line_.erase(0, kByteOrderMark.size());
@@ -86,6 +90,7 @@ bool CsvFile::ReadLine() {
 
 void CsvFile::Parse() {
   const size_t parsed = csv_parse(&parser_, line_.data(), line_.size(), &TakeCell, &EndRow, this);
+  if (out_of_memory_) throw std::bad_alloc();
   if (lone_return_) Fail("malformed CSV, a carriage return without a line feed");
   if (parsed == line_.size()) return;
   if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
@@ -94,7 +99,9 @@ void CsvFile::Parse() {
 
 void CsvFile::Finish() {
   finished_ = true;
-  if (csv_fini(&parser_, &TakeCell, &EndRow, this) == 0) return;
+  const bool finished = csv_fini(&parser_, &TakeCell, &EndRow, this) == 0;
+  if (out_of_memory_) throw std::bad_alloc();
+  if (finished) return;
   if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
   Fail(NameOf(cell_count_) + ": malformed CSV, a quotation mark is not closed");
 }
@@ -102,8 +109,12 @@ void CsvFile::Finish() {
 void CsvFile::TakeCell(void* text, size_t length, void* self) noexcept {
   auto& file = *static_cast<CsvFile*>(self);
   if (file.row_ended_) file.lone_return_ = true;
-  if (file.cell_count_ == file.cells_.size()) file.cells_.emplace_back();
-  file.cells_[file.cell_count_++].assign(static_cast<const char*>(text), length);
+  try {
+    if (file.cell_count_ == file.cells_.size()) file.cells_.emplace_back();
+    file.cells_[file.cell_count_++].assign(static_cast<const char*>(text), length);
+  } catch (const std::bad_alloc&) {
+    file.out_of_memory_ = true;
+  }
 }
 
 void CsvFile::EndRow(int terminator, void* self) noexcept {

@@ -61,6 +61,7 @@ class CsvFile {
   // Set by the parser's calls while it is given a line. The cells are reused from row to row.
   bool row_ended_ = false;
   bool lone_return_ = false;
+  bool out_of_memory_ = false;
   size_t cell_count_ = 0;
   std::vector<std::string> cells_;
   std::vector<std::string> columns_;

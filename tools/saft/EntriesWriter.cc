@@ -4,6 +4,7 @@
 
 #include "tools/saft/RecordFile.h"
 #include "tools/saft/Totals.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 
@@ -13,7 +14,7 @@ void EntriesWriter::Write() {
   ReadLines(transactions.table);
   if (!transactions.has_file) {
     if (!journals.Rows().empty()) {
-      notes_ << "saft: " << journals.Path() << ": not written, there is no transactions.csv\n";
+      notes_ << "saft: " << Visible(journals.Path()) << ": not written, there is no transactions.csv\n";
     }
   } else if (!journals.Rows().empty()) {
     WriteSection(journals, transactions);

@@ -12,11 +12,14 @@ namespace zevo::saft {
 class Failure : public std::runtime_error {
  public:
   explicit Failure(const std::string& message) : std::runtime_error(message) {}
-  /// A failure of the library with a file.
+  /// A failure with a file. What the file's name and the reason hold is made visible, a long reason cut.
   Failure(std::string_view file, std::string_view reason);
   /// A fault in a row of a dataset.
   Failure(std::string_view file, int64_t row, std::string_view reason);
 };
+
+/// Fails with an error that the library has with a file. When it is that memory ran out, throws `std::bad_alloc`.
+[[noreturn]] void FailWith(int32_t number, std::string_view description, std::string_view file);
 
 }  // namespace zevo::saft
 

@@ -1,29 +1,46 @@
 #include "tools/saft/Interruption.h"
 
-#include <csignal>
+#include <cstdlib>
 
 namespace zevo::saft {
 namespace {
 
 // A signal handler can reach nothing else.
-volatile std::sig_atomic_t requested = 0;
+volatile std::sig_atomic_t requested = 0;  // the signal
 
-void Note(int) {
-  requested = 1;
-  std::signal(SIGINT, SIG_DFL);
+void Note(int signal) { requested = signal; }
+
+void NoteOnce(int signal) {
+  requested = signal;
+  std::signal(signal, SIG_DFL);
 }
 
 }  // namespace
 
-Interruption::Interruption() {
-  requested = 0;
-  before_ = std::signal(SIGINT, &Note);
-  // Who starts a program in the background may have it ignore the signal.
-  if (before_ == SIG_IGN) std::signal(SIGINT, SIG_IGN);
+void Interrupted::EndProgram() const {
+  std::signal(signal_, SIG_DFL);
+  std::raise(signal_);
+  std::_Exit(128 + signal_);
 }
 
-Interruption::~Interruption() { std::signal(SIGINT, before_); }
+Interruption::Interruption(During during) : noted_(during == During::kReading ? 1 : kSignals.size()) {
+  requested = 0;
+  for (size_t i = 0; i < noted_; ++i) {
+    before_[i] = std::signal(kSignals[i], during == During::kReading ? &NoteOnce : &Note);
+    // Who starts a program in the background may have it ignore a signal.
+    if (before_[i] == SIG_IGN) std::signal(kSignals[i], SIG_IGN);
+  }
+}
 
-bool Interruption::IsRequested() const { return requested != 0; }
+Interruption::~Interruption() {
+  for (size_t i = 0; i < noted_; ++i) std::signal(kSignals[i], before_[i]);
+  requested = 0;
+}
+
+bool Interruption::IsRequested() { return requested != 0; }
+
+void Interruption::ThrowIfRequested() {
+  if (requested != 0) throw Interrupted(requested);
+}
 
 }  // namespace zevo::saft

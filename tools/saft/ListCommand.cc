@@ -1,5 +1,6 @@
 #include "tools/saft/ListCommand.h"
 
+#include <unistd.h>
 #include <zevo/adapters.h>
 
 #include <algorithm>
@@ -63,10 +64,11 @@ ExitCode ListCommand::Run() const {
   const RecordKind& kind = *std::ranges::find(RecordKinds(), kind_, &RecordKind::name);
   AuditFileInput file(file_, OutputWhile::kReading);
   std::unique_ptr<RecordPrinter> printer;
+  const Reader reader = isatty(STDOUT_FILENO) == 1 ? Reader::kTerminal : Reader::kProgram;
   if (json_) {
-    printer = std::make_unique<JsonPrinter>(kind, std::cout);
+    printer = std::make_unique<JsonPrinter>(kind, std::cout, reader);
   } else {
-    printer = std::make_unique<CsvPrinter>(kind, std::cout);
+    printer = std::make_unique<CsvPrinter>(kind, std::cout, reader);
   }
   std::string journalID;
   int64_t entities = 0;

@@ -5,8 +5,9 @@
 #include <filesystem>
 
 #include "tools/saft/DecimalText.h"
+#include "tools/saft/Interruption.h"
 #include "tools/saft/PropertyText.h"
-#include "tools/saft/Utf8.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -66,6 +67,7 @@ size_t RecordFile::PlaceOf(std::string_view column) const {
 
 bool RecordFile::Next() {
   while (csv_ && csv_->Next()) {
+    Interruption::ThrowIfRequested();
     if (!csv_->IsEmptyRow()) return true;
     alterations_.AddEmptyRow(*csv_);
   }

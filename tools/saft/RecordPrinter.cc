@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "tools/saft/PropertyText.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -65,7 +66,15 @@ Json ToJson(const Record& record, std::span<const Property> properties) {
 
 }  // namespace
 
-CsvPrinter::CsvPrinter(const RecordKind& kind, std::ostream& out) : out_(out) {
+void RecordPrinter::Put(const std::string& row) {
+  if (reader_ == Reader::kTerminal) {
+    out_ << Visible(row) << '\n';
+  } else {
+    out_ << row << '\n';
+  }
+}
+
+CsvPrinter::CsvPrinter(const RecordKind& kind, std::ostream& out, Reader reader) : RecordPrinter(out, reader) {
   std::vector<std::string> names;
   CollectColumns(kind.properties(), "", names);
   for (const std::string& name : names) columns_.emplace_back(name, kind.properties());
@@ -92,8 +101,8 @@ void CsvPrinter::AddCell(const std::string& text) {
 }
 
 void CsvPrinter::EndRow() {
-  row_.back() = '\n';
-  out_ << row_;
+  row_.pop_back();
+  Put(row_);
   row_.clear();
 }
 
@@ -101,7 +110,7 @@ void JsonPrinter::Print(const std::vector<std::string>& parents, const Record& r
   Json json = Json::object();
   for (size_t i = 0; i < parents.size(); ++i) json[kind_.parents[i]] = parents[i];
   json.update(ToJson(record, kind_.properties()));
-  out_ << json.dump() << '\n';
+  Put(json.dump());
 }
 
 }  // namespace zevo::saft

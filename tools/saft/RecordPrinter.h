@@ -12,25 +12,37 @@
 
 namespace zevo::saft {
 
+/// Where the records go: programs take them as they are, on a terminal they are made visible.
+enum class Reader { kProgram, kTerminal };
+
 /// Writes records of one kind, one after the other, with the identifiers of what they belong to.
 class RecordPrinter {
  public:
   virtual ~RecordPrinter() = default;
   virtual void Print(const std::vector<std::string>& parents, const Record& record) = 0;
+
+ protected:
+  RecordPrinter(std::ostream& out, Reader reader) : out_(out), reader_(reader) {}
+
+  /// Writes what tells one record.
+  void Put(const std::string& row);
+
+ private:
+  std::ostream& out_;
+  Reader reader_;
 };
 
 /// Writes them as a file of a dataset: CSV with a column for every property that can be set.
 class CsvPrinter : public RecordPrinter {
  public:
   /// Writes the names of the columns.
-  CsvPrinter(const RecordKind& kind, std::ostream& out);
+  CsvPrinter(const RecordKind& kind, std::ostream& out, Reader reader);
   void Print(const std::vector<std::string>& parents, const Record& record) override;
 
  private:
   void AddCell(const std::string& text);
   void EndRow();
 
-  std::ostream& out_;
   std::vector<ColumnBinding> columns_;
   std::string row_;
 };
@@ -39,12 +51,11 @@ class CsvPrinter : public RecordPrinter {
 /// they would lose digits in many readers. A child that a record does not have is null.
 class JsonPrinter : public RecordPrinter {
  public:
-  JsonPrinter(const RecordKind& kind, std::ostream& out) : kind_(kind), out_(out) {}
+  JsonPrinter(const RecordKind& kind, std::ostream& out, Reader reader) : RecordPrinter(out, reader), kind_(kind) {}
   void Print(const std::vector<std::string>& parents, const Record& record) override;
 
  private:
   const RecordKind& kind_;
-  std::ostream& out_;
 };
 
 }  // namespace zevo::saft

@@ -1,10 +1,13 @@
 #include "tools/saft/SummaryCommand.h"
 
+#include <unistd.h>
+
 #include <iostream>
 
 #include "tools/saft/SummaryJson.h"
 #include "tools/saft/SummaryReader.h"
 #include "tools/saft/SummaryText.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 
@@ -21,7 +24,12 @@ SummaryCommand::SummaryCommand(CLI::App& program)
 
 ExitCode SummaryCommand::Run() const {
   const Summary summary = SummaryReader(file_).Read();
-  json_ ? PrintJson(summary, std::cout) : PrintText(summary, std::cout);
+  if (json_) {
+    const std::string json = JsonOf(summary);
+    std::cout << (isatty(STDOUT_FILENO) == 1 ? VisibleLines(json) : json) << '\n';
+  } else {
+    PrintText(summary, std::cout);
+  }
   return kDone;
 }
 

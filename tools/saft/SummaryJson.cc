@@ -68,14 +68,14 @@ Json OrNull(const std::optional<Part>& part) {
 
 }  // namespace
 
-void PrintJson(const Summary& summary, std::ostream& out) {
+std::string JsonOf(const Summary& summary) {
   const Json json = {{"File", summary.file},
                      {"Header", OrNull(summary.header)},
                      {"Counts", ToJson(summary.counts)},
                      {"GeneralLedgerEntries", OrNull(summary.entries)},
                      {"SalesInvoices", OrNull(summary.invoices)}};
   // A file name may hold any bytes.
-  out << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  return json.dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace zevo::saft

@@ -1,15 +1,15 @@
 #ifndef ZEVO_TOOLS_SAFT_SUMMARYJSON_H_
 #define ZEVO_TOOLS_SAFT_SUMMARYJSON_H_
 
-#include <ostream>
+#include <string>
 
 #include "tools/saft/Summary.h"
 
 namespace zevo::saft {
 
-/// Writes a summary as one JSON object for programs. Amounts are texts: as numbers they would lose digits in many
+/// A summary as one JSON object for programs. Amounts are texts: as numbers they would lose digits in many
 /// readers. A header or section that the file does not have is null.
-void PrintJson(const Summary& summary, std::ostream& out);
+std::string JsonOf(const Summary& summary);
 
 }  // namespace zevo::saft
 

@@ -7,6 +7,7 @@
 
 #include "tools/saft/Failure.h"
 #include "tools/saft/PropertyText.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -119,7 +120,7 @@ std::string SummaryReader::PlaceOf(std::string_view kind) {
   const EntriesFigures& figures = Of(summary_.entries);
   if (figures.journals.empty()) return "transaction " + std::to_string(counts_[kind]);
   const JournalFigures& journal = figures.journals.back();
-  return "journal " + journal.id + ", transaction " + std::to_string(journal.totals.entries + 1);
+  return "journal " + Quoted(journal.id) + ", transaction " + std::to_string(journal.totals.entries + 1);
 }
 
 }  // namespace zevo::saft

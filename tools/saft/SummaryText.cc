@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tools/saft/Table.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -88,7 +89,7 @@ void PrintInvoices(const InvoicesFigures& invoices, std::ostream& out) {
 }  // namespace
 
 void PrintText(const Summary& summary, std::ostream& out) {
-  out << summary.file << '\n';
+  out << Visible(summary.file) << '\n';
   if (summary.header) PrintHeader(*summary.header, out);
   PrintCounts(summary, out);
   if (summary.entries) PrintEntries(*summary.entries, out);

@@ -4,14 +4,14 @@
 #include <utility>
 
 #include "tools/saft/Utf8.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 
 void Table::Add(std::vector<std::string> cells) {
   widths_.resize(std::max(widths_.size(), cells.size()));
   for (size_t column = 0; column < cells.size(); ++column) {
-    std::ranges::replace_if(
-        cells[column], [](unsigned char c) { return c < 0x20; }, ' ');
+    cells[column] = Visible(cells[column]);
     widths_[column] = std::max(widths_[column], CharactersIn(cells[column]));
   }
   rows_.push_back(std::move(cells));

@@ -10,7 +10,8 @@ bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0
 
 char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// The length of the character that a text begins with, 0 when it is not well-formed.
+}  // namespace
+
 size_t FirstLength(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text[0]);
   if (lead < 0x80) return 1;
@@ -24,12 +25,13 @@ size_t FirstLength(std::string_view text) {
   return overlong || surrogate || beyond ? 0 : length;
 }
 
-void AppendEscape(std::string& text, unsigned char byte) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  text.append("\\x").append(1, kDigits[byte >> 4]).append(1, kDigits[byte & 0xF]);
+char32_t CodePointOf(std::string_view character) {
+  const auto lead = static_cast<unsigned char>(character[0]);
+  if (lead < 0x80) return lead;
+  char32_t point = lead & (0xFFU >> (character.size() + 1));
+  for (const char c : character.substr(1)) point = point << 6 | (static_cast<unsigned char>(c) & 0x3FU);
+  return point;
 }
-
-}  // namespace
 
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
@@ -46,26 +48,6 @@ size_t CharactersIn(std::string_view text) {
 
 bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
   return std::ranges::equal(left, right, {}, &AsciiLower, &AsciiLower);
-}
-
-std::string Quoted(std::string_view text) {
-  const bool readable = IsUtf8(text);
-  std::string quoted = "\"";
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '\n') {
-      quoted += "\\n";
-    } else if (c == '\r') {
-      quoted += "\\r";
-    } else if (c == '\t') {
-      quoted += "\\t";
-    } else if (byte < 0x20 || byte == 0x7F || (byte >= 0x80 && !readable)) {
-      AppendEscape(quoted, byte);
-    } else {
-      quoted += c;
-    }
-  }
-  return quoted += '"';
 }
 
 }  // namespace zevo::saft

@@ -2,10 +2,15 @@
 #define ZEVO_TOOLS_SAFT_UTF8_H_
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace zevo::saft {
+
+/// The length in bytes of the character that a text, which is not empty, begins with; 0 when it is not well-formed.
+size_t FirstLength(std::string_view text);
+
+/// The code point of one well-formed character.
+char32_t CodePointOf(std::string_view character);
 
 /// Whether all of a text is well-formed UTF-8: no overlong form, no surrogate, nothing beyond U+10FFFF.
 bool IsUtf8(std::string_view text);
@@ -15,10 +20,6 @@ size_t CharactersIn(std::string_view text);
 
 /// Whether two texts differ in nothing but the case of the letters A to Z.
 bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right);
-
-/// A text between quotation marks for a message of one line: control characters, and every byte beyond ASCII of a text
-/// that is not UTF-8, are shown as escapes.
-std::string Quoted(std::string_view text);
 
 }  // namespace zevo::saft
 

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "tools/saft/Failure.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -45,7 +46,7 @@ ExitCode ValidateCommand::Run() const {
   if (!schema_.empty()) Options().set_SchemaLocation(schema_);
   const auto error = ViolationIn(file_);
   if (!error) {
-    std::cout << file_ << ": valid\n";
+    std::cout << Visible(file_) << ": valid\n";
     return kDone;
   }
   const std::string& reason = error->Description();
@@ -55,7 +56,7 @@ ExitCode ValidateCommand::Run() const {
   RequireReadable(schema);
   if (IsFaultOfSchema(*error)) throw Failure(schema, reason);
   if (error->Source() == kRunTimeSource) throw Failure(file_, reason);
-  std::cerr << "saft: " << file_ << ": " << reason << '\n';
+  std::cerr << "saft: " << Visible(file_) << ": " << Abridged(reason) << '\n';
   return kInvalid;
 }
 

@@ -1,14 +1,18 @@
 #include <CLI/CLI.hpp>
 #include <array>
+#include <csignal>
 #include <exception>
 #include <iostream>
-#include <stdexcept>
+#include <new>
 
 #include "tools/saft/Command.h"
 #include "tools/saft/CreateCommand.h"
+#include "tools/saft/Failure.h"
+#include "tools/saft/Interruption.h"
 #include "tools/saft/ListCommand.h"
 #include "tools/saft/SummaryCommand.h"
 #include "tools/saft/ValidateCommand.h"
+#include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -31,7 +35,7 @@ ExitCode Run(int argc, char** argv) {
     program.exit(help);
     return kDone;
   } catch (const CLI::ParseError& error) {
-    throw std::runtime_error(std::string(error.what()) + "\nRun \"saft --help\" for help.");
+    throw Failure(Visible(error.what()) + "\nRun \"saft --help\" for help.");
   }
   for (const Command* command : std::array<const Command*, 4>{&create, &validate, &summary, &list}) {
     if (command->IsChosen()) return command->Run();
@@ -43,12 +47,25 @@ ExitCode Run(int argc, char** argv) {
 }  // namespace zevo::saft
 
 int main(int argc, char** argv) {
+#ifdef SIGXFSZ
+  // A file that grows too large is an error of writing it, as a full disk is.
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
   try {
     const zevo::saft::ExitCode code = zevo::saft::Run(argc, argv);
-    if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+    if (!std::cout.flush()) throw zevo::saft::Failure("standard output cannot be written");
     return code;
+  } catch (const zevo::saft::Failure& failure) {
+    std::cerr << "saft: " << failure.what() << '\n';
+    return zevo::saft::kError;
+  } catch (const zevo::saft::Interrupted& interrupted) {
+    std::cerr << "saft: interrupted\n";
+    interrupted.EndProgram();
+  } catch (const std::bad_alloc&) {
+    std::cerr << "saft: not enough memory\n";
+    return zevo::saft::kError;
   } catch (const std::exception& error) {
-    std::cerr << "saft: " << error.what() << '\n';
+    std::cerr << "saft: " << zevo::saft::Visible(error.what()) << '\n';
     return zevo::saft::kError;
   }
 }
