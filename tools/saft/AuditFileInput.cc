@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "tools/saft/Failure.h"
+#include "tools/saft/InputName.h"
 #include "tools/saft/Interruption.h"
 #include "tools/saft/ProgressBar.h"
 #include "tools/saft/Utf8.h"
@@ -38,22 +39,26 @@ bool IsProgressWelcome(OutputWhile output) {
 
 }  // namespace
 
-AuditFileInput::AuditFileInput(const std::string& file, OutputWhile output) : output_(output) {
-  file_.set_AuditFileName(file);
+AuditFileInput::AuditFileInput(const std::string& file, OutputWhile output) : name_(file), output_(output) {
+  file_.set_AuditFileName(InputName(file));
   if (!file_.OpenAuditFile()) Fail();
 }
 
 void AuditFileInput::Read(const Visitor& visit) {
   std::optional<ProgressBar> progress;
+  std::optional<Interruption> interruption;
   std::error_code unknown;
   const auto size = std::filesystem::file_size(file_.AuditFileName(), unknown);
-  if (!unknown && IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
-  const Interruption interruption(Interruption::During::kReading);
+  if (!unknown) {
+    if (IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
+    // Where a pipe or a terminal is read, a signal that is noted would only be seen once there is something to read.
+    interruption.emplace(Interruption::During::kReading);
+  }
   std::exception_ptr thrown;
   file_.ReadEntity = [&](const std::string& entityName, const std::shared_ptr<Record>& record) {
     if (thrown) return;
     try {
-      if (!record && file_.AuditException()->Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory)) Fail();
+      if (!record && IsOutOfMemory(*file_.AuditException())) Fail();
       visit(KindOf(entityName), record);
     } catch (...) {
       thrown = std::current_exception();
@@ -68,6 +73,6 @@ void AuditFileInput::Read(const Visitor& visit) {
   if (!read && file_.AuditException()) Fail();
 }
 
-void AuditFileInput::Fail() const { FailWith(file_.AuditException()->Number(), Reason(), file_.AuditFileName()); }
+void AuditFileInput::Fail() const { FailWith(*file_.AuditException(), name_); }
 
 }  // namespace zevo::saft

@@ -20,7 +20,7 @@ class AuditFileInput {
   /// `kind` is the name of the record's class; `record` is null when it cannot be read, and `Reason` then tells why.
   using Visitor = std::function<void(std::string_view kind, const std::shared_ptr<Record>& record)>;
 
-  /// Fails when there is no such file.
+  /// Takes "-" for the standard input. Fails when there is no such file.
   AuditFileInput(const std::string& file, OutputWhile output);
 
   /// Hands over every record in the order of the file. What the visitor throws ends the reading and comes out; anything
@@ -33,6 +33,7 @@ class AuditFileInput {
   [[noreturn]] void Fail() const;
 
   AuditFileStreamer file_;
+  std::string name_;
   OutputWhile output_;
 };
 

@@ -3,7 +3,7 @@
 #include <system_error>
 
 #include "tools/saft/Failure.h"
-#include "tools/saft/FileKind.h"
+#include "tools/saft/InputName.h"
 #include "tools/saft/Interruption.h"
 
 namespace zevo::saft {
@@ -76,7 +76,7 @@ const AuditException& AuditFileOutput::Exception() const {
   return std::visit([](const auto& file) -> const AuditException& { return *file.AuditException(); }, file_);
 }
 
-void AuditFileOutput::FailAtFile() const { FailWith(Exception().Number(), Exception().Description(), path_); }
+void AuditFileOutput::FailAtFile() const { FailWith(Exception(), path_); }
 
 void AuditFileOutput::Write(const Header& value, const Origin& origin) {
   Do([&](auto& file) { return file.CreateHeader(value); }, origin);
@@ -126,7 +126,7 @@ void AuditFileOutput::Save() {
   try {
     Do([](auto& file) { return Finish(file); });
   } catch (const Error& error) {
-    FailWith(error.Number(), error.Description(), path_);
+    FailWith(error, path_);
   }
   // A file that was built in memory is there now.
   unfinished_ = true;

@@ -51,7 +51,7 @@ Told and counted on standard error:
 }  // namespace
 
 CreateCommand::CreateCommand(CLI::App& program)
-    : Command(program, "create", "Turn a dataset of CSV files into an audit file") {
+    : Command(program, "create", "Turn a dataset of CSV files into an audit file"), schema_(options_) {
   options_.add_option("DATASET", dataset_, "Folder of the dataset")->required()->option_text(" ");
   options_.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
   options_.add_flag("--stream", stream_, "Write the file from front to back instead of building it in memory first");
@@ -60,6 +60,8 @@ CreateCommand::CreateCommand(CLI::App& program)
 }
 
 ExitCode CreateCommand::Run() const {
+  schema_.Use();
+  schema_.RequireUsable();
   const Interruption interruption(Interruption::During::kWriting);
   AuditFileOutput output(file_, stream_ ? AuditFileOutput::kSequential : AuditFileOutput::kInMemory);
   Dataset dataset(dataset_);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tools/saft/Command.h"
+#include "tools/saft/SchemaChoice.h"
 
 namespace zevo::saft {
 
@@ -14,6 +15,7 @@ class CreateCommand : public Command {
   ExitCode Run() const override;
 
  private:
+  SchemaChoice schema_;
   std::string dataset_;
   std::string file_;
   bool stream_ = false;

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "tools/saft/Failure.h"
-#include "tools/saft/FileKind.h"
+#include "tools/saft/InputName.h"
 #include "tools/saft/Utf8.h"
 #include "tools/saft/VisibleText.h"
 

@@ -7,6 +7,21 @@
 #include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
+namespace {
+
+// The parser has the same number for something else.
+template <class LibraryError>
+bool IsOfMemory(const LibraryError& error) {
+  return error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory) && error.Source() == kRunTimeSource;
+}
+
+template <class LibraryError>
+[[noreturn]] void FailWithEither(const LibraryError& error, std::string_view file) {
+  if (IsOfMemory(error)) throw std::bad_alloc();
+  throw Failure(file, error.Description());
+}
+
+}  // namespace
 
 Failure::Failure(std::string_view file, std::string_view reason)
     : std::runtime_error(Visible(file) + ": " + Abridged(reason)) {}
@@ -14,9 +29,10 @@ Failure::Failure(std::string_view file, std::string_view reason)
 Failure::Failure(std::string_view file, int64_t row, std::string_view reason)
     : std::runtime_error(Visible(file) + ":" + std::to_string(row) + ": " + Abridged(reason)) {}
 
-void FailWith(int32_t number, std::string_view description, std::string_view file) {
-  if (number == static_cast<int32_t>(RunTimeError::kOutOfMemory)) throw std::bad_alloc();
-  throw Failure(file, description);
-}
+void FailWith(const AuditException& error, std::string_view file) { FailWithEither(error, file); }
+
+void FailWith(const Error& error, std::string_view file) { FailWithEither(error, file); }
+
+bool IsOutOfMemory(const AuditException& error) { return IsOfMemory(error); }
 
 }  // namespace zevo::saft

@@ -1,6 +1,8 @@
 #ifndef ZEVO_TOOLS_SAFT_FAILURE_H_
 #define ZEVO_TOOLS_SAFT_FAILURE_H_
 
+#include <zevo/adapters.h>
+
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -19,7 +21,11 @@ class Failure : public std::runtime_error {
 };
 
 /// Fails with an error that the library has with a file. When it is that memory ran out, throws `std::bad_alloc`.
-[[noreturn]] void FailWith(int32_t number, std::string_view description, std::string_view file);
+[[noreturn]] void FailWith(const AuditException& error, std::string_view file);
+[[noreturn]] void FailWith(const Error& error, std::string_view file);
+
+/// Whether an error of the library is that memory ran out.
+bool IsOutOfMemory(const AuditException& error);
 
 }  // namespace zevo::saft
 

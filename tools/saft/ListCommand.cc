@@ -45,7 +45,7 @@ class Unreadable {
 
 ListCommand::ListCommand(CLI::App& program)
     : Command(program, "list", "Write the records of one kind to standard output") {
-  options_.add_option("FILE.xml", file_, "Audit file to read")->required()->option_text(" ");
+  options_.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
   options_.add_option("KIND", kind_, "Class of the records, see below")
       ->required()
       ->check(CLI::IsMember(NamesOfKinds()))

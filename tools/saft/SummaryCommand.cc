@@ -13,7 +13,7 @@ namespace zevo::saft {
 
 SummaryCommand::SummaryCommand(CLI::App& program)
     : Command(program, "summary", "Tell what an audit file holds: header, counts and totals") {
-  options_.add_option("FILE.xml", file_, "Audit file to read")->required()->option_text(" ");
+  options_.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
   options_.add_flag("--json", json_, "Write JSON for programs, with amounts as texts");
   options_.footer(
       "Totals are told as the file has them and as the records sum up to. Documents whose TransactionID is "

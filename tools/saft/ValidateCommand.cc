@@ -1,62 +1,50 @@
 #include "tools/saft/ValidateCommand.h"
 
+#include <zevo/adapters.h>
+
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <iostream>
-#include <memory>
+#include <string>
 
 #include "tools/saft/Failure.h"
+#include "tools/saft/InputName.h"
 #include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
 
-std::shared_ptr<const AuditException> ViolationIn(const std::string& path) {
-  AuditFile file;
-  file.set_AuditFileName(path);
-  file.ValidateAuditFile();
-  return file.AuditException();
-}
-
+// The library does not tell a file that cannot be read from one that is not valid.
 void RequireReadable(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (file) file.peek();
   if (!file.is_open() || file.bad()) throw Failure(path, std::strerror(errno));
 }
 
-// A fault in the schema shows with every file, so also with the schema itself.
-bool IsFaultOfSchema(const AuditException& error) {
-  const auto own = ViolationIn(Options().SchemaLocation());
-  return own && own->Number() == error.Number() && own->Description() == error.Description();
-}
-
 }  // namespace
 
 ValidateCommand::ValidateCommand(CLI::App& program)
-    : Command(program, "validate", "Check an audit file against the schema") {
-  options_.add_option("FILE.xml", file_, "Audit file to check")->required()->option_text(" ");
-  options_.add_option("--schema", schema_, "Schema to use instead of the library's own")->type_name("XSD");
+    : Command(program, "validate", "Check an audit file against the schema"), schema_(options_) {
+  options_.add_option("FILE.xml", file_, "Audit file to check, - for standard input")->required()->option_text(" ");
   options_.footer(
       "Ends with 0 when the file is valid, with 1 when it is not: standard error then tells the first violation, with\n"
-      "its line and column.");
+      "its line and column. A schema or a file that cannot be used ends it with 2.");
 }
 
 ExitCode ValidateCommand::Run() const {
-  if (!schema_.empty()) Options().set_SchemaLocation(schema_);
-  const auto error = ViolationIn(file_);
-  if (!error) {
+  AuditFile file;
+  file.set_AuditFileName(InputName(file_));
+  schema_.Use();
+  if (file.ValidateAuditFile()) {
     std::cout << Visible(file_) << ": valid\n";
     return kDone;
   }
-  const std::string& reason = error->Description();
-  const std::string schema = Options().SchemaLocation();
-  if (error->Number() < 0) throw Failure(file_, reason);
-  RequireReadable(file_);
-  RequireReadable(schema);
-  if (IsFaultOfSchema(*error)) throw Failure(schema, reason);
-  if (error->Source() == kRunTimeSource) throw Failure(file_, reason);
-  std::cerr << "saft: " << Visible(file_) << ": " << Abridged(reason) << '\n';
+  const AuditException& error = *file.AuditException();
+  if (file.IsSchemaAtFault()) SchemaChoice::Fail(error);
+  if (error.Number() < 0 || error.Source() == kRunTimeSource) FailWith(error, file_);
+  if (file.AuditFileName() != kStandardInput) RequireReadable(file_);
+  std::cerr << "saft: " << Visible(file_) << ": " << Abridged(error.Description()) << '\n';
   return kInvalid;
 }
 

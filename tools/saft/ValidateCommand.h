@@ -1,11 +1,10 @@
 #ifndef ZEVO_TOOLS_SAFT_VALIDATECOMMAND_H_
 #define ZEVO_TOOLS_SAFT_VALIDATECOMMAND_H_
 
-#include <zevo/adapters.h>
-
 #include <string>
 
 #include "tools/saft/Command.h"
+#include "tools/saft/SchemaChoice.h"
 
 namespace zevo::saft {
 
@@ -17,7 +16,7 @@ class ValidateCommand : public Command {
 
  private:
   std::string file_;
-  std::string schema_;
+  SchemaChoice schema_;
 };
 
 }  // namespace zevo::saft

@@ -1,4 +1,4 @@
-#include "tools/saft/FileKind.h"
+#include "tools/saft/InputName.h"
 
 #include <filesystem>
 #include <system_error>
@@ -22,6 +22,18 @@ void RequireRegularFile(const std::string& path) {
     default:
       return;
   }
+}
+
+std::string InputName(const std::string& given) {
+  if (given != "-" && given != kStandardInput) {
+    RequireRegularFile(given);
+    return given;
+  }
+  std::error_code closed;
+  const auto behind = std::filesystem::status(kStandardInput, closed).type();
+  if (behind == std::filesystem::file_type::not_found) throw Failure(given, "standard input is closed");
+  if (behind == std::filesystem::file_type::directory) throw Failure(given, "is a folder");
+  return kStandardInput;
 }
 
 }  // namespace zevo::saft
