@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -64,6 +65,15 @@ int Open(const char* function, const char* name, int flags, mode_t mode) {
   return descriptor;
 }
 
+// A duplicate is watched like the descriptor it was made of.
+int Control(const char* function, int descriptor, int command, void* argument) {
+  const bool watched = IsWatched(descriptor);
+  const int result =
+      Do(watched, "fcntl", [&] { return Next<int(int, int, ...)>(function)(descriptor, command, argument); });
+  if (watched && result >= 0 && command == F_DUPFD_CLOEXEC) state->descriptors.push_back(result);
+  return result;
+}
+
 mode_t ModeOf(int flags, va_list arguments) { return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0; }
 
 }  // namespace
@@ -101,6 +111,26 @@ __attribute__((visibility("default"))) int open64(const char* name, int flags, .
   return Open("open64", name, flags, mode);
 }
 
+__attribute__((visibility("default"))) int fcntl(int descriptor, int command, ...) {
+  va_list arguments;
+  va_start(arguments, command);
+  void* const argument = va_arg(arguments, void*);
+  va_end(arguments);
+  return Control("fcntl", descriptor, command, argument);
+}
+
+__attribute__((visibility("default"))) int fcntl64(int descriptor, int command, ...) {
+  va_list arguments;
+  va_start(arguments, command);
+  void* const argument = va_arg(arguments, void*);
+  va_end(arguments);
+  return Control("fcntl64", descriptor, command, argument);
+}
+
+__attribute__((visibility("default"))) int flock(int descriptor, int operation) {
+  return Do(IsWatched(descriptor), "flock", [&] { return Next<int(int, int)>("flock")(descriptor, operation); });
+}
+
 __attribute__((visibility("default"))) ssize_t write(int descriptor, const void* bytes, size_t size) {
   const auto next = Next<ssize_t(int, const void*, size_t)>("write");
   if (!IsWatched(descriptor) || !Strikes("write")) return next(descriptor, bytes, size);
@@ -115,6 +145,11 @@ __attribute__((visibility("default"))) int fsync(int descriptor) {
 
 __attribute__((visibility("default"))) int fchmod(int descriptor, mode_t mode) {
   return Do(IsWatched(descriptor), "fchmod", [&] { return Next<int(int, mode_t)>("fchmod")(descriptor, mode); });
+}
+
+__attribute__((visibility("default"))) int fchown(int descriptor, uid_t owner, gid_t group) {
+  return Do(IsWatched(descriptor), "fchown",
+            [&] { return Next<int(int, uid_t, gid_t)>("fchown")(descriptor, owner, group); });
 }
 
 __attribute__((visibility("default"))) int close(int descriptor) {

@@ -72,6 +72,7 @@ int __real_close(int descriptor);
 int __real_rename(const char* from, const char* to);
 int __real_fchmod(int descriptor, mode_t mode);
 int __real_unlink(const char* path);
+int __real_flock(int descriptor, int operation);
 
 int __wrap_open(const char* path, int flags, ...) {
   mode_t mode = 0;
@@ -103,6 +104,10 @@ int __wrap_close(int descriptor) {
 int __wrap_rename(const char* from, const char* to) { return Fails("rename", false) ? -1 : __real_rename(from, to); }
 
 int __wrap_fchmod(int descriptor, mode_t mode) { return Fails("fchmod", false) ? -1 : __real_fchmod(descriptor, mode); }
+
+int __wrap_flock(int descriptor, int operation) {
+  return Fails("flock", false) ? -1 : __real_flock(descriptor, operation);
+}
 
 int __wrap_unlink(const char* path) { return Fails("unlink", false) ? -1 : __real_unlink(path); }
 

@@ -192,6 +192,35 @@ TEST_F(FileFailureTest, EveryWriteOfALargeDocumentMayFail) {
   EXPECT_GT(ReadBytes(file).size(), 2'000'000u);
 }
 
+TEST_F(FileFailureTest, WhereFilesCannotBeLockedTheyAreReplacedAllTheSame) {
+  for (const int error : {ENOLCK, EOPNOTSUPP, ENOSYS, EIO}) {
+    // What was left behind is asked first.
+    for (const bool asked_first : {true, false}) {
+      const std::string file = folder_.Write("file", kOld);
+      folder_.Write("zevo-1-0.tmp", "left behind");
+      const FailingCall failing("flock", asked_first ? 1 : 2, error);
+      Save(file);
+      EXPECT_TRUE(failing.Happened());
+      EXPECT_EQ(ReadBytes(file), kNew);
+      EXPECT_EQ(folder_.Names().size(), asked_first ? 2U : 1U);
+    }
+  }
+}
+
+// Another process has just taken the temporary file for one left behind, and is about to delete it.
+TEST_F(FileFailureTest, ATemporaryFileThatSomebodyElseTakesIsLeftToHim) {
+  const std::string file = folder_.Write("file", kOld);
+  {
+    const FailingCall failing("flock", 1, EWOULDBLOCK);
+    Save(file);
+    EXPECT_TRUE(failing.Happened());
+  }
+  EXPECT_EQ(ReadBytes(file), kNew);
+  EXPECT_EQ(folder_.Names().size(), 2U);
+  Save(file);
+  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+}
+
 TEST_F(FileFailureTest, ATemporaryFileThatCannotBeRemovedIsNoFurtherFailure) {
   const std::string file = folder_.Write("file", kOld);
   std::optional<FileReplacement> replacement(file);

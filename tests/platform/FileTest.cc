@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -7,11 +8,13 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "tests/platform/Child.h"
@@ -176,37 +179,110 @@ TEST_F(FileTest, ANewFileHasItsContentAndTheModeOfAnyNewFile) {
   EXPECT_THAT(folder_.Names(), ElementsAre("new"));
 }
 
-TEST_F(FileTest, NothingWrittenIsAnEmptyFile) {
-  const std::string file = folder_.Write("file", kOld);
-  FileReplacement(file).Commit();
-  EXPECT_EQ(ReadBytes(file), "");
-}
-
-TEST_F(FileTest, TheOldFileStaysUntilTheCommit) {
-  const std::string file = folder_.Write("file", kOld);
-  FileReplacement replacement(file);
-  replacement.Write(kNew);
-  EXPECT_EQ(ReadBytes(file), kOld);
-  replacement.Commit();
-  EXPECT_EQ(ReadBytes(file), kNew);
-  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
-}
-
-TEST_F(FileTest, WithoutACommitNothingChangesAndNothingIsLeftOver) {
-  const std::string file = folder_.Write("file", kOld);
-  FileReplacement(file).Write(kNew);
-  FileReplacement(folder_.Path("new")).Write(kNew);
-  EXPECT_EQ(ReadBytes(file), kOld);
-  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
-}
-
 TEST_F(FileTest, ModeBitsAreKept) {
   const std::string file = folder_.Write("file", kOld);
-  for (const unsigned mode : {0600u, 0640u, 0666u, 0755u, 02770u}) {
+  for (const unsigned mode : {0600u, 0640u, 0666u, 0755u, 0770u, 0604u}) {
     ASSERT_EQ(chmod(file.c_str(), mode), 0);
     Replace(file, kNew);
     EXPECT_EQ(ModeOf(file), mode);
   }
+}
+
+TEST_F(FileTest, ToRunAsTheOwnerOrTheGroupIsNotKept) {
+  const std::string file = folder_.Write("file", kOld);
+  for (const unsigned mode : {04755u, 02755u, 06777u}) {
+    ASSERT_EQ(chmod(file.c_str(), mode), 0);
+    ASSERT_EQ(ModeOf(file), mode);
+    Replace(file, kNew);
+    EXPECT_EQ(ModeOf(file), mode & 0777);
+  }
+}
+
+TEST_F(FileTest, TheTemporaryFileIsForNobodyElseUntilTheCommit) {
+  const std::string file = folder_.Write("file", kOld);
+  ASSERT_EQ(chmod(file.c_str(), 0664), 0);
+  const mode_t mask = umask(0);
+  FileReplacement replacement(file);
+  umask(mask);
+  replacement.Write(kNew);
+  const std::string temporary = folder_.Names().back();
+  EXPECT_EQ(temporary.rfind("zevo-" + std::to_string(getpid()) + "-", 0), 0U) << temporary;
+  EXPECT_EQ(ModeOf(folder_.Path(temporary)), 0600u);
+  replacement.Commit();
+  EXPECT_EQ(ModeOf(file), 0664u);
+}
+
+// Owner, group and permissions, such as "10:20 640".
+std::string BelongsTo(const std::string& path) {
+  struct stat status {};
+  EXPECT_EQ(stat(path.c_str(), &status), 0);
+  char text[64];
+  std::snprintf(text, sizeof text, "%u:%u %o", status.st_uid, status.st_gid, status.st_mode & 07777U);
+  return text;
+}
+
+constexpr uid_t kNobody = 65534;
+
+// Tests that give files away.
+class OwnedFile : public FileTest {
+ protected:
+  void SetUp() override {
+    FileTest::SetUp();
+    if (geteuid() != 0) GTEST_SKIP() << "only the superuser may give a file away";
+    folder_.Write("file", kOld);
+  }
+  void GiveTo(uid_t owner, gid_t group, mode_t mode) {
+    ASSERT_EQ(chown(file_.c_str(), owner, group), 0);
+    ASSERT_EQ(chmod(file_.c_str(), mode), 0);
+  }
+  // Replaces the file as a user who is in no group but those.
+  std::string ReplacedBy(uid_t user, gid_t group, std::vector<gid_t> others = {}) {
+    const testing::ChildResult result = RunInChild([&] {
+      if (setgroups(others.size(), others.data()) != 0 || setegid(group) != 0 || seteuid(user) != 0) {
+        return "no change of user"s;
+      }
+      Replace(file_, kNew);
+      return ReadBytes(file_);
+    });
+    EXPECT_EQ(result.text, kNew);
+    EXPECT_THAT(folder_.Names(), ElementsAre("file"));
+    return BelongsTo(file_);
+  }
+
+  std::string file_ = folder_.Path("file");
+};
+
+TEST_F(OwnedFile, StaysItsOwnersAndItsGroupsWhenTheSuperuserReplacesIt) {
+  GiveTo(4711, 4712, 0640);
+  EXPECT_EQ(ReplacedBy(0, 0), "4711:4712 640");
+  GiveTo(4711, 0, 0604);
+  EXPECT_EQ(ReplacedBy(0, 0), "4711:0 604");
+}
+
+TEST_F(OwnedFile, StaysItsGroupsWhenOneOfTheGroupReplacesIt) {
+  GiveTo(4711, 4712, 0660);
+  EXPECT_EQ(ReplacedBy(kNobody, kNobody, {4712}), "65534:4712 660");
+  GiveTo(4711, kNobody, 0660);
+  EXPECT_EQ(ReplacedBy(kNobody, kNobody), "65534:65534 660");
+}
+
+TEST_F(OwnedFile, IsReplacedByOneWhoMayNotGiveItBackAndOpensToNobodyElse) {
+  const struct {
+    mode_t before;
+    const char* after;
+  } kRows[] = {
+      {0666, "65534:65534 666"}, {0646, "65534:65534 644"}, {0676, "65534:65534 666"},
+      {0606, "65534:65534 600"}, {0626, "65534:65534 622"},
+  };
+  for (const auto& row : kRows) {
+    GiveTo(4711, 4712, row.before);
+    EXPECT_EQ(ReplacedBy(kNobody, kNobody), row.after) << std::oct << row.before;
+  }
+  // The owner of a file whose group he has left.
+  GiveTo(kNobody, 4712, 0640);
+  EXPECT_EQ(ReplacedBy(kNobody, kNobody), "65534:65534 600");
+  GiveTo(kNobody, 4712, 0664);
+  EXPECT_EQ(ReplacedBy(kNobody, kNobody), "65534:65534 644");
 }
 
 TEST_F(FileTest, LinksStayLinks) {
@@ -220,6 +296,37 @@ TEST_F(FileTest, LinksStayLinks) {
   EXPECT_FALSE(std::filesystem::is_symlink(file));
   EXPECT_EQ(ReadBytes(file), kNew);
   EXPECT_THAT(folder_.Names(), ElementsAre("link", "link-to-link", "other"));
+}
+
+TEST_F(FileTest, LinksThatGoRoundAreToldAndStay) {
+  std::filesystem::create_symlink("there", folder_.Path("here"));
+  std::filesystem::create_symlink("here", folder_.Path("there"));
+  std::filesystem::create_symlink("self", folder_.Path("self"));
+  for (const char* name : {"here", "there", "self"}) {
+    const Error error = ErrorOf([&] { Replace(folder_.Path(name), kNew); });
+    EXPECT_EQ(error.Number(), static_cast<int32_t>(RunTimeError::kPathFileAccess));
+    EXPECT_THAT(error.Description(), HasSubstr(std::strerror(ELOOP)));
+    EXPECT_THAT(error.Description(), HasSubstr(folder_.Path(name)));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path(name)));
+  }
+  EXPECT_THAT(folder_.Names(), ElementsAre("here", "self", "there"));
+}
+
+TEST_F(FileTest, AsManyLinksAreFollowedAsTheSystemFollows) {
+  folder_.Write("0", kOld);
+  int links = 0;
+  // One more each time, until the system takes them for a loop.
+  for (std::string last = "0"; std::filesystem::exists(folder_.Path(last)) && links < 100; ++links) {
+    Replace(folder_.Path(last), std::to_string(links));
+    EXPECT_EQ(ReadBytes(folder_.Path("0")), std::to_string(links));
+    const std::string next = std::to_string(links + 1);
+    std::filesystem::create_symlink(last, folder_.Path(next));
+    last = next;
+    std::error_code loop;
+    if (!std::filesystem::exists(folder_.Path(last), loop)) break;
+  }
+  EXPECT_GT(links, 10);
+  EXPECT_ERROR(Replace(folder_.Path(std::to_string(links + 1)), kNew), RunTimeError::kPathFileAccess, kRunTimeSource);
 }
 
 TEST_F(FileTest, ALinkToAFileThatIsYetToComeStaysALink) {
@@ -245,19 +352,6 @@ TEST_F(FileTest, ANameInTheCurrentFolder) {
     return ReadBytes("file");
   });
   EXPECT_EQ(result.text, kNew);
-  EXPECT_THAT(folder_.Names(), ElementsAre("file"));
-}
-
-TEST_F(FileTest, TwoReplacementsOfOneFileDoNotMeet) {
-  const std::string file = folder_.Write("file", kOld);
-  FileReplacement first(file);
-  FileReplacement second(file);
-  first.Write("first");
-  second.Write("second");
-  first.Commit();
-  EXPECT_EQ(ReadBytes(file), "first");
-  second.Commit();
-  EXPECT_EQ(ReadBytes(file), "second");
   EXPECT_THAT(folder_.Names(), ElementsAre("file"));
 }
 
@@ -357,11 +451,83 @@ TEST_P(KilledProcess, LeavesTheOldFileWholeAndInNobodysWay) {
   });
   EXPECT_TRUE(WIFSIGNALED(result.status));
   EXPECT_EQ(ReadBytes(file), kOld);
+  EXPECT_EQ(folder_.Names().size(), 2U);
+  Replace(folder_.Path("another"), kNew);
+  EXPECT_THAT(folder_.Names(), ElementsAre("another", "file"));
   Replace(file, kNew);
   EXPECT_EQ(ReadBytes(file), kNew);
 }
 
 INSTANTIATE_TEST_SUITE_P(File, KilledProcess, ::testing::Range(0, 5));
+
+TEST_F(FileTest, WhatAnotherProcessIsWritingStays) {
+  const std::string file = folder_.Write("file", kOld);
+  const testing::ChildResult result = RunInChild([&] {
+    FileReplacement replacement(file);
+    replacement.Write(kNew);
+    // A process that comes between.
+    const testing::ChildResult other = RunInChild([&] {
+      Replace(folder_.Path("another"), kOld);
+      return std::to_string(folder_.Names().size());
+    });
+    replacement.Commit();
+    return other.text;
+  });
+  EXPECT_EQ(result.text, "3");
+  EXPECT_EQ(ReadBytes(file), kNew);
+  EXPECT_THAT(folder_.Names(), ElementsAre("another", "file"));
+}
+
+TEST_F(FileTest, NothingIsTakenForLeftBehindThatIsNot) {
+  const std::string left = folder_.Write("zevo-1-0.tmp", "left behind");
+  std::filesystem::create_directory(folder_.Path("zevo-1-1.tmp"));
+  std::filesystem::create_symlink("file", folder_.Path("zevo-1-2.tmp"));
+  std::filesystem::create_hard_link(folder_.Write("named-twice", ""), folder_.Path("zevo-1-3.tmp"));
+  ASSERT_EQ(mkfifo(folder_.Path("zevo-1-4.tmp").c_str(), 0600), 0);
+  for (const char* name : {"zevo-1-.tmp", "zevo--1.tmp", "zevo-1.tmp", "zevo-1-0.tmp.xml", "a-zevo-1-0.tmp",
+                           "zevo-1-0-0.tmp", "zevo-x-0.tmp", "ZEVO-1-0.tmp", "zevo-.tmp", "zevo-1-0tmp"}) {
+    folder_.Write(name, "");
+  }
+  const std::vector<std::string> names = folder_.Names();
+  Replace(folder_.Path("zevo-1-0.tmp.xml"), kNew);
+  std::vector<std::string> expected = names;
+  std::erase(expected, "zevo-1-0.tmp");
+  EXPECT_EQ(folder_.Names(), expected);
+}
+
+TEST_F(FileTest, WhatSomebodyElseLeftBehindStays) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser may give a file away";
+  const std::string left = folder_.Write("zevo-1-0.tmp", "left behind");
+  ASSERT_EQ(chown(left.c_str(), 4711, 4711), 0);
+  Replace(folder_.Path("file"), kNew);
+  EXPECT_THAT(folder_.Names(), ElementsAre("file", "zevo-1-0.tmp"));
+}
+
+// Each looks for what the others may have left, all the time.
+TEST_F(FileTest, ManyProcessesAndThreadsThatSaveBesideEachOtherDoNotMeet) {
+  std::vector<testing::ChildResult> results(8);
+  std::vector<std::thread> threads;
+  for (size_t i = 0; i < results.size(); ++i) {
+    threads.emplace_back([&, i] {
+      const auto save = [&] {
+        for (int round = 0; round < 100; ++round) Replace(folder_.Path(std::to_string(i)), std::to_string(round));
+        return "saved"s;
+      };
+      if (i % 2 == 0) {
+        results[i] = RunInChild(save);
+      } else {
+        try {
+          results[i].text = save();
+        } catch (const Error& error) {
+          results[i].text = error.Description();
+        }
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (const auto& result : results) EXPECT_EQ(result.text, "saved");
+  EXPECT_THAT(folder_.Names(), ElementsAre("0", "1", "2", "3", "4", "5", "6", "7"));
+}
 
 TEST_F(FileTest, BytesInMemoryAreReadLikeAFile) {
   InputBytes input("twelve bytes");

@@ -52,6 +52,12 @@ class ZEVO_API AuditFile : public Facade {
   bool OpenAuditFile();
   /// Saves the document over the file, as a whole or not at all. Fails with message 5 without a document, 1 without a
   /// file name, and with a run-time error that tells the system's reason.
+  ///
+  /// What is saved is a new file in the place of the old one, or of the one that a link leads to. It has the
+  /// permissions of the old file and, where the process may give them, its owner and group; where the group cannot be
+  /// kept, nobody may do more with the new file than with the old one. Access control lists, extended attributes and
+  /// the bits that let a program run as its owner or group are not carried over. Another hard link to the old file
+  /// keeps the old content. On Windows the new file has the permissions that its folder hands down.
   bool UpdateAuditFile();
   /// Drops the document, saved or not. Always true.
   bool CloseAuditFile();

@@ -3,6 +3,7 @@
 #include <zevo/Error.h>
 #include <zevo/platform/SystemFile.h>
 
+#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -70,12 +71,14 @@ std::string NameOf(const std::filesystem::path& path) {
   return std::string(name.begin(), name.end());
 }
 
-// The file that a name leads to, there or not, so that replacing it does not turn a link into a file.
+// The file that a name leads to, there or not, so that replacing it does not turn a link into a file. As many links are
+// followed as Linux follows.
 std::string Resolved(const std::string& name) {
   std::filesystem::path path = PathOf(RequireName(name));
   std::error_code error;
   constexpr int kMostLinks = 40;
-  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
+  for (int links = 0; std::filesystem::is_symlink(path, error); ++links) {
+    if (links == kMostLinks) Fail(ELOOP, name);
     path = path.parent_path() / std::filesystem::read_symlink(path, error);
     if (error) Fail(error.value(), name);
   }
@@ -90,6 +93,39 @@ std::string Beside(const std::string& name, const std::string& other) {
 std::string FolderOf(const std::string& name) {
   const std::string folder = NameOf(PathOf(name).parent_path());
   return folder.empty() ? "." : folder;
+}
+
+// The names of temporary files, such as zevo-4711-0.tmp: of the process and, in it, of the replacement.
+constexpr std::string_view kTemporaryStart = "zevo-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
+
+std::string NewTemporaryName() {
+  static std::atomic<unsigned> count = 0;
+  return std::string(kTemporaryStart)
+      .append(std::to_string(ProcessNumber()))
+      .append("-")
+      .append(std::to_string(count++))
+      .append(kTemporaryEnd);
+}
+
+bool IsTemporaryName(std::string_view name) {
+  if (!name.starts_with(kTemporaryStart) || !name.ends_with(kTemporaryEnd)) return false;
+  name.remove_prefix(kTemporaryStart.size());
+  name.remove_suffix(kTemporaryEnd.size());
+  const auto is_number = [](std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+  };
+  const size_t dash = name.find('-');
+  return dash != std::string_view::npos && is_number(name.substr(0, dash)) && is_number(name.substr(dash + 1));
+}
+
+// Deletes what processes that died in the middle of a save left beside a target. That fails in silence: the files are
+// in nobody's way.
+void DeleteAbandoned(const std::string& target) {
+  constexpr size_t kMost = 1000;
+  for (const std::string& name : NamesIn(FolderOf(target), IsTemporaryName, kMost)) {
+    DeleteUnlessHeld(Beside(target, name));
+  }
 }
 
 int Open(const std::string& name, OpenMode mode) { return OpenDescriptor(RequireName(name), mode); }
@@ -166,53 +202,50 @@ void OutputFile::Close() {
   RequireWhole();
 }
 
-FileReplacement::FileReplacement(const std::string& name) : target_(Resolved(name)) {
-  const FileStatus status = StatusOf(target_);
-  if (status.exists && !status.regular) {
-    descriptor_ = Open(target_, OpenMode::kWrite);
-    if (descriptor_ < 0) Fail(errno, target_);
-    return;
+// In braces, the name is copied before anything is opened.
+FileReplacement::FileReplacement(const std::string& name) : target_(Resolved(name)), output_{target_, OpenOutput()} {}
+
+int FileReplacement::OpenOutput() {
+  old_ = StatusOf(target_);
+  if (old_.exists && !old_.regular) {
+    const int descriptor = Open(target_, OpenMode::kWrite);
+    if (descriptor < 0) Fail(errno, target_);
+    return descriptor;
   }
   // Renaming would get around the protection of a file that may not be written.
-  if (status.exists && CheckWritable(target_) != 0) Fail(errno, target_);
-  CreateTemporary();
-  if (status.exists && SetMode(descriptor_, status.mode) != 0) {
-    const int reason = errno;
-    CloseDescriptor(descriptor_);
-    DeleteName(temporary_);
-    Fail(reason, target_);
-  }
+  if (old_.exists && CheckWritable(target_) != 0) Fail(errno, target_);
+  DeleteAbandoned(target_);
+  return CreateTemporary();
 }
 
-void FileReplacement::CreateTemporary() {
-  for (int attempt = 0;; ++attempt) {
+int FileReplacement::CreateTemporary() {
+  for (;;) {
     // Not made from the target's name, which may be as long as a name can be.
-    temporary_ = Beside(target_, "zevo-" + std::to_string(ProcessNumber()) + "-" + std::to_string(attempt) + ".tmp");
-    descriptor_ = Open(temporary_, OpenMode::kCreate);
-    if (descriptor_ >= 0) return;
-    if (errno != EEXIST) {
-      const int reason = errno;
-      temporary_.clear();
-      FailToCreate(reason, target_);
+    temporary_ = Beside(target_, NewTemporaryName());
+    const int descriptor = Open(temporary_, old_.exists ? OpenMode::kCreatePrivate : OpenMode::kCreate);
+    if (descriptor >= 0) {
+      hold_ = Hold(descriptor, temporary_);
+      if (hold_ >= 0 || errno != EEXIST) return descriptor;
+      CloseDescriptor(descriptor);
+    } else if (errno != EEXIST) {
+      FailToCreate(errno, target_);
     }
   }
 }
 
 FileReplacement::~FileReplacement() {
-  if (descriptor_ >= 0) CloseDescriptor(descriptor_);
-  if (!temporary_.empty()) DeleteName(temporary_);
-}
-
-void FileReplacement::Write(std::string_view bytes) {
-  if (const int failure = WriteAll(descriptor_, bytes)) Fail(failure, target_);
+  if (!temporary_.empty()) DeleteHeld(hold_, temporary_);
+  if (hold_ >= 0) CloseDescriptor(hold_);
 }
 
 void FileReplacement::Commit() {
-  if (!temporary_.empty() && FlushToDisk(descriptor_) != 0) Fail(errno, target_);
-  if (CloseDescriptor(std::exchange(descriptor_, -1)) != 0) Fail(errno, target_);
-  if (temporary_.empty()) return;
+  output_.RequireWhole();
+  if (temporary_.empty()) return output_.Close();
+  if (old_.exists && SetPermissions(output_.Descriptor(), old_) != 0) Fail(errno, target_);
+  if (FlushToDisk(output_.Descriptor()) != 0) Fail(errno, target_);
+  output_.Close();
   const std::string folder = FolderOf(target_);
-  if (ChangeName(temporary_, target_) != 0) Fail(errno, target_);
+  if (ChangeHeldName(hold_, temporary_, target_) != 0) Fail(errno, target_);
   temporary_.clear();
   // The content is safe by now: a folder that cannot be flushed only delays when the new name is seen after a crash.
   FlushFolder(folder);

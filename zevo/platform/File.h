@@ -1,9 +1,12 @@
 #ifndef ZEVO_PLATFORM_FILE_H_
 #define ZEVO_PLATFORM_FILE_H_
 
+#include <zevo/platform/SystemFile.h>
+
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zevo {
 
@@ -69,6 +72,8 @@ class InputBytes : public ByteSource {
 class OutputFile : public ByteSink {
  public:
   explicit OutputFile(const std::string& name);
+  /// Takes over a descriptor that is open for writing.
+  OutputFile(std::string name, int descriptor) noexcept : name_(std::move(name)), descriptor_(descriptor) {}
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
   ~OutputFile() override;
@@ -81,6 +86,7 @@ class OutputFile : public ByteSink {
   }
   /// Raises what closing shows of earlier writes.
   void Close();
+  int Descriptor() const { return descriptor_; }
 
  private:
   [[noreturn]] void RaiseFailure() const;
@@ -91,8 +97,13 @@ class OutputFile : public ByteSink {
 };
 
 /// The new content of a file, which takes the file's place as a whole or not at all. It is written to a temporary file
-/// beside the target; without Commit, the target stays as it was. A target that is no regular file, such as a device,
-/// is written to directly.
+/// beside the target, which nobody else may open until it takes the place of a file; without Commit, the target stays
+/// as it was. A target that is no regular file, such as a device, is written to directly.
+///
+/// The new file has the permissions of the old one, and its owner and group where the process may give them. Other
+/// names of the old file, hard links, keep the old content. Access control lists and extended attributes are not
+/// carried over. A temporary file that a process left behind when it died is deleted by the next replacement in that
+/// folder.
 class FileReplacement : public ByteSink {
  public:
   explicit FileReplacement(const std::string& name);
@@ -100,17 +111,20 @@ class FileReplacement : public ByteSink {
   FileReplacement& operator=(const FileReplacement&) = delete;
   ~FileReplacement() override;
 
-  void Write(std::string_view bytes) override;
+  void Write(std::string_view bytes) override { output_.Write(bytes); }
 
   /// Flushes everything to disk and puts the new content in the target's place.
   void Commit();
 
  private:
-  void CreateTemporary();
+  int OpenOutput();
+  int CreateTemporary();
 
   std::string target_;
+  FileStatus old_;
   std::string temporary_;  // empty when the target is written to directly
-  int descriptor_ = -1;
+  int hold_ = -1;          // on the temporary file; -1 where the system cannot hold files
+  OutputFile output_;
 };
 
 }  // namespace zevo

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zevo {
 
@@ -12,16 +13,20 @@ namespace zevo {
 
 enum class OpenMode {
   kRead,
-  kReadAtOnce,  ///< does not wait until somebody writes to a pipe
-  kWrite,       ///< a file that is there
-  kReplace,     ///< created, or emptied when it is there
-  kCreate,      ///< must not be there
+  kReadAtOnce,     ///< does not wait until somebody writes to a pipe
+  kWrite,          ///< a file that is there
+  kReplace,        ///< created, or emptied when it is there
+  kCreate,         ///< must not be there
+  kCreatePrivate,  ///< the same, for nobody else to open
 };
 
 struct FileStatus {
   bool exists = false;
   bool regular = false;  ///< neither a folder nor a device
-  unsigned mode = 0;     ///< who may do what; 0 where the system keeps that elsewhere
+  // Who may do what; 0 where the system keeps that elsewhere.
+  unsigned mode = 0;
+  unsigned owner = 0;
+  unsigned group = 0;
 };
 
 FileStatus StatusOf(const std::string& name);
@@ -40,8 +45,11 @@ std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size);
 /// Writes some of the bytes.
 std::ptrdiff_t WriteSome(int descriptor, const char* bytes, size_t size);
 
-/// Gives an open file the mode of another's status.
-int SetMode(int descriptor, unsigned mode);
+/// Gives an open file, which must be private until then, the owner and the group of another, as far as this process
+/// may, and its permissions. Nobody gets more of them than the other file gave him: what was its group's goes to the
+/// group of the open file only where that is the same. To run as the owner or the group is no permission that is passed
+/// on.
+int SetPermissions(int descriptor, const FileStatus& like);
 
 /// Waits until the bytes are on the disk.
 int FlushToDisk(int descriptor);
@@ -55,6 +63,22 @@ void FlushFolder(const std::string& name);
 
 /// The name that opens the process's standard input, whatever stands behind it; empty where there is none.
 std::string_view StandardInputName();
+
+/// Some of a folder's names, at most so many; none when it cannot be read.
+std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::string_view name), size_t most);
+
+// A process holds the temporary file that it writes, until it ends, in whatever way. What nobody holds was left behind
+// by a process that died, on this machine or another.
+
+/// Holds a file that was just created, under a name that is used only once: gives a descriptor to be closed when the
+/// file has its final name or none. -1 with EEXIST where another process took the file for one left behind, in the
+/// moment before; with another reason where the system cannot hold files.
+int Hold(int descriptor, const std::string& name);
+/// Renames and deletes a file that is held, or could not be (-1).
+int ChangeHeldName(int hold, const std::string& from, const std::string& to);
+int DeleteHeld(int hold, const std::string& name);
+/// Deletes a regular file of this user that nobody holds.
+void DeleteUnlessHeld(const std::string& name);
 
 unsigned ProcessNumber();
 

@@ -1,10 +1,13 @@
 #include <zevo/platform/SystemFile.h>
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <memory>
 
 namespace zevo {
 namespace {
@@ -28,9 +31,21 @@ int FlagsOf(OpenMode mode) {
     case OpenMode::kReplace:
       return O_WRONLY | O_CREAT | O_TRUNC;
     case OpenMode::kCreate:
+    case OpenMode::kCreatePrivate:
       return O_WRONLY | O_CREAT | O_EXCL;
   }
   return O_RDONLY;
+}
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
+
+// Whether a name is that of the file, and the only one.
+bool IsOnlyNameOf(const std::string& name, const struct stat& file) {
+  struct stat named {};
+  return lstat(name.c_str(), &named) == 0 && named.st_dev == file.st_dev && named.st_ino == file.st_ino &&
+         named.st_nlink == 1;
 }
 
 }  // namespace
@@ -38,13 +53,18 @@ int FlagsOf(OpenMode mode) {
 FileStatus StatusOf(const std::string& name) {
   struct stat status {};
   if (stat(name.c_str(), &status) != 0) return {};
-  return {.exists = true, .regular = S_ISREG(status.st_mode), .mode = status.st_mode & 07777U};
+  return {.exists = true,
+          .regular = S_ISREG(status.st_mode),
+          .mode = status.st_mode & 0777U,
+          .owner = status.st_uid,
+          .group = status.st_gid};
 }
 
 int CheckWritable(const std::string& name) { return faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS); }
 
 int OpenDescriptor(const std::string& name, OpenMode mode) {
-  return Uninterrupted([&] { return open(name.c_str(), FlagsOf(mode) | O_CLOEXEC, 0666); });
+  const mode_t permissions = mode == OpenMode::kCreatePrivate ? 0600 : 0666;
+  return Uninterrupted([&] { return open(name.c_str(), FlagsOf(mode) | O_CLOEXEC, permissions); });
 }
 
 bool IsRegular(int descriptor) {
@@ -60,7 +80,23 @@ std::ptrdiff_t WriteSome(int descriptor, const char* bytes, size_t size) {
   return Uninterrupted([&] { return write(descriptor, bytes, size); });
 }
 
-int SetMode(int descriptor, unsigned mode) { return fchmod(descriptor, mode); }
+int SetPermissions(int descriptor, const FileStatus& like) {
+  constexpr auto kSame = static_cast<uid_t>(-1);
+  struct stat own {};
+  if (fstat(descriptor, &own) != 0) return -1;
+  // The permissions come last: until then the file is open to its owner alone, whoever that is by now.
+  const bool same_group = own.st_gid == like.group || fchown(descriptor, kSame, like.group) == 0;
+  if (own.st_uid != like.owner && fchown(descriptor, like.owner, kSame) != 0) {
+    // The file is then whose who saves it.
+  }
+  unsigned mode = like.mode;
+  if (!same_group) {
+    // The old group are others now, and the new one were others before.
+    const unsigned others = mode & (mode >> 3) & 07;
+    mode = (mode & 0700) | others << 3 | others;
+  }
+  return fchmod(descriptor, mode);
+}
 
 int FlushToDisk(int descriptor) {
   return Uninterrupted([&] { return fsync(descriptor); });
@@ -81,6 +117,50 @@ void FlushFolder(const std::string& name) {
 }
 
 std::string_view StandardInputName() { return "/dev/stdin"; }
+
+std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::string_view name), size_t most) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, CloseFolder> entries(opendir(folder.c_str()));
+  if (!entries) return names;
+  while (names.size() < most) {
+    // What is read belongs to the folder that was opened here, not to the process.
+    const dirent* entry = readdir(entries.get());  // NOLINT(concurrency-mt-unsafe)
+    if (entry == nullptr) break;
+    if (wanted(entry->d_name)) names.emplace_back(entry->d_name);
+  }
+  return names;
+}
+
+// The lock belongs to the open file, which ends with its last descriptor.
+int Hold(int descriptor, const std::string& name) {
+  const int hold = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+  if (hold < 0) return -1;
+  struct stat named {};
+  int reason = 0;
+  if (flock(hold, LOCK_EX | LOCK_NB) != 0) {
+    reason = errno == EWOULDBLOCK ? EEXIST : errno;
+  } else if (lstat(name.c_str(), &named) != 0 && errno == ENOENT) {
+    reason = EEXIST;
+  }
+  if (reason == 0) return hold;
+  close(hold);
+  errno = reason;
+  return -1;
+}
+
+int ChangeHeldName(int, const std::string& from, const std::string& to) { return ChangeName(from, to); }
+
+int DeleteHeld(int, const std::string& name) { return DeleteName(name); }
+
+void DeleteUnlessHeld(const std::string& name) {
+  const int descriptor = open(name.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) return;
+  struct stat file {};
+  const bool ours = fstat(descriptor, &file) == 0 && S_ISREG(file.st_mode) && file.st_uid == geteuid();
+  // Asked only under the lock, so that the name cannot come to be another file's.
+  if (ours && flock(descriptor, LOCK_EX | LOCK_NB) == 0 && IsOnlyNameOf(name, file)) unlink(name.c_str());
+  close(descriptor);
+}
 
 unsigned ProcessNumber() { return static_cast<unsigned>(getpid()); }
 
