@@ -1,7 +1,5 @@
 #include "tools/saft/Interruption.h"
 
-#include <cstdlib>
-
 namespace zevo::saft {
 namespace {
 
@@ -20,7 +18,6 @@ void NoteOnce(int signal) {
 void Interrupted::EndProgram() const {
   std::signal(signal_, SIG_DFL);
   std::raise(signal_);
-  std::_Exit(128 + signal_);
 }
 
 Interruption::Interruption(During during) : noted_(during == During::kReading ? 1 : kSignals.size()) {

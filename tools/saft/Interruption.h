@@ -15,7 +15,7 @@ class Interrupted : public std::exception {
   const char* what() const noexcept override { return "interrupted"; }
 
   /// Ends the program as the signal would have done.
-  [[noreturn]] void EndProgram() const;
+  void EndProgram() const;
 
  private:
   int signal_;

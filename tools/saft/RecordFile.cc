@@ -49,7 +49,8 @@ void RecordFile::FindRivals() {
   for (size_t first = 0; first < columns_.size(); ++first) {
     const std::string& name = csv_->Columns()[columns_[first].place];
     const size_t begin = name.rfind('.') + 1;
-    const auto pair = std::ranges::find(kPairs, std::string_view(name).substr(begin), &ElementPair::first);
+    const std::string_view element = std::string_view{name}.substr(begin);
+    const auto pair = std::ranges::find(kPairs, element, &ElementPair::first);
     if (pair == kPairs.end()) continue;
     const std::string rival = name.substr(0, begin).append(pair->second);
     const auto second = std::ranges::find(

@@ -40,7 +40,7 @@ void SchemaChoice::Fail(const AuditException& error) {
   AuditException unnamed = error;
   // The library names the schema wherever it can.
   if (const std::string prefix = name + ": "; error.Description().starts_with(prefix)) {
-    unnamed.set_Description(std::string_view(error.Description()).substr(prefix.size()));
+    unnamed.set_Description(std::string_view{error.Description()}.substr(prefix.size()));
   }
   FailWith(unnamed, name);
 }

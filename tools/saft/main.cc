@@ -61,6 +61,7 @@ int main(int argc, char** argv) {
   } catch (const zevo::saft::Interrupted& interrupted) {
     std::cerr << "saft: interrupted\n";
     interrupted.EndProgram();
+    return zevo::saft::kError;
   } catch (const std::bad_alloc&) {
     std::cerr << "saft: not enough memory\n";
     return zevo::saft::kError;
