@@ -504,6 +504,135 @@ TEST_F(ClientTest, OtherApartmentsHaveObjectsOfTheirOwn) {
   ASSERT_EQ(options->put_ValidateOnAssignment(VARIANT_TRUE), S_OK);
 }
 
+// An interface on its way into another apartment.
+template <class Interface>
+class Parcel {
+ public:
+  explicit Parcel(const ComPtr<Interface>& object) {
+    EXPECT_EQ(CoMarshalInterThreadInterfaceInStream(__uuidof(Interface), object.Get(), stream_.GetAddressOf()), S_OK);
+  }
+  ComPtr<Interface> Unpack() {
+    ComPtr<Interface> object;
+    EXPECT_EQ(CoGetInterfaceAndReleaseStream(stream_.Detach(), __uuidof(Interface),
+                                             reinterpret_cast<void**>(object.GetAddressOf())),
+              S_OK);
+    return object;
+  }
+
+ private:
+  ComPtr<IStream> stream_;
+};
+
+DWORD WINAPI RunInTheCommonApartment(void* work) {
+  EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+  (*static_cast<const std::function<void()>*>(work))();
+  CoUninitialize();
+  return 0;
+}
+
+// Does a work in the apartment of threads without one of their own, while this thread answers calls to its objects.
+void InTheCommonApartment(const std::function<void()>& work) {
+  HANDLE thread =
+      CreateThread(nullptr, 0, &RunInTheCommonApartment, const_cast<std::function<void()>*>(&work), 0, nullptr);
+  DWORD index = 0;
+  EXPECT_EQ(CoWaitForMultipleHandles(0, 60'000, 1, &thread, &index), S_OK);
+  CloseHandle(thread);
+}
+
+TEST_F(ClientTest, AnotherApartmentCallsThroughTheSystemsMarshaller) {
+  const ComPtr<_AuditFile> file = CREATE(AuditFile);
+  const ComPtr<_Customer> customer = NewCustomer(L"C1");
+  const ComPtr<_Options> options = CREATE(Options);
+  ASSERT_EQ(options->put_ValidateOnAssignment(VARIANT_FALSE), S_OK);
+  Parcel file_parcel(file);
+  Parcel customer_parcel(customer);
+  Parcel options_parcel(options);
+  const std::wstring path = Path(L"Jo\x00E3o \x4E2D.xml");
+  InTheCommonApartment([&] {
+    const ComPtr<_AuditFile> far_file = file_parcel.Unpack();
+    const ComPtr<_Customer> far_customer = customer_parcel.Unpack();
+    const ComPtr<_Options> far_options = options_parcel.Unpack();
+    EXPECT_NE(far_file.Get(), file.Get());
+    // Properties of each type, both ways.
+    EXPECT_EQ(far_file->put_AuditFileName(Bstr(path)), S_OK);
+    Bstr name;
+    EXPECT_EQ(far_file->get_AuditFileName(name.Receive()), S_OK);
+    EXPECT_EQ(name.Text(), path);
+    EXPECT_EQ(far_customer->put_SelfBillingIndicator(VARIANT_TRUE), S_OK);
+    ComPtr<_AddressStructure> address;
+    EXPECT_EQ(far_customer->get_BillingAddress(address.GetAddressOf()), S_OK);
+    EXPECT_EQ(address->put_City(Bstr(L"\x00C9vora")), S_OK);
+    // Each apartment has options of its own: these are those of the objects.
+    VARIANT_BOOL validates = VARIANT_TRUE;
+    EXPECT_EQ(far_options->get_ValidateOnAssignment(&validates), S_OK);
+    EXPECT_EQ(validates, VARIANT_FALSE);
+    // Operations, with an object, without one, and by name.
+    VARIANT_BOOL done = VARIANT_FALSE;
+    EXPECT_EQ(far_file->CreateAuditFile(&done), S_OK);
+    EXPECT_EQ(done, VARIANT_TRUE);
+    EXPECT_EQ(far_file->CreateCustomer(far_customer.Get(), &done), S_OK);
+    EXPECT_EQ(done, VARIANT_TRUE);
+    EXPECT_EQ(far_file->CreateCustomer(nullptr, &done), S_OK);
+    EXPECT_EQ(done, VARIANT_FALSE);
+    EXPECT_EQ(FailureOf(far_file), 91);
+    EXPECT_TRUE(Call(far_file.Get(), L"UpdateAuditFile").value.Flag());
+    // An object of a third apartment is none that this one can hold.
+    const ComPtr<_Customer> not_here = CREATE(Customer);
+    EXPECT_EQ(far_file->CreateCustomer(not_here.Get(), &done), static_cast<HRESULT>(0x800A000D));
+  });
+  EXPECT_TRUE(std::filesystem::exists(path));
+  VARIANT_BOOL indicator = VARIANT_FALSE;
+  EXPECT_EQ(customer->get_SelfBillingIndicator(&indicator), S_OK);
+  EXPECT_EQ(indicator, VARIANT_TRUE);
+  ASSERT_EQ(options->put_ValidateOnAssignment(VARIANT_TRUE), S_OK);
+
+  // A variable is filled from afar.
+  const ComPtr<_AuditFileReader> reader = CREATE(AuditFileReader);
+  Parcel reader_parcel(reader);
+  InTheCommonApartment([&] {
+    const ComPtr<_AuditFileReader> far_reader = reader_parcel.Unpack();
+    VARIANT_BOOL done = VARIANT_FALSE;
+    EXPECT_EQ(far_reader->put_AuditFileName(Bstr(path)), S_OK);
+    EXPECT_EQ(far_reader->OpenAuditFile(&done), S_OK);
+    ComPtr<_Customer> read;
+    EXPECT_EQ(far_reader->ReadCustomer(read.GetAddressOf(), &done), S_OK);
+    ASSERT_NE(read.Get(), nullptr);
+    ComPtr<_AddressStructure> address;
+    Bstr city;
+    EXPECT_EQ(read->get_BillingAddress(address.GetAddressOf()), S_OK);
+    EXPECT_EQ(address->get_City(city.Receive()), S_OK);
+    EXPECT_EQ(city.Text(), L"\x00C9vora");
+    EXPECT_EQ(far_reader->ReadCustomer(read.GetAddressOf(), &done), S_OK);
+    EXPECT_EQ(done, VARIANT_TRUE);
+    EXPECT_EQ(read.Get(), nullptr);
+  });
+}
+
+TEST_F(ClientTest, EventsGoIntoAnotherApartment) {
+  const std::wstring path = Path(L"saft.xml");
+  WriteFile(path, 2);
+  const ComPtr<_AuditFileStreamer> streamer = CREATE(AuditFileStreamer);
+  Parcel parcel(streamer);
+  const ComPtr<EventSink> sink = MakeSink();
+  InTheCommonApartment([&] {
+    const ComPtr<_AuditFileStreamer> far_streamer = parcel.Unpack();
+    VARIANT_BOOL done = VARIANT_FALSE;
+    EXPECT_EQ(far_streamer->put_AuditFileName(Bstr(path)), S_OK);
+    EXPECT_EQ(far_streamer->OpenAuditFile(&done), S_OK);
+    ComPtr<IConnectionPointContainer> container;
+    ComPtr<IConnectionPoint> point;
+    ASSERT_EQ(far_streamer.As(&container), S_OK);
+    ASSERT_EQ(container->FindConnectionPoint(__uuidof(__AuditFileStreamer), point.GetAddressOf()), S_OK);
+    DWORD cookie = 0;
+    ASSERT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
+    EXPECT_EQ(far_streamer->ReadAuditFile(VARIANT_TRUE, &done), S_OK);
+    EXPECT_EQ(done, VARIANT_TRUE);
+    EXPECT_EQ(point->Unadvise(cookie), S_OK);
+  });
+  EXPECT_EQ(sink->events,
+            (std::vector<std::wstring>{L"Header _Header", L"Customer _Customer", L"Customer _Customer", L"finished"}));
+}
+
 // A program with a manifest of its own that names the server's needs no registration.
 TEST_F(ClientTest, WithAManifestTheServerIsUsedFromWhereItLies) {
   const std::filesystem::path package = ZEVO_PACKAGE_FOLDER;
