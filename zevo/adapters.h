@@ -4,6 +4,7 @@
 // Everything that a host program needs.
 
 #include <zevo/Error.h>
+#include <zevo/TextHash.h>
 #include <zevo/facades/AuditFile.h>
 #include <zevo/facades/AuditFileReader.h>
 #include <zevo/facades/AuditFileStreamWriter.h>

@@ -16,6 +16,7 @@
 #include "tests/facades/ChildProcess.h"
 #include "tests/facades/Expectations.h"
 #include "tests/facades/SampleFile.h"
+#include "tests/support/ChosenKeys.h"
 #include "tests/support/ProcessorTime.h"
 #include "tests/support/Sanitizers.h"
 #include "tests/support/TemporaryFolder.h"
@@ -350,6 +351,23 @@ TEST_F(HostileFileTest, WhatPointsElsewhereIsNotFollowed) {
     EXPECT_TRUE(file.OpenAuditFile() && file.UpdateAuditFile());
     EXPECT_EQ(ReadBytes(path).find("root:"), std::string::npos);
   }
+}
+
+// Somebody may choose the keys: they take no longer than any others.
+TEST_F(HostileFileTest, ChosenJournalsTakeNoLongerThanOthers) {
+  if (kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
+  const std::vector<std::string> keys = KeysOfOneHash(20'000);
+  std::string journals;
+  for (const std::string& key : keys) journals += "<Journal><JournalID>" + key + "</JournalID></Journal>";
+  const std::string bytes = InRoot("<GeneralLedgerEntries>" + journals + "</GeneralLedgerEntries>");
+  AuditFile file;
+  file.set_AuditFileName(folder_.Write("saft.xml", bytes));
+  EXPECT_LT(ProcessorSeconds([&] {
+              EXPECT_TRUE(file.OpenAuditFile()) << Told(file.AuditException());
+              EXPECT_TRUE(file.CreateTransaction(*SampleTransaction(1), SampleJournal(keys.back()).get()))
+                  << Told(file.AuditException());
+            }),
+            0.05 + 50e-9 * static_cast<double>(bytes.size()));
 }
 
 // A schema is one file: what would pull in others is refused.

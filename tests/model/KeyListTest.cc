@@ -8,7 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/ChosenKeys.h"
 #include "tests/support/Errors.h"
+#include "tests/support/ProcessorTime.h"
+#include "tests/support/Sanitizers.h"
 
 namespace zevo {
 namespace {
@@ -75,6 +78,22 @@ TEST(KeyListLetterCaseTest, KeysDifferInMoreThanLetterCase) {
   EXPECT_EQ(list.Find("šœÿ"), 4U);
   EXPECT_ERROR(list.Add("aÇãO"), 457, "ZevoAdapters11");
   EXPECT_ERROR(list.Add(""), 457, "ZevoAdapters11");
+}
+
+// Somebody may choose the keys: they take no longer than any others.
+TEST(KeyListTime, ChosenKeysTakeNoLongerThanOthers) {
+  if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
+  const std::vector<std::string> keys = testing::KeysOfOneHash(2'000, testing::Capitals::kNo);
+  KeyList list;
+  for (const std::string& key : keys) list.Add(key);
+  EXPECT_LT(testing::ProcessorSeconds([&] {
+              for (int round = 0; round < 200; ++round) {
+                for (size_t i = 0; i < keys.size(); ++i) {
+                  if (list.Find(keys[i]) != i) ADD_FAILURE() << keys[i];
+                }
+              }
+            }),
+            0.3);
 }
 
 RC_GTEST_PROP(KeyListLetterCaseTest, BehavesAsAListOfKeys, ()) {

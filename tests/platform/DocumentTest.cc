@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "tests/platform/Parsing.h"
+#include "tests/support/ChosenKeys.h"
 #include "tests/support/ProcessorTime.h"
+#include "tests/support/Sanitizers.h"
 
 namespace zevo {
 namespace {
@@ -319,6 +321,18 @@ TEST(Document, LookingUp200000JournalsByKeyTakesTimeLinearInTheirNumber) {
   const double tenfold = testing::LeastProcessorSeconds(2, [] { BuildJournals(200'000); });
   // What grew with the square would take a hundred times as long.
   EXPECT_LT(tenfold, 40 * some);
+}
+
+// Somebody may choose the keys: they take no longer than any others.
+TEST_F(DocumentTest, LookingUpChosenKeysTakesNoLongerThanOthers) {
+  if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
+  const std::vector<std::string> keys = testing::KeysOfOneHash(20'000);
+  EXPECT_LT(testing::ProcessorSeconds([&] {
+              std::vector<Element> journals;
+              for (const std::string& key : keys) journals.push_back(AddJournal(key));
+              for (size_t i = 0; i < keys.size(); ++i) EXPECT_EQ(JournalOf(keys[i]), journals[i]);
+            }),
+            0.5);
 }
 
 TEST(Document, AppendingAndFindingTheFirstChildTakesTimeLinearInTheChildren) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/support/ProcessorTime.h"
+#include "tests/support/Sanitizers.h"
 
 namespace zevo {
 namespace {
@@ -68,6 +69,27 @@ TEST(NameTable, AddingANameTakesNoLongerTheMoreThereAre) {
   };
   // Work that grows with the square would take 64 times as long; caches have their share too.
   EXPECT_LT(best(40'000), 40 * best(5'000));
+}
+
+// Names that differ at their very end alone, which a hash that multiplies has in one place.
+TEST(NameTable, ChosenNamesTakeNoLongerThanOthers) {
+  if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
+  constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
+  std::vector<std::string> texts;
+  for (const char first : kLetters) {
+    for (const char second : kLetters) texts.push_back(std::string("Chosen__") + first + second);
+  }
+  NameTable names({});
+  std::vector<uint32_t> numbers;
+  for (const std::string& text : texts) numbers.push_back(names.Add(text));
+  EXPECT_LT(testing::ProcessorSeconds([&] {
+              for (int round = 0; round < 50; ++round) {
+                for (size_t i = 0; i < texts.size(); ++i) {
+                  if (names.Find(texts[i]) != numbers[i]) ADD_FAILURE() << texts[i];
+                }
+              }
+            }),
+            0.2);
 }
 
 TEST(NameTable, AParsedNameIsTheNameWithItsPrefix) {

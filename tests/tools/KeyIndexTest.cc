@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <string>
+#include <vector>
 
+#include "tests/support/ChosenKeys.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/tools/ToolTest.h"
 
 namespace zevo {
@@ -48,6 +52,13 @@ INSTANTIATE_TEST_SUITE_P(All, UniqueKeyTest,
 
 class KeyIndexTest : public testing::ToolTest {};
 
+// The processor time of the programs that have been run to their end.
+double SecondsOfPrograms() {
+  rusage usage{};
+  getrusage(RUSAGE_CHILDREN, &usage);
+  return static_cast<double>(usage.ru_utime.tv_sec) + static_cast<double>(usage.ru_utime.tv_usec) / 1e6;
+}
+
 TEST_F(KeyIndexTest, KeysThatTheSchemaMakesEqualAreDuplicates) {
   const std::string long_key(30, 'K');
   Write("customers.csv", "CustomerID\n" + long_key + "a\n" + long_key + "b\n");
@@ -58,6 +69,24 @@ TEST_F(KeyIndexTest, TaxRatesHaveNoKey) {
   Write("tax_table.csv", "TaxCountryRegion,TaxCode,TaxPercentage\nPT,NOR,21\nPT,NOR,23\n");
   ExpectCreated();
   EXPECT_THAT(Texts("TaxPercentage"), ElementsAre("21", "23"));
+}
+
+// Somebody may choose the keys: they take no longer than any others.
+TEST_F(KeyIndexTest, ChosenKeysTakeNoLongerThanOthers) {
+  if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
+  const std::vector<std::string> keys = testing::KeysOfOneHash(20'000);
+  std::string journals = "JournalID\n";
+  std::string transactions = "JournalID,TransactionID\n";
+  for (const std::string& key : keys) {
+    journals.append(key).append("\n");
+    transactions.append(key).append(",").append(key).append("\n");
+  }
+  Write("journals.csv", journals);
+  Write("transactions.csv", transactions);
+  const double before = SecondsOfPrograms();
+  ExpectCreated();
+  EXPECT_LT(SecondsOfPrograms() - before, 2);
+  EXPECT_EQ(Texts("TransactionID").size(), keys.size());
 }
 
 TEST_F(KeyIndexTest, ARowIsToldByTheLineOnWhichItBegins) {

@@ -1,11 +1,12 @@
 #ifndef ZEVO_TOOLS_SAFT_KEYINDEX_H_
 #define ZEVO_TOOLS_SAFT_KEYINDEX_H_
 
+#include <zevo/TextHash.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 #include "tools/saft/RecordFile.h"
 
@@ -27,7 +28,7 @@ class KeyIndex {
 
   void Add(const RecordFile& file, const std::string& key);
 
-  std::unordered_map<std::string, Entry> entries_;
+  TextMap<Entry> entries_;
   size_t count_ = 0;
 };
 

@@ -28,7 +28,7 @@ size_t KeyList::PlaceOf(std::string_view folded) const {
     // Whole or not at all, should memory run out.
     places_ = std::move(places);
   }
-  const auto found = places_.find(std::string(folded));
+  const auto found = places_.find(folded);
   return found == places_.end() ? kUnknown : found->second;
 }
 

@@ -2,11 +2,11 @@
 #define ZEVO_MODEL_KEYLIST_H_
 
 #include <zevo/Api.h>
+#include <zevo/TextHash.h>
 
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace zevo {
@@ -30,7 +30,7 @@ class ZEVO_API KeyList {
 
   std::vector<std::string> folded_;
   // Built when the list outgrows what is quicker to search through, dropped when places move.
-  mutable std::unordered_map<std::string, size_t> places_;
+  mutable TextMap<size_t> places_;
 };
 
 }  // namespace zevo

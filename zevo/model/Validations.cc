@@ -92,7 +92,7 @@ std::string Validations::ElementPath(Element element, int depth) const {
   if (parent != document_.Root()) return ElementPath(parent, depth + 1) + own;
   const auto name = element.Attribute("name");
   if (!name) return {};
-  const auto reference = first_references_.find(std::string(*name));
+  const auto reference = first_references_.find(*name);
   if (reference == first_references_.end()) return own;
   return ElementPath(reference->second.Parent(), depth + 1) + own;
 }
@@ -104,7 +104,7 @@ int Validations::MaxLength(std::string_view key) const {
     declaration = found->second;
   } else {
     const std::string_view name = key.substr(key.rfind('/') + 1);
-    const auto global = globals_.find(std::string(name));
+    const auto global = globals_.find(name);
     if (global == globals_.end()) return kNoLimit;
     declaration = global->second;
   }

@@ -1,12 +1,12 @@
 #ifndef ZEVO_MODEL_VALIDATIONS_H_
 #define ZEVO_MODEL_VALIDATIONS_H_
 
+#include <zevo/TextHash.h>
 #include <zevo/platform/Document.h>
 #include <zevo/platform/SchemaSource.h>
 
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace zevo {
 
@@ -30,7 +30,7 @@ class Validations {
   std::string Validate(std::string_view key, std::string_view value, bool reportOnly) const;
 
  private:
-  using Table = std::unordered_map<std::string, Element>;
+  using Table = TextMap<Element>;
 
   void FillTypeTable();
   void FillElementTable(Element element, bool topLevel);
@@ -40,8 +40,8 @@ class Validations {
   bool loaded_ = false;
   Table types_;
   Table elements_;
-  std::unordered_map<std::string, Element> first_references_;  // by the name they refer to
-  std::unordered_map<std::string, Element> globals_;
+  Table first_references_;  // by the name they refer to
+  Table globals_;
 };
 
 }  // namespace zevo

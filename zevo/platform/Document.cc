@@ -207,7 +207,7 @@ Element Document::FirstChildByKey(Element parent, std::string_view name, std::st
     IndexKeys(child);
     index_.last_seen = Reference(child);
   }
-  const auto found = index_.first.find(std::string(text));
+  const auto found = index_.first.find(text);
   return found == index_.first.end() ? Element() : Element(At(found->second));
 }
 

@@ -1,6 +1,7 @@
 #ifndef ZEVO_PLATFORM_DOCUMENT_H_
 #define ZEVO_PLATFORM_DOCUMENT_H_
 
+#include <zevo/TextHash.h>
 #include <zevo/platform/NameTable.h>
 
 #include <array>
@@ -11,7 +12,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace zevo {
@@ -232,7 +232,7 @@ class Document {
     uint32_t key = 0;
     uint32_t last_seen = 0;           // the last child looked at
     std::vector<uint32_t> unsettled;  // children to look at again, because a key was added to them since
-    std::unordered_map<std::string, uint32_t> first;
+    TextMap<uint32_t> first;
   };
 
   static Chunk* ChunkOf(const Node* node);

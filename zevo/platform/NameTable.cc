@@ -1,41 +1,22 @@
 #include <zevo/platform/NameTable.h>
 
 #include <zevo/Error.h>
+#include <zevo/platform/KeyedHash.h>
 #include <zevo/platform/Windows1252.h>
 
 #include <algorithm>
 #include <cstring>
-#include <random>
 #include <utility>
 
 namespace zevo {
 namespace {
 
-// An odd number that nobody can know: names that all share one place could be made for one that is known, and a file
-// of them would take hours to open.
-uint64_t Secret() {
-  static const uint64_t kSecret = [] {
-    std::random_device random;
-    return uint64_t{random()} << 32 | random() | 1U;
-  }();
-  return kSecret;
-}
-
-}  // namespace
-
-NameTable::NameTable(std::span<const std::string_view> first)
-    : secret_(Secret()), entries_(1, {{}, kNone, true, true}), slots_(512) {
-  for (const std::string_view name : first) {
-    const uint32_t number = Add(name);
-    if (number == plain_ + 1 && Local(number) == number && IsAscii(number)) plain_ = number;
-  }
-}
-
-// Eight bytes at a time, the last eight once more where they overlap: a name is looked up for nearly every element.
-size_t NameTable::Hash(std::string_view text) const {
+// A quick hash. Anyone can make names for which it is the same, so nothing is searched for by it.
+// Eight bytes at a time, the last eight once more where they overlap.
+size_t QuickHash(std::string_view text) {
   uint64_t hash = text.size();
-  const auto mix = [&hash, this](uint64_t word) {
-    hash = (hash ^ word) * secret_;
+  const auto mix = [&hash](uint64_t word) {
+    hash = (hash ^ word) * uint64_t{0x9E3779B97F4A7C15};
     hash ^= hash >> 32;
   };
   uint64_t word = 0;
@@ -53,10 +34,31 @@ size_t NameTable::Hash(std::string_view text) const {
   return static_cast<size_t>(hash);
 }
 
-uint32_t NameTable::Find(std::string_view name) const {
-  for (size_t slot = Hash(name) & (slots_.size() - 1);; slot = (slot + 1) & (slots_.size() - 1)) {
-    if (slots_[slot] == kNone || entries_[slots_[slot]].text == name) return slots_[slot];
+}  // namespace
+
+NameTable::NameTable(std::span<const std::string_view> first) : entries_(1, {{}, kNone, true, true}), slots_(512) {
+  for (const std::string_view name : first) {
+    const uint32_t number = Add(name);
+    if (number == plain_ + 1 && Local(number) == number && IsAscii(number)) plain_ = number;
   }
+}
+
+uint32_t NameTable::Find(std::string_view name) const {
+  uint32_t& asked = asked_[QuickHash(name) % asked_.size()];
+  if (entries_[asked].text != name) {
+    const uint32_t found = slots_[SlotOf(name)];
+    if (found == kNone) return kNone;
+    asked = found;
+  }
+  return asked;
+}
+
+// Where the name is, or where it would go.
+size_t NameTable::SlotOf(std::string_view name) const {
+  const size_t mask = slots_.size() - 1;
+  size_t slot = static_cast<size_t>(KeyedHash(name)) & mask;
+  while (slots_[slot] != kNone && entries_[slots_[slot]].text != name) slot = (slot + 1) & mask;
+  return slot;
 }
 
 uint32_t NameTable::Add(std::string_view name) {
@@ -87,20 +89,15 @@ uint32_t NameTable::Insert(std::string_view text) {
   const bool ascii = std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
   const auto name = static_cast<uint32_t>(entries_.size());
   entries_.push_back({texts_.back(), local == kNone ? name : local, zevo::IsWindows1252(text), ascii});
-  size_t slot = Hash(text) & (slots_.size() - 1);
-  while (slots_[slot] != kNone) slot = (slot + 1) & (slots_.size() - 1);
-  slots_[slot] = name;
+  slots_[SlotOf(text)] = name;
   return name;
 }
 
 void NameTable::Grow() {
+  // Made first: for want of memory nothing is lost.
   std::vector<uint32_t> slots(slots_.size() * 2);
-  for (uint32_t name = 1; name < entries_.size(); ++name) {
-    size_t slot = Hash(entries_[name].text) & (slots.size() - 1);
-    while (slots[slot] != kNone) slot = (slot + 1) & (slots.size() - 1);
-    slots[slot] = name;
-  }
-  slots_ = std::move(slots);
+  slots_.swap(slots);
+  for (uint32_t name = 1; name < entries_.size(); ++name) slots_[SlotOf(entries_[name].text)] = name;
 }
 
 }  // namespace zevo

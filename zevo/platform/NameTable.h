@@ -59,16 +59,17 @@ class NameTable {
     const uint64_t spread = reinterpret_cast<uintptr_t>(local) * uint64_t{0x9E3779B97F4A7C15};
     return &seen_[static_cast<size_t>(spread >> 48) % (seen_.size() / kPlaces) * kPlaces];
   }
-  size_t Hash(std::string_view text) const;
+  size_t SlotOf(std::string_view name) const;
   uint32_t AddParsedAt(Seen* places, const char* local, const char* prefix);
   uint32_t Insert(std::string_view text);
   void Grow();
 
-  uint64_t secret_;
   uint32_t plain_ = 0;
   std::vector<Entry> entries_;
   std::deque<std::string> texts_;
-  std::vector<uint32_t> slots_;  // open addressing by the hash of the text
+  std::vector<uint32_t> slots_;  // open addressing by the keyed hash of the text
+  // The names that were found last, by a hash that takes no time.
+  mutable std::array<uint32_t, 1024> asked_{};
   std::array<Seen, 512> seen_{};
 };
 

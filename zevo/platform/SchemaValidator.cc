@@ -5,6 +5,7 @@
 #include <libxml/xmlschemas.h>
 #include <libxml/xmlschemastypes.h>
 #include <zevo/Error.h>
+#include <zevo/TextHash.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/SchemaSource.h>
@@ -15,7 +16,6 @@
 #include <mutex>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -145,7 +145,7 @@ class Restrictions : public NoEvents {
   std::string_view target_namespace_;
   int depth_ = 0;
   Definition* current_ = nullptr;
-  std::unordered_map<std::string, Definition> definitions_;
+  TextMap<Definition> definitions_;
 };
 
 // The text of a schema in UTF-8, which its declaration then tells too.

@@ -1,0 +1,36 @@
+#include <zevo/platform/KeyedHash.h>
+
+#include <sodium/crypto_shorthash_siphash24.h>
+
+#include <array>
+#include <cstring>
+#include <random>
+
+namespace zevo {
+namespace {
+
+using Key = std::array<unsigned char, crypto_shorthash_siphash24_KEYBYTES>;
+
+const Key& ProcessKey() {
+  static const Key kKey = [] {
+    std::random_device random;
+    Key key;
+    for (unsigned char& byte : key) byte = static_cast<unsigned char>(random());
+    return key;
+  }();
+  return kKey;
+}
+
+}  // namespace
+
+uint64_t KeyedHash(std::string_view text) {
+  std::array<unsigned char, crypto_shorthash_siphash24_BYTES> bytes;
+  crypto_shorthash_siphash24(bytes.data(), reinterpret_cast<const unsigned char*>(text.data()), text.size(),
+                             ProcessKey().data());
+  uint64_t hash = 0;
+  static_assert(sizeof hash == sizeof bytes);
+  std::memcpy(&hash, bytes.data(), sizeof hash);
+  return hash;
+}
+
+}  // namespace zevo
