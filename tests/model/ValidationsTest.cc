@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 #include <zevo/model/Validations.h>
 
+#include <cstdint>
+#include <fstream>
 #include <string>
 #include <string_view>
 
 #include "tests/model/SchemaText.h"
 #include "tests/support/Errors.h"
+#include "tests/support/ProcessorTime.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zevo {
@@ -222,6 +226,103 @@ TEST_F(ValidationsTest, ALengthBeyondSixteenBitsOverflows) {
   EXPECT_ERROR(Cut(kName), 6, "ZevoAdapters11");
   Load(SchemaLimiting({{kName, "32767"}}));
   EXPECT_EQ(Cut(kName), "abcdefghij");
+}
+
+// Declarations that are none: the elements of another namespace, under any prefix, and attributes of one.
+TEST_F(ValidationsTest, OnlyElementsOfTheNamespaceOfSchemasCount) {
+  constexpr std::string_view kFake = "urn:fake";
+  const std::string schema = SchemaLimiting({{kName, "5"}, {"/City", "4"}});
+  const std::string real = "http://www.w3.org/2001/XMLSchema";
+  std::string other = schema;
+  other.replace(other.find(real), real.size(), kFake);
+  Load(other);
+  EXPECT_TRUE(validations_.IsLoaded());
+  EXPECT_EQ(Cut(kName), "abcdefghij");
+
+  Load("<s:schema xmlns:s='" + real + "' xmlns:xs='urn:fake' xmlns:o='urn:fake'>" +
+       "<s:element name='A'><xs:element name='X' type='Fake'/><s:complexType><s:sequence>"
+       "<s:element name='B' o:type='Fake' type='Short'/><o:element name='between'><s:element name='C' type='Short'/>"
+       "</o:element></s:sequence></s:complexType></s:element>"
+       "<o:element name='City' type='Short'/><o:simpleType name='Fake'><s:restriction><s:maxLength value='2'/>"
+       "</s:restriction></o:simpleType>"
+       "<s:simpleType name='Fake'><o:restriction><s:maxLength value='2'/></o:restriction></s:simpleType>"
+       "<s:simpleType name='Fake'><s:restriction><xs:maxLength value='2'/></s:restriction></s:simpleType>"
+       "<s:simpleType name='Short'><s:restriction base='s:string'><o:maxLength value='2'/><s:maxLength value='3'/>"
+       "</s:restriction></s:simpleType></s:schema>");
+  EXPECT_EQ(Cut("/A/B"), "abc");
+  EXPECT_EQ(Cut("/A/C"), "abc") << "what stands between has no name of its own";
+  EXPECT_EQ(Cut("/A/X"), "abcdefghij");
+  EXPECT_EQ(Cut("/City"), "abcdefghij");
+
+  Load("<schema xmlns='" + real + "'><simpleType name='Short'><restriction base='string'><maxLength value='3'/>" +
+       "</restriction></simpleType><element name='City' type='Short'/>"
+       "<element name='Fax' type='Short' xmlns='urn:fake'/></schema>");
+  EXPECT_EQ(Cut("/City"), "abc");
+  EXPECT_EQ(Cut("/Fax"), "abcdefghij");
+}
+
+// As deep as a document may be: the schema, then three elements for each step.
+TEST_F(ValidationsTest, PathsMayBeAsDeepAsASchema) {
+  std::string path;
+  for (int i = 0; i < 84; ++i) path += "/Step" + std::to_string(i);
+  Load(SchemaLimiting({{path, "3"}}));
+  EXPECT_EQ(Cut(path), "abc");
+}
+
+std::string Referring(int number, std::string_view to) {
+  return "<xs:element name='G" + std::to_string(number) +
+         "'><xs:complexType><xs:sequence><xs:element name='L' type='Short'/><xs:element ref='" + std::string(to) +
+         "'/></xs:sequence></xs:complexType></xs:element>";
+}
+
+// References can make a path longer than the document is deep.
+TEST_F(ValidationsTest, PathsThroughReferencesMayBeAnyLength) {
+  std::string schema = LimitedType("Short", "3");
+  std::string path;
+  for (int i = 1500; i-- > 0;) schema += Referring(i, "G" + std::to_string(i + 1));
+  for (int i = 0; i < 1500; ++i) path += "/G" + std::to_string(i);
+  Load(SchemaOf(schema));
+  EXPECT_EQ(Cut(path + "/L"), "abc");
+  EXPECT_EQ(Cut(path.substr(3) + "/L"), "abcdefghij");
+}
+
+TEST_F(ValidationsTest, WhatIsFirstReferredToInACircleStandsNowhere) {
+  Load(SchemaOf(LimitedType("Short", "3") + Referring(1, "G2") + Referring(2, "G1") + Referring(3, "Apart") +
+                Referring(0, "G1")));
+  for (const std::string_view key : {"/G1/L", "/G2/L", "/G1/G2/L", "/G2/G1/L", "/G0/G1/L", "/L"}) {
+    EXPECT_EQ(Cut(key), "abcdefghij") << key;
+  }
+  EXPECT_EQ(Cut("/G0/L"), "abc");
+  EXPECT_EQ(Cut("/G3/L"), "abc");
+}
+
+TEST_F(ValidationsTest, ANameWithASeparatorIsLikeTwoSteps) {
+  Load(SchemaOf(LimitedType("Short", "3") + ElementAt("/A/B", "Short") +
+                "<xs:element name='C'><xs:complexType><xs:all><xs:element name='D/E' type='Short'/></xs:all>"
+                "</xs:complexType></xs:element>"));
+  EXPECT_EQ(Cut("/A/B"), "abc");
+  EXPECT_EQ(Cut("/C/D/E"), "abc");
+  EXPECT_EQ(Cut("/C/D"), "abcdefghij");
+  EXPECT_EQ(Cut("C/D/E"), "abcdefghij");
+}
+
+int64_t PeakKilobytes() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmHWM:")) return std::stoll(line.substr(6));
+  }
+  return 0;
+}
+
+// A path of each of them is as long as all before it.
+TEST_F(ValidationsTest, LongChainsTakeTimeAndMemoryInProportion) {
+  std::string schema = LimitedType("Short", "3");
+  for (int i = 0; schema.size() < 250'000; ++i) schema += Referring(i, "G" + std::to_string(i + 1));
+  const int64_t held = PeakKilobytes();
+  EXPECT_LT(testing::ProcessorSeconds([&] { Load(SchemaOf(schema)); }), testing::kSanitized ? 5 : 0.5);
+  if (!testing::kSanitized) {
+    EXPECT_LT(PeakKilobytes() - held, 16 * 1024);
+  }
 }
 
 }  // namespace

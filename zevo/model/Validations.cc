@@ -3,65 +3,130 @@
 #include <zevo/Error.h>
 #include <zevo/model/HelperTransformations.h>
 #include <zevo/model/LetterCase.h>
-#include <zevo/platform/DocumentBuilder.h>
-#include <zevo/platform/File.h>
-#include <zevo/platform/Parser.h>
+#include <zevo/platform/SchemaDocument.h>
 #include <zevo/platform/Text.h>
 
 #include <limits>
+#include <unordered_map>
+#include <utility>
 
 namespace zevo {
 namespace {
-
-// Deeper than any schema nests its declarations; a schema whose references run in a circle ends here.
-constexpr int kDeepest = 64;
 
 std::string AttributeText(Element element, std::string_view name) {
   return std::string(element.Attribute(name).value_or(std::string_view()));
 }
 
-Element ChildNamed(Element parent, std::string_view name) { return parent.Owner().FirstChild(parent, name); }
-
+// The first length that restricts a type.
 Element MaxLengthOf(Element simpleType) {
-  const Element restriction = ChildNamed(simpleType, "restriction");
-  return restriction ? ChildNamed(restriction, "maxLength") : Element();
+  for (const Element restriction : simpleType.Children()) {
+    if (restriction.Name() != "restriction") continue;
+    if (const Element found = simpleType.Owner().FirstChild(restriction, "maxLength")) return found;
+  }
+  return Element();
 }
 
 bool IsElement(Element node) { return node.Name() == "element"; }
 
+// The key of a step from a path to the next one: the number of the path and the name, in one letter case.
+std::string StepOf(uint32_t path, std::string_view name) {
+  return std::to_string(path).append("/").append(FoldCase(name));
+}
+
 }  // namespace
+
+// Numbers the paths of declarations.
+class Validations::PathFinder {
+ public:
+  explicit PathFinder(Validations& tables) : tables_(tables), schema_(tables.document_.Root()) {}
+
+  // The names of the elements around a declaration, and its own.
+  Path Of(Element node) {
+    const Element parent = node.Parent();
+    if (parent == schema_) return OfGlobal(node);
+    const auto [known, added] = paths_.try_emplace(node.node(), kNowhere);
+    if (!added) return known->second;
+    const Path path = Below(Of(parent), node);
+    return paths_[node.node()] = path;
+  }
+
+ private:
+  // A global declaration stands where it is first referred to, and that one's around it likewise. Those in a circle
+  // stand nowhere.
+  Path OfGlobal(Element global) {
+    std::vector<std::pair<Element, Element>> waiting;  // declarations, with the element around their first reference
+    Element node = global;
+    while (paths_.try_emplace(node.node(), kNowhere).second) {
+      const Element around = AroundReferenceTo(node);
+      waiting.emplace_back(node, around);
+      node = around ? GlobalAround(around) : Element();
+    }
+    if (paths_[node.node()] == kNowhere) return kNowhere;
+    for (; !waiting.empty(); waiting.pop_back()) {
+      const auto [declaration, around] = waiting.back();
+      const Path above = around ? Of(around) : kTop;
+      paths_[declaration.node()] = declaration.Attribute("name") ? Below(above, declaration) : kTop;
+    }
+    return paths_[global.node()];
+  }
+
+  // Nothing where there is no reference, or one at the top.
+  Element AroundReferenceTo(Element global) const {
+    const auto name = global.Attribute("name");
+    const auto found = name ? tables_.first_references_.find(*name) : tables_.first_references_.end();
+    if (found == tables_.first_references_.end()) return Element();
+    const Element around = found->second.Parent();
+    return around == schema_ ? Element() : around;
+  }
+
+  Element GlobalAround(Element node) const {
+    for (Element parent = node.Parent(); parent != schema_; parent = node.Parent()) node = parent;
+    return node;
+  }
+
+  // A name that holds a separator makes steps of its own.
+  Path Below(Path path, Element node) {
+    if (!IsElement(node) || path == kNowhere) return path;
+    const std::string name = AttributeText(node, node.Attribute("name") ? "name" : "ref");
+    for (size_t begin = 0;;) {
+      const size_t end = name.find('/', begin);
+      path = Step(path, std::string_view(name).substr(begin, end - begin));
+      if (end == std::string::npos) return path;
+      begin = end + 1;
+    }
+  }
+
+  Path Step(Path path, std::string_view name) {
+    const auto [step, added] = tables_.steps_.try_emplace(StepOf(path, name), Path());
+    if (added) {
+      step->second = static_cast<Path>(tables_.elements_.size());
+      tables_.elements_.emplace_back();
+    }
+    return step->second;
+  }
+
+  Validations& tables_;
+  Element schema_;
+  std::unordered_map<const Node*, Path> paths_{{nullptr, kTop}};
+};
 
 void Validations::LoadSchema(const SchemaSource& source) {
   loaded_ = false;
   types_.clear();
+  steps_.clear();
   elements_.clear();
   first_references_.clear();
   globals_.clear();
   document_.Clear();
   try {
-    const std::string bytes = source.Read();
-    InputBytes input(bytes);
-    DocumentBuilder builder(document_);
-    Parser(input, std::string()).Parse(builder);
+    LoadSchemaDocument(source.Read(), {}, document_);
   } catch (const Error& error) {
     if (error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory)) throw;
     return;
   }
-  const Element schema = document_.Root();
-  if (schema.Name() == "schema") {
-    Node* const top = schema.node();
-    for (Node* node = top; node != nullptr; node = document_.Following(node, top)) {
-      const Element element(node);
-      if (node->Kind() != NodeKind::kElement || !IsElement(element)) continue;
-      first_references_.try_emplace(AttributeText(element, "ref"), element);
-    }
-    for (const Element child : schema.Children()) {
-      if (IsElement(child)) globals_.try_emplace(AttributeText(child, "name"), child);
-    }
+  if (document_.Root().Name() == "schema") {
     FillTypeTable();
-    for (const Element child : schema.Children()) {
-      if (IsElement(child)) FillElementTable(child, true);
-    }
+    FillElementTable();
   }
   loaded_ = true;
 }
@@ -73,42 +138,50 @@ void Validations::FillTypeTable() {
   }
 }
 
-void Validations::FillElementTable(Element element, bool topLevel) {
-  if (!topLevel && IsElement(element) && element.Attribute("type")) {
-    elements_.try_emplace(FoldCase(ElementPath(element, 0)), element);
+void Validations::FillElementTable() {
+  const Element schema = document_.Root();
+  for (const Element child : schema.Children()) {
+    if (IsElement(child)) globals_.try_emplace(AttributeText(child, "name"), child);
   }
-  for (const Element child : element.Children()) FillElementTable(child, false);
+  const auto forEachIn = [&](Element top, auto&& action) {
+    for (Node* node = top.node(); node != nullptr; node = document_.Following(node, top.node())) {
+      if (node->Kind() == NodeKind::kElement && IsElement(Element(node))) action(Element(node));
+    }
+  };
+  forEachIn(schema, [&](Element element) {
+    if (const auto name = element.Attribute("ref")) first_references_.try_emplace(std::string(*name), element);
+  });
+  elements_.emplace_back();  // kTop
+  PathFinder paths(*this);
+  for (const Element global : schema.Children()) {
+    if (!IsElement(global)) continue;
+    forEachIn(global, [&](Element element) {
+      if (element == global || !element.Attribute("type")) return;
+      const Path path = paths.Of(element);
+      if (path != kNowhere && !elements_[path]) elements_[path] = element;
+    });
+  }
 }
 
-// The names of the elements around a declaration. A global one stands where it is first referred to.
-std::string Validations::ElementPath(Element element, int depth) const {
-  std::string own;
-  if (IsElement(element)) {
-    const std::string name = AttributeText(element, element.Attribute("name") ? "name" : "ref");
-    own = "/" + name;
+// The declaration under a path or, where there is none, the global one of its last name; nothing without either.
+Element Validations::Declared(std::string_view key) const {
+  Path path = key.starts_with('/') ? kTop : kNowhere;
+  for (std::string_view left = key; path != kNowhere && !left.empty();) {
+    left.remove_prefix(1);
+    const std::string_view name = left.substr(0, left.find('/'));
+    left.remove_prefix(name.size());
+    const auto step = steps_.find(StepOf(path, name));
+    path = step == steps_.end() ? kNowhere : step->second;
   }
-  const Element parent = element.Parent();
-  if (depth > kDeepest || !parent) return {};
-  if (parent != document_.Root()) return ElementPath(parent, depth + 1) + own;
-  const auto name = element.Attribute("name");
-  if (!name) return {};
-  const auto reference = first_references_.find(*name);
-  if (reference == first_references_.end()) return own;
-  return ElementPath(reference->second.Parent(), depth + 1) + own;
+  if (path != kNowhere && elements_[path]) return elements_[path];
+  const auto global = globals_.find(key.substr(key.rfind('/') + 1));
+  return global == globals_.end() ? Element() : global->second;
 }
 
 int Validations::MaxLength(std::string_view key) const {
   if (!loaded_) return kNoLimit;
-  Element declaration;
-  if (const auto found = elements_.find(FoldCase(key)); found != elements_.end()) {
-    declaration = found->second;
-  } else {
-    const std::string_view name = key.substr(key.rfind('/') + 1);
-    const auto global = globals_.find(name);
-    if (global == globals_.end()) return kNoLimit;
-    declaration = global->second;
-  }
-  const auto type = declaration.Attribute("type");
+  const Element declaration = Declared(key);
+  const auto type = declaration ? declaration.Attribute("type") : std::nullopt;
   if (!type) return kNoLimit;
   const auto found = types_.find(FoldCase(*type));
   if (found == types_.end()) return kNoLimit;

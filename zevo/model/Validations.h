@@ -5,13 +5,16 @@
 #include <zevo/platform/Document.h>
 #include <zevo/platform/SchemaSource.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zevo {
 
 /// What a schema file says of the length of texts: the one check that is made when a value is assigned to a record.
-/// Keys are element paths, such as "/AuditFile/Header/CompanyID", found without regard to letter case.
+/// Keys are element paths, such as "/AuditFile/Header/CompanyID", found without regard to letter case. Only elements of
+/// XML Schema's namespace declare anything.
 class Validations {
  public:
   static constexpr int kNoLimit = -1;
@@ -31,16 +34,23 @@ class Validations {
 
  private:
   using Table = TextMap<Element>;
+  // A path, by its number: paths are as many as elements, but put together as long as the schema times its depth.
+  using Path = uint32_t;
+  static constexpr Path kTop = 0;
+  static constexpr Path kNowhere = UINT32_MAX;
+
+  class PathFinder;
 
   void FillTypeTable();
-  void FillElementTable(Element element, bool topLevel);
-  std::string ElementPath(Element element, int depth) const;
+  void FillElementTable();
+  Element Declared(std::string_view key) const;
 
   Document document_;
   bool loaded_ = false;
   Table types_;
-  Table elements_;
-  Table first_references_;  // by the name they refer to
+  TextMap<Path> steps_;            // from one path to another, by StepOf
+  std::vector<Element> elements_;  // by path; nothing where none is declared
+  Table first_references_;         // by the name they refer to
   Table globals_;
 };
 

@@ -144,7 +144,7 @@ class Run {
       }
       run.attributes_.clear();
       if (namespaces + attributes > 0) run.Collect(namespaces, namespaceTexts, attributes, attributeTexts);
-      run.handler_.StartElement({Text(local), Text(prefix)}, run.attributes_);
+      run.handler_.StartElement({Text(local), Text(prefix), Text(uri)}, run.attributes_);
     });
   }
 

@@ -17,6 +17,8 @@ class ByteSource;
 struct ParsedName {
   const char* local;
   const char* prefix;
+  /// The namespace; null without one. It is told where an element starts, not elsewhere.
+  const char* uri = nullptr;
 };
 
 /// An attribute, or a namespace declaration: those are named "xmlns" or prefixed by it.
