@@ -42,7 +42,7 @@ TEST_F(ListCommandTest, CellsAreQuotedWhereTheyMustBe) {
   ExpectCreated();
   EXPECT_EQ(List("GeneralLedger"),
             "AccountID,AccountDescription,OpeningDebitBalance,OpeningCreditBalance\n"
-            "1,\"a,b\",0,0\n2,\"diz \"\"olá\"\"\",0,0\n3,\"duas\nlinhas\",0,0\n");
+            "1,\"a,b\",0,0\n2,\"diz \"\"olá\"\"\",0,0\n3,duas linhas,0,0\n");
 }
 
 TEST_F(ListCommandTest, PartsTellWhatTheyBelongTo) {
