@@ -106,7 +106,7 @@ TEST_F(DiskFaultTest, SaveThatMeetsAnErrorTellsItAndLeavesTheOldFile) {
     });
     EXPECT_TRUE(told.starts_with("open fcntl flock write write ")) << told;
     EXPECT_TRUE(told.ends_with(std::string("write ") + (other ? "fchown fchown " : "") +
-                               "fchmod fsync close rename open fsync close close "))
+                               "fchmod fsync close rename close open fsync close "))
         << told;
   }
 }

@@ -247,6 +247,7 @@ void FileReplacement::Commit() {
   const std::string folder = FolderOf(target_);
   if (ChangeHeldName(hold_, temporary_, target_) != 0) Fail(errno, target_);
   temporary_.clear();
+  if (hold_ >= 0) CloseDescriptor(std::exchange(hold_, -1));
   // The content is safe by now: a folder that cannot be flushed only delays when the new name is seen after a crash.
   FlushFolder(folder);
 }
