@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <limits>
 #include <string>
 
@@ -39,6 +40,20 @@ TEST(DecimalTextTest, SinglesHaveTheirShortestDigitsAndNoExponent) {
   EXPECT_EQ(TextFromSingle(1e12F), "1000000000000");
   EXPECT_EQ(TextFromSingle(std::numeric_limits<float>::max()), "34028235" + std::string(31, '0'));
   EXPECT_EQ(TextFromSingle(1e-30F), "0." + std::string(29, '0') + "1");
+}
+
+// Numbers of six digits with up to four decimals, and of seven digits.
+TEST(DecimalTextTest, SinglesKeepSixDigitsAndAPoint) {
+  const auto expectKept = [](const std::string& text) {
+    float value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    ASSERT_TRUE(IsSameNumber(text, TextFromSingle(value))) << text;
+  };
+  for (int digits = 100000; digits < 1000000; digits += 3) {
+    const std::string all = std::to_string(digits);
+    for (size_t decimals = 0; decimals <= 4; ++decimals) expectKept(std::string(all).insert(6 - decimals, "."));
+  }
+  for (int digits = 1000000; digits < 10000000; digits += 7) expectKept(std::to_string(digits));
 }
 
 }  // namespace

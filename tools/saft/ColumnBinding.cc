@@ -44,7 +44,9 @@ void ColumnBinding::Set(Record& record, const std::string& text) const {
   property_->set(*owner, value);
 }
 
-bool ColumnBinding::IsDecimal() const { return saft::IsDecimal(*property_); }
+bool ColumnBinding::MayChange(std::string_view number) const {
+  return IsDecimal(*property_) && !HasFewDigits(*property_, number);
+}
 
 std::string ColumnBinding::Text(const Record& record) const { return TextBy(&TextFromValue, record); }
 

@@ -21,8 +21,8 @@ class ColumnBinding {
   void Set(Record& record, const std::string& text) const;
 
   bool IsText() const { return property_->type == PropertyType::kText; }
-  /// Whether it is a number that may have decimals.
-  bool IsDecimal() const;
+  /// Whether it is a number that the audit file may not hold as a cell gives it.
+  bool MayChange(std::string_view number) const;
   /// The value that the property has, as a cell would tell it; empty where a child on the way is missing.
   std::string Text(const Record& record) const;
   /// The value as the audit file tells it.

@@ -59,6 +59,9 @@ std::string TextFromCode(const Property& property, int32_t value) {
   return found == codes.end() ? "" : std::string(found->text);
 }
 
+// An amount that is written in single precision.
+bool IsQuantity(const Property& property) { return property.name == "Quantity"; }
+
 }  // namespace
 
 bool IsPlain(const Property& property) {
@@ -101,8 +104,18 @@ std::string TextFromValue(const Property& property, const PropertyValue& value) 
   }
 }
 
+bool HasFewDigits(const Property& property, std::string_view text) {
+  constexpr size_t kDecimals = 4;  // that an amount has
+  // Six digits and a point, or seven digits: single precision keeps them all.
+  constexpr size_t kCharacters = 7;
+  const size_t point = text.find('.');
+  if (point != std::string_view::npos && text.size() - point - 1 > kDecimals) return false;
+  const bool single = property.type == PropertyType::kSingle || IsQuantity(property);
+  return !single || text.size() <= kCharacters;
+}
+
 std::string WrittenText(const Property& property, const PropertyValue& value) {
-  if (property.name == "Quantity") return TextFromSingle(static_cast<float>(std::get<Amount>(value).ToDouble()));
+  if (IsQuantity(property)) return TextFromSingle(static_cast<float>(std::get<Amount>(value).ToDouble()));
   return TextFromValue(property, value);
 }
 

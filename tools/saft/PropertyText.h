@@ -31,6 +31,10 @@ std::string TextFromValue(const Property& property, const PropertyValue& value);
 /// The text of a plain property's value as an audit file has it, which keeps quantities in single precision.
 std::string WrittenText(const Property& property, const PropertyValue& value);
 
+/// Whether a number has so few digits that an audit file holds it as given, which is soon seen. One that has more may
+/// be held too: its `WrittenText` tells.
+bool HasFewDigits(const Property& property, std::string_view text);
+
 /// Whether a property is a number that may have decimals.
 bool IsDecimal(const Property& property);
 

@@ -95,7 +95,7 @@ void RecordFile::Note(const Column& column, const Record& record) {
   const std::string& cell = csv_->Cell(place);
   if (binding.IsText()) {
     if (const std::string kept = binding.Text(record); kept != cell) alterations_.AddShortened(*csv_, place, kept);
-  } else if (binding.IsDecimal()) {
+  } else if (binding.MayChange(cell)) {
     const std::string written = binding.WrittenText(record);
     if (!IsSameNumber(cell, written)) alterations_.AddRounded(*csv_, place, written);
   }
@@ -105,6 +105,7 @@ void RecordFile::Note(const Column& column, const Record& record) {
 void RecordFile::Decide(Record& record) {
   const auto isZero = [&](const Column& column) { return IsSameNumber(column.binding.Text(record), "0"); };
   for (const auto& [first, second] : rivals_) {
+    if (csv_->Cell(columns_[first].place).empty() || csv_->Cell(columns_[second].place).empty()) continue;
     if (isZero(columns_[first]) || isZero(columns_[second])) continue;
     alterations_.AddLeftOut(*csv_, columns_[second].place, columns_[first].place);
     columns_[second].binding.Set(record, "0");
