@@ -165,18 +165,16 @@ class Layout {
   template <class R>
   void Read(R& record, Element element, IDALReader& helper) const {
     ElementTexts texts(element);
-    const auto read = [&]<bool kLast, class Row>(std::bool_constant<kLast>, const Row& row) {
-      if constexpr (kIsReadLast<Row> == kLast) row.Read(record, texts, element, helper);
-    };
-    std::apply(
-        [&](const Rows&... row) {
-          (read(std::false_type(), row), ...);
-          (read(std::true_type(), row), ...);
-        },
-        rows_);
+    std::apply([&](const Rows&... row) { (ReadIf<false>(row, record, texts, element, helper), ...); }, rows_);
+    std::apply([&](const Rows&... row) { (ReadIf<true>(row, record, texts, element, helper), ...); }, rows_);
   }
 
  private:
+  template <bool kLast, class Row, class R>
+  static void ReadIf(const Row& row, R& record, ElementTexts& texts, Element element, IDALReader& helper) {
+    if constexpr (kIsReadLast<Row> == kLast) row.Read(record, texts, element, helper);
+  }
+
   std::tuple<Rows...> rows_;
 };
 

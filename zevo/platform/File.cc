@@ -203,7 +203,8 @@ void OutputFile::Close() {
 }
 
 // In braces, the name is copied before anything is opened.
-FileReplacement::FileReplacement(const std::string& name) : target_(Resolved(name)), output_{target_, OpenOutput()} {}
+FileReplacement::FileReplacement(const std::string& name)
+    : target_(Resolved(name)), output_{std::string(target_), OpenOutput()} {}
 
 int FileReplacement::OpenOutput() {
   old_ = StatusOf(target_);

@@ -73,7 +73,7 @@ class OutputFile : public ByteSink {
  public:
   explicit OutputFile(const std::string& name);
   /// Takes over a descriptor that is open for writing.
-  OutputFile(std::string name, int descriptor) noexcept : name_(std::move(name)), descriptor_(descriptor) {}
+  OutputFile(std::string&& name, int descriptor) noexcept : name_(std::move(name)), descriptor_(descriptor) {}
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
   ~OutputFile() override;

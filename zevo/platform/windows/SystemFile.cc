@@ -88,7 +88,10 @@ struct CloseSearch {
   }
 };
 
-HANDLE HandleOf(int descriptor) { return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor)); }
+HANDLE HandleOf(int descriptor) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
+  return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
+}
 
 int DescriptorOf(HANDLE file, int flags) {
   if (FailUnless(file != INVALID_HANDLE_VALUE) != 0) return -1;
