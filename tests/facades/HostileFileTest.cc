@@ -405,11 +405,18 @@ TEST_F(HostileFileTest, ValidationRefusesARootOfAnotherName) {
   EXPECT_THAT(file, RecordedXmlErrorFrom(kValidationSource));
 }
 
+// A schema that takes in any audit file, were it not for what else is in it.
+std::string SchemaWith(std::string_view content) {
+  return std::string("<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' ")
+      .append("xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.01_01' ")
+      .append("targetNamespace='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'><xs:element name='AuditFile'/>")
+      .append(content)
+      .append("</xs:schema>");
+}
+
 // Definitions that name the next one, and the next one again.
 std::string Chain(int length, std::string_view begin, std::string_view between, std::string_view end) {
-  std::string schema =
-      "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.01_01' "
-      "targetNamespace='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'><xs:element name='AuditFile'/>";
+  std::string schema;
   for (int i = 0; i < length; ++i) {
     const std::string next = std::to_string(i + 1);
     schema.append(begin).append(std::to_string(i)).append(between).append(next);
@@ -420,7 +427,7 @@ std::string Chain(int length, std::string_view begin, std::string_view between, 
       schema.append(end);
     }
   }
-  return schema + "</xs:schema>";
+  return SchemaWith(schema);
 }
 
 TEST_F(HostileFileTest, SchemaThatMultipliesItselfIsRefused) {
@@ -448,6 +455,113 @@ TEST_F(HostileFileTest, SchemaThatMultipliesItselfIsRefused) {
     EXPECT_THAT(exception->Description(), HasSubstr("vezes de mais")) << schema.substr(190, 80);
   }
 }
+
+std::string Elements(int count, std::string_view occurs) {
+  std::string elements;
+  for (int i = 0; i < count; ++i) {
+    elements.append("<xs:element name='e").append(std::to_string(i)).append("' ").append(occurs).append("/>");
+  }
+  return elements;
+}
+
+std::string Content(std::string_view occurs, std::string_view elements) {
+  return SchemaWith(std::string("<xs:complexType name='c'><xs:sequence ")
+                        .append(occurs)
+                        .append(">")
+                        .append(elements)
+                        .append("</xs:sequence></xs:complexType>"));
+}
+
+std::string Pattern(std::string_view expression) {
+  return SchemaWith(std::string("<xs:simpleType name='p'><xs:restriction base='xs:string'><xs:pattern value='")
+                        .append(expression)
+                        .append("'/></xs:restriction></xs:simpleType>"));
+}
+
+// Schemas of at most 256 KiB that take libxml2 minutes, or gigabytes, or just not.
+struct LargeSchema {
+  const char* name;
+  bool compiles;
+  std::function<std::string()> make;
+};
+
+void PrintTo(const LargeSchema& schema, std::ostream* out) { *out << schema.name; }
+
+const std::vector<LargeSchema>& LargeSchemas() {
+  static const std::vector<LargeSchema> kSchemas = {
+      {"500 optional elements", true, [] { return Content("", Elements(500, "minOccurs='0'")); }},
+      {"500 optional elements again and again", true,
+       [] { return Content("maxOccurs='unbounded'", Elements(500, "minOccurs='0'")); }},
+      {"500 elements a few times each", true, [] { return Content("", Elements(500, "minOccurs='0' maxOccurs='5'")); }},
+      {"many times many elements", true,
+       [] { return Content("maxOccurs='100000'", Elements(500, "maxOccurs='9999'")); }},
+      {"2,000 optional elements", false, [] { return Content("", Elements(2'000, "minOccurs='0'")); }},
+      {"500 optional groups a few times each", false,
+       [] {
+         return Content("", Repeated("<xs:sequence minOccurs='0' maxOccurs='7'><xs:element name='e' minOccurs='0' "
+                                     "maxOccurs='5'/></xs:sequence>",
+                                     500));
+       }},
+      {"choices in choices", false,
+       [] {
+         return Content("", Repeated("<xs:choice minOccurs='0' maxOccurs='unbounded'><xs:element name='e'/>", 60) +
+                                Repeated("</xs:choice>", 60));
+       }},
+      {"40,000 errors", false, [] { return SchemaWith(Repeated("<e/>", 40'000)); }},
+      {"9,000 errors", false, [] { return SchemaWith(Repeated("<xs:element/>", 9'000)); }},
+      {"elements in the place of each other", false,
+       [] { return Chain(3'000, "<xs:element name='d", "' substitutionGroup='d", "'/>"); }},
+      {"500 elements in the place of each other", true,
+       [] {
+         std::string schema = Chain(500, "<xs:element name='d", "' substitutionGroup='d", "'/>");
+         return schema.insert(schema.rfind("</xs:schema>"), "<xs:element name='d500'/>");
+       }},
+      {"attributes in many groups", true,
+       [] {
+         std::string attributes;
+         for (int i = 0; i < 6'000; ++i) attributes += "<xs:attribute name='a" + std::to_string(i) + "'/>";
+         std::string schema = "<xs:attributeGroup name='g'>" + attributes + "</xs:attributeGroup>";
+         for (int i = 0; i < 14; ++i) {
+           schema += "<xs:complexType name='t" + std::to_string(i) + "'><xs:attributeGroup ref='g'/></xs:complexType>";
+         }
+         return SchemaWith(schema);
+       }},
+      {"a pattern of alternatives", true, [] { return Pattern("(a|b){1,1000}" + Repeated("(c|d){1,1000}", 50)); }},
+      {"a pattern of optional letters", false, [] { return Pattern(Repeated("a?", 4'000)); }},
+      {"a pattern of repetitions", false,
+       [] { return Pattern(Repeated("(", 40) + "a" + Repeated("|b?|c?|d*)*", 40)); }},
+      {"values that match a pattern in any number of ways", false,
+       [] {
+         std::string schema = Pattern("(a|aa)*b");
+         const std::string values = Repeated("<xs:enumeration value='" + std::string(60, 'a') + "'/>", 2'000);
+         schema.insert(schema.rfind("</xs:schema>"), "<xs:simpleType name='v'><xs:restriction base='p'>" + values +
+                                                         "</xs:restriction></xs:simpleType>");
+         return schema;
+       }},
+  };
+  return kSchemas;
+}
+
+class LargeSchemaTest : public HostileFileTest, public ::testing::WithParamInterface<LargeSchema> {};
+
+// Two seconds and 64 megabytes.
+TEST_P(LargeSchemaTest, IsCompiledSoonOrRefusedAtOnce) {
+  const std::string schema = GetParam().make();
+  ASSERT_LE(schema.size(), size_t{256} * 1024);
+  const std::string path = folder_.Write("saft.xml", "<AuditFile xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'/>");
+  Options().set_SchemaLocation(folder_.Write("own.xsd", schema));
+  AuditFile file;
+  file.set_AuditFileName(path);
+  const int64_t held = PeakKilobytes();
+  const double seconds = ProcessorSeconds([&] { file.ValidateAuditFile(); });
+  EXPECT_EQ(file.AuditException() == nullptr, GetParam().compiles) << Told(file.AuditException());
+  EXPECT_EQ(file.IsSchemaAtFault(), !GetParam().compiles);
+  if (kSanitized) return;
+  EXPECT_LT(seconds, GetParam().compiles ? 2 : 0.3);
+  EXPECT_LT(PeakKilobytes() - held, 64 * 1024);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, LargeSchemaTest, ValuesIn(LargeSchemas()));
 
 // Whatever can be cut in two is in it.
 constexpr std::string_view kRichFile =

@@ -1,6 +1,7 @@
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -257,6 +258,49 @@ TEST_F(SchemaValidatorTest, ASchemaOfAnotherNamespaceIsRefusedWithBothNames) {
   EXPECT_THAT(
       ErrorOfSchema("<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:x'/>").Description(),
       HasSubstr("não pode ter espaço de nomes"));
+}
+
+// What goes wrong in regular expressions libxml2 prints, unless somebody takes it.
+TEST_F(SchemaValidatorTest, NothingIsPrinted) {
+  const auto withPattern = [](std::string_view pattern) {
+    return Schema("<xs:element name='a'><xs:simpleType><xs:restriction base='xs:string'><xs:pattern value='" +
+                  std::string(pattern) + "'/></xs:restriction></xs:simpleType></xs:element>");
+  };
+  ::testing::internal::CaptureStderr();
+  for (const std::string_view pattern : {"[", "(a", "\\y"}) {
+    EXPECT_EQ(ErrorOfSchema(withPattern(pattern)).Number(), XML_SCHEMAP_REGEXP_INVALID) << pattern;
+  }
+  ErrorOfSchema(Schema("<xs:element name='a' substitutionGroup='none' default='x' fixed='y'/>"));
+  Compile(withPattern("(a|aa)*b"));
+  EXPECT_THROW(validator_.Validate(folder_.Write("file.xml", "<a>" + std::string(100, 'a') + "</a>")), Error);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+// libxml2 gives up on a pattern that it could try in too many ways. That says nothing of the file.
+TEST_F(SchemaValidatorTest, AValidationThatBreaksDownIsTheSchemasFault) {
+  Compile(
+      Schema("<xs:element name='a'><xs:simpleType><xs:restriction base='xs:string'><xs:pattern value='(a|aa)*b'/>"
+             "</xs:restriction></xs:simpleType></xs:element>"));
+  const Error error =
+      testing::ErrorOf([&] { validator_.Validate(folder_.Write("file.xml", "<a>" + std::string(100, 'a') + "</a>")); });
+  EXPECT_EQ(error.Number(), XML_SCHEMAV_INTERNAL);
+  EXPECT_TRUE(validator_.IsSchemaAtFault());
+  EXPECT_THAT(error.Description(), StartsWith(folder_.Path("schema.xsd") + ": "));
+}
+
+// The settings that a host may have made for its own use of libxml2 change no verdict.
+TEST_F(SchemaValidatorTest, TheHostsDefaultsDoNotCount) {
+  const int blanks = xmlKeepBlanksDefault(0);
+  const int entities = xmlSubstituteEntitiesDefault(1);
+  const int pedantic = xmlPedanticParserDefault(1);
+  const int lines = xmlLineNumbersDefault(0);
+  Validate("<a> <n>1</n><end/></a>");
+  EXPECT_THAT(ErrorOfSchema(Schema("\n<xs:element name='a' type='none'/>")).Description(), HasSubstr("(linha 2"));
+  EXPECT_THAT(ErrorOfDocument("<a>\n<wrong/></a>").Description(), HasSubstr("(linha 2, "));
+  xmlKeepBlanksDefault(blanks);
+  xmlSubstituteEntitiesDefault(entities);
+  xmlPedanticParserDefault(pedantic);
+  xmlLineNumbersDefault(lines);
 }
 
 }  // namespace

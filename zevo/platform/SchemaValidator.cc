@@ -5,19 +5,18 @@
 #include <libxml/xmlschemas.h>
 #include <libxml/xmlschemastypes.h>
 #include <zevo/Error.h>
-#include <zevo/TextHash.h>
 #include <zevo/platform/File.h>
+#include <zevo/platform/HostErrorHandlers.h>
 #include <zevo/platform/Parser.h>
+#include <zevo/platform/SchemaDocument.h>
+#include <zevo/platform/SchemaRestrictions.h>
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlError.h>
 
-#include <algorithm>
 #include <mutex>
 #include <optional>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace zevo {
 namespace {
@@ -47,105 +46,6 @@ struct NoEvents : ParserHandler {
   void StartElement(const ParsedName&, std::span<const ParsedAttribute>) override {}
   void EndElement(const ParsedName&) override {}
   void Characters(std::string_view) override {}
-};
-
-// What a schema must not do: pull in others, which would be read from wherever it says, or grow without bounds when its
-// definitions, each naming the next one twice, are put in each other's places.
-class Restrictions : public NoEvents {
- public:
-  Restrictions(std::string_view source, std::string_view targetNamespace)
-      : source_(source), target_namespace_(targetNamespace) {}
-
-  void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
-    const std::string_view local = name.local;
-    if (depth_ == 0 && local == "schema") RequireNamespace(attributes);
-    if (local == "include" || local == "import" || local == "redefine") RefuseLocation(attributes);
-    ++depth_;
-    if (depth_ == kDefinitionDepth) current_ = &definitions_[std::string(ValueOf(attributes, "name"))];
-    if (depth_ < kDefinitionDepth) return;
-    ++current_->elements;
-    if (local == "group" || local == "attributeGroup") Note(ValueOf(attributes, "ref"));
-    for (const std::string_view reference : {"base", "itemType", "memberTypes"}) Note(ValueOf(attributes, reference));
-  }
-  void EndElement(const ParsedName&) override { --depth_; }
-
-  /// To be called after the last element.
-  void CheckGrowth() {
-    size_t elements = 0;
-    for (auto& [name, definition] : definitions_) {
-      elements += Grown(definition, 0);
-      if (elements > kMostElements) Refuse(XML_ERR_USER_STOP, kTooLarge);
-    }
-  }
-
- private:
-  struct Definition {
-    size_t elements = 0;
-    std::vector<std::string> references;
-    std::optional<size_t> grown;  // zero while it is being counted: a definition in itself is an error of its own
-  };
-
-  static constexpr int kDefinitionDepth = 2;
-  static constexpr size_t kMostElements = 100'000;
-  static constexpr int kLongestChain = 500;
-  static constexpr std::string_view kTooLarge = "As definições do esquema remetem umas para outras vezes de mais";
-
-  [[noreturn]] void Refuse(int number, std::string_view reason) const { throw XmlError(number, source_, reason, 0, 0); }
-
-  static std::string_view ValueOf(std::span<const ParsedAttribute> attributes, std::string_view name) {
-    for (const ParsedAttribute& attribute : attributes) {
-      if (attribute.name.prefix == nullptr && attribute.name.local == name) return attribute.value;
-    }
-    return {};
-  }
-
-  void RequireNamespace(std::span<const ParsedAttribute> attributes) const {
-    const std::string_view found = ValueOf(attributes, "targetNamespace");
-    if (found == target_namespace_) return;
-    const auto named = [](std::string_view name, std::string_view none) {
-      return name.empty() ? std::string(none) : std::string("do espaço de nomes «").append(name).append("»");
-    };
-    Refuse(XML_ERR_USER_STOP, "O esquema é " + named(found, "de nenhum espaço de nomes") + ", mas " +
-                                  (target_namespace_.empty() ? "não pode ter espaço de nomes"
-                                                             : "tem de ser " + named(target_namespace_, {})));
-  }
-
-  void RefuseLocation(std::span<const ParsedAttribute> attributes) const {
-    for (const ParsedAttribute& attribute : attributes) {
-      if (std::string_view(attribute.name.local) != "schemaLocation") continue;
-      Refuse(XML_SCHEMAP_SRC_INCLUDE, "O esquema remete para outro ficheiro");
-    }
-  }
-
-  // A list of qualified names; definitions are known by what follows the prefix.
-  void Note(std::string_view names) {
-    constexpr std::string_view kSpaces = " \t\r\n";
-    for (size_t begin = names.find_first_not_of(kSpaces); begin != std::string_view::npos;) {
-      const std::string_view name = names.substr(begin, names.find_first_of(kSpaces, begin) - begin);
-      current_->references.emplace_back(name.substr(name.find(':') + 1));
-      begin = names.find_first_not_of(kSpaces, begin + name.size());
-    }
-  }
-
-  size_t Grown(Definition& definition, int chain) {
-    if (definition.grown) return *definition.grown;
-    if (chain > kLongestChain) Refuse(XML_ERR_USER_STOP, kTooLarge);
-    definition.grown = 0;
-    size_t elements = definition.elements;
-    for (const std::string& reference : definition.references) {
-      const auto found = definitions_.find(reference);
-      if (found == definitions_.end()) continue;
-      elements = std::min(elements + Grown(found->second, chain + 1), kMostElements + 1);
-    }
-    definition.grown = elements;
-    return elements;
-  }
-
-  std::string_view source_;
-  std::string_view target_namespace_;
-  int depth_ = 0;
-  Definition* current_ = nullptr;
-  TextMap<Definition> definitions_;
 };
 
 // The text of a schema in UTF-8, which its declaration then tells too.
@@ -203,11 +103,13 @@ void SchemaValidator::Compile(std::string_view bytes) {
   std::call_once(once, xmlSchemaInitTypes);
   // Read by our own parser first, so that a schema meets the same refusals as any file.
   const std::string source(source_);
-  Restrictions restrictions(source_, target_namespace_);
-  InputBytes input(bytes);
-  Parser(input, source).Parse(restrictions);
-  restrictions.CheckGrowth();
+  {
+    Document document;
+    LoadSchemaDocument(bytes, source, document);
+    RequireModestSchema(document, target_namespace_, source);
+  }
   const std::string text = Utf8Of(bytes);
+  const HostErrorHandlers aside;
 
   FirstError first{source, std::nullopt};
   const std::unique_ptr<xmlSchemaParserCtxt, Deleter<xmlSchemaFreeParserCtxt>> context(
@@ -221,6 +123,7 @@ void SchemaValidator::Compile(std::string_view bytes) {
 
 void SchemaValidator::Validate(const std::string& file) {
   schema_at_fault_ = true;
+  const HostErrorHandlers aside;
   const std::unique_ptr<xmlSchemaValidCtxt, Deleter<xmlSchemaFreeValidCtxt>> context(
       xmlSchemaNewValidCtxt(schema_->compiled.get()));
   if (!context) throw MakeRunTimeError(RunTimeError::kOutOfMemory);

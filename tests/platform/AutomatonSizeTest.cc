@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+#include <zevo/platform/AutomatonSize.h>
+
+#include <string>
+#include <string_view>
+
+namespace zevo {
+namespace {
+
+struct Row {
+  std::string_view pattern;
+  double states;
+  double transitions;
+  double comparisons;  // the sum of the squares of each state's transitions
+  double widest;
+  int empty_repetitions;
+  bool may_be_empty;
+};
+
+void PrintTo(const Row& row, std::ostream* out) { *out << row.pattern; }
+
+class PatternSize : public ::testing::TestWithParam<Row> {};
+
+TEST_P(PatternSize, IsThatOfItsAutomaton) {
+  const AutomatonSize size = AutomatonSize::OfPattern(GetParam().pattern);
+  EXPECT_EQ(size.States(), GetParam().states);
+  EXPECT_EQ(size.Letters(), GetParam().states);
+  EXPECT_EQ(size.Transitions(), GetParam().transitions);
+  EXPECT_EQ(size.Comparisons(), GetParam().comparisons);
+  EXPECT_EQ(size.Widest(), GetParam().widest);
+  EXPECT_EQ(size.EmptyRepetitions(), GetParam().empty_repetitions);
+  EXPECT_EQ(size.MayBeEmpty(), GetParam().may_be_empty);
+}
+
+INSTANTIATE_TEST_SUITE_P(AutomatonSize, PatternSize,
+                         ::testing::Values(Row{"", 0, 0, 0, 1, 0, true}, Row{"abc", 3, 3, 3, 1, 0, false},
+                                           Row{"a|b|c", 3, 3, 9, 3, 0, false}, Row{"a?b?c?", 3, 6, 14, 3, 0, true},
+                                           Row{"a*", 1, 2, 2, 1, 0, true}, Row{"(ab)+c", 3, 4, 6, 2, 0, false},
+                                           Row{"(a|b){1,1000}", 2, 6, 12, 2, 0, false},
+                                           Row{"(a|b){0,3}", 2, 6, 12, 2, 0, true}, Row{"(a?)*", 1, 2, 2, 1, 1, true},
+                                           Row{"((a*)*)*", 1, 2, 2, 1, 2, true},
+                                           Row{"(a*b*){2,9}c", 3, 12, 36, 3, 1, false},
+                                           Row{"[a-z-[aeiou]]x", 2, 2, 2, 1, 0, false},
+                                           Row{R"([\]|*]\)\p{Lu}é)", 4, 4, 4, 1, 0, false},
+                                           // What is no expression has some size.
+                                           Row{"a)b", 2, 2, 2, 1, 0, false}, Row{"(a", 1, 1, 1, 1, 0, false},
+                                           Row{"[a", 1, 1, 1, 1, 0, false}, Row{"a{2", 1, 2, 2, 1, 0, false},
+                                           Row{"\\", 1, 1, 1, 1, 0, false}, Row{"|*)", 1, 1, 1, 1, 0, true}));
+
+TEST(AutomatonSize, GroupsMayBeNestedAsDeepAsOneLikes) {
+  const std::string open(50'000, '(');
+  EXPECT_GT(AutomatonSize::OfPattern(open + "a" + std::string(50'000, ')')).States(), 0);
+  EXPECT_GT(AutomatonSize::OfPattern(std::string(50'000, '[')).States(), 0);
+}
+
+TEST(AutomatonSize, AWildcardIsOneStateForManyNames) {
+  AutomatonSize size = AutomatonSize::Wildcard(10);
+  size.Then(AutomatonSize::Symbols(3));
+  EXPECT_EQ(size.States(), 4);
+  EXPECT_EQ(size.Letters(), 13);
+  EXPECT_EQ(size.Transitions(), 13);
+  EXPECT_EQ(size.Comparisons(), 109);
+}
+
+TEST(AutomatonSize, InAnyOrderEveryPartLeadsToEveryOther) {
+  AutomatonSize size = AutomatonSize::Symbols(1);
+  for (int i = 0; i < 3; ++i) size.Or(AutomatonSize::Symbols(1));
+  size.InAnyOrder();
+  EXPECT_EQ(size.Transitions(), 8);
+  EXPECT_EQ(size.Comparisons(), 32);
+}
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,194 @@
+#include <zevo/platform/AutomatonSize.h>
+
+#include <zevo/platform/Text.h>
+
+#include <algorithm>
+
+namespace zevo {
+namespace {
+
+// Reads a regular expression by its precedence: alternatives of sequences of quantified atoms.
+class Expression {
+ public:
+  explicit Expression(std::string_view text) : left_(text) {}
+
+  AutomatonSize Read() {
+    AutomatonSize size = Alternatives(0);
+    // A bracket too many: libxml2 refuses it.
+    while (!left_.empty()) {
+      left_.remove_prefix(1);
+      size.Then(Alternatives(0));
+    }
+    return size;
+  }
+
+ private:
+  // libxml2 refuses deeper ones.
+  static constexpr int kDeepest = 100;
+
+  AutomatonSize Alternatives(int depth) {
+    AutomatonSize size = Sequence(depth);
+    while (Take('|')) size.Or(Sequence(depth));
+    return size;
+  }
+
+  AutomatonSize Sequence(int depth) {
+    AutomatonSize size;
+    while (!left_.empty() && left_.front() != '|' && left_.front() != ')') {
+      AutomatonSize atom = Atom(depth);
+      while (Quantify(atom)) continue;
+      size.Then(atom);
+    }
+    return size;
+  }
+
+  AutomatonSize Atom(int depth) {
+    if (depth < kDeepest && Take('(')) {
+      const AutomatonSize size = Alternatives(depth + 1);
+      Take(')');
+      return size;
+    }
+    if (left_.front() == '[') {
+      SkipClass();
+    } else if (Take('\\')) {
+      if (!left_.empty()) TakeCharacter(left_);
+      if (left_.starts_with('{')) SkipTo('}');
+    } else {
+      TakeCharacter(left_);
+    }
+    return AutomatonSize::Symbols(1);
+  }
+
+  // Classes may be taken off each other, each in brackets of its own.
+  void SkipClass() {
+    int open = 0;
+    do {
+      if (Take('\\')) {
+        if (!left_.empty()) left_.remove_prefix(1);
+        continue;
+      }
+      if (left_.front() == '[') ++open;
+      if (left_.front() == ']') --open;
+      left_.remove_prefix(1);
+    } while (open > 0 && !left_.empty());
+  }
+
+  void SkipTo(char end) { left_.remove_prefix(std::min(left_.find(end), left_.size() - 1) + 1); }
+
+  bool Quantify(AutomatonSize& atom) {
+    if (left_.empty()) return false;
+    const char sign = left_.front();
+    if (sign == '{') {
+      const bool fromZero = left_.starts_with("{0");
+      SkipTo('}');
+      atom.Repeated();
+      if (fromZero) atom.Optional();
+      return true;
+    }
+    if (sign != '?' && sign != '*' && sign != '+') return false;
+    left_.remove_prefix(1);
+    if (sign != '?') atom.Repeated();
+    if (sign != '+') atom.Optional();
+    return true;
+  }
+
+  bool Take(char c) {
+    if (!left_.starts_with(c)) return false;
+    left_.remove_prefix(1);
+    return true;
+  }
+
+  std::string_view left_;
+};
+
+}  // namespace
+
+AutomatonSize AutomatonSize::Symbols(double count) {
+  AutomatonSize size;
+  size.states_ = size.letters_ = size.first_ = size.last_ = count;
+  size.may_be_empty_ = false;
+  return size;
+}
+
+AutomatonSize AutomatonSize::Wildcard(double count) {
+  AutomatonSize size = Symbols(count);
+  size.states_ = size.last_ = 1;
+  return size;
+}
+
+AutomatonSize AutomatonSize::OfPattern(std::string_view expression) { return Expression(expression).Read(); }
+
+void AutomatonSize::Then(const AutomatonSize& next) {
+  if (states_ == 0) {
+    const int repetitions = empty_repetitions_;
+    *this = next;
+    empty_repetitions_ += repetitions;
+    return;
+  }
+  states_ += next.states_;
+  letters_ += next.letters_;
+  // What may be last here goes on to what may be first there.
+  comparisons_ += 2 * next.first_ * last_transitions_ + last_ * next.first_ * next.first_ + next.comparisons_;
+  transitions_ += last_ * next.first_ + next.transitions_;
+  last_transitions_ += last_ * next.first_;
+  last_widest_ += next.first_;
+  widest_ = std::max({widest_, last_widest_, next.widest_});
+  if (may_be_empty_) first_ += next.first_;
+  if (next.may_be_empty_) {
+    last_ += next.last_;
+    last_transitions_ += next.last_transitions_;
+    last_widest_ = std::max(last_widest_, next.last_widest_);
+  } else {
+    last_ = next.last_;
+    last_transitions_ = next.last_transitions_;
+    last_widest_ = next.last_widest_;
+  }
+  may_be_empty_ = may_be_empty_ && next.may_be_empty_;
+  empty_repetitions_ += next.empty_repetitions_;
+  if (next.states_ > 0) repeated_ = false;
+}
+
+void AutomatonSize::Or(const AutomatonSize& other) {
+  states_ += other.states_;
+  letters_ += other.letters_;
+  first_ += other.first_;
+  last_ += other.last_;
+  last_transitions_ += other.last_transitions_;
+  last_widest_ = std::max(last_widest_, other.last_widest_);
+  transitions_ += other.transitions_;
+  comparisons_ += other.comparisons_;
+  widest_ = std::max(widest_, other.widest_);
+  empty_repetitions_ += other.empty_repetitions_;
+  may_be_empty_ = may_be_empty_ || other.may_be_empty_;
+  repeated_ = false;
+}
+
+// One state, to which every part leads back.
+void AutomatonSize::InAnyOrder() {
+  states_ = last_ = 1;
+  transitions_ = last_transitions_ = last_widest_ = widest_ = first_;
+  comparisons_ = first_ * first_;
+}
+
+void AutomatonSize::Repeated() {
+  if (may_be_empty_ && states_ > 0) ++empty_repetitions_;
+  // Those ways are there already.
+  if (repeated_) return;
+  comparisons_ += 2 * first_ * last_transitions_ + last_ * first_ * first_;
+  transitions_ += last_ * first_;
+  last_transitions_ += last_ * first_;
+  last_widest_ += first_;
+  widest_ = std::max(widest_, last_widest_);
+  repeated_ = true;
+}
+
+// Two ways to the same symbol are one in the end: no state has more transitions than there are symbols.
+double AutomatonSize::Transitions() const { return std::min(first_ + transitions_, (states_ + 1) * letters_); }
+
+double AutomatonSize::Comparisons() const {
+  return std::min(first_ * first_ + comparisons_, (states_ + 1) * letters_ * letters_);
+}
+
+double AutomatonSize::Widest() const { return std::max(1.0, std::min(std::max(first_, widest_), letters_)); }
+
+}  // namespace zevo

@@ -1,0 +1,424 @@
+#include <zevo/platform/SchemaRestrictions.h>
+
+#include <libxml/xmlerror.h>
+#include <zevo/Error.h>
+#include <zevo/platform/AutomatonSize.h>
+#include <zevo/platform/Text.h>
+#include <zevo/platform/XmlError.h>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace zevo {
+namespace {
+
+std::string_view ValueOf(Element element, std::string_view attribute) {
+  return element.Attribute(attribute).value_or(std::string_view());
+}
+
+// The names in a list of qualified names, without their prefixes: definitions are known by what follows it.
+template <class Action>
+void ForEachName(std::string_view list, Action&& action) {
+  constexpr std::string_view kSpaces = " \t\r\n";
+  for (size_t begin; (begin = list.find_first_not_of(kSpaces)) != std::string_view::npos;) {
+    list.remove_prefix(begin);
+    const std::string_view name = list.substr(0, list.find_first_of(kSpaces));
+    list.remove_prefix(name.size());
+    action(name.substr(name.find(':') + 1));
+  }
+}
+
+int CountNames(std::string_view list) {
+  int count = 0;
+  ForEachName(list, [&](std::string_view) { ++count; });
+  return count;
+}
+
+bool IsOneOf(std::string_view name, std::initializer_list<std::string_view> names) {
+  return std::ranges::find(names, name) != names.end();
+}
+
+bool IsModelGroup(std::string_view name) { return IsOneOf(name, {"sequence", "choice", "all", "group"}); }
+
+// Facets whose values are values of the type that is restricted.
+bool HasValueOfBase(std::string_view facet) {
+  return IsOneOf(facet, {"enumeration", "minInclusive", "maxInclusive", "minExclusive", "maxExclusive"});
+}
+
+// Nodes by name; of several the first.
+using Globals = std::unordered_map<std::string, Element>;
+
+// What is kept of a global definition once it has been looked at; nothing while that is being done: a definition that
+// leads back to itself is an error of its own, which libxml2 finds.
+template <class Value>
+using Known = std::unordered_map<const Node*, std::optional<Value>>;
+
+class Restrictions {
+ public:
+  Restrictions(const Document& document, std::string_view errorSource)
+      : document_(document), schema_(document.Root()), source_(errorSource) {}
+
+  void Check(std::string_view targetNamespace) {
+    // Whatever else it may be, libxml2 refuses it.
+    if (schema_.Name() != "schema") return;
+    RequireNamespace(targetNamespace);
+    int elements = 0;
+    ForEachElement([&](Element element) {
+      if (++elements > SchemaLimits::kElements) Refuse("tem mais de 10 000 elementos");
+      if (IsOneOf(element.Name(), {"include", "import", "redefine"}) && element.Attribute("schemaLocation")) {
+        throw XmlError(XML_SCHEMAP_SRC_INCLUDE, source_, "O esquema remete para outro ficheiro", 0, 0);
+      }
+    });
+    for (const Element global : schema_.Children()) {
+      const std::string name(ValueOf(global, "name"));
+      if (!name.empty()) definitions_[name].push_back(global);
+      if (Globals* const globals = GlobalsOf(global.Name())) globals->try_emplace(name, global);
+    }
+    RequireShortChains();
+    CountSubstitutions();
+    ForEachElement([&](Element element) { Weigh(element); });
+    if (seconds_ > SchemaLimits::kSeconds) Refuse("levaria tempo de mais a preparar");
+    if (bytes_ > SchemaLimits::kBytes) Refuse("levaria memória de mais a preparar");
+  }
+
+ private:
+  [[noreturn]] void Refuse(std::string_view reason, Element place = {}) const {
+    std::string text = "O esquema ";
+    text.append(reason);
+    if (place) {
+      while (place.Parent() != schema_) place = place.Parent();
+      text.append(", em «").append(ValueOf(place, "name")).append("»");
+    }
+    throw XmlError(XML_ERR_USER_STOP, source_, text, 0, 0);
+  }
+
+  template <class Action>
+  void ForEachElement(Action&& action) const {
+    for (Node* node = schema_.node(); node != nullptr; node = document_.Following(node, schema_.node())) {
+      if (node->Kind() == NodeKind::kElement) action(Element(node));
+    }
+  }
+
+  void RequireNamespace(std::string_view wanted) const {
+    const std::string_view found = ValueOf(schema_, "targetNamespace");
+    if (found == wanted) return;
+    const auto named = [](std::string_view name, std::string_view none) {
+      return name.empty() ? std::string(none) : std::string("do espaço de nomes «").append(name).append("»");
+    };
+    Refuse("é " + named(found, "de nenhum espaço de nomes") + ", mas " +
+           (wanted.empty() ? "não pode ter espaço de nomes" : "tem de ser " + named(wanted, {})));
+  }
+
+  Globals* GlobalsOf(std::string_view kind) {
+    if (kind == "element") return &elements_;
+    if (kind == "attribute") return &attributes_;
+    if (kind == "group") return &groups_;
+    return IsOneOf(kind, {"simpleType", "complexType"}) ? &types_ : nullptr;
+  }
+
+  static Element Find(const Globals& globals, std::string_view name) {
+    const auto found = globals.find(std::string(name.substr(name.find(':') + 1)));
+    return found == globals.end() ? Element() : found->second;
+  }
+
+  // Chains of references, and what comes out where definitions are put in each other's places.
+
+  struct Reach {
+    int chain = 0;  // references
+    int nesting = 0;
+    double elements = 0;
+  };
+
+  void RequireShortChains() {
+    double elements = 0;
+    for (const Element global : schema_.Children()) {
+      elements += ReachOf(global, 0, 1).elements;
+      if (elements > SchemaLimits::kGrownElements) {
+        Refuse("tem definições que remetem umas para outras vezes de mais", global);
+      }
+    }
+  }
+
+  // `chain` and `nesting` are those that lead here.
+  Reach ReachOf(Element global, int chain, int nesting) {
+    const auto [known, added] = reaches_.try_emplace(global.node(), std::nullopt);
+    if (!added) return known->second.value_or(Reach());
+    const Reach reach = ReachWithin(global, chain, nesting);
+    reaches_[global.node()] = reach;
+    return reach;
+  }
+
+  Reach ReachWithin(Element element, int chain, int nesting) {
+    Reach reach{0, 1, 1.0 + CountNames(ValueOf(element, "namespace"))};
+    const auto refer = [&](std::string_view attribute, bool takesIn) {
+      ForEachName(ValueOf(element, attribute), [&](std::string_view name) {
+        const auto found = definitions_.find(std::string(name));
+        if (found == definitions_.end()) return;
+        for (const Element global : found->second) {
+          const Reach other = ReachOf(global, chain + 1, nesting + 1);
+          reach.chain = std::max(reach.chain, other.chain + 1);
+          reach.nesting = std::max(reach.nesting, other.nesting + 1);
+          if (takesIn) reach.elements = std::min(reach.elements + other.elements, SchemaLimits::kGrownElements + 1.0);
+        }
+      });
+    };
+    refer("ref", IsOneOf(element.Name(), {"group", "attributeGroup"}));
+    for (const std::string_view attribute : {"base", "itemType", "memberTypes"}) refer(attribute, true);
+    for (const std::string_view attribute : {"type", "substitutionGroup"}) refer(attribute, false);
+    if (std::max(chain, reach.chain) > SchemaLimits::kChain) {
+      Refuse("tem definições que remetem umas para outras vezes de mais: são mais de 500 em cadeia", element);
+    }
+    if (std::max(nesting, reach.nesting) > SchemaLimits::kNesting) {
+      Refuse("tem definições que remetem umas para outras vezes de mais: são mais de 2000 níveis", element);
+    }
+    for (const Element child : element.Children()) {
+      const Reach inner = ReachWithin(child, chain, nesting + 1);
+      reach.chain = std::max(reach.chain, inner.chain);
+      reach.nesting = std::max(reach.nesting, inner.nesting + 1);
+      reach.elements += inner.elements;
+    }
+    return reach;
+  }
+
+  // How many elements may stand in the place of another, also by way of others.
+  void CountSubstitutions() {
+    for (const auto& [name, element] : elements_) {
+      const auto head = element.Attribute("substitutionGroup");
+      if (const Element found = head ? Find(elements_, *head) : Element()) members_[found.node()].push_back(element);
+    }
+    double pairs = 0;
+    for (const auto& [head, members] : members_) pairs += SubstitutesOf(head);
+    Spend(pairs * 50e-9, pairs * 14);
+  }
+
+  double SubstitutesOf(const Node* head) {
+    const auto [known, added] = substitutes_.try_emplace(head, std::nullopt);
+    if (!added) return known->second.value_or(0);
+    double count = 0;
+    if (const auto members = members_.find(head); members != members_.end()) {
+      for (const Element member : members->second) count += 1 + SubstitutesOf(member.node());
+    }
+    substitutes_[head] = count;
+    return count;
+  }
+
+  // Content models, patterns and values: what makes work of its own.
+  void Weigh(Element element) {
+    const std::string_view name = element.Name();
+    if (name == "complexType") {
+      SpendOnModel(ModelOf(element), element);
+    } else if (name == "pattern") {
+      const AutomatonSize size = AutomatonSize::OfPattern(ValueOf(element, "value"));
+      SpendOnAutomaton(size, element);
+    } else if (IsOneOf(name, {"simpleType", "simpleContent"})) {
+      WeighValues(element);
+    } else if (IsOneOf(name, {"element", "attribute"})) {
+      for (const std::string_view attribute : {"default", "fixed"}) {
+        if (const auto value = element.Attribute(attribute)) SpendOnValue(*value, TypeOf(element));
+      }
+    }
+  }
+
+  void Spend(double seconds, double bytes) {
+    seconds_ += seconds;
+    bytes_ += bytes;
+  }
+
+  void SpendOnAutomaton(const AutomatonSize& size, Element place) {
+    if (size.EmptyRepetitions() > SchemaLimits::kEmptyRepetitions) {
+      Refuse("repete em mais de 8 sítios do mesmo conteúdo, ou do mesmo padrão, o que pode estar vazio", place);
+    }
+    // Wildcards take longer to compare, and more ways from state to state are more to compare.
+    const double ways = (size.EmptyRepetitions() + 1.0) * (size.Letters() > size.States() ? 2 : 1);
+    Spend(size.Comparisons() * ways * 6.5e-9 + size.States() * 1e-6, size.Transitions() * 70 + size.States() * 450);
+  }
+
+  struct Model {
+    AutomatonSize size;
+    double particles = 0;
+  };
+
+  void SpendOnModel(const Model& model, Element type) {
+    if (model.particles > SchemaLimits::kParticles) Refuse("tem um conteúdo de mais de 500 elementos", type);
+    SpendOnAutomaton(model.size, type);
+    // A table of every state and every name.
+    Spend(0, (model.size.States() + 1) * (model.size.Letters() + 1) * 12);
+  }
+
+  // The content of a complex type: that of the type it extends, then its own.
+  Model ModelOf(Element type) {
+    const auto [known, added] = models_.try_emplace(type.node(), std::nullopt);
+    if (!added) return known->second.value_or(Model());
+    Model model;
+    const auto add = [&](const Model& more) {
+      model.size.Then(more.size);
+      model.particles += more.particles;
+    };
+    Element content = type;
+    if (const Element complex = document_.FirstChild(type, "complexContent")) {
+      content = document_.FirstChild(complex, "restriction");
+      if (const Element extension = document_.FirstChild(complex, "extension")) {
+        content = extension;
+        if (const Element base = Find(types_, ValueOf(extension, "base"))) add(ModelOf(base));
+      }
+    }
+    if (content) {
+      for (const Element child : content.Children()) {
+        if (IsModelGroup(child.Name())) add(ParticleOf(child));
+      }
+    }
+    models_[type.node()] = model;
+    return model;
+  }
+
+  Model ParticleOf(Element particle) {
+    Model model = TermOf(particle);
+    const auto times = [&](std::string_view attribute) {
+      std::string_view count = particle.Attribute(attribute).value_or("1");
+      count = count.substr(std::min(count.find_first_not_of(" \t\r\n+-0"), count.size()));
+      return count.substr(0, count.find_last_not_of(" \t\r\n") + 1);
+    };
+    if (times("maxOccurs").size() > 1 || times("maxOccurs") > "1" || times("minOccurs").size() > 1 ||
+        times("minOccurs") > "1") {
+      model.size.Repeated();
+    }
+    if (times("minOccurs").empty()) model.size.Optional();
+    return model;
+  }
+
+  Model TermOf(Element particle) {
+    const std::string_view name = particle.Name();
+    if (name == "any") return {AutomatonSize::Wildcard(std::max(2, CountNames(ValueOf(particle, "namespace")))), 1};
+    if (name == "element") {
+      const Element global = Find(elements_, ValueOf(particle, "ref"));
+      return {AutomatonSize::Symbols(global ? 1 + SubstitutesOf(global.node()) : 1), 1};
+    }
+    if (name == "group" && particle.Attribute("ref")) {
+      const Element group = Find(groups_, ValueOf(particle, "ref"));
+      return group ? GroupOf(group) : Model();
+    }
+    Model model;
+    bool first = true;
+    for (const Element child : particle.Children()) {
+      if (!IsModelGroup(child.Name()) && !IsOneOf(child.Name(), {"element", "any"})) continue;
+      const Model part = ParticleOf(child);
+      model.particles += part.particles;
+      if (first) {
+        model.size = part.size;
+      } else if (name == "sequence") {
+        model.size.Then(part.size);
+      } else {
+        model.size.Or(part.size);
+      }
+      first = false;
+    }
+    if (name == "all") model.size.InAnyOrder();
+    return model;
+  }
+
+  Model GroupOf(Element group) {
+    const auto [known, added] = models_.try_emplace(group.node(), std::nullopt);
+    if (!added) return known->second.value_or(Model());
+    const Model model = TermOf(group);
+    models_[group.node()] = model;
+    return model;
+  }
+
+  // What a value of a simple type is looked up in.
+  struct Scope {
+    double types = 0;  // and their facets
+    double patterns = 0;
+    double widest = 1;  // of the patterns
+
+    void Add(const Scope& other) {
+      types += other.types;
+      patterns += other.patterns;
+      widest = std::max(widest, other.widest);
+    }
+  };
+
+  Scope ScopeOf(Element type) {
+    if (!type) return {};
+    const auto [known, added] = scopes_.try_emplace(type.node(), std::nullopt);
+    if (!added) return known->second.value_or(Scope());
+    Scope scope{1};
+    const bool isSimple = type.Name() == "simpleType";
+    const Element definition = isSimple ? type : document_.FirstChild(type, "simpleContent");
+    for (const Element variety : definition ? definition.Children() : ElementRange(Element())) {
+      scope.Add(BaseOf(variety));
+      for (const Element facet : variety.Children()) {
+        ++scope.types;
+        if (facet.Name() != "pattern") continue;
+        ++scope.patterns;
+        scope.widest = std::max(scope.widest, AutomatonSize::OfPattern(ValueOf(facet, "value")).Widest());
+      }
+    }
+    scopes_[type.node()] = scope;
+    return scope;
+  }
+
+  // That of the types which a restriction, a list or a union is made of.
+  Scope BaseOf(Element variety) {
+    Scope scope;
+    for (const std::string_view attribute : {"base", "itemType", "memberTypes"}) {
+      ForEachName(ValueOf(variety, attribute), [&](std::string_view name) { scope.Add(ScopeOf(Find(types_, name))); });
+    }
+    for (const Element child : variety.Children()) {
+      if (child.Name() == "simpleType") scope.Add(ScopeOf(child));
+    }
+    return scope;
+  }
+
+  Scope TypeOf(Element declaration) {
+    if (const Element global = Find(attributes_, ValueOf(declaration, "ref"))) declaration = global;
+    Scope scope = ScopeOf(Find(types_, ValueOf(declaration, "type")));
+    if (const Element type = document_.FirstChild(declaration, "simpleType")) scope.Add(ScopeOf(type));
+    return scope;
+  }
+
+  void WeighValues(Element type) {
+    const Element restriction = document_.FirstChild(type, "restriction");
+    if (!restriction) return;
+    const Scope base = BaseOf(restriction);
+    for (const Element facet : restriction.Children()) {
+      if (HasValueOfBase(facet.Name())) SpendOnValue(ValueOf(facet, "value"), base);
+    }
+  }
+
+  // libxml2 tries every way through a pattern, up to so many steps.
+  void SpendOnValue(std::string_view value, const Scope& scope) {
+    constexpr double kMostSteps = 1e7;
+    const auto length = static_cast<double>(value.size());
+    const double steps = std::min(std::pow(scope.widest, length), kMostSteps) + length;
+    Spend(scope.types * 60e-9 + scope.patterns * (1e-6 + steps * (15e-9 + scope.widest * 4e-9)), 0);
+  }
+
+  const Document& document_;
+  Element schema_;
+  std::string_view source_;
+  std::unordered_map<std::string, std::vector<Element>> definitions_;  // of any kind
+  Globals elements_;
+  Globals attributes_;
+  Globals groups_;
+  Globals types_;
+  Known<Reach> reaches_;
+  Known<Model> models_;
+  Known<Scope> scopes_;
+  std::unordered_map<const Node*, std::vector<Element>> members_;  // of substitution groups, by their heads
+  Known<double> substitutes_;
+  double seconds_ = 0;
+  double bytes_ = 0;
+};
+
+}  // namespace
+
+void RequireModestSchema(const Document& schema, std::string_view targetNamespace, std::string_view errorSource) {
+  Restrictions(schema, errorSource).Check(targetNamespace);
+}
+
+}  // namespace zevo
