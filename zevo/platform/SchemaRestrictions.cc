@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
+#include <cstddef>
+#include <deque>
+#include <initializer_list>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -53,11 +55,6 @@ bool HasValueOfBase(std::string_view facet) {
 // Nodes by name; of several the first.
 using Globals = std::unordered_map<std::string, Element>;
 
-// What is kept of a global definition once it has been looked at; nothing while that is being done: a definition that
-// leads back to itself is an error of its own, which libxml2 finds.
-template <class Value>
-using Known = std::unordered_map<const Node*, std::optional<Value>>;
-
 class Restrictions {
  public:
   Restrictions(const Document& document, std::string_view errorSource)
@@ -74,13 +71,10 @@ class Restrictions {
         throw XmlError(XML_SCHEMAP_SRC_INCLUDE, source_, "O esquema remete para outro ficheiro", 0, 0);
       }
     });
-    for (const Element global : schema_.Children()) {
-      const std::string name(ValueOf(global, "name"));
-      if (!name.empty()) definitions_[name].push_back(global);
-      if (Globals* const globals = GlobalsOf(global.Name())) globals->try_emplace(name, global);
-    }
+    CollectGlobals();
     RequireShortChains();
     CountSubstitutions();
+    for (const Global* global : order_) Measure(global->node);
     ForEachElement([&](Element element) { Weigh(element); });
     if (seconds_ > SchemaLimits::kSeconds) Refuse("levaria tempo de mais a preparar");
     if (bytes_ > SchemaLimits::kBytes) Refuse("levaria memória de mais a preparar");
@@ -126,85 +120,131 @@ class Restrictions {
     return found == globals.end() ? Element() : found->second;
   }
 
-  // Chains of references, and what comes out where definitions are put in each other's places.
+  // Chains of references, and what comes out where definitions are put in each other's places. Chains may be long, so
+  // none of this calls itself.
 
-  struct Reach {
-    int chain = 0;  // references
+  struct Global {
+    struct Reference {
+      Global* to;
+      int depth;      // of the place it stands at
+      bool takes_in;  // what it refers to is put in its place
+    };
+    enum class State { kUnseen, kOpen, kDone };
+
+    Element node;
+    std::vector<Reference> references;
+    State state = State::kUnseen;
+    size_t next = 0;  // the reference to follow
+    // With what is referred to. Before that, without.
+    int chain = 0;
     int nesting = 0;
     double elements = 0;
   };
 
-  void RequireShortChains() {
-    double elements = 0;
-    for (const Element global : schema_.Children()) {
-      elements += ReachOf(global, 0, 1).elements;
-      if (elements > SchemaLimits::kGrownElements) {
-        Refuse("tem definições que remetem umas para outras vezes de mais", global);
+  void CollectGlobals() {
+    std::unordered_map<std::string, std::vector<Global*>> definitions;  // one of each kind
+    for (const Element node : schema_.Children()) {
+      Global& global = globals_.emplace_back();
+      global.node = node;
+      const std::string name(ValueOf(node, "name"));
+      if (Globals* const globals = GlobalsOf(node.Name())) globals->try_emplace(name, node);
+      std::vector<Global*>& named = definitions[name];
+      if (std::ranges::none_of(named, [&](const Global* other) { return other->node.Name() == node.Name(); })) {
+        named.push_back(&global);
+      }
+    }
+    for (Global& global : globals_) {
+      std::vector<Element> around;
+      for (Node* node = global.node.node(); node != nullptr; node = document_.Following(node, global.node.node())) {
+        if (node->Kind() != NodeKind::kElement) continue;
+        const Element element(node);
+        while (!around.empty() && around.back() != element.Parent()) around.pop_back();
+        around.push_back(element);
+        const auto depth = static_cast<int>(around.size());
+        global.nesting = std::max(global.nesting, depth);
+        global.elements += 1 + CountNames(ValueOf(element, "namespace"));
+        const auto refer = [&](std::string_view attribute, bool takesIn) {
+          ForEachName(ValueOf(element, attribute), [&](std::string_view name) {
+            const auto found = definitions.find(std::string(name));
+            if (found == definitions.end()) return;
+            for (Global* to : found->second) global.references.push_back({to, depth, takesIn});
+          });
+        };
+        refer("ref", IsOneOf(element.Name(), {"group", "attributeGroup"}));
+        for (const std::string_view attribute : {"base", "itemType", "memberTypes"}) refer(attribute, true);
+        for (const std::string_view attribute : {"type", "substitutionGroup"}) refer(attribute, false);
       }
     }
   }
 
-  // `chain` and `nesting` are those that lead here.
-  Reach ReachOf(Element global, int chain, int nesting) {
-    const auto [known, added] = reaches_.try_emplace(global.node(), std::nullopt);
-    if (!added) return known->second.value_or(Reach());
-    const Reach reach = ReachWithin(global, chain, nesting);
-    reaches_[global.node()] = reach;
-    return reach;
-  }
-
-  Reach ReachWithin(Element element, int chain, int nesting) {
-    Reach reach{0, 1, 1.0 + CountNames(ValueOf(element, "namespace"))};
-    const auto refer = [&](std::string_view attribute, bool takesIn) {
-      ForEachName(ValueOf(element, attribute), [&](std::string_view name) {
-        const auto found = definitions_.find(std::string(name));
-        if (found == definitions_.end()) return;
-        for (const Element global : found->second) {
-          const Reach other = ReachOf(global, chain + 1, nesting + 1);
-          reach.chain = std::max(reach.chain, other.chain + 1);
-          reach.nesting = std::max(reach.nesting, other.nesting + 1);
-          if (takesIn) reach.elements = std::min(reach.elements + other.elements, SchemaLimits::kGrownElements + 1.0);
+  void RequireShortChains() {
+    double elements = 0;
+    std::vector<Global*> open;
+    for (Global& global : globals_) {
+      if (global.state == Global::State::kUnseen) open.push_back(&global);
+      while (!open.empty()) {
+        Global& last = *open.back();
+        last.state = Global::State::kOpen;
+        if (last.next < last.references.size()) {
+          Global* const to = last.references[last.next++].to;
+          if (to->state == Global::State::kUnseen) open.push_back(to);
+          continue;
         }
-      });
-    };
-    refer("ref", IsOneOf(element.Name(), {"group", "attributeGroup"}));
-    for (const std::string_view attribute : {"base", "itemType", "memberTypes"}) refer(attribute, true);
-    for (const std::string_view attribute : {"type", "substitutionGroup"}) refer(attribute, false);
-    if (std::max(chain, reach.chain) > SchemaLimits::kChain) {
-      Refuse("tem definições que remetem umas para outras vezes de mais: são mais de 500 em cadeia", element);
+        open.pop_back();
+        Finish(last);
+      }
+      elements += global.elements;
+      if (elements > SchemaLimits::kGrownElements) {
+        Refuse("tem definições que remetem umas para outras vezes de mais", global.node);
+      }
     }
-    if (std::max(nesting, reach.nesting) > SchemaLimits::kNesting) {
-      Refuse("tem definições que remetem umas para outras vezes de mais: são mais de 2000 níveis", element);
-    }
-    for (const Element child : element.Children()) {
-      const Reach inner = ReachWithin(child, chain, nesting + 1);
-      reach.chain = std::max(reach.chain, inner.chain);
-      reach.nesting = std::max(reach.nesting, inner.nesting + 1);
-      reach.elements += inner.elements;
-    }
-    return reach;
   }
 
-  // How many elements may stand in the place of another, also by way of others.
-  void CountSubstitutions() {
-    for (const auto& [name, element] : elements_) {
-      const auto head = element.Attribute("substitutionGroup");
-      if (const Element found = head ? Find(elements_, *head) : Element()) members_[found.node()].push_back(element);
+  // Once all that it refers to is finished, save what leads back to it.
+  void Finish(Global& global) {
+    for (const auto& [to, depth, takesIn] : global.references) {
+      if (to->state != Global::State::kDone) continue;
+      global.chain = std::max(global.chain, to->chain + 1);
+      global.nesting = std::max(global.nesting, to->nesting + depth);
+      if (takesIn) global.elements = std::min(global.elements + to->elements, SchemaLimits::kGrownElements + 1.0);
     }
+    if (global.chain > SchemaLimits::kChain) {
+      Refuse("tem definições que remetem umas para outras vezes de mais: são mais de 500 em cadeia", global.node);
+    }
+    if (global.nesting > SchemaLimits::kNesting) {
+      Refuse("tem definições que remetem umas para outras vezes de mais: são mais de 2000 níveis", global.node);
+    }
+    global.state = Global::State::kDone;
+    order_.push_back(&global);
+  }
+
+  // How many elements may stand in the place of another, also by way of others: members come before their heads.
+  void CountSubstitutions() {
     double pairs = 0;
-    for (const auto& [head, members] : members_) pairs += SubstitutesOf(head);
+    for (auto global = order_.rbegin(); global != order_.rend(); ++global) {
+      const Element member = (*global)->node;
+      const auto name = member.Attribute("substitutionGroup");
+      const Element head = name ? Find(elements_, *name) : Element();
+      if (!head) continue;
+      substitutes_[head.node()] += 1 + substitutes_[member.node()];
+      pairs += 1 + substitutes_[member.node()];
+    }
     Spend(pairs * 50e-9, pairs * 14);
   }
 
-  double SubstitutesOf(const Node* head) {
-    const auto [known, added] = substitutes_.try_emplace(head, std::nullopt);
-    if (!added) return known->second.value_or(0);
-    double count = 0;
-    if (const auto members = members_.find(head); members != members_.end()) {
-      for (const Element member : members->second) count += 1 + SubstitutesOf(member.node());
-    }
-    substitutes_[head] = count;
-    return count;
+  // What others refer to is kept. In the order of the chains all that a definition refers to is known by then.
+  void Measure(Element global) {
+    const std::string_view kind = global.Name();
+    if (kind == "complexType") models_.emplace(global.node(), ModelOf(global));
+    if (kind == "group") models_.emplace(global.node(), TermOf(global));
+    if (IsOneOf(kind, {"simpleType", "complexType"})) scopes_.emplace(global.node(), ScopeOf(global));
+  }
+
+  // Nothing of a definition that leads back to itself, which is an error of its own that libxml2 finds.
+  template <class Value>
+  static Value KnownOf(const std::unordered_map<const Node*, Value>& known, Element global) {
+    const auto found = known.find(global.node());
+    return found == known.end() ? Value() : found->second;
   }
 
   // Content models, patterns and values: what makes work of its own.
@@ -251,9 +291,7 @@ class Restrictions {
   }
 
   // The content of a complex type: that of the type it extends, then its own.
-  Model ModelOf(Element type) {
-    const auto [known, added] = models_.try_emplace(type.node(), std::nullopt);
-    if (!added) return known->second.value_or(Model());
+  Model ModelOf(Element type) const {
     Model model;
     const auto add = [&](const Model& more) {
       model.size.Then(more.size);
@@ -264,7 +302,7 @@ class Restrictions {
       content = document_.FirstChild(complex, "restriction");
       if (const Element extension = document_.FirstChild(complex, "extension")) {
         content = extension;
-        if (const Element base = Find(types_, ValueOf(extension, "base"))) add(ModelOf(base));
+        add(KnownOf(models_, Find(types_, ValueOf(extension, "base"))));
       }
     }
     if (content) {
@@ -272,11 +310,10 @@ class Restrictions {
         if (IsModelGroup(child.Name())) add(ParticleOf(child));
       }
     }
-    models_[type.node()] = model;
     return model;
   }
 
-  Model ParticleOf(Element particle) {
+  Model ParticleOf(Element particle) const {
     Model model = TermOf(particle);
     const auto times = [&](std::string_view attribute) {
       std::string_view count = particle.Attribute(attribute).value_or("1");
@@ -291,16 +328,15 @@ class Restrictions {
     return model;
   }
 
-  Model TermOf(Element particle) {
+  Model TermOf(Element particle) const {
     const std::string_view name = particle.Name();
     if (name == "any") return {AutomatonSize::Wildcard(std::max(2, CountNames(ValueOf(particle, "namespace")))), 1};
     if (name == "element") {
       const Element global = Find(elements_, ValueOf(particle, "ref"));
-      return {AutomatonSize::Symbols(global ? 1 + SubstitutesOf(global.node()) : 1), 1};
+      return {AutomatonSize::Symbols(1 + KnownOf(substitutes_, global)), 1};
     }
     if (name == "group" && particle.Attribute("ref")) {
-      const Element group = Find(groups_, ValueOf(particle, "ref"));
-      return group ? GroupOf(group) : Model();
+      return KnownOf(models_, Find(groups_, ValueOf(particle, "ref")));
     }
     Model model;
     bool first = true;
@@ -321,14 +357,6 @@ class Restrictions {
     return model;
   }
 
-  Model GroupOf(Element group) {
-    const auto [known, added] = models_.try_emplace(group.node(), std::nullopt);
-    if (!added) return known->second.value_or(Model());
-    const Model model = TermOf(group);
-    models_[group.node()] = model;
-    return model;
-  }
-
   // What a value of a simple type is looked up in.
   struct Scope {
     double types = 0;  // and their facets
@@ -342,10 +370,7 @@ class Restrictions {
     }
   };
 
-  Scope ScopeOf(Element type) {
-    if (!type) return {};
-    const auto [known, added] = scopes_.try_emplace(type.node(), std::nullopt);
-    if (!added) return known->second.value_or(Scope());
+  Scope ScopeOf(Element type) const {
     Scope scope{1};
     const bool isSimple = type.Name() == "simpleType";
     const Element definition = isSimple ? type : document_.FirstChild(type, "simpleContent");
@@ -358,15 +383,15 @@ class Restrictions {
         scope.widest = std::max(scope.widest, AutomatonSize::OfPattern(ValueOf(facet, "value")).Widest());
       }
     }
-    scopes_[type.node()] = scope;
     return scope;
   }
 
   // That of the types which a restriction, a list or a union is made of.
-  Scope BaseOf(Element variety) {
+  Scope BaseOf(Element variety) const {
     Scope scope;
     for (const std::string_view attribute : {"base", "itemType", "memberTypes"}) {
-      ForEachName(ValueOf(variety, attribute), [&](std::string_view name) { scope.Add(ScopeOf(Find(types_, name))); });
+      ForEachName(ValueOf(variety, attribute),
+                  [&](std::string_view name) { scope.Add(KnownOf(scopes_, Find(types_, name))); });
     }
     for (const Element child : variety.Children()) {
       if (child.Name() == "simpleType") scope.Add(ScopeOf(child));
@@ -374,9 +399,9 @@ class Restrictions {
     return scope;
   }
 
-  Scope TypeOf(Element declaration) {
+  Scope TypeOf(Element declaration) const {
     if (const Element global = Find(attributes_, ValueOf(declaration, "ref"))) declaration = global;
-    Scope scope = ScopeOf(Find(types_, ValueOf(declaration, "type")));
+    Scope scope = KnownOf(scopes_, Find(types_, ValueOf(declaration, "type")));
     if (const Element type = document_.FirstChild(declaration, "simpleType")) scope.Add(ScopeOf(type));
     return scope;
   }
@@ -401,16 +426,15 @@ class Restrictions {
   const Document& document_;
   Element schema_;
   std::string_view source_;
-  std::unordered_map<std::string, std::vector<Element>> definitions_;  // of any kind
+  std::deque<Global> globals_;
+  std::vector<const Global*> order_;  // what is referred to before what refers to it
   Globals elements_;
   Globals attributes_;
   Globals groups_;
   Globals types_;
-  Known<Reach> reaches_;
-  Known<Model> models_;
-  Known<Scope> scopes_;
-  std::unordered_map<const Node*, std::vector<Element>> members_;  // of substitution groups, by their heads
-  Known<double> substitutes_;
+  std::unordered_map<const Node*, double> substitutes_;
+  std::unordered_map<const Node*, Model> models_;
+  std::unordered_map<const Node*, Scope> scopes_;
   double seconds_ = 0;
   double bytes_ = 0;
 };
