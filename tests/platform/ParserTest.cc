@@ -94,6 +94,22 @@ TEST(Parser, EqualNamesAreTheSamePointers) {
   EXPECT_EQ(pointers.names.size(), 2u);
 }
 
+TEST(Parser, NumbersNamesInTheirOrder) {
+  struct Numbers : testing::NoEvents {
+    void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
+      log += std::to_string(name.number);
+      for (const ParsedAttribute& attribute : attributes) log += "," + std::to_string(attribute.name.number);
+      log += " ";
+    }
+    void EndElement(const ParsedName& name) override { EXPECT_EQ(name.number, 0u); }
+    std::string log;
+  } numbers;
+  const testing::TemporaryFolder folder;
+  const std::string file = folder.Write("file", "<a k='' xmlns:p='p'><p:a k=''/><a p:k=''/><b a='' c=''/></a>");
+  Parser(file, "").Parse(numbers);
+  EXPECT_EQ(numbers.log, "2,0,1 3,1 2,4 6,2,5 ");
+}
+
 // Encodings.
 
 constexpr std::string_view kBody = "<a k=\"€\">São João, ½ € “ação”</a>";
@@ -465,6 +481,78 @@ TEST(Parser, AHugeCommentIsReadOrRefusedInTimeProportionalToItsSize) {
   const Parsing parsing;
   parsing.ExpectAccepted("<a><!--" + std::string(9'000'000, 'x') + "--></a>");
   EXPECT_LT(ProcessorSeconds([&] { parsing.VerdictOn("<a><!--" + std::string(50'000'000, 'x') + "--></a>"); }), 5);
+}
+
+std::string ManyNames(int count) {
+  std::string elements;
+  for (int i = 2; i < count; i += 2) elements += "<e" + std::to_string(i) + " k" + std::to_string(i) + "=''/>";
+  return "<a>\n" + elements + (count % 2 == 0 ? "<e/></a>" : "</a>");
+}
+
+TEST(Parser, TenThousandNamesPassAndOneMoreFails) {
+  const Parsing parsing;
+  parsing.ExpectAccepted(ManyNames(10'000));
+  const std::string many = ManyNames(10'000);
+  const std::string tooMany = many.substr(0, many.size() - 4);
+  EXPECT_EQ(
+      parsing.VerdictOn(tooMany + "<n/></a>").Description(),
+      "O ficheiro tem mais de 10 000 nomes de elementos e atributos " + Place(2, static_cast<int>(tooMany.size()) - 1));
+  ExpectBeyondLimit(parsing, tooMany + "<a n=''/></a>");
+  // A name with a prefix is another; the namespaces and what is in them are not counted here.
+  parsing.ExpectAccepted(tooMany + "<e xmlns:p='u' xmlns='v'/><?n ?></a>");
+  ExpectBeyondLimit(parsing, tooMany + "<p:e xmlns:p='u'/></a>");
+  ExpectBeyondLimit(parsing, tooMany + "<e xmlns:p='u' p:k2=''/></a>");
+}
+
+TEST(Parser, TenThousandOtherNamesPassAndOneMoreFails) {
+  const Parsing parsing;
+  std::string content = "<a>";
+  for (int i = 0; i < 5'000; ++i) content += "<?t" + std::to_string(i) + "?>";
+  for (int i = 0; i < 2'500; ++i) content += "<b xmlns:p" + std::to_string(i) + "='u" + std::to_string(i) + "'/>";
+  parsing.ExpectAccepted(content + "</a>");
+  parsing.ExpectAccepted(content + "<c/><c k=''/><?t0?><b xmlns:u0='p0'/></a>");
+  EXPECT_EQ(parsing.VerdictOn(content + "<?n?></a>").Description(),
+            "O ficheiro tem mais de 10 000 nomes de instruções, prefixos e espaços de nomes " +
+                Place(1, static_cast<int>(content.size()) + 6));
+  ExpectBeyondLimit(parsing, content + "<b xmlns='n'/></a>");
+  ExpectBeyondLimit(parsing, content + "<b xmlns:n='u1'/></a>");
+  ExpectBeyondLimit(parsing, content + "</a><?n?>");
+}
+
+std::string Declarations(int from, int count) {
+  std::string declarations;
+  for (int i = from; i < from + count; ++i) declarations += " xmlns:p" + std::to_string(i) + "='u'";
+  return declarations;
+}
+
+TEST(Parser, SixtyFourDeclarationsInScopePassAndOneMoreFails) {
+  const Parsing parsing;
+  parsing.ExpectAccepted("<a" + Declarations(0, 64) + "/>");
+  parsing.ExpectAccepted("<a xmlns=''" + Declarations(0, 32) + "><b" + Declarations(0, 31) + "/><b" +
+                         Declarations(40, 31) + "/></a>");
+  const std::string tag = "<a" + Declarations(0, 65);
+  EXPECT_EQ(
+      parsing.VerdictOn(tag + "></a>").Description(),
+      "Mais de 64 declarações de espaços de nomes valem ao mesmo tempo " + Place(1, static_cast<int>(tag.size()) + 1));
+  ExpectBeyondLimit(parsing, "<a" + Declarations(0, 64) + "><b xmlns='u'/></a>");
+  ExpectBeyondLimit(parsing, "<a" + Declarations(0, 63) + "><b><c xmlns='u'><d xmlns='u'/></c></b></a>");
+  ExpectBeyondLimit(parsing, "<a" + Declarations(0, 4'000) + "/>");
+}
+
+std::string Attributes(int count) {
+  std::string attributes;
+  for (int i = 0; i < count; ++i) attributes += " k" + std::to_string(i) + "=''";
+  return attributes;
+}
+
+TEST(Parser, TwoHundredAndFiftySixAttributesPassAndOneMoreFails) {
+  const Parsing parsing;
+  parsing.ExpectAccepted("<a" + Attributes(256) + "/>");
+  parsing.ExpectAccepted("<a" + Declarations(0, 64) + Attributes(256) + "><b" + Attributes(256) + "/></a>");
+  const std::string tag = "<b" + Attributes(257);
+  EXPECT_EQ(parsing.VerdictOn("<a>" + tag + "/></a>").Description(),
+            "Uma etiqueta tem mais de 256 atributos " + Place(1, static_cast<int>(tag.size()) + 4));
+  ExpectBeyondLimit(parsing, "<a" + Attributes(257) + "/>");
 }
 
 // Handlers and the host.

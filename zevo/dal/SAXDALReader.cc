@@ -43,19 +43,19 @@ void SAXDALReader::ReadFile() {
     ~Reading() { flag = false; }
   } reading{reading_ = true};
   current_ = kNoEntity;
+  kinds_.clear();
   builder_.emplace(*entity_);
   parser_.emplace(file_name_, "MSXML2.SAXXMLReader.ParseURL");
   parser_->Parse(*this);
   if (FinishedReading) FinishedReading();
 }
 
-SAXDALReader::Kind SAXDALReader::KindOf(const char* localName) {
-  const uint32_t number = entity_->Names().AddParsed(localName, nullptr);
-  if (number >= kinds_.size()) kinds_.resize(number + 1, kUnknown);
-  Kind& kind = kinds_[number];
+SAXDALReader::Kind SAXDALReader::KindOf(const ParsedName& name) {
+  if (name.number >= kinds_.size()) kinds_.resize(name.number + 1, kUnknown);
+  Kind& kind = kinds_[name.number];
   if (kind == kUnknown) {
     const auto found = std::ranges::find_if(
-        kEntityKinds, [&](const EntityKind& entity) { return EqualIgnoringCase(entity.name, localName); });
+        kEntityKinds, [&](const EntityKind& entity) { return EqualIgnoringCase(entity.name, name.local); });
     kind = found == kEntityKinds.end() ? kNoEntity : static_cast<Kind>(found - kEntityKinds.begin());
   }
   return kind;
@@ -64,11 +64,11 @@ SAXDALReader::Kind SAXDALReader::KindOf(const char* localName) {
 void SAXDALReader::StartElement(const ParsedName& name, std::span<const ParsedAttribute>) {
   if (abort_requested_) throw LibraryError(Message::kReadingAborted, "SAXDALReader.StartElement");
   if (current_ == kNoEntity) {
-    const Kind kind = KindOf(name.local);
+    const Kind kind = KindOf(name);
     if (kind == kNoEntity) return;
     BeginEntity(kind, name.local);
   } else if (const std::string_view endedBy = kEntityKinds[current_].ended_by; !endedBy.empty()) {
-    const Kind kind = KindOf(name.local);
+    const Kind kind = KindOf(name);
     if (kind != kNoEntity && kEntityKinds[kind].name == endedBy) {
       EndInnermost(name);
       EndEntity();
@@ -76,7 +76,7 @@ void SAXDALReader::StartElement(const ParsedName& name, std::span<const ParsedAt
     }
   }
   // Prefixes and attributes stay behind: the file has its data in elements.
-  builder_->StartElement({name.local, nullptr}, {});
+  builder_->StartElement({name.local, nullptr, name.number}, {});
   ++depth_;
 }
 

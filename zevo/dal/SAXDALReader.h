@@ -71,7 +71,7 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   void EndElement(const ParsedName& name) override;
   void Characters(std::string_view text) override;
 
-  Kind KindOf(const char* localName);
+  Kind KindOf(const ParsedName& name);
   void BeginEntity(Kind kind, const char* localName);
   void EndInnermost(const ParsedName& name);
   void EndEntity();
@@ -83,7 +83,7 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   std::optional<Parser> parser_;
   std::unique_ptr<Document> entity_;
   std::optional<DocumentBuilder> builder_;  // of the running parse
-  std::vector<Kind> kinds_;                 // by the numbers of names
+  std::vector<Kind> kinds_;                 // by the numbers of names in the running parse
   Kind current_ = kNoEntity;
   std::string current_name_;
   const char* current_pointer_ = nullptr;  // the name as the parser has it, the same for every element of that name

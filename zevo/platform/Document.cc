@@ -95,9 +95,12 @@ Element Document::AppendElement(Element parent, std::string_view name) {
 
 void Document::AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value) {
   if (qualifiedName == "xmlns") ++default_namespaces;
+  AppendAttribute(element, names_.Add(qualifiedName), value);
+}
+
+void Document::AppendAttribute(Element element, uint32_t name, std::string_view value) {
   const std::string_view kept = CopyText(value);
-  Node* node = Append(element.node(), NodeKind::kAttribute, names_.Add(qualifiedName));
-  node->Hold(kept);
+  Append(element.node(), NodeKind::kAttribute, name)->Hold(kept);
 }
 
 void Document::AppendText(Element parent, NodeKind kind, std::string_view text, std::string_view name) {

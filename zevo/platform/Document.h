@@ -147,6 +147,8 @@ class Document {
   Element AppendElement(Element parent, uint32_t name);
   /// Appends an attribute. Attributes come before any content.
   void AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value);
+  /// The same for one that is no namespace declaration.
+  void AppendAttribute(Element element, uint32_t name, std::string_view value);
   /// Appends any other node with its text; an instruction's target is its name.
   void AppendText(Element parent, NodeKind kind, std::string_view text, std::string_view name = {});
   /// Gives an element without content the text `text`, which lies in this document's arena.

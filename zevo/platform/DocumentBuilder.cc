@@ -16,11 +16,20 @@ void DocumentBuilder::Clear() {
 
 void DocumentBuilder::StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) {
   if (length_ > 0) EndText();
-  open_.push_back(document_.AppendElement(Open(), document_.Names().AddParsed(name.local, name.prefix)));
+  open_.push_back(document_.AppendElement(Open(), document_.Names().AddParsed(name.number, name.local, name.prefix)));
+  if (!attributes.empty()) AppendAttributes(attributes);
+}
+
+void DocumentBuilder::AppendAttributes(std::span<const ParsedAttribute> attributes) {
   for (const ParsedAttribute& attribute : attributes) {
-    std::string qualified;
-    if (attribute.name.prefix != nullptr) qualified.append(attribute.name.prefix).append(":");
-    document_.AppendAttribute(Open(), qualified.append(attribute.name.local), attribute.value);
+    const auto& [local, prefix, number] = attribute.name;
+    if (number != 0) {
+      document_.AppendAttribute(Open(), document_.Names().AddParsed(number, local, prefix), attribute.value);
+    } else if (prefix == nullptr) {
+      document_.AppendAttribute(Open(), local, attribute.value);
+    } else {
+      document_.AppendAttribute(Open(), std::string(prefix).append(":").append(local), attribute.value);
+    }
   }
 }
 

@@ -16,7 +16,7 @@ namespace zevo {
 /// sections, instructions and white space between elements are kept.
 class DocumentBuilder final : public ParserHandler {
  public:
-  explicit DocumentBuilder(Document& document) : document_(document) { document.Names().ForgetPointers(); }
+  explicit DocumentBuilder(Document& document) : document_(document) { document.Names().ForgetParsed(); }
 
   /// Clears the document too, for what comes next in the same parse.
   void Clear();
@@ -31,6 +31,8 @@ class DocumentBuilder final : public ParserHandler {
 
  private:
   Element Open() const { return open_.empty() ? Element() : open_.back(); }
+  // Apart from what every element takes.
+  [[gnu::noinline]] void AppendAttributes(std::span<const ParsedAttribute> attributes);
   void EndText();
   std::string_view Shared(std::string_view text);
 

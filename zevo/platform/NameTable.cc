@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 namespace zevo {
 namespace {
@@ -66,19 +65,11 @@ uint32_t NameTable::Add(std::string_view name) {
   return known != kNone ? known : Insert(name);
 }
 
-uint32_t NameTable::AddParsedAt(Seen* places, const char* local, const char* prefix) {
-  Seen* const end = places + kPlaces;
-  const auto known =
-      std::find_if(places, end, [&](const Seen& seen) { return seen.local == local && seen.prefix == prefix; });
-  if (known != end) return known->name;
+uint32_t NameTable::AddNewlyParsed(uint32_t number, const char* local, const char* prefix) {
   const uint32_t name = prefix == nullptr ? Add(local) : Add(std::string(prefix).append(":").append(local));
-  // The newest comes first, and the oldest goes.
-  std::move_backward(places, end - 1, end);
-  *places = {local, prefix, name};
-  return name;
+  if (number >= parsed_.size()) parsed_.resize(number + 1, kNone);
+  return parsed_[number] = name;
 }
-
-void NameTable::ForgetPointers() { seen_.fill({}); }
 
 uint32_t NameTable::Insert(std::string_view text) {
   if (entries_.size() > kMostNames) throw MakeRunTimeError(RunTimeError::kOutOfMemory);

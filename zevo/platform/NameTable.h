@@ -23,13 +23,13 @@ class NameTable {
 
   uint32_t Find(std::string_view name) const;
   uint32_t Add(std::string_view name);
-  /// Adds a qualified name; `prefix` may be null. `local` and `prefix` are the same pointers for the same name until
-  /// the next call of ForgetPointers.
-  uint32_t AddParsed(const char* local, const char* prefix) {
-    Seen* const places = PlacesOf(local);
-    return places->local == local && places->prefix == prefix ? places->name : AddParsedAt(places, local, prefix);
+  /// Adds a qualified name; `prefix` may be null. `number` is a small one that stands for the same name until the next
+  /// call of ForgetParsed: the name is only looked at when its number is new.
+  uint32_t AddParsed(uint32_t number, const char* local, const char* prefix) {
+    if (number < parsed_.size() && parsed_[number] != kNone) return parsed_[number];
+    return AddNewlyParsed(number, local, prefix);
   }
-  void ForgetPointers();
+  void ForgetParsed() { parsed_.clear(); }
 
   /// Whether it is known to be ASCII and to have no prefix, as the names that the table started with are, or no name.
   bool IsPlain(uint32_t name) const { return name <= plain_; }
@@ -47,20 +47,8 @@ class NameTable {
     bool is_windows1252;
     bool is_ascii;
   };
-  struct Seen {
-    const char* local;
-    const char* prefix;
-    uint32_t name;
-  };
-
-  // Names by their pointers; a pointer has a few places to be at.
-  static constexpr size_t kPlaces = 4;
-  Seen* PlacesOf(const char* local) {
-    const uint64_t spread = reinterpret_cast<uintptr_t>(local) * uint64_t{0x9E3779B97F4A7C15};
-    return &seen_[static_cast<size_t>(spread >> 48) % (seen_.size() / kPlaces) * kPlaces];
-  }
   size_t SlotOf(std::string_view name) const;
-  uint32_t AddParsedAt(Seen* places, const char* local, const char* prefix);
+  uint32_t AddNewlyParsed(uint32_t number, const char* local, const char* prefix);
   uint32_t Insert(std::string_view text);
   void Grow();
 
@@ -70,7 +58,7 @@ class NameTable {
   std::vector<uint32_t> slots_;  // open addressing by the keyed hash of the text
   // The names that were found last, by a hash that takes no time.
   mutable std::array<uint32_t, 1024> asked_{};
-  std::array<Seen, 512> seen_{};
+  std::vector<uint32_t> parsed_;  // the names of the parse by their numbers there
 };
 
 }  // namespace zevo

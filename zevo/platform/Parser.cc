@@ -6,6 +6,7 @@
 #include <libxml/xmlschemas.h>
 #include <zevo/Error.h>
 #include <zevo/platform/File.h>
+#include <zevo/platform/NameNumbers.h>
 #include <zevo/platform/Text.h>
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlError.h>
@@ -94,13 +95,16 @@ class Run {
     sax.ignorableWhitespace = sax.characters;
     sax.cdataBlock = [](void* self, const xmlChar* text, int length) { Of(self).OnText(text, length, true); };
     sax.comment = [](void* self, const xmlChar* text) {
-      Of(self).Guard([&](Run& run) { run.handler_.Comment(Text(text)); });
+      Of(self).Guard([&](Run& run, size_t) { run.handler_.Comment(Text(text)); });
     };
     sax.processingInstruction = [](void* self, const xmlChar* target, const xmlChar* data) {
-      Of(self).Guard([&](Run& run) { run.handler_.Instruction(Text(target), data == nullptr ? "" : Text(data)); });
+      Of(self).Guard([&](Run& run, size_t) {
+        run.CountOtherName(Text(target));
+        run.handler_.Instruction(Text(target), data == nullptr ? "" : Text(data));
+      });
     };
     sax.startDocument = [](void* self) {
-      Of(self).Guard([](Run& run) {
+      Of(self).Guard([](Run& run, size_t) {
         if (run.context_->standalone == 1) run.handler_.Standalone();
       });
     };
@@ -119,48 +123,79 @@ class Run {
     }
   }
 
-  // Runs what may throw between libxml2's frames, which no exception may cross.
+  // Runs what may throw between libxml2's frames, which no exception may cross, with the position of the parser.
   template <class Action>
   void Guard(Action&& action) {
     if (stopped_) return;
+    const size_t position = Position();
     try {
-      action(*this);
+      action(*this, position);
     } catch (...) {
       thrown_ = std::current_exception();
       Stop();
     }
-    event_end_ = Position();
+    event_end_ = position;
   }
 
   static void OnStartElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar* uri,
                              int namespaces, const xmlChar** namespaceTexts, int attributes, int,
                              const xmlChar** attributeTexts) {
     if (Of(self).validating_) Of(self).open_.push_back({local, prefix, uri});
-    Of(self).Guard([&](Run& run) {
+    Of(self).Guard([&](Run& run, size_t position) {
       run.text_length_ = 0;
-      if (run.Position() - run.event_end_ > ParserLimits::kStartTag) return run.FailTagTooLong();
+      if (position - run.event_end_ > ParserLimits::kStartTag) return run.FailTagTooLong();
       if (++run.depth_ > ParserLimits::kDepth) {
         return run.Fail(XML_ERR_USER_STOP, "Os elementos estão encaixados em mais de 256 níveis");
       }
-      run.attributes_.clear();
-      if (namespaces + attributes > 0) run.Collect(namespaces, namespaceTexts, attributes, attributeTexts);
-      run.handler_.StartElement({Text(local), Text(prefix), Text(uri)}, run.attributes_);
+      std::span<const ParsedAttribute> collected;
+      if (namespaces + attributes > 0) {
+        collected = run.Collect(namespaces, namespaceTexts, attributes, attributeTexts);
+      }
+      ParsedName name = run.Numbered(local, prefix);
+      name.uri = Text(uri);
+      run.handler_.StartElement(name, collected);
     });
   }
 
   // Keeps what a start tag declares and carries, as libxml2 tells it: rows of two and of five pointers.
-  void Collect(int namespaces, const xmlChar** namespaceTexts, int attributes, const xmlChar** attributeTexts) {
+  [[gnu::noinline]] std::span<const ParsedAttribute> Collect(int namespaces, const xmlChar** namespaceTexts,
+                                                             int attributes, const xmlChar** attributeTexts) {
+    attributes_.clear();
     attribute_texts_.clear();
+    if (attributes > ParserLimits::kAttributes) Refuse("Uma etiqueta tem mais de 256 atributos");
+    CheckDeclarations();
     for (ptrdiff_t i = 0; i < namespaces; ++i) {
       const xmlChar* const* row = namespaceTexts + i * 2;
-      const ParsedName name = row[0] == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{Text(row[0]), "xmlns"};
-      attributes_.push_back({name, row[1] == nullptr ? "" : WithAmpersands(Text(row[1]))});
+      const char* const prefix = Text(row[0]);
+      const char* const uri = Text(row[1]);
+      if (prefix != nullptr) CountOtherName(prefix);
+      if (uri != nullptr) CountOtherName(uri);
+      const ParsedName name = prefix == nullptr ? ParsedName{"xmlns", nullptr} : ParsedName{prefix, "xmlns"};
+      attributes_.push_back({name, uri == nullptr ? "" : WithAmpersands(uri)});
     }
     for (ptrdiff_t i = 0; i < attributes; ++i) {
       const xmlChar* const* row = attributeTexts + i * 5;
       const std::string_view value = View(row[3], static_cast<int>(row[4] - row[3]));
-      attributes_.push_back({{Text(row[0]), Text(row[1])}, WithAmpersands(value)});
+      attributes_.push_back({Numbered(row[0], row[1]), WithAmpersands(value)});
     }
+    return attributes_;
+  }
+
+  ParsedName Numbered(const xmlChar* local, const xmlChar* prefix) {
+    const ParsedName name{Text(local), Text(prefix), names_.Of(Text(local), Text(prefix))};
+    if (name.number > ParserLimits::kNames) Refuse("O ficheiro tem mais de 10 000 nomes de elementos e atributos");
+    return name;
+  }
+
+  void CountOtherName(const char* name) {
+    if (other_names_.Of(name) <= ParserLimits::kOtherNames) return;
+    Refuse("O ficheiro tem mais de 10 000 nomes de instruções, prefixos e espaços de nomes");
+  }
+
+  // libxml2 counts two pointers for each declaration, also while it is still in the tag.
+  void CheckDeclarations() {
+    if (context_->nsNr <= 2 * ParserLimits::kDeclarations) return;
+    Refuse("Mais de 64 declarações de espaços de nomes valem ao mesmo tempo");
   }
 
   // In the value of an attribute libxml2 hands over an ampersand as a reference.
@@ -171,7 +206,7 @@ class Run {
 
   static void OnEndElement(void* self, const xmlChar* local, const xmlChar* prefix, const xmlChar*) {
     if (Of(self).validating_) Of(self).open_.pop_back();
-    Of(self).Guard([&](Run& run) {
+    Of(self).Guard([&](Run& run, size_t) {
       run.text_length_ = 0;
       --run.depth_;
       run.handler_.EndElement({Text(local), Text(prefix)});
@@ -179,7 +214,7 @@ class Run {
   }
 
   void OnText(const xmlChar* text, int length, bool cdata) {
-    Guard([&](Run& run) {
+    Guard([&](Run& run, size_t) {
       run.text_length_ += static_cast<size_t>(length);
       if (run.text_length_ > ParserLimits::kText) {
         return run.Fail(XML_ERR_USER_STOP, "Um texto tem mais de 10 milhões de bytes");
@@ -200,6 +235,7 @@ class Run {
         run.FailTagTooLong();
         return 0;
       }
+      if (run.context_) run.CheckDeclarations();
       length =
           static_cast<int>(Reading(run.source_, [&] { return run.decoder_.Read(buffer, static_cast<size_t>(size)); }));
       if (length == 0) run.ReportFault();
@@ -257,8 +293,14 @@ class Run {
 
   void FailTagTooLong() { Fail(XML_ERR_USER_STOP, "Uma etiqueta tem mais de 64 KiB"); }
 
+  // The same where an exception may be thrown: in what runs under Guard.
+  [[noreturn, gnu::cold]] void Refuse(std::string_view reason) {
+    const auto [line, column] = Place();
+    throw XmlError(XML_ERR_USER_STOP, source_, reason, line, column);
+  }
+
   // The first failure is the one that is told.
-  void Fail(int number, std::string_view reason) {
+  [[gnu::cold]] void Fail(int number, std::string_view reason) {
     if (!error_ && !thrown_) {
       try {
         if (out_of_memory_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
@@ -326,6 +368,8 @@ class Run {
   uint64_t& bytes_read_;
   TextDecoder decoder_;
   std::unique_ptr<xmlParserCtxt, FreeContext> context_;
+  NameNumbers names_;
+  NameNumbers other_names_;
   std::vector<ParsedAttribute> attributes_;
   std::deque<std::string> attribute_texts_;
   struct OpenElement {

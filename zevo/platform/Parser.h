@@ -17,6 +17,9 @@ class ByteSource;
 struct ParsedName {
   const char* local;
   const char* prefix;
+  /// Of an element that starts and of an attribute: from 1 on without gaps, the same for equal names of one parse. 0
+  /// where an element ends and for a namespace declaration.
+  uint32_t number = 0;
   /// The namespace; null without one. It is told where an element starts, not elsewhere.
   const char* uri = nullptr;
 };
@@ -47,6 +50,12 @@ struct ParserLimits {
   static constexpr int kDepth = 256;
   static constexpr size_t kText = 10'000'000;
   static constexpr size_t kStartTag = size_t{64} * 1024;
+  static constexpr int kAttributes = 256;   // of an element, apart from namespace declarations
+  static constexpr int kDeclarations = 64;  // of namespaces, in scope at one place
+  /// Different names of elements and attributes in a file.
+  static constexpr uint32_t kNames = 10'000;
+  /// Different names of instructions, prefixes and namespaces in a file.
+  static constexpr uint32_t kOtherNames = 10'000;
 };
 
 /// Parses a file and hands its content over as events. Raises the parser's number and reason, with line and column, for

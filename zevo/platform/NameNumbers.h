@@ -1,0 +1,44 @@
+#ifndef ZEVO_PLATFORM_NAMENUMBERS_H_
+#define ZEVO_PLATFORM_NAMENUMBERS_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace zevo {
+
+/// Numbers names in the order in which they come: 1, 2 and so on. Equal names must be the same pointers; a prefix may
+/// be null. The names themselves are never looked at.
+class NameNumbers {
+ public:
+  NameNumbers();
+
+  uint32_t Of(const char* local, const char* prefix = nullptr) {
+    const Place& place = places_[HomeOf(local, prefix)];
+    return place.local == local && place.prefix == prefix ? place.number : Search(local, prefix);
+  }
+
+ private:
+  struct Place {
+    const char* local;
+    const char* prefix;
+    uint32_t number;  // 0 where there is none
+  };
+
+  // Where a name lies in memory is up to who made the file; where it lies here is not.
+  size_t HomeOf(const char* local, const char* prefix) const {
+    const uint64_t both = reinterpret_cast<uintptr_t>(local) + uint64_t{31} * reinterpret_cast<uintptr_t>(prefix);
+    return static_cast<size_t>(both * multiplier_ >> 32) & mask_;
+  }
+  uint32_t Search(const char* local, const char* prefix);
+  Place& PlaceOf(const char* local, const char* prefix);
+
+  uint64_t multiplier_;
+  size_t mask_;
+  uint32_t count_ = 0;
+  std::vector<Place> places_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_NAMENUMBERS_H_
