@@ -3,9 +3,29 @@
 #include <memory>
 
 #include "tests/mappers/MapperTest.h"
+#include "tests/mappers/MasterRecordContract.h"
 #include "tests/mappers/Records.h"
 
 namespace zevo {
+namespace testing {
+namespace {
+
+struct GeneralLedgerDALCHarness {
+  using Mapper = GeneralLedgerDALC;
+  using Record = GeneralLedger;
+  static constexpr auto kCreate = &Mapper::CreateGeneralLedger;
+  static constexpr auto kRead = &Mapper::ReadGeneralLedger;
+  static constexpr auto kCount = &Mapper::GeneralLedgers;
+  static constexpr std::string_view kElement = "GeneralLedger";
+  static constexpr std::string_view kIdentifier = "AccountID";
+  static constexpr std::string_view kFlag = "";
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(GeneralLedgerDALC, MasterRecordContract, GeneralLedgerDALCHarness);
+
+}  // namespace
+}  // namespace testing
+
 namespace {
 
 using testing::Describe;
@@ -47,17 +67,6 @@ TEST_F(GeneralLedgerDALCTest, WritesAnEmptyAccountWithAllItsElements) {
       </MasterFiles>)"));
 }
 
-TEST_F(GeneralLedgerDALCTest, SecondAccountReusesMasterFiles) {
-  Begin("<MasterFiles><Customer/></MasterFiles><GeneralLedgerEntries/>");
-  GeneralLedger account;
-  GeneralLedgerDALC().CreateGeneralLedger(account, helper_);
-  GeneralLedgerDALC().CreateGeneralLedger(account, helper_);
-  const std::string one =
-      "<GeneralLedger><AccountID/><AccountDescription/><OpeningDebitBalance>0</OpeningDebitBalance>"
-      "<OpeningCreditBalance>0</OpeningCreditBalance></GeneralLedger>";
-  EXPECT_EQ(Written(), "<MasterFiles><Customer/>" + one + one + "</MasterFiles><GeneralLedgerEntries/>");
-}
-
 TEST_F(GeneralLedgerDALCTest, ReadsEveryProperty) {
   const auto account = Read(Reading(OneLine(R"(
       <MasterFiles>
@@ -77,32 +86,6 @@ TEST_F(GeneralLedgerDALCTest, BalancesThatAreMissingOrNoNumbersAreZero) {
   const auto account = Read(Reading(
       "<MasterFiles><GeneralLedger><OpeningDebitBalance>x</OpeningDebitBalance></GeneralLedger></MasterFiles>"));
   EXPECT_EQ(Describe(*account), "");
-}
-
-TEST_F(GeneralLedgerDALCTest, ReadsOneAfterTheOther) {
-  IDALReader& reader = Reading(
-      "<MasterFiles><GeneralLedger><AccountID>1</AccountID></GeneralLedger><Customer/>"
-      "<GeneralLedger><AccountID>2</AccountID></GeneralLedger></MasterFiles>");
-  EXPECT_EQ(Read(reader, true)->AccountID(), "1");
-  EXPECT_EQ(Read(reader, false)->AccountID(), "2");
-  EXPECT_EQ(Read(reader, false), nullptr);
-  EXPECT_EQ(Read(reader, false), nullptr);
-  EXPECT_EQ(Read(reader, true)->AccountID(), "1");
-}
-
-TEST_F(GeneralLedgerDALCTest, GivesNothingWhereThereIsNone) {
-  EXPECT_EQ(Read(Reading("")), nullptr);
-  EXPECT_EQ(Read(Reading("<MasterFiles/>")), nullptr);
-  auto slot = FullGeneralLedger();
-  GeneralLedgerDALC().ReadGeneralLedger(slot, Reading("<MasterFiles/>"), true);
-  EXPECT_EQ(slot, nullptr);
-}
-
-TEST_F(GeneralLedgerDALCTest, CountsUnderMasterFiles) {
-  GeneralLedgerDALC mapper;
-  EXPECT_EQ(mapper.GeneralLedgers(Reading("")), 0);
-  EXPECT_EQ(mapper.GeneralLedgers(Reading("<MasterFiles/>")), 0);
-  EXPECT_EQ(mapper.GeneralLedgers(Reading("<MasterFiles><GeneralLedger/><Product/><GeneralLedger/></MasterFiles>")), 2);
 }
 
 }  // namespace

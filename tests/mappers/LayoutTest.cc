@@ -97,8 +97,8 @@ void WriteTransactionAndInvoice(const Transaction& transaction, const Invoice& i
 void WriteFull(IDALHelper& helper) {
   HeaderDALC().CreateHeader(*testing::FullHeader(), helper);
   GeneralLedgerDALC().CreateGeneralLedger(*testing::FullGeneralLedger(), helper);
-  CustomerDALC().CreateCustomer(*testing::FullCustomer(), helper);
-  SupplierDALC().CreateSupplier(*testing::FullSupplier(), helper);
+  CustomerDALC().CreateCustomer(*testing::FullCustomer("C1"), helper);
+  SupplierDALC().CreateSupplier(*testing::FullSupplier("S1"), helper);
   ProductDALC().CreateProduct(*testing::FullProduct(), helper);
   TaxTableEntryDALC().CreateTaxTableEntry(*testing::FullTaxTableEntry(), helper);
   WriteTransactionAndInvoice(*testing::FullTransaction(), *testing::FullInvoice(), helper);

@@ -5,9 +5,29 @@
 #include <vector>
 
 #include "tests/mappers/MapperTest.h"
+#include "tests/mappers/MasterRecordContract.h"
 #include "tests/mappers/Records.h"
 
 namespace zevo {
+namespace testing {
+namespace {
+
+struct ProductDALCHarness {
+  using Mapper = ProductDALC;
+  using Record = Product;
+  static constexpr auto kCreate = &Mapper::CreateProduct;
+  static constexpr auto kRead = &Mapper::ReadProduct;
+  static constexpr auto kCount = &Mapper::Products;
+  static constexpr std::string_view kElement = "Product";
+  static constexpr std::string_view kIdentifier = "ProductCode";
+  static constexpr std::string_view kFlag = "";
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(ProductDALC, MasterRecordContract, ProductDALCHarness);
+
+}  // namespace
+}  // namespace testing
+
 namespace {
 
 using testing::Describe;
@@ -98,31 +118,6 @@ TEST_F(ProductDALCTest, ReadsEveryProperty) {
   ASSERT_TRUE(product);
   EXPECT_EQ(Describe(*product),
             "ProductType=54\nProductCode=a\nProductGroup=b\nProductDescription=c\nProductNumberCode=d\n");
-}
-
-TEST_F(ProductDALCTest, SecondProductReusesMasterFiles) {
-  ProductDALC().CreateProduct(Product(), helper_);
-  ProductDALC().CreateProduct(Product(), helper_);
-  EXPECT_EQ(ProductDALC().Products(ReadingBack()), 2);
-}
-
-TEST_F(ProductDALCTest, ReadsOneAfterTheOther) {
-  IDALReader& reader = Reading(
-      "<MasterFiles><Product><ProductCode>1</ProductCode></Product><Customer/>"
-      "<Product><ProductCode>2</ProductCode></Product></MasterFiles>");
-  EXPECT_EQ(Read(reader, true)->ProductCode(), "1");
-  EXPECT_EQ(Read(reader, false)->ProductCode(), "2");
-  EXPECT_EQ(Read(reader, false), nullptr);
-}
-
-TEST_F(ProductDALCTest, GivesNothingWhereThereIsNone) {
-  EXPECT_EQ(Read(Reading("")), nullptr);
-  EXPECT_EQ(Read(Reading("<MasterFiles/>")), nullptr);
-}
-
-TEST_F(ProductDALCTest, CountsUnderMasterFiles) {
-  EXPECT_EQ(ProductDALC().Products(Reading("")), 0);
-  EXPECT_EQ(ProductDALC().Products(Reading("<MasterFiles><Product/><Customer/></MasterFiles>")), 1);
 }
 
 }  // namespace

@@ -3,6 +3,23 @@
 #include <string>
 
 namespace zevo::testing {
+namespace {
+
+// What customers and suppliers have alike.
+template <class Party>
+void FillParty(Party& party) {
+  party.set_AccountID("211");
+  party.set_CompanyName("Padaria");
+  party.set_Contact("Ana");
+  FillAddress(*party.BillingAddress(), "Faro");
+  party.set_Telephone("21");
+  party.set_Fax("22");
+  party.set_Email("a@b");
+  party.set_Website("www");
+  party.set_SelfBillingIndicator(true);
+}
+
+}  // namespace
 
 void FillAddress(AddressStructure& address, std::string_view city) {
   address.set_BuildingNumber("12");
@@ -54,37 +71,21 @@ std::shared_ptr<GeneralLedger> FullGeneralLedger() {
   return account;
 }
 
-std::shared_ptr<Customer> FullCustomer() {
+std::shared_ptr<Customer> FullCustomer(std::string_view id) {
   auto customer = std::make_shared<Customer>();
-  customer->set_CustomerID("C1");
-  customer->set_AccountID("211");
-  customer->set_CustomerTaxID("999999990");
-  customer->set_CompanyName("Cliente");
-  customer->set_Contact("Ana");
-  FillAddress(*customer->BillingAddress(), "Faro");
+  FillParty(*customer);
+  customer->set_CustomerID(id);
+  customer->set_CustomerTaxID("508888888");
   customer->set_ShipToAddress(FullAddress("Beja"));
-  customer->set_Telephone("21");
-  customer->set_Fax("22");
-  customer->set_Email("a@b");
-  customer->set_Website("www");
-  customer->set_SelfBillingIndicator(true);
   return customer;
 }
 
-std::shared_ptr<Supplier> FullSupplier() {
+std::shared_ptr<Supplier> FullSupplier(std::string_view id) {
   auto supplier = std::make_shared<Supplier>();
-  supplier->set_SupplierID("S1");
-  supplier->set_AccountID("221");
+  FillParty(*supplier);
+  supplier->set_SupplierID(id);
   supplier->set_SupplierTaxID("508888888");
-  supplier->set_CompanyName("Fornecedor");
-  supplier->set_Contact("Rui");
-  FillAddress(*supplier->BillingAddress(), "Faro");
   supplier->set_ShipFromAddress(FullAddress("Beja"));
-  supplier->set_Telephone("21");
-  supplier->set_Fax("22");
-  supplier->set_Email("a@b");
-  supplier->set_Website("www");
-  supplier->set_SelfBillingIndicator(true);
   return supplier;
 }
 

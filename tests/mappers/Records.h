@@ -14,8 +14,8 @@ void FillAddress(AddressStructure& address, std::string_view city);
 std::shared_ptr<AddressStructure> FullAddress(std::string_view city);
 std::shared_ptr<Header> FullHeader();
 std::shared_ptr<GeneralLedger> FullGeneralLedger();
-std::shared_ptr<Customer> FullCustomer();
-std::shared_ptr<Supplier> FullSupplier();
+std::shared_ptr<Customer> FullCustomer(std::string_view id);
+std::shared_ptr<Supplier> FullSupplier(std::string_view id);
 std::shared_ptr<Product> FullProduct();
 /// Carries a percentage and an amount.
 std::shared_ptr<TaxTableEntry> FullTaxTableEntry();
