@@ -29,7 +29,7 @@ void ForEachClass(Check&& check) {
   }
 }
 
-TEST(Classes, EveryClassIsCreatableAsTheTypeLibrarySays) {
+TEST(ClassesTest, EveryClassIsCreatableAsTheTypeLibrarySays) {
   int classes = 0;
   ForEachClass([&](const std::wstring& name, const TYPEATTR& type) {
     ++classes;
@@ -50,7 +50,7 @@ TEST(Classes, EveryClassIsCreatableAsTheTypeLibrarySays) {
   EXPECT_EQ(classes, 34);
 }
 
-TEST(Classes, OwnedClassesCannotBeCreated) {
+TEST(ClassesTest, OwnedClassesCannotBeCreated) {
   for (const CLSID& id :
        {__uuidof(::DocumentTotals), __uuidof(::AuditException), __uuidof(::LineCollection),
         __uuidof(::InvoiceLineCollection), __uuidof(::CreditNoteCollection), __uuidof(::TaxTableEntryCollection)}) {
@@ -58,7 +58,7 @@ TEST(Classes, OwnedClassesCannotBeCreated) {
   }
 }
 
-TEST(Classes, OptionsAndConstantsNeedNoObject) {
+TEST(ClassesTest, OptionsAndConstantsNeedNoObject) {
   int global = 0;
   ForEachClass([&](const std::wstring& name, const TYPEATTR& type) {
     const bool expected = name == L"Options" || name == L"SAFTConstants";
@@ -68,7 +68,7 @@ TEST(Classes, OptionsAndConstantsNeedNoObject) {
   EXPECT_EQ(global, 2);
 }
 
-TEST(Classes, FactoriesKeepTheRulesOfCom) {
+TEST(ClassesTest, FactoriesKeepTheRulesOfCom) {
   IClassFactory* factory = FactoryOf(__uuidof(::Header));
   void* object = factory;
   EXPECT_EQ(factory->CreateInstance(factory, IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
@@ -81,7 +81,7 @@ TEST(Classes, FactoriesKeepTheRulesOfCom) {
   EXPECT_EQ(factory->QueryInterface(IID_IClassFactory, reinterpret_cast<void**>(again.GetAddressOf())), S_OK);
 }
 
-TEST(Classes, ALockKeepsTheServer) {
+TEST(ClassesTest, ALockKeepsTheServer) {
   IClassFactory* factory = FactoryOf(__uuidof(::Header));
   const long before = LiveObject::Count();
   EXPECT_EQ(factory->LockServer(TRUE), S_OK);

@@ -474,7 +474,7 @@ DWORD WINAPI UseACustomer(void*) {
 }
 
 // A thread that ends after its use of the server, when nothing else keeps it loaded.
-TEST(ClientOfThreads, TheServerIsUnloadedBeforeAfterAndWhileThreadsEnd) {
+TEST(ClientThreadsTest, TheServerIsUnloadedBeforeAfterAndWhileThreadsEnd) {
   for (int i = 0; i < 20; ++i) {
     std::array<HANDLE, 3> threads{};
     for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, &UseACustomer, nullptr, 0, nullptr);

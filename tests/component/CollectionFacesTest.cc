@@ -135,7 +135,7 @@ TEST_F(CollectionFacesTest, ItemsAreEnumerated) {
   EXPECT_EQ(items->QueryInterface(IID_IDispatch, &none), E_NOINTERFACE);
 }
 
-TEST(CollectionFaces, EveryCollectionTakesItsItems) {
+TEST_F(CollectionFacesTest, EveryCollectionTakesItsItems) {
   const auto adds = [](auto collection, auto item) {
     const auto face = FaceFor(collection);
     EXPECT_EQ(face->Add(FaceFor(item).Get()), S_OK);
@@ -151,14 +151,14 @@ TEST(CollectionFaces, EveryCollectionTakesItsItems) {
 }
 
 // Entries have no keys.
-TEST(CollectionFaces, ATaxTableHasNoKeys) {
+TEST_F(CollectionFacesTest, ATaxTableHasNoKeys) {
   const ComPtr<_TaxTableEntryCollection> entries = FaceFor(zevo::TaxTable().TaxTableEntry());
   ASSERT_EQ(entries->Add(FaceFor(std::make_shared<zevo::TaxTableEntry>()).Get()), S_OK);
   ComPtr<_TaxTableEntry> entry;
   EXPECT_EQ(entries->get_Item(*Variant(L"1"), &entry), kInvalidCall);
 }
 
-TEST(CollectionFaces, MembersHaveTheNumbersOfAutomation) {
+TEST_F(CollectionFacesTest, MembersHaveTheNumbersOfAutomation) {
   const ComPtr<_LineCollection> lines = FaceFor(zevo::Transaction().Line());
   EXPECT_EQ(IdOf(lines.Get(), L"Item"), DISPID_VALUE);
   EXPECT_EQ(IdOf(lines.Get(), L"NewEnum"), DISPID_NEWENUM);

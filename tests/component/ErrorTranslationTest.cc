@@ -18,7 +18,7 @@ HRESULT ResultOf(const Thrown& thrown) {
   return Guarded(IID_IUnknown, [&] { throw thrown; });
 }
 
-TEST(ErrorTranslation, LibraryErrorsKeepTheirNumberAndFindTheirMessage) {
+TEST(ErrorTranslationTest, LibraryErrorsKeepTheirNumberAndFindTheirMessage) {
   EXPECT_EQ(ResultOf(LibraryError(Message::kReadingAborted, "SAXDALReader.StartElement")),
             static_cast<HRESULT>(0x800401F5));
   const ErrorInfo error = TakeErrorInfo();
@@ -26,18 +26,18 @@ TEST(ErrorTranslation, LibraryErrorsKeepTheirNumberAndFindTheirMessage) {
   EXPECT_EQ(error.description, L"Leitura do ficheiro abortada pelo utilizador.");
 }
 
-TEST(ErrorTranslation, RunTimeErrorsHaveTheFacilityOfScripts) {
+TEST(ErrorTranslationTest, RunTimeErrorsHaveTheFacilityOfScripts) {
   EXPECT_EQ(ResultOf(MakeRunTimeError(RunTimeError::kDiskFull, "C:\\saft.xml")), static_cast<HRESULT>(0x800A003D));
   EXPECT_EQ(TakeErrorInfo().source, L"ZevoAdapters11");
 }
 
-TEST(ErrorTranslation, ANumberOfItsOwnStaysWhatItIs) {
+TEST(ErrorTranslationTest, ANumberOfItsOwnStaysWhatItIs) {
   EXPECT_EQ(ResultOf(Error(-1, "Supplier", "texto")), -1);
   EXPECT_EQ(TakeErrorInfo().description, L"texto");
   EXPECT_EQ(ResultOf(Error(0, "nothing")), E_FAIL);
 }
 
-TEST(ErrorTranslation, OtherExceptionsAreTranslatedToo) {
+TEST(ErrorTranslationTest, OtherExceptionsAreTranslatedToo) {
   EXPECT_EQ(ResultOf(std::bad_alloc()), E_OUTOFMEMORY);
   EXPECT_EQ(ResultOf(std::length_error("")), E_OUTOFMEMORY);
   EXPECT_EQ(TakeErrorInfo().description, L"");
@@ -46,11 +46,11 @@ TEST(ErrorTranslation, OtherExceptionsAreTranslatedToo) {
   EXPECT_EQ(ResultOf(5), E_UNEXPECTED);
 }
 
-TEST(ErrorTranslation, SuccessIsSuccess) {
+TEST(ErrorTranslationTest, SuccessIsSuccess) {
   EXPECT_EQ(Guarded(IID_IUnknown, [] {}), S_OK);
 }
 
-TEST(ErrorTranslation, NumbersComeBack) {
+TEST(ErrorTranslationTest, NumbersComeBack) {
   EXPECT_EQ(ErrorNumber(static_cast<HRESULT>(0x800A000D)), 13);
   EXPECT_EQ(ErrorNumber(static_cast<HRESULT>(0x800401F5)), -2147221003);
   EXPECT_EQ(ErrorNumber(-1), -1);

@@ -32,7 +32,7 @@ std::vector<std::wstring> MembersOf(const IID& interfaceId) {
   return members;
 }
 
-TEST(FileFaces, MembersOfAuditFileStandInTheirSlots) {
+TEST(FileFacesMembersTest, MembersOfAuditFileStandInTheirSlots) {
   EXPECT_EQ(MembersOf(__uuidof(_AuditFile)), (std::vector<std::wstring>{L"AuditException",
                                                                         L"AuditFileName",
                                                                         L"=AuditFileName",
@@ -60,7 +60,7 @@ TEST(FileFaces, MembersOfAuditFileStandInTheirSlots) {
                                                                         L"CreateInvoice"}));
 }
 
-TEST(FileFaces, MembersOfTheStreamWriterStandInTheirSlots) {
+TEST(FileFacesMembersTest, MembersOfTheStreamWriterStandInTheirSlots) {
   EXPECT_EQ(MembersOf(__uuidof(_AuditFileStreamWriter)),
             (std::vector<std::wstring>{
                 L"AuditException", L"AuditFileName", L"=AuditFileName", L"CreateAuditFile", L"CloseAuditFile",
@@ -69,7 +69,7 @@ TEST(FileFaces, MembersOfTheStreamWriterStandInTheirSlots) {
                 L"EndJournal", L"CreateTransaction", L"BeginSalesInvoices", L"EndSalesInvoices", L"CreateInvoice"}));
 }
 
-TEST(FileFaces, MembersOfTheReaderStandInTheirSlots) {
+TEST(FileFacesMembersTest, MembersOfTheReaderStandInTheirSlots) {
   EXPECT_EQ(MembersOf(__uuidof(_AuditFileReader)), (std::vector<std::wstring>{L"AuditException",
                                                                               L"AuditFileName",
                                                                               L"=AuditFileName",
@@ -97,13 +97,13 @@ TEST(FileFaces, MembersOfTheReaderStandInTheirSlots) {
                                                                               L"Transactions"}));
 }
 
-TEST(FileFaces, MembersOfTheStreamerStandInTheirSlots) {
+TEST(FileFacesMembersTest, MembersOfTheStreamerStandInTheirSlots) {
   EXPECT_EQ(MembersOf(__uuidof(_AuditFileStreamer)),
             (std::vector<std::wstring>{L"AuditException", L"AuditFileName", L"=AuditFileName", L"OpenAuditFile",
                                        L"ReadAuditFile", L"CloseAuditFile", L"AbortReading"}));
 }
 
-TEST(FileFaces, MembersOfTheOtherClassesStandInTheirSlots) {
+TEST(FileFacesMembersTest, MembersOfTheOtherClassesStandInTheirSlots) {
   EXPECT_EQ(MembersOf(__uuidof(_AuditException)),
             (std::vector<std::wstring>{L"Number", L"=Number", L"Description", L"=Description", L"Source", L"=Source"}));
   EXPECT_EQ(MembersOf(__uuidof(_Options)), (std::vector<std::wstring>{L"ValidateOnAssignment", L"=ValidateOnAssignment",
@@ -126,7 +126,7 @@ void PrintTo(const Default& value, std::ostream* out) {
   *out << std::string(value.member.begin(), value.member.end()) << " " << value.type << " " << value.value;
 }
 
-TEST(FileFaces, ArgumentsThatMayBeLeftOutHaveTheirDefaults) {
+TEST(FileFacesMembersTest, ArgumentsThatMayBeLeftOutHaveTheirDefaults) {
   std::vector<Default> defaults;
   for (const IID& id : {__uuidof(_AuditFile), __uuidof(_AuditFileStreamWriter), __uuidof(_AuditFileReader),
                         __uuidof(_AuditFileStreamer)}) {
@@ -484,7 +484,7 @@ std::vector<std::wstring> OperationsWithRecord(const IID& interfaceId) {
   return names;
 }
 
-class RecordlessTest : public FileFacesTest {
+class FileFacesRecordlessTest : public FileFacesTest {
  protected:
   static constexpr long kNotStarted = -2147221499;
 
@@ -519,7 +519,7 @@ class RecordlessTest : public FileFacesTest {
   size_t transaction_arguments_ = 1;
 };
 
-TEST_F(RecordlessTest, EveryOperationOfAuditFileFailsWithoutOne) {
+TEST_F(FileFacesRecordlessTest, EveryOperationOfAuditFileFailsWithoutOne) {
   using File = _AuditFile;
   const std::vector<Recordless<File>> operations = {
       By(L"CreateHeader", &File::CreateHeader),
@@ -555,7 +555,7 @@ TEST_F(RecordlessTest, EveryOperationOfAuditFileFailsWithoutOne) {
   EXPECT_EQ(ReadBytes(folder_.Path("saft.xml")), before);
 }
 
-TEST_F(RecordlessTest, EveryOperationOfTheStreamWriterFailsWithoutOne) {
+TEST_F(FileFacesRecordlessTest, EveryOperationOfTheStreamWriterFailsWithoutOne) {
   using File = _AuditFileStreamWriter;
   const std::vector<Recordless<File>> operations = {
       By(L"CreateHeader", &File::CreateHeader),
@@ -585,7 +585,7 @@ TEST_F(RecordlessTest, EveryOperationOfTheStreamWriterFailsWithoutOne) {
                              "</GeneralLedgerEntries></AuditFile>"));
 }
 
-TEST_F(RecordlessTest, TransactionsAreNotReadWithoutAJournal) {
+TEST_F(FileFacesRecordlessTest, TransactionsAreNotReadWithoutAJournal) {
   const std::string path = folder_.Path("saft.xml");
   SaveSampleFile(path);
   const ComPtr<_AuditFileReader> reader = FaceFor(std::make_shared<zevo::AuditFileReader>());

@@ -45,7 +45,7 @@ std::vector<Slot> ExpectedSlots(std::initializer_list<const wchar_t*> procedures
 }
 
 template <class Record>
-class RecordFacesTest : public ::testing::Test {
+class RecordFacesContract : public ::testing::Test {
  protected:
   std::shared_ptr<Record> record_ = std::make_shared<Record>();
   ComPtr<Interface<Record>> face_ = FaceFor(record_);
@@ -57,9 +57,9 @@ using Records =
                      zevo::InvoiceLine, zevo::Journal, zevo::OrderReferences, zevo::Product, zevo::References,
                      zevo::SalesInvoices, zevo::Settlement, zevo::ShippingPointStructure, zevo::Supplier, zevo::Tax,
                      zevo::TaxTable, zevo::TaxTableEntry, zevo::Transaction, zevo::TransactionLine>;
-TYPED_TEST_SUITE(RecordFacesTest, Records);
+TYPED_TEST_SUITE(RecordFacesContract, Records);
 
-TYPED_TEST(RecordFacesTest, MembersStandInTheOrderOfTheRecord) {
+TYPED_TEST(RecordFacesContract, MembersStandInTheOrderOfTheRecord) {
   constexpr bool kTotals =
       std::is_same_v<TypeParam, zevo::SalesInvoices> || std::is_same_v<TypeParam, zevo::GeneralLedgerEntries>;
   const auto expected = kTotals ? ExpectedSlots<TypeParam>({L"Reset", L"Refresh"}) : ExpectedSlots<TypeParam>({});
@@ -112,7 +112,7 @@ bool IsObject(const Property& property) {
   return property.type == PropertyType::kRecord || property.type == PropertyType::kCollection;
 }
 
-TYPED_TEST(RecordFacesTest, ValuesAreAssignedAndReadByName) {
+TYPED_TEST(RecordFacesContract, ValuesAreAssignedAndReadByName) {
   for (const Property& property : PropertiesOf<TypeParam>()) {
     if (property.set == nullptr || IsObject(property)) continue;
     SCOPED_TRACE(std::string(property.name));
@@ -128,7 +128,7 @@ TYPED_TEST(RecordFacesTest, ValuesAreAssignedAndReadByName) {
   }
 }
 
-TYPED_TEST(RecordFacesTest, ValuesAreAssignedAndReadBySlot) {
+TYPED_TEST(RecordFacesContract, ValuesAreAssignedAndReadBySlot) {
   const std::vector<Slot> slots = SlotsOf(__uuidof(Interface<TypeParam>));
   for (const Property& property : PropertiesOf<TypeParam>()) {
     if (property.set == nullptr || IsObject(property)) continue;
@@ -153,7 +153,7 @@ TYPED_TEST(RecordFacesTest, ValuesAreAssignedAndReadBySlot) {
   }
 }
 
-TYPED_TEST(RecordFacesTest, ConstantsCannotBeAssigned) {
+TYPED_TEST(RecordFacesContract, ConstantsCannotBeAssigned) {
   for (const Property& property : PropertiesOf<TypeParam>()) {
     if (property.set != nullptr || IsObject(property)) continue;
     SCOPED_TRACE(std::string(property.name));
@@ -164,7 +164,7 @@ TYPED_TEST(RecordFacesTest, ConstantsCannotBeAssigned) {
   }
 }
 
-TYPED_TEST(RecordFacesTest, OwnedObjectsAreTheSameEveryTime) {
+TYPED_TEST(RecordFacesContract, OwnedObjectsAreTheSameEveryTime) {
   for (const Property& property : PropertiesOf<TypeParam>()) {
     if (property.set != nullptr || !IsObject(property)) continue;
     SCOPED_TRACE(std::string(property.name));
@@ -177,7 +177,7 @@ TYPED_TEST(RecordFacesTest, OwnedObjectsAreTheSameEveryTime) {
   }
 }
 
-TYPED_TEST(RecordFacesTest, ReferencesAreAssignedAndCleared) {
+TYPED_TEST(RecordFacesContract, ReferencesAreAssignedAndCleared) {
   for (const Property& property : PropertiesOf<TypeParam>()) {
     if (property.set == nullptr || !IsObject(property)) continue;
     SCOPED_TRACE(std::string(property.name));
@@ -209,7 +209,7 @@ TYPED_TEST(RecordFacesTest, ReferencesAreAssignedAndCleared) {
   }
 }
 
-TYPED_TEST(RecordFacesTest, AnswersToItsInterfaces) {
+TYPED_TEST(RecordFacesContract, AnswersToItsInterfaces) {
   IUnknown* face = this->face_.Get();
   for (const IID& id : {IID_IUnknown, IID_IDispatch, __uuidof(Interface<TypeParam>), IID_ISupportErrorInfo,
                         IID_IProvideClassInfo, IID_IProvideClassInfo2}) {
@@ -223,7 +223,7 @@ TYPED_TEST(RecordFacesTest, AnswersToItsInterfaces) {
   EXPECT_EQ(face->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
 }
 
-TYPED_TEST(RecordFacesTest, TellsItsTypes) {
+TYPED_TEST(RecordFacesContract, TellsItsTypes) {
   UINT count = 0;
   EXPECT_EQ(this->face_->GetTypeInfoCount(&count), S_OK);
   EXPECT_EQ(count, 1U);
@@ -256,7 +256,7 @@ TYPED_TEST(RecordFacesTest, TellsItsTypes) {
   EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IDispatch), S_FALSE);
 }
 
-TEST(RecordFaces, ObsoletePropertyOfASupplierRaises) {
+TEST(RecordFacesTest, ObsoletePropertyOfASupplierRaises) {
   const ComPtr<_Supplier> supplier = FaceFor(std::make_shared<zevo::Supplier>());
   ComPtr<_AddressStructure> address = FaceFor(std::make_shared<zevo::AddressStructure>());
   _AddressStructure* read = address.Get();
@@ -275,7 +275,7 @@ TEST(RecordFaces, ObsoletePropertyOfASupplierRaises) {
   EXPECT_EQ(late.description, error.description);
 }
 
-TEST(RecordFaces, TotalsAreResetAndRefreshed) {
+TEST(RecordFacesTest, TotalsAreResetAndRefreshed) {
   const auto totals = std::make_shared<zevo::SalesInvoices>();
   const ComPtr<_SalesInvoices> face = FaceFor(totals);
   totals->set_NumberOfEntries(3);
@@ -285,7 +285,7 @@ TEST(RecordFaces, TotalsAreResetAndRefreshed) {
   EXPECT_EQ(totals->NumberOfEntries(), 0);
 }
 
-TEST(RecordFaces, TextsPassUnharmed) {
+TEST(RecordFacesTest, TextsPassUnharmed) {
   const ComPtr<_Journal> journal = FaceFor(std::make_shared<zevo::Journal>());
   for (const std::wstring text :
        {L"", L"S\x00E3o Jo\x00E3o \x20AC", L"\x4E2D\x6587 \xD83D\xDE00", L" \t\r\n ", L"\x0085\x2028"}) {
@@ -301,7 +301,7 @@ TEST(RecordFaces, TextsPassUnharmed) {
   EXPECT_EQ(read.Text(), L"");
 }
 
-TEST(RecordFaces, AmountsKeepEveryDigit) {
+TEST(RecordFacesTest, AmountsKeepEveryDigit) {
   const ComPtr<_GeneralLedger> account = FaceFor(std::make_shared<zevo::GeneralLedger>());
   for (const LONGLONG scaled : {LONGLONG{0}, LONGLONG{1}, LONGLONG{-1}, INT64_MAX, INT64_MIN}) {
     CURRENCY given;
@@ -313,7 +313,7 @@ TEST(RecordFaces, AmountsKeepEveryDigit) {
   }
 }
 
-TEST(RecordFaces, AFaceLivesAsLongAsItIsHeldAndTheRecordWithIt) {
+TEST(RecordFacesTest, AFaceLivesAsLongAsItIsHeldAndTheRecordWithIt) {
   ComPtr<_AddressStructure> address;
   {
     const ComPtr<_Customer> customer = FaceFor(std::make_shared<zevo::Customer>());
@@ -326,7 +326,7 @@ TEST(RecordFaces, AFaceLivesAsLongAsItIsHeldAndTheRecordWithIt) {
   EXPECT_EQ(References(address.Get()), 1U);
 }
 
-TEST(RecordFaces, TheSameAddressOfTwoCustomersIsOneObject) {
+TEST(RecordFacesTest, TheSameAddressOfTwoCustomersIsOneObject) {
   const ComPtr<_Customer> one = FaceFor(std::make_shared<zevo::Customer>());
   const ComPtr<_Customer> other = FaceFor(std::make_shared<zevo::Customer>());
   const ComPtr<_AddressStructure> address = FaceFor(std::make_shared<zevo::AddressStructure>());

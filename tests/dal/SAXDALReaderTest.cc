@@ -189,9 +189,9 @@ struct Broken {
   std::vector<std::string> events;
 };
 
-class EntityNotXmlTest : public SAXDALReaderTest, public ::testing::WithParamInterface<Broken> {};
+class SAXDALReaderEntityTest : public SAXDALReaderTest, public ::testing::WithParamInterface<Broken> {};
 
-TEST_P(EntityNotXmlTest, IsToldAndEndsTheReading) {
+TEST_P(SAXDALReaderEntityTest, IsToldAndEndsTheReading) {
   const Error error = FailureOf(GetParam().content);
   EXPECT_EQ(error.Number(), NumberOf(Message::kEntityNotXml));
   EXPECT_EQ(error.Source(), "SAXDALReader.EndElement");
@@ -199,7 +199,7 @@ TEST_P(EntityNotXmlTest, IsToldAndEndsTheReading) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, EntityNotXmlTest,
+    All, SAXDALReaderEntityTest,
     ::testing::Values(Broken{"<Product/><Customer><Customer>x</Customer></Customer>", {"Product: <Product/>"}},
                       Broken{"<s:Customer xmlns:s='urn:s'><Customer/></s:Customer>", {}},
                       Broken{"<Customer><a><Customer/></a></Customer>", {}},

@@ -398,15 +398,16 @@ struct MissingSection {
 
 void PrintTo(const MissingSection& missing, std::ostream* out) { *out << missing.operation; }
 
-class MissingSectionTest : public AuditFileReaderTest, public ::testing::WithParamInterface<MissingSection> {};
+class AuditFileReaderMissingSectionTest : public AuditFileReaderTest,
+                                          public ::testing::WithParamInterface<MissingSection> {};
 
-TEST_P(MissingSectionTest, IsReportedByTheMapper) {
+TEST_P(AuditFileReaderMissingSectionTest, IsReportedByTheMapper) {
   Open("<MasterFiles/>");
   EXPECT_FALSE(OperationNamed(GetParam().operation).call(reader_));
   EXPECT_THAT(reader_, Recorded(*GetParam().message, GetParam().source));
 }
 
-INSTANTIATE_TEST_SUITE_P(EverySection, MissingSectionTest,
+INSTANTIATE_TEST_SUITE_P(EverySection, AuditFileReaderMissingSectionTest,
                          Values(MissingSection{"ReadHeader", &kHeaderMissing, "HeaderDALC.ReadHeader"},
                                 MissingSection{"ReadGeneralLedgerEntries", &kMessage202,
                                                "GeneralLedgerEntriesDALC.ReadGeneralLedgerEntries"},
@@ -423,16 +424,16 @@ struct BadValue {
 
 void PrintTo(const BadValue& bad, std::ostream* out) { *out << bad.operation << " of " << bad.content; }
 
-class BadValueTest : public AuditFileReaderTest, public ::testing::WithParamInterface<BadValue> {};
+class AuditFileReaderBadValueTest : public AuditFileReaderTest, public ::testing::WithParamInterface<BadValue> {};
 
-TEST_P(BadValueTest, IsATypeMismatch) {
+TEST_P(AuditFileReaderBadValueTest, IsATypeMismatch) {
   Open(GetParam().content);
   EXPECT_FALSE(OperationNamed(GetParam().operation).call(reader_));
   EXPECT_THAT(reader_, RecordedError(kTypeMismatch, "ZevoAdapters11", Not(IsEmpty())));
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    EveryStrictConversion, BadValueTest,
+    EveryStrictConversion, AuditFileReaderBadValueTest,
     Values(BadValue{"ReadCustomer", "<MasterFiles><Customer/></MasterFiles>"},
            BadValue{"ReadCustomer",
                     "<MasterFiles><Customer><SelfBillingIndicator>sim</SelfBillingIndicator></Customer></MasterFiles>"},

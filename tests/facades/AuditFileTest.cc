@@ -605,7 +605,7 @@ TEST_F(AuditFileTest, JournalIdentifierWithADoubleQuoteFindsNoOtherJournal) {
 
 // Running totals.
 
-class RunningTotalsTest : public AuditFileTest {
+class AuditFileRunningTotalsTest : public AuditFileTest {
  protected:
   void SetUp() override {
     Create();
@@ -627,13 +627,13 @@ class RunningTotalsTest : public AuditFileTest {
   SalesInvoices invoices_;
 };
 
-TEST_F(RunningTotalsTest, AddEveryLineOfATransactionExactly) {
+TEST_F(AuditFileRunningTotalsTest, AddEveryLineOfATransactionExactly) {
   ASSERT_TRUE(Write(*SampleTransaction(1, Amount::FromText("0.0001"), Amount::FromText("922337203685477.5807"))));
   ASSERT_TRUE(Write(*SampleTransaction(2, Amount::FromText("-12.3456"), 0)));
   EXPECT_THAT(Of(entries_), ElementsAre(2, -123455, 9223372036854775807));
 }
 
-TEST_F(RunningTotalsTest, AddBothAmountsOfALineAlthoughOneIsWritten) {
+TEST_F(AuditFileRunningTotalsTest, AddBothAmountsOfALineAlthoughOneIsWritten) {
   const auto transaction = SampleTransaction(1, 5, 7);
   transaction->Line()->Item(1)->set_CreditAmount(3);
   const auto invoice = SampleInvoice(1, "C1", "P1", 7);
@@ -644,35 +644,35 @@ TEST_F(RunningTotalsTest, AddBothAmountsOfALineAlthoughOneIsWritten) {
   EXPECT_THAT(Of(invoices_), ElementsAre(1, 50000, 100000));
 }
 
-TEST_F(RunningTotalsTest, AddToWhatTheHostPutThere) {
+TEST_F(AuditFileRunningTotalsTest, AddToWhatTheHostPutThere) {
   entries_.set_NumberOfEntries(40);
   entries_.set_TotalDebit(1000);
   ASSERT_TRUE(Write(*SampleTransaction(1, 1, 2)));
   EXPECT_THAT(Of(entries_), ElementsAre(41, 10010000, 20000));
 }
 
-TEST_F(RunningTotalsTest, CountARecordWithoutLines) {
+TEST_F(AuditFileRunningTotalsTest, CountARecordWithoutLines) {
   ASSERT_TRUE(Write(Transaction()));
   ASSERT_TRUE(Write(Invoice()));
   EXPECT_THAT(Of(entries_), ElementsAre(1, 0, 0));
   EXPECT_THAT(Of(invoices_), ElementsAre(1, 0, 0));
 }
 
-TEST_F(RunningTotalsTest, WriteNothingByThemselves) {
+TEST_F(AuditFileRunningTotalsTest, WriteNothingByThemselves) {
   ASSERT_TRUE(Write(*SampleTransaction(1)));
   EXPECT_THAT(Saved(), HasSubstr("<NumberOfEntries>0</NumberOfEntries><TotalDebit>.00</TotalDebit>"));
   ASSERT_TRUE(file_.UpdateGeneralLedgerEntries(entries_));
   EXPECT_THAT(Saved(), HasSubstr("<NumberOfEntries>1</NumberOfEntries><TotalDebit>10.00</TotalDebit>"));
 }
 
-TEST_F(RunningTotalsTest, AreNotNeeded) {
+TEST_F(AuditFileRunningTotalsTest, AreNotNeeded) {
   EXPECT_TRUE(file_.CreateTransaction(*SampleTransaction(1), journal_.get()));
   EXPECT_TRUE(file_.CreateTransaction(*SampleTransaction(2), nullptr, nullptr));
   EXPECT_TRUE(file_.CreateInvoice(*SampleInvoice(1, "C1", "P1")));
   EXPECT_TRUE(file_.CreateInvoice(*SampleInvoice(2, "C1", "P1"), nullptr));
 }
 
-TEST_F(RunningTotalsTest, CancelledInvoiceIsWrittenButNeitherCountedNorTotalled) {
+TEST_F(AuditFileRunningTotalsTest, CancelledInvoiceIsWrittenButNeitherCountedNorTotalled) {
   for (const char* cancelled : {"Anulado", "ANULADO", "anulado", "aNuLaDo"}) {
     const auto invoice = SampleInvoice(1, "C1", "P1");
     invoice->set_TransactionID(cancelled);
@@ -682,7 +682,7 @@ TEST_F(RunningTotalsTest, CancelledInvoiceIsWrittenButNeitherCountedNorTotalled)
   }
 }
 
-TEST_F(RunningTotalsTest, InvoiceIsCancelledByTheWholeTransactionIdAlone) {
+TEST_F(AuditFileRunningTotalsTest, InvoiceIsCancelledByTheWholeTransactionIdAlone) {
   const auto invoice = SampleInvoice(1, "C1", "P1");
   invoice->set_InvoiceStatus(isA);
   for (const char* other : {"", "Anulado ", " Anulado", "Anulada", "Anulado1"}) {
@@ -693,14 +693,14 @@ TEST_F(RunningTotalsTest, InvoiceIsCancelledByTheWholeTransactionIdAlone) {
   }
 }
 
-TEST_F(RunningTotalsTest, TransactionIsNeverCancelled) {
+TEST_F(AuditFileRunningTotalsTest, TransactionIsNeverCancelled) {
   const auto transaction = SampleTransaction(1);
   transaction->set_TransactionID("Anulado");
   EXPECT_TRUE(Write(*transaction));
   EXPECT_THAT(Of(entries_), ElementsAre(1, 100000, 100000));
 }
 
-TEST_F(RunningTotalsTest, FailureLeavesThemAsTheyWere) {
+TEST_F(AuditFileRunningTotalsTest, FailureLeavesThemAsTheyWere) {
   entries_.set_TotalDebit(1);
   const auto other = SampleJournal("D2");
   EXPECT_FALSE(file_.CreateTransaction(*SampleTransaction(1), other.get(), &entries_));
@@ -712,7 +712,7 @@ TEST_F(RunningTotalsTest, FailureLeavesThemAsTheyWere) {
   EXPECT_THAT(Of(invoices_), ElementsAre(0, 0, 0));
 }
 
-TEST_F(RunningTotalsTest, OverflowFailsAndLeavesAllOfThemAsTheyWere) {
+TEST_F(AuditFileRunningTotalsTest, OverflowFailsAndLeavesAllOfThemAsTheyWere) {
   entries_.set_TotalDebit(1);
   entries_.set_TotalCredit(kLargest);
   EXPECT_FALSE(Write(*SampleTransaction(1)));
@@ -726,7 +726,7 @@ TEST_F(RunningTotalsTest, OverflowFailsAndLeavesAllOfThemAsTheyWere) {
   EXPECT_THAT(Of(invoices_), ElementsAre(0, 10000, kLargest.Scaled()));
 }
 
-TEST_F(RunningTotalsTest, OverflowOfTheCountFailsAndLeavesAllOfThemAsTheyWere) {
+TEST_F(AuditFileRunningTotalsTest, OverflowOfTheCountFailsAndLeavesAllOfThemAsTheyWere) {
   constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
   entries_.set_NumberOfEntries(kMost);
   EXPECT_FALSE(Write(*SampleTransaction(1)));

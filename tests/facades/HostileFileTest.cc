@@ -311,9 +311,9 @@ class HostileFileTest : public ::testing::Test {
   TemporaryFolder folder_;
 };
 
-class HostileContentTest : public HostileFileTest, public ::testing::WithParamInterface<HostileFile> {};
+class HostileFileContentTest : public HostileFileTest, public ::testing::WithParamInterface<HostileFile> {};
 
-TEST_P(HostileContentTest, IsRefusedAndLeftAlone) {
+TEST_P(HostileFileContentTest, IsRefusedAndLeftAlone) {
   const std::string bytes = GetParam().content.Bytes();
   const std::string path = folder_.Write("saft.xml", bytes);
   ExpectRefused(path);
@@ -321,7 +321,7 @@ TEST_P(HostileContentTest, IsRefusedAndLeftAlone) {
   EXPECT_THAT(folder_.Names(), ElementsAre("saft.xml"));
 }
 
-TEST_P(HostileContentTest, LeavesTheFacadesClosedAndUsable) {
+TEST_P(HostileFileContentTest, LeavesTheFacadesClosedAndUsable) {
   const std::string good = folder_.Path("good.xml");
   const std::string bad = folder_.Write("bad.xml", GetParam().content.Bytes());
   SaveSampleFile(good);
@@ -348,7 +348,7 @@ TEST_P(HostileContentTest, LeavesTheFacadesClosedAndUsable) {
 }
 
 // Fifty milliseconds and what reading the bytes takes; a few megabytes and a few times the file.
-TEST_P(HostileContentTest, CostsNoMoreThanItsSize) {
+TEST_P(HostileFileContentTest, CostsNoMoreThanItsSize) {
   if (kSanitized) GTEST_SKIP() << "a sanitizer distorts time and memory";
   const std::string bytes = GetParam().content.Bytes();
   const std::string path = folder_.Write("saft.xml", bytes);
@@ -358,10 +358,10 @@ TEST_P(HostileContentTest, CostsNoMoreThanItsSize) {
   }
 }
 
-class OddContentTest : public HostileFileTest, public ::testing::WithParamInterface<HostileFile> {};
+class OddFileContentTest : public HostileFileTest, public ::testing::WithParamInterface<HostileFile> {};
 
 // Elements as small as they can be: in a build that is not optimised, each takes many times as long.
-TEST_P(OddContentTest, IsOpenedAndCostsNoMoreThanItsSize) {
+TEST_P(OddFileContentTest, IsOpenedAndCostsNoMoreThanItsSize) {
   constexpr int kPatience = ZEVO_OPTIMISED ? 1 : 5;
   const std::string bytes = GetParam().content.Bytes();
   const std::string path = folder_.Write("saft.xml", bytes);
@@ -374,7 +374,7 @@ TEST_P(OddContentTest, IsOpenedAndCostsNoMoreThanItsSize) {
 }
 
 // A file that is refused as a file is refused as the schema, too.
-TEST_P(HostileContentTest, IsNoSchema) {
+TEST_P(HostileFileContentTest, IsNoSchema) {
   const std::string path = folder_.Path("saft.xml");
   SaveSampleFile(path);
   Options().set_SchemaLocation(folder_.Write("schema.xsd", GetParam().content.Bytes()));
@@ -392,8 +392,8 @@ TEST_P(HostileContentTest, IsNoSchema) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryKind, HostileContentTest, ValuesIn(HostileFiles()));
-INSTANTIATE_TEST_SUITE_P(EveryKind, OddContentTest, ValuesIn(OddFiles()));
+INSTANTIATE_TEST_SUITE_P(EveryKind, HostileFileContentTest, ValuesIn(HostileFiles()));
+INSTANTIATE_TEST_SUITE_P(EveryKind, OddFileContentTest, ValuesIn(OddFiles()));
 
 // What points elsewhere is a text like any other: it is read and written, and nobody follows it.
 TEST_F(HostileFileTest, WhatPointsElsewhereIsNotFollowed) {

@@ -213,7 +213,7 @@ TEST(NullRecordTotalsTest, TotalsStayWhatTheyAre) {
   EXPECT_THAT(file, Recorded(kJournalMissing, "TransactionDALC.CreateTransaction"));
 }
 
-TEST(NullJournalTest, TransactionsAreNotReadAndTheWalkGoesOn) {
+TEST(NullRecordJournalTest, TransactionsAreNotReadAndTheWalkGoesOn) {
   const UseSchema schema;
   const TemporaryFolder folder;
   SaveSampleFile(folder.Path("saft.xml"));

@@ -165,9 +165,9 @@ struct Obstacle {
 
 void PrintTo(const Obstacle& obstacle, std::ostream* out) { *out << obstacle.name; }
 
-class SaveWithoutPermissionTest : public SaveFailureTest, public ::testing::WithParamInterface<Obstacle> {};
+class SaveFailureWithoutPermissionTest : public SaveFailureTest, public ::testing::WithParamInterface<Obstacle> {};
 
-TEST_P(SaveWithoutPermissionTest, IsReportedAndLeavesTheOldFile) {
+TEST_P(SaveFailureWithoutPermissionTest, IsReportedAndLeavesTheOldFile) {
   Prepare({});
   chmod(path_.c_str(), GetParam().file);
   chmod(folder_.Path("").c_str(), GetParam().folder);
@@ -184,7 +184,7 @@ TEST_P(SaveWithoutPermissionTest, IsReportedAndLeavesTheOldFile) {
   ExpectOldFileAlone();
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryObstacle, SaveWithoutPermissionTest,
+INSTANTIATE_TEST_SUITE_P(EveryObstacle, SaveFailureWithoutPermissionTest,
                          ::testing::Values(Obstacle{"folder that may not be written", 0555, 0666},
                                            Obstacle{"file that may not be written", 0777, 0444}));
 

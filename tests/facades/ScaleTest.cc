@@ -76,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(EveryKind, ScaleTest,
                                            Kind{"transactions", &SampleSize::transactions},
                                            Kind{"invoices", &SampleSize::invoices}));
 
-TEST(StreamScaleTest, MemoryDoesNotGrowWithAFileThatIsStreamed) {
+TEST(ScaleStreamTest, MemoryDoesNotGrowWithAFileThatIsStreamed) {
   if (kSanitized) GTEST_SKIP() << "a sanitizer distorts memory";
   constexpr int kInvoices = 50'000;
   constexpr int64_t kMostKilobytes = 16'000;

@@ -246,7 +246,7 @@ TEST_P(WholeFileTest, SurvivesOpenAndSaveByteForByte) {
 
 INSTANTIATE_TEST_SUITE_P(EitherSide, WholeFileTest, Values(Side::kBothWithDebit, Side::kCreditAlone));
 
-TEST(BareFileTest, RecordsThatHoldNothingReadBackAsTheyWereWritten) {
+TEST(WholeFileBareTest, RecordsThatHoldNothingReadBackAsTheyWereWritten) {
   const UseSchema schema;
   const TemporaryFolder folder;
   const auto header = std::make_shared<Header>();

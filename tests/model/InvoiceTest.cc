@@ -32,7 +32,7 @@ TEST(InvoiceTest, TotalsAreNotDerivedFromTheLines) {
   EXPECT_EQ(invoice.DocumentTotals()->NetTotal(), 0);
 }
 
-class ShippingPointTest : public ::testing::Test {
+class ShippingPointStructureTest : public ::testing::Test {
  protected:
   std::string StoredDelivery(ShippingPointStructure& point) {
     point.set_DeliveryID("");
@@ -58,7 +58,7 @@ class ShippingPointTest : public ::testing::Test {
   std::shared_ptr<AddressStructure> address_ = std::make_shared<AddressStructure>();
 };
 
-TEST_F(ShippingPointTest, IsCheckedAsWhatItIsAssignedTo) {
+TEST_F(ShippingPointStructureTest, IsCheckedAsWhatItIsAssignedTo) {
   EXPECT_EQ(StoredDelivery(*point_), "a");
   invoice_.set_ShipTo(point_);
   EXPECT_EQ(StoredDelivery(*point_), "ab");
@@ -66,7 +66,7 @@ TEST_F(ShippingPointTest, IsCheckedAsWhatItIsAssignedTo) {
   EXPECT_EQ(StoredDelivery(*point_), "abc");
 }
 
-TEST_F(ShippingPointTest, AnAddressAssignedAfterwardsIsCheckedUnderTheInvoice) {
+TEST_F(ShippingPointStructureTest, AnAddressAssignedAfterwardsIsCheckedUnderTheInvoice) {
   invoice_.set_ShipTo(point_);
   point_->set_Address(address_);
   EXPECT_EQ(StoredCity(*address_), "abcdef");
@@ -76,7 +76,7 @@ TEST_F(ShippingPointTest, AnAddressAssignedAfterwardsIsCheckedUnderTheInvoice) {
   EXPECT_EQ(StoredCity(*address_), "abcdefg");
 }
 
-TEST_F(ShippingPointTest, AnAddressAssignedBeforehandKeepsItsDetachedPath) {
+TEST_F(ShippingPointStructureTest, AnAddressAssignedBeforehandKeepsItsDetachedPath) {
   EXPECT_EQ(StoredCity(*address_), "abcd");
   point_->set_Address(address_);
   EXPECT_EQ(StoredCity(*address_), "abcde");
@@ -84,7 +84,7 @@ TEST_F(ShippingPointTest, AnAddressAssignedBeforehandKeepsItsDetachedPath) {
   EXPECT_EQ(StoredCity(*address_), "abcde");
 }
 
-TEST_F(ShippingPointTest, AssigningNothingClearsWithoutTouchingAPath) {
+TEST_F(ShippingPointStructureTest, AssigningNothingClearsWithoutTouchingAPath) {
   invoice_.set_ShipTo(point_);
   point_->set_Address(address_);
   invoice_.set_ShipTo(nullptr);
@@ -95,7 +95,7 @@ TEST_F(ShippingPointTest, AssigningNothingClearsWithoutTouchingAPath) {
   EXPECT_EQ(StoredCity(*address_), "abcdef");
 }
 
-TEST_F(ShippingPointTest, OnePointMayServeBothEndsAndTwoInvoices) {
+TEST_F(ShippingPointStructureTest, OnePointMayServeBothEndsAndTwoInvoices) {
   Invoice other;
   invoice_.set_ShipTo(point_);
   invoice_.set_ShipFrom(point_);

@@ -50,7 +50,7 @@ struct TaxEntries {
 };
 
 template <class Traits>
-class CollectionTest : public ::testing::Test {
+class RecordCollectionContract : public ::testing::Test {
  protected:
   using Item = std::shared_ptr<typename Traits::Collection::ItemType>;
 
@@ -71,24 +71,24 @@ class CollectionTest : public ::testing::Test {
   std::vector<Item> items_;
 };
 using AllCollections = ::testing::Types<Lines, InvoiceLines, CreditNotes, TaxEntries>;
-TYPED_TEST_SUITE(CollectionTest, AllCollections);
+TYPED_TEST_SUITE(RecordCollectionContract, AllCollections);
 
 template <class Traits>
-using KeyedCollectionTest = CollectionTest<Traits>;
+using KeyedCollectionContract = RecordCollectionContract<Traits>;
 using KeyedCollections = ::testing::Types<Lines, InvoiceLines, CreditNotes>;
-TYPED_TEST_SUITE(KeyedCollectionTest, KeyedCollections);
+TYPED_TEST_SUITE(KeyedCollectionContract, KeyedCollections);
 
-TYPED_TEST(CollectionTest, StartsEmpty) {
+TYPED_TEST(RecordCollectionContract, StartsEmpty) {
   this->ExpectHolds({});
   EXPECT_EQ(this->collection_.begin(), this->collection_.end());
 }
 
-TYPED_TEST(CollectionTest, KeepsTheOrderInWhichItemsWereAdded) {
+TYPED_TEST(RecordCollectionContract, KeepsTheOrderInWhichItemsWereAdded) {
   this->Fill(20);
   this->ExpectHolds(this->items_);
 }
 
-TYPED_TEST(CollectionTest, LaterItemsMoveUpWhenOneIsRemoved) {
+TYPED_TEST(RecordCollectionContract, LaterItemsMoveUpWhenOneIsRemoved) {
   this->Fill(20);
   for (const int position : {20, 7, 1}) {
     this->collection_.Remove(position);
@@ -97,7 +97,7 @@ TYPED_TEST(CollectionTest, LaterItemsMoveUpWhenOneIsRemoved) {
   }
 }
 
-TYPED_TEST(CollectionTest, APositionOutOfRangeFailsAndChangesNothing) {
+TYPED_TEST(RecordCollectionContract, APositionOutOfRangeFailsAndChangesNothing) {
   this->Fill(2);
   for (const int position : {0, -1, 3, std::numeric_limits<int32_t>::max(), std::numeric_limits<int32_t>::min()}) {
     EXPECT_ERROR(this->collection_.Item(position), 9, "ZevoAdapters11");
@@ -108,7 +108,7 @@ TYPED_TEST(CollectionTest, APositionOutOfRangeFailsAndChangesNothing) {
   EXPECT_ERROR(this->collection_.Item(1), 9, "ZevoAdapters11");
 }
 
-TYPED_TEST(CollectionTest, AnUnknownKeyFailsAndChangesNothing) {
+TYPED_TEST(RecordCollectionContract, AnUnknownKeyFailsAndChangesNothing) {
   this->Fill(2);
   for (const std::string_view key : {"", "3", "L3", "outra"}) {
     EXPECT_ERROR(this->collection_.Item(key), 5, "ZevoAdapters11");
@@ -117,13 +117,13 @@ TYPED_TEST(CollectionTest, AnUnknownKeyFailsAndChangesNothing) {
   this->ExpectHolds(this->items_);
 }
 
-TYPED_TEST(CollectionTest, ANullItemIsAnInvalidCall) {
+TYPED_TEST(RecordCollectionContract, ANullItemIsAnInvalidCall) {
   this->Fill(1);
   EXPECT_ERROR(this->collection_.Add(nullptr), 5, "ZevoAdapters11");
   this->ExpectHolds(this->items_);
 }
 
-TYPED_TEST(CollectionTest, ClearRemovesEveryItemAndDoesNothingOnAnEmptyList) {
+TYPED_TEST(RecordCollectionContract, ClearRemovesEveryItemAndDoesNothingOnAnEmptyList) {
   this->collection_.Clear();
   this->ExpectHolds({});
   this->Fill(20);
@@ -135,7 +135,7 @@ TYPED_TEST(CollectionTest, ClearRemovesEveryItemAndDoesNothingOnAnEmptyList) {
   this->ExpectHolds(this->items_);
 }
 
-TYPED_TEST(CollectionTest, ItemsLiveAsLongAsTheyAreInTheList) {
+TYPED_TEST(RecordCollectionContract, ItemsLiveAsLongAsTheyAreInTheList) {
   auto item = TypeParam::Item(1);
   const std::weak_ptr alive = item;
   this->collection_.Add(item);
@@ -145,14 +145,14 @@ TYPED_TEST(CollectionTest, ItemsLiveAsLongAsTheyAreInTheList) {
   EXPECT_TRUE(alive.expired());
 }
 
-TYPED_TEST(KeyedCollectionTest, AKeyFindsItsItemHoweverManyThereAre) {
+TYPED_TEST(KeyedCollectionContract, AKeyFindsItsItemHoweverManyThereAre) {
   this->Fill(20);
   for (int number = 1; number <= 20; ++number) {
     EXPECT_EQ(this->collection_.Item(TypeParam::Key(number)), this->items_[static_cast<size_t>(number) - 1]);
   }
 }
 
-TYPED_TEST(KeyedCollectionTest, ATakenKeyFailsAndChangesNothing) {
+TYPED_TEST(KeyedCollectionContract, ATakenKeyFailsAndChangesNothing) {
   for (const int count : {2, 20}) {
     this->collection_.Clear();
     this->items_.clear();
@@ -163,7 +163,7 @@ TYPED_TEST(KeyedCollectionTest, ATakenKeyFailsAndChangesNothing) {
   }
 }
 
-TYPED_TEST(KeyedCollectionTest, TheSameItemCannotBeAddedTwiceToOneListButToTwo) {
+TYPED_TEST(KeyedCollectionContract, TheSameItemCannotBeAddedTwiceToOneListButToTwo) {
   this->Fill(1);
   EXPECT_ERROR(this->collection_.Add(this->items_[0]), 457, "ZevoAdapters11");
   typename TypeParam::Collection other;
@@ -171,7 +171,7 @@ TYPED_TEST(KeyedCollectionTest, TheSameItemCannotBeAddedTwiceToOneListButToTwo) 
   EXPECT_EQ(other.Item(TypeParam::Key(1)), this->items_[0]);
 }
 
-TYPED_TEST(KeyedCollectionTest, AnItemIsRemovedByItsKey) {
+TYPED_TEST(KeyedCollectionContract, AnItemIsRemovedByItsKey) {
   this->Fill(20);
   for (const int number : {5, 20, 1}) {
     this->collection_.Remove(TypeParam::Key(number));
@@ -182,7 +182,7 @@ TYPED_TEST(KeyedCollectionTest, AnItemIsRemovedByItsKey) {
   EXPECT_EQ(this->collection_.Item(TypeParam::Key(6)), this->items_[5]);
 }
 
-TYPED_TEST(KeyedCollectionTest, ARemovedKeyCanBeAddedAgain) {
+TYPED_TEST(KeyedCollectionContract, ARemovedKeyCanBeAddedAgain) {
   this->Fill(3);
   this->collection_.Remove(2);
   const auto again = TypeParam::Item(2);
@@ -194,7 +194,7 @@ TYPED_TEST(KeyedCollectionTest, ARemovedKeyCanBeAddedAgain) {
   EXPECT_EQ(this->collection_.Item(TypeParam::Key(2)), again);
 }
 
-TYPED_TEST(KeyedCollectionTest, TheKeyIsThatOfTheTimeOfAdding) {
+TYPED_TEST(KeyedCollectionContract, TheKeyIsThatOfTheTimeOfAdding) {
   auto item = TypeParam::Item(1);
   this->collection_.Add(item);
   if constexpr (std::is_same_v<TypeParam, Lines>) item->set_RecordID("L9");

@@ -13,7 +13,7 @@ using testing::UseSchemaText;
 
 // Both sections carry the same three totals.
 template <class T>
-class TotalsTest : public ::testing::Test {
+class SectionTotalsRecordContract : public ::testing::Test {
  protected:
   void Set(int32_t entries, Amount debit, Amount credit) {
     totals_.set_NumberOfEntries(entries);
@@ -29,23 +29,23 @@ class TotalsTest : public ::testing::Test {
   T totals_;
 };
 using Sections = ::testing::Types<SalesInvoices, GeneralLedgerEntries>;
-TYPED_TEST_SUITE(TotalsTest, Sections);
+TYPED_TEST_SUITE(SectionTotalsRecordContract, Sections);
 
-TYPED_TEST(TotalsTest, StartAtZero) { this->Expect(0, 0, 0); }
+TYPED_TEST(SectionTotalsRecordContract, StartAtZero) { this->Expect(0, 0, 0); }
 
-TYPED_TEST(TotalsTest, ResetBringsAllThreeBackToZero) {
+TYPED_TEST(SectionTotalsRecordContract, ResetBringsAllThreeBackToZero) {
   this->Set(3, Amount::FromText("12.5"), Amount::FromText("-7"));
   this->totals_.Reset();
   this->Expect(0, 0, 0);
 }
 
-TYPED_TEST(TotalsTest, RefreshChangesNothing) {
+TYPED_TEST(SectionTotalsRecordContract, RefreshChangesNothing) {
   this->Set(3, Amount::FromText("12.5"), Amount::FromText("-7"));
   this->totals_.Refresh();
   this->Expect(3, Amount::FromText("12.5"), Amount::FromText("-7"));
 }
 
-TYPED_TEST(TotalsTest, ResetGoesThroughTheChecksInTheOrderOfTheTotals) {
+TYPED_TEST(SectionTotalsRecordContract, ResetGoesThroughTheChecksInTheOrderOfTheTotals) {
   this->Set(3, 5, 7);
   const UseSchemaText schema(SchemaLimiting({{"/TotalDebit", "many"}}));
   EXPECT_ERROR(this->totals_.Reset(), 13, "ZevoAdapters11");

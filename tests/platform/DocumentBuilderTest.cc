@@ -43,16 +43,16 @@ Saved InUtf8(std::string_view name, std::string_view content) {
   return {name, std::string(content), Declared("utf-8", content)};
 }
 
-class OpenedAndSaved : public ::testing::TestWithParam<Saved> {};
+class DocumentBuilderSavedTest : public ::testing::TestWithParam<Saved> {};
 
-TEST_P(OpenedAndSaved, IsWrittenExactly) {
+TEST_P(DocumentBuilderSavedTest, IsWrittenExactly) {
   const Parsing parsing;
   Document document;
   parsing.Load(document, GetParam().read);
   EXPECT_EQ(testing::BytesOf(document), GetParam().written);
 }
 
-TEST_P(OpenedAndSaved, DoesNotChangeAnyMoreWhenOpenedAgain) {
+TEST_P(DocumentBuilderSavedTest, DoesNotChangeAnyMoreWhenOpenedAgain) {
   const Parsing parsing;
   Document document;
   parsing.Load(document, GetParam().written);
@@ -60,7 +60,7 @@ TEST_P(OpenedAndSaved, DoesNotChangeAnyMoreWhenOpenedAgain) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    DocumentBuilder, OpenedAndSaved,
+    All, DocumentBuilderSavedTest,
     ::testing::Values(
         Unchanged("Elements", "<a><b><c/></b><d>x</d></a>"),
         Unchanged("DefaultNamespace", "<a xmlns=\"urn:a\"><b xmlns=\"\"><c xmlns=\"urn:c\"/></b></a>"),
@@ -119,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
               Declared("windows-1252", "<a>\xE7\x80</a>")}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST(DocumentBuilder, EveryKindOfContentAtOnce) {
+TEST(DocumentBuilderTest, EveryKindOfContentAtOnce) {
   const Parsing parsing;
   Document document;
   parsing.Load(document, testing::kRichFile);
@@ -135,14 +135,14 @@ TEST(DocumentBuilder, EveryKindOfContentAtOnce) {
             "</a>\n");
 }
 
-TEST(DocumentBuilder, TheTextOfALeafIsHeldByItsElement) {
+TEST(DocumentBuilderTest, TheTextOfALeafIsHeldByItsElement) {
   const Parsing parsing;
   Document document;
   parsing.Load(document, "<a><b>x&amp;y</b></a>");
   EXPECT_TRUE(document.FirstChild(document.Root(), "b").node()->HoldsText());
 }
 
-TEST(DocumentBuilder, TextThatComesInManyPiecesIsOne) {
+TEST(DocumentBuilderTest, TextThatComesInManyPiecesIsOne) {
   const Parsing parsing;
   const std::string piece = "São &amp; João &#8364; ";
   Document document;
@@ -151,7 +151,7 @@ TEST(DocumentBuilder, TextThatComesInManyPiecesIsOne) {
   EXPECT_EQ(document.FirstChild(document.Root(), "c").LeadingText(), "fim");
 }
 
-TEST(DocumentBuilder, NoCharactersAreNoText) {
+TEST(DocumentBuilderTest, NoCharactersAreNoText) {
   Document document;
   DocumentBuilder builder(document);
   const char* const name = "a";
@@ -161,7 +161,7 @@ TEST(DocumentBuilder, NoCharactersAreNoText) {
   EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a/>"));
 }
 
-TEST(DocumentBuilder, WhiteSpaceOfEveryLengthAndKindIsKept) {
+TEST(DocumentBuilderTest, WhiteSpaceOfEveryLengthAndKindIsKept) {
   const Parsing parsing;
   std::string content = "<a>";
   for (size_t length = 1; length < 100; ++length) {
@@ -174,7 +174,7 @@ TEST(DocumentBuilder, WhiteSpaceOfEveryLengthAndKindIsKept) {
   EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", content));
 }
 
-TEST(DocumentBuilder, SharedWhiteSpaceDoesNotChangeWithOneElement) {
+TEST(DocumentBuilderTest, SharedWhiteSpaceDoesNotChangeWithOneElement) {
   const Parsing parsing;
   Document document;
   parsing.Load(document, "<a> <b k='v'> </b> <c> </c> </a>");
@@ -183,7 +183,7 @@ TEST(DocumentBuilder, SharedWhiteSpaceDoesNotChangeWithOneElement) {
   EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a> <b k=\"v\">x</b> <c>y</c> </a>"));
 }
 
-TEST(DocumentBuilder, ADocumentIsRefilledFileAfterFile) {
+TEST(DocumentBuilderTest, ADocumentIsRefilledFileAfterFile) {
   const Parsing parsing;
   Document document;
   for (int i = 0; i < 50; ++i) {
@@ -195,7 +195,7 @@ TEST(DocumentBuilder, ADocumentIsRefilledFileAfterFile) {
   }
 }
 
-TEST(DocumentBuilder, ClearedItBeginsAnewInTheSameParse) {
+TEST(DocumentBuilderTest, ClearedItBeginsAnewInTheSameParse) {
   Document document;
   DocumentBuilder builder(document);
   const char* const name = "a";

@@ -43,19 +43,19 @@ class DocumentTest : public ::testing::Test {
 };
 
 // A tree of 8.5 million elements must fit into a 32-bit host.
-TEST(Document, ANodeTakes24Bytes) { EXPECT_EQ(sizeof(Node), 24u); }
+TEST_F(DocumentTest, ANodeTakes24Bytes) { EXPECT_EQ(sizeof(Node), 24u); }
 
-TEST(Document, AnElementIsOneWordAndNothingByDefault) {
+TEST_F(DocumentTest, AnElementIsOneWordAndNothingByDefault) {
   EXPECT_EQ(sizeof(Element), sizeof(void*));
   EXPECT_FALSE(Element());
 }
 
-TEST(Document, IsEmptyAtFirst) {
+TEST_F(DocumentTest, IsEmptyAtFirst) {
   const Document document;
   EXPECT_FALSE(document.Root());
 }
 
-TEST(Document, NumbersItsVocabularyFromOne) {
+TEST_F(DocumentTest, NumbersItsVocabularyFromOne) {
   Document document(kVocabulary);
   EXPECT_EQ(document.AppendElement(Element(), 2).Name(), "Journal");
   EXPECT_EQ(document.Names().Find("JournalID"), 3u);
@@ -316,7 +316,7 @@ void BuildJournals(int count) {
   EXPECT_EQ(found, 2 * count);
 }
 
-TEST(Document, LookingUp200000JournalsByKeyTakesTimeLinearInTheirNumber) {
+TEST_F(DocumentTest, LookingUp200000JournalsByKeyTakesTimeLinearInTheirNumber) {
   const double some = testing::LeastProcessorSeconds(2, [] { BuildJournals(20'000); });
   const double tenfold = testing::LeastProcessorSeconds(2, [] { BuildJournals(200'000); });
   // What grew with the square would take a hundred times as long.
@@ -335,7 +335,7 @@ TEST_F(DocumentTest, LookingUpChosenKeysTakesNoLongerThanOthers) {
             0.5);
 }
 
-TEST(Document, AppendingAndFindingTheFirstChildTakesTimeLinearInTheChildren) {
+TEST_F(DocumentTest, AppendingAndFindingTheFirstChildTakesTimeLinearInTheChildren) {
   const auto build = [](int count) {
     Document document;
     const Element root = document.AppendElement(Element(), "r");

@@ -52,12 +52,12 @@ void PrintTo(const Failure& row, std::ostream* out) {
   *out << row.call << " " << row.nth << " " << std::strerror(row.error);
 }
 
-class SaveFailure : public ::testing::TestWithParam<Failure> {
+class FileFailureOfSavingTest : public ::testing::TestWithParam<Failure> {
  protected:
   testing::TemporaryFolder folder_;
 };
 
-TEST_P(SaveFailure, IsToldWithItsReasonAndLeavesTheOldFileWhole) {
+TEST_P(FileFailureOfSavingTest, IsToldWithItsReasonAndLeavesTheOldFileWhole) {
   const Failure& failure = GetParam();
   const std::string file = folder_.Write("file", kOld);
   const FailingCall failing(failure.call, failure.nth, failure.error);
@@ -72,7 +72,7 @@ TEST_P(SaveFailure, IsToldWithItsReasonAndLeavesTheOldFileWhole) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    FileReplacement, SaveFailure,
+    All, FileFailureOfSavingTest,
     ::testing::Values(
         Failure{"open", 1, EACCES, RunTimeError::kPermissionDenied},
         Failure{"open", 1, EROFS, RunTimeError::kPermissionDenied}, Failure{"open", 1, ENOSPC, RunTimeError::kDiskFull},
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Numbered());
 
 // A target that is not there yet does not come to be by half.
-TEST_P(SaveFailure, LeavesNoNewFile) {
+TEST_P(FileFailureOfSavingTest, LeavesNoNewFile) {
   const Failure& failure = GetParam();
   if (failure.call == "fchmod") GTEST_SKIP() << "a new file has no mode to keep";
   {

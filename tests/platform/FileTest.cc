@@ -224,7 +224,7 @@ std::string BelongsTo(const std::string& path) {
 constexpr uid_t kNobody = 65534;
 
 // Tests that give files away.
-class OwnedFile : public FileTest {
+class FileOwnedTest : public FileTest {
  protected:
   void SetUp() override {
     FileTest::SetUp();
@@ -252,21 +252,21 @@ class OwnedFile : public FileTest {
   std::string file_ = folder_.Path("file");
 };
 
-TEST_F(OwnedFile, StaysItsOwnersAndItsGroupsWhenTheSuperuserReplacesIt) {
+TEST_F(FileOwnedTest, StaysItsOwnersAndItsGroupsWhenTheSuperuserReplacesIt) {
   GiveTo(4711, 4712, 0640);
   EXPECT_EQ(ReplacedBy(0, 0), "4711:4712 640");
   GiveTo(4711, 0, 0604);
   EXPECT_EQ(ReplacedBy(0, 0), "4711:0 604");
 }
 
-TEST_F(OwnedFile, StaysItsGroupsWhenOneOfTheGroupReplacesIt) {
+TEST_F(FileOwnedTest, StaysItsGroupsWhenOneOfTheGroupReplacesIt) {
   GiveTo(4711, 4712, 0660);
   EXPECT_EQ(ReplacedBy(kNobody, kNobody, {4712}), "65534:4712 660");
   GiveTo(4711, kNobody, 0660);
   EXPECT_EQ(ReplacedBy(kNobody, kNobody), "65534:65534 660");
 }
 
-TEST_F(OwnedFile, IsReplacedByOneWhoMayNotGiveItBackAndOpensToNobodyElse) {
+TEST_F(FileOwnedTest, IsReplacedByOneWhoMayNotGiveItBackAndOpensToNobodyElse) {
   const struct {
     mode_t before;
     const char* after;
@@ -405,9 +405,9 @@ TEST_F(FileTest, ADeviceIsWrittenToDirectly) {
 }
 
 // A disk that fills up at every place of the content.
-class FullDisk : public FileTest, public ::testing::WithParamInterface<rlim_t> {};
+class FileFullDiskTest : public FileTest, public ::testing::WithParamInterface<rlim_t> {};
 
-TEST_P(FullDisk, LeavesTheOldFileWholeAndNothingElse) {
+TEST_P(FileFullDiskTest, LeavesTheOldFileWholeAndNothingElse) {
   const std::string file = folder_.Write("file", kOld);
   const std::string_view piece = "0123456789";
   const testing::ChildResult result = RunInChild([&] {
@@ -435,13 +435,13 @@ TEST_P(FullDisk, LeavesTheOldFileWholeAndNothingElse) {
   EXPECT_THAT(folder_.Names(), ElementsAre("file"));
 }
 
-INSTANTIATE_TEST_SUITE_P(File, FullDisk, ::testing::Values(0, 1, 9, 10, 11, 55, 90, 99, 100, 1000),
+INSTANTIATE_TEST_SUITE_P(All, FileFullDiskTest, ::testing::Values(0, 1, 9, 10, 11, 55, 90, 99, 100, 1000),
                          testing::Numbered());
 
 // A process that is killed after so many writes, 0 being before the first.
-class KilledProcess : public FileTest, public ::testing::WithParamInterface<int> {};
+class FileKilledProcessTest : public FileTest, public ::testing::WithParamInterface<int> {};
 
-TEST_P(KilledProcess, LeavesTheOldFileWholeAndInNobodysWay) {
+TEST_P(FileKilledProcessTest, LeavesTheOldFileWholeAndInNobodysWay) {
   const std::string file = folder_.Write("file", kOld);
   const testing::ChildResult result = RunInChild([&] {
     FileReplacement replacement(file);
@@ -458,7 +458,7 @@ TEST_P(KilledProcess, LeavesTheOldFileWholeAndInNobodysWay) {
   EXPECT_EQ(ReadBytes(file), kNew);
 }
 
-INSTANTIATE_TEST_SUITE_P(File, KilledProcess, ::testing::Range(0, 5));
+INSTANTIATE_TEST_SUITE_P(All, FileKilledProcessTest, ::testing::Range(0, 5));
 
 TEST_F(FileTest, WhatAnotherProcessIsWritingStays) {
   const std::string file = folder_.Write("file", kOld);

@@ -6,7 +6,7 @@
 namespace zevo {
 namespace {
 
-TEST(HostMessages, AreAwaitedForASecond) {
+TEST(HostMessagesTest, AreAwaitedForASecond) {
   const auto begin = std::chrono::steady_clock::now();
   AwaitHostMessages();
   const auto passed = std::chrono::steady_clock::now() - begin;

@@ -8,14 +8,14 @@
 namespace zevo {
 namespace {
 
-TEST(KeyedHash, IsTheSameForTheSameText) {
+TEST(KeyedHashTest, IsTheSameForTheSameText) {
   const std::string text = "FT A/12";
   EXPECT_EQ(KeyedHash(text), KeyedHash(std::string(text)));
   EXPECT_EQ(KeyedHash({}), KeyedHash(""));
 }
 
 // Whatever place in a text differs, and by whatever bit: a quarter to three quarters of the hash's bits do.
-TEST(KeyedHash, DiffersWhereverATextDoes) {
+TEST(KeyedHashTest, DiffersWhereverATextDoes) {
   for (size_t size = 1; size <= 40; ++size) {
     const std::string text(size, 'a');
     for (size_t at = 0; at < size; ++at) {
@@ -28,7 +28,7 @@ TEST(KeyedHash, DiffersWhereverATextDoes) {
   }
 }
 
-TEST(KeyedHash, TellsTextsOfEveryLengthApart) {
+TEST(KeyedHashTest, TellsTextsOfEveryLengthApart) {
   std::set<uint64_t> hashes;
   for (size_t size = 0; size < 1000; ++size) hashes.insert(KeyedHash(std::string(size, '\0')));
   EXPECT_EQ(hashes.size(), 1000U);

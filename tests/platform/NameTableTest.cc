@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::array<std::string_view, 3> kVocabulary = {"AuditFile", "Header", "Journal"};
 
-TEST(NameTable, NumbersItsFirstNamesFromOne) {
+TEST(NameTableTest, NumbersItsFirstNamesFromOne) {
   const NameTable names(kVocabulary);
   EXPECT_EQ(names.Find("AuditFile"), 1u);
   EXPECT_EQ(names.Find("Header"), 2u);
@@ -23,20 +23,20 @@ TEST(NameTable, NumbersItsFirstNamesFromOne) {
   EXPECT_EQ(names.Text(2), "Header");
 }
 
-TEST(NameTable, HoldsANameOnce) {
+TEST(NameTableTest, HoldsANameOnce) {
   NameTable names({});
   const uint32_t first = names.Add("Customer");
   EXPECT_EQ(names.Add(std::string("Customer")), first);
   EXPECT_NE(names.Add("customer"), first);
 }
 
-TEST(NameTable, DoesNotFindWhatWasNotAdded) {
+TEST(NameTableTest, DoesNotFindWhatWasNotAdded) {
   NameTable names(kVocabulary);
   EXPECT_EQ(names.Find("Customer"), NameTable::kNone);
   EXPECT_EQ(names.Find(""), NameTable::kNone);
 }
 
-TEST(NameTable, LocalNameIsTheNameWithoutItsPrefix) {
+TEST(NameTableTest, LocalNameIsTheNameWithoutItsPrefix) {
   NameTable names(kVocabulary);
   const uint32_t prefixed = names.Add("n1:Header");
   EXPECT_EQ(names.Local(prefixed), 2u);
@@ -44,7 +44,7 @@ TEST(NameTable, LocalNameIsTheNameWithoutItsPrefix) {
   EXPECT_EQ(names.Local(2), 2u);
 }
 
-TEST(NameTable, KeepsEveryNameAsItGrows) {
+TEST(NameTableTest, KeepsEveryNameAsItGrows) {
   NameTable names(kVocabulary);
   std::vector<uint32_t> numbers;
   for (int i = 0; i < 20'000; ++i) numbers.push_back(names.Add("Name" + std::to_string(i)));
@@ -57,7 +57,7 @@ TEST(NameTable, KeepsEveryNameAsItGrows) {
 }
 
 // A file may be hostile: every element of another name.
-TEST(NameTable, AddingANameTakesNoLongerTheMoreThereAre) {
+TEST(NameTableTest, AddingANameTakesNoLongerTheMoreThereAre) {
   // Fresh memory costs more than the names: the rounds after the first one get it back.
   mallopt(M_MMAP_THRESHOLD, 1 << 28);
   mallopt(M_TRIM_THRESHOLD, 1 << 28);
@@ -72,7 +72,7 @@ TEST(NameTable, AddingANameTakesNoLongerTheMoreThereAre) {
 }
 
 // Names that differ at their very end alone, which a hash that multiplies has in one place.
-TEST(NameTable, ChosenNamesTakeNoLongerThanOthers) {
+TEST(NameTableTest, ChosenNamesTakeNoLongerThanOthers) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
   constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
   std::vector<std::string> texts;
@@ -92,13 +92,13 @@ TEST(NameTable, ChosenNamesTakeNoLongerThanOthers) {
             0.2);
 }
 
-TEST(NameTable, AParsedNameIsTheNameWithItsPrefix) {
+TEST(NameTableTest, AParsedNameIsTheNameWithItsPrefix) {
   NameTable names({});
   EXPECT_EQ(names.Text(names.AddParsed(1, "Line", nullptr)), "Line");
   EXPECT_EQ(names.Text(names.AddParsed(2, "Line", "n1")), "n1:Line");
 }
 
-TEST(NameTable, NumbersOfAParseMayComeInAnyOrder) {
+TEST(NameTableTest, NumbersOfAParseMayComeInAnyOrder) {
   NameTable names(kVocabulary);
   EXPECT_EQ(names.Text(names.AddParsed(700, "Line", nullptr)), "Line");
   EXPECT_EQ(names.AddParsed(5, "Header", nullptr), 2u);
@@ -106,7 +106,7 @@ TEST(NameTable, NumbersOfAParseMayComeInAnyOrder) {
   EXPECT_EQ(names.Text(names.AddParsed(700, "Line", nullptr)), "Line");
 }
 
-TEST(NameTable, NamesOfEveryLengthAreToldApart) {
+TEST(NameTableTest, NamesOfEveryLengthAreToldApart) {
   NameTable names({});
   std::vector<std::string> texts;
   for (size_t length = 1; length < 40; ++length) {
@@ -123,7 +123,7 @@ TEST(NameTable, NamesOfEveryLengthAreToldApart) {
   }
 }
 
-TEST(NameTable, OnlyGivenNamesWithoutPrefixOrAccentsArePlain) {
+TEST(NameTableTest, OnlyGivenNamesWithoutPrefixOrAccentsArePlain) {
   NameTable names(kVocabulary);
   EXPECT_TRUE(names.IsPlain(NameTable::kNone));
   for (uint32_t number = 1; number <= std::size(kVocabulary); ++number) EXPECT_TRUE(names.IsPlain(number));
@@ -135,7 +135,7 @@ TEST(NameTable, OnlyGivenNamesWithoutPrefixOrAccentsArePlain) {
   EXPECT_FALSE(mixed.IsPlain(mixed.Find("Endereço")));
 }
 
-TEST(NameTable, ANumberMayStandForAnotherNameOnceForgotten) {
+TEST(NameTableTest, ANumberMayStandForAnotherNameOnceForgotten) {
   NameTable names({});
   names.AddParsed(1, "Line", nullptr);
   EXPECT_EQ(names.Text(names.AddParsed(1, "Date", nullptr)), "Line");
@@ -143,7 +143,7 @@ TEST(NameTable, ANumberMayStandForAnotherNameOnceForgotten) {
   EXPECT_EQ(names.Text(names.AddParsed(1, "Date", nullptr)), "Date");
 }
 
-TEST(NameTable, TellsWhetherWindows1252HasEveryCharacterOfAName) {
+TEST(NameTableTest, TellsWhetherWindows1252HasEveryCharacterOfAName) {
   NameTable names(kVocabulary);
   EXPECT_TRUE(names.IsWindows1252(1));
   EXPECT_TRUE(names.IsWindows1252(names.Add("Endereço")));

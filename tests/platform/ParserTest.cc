@@ -47,37 +47,37 @@ std::string Place(int line, int column) {
 
 // What the parser delivers.
 
-TEST(Parser, DeliversTheContentInItsOrder) {
+TEST(ParserTest, DeliversTheContentInItsOrder) {
   EXPECT_EQ(Parsing().EventsOf("<?xml version='1.0' standalone='yes'?><!--c--><?t d e?><?u?>\n"
                                "<a k='1' l='2'>x<b/><![CDATA[<y>]]><!--z--></a>\n<!--end-->"),
             "[standalone][comment:c][t:d e][u:]<a k=1 l=2>x<b></b>[CDATA:<y>][comment:z]</a>[comment:end]");
 }
 
-TEST(Parser, StandaloneIsToldOnlyForYes) {
+TEST(ParserTest, StandaloneIsToldOnlyForYes) {
   EXPECT_EQ(Parsing().EventsOf("<?xml version='1.0' standalone='no'?><a/>"), "<a></a>");
 }
 
-TEST(Parser, ResolvesEntitiesAndCharacterReferences) {
+TEST(ParserTest, ResolvesEntitiesAndCharacterReferences) {
   EXPECT_EQ(
       Parsing().EventsOf("<a k='&lt;&amp;&#10;&#x20AC;'>&lt;&gt;&amp;&apos;&quot;&#65;&#x20AC;&#128512;&#13;</a>"),
       "<a k=<&\n€><>&'\"A€😀\r</a>");
 }
 
-TEST(Parser, LineEndsAreLineFeedsAndWhiteSpaceInAttributesIsSpaces) {
+TEST(ParserTest, LineEndsAreLineFeedsAndWhiteSpaceInAttributesIsSpaces) {
   EXPECT_EQ(Parsing().EventsOf("<a k='1\r\n2\t3'>x\r\ny\rz\n</a>"), "<a k=1 2 3>x\ny\nz\n</a>");
 }
 
-TEST(Parser, NamespaceDeclarationsAreAttributes) {
+TEST(ParserTest, NamespaceDeclarationsAreAttributes) {
   EXPECT_EQ(Parsing().EventsOf("<a xmlns='urn:a' xmlns:p='urn:p' p:k='1'><p:b xmlns=''/></a>"),
             "<a xmlns=urn:a xmlns:p=urn:p p:k=1><p:b xmlns=></p:b></a>");
 }
 
-TEST(Parser, ANamespaceMayHaveAnyName) {
+TEST(ParserTest, ANamespaceMayHaveAnyName) {
   EXPECT_EQ(Parsing().EventsOf("<a xmlns='not a URI' xmlns:p='%zz'><p:b/></a>"),
             "<a xmlns=not a URI xmlns:p=%zz><p:b></p:b></a>");
 }
 
-TEST(Parser, EqualNamesAreTheSamePointers) {
+TEST(ParserTest, EqualNamesAreTheSamePointers) {
   struct Pointers : testing::NoEvents {
     void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
       locals.insert(name.local);
@@ -120,15 +120,15 @@ std::string Declared(std::string_view encoding, std::string_view body) {
   return std::string("<?xml version=\"1.0\" encoding=\"").append(encoding).append("\"?>\n").append(body);
 }
 
-class EncodedFile : public ::testing::TestWithParam<std::string> {};
+class ParserEncodedFileTest : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(EncodedFile, IsReadAlikeInEveryWay) {
+TEST_P(ParserEncodedFileTest, IsReadAlikeInEveryWay) {
   const Parsing parsing;
   EXPECT_EQ(parsing.EventsOf(GetParam()), kBodyEvents);
   parsing.ExpectAccepted(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Parser, EncodedFile,
+INSTANTIATE_TEST_SUITE_P(All, ParserEncodedFileTest,
                          ::testing::Values(std::string(kBody), "\xEF\xBB\xBF" + std::string(kBody),
                                            Declared("utf-8", kBody), "\xEF\xBB\xBF" + Declared("UTF-8", kBody),
                                            Declared("windows-1252", kBodyInWindows1252),
@@ -141,15 +141,15 @@ INSTANTIATE_TEST_SUITE_P(Parser, EncodedFile,
                                            testing::InUtf16BigEndian(Declared("UTF-16BE", kBody))),
                          testing::Numbered());
 
-TEST(Parser, TheUndefinedBytesOfWindows1252AreControls) {
+TEST(ParserTest, TheUndefinedBytesOfWindows1252AreControls) {
   EXPECT_EQ(Parsing().EventsOf(Declared("windows-1252", "<a>\x81\x8D\x8F\x90\x9D</a>")),
             "<a>\u0081\u008D\u008F\u0090\u009D</a>");
 }
 
-class Straddling : public ::testing::TestWithParam<size_t> {};
+class ParserStraddlingTest : public ::testing::TestWithParam<size_t> {};
 
 // The text is longer than every buffer, and its characters fall on every offset of their ends.
-TEST_P(Straddling, NoCharacterIsLostAtTheEndOfABuffer) {
+TEST_P(ParserStraddlingTest, NoCharacterIsLostAtTheEndOfABuffer) {
   const std::string pad(GetParam(), 'x');
   const std::string text = pad + Repeated("é€ç“", 60'000);
   const std::string inWindows1252 = pad + Repeated("\xE9\x80\xE7\x93", 60'000);
@@ -162,7 +162,7 @@ TEST_P(Straddling, NoCharacterIsLostAtTheEndOfABuffer) {
   EXPECT_TRUE(parsing.EventsOf("\xFF\xFE" + testing::InUtf16LittleEndian(beyond)) == beyond);
 }
 
-INSTANTIATE_TEST_SUITE_P(Parser, Straddling, ::testing::Range<size_t>(0, 5));
+INSTANTIATE_TEST_SUITE_P(All, ParserStraddlingTest, ::testing::Range<size_t>(0, 5));
 
 // Refusals. Each is the same number, line and column in every way of parsing.
 
@@ -174,16 +174,16 @@ struct Refusal {
   int column;
 };
 
-class RefusedFile : public ::testing::TestWithParam<Refusal> {};
+class ParserRefusedFileTest : public ::testing::TestWithParam<Refusal> {};
 
-TEST_P(RefusedFile, HasOneVerdictWithItsPlace) {
+TEST_P(ParserRefusedFileTest, HasOneVerdictWithItsPlace) {
   const Error error = Parsing().VerdictOn(GetParam().bytes);
   EXPECT_EQ(error.Number(), GetParam().number);
   EXPECT_THAT(error.Description(), EndsWith(" " + Place(GetParam().line, GetParam().column)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Parser, RefusedFile,
+    All, ParserRefusedFileTest,
     ::testing::Values(
         Refusal{"NulInText", "<a>x\0</a>"s, XML_ERR_INVALID_CHAR, 1, 5},
         Refusal{"NulOnTheThirdLine", "<a>\n\nxy\0</a>"s, XML_ERR_INVALID_CHAR, 3, 3},
@@ -207,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(
                 XML_ERR_INVALID_ENCODING, 2, 2}),
     [](const auto& row) { return row.param.name; });
 
-TEST(Parser, ANulFarFromTheFrontIsFoundAtItsPlace) {
+TEST(ParserTest, ANulFarFromTheFrontIsFoundAtItsPlace) {
   const Error error = Parsing().VerdictOn("<a>" + Repeated("<b>texto</b>\n", 70'000) + "xyz\0</a>"s);
   EXPECT_EQ(error.Number(), XML_ERR_INVALID_CHAR);
   EXPECT_THAT(error.Description(), EndsWith(Place(70'001, 4)));
@@ -218,16 +218,16 @@ struct Encoding {
   std::string bytes;
 };
 
-class RefusedEncoding : public ::testing::TestWithParam<Encoding> {};
+class ParserRefusedEncodingTest : public ::testing::TestWithParam<Encoding> {};
 
-TEST_P(RefusedEncoding, IsUnsupportedInEveryWay) {
+TEST_P(ParserRefusedEncodingTest, IsUnsupportedInEveryWay) {
   const Error error = Parsing().VerdictOn(GetParam().bytes);
   EXPECT_EQ(error.Number(), XML_ERR_UNSUPPORTED_ENCODING);
   EXPECT_THAT(error.Description(), HasSubstr("(linha 1, "));
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Parser, RefusedEncoding,
+    All, ParserRefusedEncodingTest,
     ::testing::Values(
         Encoding{"Unknown", Declared("ISO-8859-15", "<a/>")}, Encoding{"Empty", Declared("", "<a/>")},
         Encoding{"Utf16InBytes", Declared("UTF-16", "<a/>")},
@@ -237,16 +237,16 @@ INSTANTIATE_TEST_SUITE_P(
         Encoding{"Utf16MarkAgainstItsOrder", "\xFE\xFF" + testing::InUtf16BigEndian(Declared("UTF-16LE", "<a/>"))}),
     [](const auto& row) { return row.param.name; });
 
-TEST(Parser, AnEncodingThatOnlyTheParserKnowsIsRefused) {
+TEST(ParserTest, AnEncodingThatOnlyTheParserKnowsIsRefused) {
   // <?xml version="1.0" encoding="ebcdic-cp-us"?><a>A</a> in EBCDIC.
   Parsing().VerdictOn(
       "\x4C\x6F\xA7\x94\x93\x40\xA5\x85\x99\xA2\x89\x96\x95\x7E\x7F\xF1\x4B\xF0\x7F\x40\x85\x95\x83\x96\x84\x89\x95\x87"
       "\x7E\x7F\x85\x82\x83\x84\x89\x83\x60\x83\x97\x60\xA4\xA2\x7F\x6F\x6E\x4C\x81\x6E\xC1\x4C\x61\x81\x6E");
 }
 
-class NotUtf8 : public ::testing::TestWithParam<std::string_view> {};
+class ParserNotUtf8Test : public ::testing::TestWithParam<std::string_view> {};
 
-TEST_P(NotUtf8, IsRefusedWhereverItStands) {
+TEST_P(ParserNotUtf8Test, IsRefusedWhereverItStands) {
   const Parsing parsing;
   const std::string bytes(GetParam());
   const Error error = parsing.VerdictOn("<a>\n\nxy" + bytes + "z</a>");
@@ -259,7 +259,7 @@ TEST_P(NotUtf8, IsRefusedWhereverItStands) {
   parsing.VerdictOn("<a>" + std::string(256 * 1024 - 4, 'x') + bytes + "</a>");
 }
 
-INSTANTIATE_TEST_SUITE_P(Parser, NotUtf8,
+INSTANTIATE_TEST_SUITE_P(All, ParserNotUtf8Test,
                          ::testing::Values("\x80", "\xC0\x80", "\xC1\x81", "\xC3(", "\xE0\x80\xBC", "\xE0\x9F\xBF",
                                            "\xE2\x82(", "\xED\xA0\x80", "\xF0\x80\x80\xBC", "\xF0\x8F\xBF\xBF",
                                            "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF", "\x01", "\x1F",
@@ -272,13 +272,13 @@ struct IllFormed {
   int number;
 };
 
-class IllFormedFile : public ::testing::TestWithParam<IllFormed> {};
+class ParserIllFormedFileTest : public ::testing::TestWithParam<IllFormed> {};
 
-TEST_P(IllFormedFile, HasTheNumberOfTheParser) {
+TEST_P(ParserIllFormedFileTest, HasTheNumberOfTheParser) {
   EXPECT_EQ(Parsing().VerdictOn(GetParam().bytes).Number(), GetParam().number);
 }
 
-INSTANTIATE_TEST_SUITE_P(Parser, IllFormedFile,
+INSTANTIATE_TEST_SUITE_P(All, ParserIllFormedFileTest,
                          ::testing::Values(IllFormed{"Empty", "", XML_ERR_DOCUMENT_EMPTY},
                                            IllFormed{"NoMarkup", "texto", XML_ERR_DOCUMENT_EMPTY},
                                            IllFormed{"Mismatch", "<a></b>", XML_ERR_TAG_NAME_MISMATCH},
@@ -291,20 +291,20 @@ INSTANTIATE_TEST_SUITE_P(Parser, IllFormedFile,
                                            IllFormed{"UnknownPrefix", "<a><p:b/></a>", XML_NS_ERR_UNDEFINED_NAMESPACE}),
                          [](const auto& row) { return row.param.name; });
 
-TEST(Parser, LinesBeyondSixteenBitsAreToldRight) {
+TEST(ParserTest, LinesBeyondSixteenBitsAreToldRight) {
   const Error error = Parsing().VerdictOn("<a>" + std::string(150'000, '\n') + "<b></c></a>");
   EXPECT_EQ(error.Number(), XML_ERR_TAG_NAME_MISMATCH);
   EXPECT_THAT(error.Description(), HasSubstr("(linha 150001, coluna "));
 }
 
-TEST(Parser, AFileThatCannotBeReadIsARunTimeErrorWithTheSourceOfParsing) {
+TEST(ParserTest, AFileThatCannotBeReadIsARunTimeErrorWithTheSourceOfParsing) {
   const testing::TemporaryFolder folder;
   testing::NoEvents events;
   EXPECT_ERROR(Parser(folder.Path("none"), "S").Parse(events), RunTimeError::kFileNotFound, "S");
   EXPECT_ERROR(Parser(folder.Path(""), "S").Parse(events), RunTimeError::kPathFileAccess, "S");
 }
 
-TEST(Parser, AFileCutOffAtAnyByteIsRefused) {
+TEST(ParserTest, AFileCutOffAtAnyByteIsRefused) {
   const Parsing parsing;
   parsing.ExpectAccepted(testing::kRichFile);
   for (size_t size = 0; size < testing::kRichFile.size(); ++size) {
@@ -313,7 +313,7 @@ TEST(Parser, AFileCutOffAtAnyByteIsRefused) {
   }
 }
 
-TEST(Parser, AnyByteMayTurnIntoAnotherWithoutHarm) {
+TEST(ParserTest, AnyByteMayTurnIntoAnotherWithoutHarm) {
   const Parsing parsing;
   const std::string utf16 = "\xFF\xFE" + testing::InUtf16LittleEndian(kBody);
   int accepted = 0;
@@ -346,9 +346,9 @@ struct Declaration {
   std::string type;
 };
 
-class DocumentType : public ::testing::TestWithParam<Declaration> {};
+class ParserDocumentTypeTest : public ::testing::TestWithParam<Declaration> {};
 
-TEST_P(DocumentType, IsRefusedInEveryWayAndNothingItNamesIsRead) {
+TEST_P(ParserDocumentTypeTest, IsRefusedInEveryWayAndNothingItNamesIsRead) {
   const Parsing parsing;
   testing::WatchedFile secret(parsing.Folder(), "secret", "<!ENTITY e 'secret'>");
   std::string type = GetParam().type;
@@ -363,7 +363,7 @@ TEST_P(DocumentType, IsRefusedInEveryWayAndNothingItNamesIsRead) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Parser, DocumentType,
+    All, ParserDocumentTypeTest,
     ::testing::Values(
         Declaration{"Bare", "<!DOCTYPE a>"}, Declaration{"EmptySubset", "<!DOCTYPE a []>"},
         Declaration{"InternalSubset", "<!DOCTYPE a [<!ELEMENT a ANY><!ENTITY e 'x'>]>"},
@@ -380,7 +380,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "<!ENTITY x6 '&x5;&x5;&x5;&x5;&x5;&x5;&x5;&x5;'><!ENTITY e '&x6;&x6;&x6;&x6;&x6;&x6;&x6;&x6;'>]>"}),
     [](const auto& row) { return row.param.name; });
 
-TEST(Parser, NoEventComesFromBehindADocumentType) {
+TEST(ParserTest, NoEventComesFromBehindADocumentType) {
   const testing::TemporaryFolder folder;
   testing::Events events;
   const std::string file = folder.Write("file", "<!--c--><!DOCTYPE a [<!ENTITY e 'x'><!--d-->]><!--e--><a>&e;</a>");
@@ -396,14 +396,14 @@ void ExpectBeyondLimit(const Parsing& parsing, const std::string& bytes) {
 
 std::string Nested(size_t depth) { return Repeated("<a>", depth) + Repeated("</a>", depth); }
 
-TEST(Parser, DepthOf256PassesAndOneMoreFails) {
+TEST(ParserTest, DepthOf256PassesAndOneMoreFails) {
   const Parsing parsing;
   parsing.ExpectAccepted(Nested(256));
   parsing.ExpectAccepted("<a>" + Repeated(Nested(255), 3) + "</a>");
   ExpectBeyondLimit(parsing, Nested(257));
 }
 
-TEST(Parser, HostileNestingIsRefusedAtOnce) {
+TEST(ParserTest, HostileNestingIsRefusedAtOnce) {
   const Parsing parsing;
   const std::string opened = Repeated("<a>", 3'000'000);
   EXPECT_LT(ProcessorSeconds([&] { ExpectBeyondLimit(parsing, opened); }), 2);
@@ -411,21 +411,21 @@ TEST(Parser, HostileNestingIsRefusedAtOnce) {
 
 constexpr size_t kMostText = 10'000'000;
 
-TEST(Parser, TextOfTenMillionBytesPassesAndOneMoreFails) {
+TEST(ParserTest, TextOfTenMillionBytesPassesAndOneMoreFails) {
   const Parsing parsing;
   const std::string most(kMostText, 'x');
   parsing.ExpectAccepted("<a>" + most + "</a>");
   ExpectBeyondLimit(parsing, "<a>" + most + "x</a>");
 }
 
-TEST(Parser, TextSplitByReferencesCountsAsOne) {
+TEST(ParserTest, TextSplitByReferencesCountsAsOne) {
   const Parsing parsing;
   const std::string piece = std::string(998, 'x') + "&amp;&#65;";
   parsing.ExpectAccepted("<a>" + Repeated(piece, kMostText / 1000) + "</a>");
   ExpectBeyondLimit(parsing, "<a>" + Repeated(piece, kMostText / 1000) + "&lt;</a>");
 }
 
-TEST(Parser, CDataIsLimitedLikeText) {
+TEST(ParserTest, CDataIsLimitedLikeText) {
   const Parsing parsing;
   const std::string most(kMostText, 'x');
   parsing.ExpectAccepted("<a><![CDATA[" + most + "]]></a>");
@@ -434,14 +434,14 @@ TEST(Parser, CDataIsLimitedLikeText) {
   parsing.VerdictOn("<a><![CDATA[" + Repeated(most, 3) + "]]></a>");
 }
 
-TEST(Parser, TheLimitOfATextIsNotThatOfAFile) {
+TEST(ParserTest, TheLimitOfATextIsNotThatOfAFile) {
   const std::string element = "<b>" + std::string(6'000'000, 'x') + "</b>";
   Parsing().ExpectAccepted("<a>" + element + element + element + "</a>");
 }
 
 std::string TagOf(size_t size) { return "<a k=\"" + std::string(size - 9, 'x') + "\"/>"; }
 
-TEST(Parser, AStartTagOf64KibPassesAndALongerOneFails) {
+TEST(ParserTest, AStartTagOf64KibPassesAndALongerOneFails) {
   const Parsing parsing;
   parsing.ExpectAccepted(TagOf(64 * 1024));
   parsing.ExpectAccepted("<a>" + Repeated(TagOf(64 * 1024), 5) + "</a>");
@@ -450,7 +450,7 @@ TEST(Parser, AStartTagOf64KibPassesAndALongerOneFails) {
   ExpectBeyondLimit(parsing, TagOf(kMostText + 1));
 }
 
-TEST(Parser, WhatStandsBeforeATagIsNotPartOfIt) {
+TEST(ParserTest, WhatStandsBeforeATagIsNotPartOfIt) {
   const Parsing parsing;
   const std::string blanks(100'000, '\n');
   const std::string filling(100'000, 'x');
@@ -461,7 +461,7 @@ TEST(Parser, WhatStandsBeforeATagIsNotPartOfIt) {
   parsing.ExpectAccepted("<a><![CDATA[" + filling + "]]><b/>" + Repeated("&amp;", 20'000) + "<b/></a>");
 }
 
-TEST(Parser, ATagWith200000AttributesIsRefusedInTimeProportionalToWhatIsRead) {
+TEST(ParserTest, ATagWith200000AttributesIsRefusedInTimeProportionalToWhatIsRead) {
   const Parsing parsing;
   std::string tag = "<a";
   for (int i = 0; i < 200'000; ++i) tag += " k" + std::to_string(i) + "='v'";
@@ -471,13 +471,13 @@ TEST(Parser, ATagWith200000AttributesIsRefusedInTimeProportionalToWhatIsRead) {
   }
 }
 
-TEST(Parser, AnAttributeThatNeverEndsIsRefusedAtOnce) {
+TEST(ParserTest, AnAttributeThatNeverEndsIsRefusedAtOnce) {
   const Parsing parsing;
   const std::string open = "<a><b k='" + std::string(50'000'000, 'x');
   EXPECT_LT(ProcessorSeconds([&] { ExpectBeyondLimit(parsing, open); }), 2);
 }
 
-TEST(Parser, AHugeCommentIsReadOrRefusedInTimeProportionalToItsSize) {
+TEST(ParserTest, AHugeCommentIsReadOrRefusedInTimeProportionalToItsSize) {
   const Parsing parsing;
   parsing.ExpectAccepted("<a><!--" + std::string(9'000'000, 'x') + "--></a>");
   EXPECT_LT(ProcessorSeconds([&] { parsing.VerdictOn("<a><!--" + std::string(50'000'000, 'x') + "--></a>"); }), 5);
@@ -590,7 +590,7 @@ int EventCount(const std::string& file) {
   return counter.seen;
 }
 
-TEST(Parser, WhatAHandlerThrowsComesOutUnchangedAndNoEventFollows) {
+TEST(ParserTest, WhatAHandlerThrowsComesOutUnchangedAndNoEventFollows) {
   const testing::TemporaryFolder folder;
   // An error behind the throw does not hide it.
   const std::string file = folder.Write("file", testing::kRichFile);
@@ -613,7 +613,7 @@ TEST(Parser, WhatAHandlerThrowsComesOutUnchangedAndNoEventFollows) {
   }
 }
 
-TEST(Parser, NothingLeaksWhenAHandlerThrowsOrAFileIsRefused) {
+TEST(ParserTest, NothingLeaksWhenAHandlerThrowsOrAFileIsRefused) {
   if (testing::kSanitized) GTEST_SKIP() << "the sanitizer looks for leaks itself";
   const testing::TemporaryFolder folder;
   const std::string file = folder.Write("file", testing::kRichFile);
@@ -651,7 +651,7 @@ class AtTheFirstEvent : public testing::NoEvents {
   bool done_ = false;
 };
 
-TEST(Parser, AFileRemovedWhileItIsReadIsReadToItsEnd) {
+TEST(ParserTest, AFileRemovedWhileItIsReadIsReadToItsEnd) {
   const testing::TemporaryFolder folder;
   const std::string file = folder.Write("file", "<a>" + Repeated("<b>texto</b>", 100'000) + "</a>");
   AtTheFirstEvent handler([&] { std::filesystem::remove(file); });
@@ -659,7 +659,7 @@ TEST(Parser, AFileRemovedWhileItIsReadIsReadToItsEnd) {
   EXPECT_EQ(handler.elements, 100'001);
 }
 
-TEST(Parser, AByteThatStopsDecodingHasItsPlaceHoweverFullTheBufferIs) {
+TEST(ParserTest, AByteThatStopsDecodingHasItsPlaceHoweverFullTheBufferIs) {
   const Parsing parsing;
   for (int length = 0; length < 9000; length += 83) {
     const std::string content = "<a>" + std::string(static_cast<size_t>(length), 'x') + "\0</a>"s;
@@ -669,7 +669,7 @@ TEST(Parser, AByteThatStopsDecodingHasItsPlaceHoweverFullTheBufferIs) {
   }
 }
 
-TEST(Parser, AFileCutShortWhileItIsReadIsRefused) {
+TEST(ParserTest, AFileCutShortWhileItIsReadIsRefused) {
   const testing::TemporaryFolder folder;
   const std::string file = folder.Write("file", "<a>" + Repeated("<b>texto</b>", 100'000) + "</a>");
   AtTheFirstEvent handler([&] { std::filesystem::resize_file(file, 600'000); });
@@ -689,7 +689,7 @@ int g_host_calls = 0;
 
 void CountGenericError(void*, const char*, ...) { ++g_host_calls; }
 
-TEST(Parser, TheHostsOwnUseOfTheParserIsLeftAlone) {
+TEST(ParserTest, TheHostsOwnUseOfTheParserIsLeftAlone) {
   const Parsing parsing;
   xmlSetGenericErrorFunc(&g_host_calls, CountGenericError);
   xmlSetStructuredErrorFunc(&g_host_calls, [](void*, xmlErrorPtr) { ++g_host_calls; });
@@ -715,7 +715,7 @@ TEST(Parser, TheHostsOwnUseOfTheParserIsLeftAlone) {
   xmlSetGenericErrorFunc(nullptr, nullptr);
 }
 
-TEST(Parser, MemoryDoesNotGrowWithTheFile) {
+TEST(ParserTest, MemoryDoesNotGrowWithTheFile) {
   if (testing::kSanitized) GTEST_SKIP() << "the sanitizer's own memory grows";
   const testing::TemporaryFolder folder;
   const std::string name = folder.Path("file");
@@ -742,7 +742,7 @@ TEST(Parser, MemoryDoesNotGrowWithTheFile) {
   EXPECT_LT(std::stol(result.text), 8 * 1024) << "KiB";
 }
 
-TEST(Parser, TellsHowManyBytesOfTheFileItHasTakenIn) {
+TEST(ParserTest, TellsHowManyBytesOfTheFileItHasTakenIn) {
   const testing::TemporaryFolder folder;
   // A byte each in the file, two in UTF-8.
   const std::string bytes = "<?xml version='1.0' encoding='windows-1252'?><a>" + std::string(100'000, '\xE9') + "</a>";
@@ -754,7 +754,7 @@ TEST(Parser, TellsHowManyBytesOfTheFileItHasTakenIn) {
 }
 
 // A pipe stands for the file: nobody wants one of that size on the disk.
-TEST(Parser, PositionsAndCountsAreRightBeyondFourGigabytesOnOneLine) {
+TEST(ParserTest, PositionsAndCountsAreRightBeyondFourGigabytesOnOneLine) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer makes it take minutes";
   struct Counting : testing::NoEvents {
     void EndElement(const ParsedName&) override { ++elements; }

@@ -53,19 +53,19 @@ std::string DateAt(int hours) {
   return std::string(text, std::strftime(text, sizeof text, "%Y-%m-%d", &parts));
 }
 
-TEST(RegionalSettings, SeparatorsAreThoseOfTheCLocaleUnlessTheHostSetAnother) {
+TEST(RegionalSettingsTest, SeparatorsAreThoseOfTheCLocaleUnlessTheHostSetAnother) {
   EXPECT_EQ(DecimalSeparator(), ".");
   EXPECT_EQ(ThousandsSeparator(), "");
 }
 
-TEST(RegionalSettings, SeparatorsAreThoseOfTheLocaleThatTheHostSet) {
+TEST(RegionalSettingsTest, SeparatorsAreThoseOfTheLocaleThatTheHostSet) {
   const Portuguese locale;
   if (!locale.IsKnown()) GTEST_SKIP() << "no Portuguese locale can be made on this system";
   EXPECT_EQ(DecimalSeparator(), ",");
   EXPECT_EQ(ThousandsSeparator(), std::localeconv()->thousands_sep);
 }
 
-TEST(RegionalSettings, ADateIsTheOneOfTheTimeZone) {
+TEST(RegionalSettingsTest, ADateIsTheOneOfTheTimeZone) {
   // Fourteen hours ahead and twelve behind it is never the same day.
   for (const auto& [zone, hours] : {std::pair{"<+14>-14", 14}, std::pair{"<-12>12", -12}}) {
     const TimeZone local(zone);

@@ -26,26 +26,26 @@ std::string Loaded(std::string_view bytes) {
   return Told(document.Root());
 }
 
-TEST(SchemaDocument, ElementsOfTheNamespaceHaveTheirLocalNamesWhateverTheirPrefix) {
+TEST(SchemaDocumentTest, ElementsOfTheNamespaceHaveTheirLocalNamesWhateverTheirPrefix) {
   EXPECT_EQ(Loaded("<a:schema xmlns:a='http://www.w3.org/2001/XMLSchema'><element xmlns='http://www.w3.org/2001/"
                    "XMLSchema' name='e' type='t'/></a:schema>"),
             "schema(element name=e type=t())");
 }
 
-TEST(SchemaDocument, ElementsOfOthersHaveNoNameOfASchema) {
+TEST(SchemaDocumentTest, ElementsOfOthersHaveNoNameOfASchema) {
   EXPECT_EQ(Loaded("<xs:schema xmlns:xs='urn:x'><schema/></xs:schema>"), "?(?())");
   EXPECT_EQ(Loaded("<s:schema xmlns:s='http://www.w3.org/2001/XMLSchema' xmlns:x='urn:x'><x:element name='e'>"
                    "<s:element/></x:element><element/></s:schema>"),
             "schema(? name=e(element())?())");
 }
 
-TEST(SchemaDocument, AttributesWithAPrefixTextsAndCommentsAreLeftOut) {
+TEST(SchemaDocumentTest, AttributesWithAPrefixTextsAndCommentsAreLeftOut) {
   EXPECT_EQ(Loaded("<s:schema xmlns:s='http://www.w3.org/2001/XMLSchema' s:type='x'>text<!-- -->"
                    "<s:element s:name='no' name='yes'><![CDATA[x]]></s:element></s:schema>"),
             "schema(element name=yes())");
 }
 
-TEST(SchemaDocument, WhatIsNotWellFormedIsRefusedAsTheParserDoes) {
+TEST(SchemaDocumentTest, WhatIsNotWellFormedIsRefusedAsTheParserDoes) {
   EXPECT_ERROR(Loaded("<a>"), XML_ERR_TAG_NOT_FINISHED, "Test");
   EXPECT_ERROR(Loaded("<!DOCTYPE a><a/>"), XML_ERR_USER_STOP, "Test");
 }

@@ -151,9 +151,10 @@ TEST_F(SchemaValidatorTest, ASchemaWithADocumentTypeIsRefusedAndNothingItNamesIs
   EXPECT_FALSE(secret.WasOpened());
 }
 
-class Reference : public SchemaValidatorTest, public ::testing::WithParamInterface<std::string_view> {};
+class SchemaValidatorReferenceTest : public SchemaValidatorTest,
+                                     public ::testing::WithParamInterface<std::string_view> {};
 
-TEST_P(Reference, ToAnotherSchemaIsRefusedAndTheOtherIsNotRead) {
+TEST_P(SchemaValidatorReferenceTest, ToAnotherSchemaIsRefusedAndTheOtherIsNotRead) {
   testing::WatchedFile other(folder_, "other.xsd", Schema("<xs:element name='b'/>"));
   for (const std::string& location : {other.Path(), "file://" + other.Path(), std::string("other.xsd")}) {
     std::string reference(GetParam());
@@ -165,7 +166,7 @@ TEST_P(Reference, ToAnotherSchemaIsRefusedAndTheOtherIsNotRead) {
   EXPECT_FALSE(other.WasOpened());
 }
 
-INSTANTIATE_TEST_SUITE_P(SchemaValidator, Reference,
+INSTANTIATE_TEST_SUITE_P(All, SchemaValidatorReferenceTest,
                          ::testing::Values("<xs:include schemaLocation='OTHER'/>",
                                            "<xs:import namespace='urn:o' schemaLocation='OTHER'/>",
                                            "<xs:import schemaLocation='OTHER'/>",

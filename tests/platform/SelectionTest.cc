@@ -58,16 +58,16 @@ struct Selected {
 
 void PrintTo(const Selected& row, std::ostream* out) { *out << row.expression; }
 
-class SelectsUnderEntries : public SelectionTest, public ::testing::WithParamInterface<Selected> {};
+class SelectionUnderEntriesTest : public SelectionTest, public ::testing::WithParamInterface<Selected> {};
 
-TEST_P(SelectsUnderEntries, InTheOrderOfTheDocument) {
+TEST_P(SelectionUnderEntriesTest, InTheOrderOfTheDocument) {
   EXPECT_EQ(All(GetParam().expression, entries_), GetParam().numbers);
   const std::string first(GetParam().numbers.substr(0, GetParam().numbers.find(' ')));
   EXPECT_EQ(Number(Selection(GetParam().expression).First(entries_)), first);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Selection, SelectsUnderEntries,
+    All, SelectionUnderEntriesTest,
     ::testing::Values(Selected{"Journal", "1 5 7 8 9 10 11 12"}, Selected{"Line", ""}, Selected{"Unknown", ""},
                       Selected{"journal", ""}, Selected{"Journal/Line", "2 4 6"}, Selected{"Journal/Line/Line", "3"},
                       Selected{"Journal/Unknown/Line", ""}, Selected{"//Line", "2 3 4 6"}, Selected{"//Line/Line", "3"},
@@ -110,15 +110,15 @@ TEST_F(SelectionTest, NamesHaveLettersOfAnyKindDigitsAndSomeSigns) {
   EXPECT_EQ(All("Endereço", document.Root()), "4");
 }
 
-class Refused : public SelectionTest, public ::testing::WithParamInterface<std::string_view> {};
+class SelectionRefusedTest : public SelectionTest, public ::testing::WithParamInterface<std::string_view> {};
 
-TEST_P(Refused, IsAnInvalidExpression) {
+TEST_P(SelectionRefusedTest, IsAnInvalidExpression) {
   EXPECT_ERROR(Selection{GetParam()}, 1207, kRunTimeSource);
   EXPECT_ERROR(SelectFirst(entries_, GetParam(), ""), XML_XPATH_EXPR_ERROR, kRunTimeSource);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Selection, Refused,
+    All, SelectionRefusedTest,
     ::testing::Values("", "/", "//", "/AuditFile", "///Line", "Journal/", "Journal//Line", "Journal/ /Line", "*", "//*",
                       ".", "..", "../Journal", "./Journal", "@n", "Journal/@n", "text()", "Journal/text()", "p:Journal",
                       "child::Journal", "1", "-a", "Journal|Line", "Journal or Line", "Journal[1]", "Journal[]",
@@ -132,16 +132,16 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Numbered());
 
 // What a caller puts between the quotes comes from records.
-class QuotedText : public SelectionTest, public ::testing::WithParamInterface<std::string> {};
+class SelectionQuotedTextTest : public SelectionTest, public ::testing::WithParamInterface<std::string> {};
 
-TEST_P(QuotedText, NeverWidensTheMatch) {
+TEST_P(SelectionQuotedTextTest, NeverWidensTheMatch) {
   const std::string query = "[JournalID=\"" + GetParam() + "\"]";
   EXPECT_ERROR(SelectFirst(entries_, "Journal", query), 1207, kRunTimeSource);
   EXPECT_ERROR(Selection("Journal" + query).All(entries_), 1207, kRunTimeSource);
   EXPECT_ERROR(Selection("//Journal" + query), 1207, kRunTimeSource);
 }
 
-INSTANTIATE_TEST_SUITE_P(Selection, QuotedText,
+INSTANTIATE_TEST_SUITE_P(All, SelectionQuotedTextTest,
                          ::testing::Values("\"", "A\"", "\"A", "a \"b\" ]", "X\" or \"1\"=\"1", "X\" or \"\"=\"",
                                            "X\"] | //Journal[JournalID=\"A", "A\"]/Line[n=\"", "A\"][JournalID=\"A",
                                            "\" or JournalID!=\"", "A\"]|*[\"\"=\""),

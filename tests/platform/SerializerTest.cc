@@ -43,9 +43,9 @@ struct EscapeSet {
   std::vector<std::pair<char, std::string_view>> references;
 };
 
-class EscapeSets : public ::testing::TestWithParam<EscapeSet> {};
+class SerializerEscapeSetsTest : public ::testing::TestWithParam<EscapeSet> {};
 
-TEST_P(EscapeSets, WriteReferencesForTheirCharactersAndForNoOther) {
+TEST_P(SerializerEscapeSetsTest, WriteReferencesForTheirCharactersAndForNoOther) {
   for (int c = 1; c < 0x80; ++c) {
     const std::string text(1, static_cast<char>(c));
     std::string expected = text;
@@ -57,7 +57,7 @@ TEST_P(EscapeSets, WriteReferencesForTheirCharactersAndForNoOther) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Serializer, EscapeSets,
+INSTANTIATE_TEST_SUITE_P(All, SerializerEscapeSetsTest,
                          ::testing::Values(EscapeSet{Escapes::kNone, {}},
                                            EscapeSet{Escapes::kMarkup, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}}},
                                            EscapeSet{Escapes::kMarkupAndQuote,
@@ -79,7 +79,7 @@ constexpr std::string_view kUpperCharacters =
     "\u00A0¡¢£¤¥¦§¨©ª«¬\u00AD®¯°±²³´µ¶·¸¹º»¼½¾¿"
     "ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞßàáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ";
 
-TEST(Serializer, EveryUpperByteOfWindows1252) {
+TEST(SerializerTest, EveryUpperByteOfWindows1252) {
   std::string bytes;
   for (int byte = 0x80; byte < 0x100; ++byte) {
     const bool undefined = byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
@@ -90,14 +90,14 @@ TEST(Serializer, EveryUpperByteOfWindows1252) {
   EXPECT_EQ(Written(kUpperCharacters, Escapes::kMarkup, Serializer::Encoding::kUtf8), kUpperCharacters);
 }
 
-TEST(Serializer, ACharacterThatWindows1252LacksIsADecimalReference) {
+TEST(SerializerTest, ACharacterThatWindows1252LacksIsADecimalReference) {
   EXPECT_EQ(Written("Ł→😀\u0080\u0081\u0100\uFFFD", Escapes::kMarkup),
             "&#321;&#8594;&#128512;&#128;&#129;&#256;&#65533;");
   EXPECT_EQ(Written("\U0010FFFF", Escapes::kAttribute), "&#1114111;");
   EXPECT_EQ(Written("Ł😀", Escapes::kMarkup, Serializer::Encoding::kUtf8), "Ł😀");
 }
 
-TEST(Serializer, NothingComesOutBeforeTheBufferIsFullOrFlushed) {
+TEST(SerializerTest, NothingComesOutBeforeTheBufferIsFullOrFlushed) {
   StringSink sink;
   Serializer serializer(sink, Serializer::Encoding::kWindows1252);
   serializer.Write("abc");
@@ -108,16 +108,16 @@ TEST(Serializer, NothingComesOutBeforeTheBufferIsFullOrFlushed) {
   EXPECT_EQ(sink.text, "abc");
 }
 
-TEST(Serializer, DestructionDropsWhatIsHeldBack) {
+TEST(SerializerTest, DestructionDropsWhatIsHeldBack) {
   StringSink sink;
   Serializer(sink, Serializer::Encoding::kUtf8).Write("abc");
   EXPECT_EQ(sink.text, "");
 }
 
 // Texts that fill the buffer several times over, their characters on every offset of a piece's end.
-class LongText : public ::testing::TestWithParam<size_t> {};
+class SerializerLongTextTest : public ::testing::TestWithParam<size_t> {};
 
-TEST_P(LongText, IsWrittenWhole) {
+TEST_P(SerializerLongTextTest, IsWrittenWhole) {
   const std::string pad(GetParam(), 'x');
   constexpr size_t kTimes = 200'000;
   struct Row {
@@ -134,9 +134,9 @@ TEST_P(LongText, IsWrittenWhole) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Serializer, LongText, ::testing::Range<size_t>(0, 5));
+INSTANTIATE_TEST_SUITE_P(All, SerializerLongTextTest, ::testing::Range<size_t>(0, 5));
 
-TEST(Serializer, ManySmallTextsComeOutInLargePieces) {
+TEST(SerializerTest, ManySmallTextsComeOutInLargePieces) {
   StringSink sink;
   Serializer serializer(sink, Serializer::Encoding::kWindows1252);
   for (int i = 0; i < 1'000'000; ++i) serializer.Write("ab", Escapes::kMarkup);
@@ -145,7 +145,7 @@ TEST(Serializer, ManySmallTextsComeOutInLargePieces) {
   EXPECT_LT(sink.pieces, 50);
 }
 
-TEST(Serializer, AnElementAloneEscapesNothingButMarkup) {
+TEST(SerializerTest, AnElementAloneEscapesNothingButMarkup) {
   const Parsing parsing;
   Document document;
   parsing.Load(document, "<a><b k='&quot;&#10;'>x&#13;\"<c/>&lt;&gt;&amp; Ł<!--é--></b>behind</a>");
@@ -153,11 +153,11 @@ TEST(Serializer, AnElementAloneEscapesNothingButMarkup) {
             "<b k=\"&quot;&#10;\">x\r\"<c/>&lt;&gt;&amp; Ł<!--é--></b>");
 }
 
-TEST(Serializer, AnEmptyDocumentIsItsDeclaration) {
+TEST(SerializerTest, AnEmptyDocumentIsItsDeclaration) {
   EXPECT_EQ(testing::BytesOf(Document()), "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n");
 }
 
-TEST(Serializer, WhatTheSinkThrowsComesThrough) {
+TEST(SerializerTest, WhatTheSinkThrowsComesThrough) {
   struct FullSink : ByteSink {
     void Write(std::string_view) override { throw std::string("full"); }
   } sink;
@@ -315,8 +315,8 @@ void ExpectSurvives(bool utf8) {
   EXPECT_TRUE(holds);
 }
 
-TEST(Serializer, AnyTreeSurvivesAFileInUtf8) { ExpectSurvives(true); }
-TEST(Serializer, AnyTreeSurvivesAFileInWindows1252) { ExpectSurvives(false); }
+TEST(SerializerTest, AnyTreeSurvivesAFileInUtf8) { ExpectSurvives(true); }
+TEST(SerializerTest, AnyTreeSurvivesAFileInWindows1252) { ExpectSurvives(false); }
 
 }  // namespace
 }  // namespace zevo

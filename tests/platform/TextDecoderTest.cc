@@ -48,14 +48,14 @@ constexpr std::string_view kBom = "\xEF\xBB\xBF";
 constexpr std::string_view kBomLittleEndian = "\xFF\xFE";
 constexpr std::string_view kBomBigEndian = "\xFE\xFF";
 
-TEST(TextDecoder, BytesAreUtf8UnlessToldOtherwise) {
+TEST(TextDecoderTest, BytesAreUtf8UnlessToldOtherwise) {
   ExpectDecodes("", "");
   ExpectDecodes("<a>São João, 12 €, 😀</a>", "<a>São João, 12 €, 😀</a>");
   ExpectDecodes(std::string(kBom) + "<a>é</a>", "<a>é</a>");
   ExpectDecodes(std::string(kBom) + Declared("UTF-8") + "é", Declared("UTF-8") + "é");
 }
 
-TEST(TextDecoder, EveryByteOfWindows1252) {
+TEST(TextDecoderTest, EveryByteOfWindows1252) {
   std::string bytes = Declared("windows-1252");
   std::string text = bytes;
   for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
@@ -67,19 +67,19 @@ TEST(TextDecoder, EveryByteOfWindows1252) {
   ExpectDecodes(bytes, text);
 }
 
-TEST(TextDecoder, TheUpperBytesOfLatin1AreTheCharactersOfTheirNumber) {
+TEST(TextDecoderTest, TheUpperBytesOfLatin1AreTheCharactersOfTheirNumber) {
   ExpectDecodes(Declared("ISO-8859-1") + "\x80\x81\x9F\xA0\xE7\xFF",
                 Declared("ISO-8859-1") + "\u0080\u0081\u009F\u00A0çÿ");
 }
 
-TEST(TextDecoder, AsciiHasNoUpperBytes) {
+TEST(TextDecoderTest, AsciiHasNoUpperBytes) {
   ExpectDecodes(Declared("US-ASCII") + "abc\x7F", Declared("US-ASCII") + "abc\x7F");
   const Decoded decoded = Decode(Declared("US-ASCII") + "abc\x80xyz");
   EXPECT_EQ(decoded.text, Declared("US-ASCII") + "abc");
   EXPECT_EQ(decoded.fault, Fault::kUndecodable);
 }
 
-TEST(TextDecoder, Utf16InBothOrdersWithMarkWithDeclarationAndWithNeither) {
+TEST(TextDecoderTest, Utf16InBothOrdersWithMarkWithDeclarationAndWithNeither) {
   const std::string plain = "<a>São, €, 😀\uFFFD</a>";
   ExpectDecodes(std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(plain), plain);
   ExpectDecodes(std::string(kBomBigEndian) + testing::InUtf16BigEndian(plain), plain);
@@ -97,11 +97,11 @@ TEST(TextDecoder, Utf16InBothOrdersWithMarkWithDeclarationAndWithNeither) {
   }
 }
 
-class Declaration : public ::testing::TestWithParam<std::string> {};
+class TextDecoderDeclarationTest : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(Declaration, OfWindows1252IsUnderstood) { ExpectDecodes(GetParam() + "\x80", GetParam() + "€"); }
+TEST_P(TextDecoderDeclarationTest, OfWindows1252IsUnderstood) { ExpectDecodes(GetParam() + "\x80", GetParam() + "€"); }
 
-INSTANTIATE_TEST_SUITE_P(TextDecoder, Declaration,
+INSTANTIATE_TEST_SUITE_P(All, TextDecoderDeclarationTest,
                          ::testing::Values("<?xml version=\"1.0\" encoding=\"windows-1252\"?>",
                                            "<?xml version='1.0' encoding='windows-1252'?>",
                                            "<?xml version='1.0' encoding=\"WINDOWS-1252\" ?>",
@@ -117,16 +117,16 @@ struct Contradiction {
   Fault fault;
 };
 
-class RefusedDeclaration : public ::testing::TestWithParam<Contradiction> {};
+class TextDecoderRefusedDeclarationTest : public ::testing::TestWithParam<Contradiction> {};
 
-TEST_P(RefusedDeclaration, GivesNothingButItsFault) {
+TEST_P(TextDecoderRefusedDeclarationTest, GivesNothingButItsFault) {
   const Decoded decoded = Decode(GetParam().bytes);
   EXPECT_EQ(decoded.text, "");
   EXPECT_EQ(decoded.fault, GetParam().fault);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    TextDecoder, RefusedDeclaration,
+    All, TextDecoderRefusedDeclarationTest,
     ::testing::Values(Contradiction{Declared("ISO-8859-15"), Fault::kUnknownEncoding},
                       Contradiction{Declared("windows-1251"), Fault::kUnknownEncoding},
                       Contradiction{Declared("windows-12520"), Fault::kUnknownEncoding},
@@ -149,19 +149,19 @@ INSTANTIATE_TEST_SUITE_P(
                       Contradiction{testing::InUtf16BigEndian(Declared("UTF-8")), Fault::kContradictoryEncoding}),
     testing::Numbered());
 
-TEST(TextDecoder, OnlyADeclarationDeclares) {
+TEST(TextDecoderTest, OnlyADeclarationDeclares) {
   const std::string instruction = "<?xml-stylesheet href=\"a.xsl\" encoding=\"KOI8-R\"?><a>é</a>";
   ExpectDecodes(instruction, instruction);
   const std::string text = "<a>\n<?xml version='1.0' encoding='KOI8-R'?></a>";
   ExpectDecodes(text, text);
 }
 
-TEST(TextDecoder, TheEncodingIsNotTakenFromBehindTheDeclaration) {
+TEST(TextDecoderTest, TheEncodingIsNotTakenFromBehindTheDeclaration) {
   const std::string text = "<?xml version='1.0'?><a encoding='KOI8-R'>é</a>";
   ExpectDecodes(text, text);
 }
 
-TEST(TextDecoder, WhatComesBeforeANulIsGiven) {
+TEST(TextDecoderTest, WhatComesBeforeANulIsGiven) {
   for (const std::string& start : {"<a>"s, Declared("UTF-8") + "<a>", Declared("windows-1252") + "<a>"}) {
     const Decoded decoded = Decode(start + "\0</a>"s);
     EXPECT_EQ(decoded.text, start);
@@ -174,7 +174,7 @@ TEST(TextDecoder, WhatComesBeforeANulIsGiven) {
   }
 }
 
-TEST(TextDecoder, NothingIsGivenAfterAFault) {
+TEST(TextDecoderTest, NothingIsGivenAfterAFault) {
   const testing::TemporaryFolder folder;
   InputFile file(folder.Write("file", "<a>\0more"s));
   TextDecoder decoder(file);
@@ -190,9 +190,9 @@ struct BrokenUtf16 {
   std::string tail;  // little-endian
 };
 
-class Utf16Tail : public ::testing::TestWithParam<BrokenUtf16> {};
+class TextDecoderUtf16TailTest : public ::testing::TestWithParam<BrokenUtf16> {};
 
-TEST_P(Utf16Tail, IsUndecodableInBothOrders) {
+TEST_P(TextDecoderUtf16TailTest, IsUndecodableInBothOrders) {
   const std::string& tail = GetParam().tail;
   std::string swapped = tail;
   for (size_t i = 0; i + 1 < swapped.size(); i += 2) std::swap(swapped[i], swapped[i + 1]);
@@ -203,7 +203,7 @@ TEST_P(Utf16Tail, IsUndecodableInBothOrders) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(TextDecoder, Utf16Tail,
+INSTANTIATE_TEST_SUITE_P(All, TextDecoderUtf16TailTest,
                          ::testing::Values(BrokenUtf16{"OddByte", "x"}, BrokenUtf16{"HighAtTheEnd", "\x3D\xD8"s},
                                            BrokenUtf16{"HighThenOddByte", "\x3D\xD8\x00"s},
                                            BrokenUtf16{"HighThenLetter", "\x3D\xD8x\0"s},
@@ -212,43 +212,43 @@ INSTANTIATE_TEST_SUITE_P(TextDecoder, Utf16Tail,
                          [](const auto& row) { return row.param.name; });
 
 // Characters of every width across the end of the decoder's buffer, at every offset.
-class AcrossTheBuffer : public ::testing::TestWithParam<size_t> {};
+class TextDecoderAcrossTheBufferTest : public ::testing::TestWithParam<size_t> {};
 
 constexpr size_t kBufferSize = 256 * 1024;
 
-TEST_P(AcrossTheBuffer, Utf8) {
+TEST_P(TextDecoderAcrossTheBufferTest, Utf8) {
   const std::string text = "<a>" + std::string(kBufferSize - 3 - GetParam(), 'x') + "é€😀€é</a>";
   ExpectDecodes(text, text);
 }
 
-TEST_P(AcrossTheBuffer, Utf16) {
+TEST_P(TextDecoderAcrossTheBufferTest, Utf16) {
   const std::string text = "<a>" + std::string(kBufferSize / 2 - 3 - GetParam(), 'x') + "é€😀😀€é</a>";
   ExpectDecodes(testing::InUtf16LittleEndian(text), text);
   ExpectDecodes(std::string(kBomBigEndian) + testing::InUtf16BigEndian(text), text);
 }
 
-TEST_P(AcrossTheBuffer, Windows1252) {
+TEST_P(TextDecoderAcrossTheBufferTest, Windows1252) {
   const std::string declaration = Declared("windows-1252");
   const std::string filling(kBufferSize - declaration.size() - GetParam(), 'x');
   ExpectDecodes(declaration + filling + "\xE9\x80\xE9\x80\x80" + filling, declaration + filling + "é€é€€" + filling);
 }
 
-TEST_P(AcrossTheBuffer, ANulIsFoundWhereverItLies) {
+TEST_P(TextDecoderAcrossTheBufferTest, ANulIsFoundWhereverItLies) {
   const std::string text = "<a>" + std::string(kBufferSize - 3 - GetParam(), 'x');
   const Decoded decoded = Decode(text + "\0x"s);
   EXPECT_TRUE(decoded.text == text);
   EXPECT_EQ(decoded.fault, Fault::kNul);
 }
 
-INSTANTIATE_TEST_SUITE_P(TextDecoder, AcrossTheBuffer, ::testing::Range<size_t>(0, 9));
+INSTANTIATE_TEST_SUITE_P(All, TextDecoderAcrossTheBufferTest, ::testing::Range<size_t>(0, 9));
 
-TEST(TextDecoder, RaisesWhatReadingTheFileRaises) {
+TEST(TextDecoderTest, RaisesWhatReadingTheFileRaises) {
   const testing::TemporaryFolder folder;
   InputFile directory(folder.Path(""));
   EXPECT_ERROR(TextDecoder{directory}, RunTimeError::kPathFileAccess, kRunTimeSource);
 }
 
-TEST(TextDecoder, TellsHowManyBytesItTook) {
+TEST(TextDecoderTest, TellsHowManyBytesItTook) {
   const std::string bytes = Declared("windows-1252") + std::string(300'000, '\xE9');
   InputBytes input(bytes);
   TextDecoder decoder(input);

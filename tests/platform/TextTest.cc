@@ -24,7 +24,7 @@ std::string Utf8(char32_t character) {
   return text;
 }
 
-TEST(Text, AControlOrAnotherCharacterIsFoundAtEveryPlaceOfATextOfAnyLength) {
+TEST(TextTest, AControlOrAnotherCharacterIsFoundAtEveryPlaceOfATextOfAnyLength) {
   for (size_t length = 0; length < 40; ++length) {
     const std::string plain(length, '\x89');
     EXPECT_FALSE(HoldsControlOrAnyOf<>(plain));
@@ -41,7 +41,7 @@ TEST(Text, AControlOrAnotherCharacterIsFoundAtEveryPlaceOfATextOfAnyLength) {
   }
 }
 
-TEST(Text, LeftmostCountsCharacters) {
+TEST(TextTest, LeftmostCountsCharacters) {
   struct Row {
     std::string_view text;
     int characters;
@@ -64,7 +64,7 @@ TEST(Text, LeftmostCountsCharacters) {
   }
 }
 
-TEST(Text, TrimSpacesTakesNothingButSpacesOffBothEnds) {
+TEST(TextTest, TrimSpacesTakesNothingButSpacesOffBothEnds) {
   struct Row {
     std::string_view text;
     std::string_view trimmed;
@@ -81,11 +81,11 @@ TEST(Text, TrimSpacesTakesNothingButSpacesOffBothEnds) {
   }
 }
 
-TEST(Text, CharactersComeOffTheFrontOneByOne) {
+TEST(TextTest, CharactersComeOffTheFrontOneByOne) {
   EXPECT_EQ(Characters("aç€😀"), (std::vector<char32_t>{'a', 0xE7, 0x20AC, 0x1F600}));
 }
 
-TEST(Text, EveryCodePointSurvivesAppendAndTake) {
+TEST(TextTest, EveryCodePointSurvivesAppendAndTake) {
   for (char32_t c = 1; c <= 0x10FFFF; ++c) {
     if (c >= 0xD800 && c <= 0xDFFF) continue;
     const std::string utf8 = Utf8(c);
@@ -95,7 +95,7 @@ TEST(Text, EveryCodePointSurvivesAppendAndTake) {
   }
 }
 
-TEST(Text, TheEncodingTakesOneToFourBytes) {
+TEST(TextTest, TheEncodingTakesOneToFourBytes) {
   EXPECT_EQ(Utf8(0x7F), "\x7F");
   EXPECT_EQ(Utf8(0x80), "\xC2\x80");
   EXPECT_EQ(Utf8(0x7FF), "\xDF\xBF");
@@ -105,28 +105,28 @@ TEST(Text, TheEncodingTakesOneToFourBytes) {
   EXPECT_EQ(Utf8(0x10FFFF), "\xF4\x8F\xBF\xBF");
 }
 
-class BytesThatAreNotUtf8 : public ::testing::TestWithParam<std::string_view> {};
+class TextNotUtf8Test : public ::testing::TestWithParam<std::string_view> {};
 
-TEST_P(BytesThatAreNotUtf8, GiveNoCharacterAndLoseOneByte) {
+TEST_P(TextNotUtf8Test, GiveNoCharacterAndLoseOneByte) {
   std::string_view text = GetParam();
   const size_t size = text.size();
   EXPECT_EQ(TakeCharacter(text), kNotUtf8);
   EXPECT_EQ(text.size(), size - 1);
 }
 
-TEST_P(BytesThatAreNotUtf8, AreNoXmlText) {
+TEST_P(TextNotUtf8Test, AreNoXmlText) {
   EXPECT_FALSE(IsXmlText(GetParam()));
   EXPECT_FALSE(IsXmlText("0123456789" + std::string(GetParam())));
 }
 
-INSTANTIATE_TEST_SUITE_P(Text, BytesThatAreNotUtf8,
+INSTANTIATE_TEST_SUITE_P(All, TextNotUtf8Test,
                          ::testing::Values("\x80", "\xBF", "\xC0\x80", "\xC1\xBF", "\xC3", "\xC3(", "\xE0\x80\xAF",
                                            "\xE0\x9F\xBF", "\xE2\x82", "\xE2\x82(", "\xED\xA0\x80", "\xED\xBF\xBF",
                                            "\xF0\x80\x80\xAF", "\xF0\x8F\xBF\xBF", "\xF0\x9F\x98", "\xF0\x9F\x98(",
                                            "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFE", "\xFF"),
                          testing::Numbered());
 
-TEST(Text, XmlTextHoldsTabAndLineEndsButNoOtherControl) {
+TEST(TextTest, XmlTextHoldsTabAndLineEndsButNoOtherControl) {
   for (char c = 1; c < 0x20; ++c) {
     const bool allowed = c == '\t' || c == '\n' || c == '\r';
     // In a short text and behind eight characters, which are looked at together.
@@ -136,7 +136,7 @@ TEST(Text, XmlTextHoldsTabAndLineEndsButNoOtherControl) {
   EXPECT_FALSE(IsXmlText(std::string_view("\0", 1)));
 }
 
-TEST(Text, XmlTextEndsAtTheNoncharacters) {
+TEST(TextTest, XmlTextEndsAtTheNoncharacters) {
   EXPECT_TRUE(IsXmlText(""));
   EXPECT_TRUE(IsXmlText("\x7F\u0080\u009F\uFFFD"));
   EXPECT_TRUE(IsXmlText(Utf8(0x10FFFF)));
@@ -144,7 +144,7 @@ TEST(Text, XmlTextEndsAtTheNoncharacters) {
   EXPECT_FALSE(IsXmlText(Utf8(0xFFFF)));
 }
 
-TEST(Text, ATextThatXmlCannotHoldIsAnErrorThatNamesTheElement) {
+TEST(TextTest, ATextThatXmlCannotHoldIsAnErrorThatNamesTheElement) {
   RequireXmlText("City", "\u00c9vora\n");
   const Error error = testing::ErrorOf([] { RequireXmlText("City", "a\x01"); });
   EXPECT_EQ(error.Number(), static_cast<int32_t>(RunTimeError::kInvalidCall));

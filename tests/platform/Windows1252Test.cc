@@ -16,7 +16,7 @@ char32_t Registered(int byte) {
   return byte >= 0x80 && byte < 0xA0 ? kRegistered[static_cast<size_t>(byte - 0x80)] : static_cast<char32_t>(byte);
 }
 
-TEST(Windows1252, EveryByteHasTheRegisteredCharacterBothWays) {
+TEST(Windows1252Test, EveryByteHasTheRegisteredCharacterBothWays) {
   for (int byte = 1; byte < 256; ++byte) {
     if (Registered(byte) == 0) continue;
     EXPECT_EQ(FromWindows1252(static_cast<unsigned char>(byte)), Registered(byte)) << byte;
@@ -24,25 +24,25 @@ TEST(Windows1252, EveryByteHasTheRegisteredCharacterBothWays) {
   }
 }
 
-TEST(Windows1252, UndefinedBytesAreReadAsControlsAndNeverWritten) {
+TEST(Windows1252Test, UndefinedBytesAreReadAsControlsAndNeverWritten) {
   for (const char32_t c : {0x81U, 0x8DU, 0x8FU, 0x90U, 0x9DU}) {
     EXPECT_EQ(FromWindows1252(static_cast<unsigned char>(c)), c);
     EXPECT_EQ(ToWindows1252(c), -1);
   }
 }
 
-TEST(Windows1252, ExactlyTwoHundredAndFiftyOneCharactersHaveAByte) {
+TEST(Windows1252Test, ExactlyTwoHundredAndFiftyOneCharactersHaveAByte) {
   int known = 0;
   for (char32_t c = 0; c <= 0x10FFFF; ++c) known += ToWindows1252(c) >= 0 ? 1 : 0;
   EXPECT_EQ(known, 251);
 }
 
-TEST(Windows1252, TheControlsThatTheCodePageReplacedHaveNoByte) {
+TEST(Windows1252Test, TheControlsThatTheCodePageReplacedHaveNoByte) {
   EXPECT_EQ(ToWindows1252(0x80), -1);
   EXPECT_EQ(ToWindows1252(0x9F), -1);
 }
 
-TEST(Windows1252, ATextIsInTheCodePageWhenAllItsCharactersAre) {
+TEST(Windows1252Test, ATextIsInTheCodePageWhenAllItsCharactersAre) {
   EXPECT_TRUE(IsWindows1252(""));
   EXPECT_TRUE(IsWindows1252("Padaria São João, 12 €"));
   EXPECT_FALSE(IsWindows1252("Łódź"));

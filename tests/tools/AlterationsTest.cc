@@ -63,7 +63,7 @@ struct LostNumber {
 };
 
 // A number that the file does not hold as given.
-class LostNumberTest : public AlterationsTest, public ::testing::WithParamInterface<LostNumber> {
+class AlterationsLostNumberTest : public AlterationsTest, public ::testing::WithParamInterface<LostNumber> {
  protected:
   void SetUp() override { WriteNumber(GetParam().given); }
 
@@ -92,12 +92,12 @@ class LostNumberTest : public AlterationsTest, public ::testing::WithParamInterf
   }
 };
 
-TEST_P(LostNumberTest, IsToldAndRefused) {
+TEST_P(AlterationsLostNumberTest, IsToldAndRefused) {
   ExpectRefused("1 number would be rounded to what the file holds" + Place() + "saft: " + Output() +
                 ": not written, because of these numbers; --round writes it all the same");
 }
 
-TEST_P(LostNumberTest, IsToldAndWrittenRounded) {
+TEST_P(AlterationsLostNumberTest, IsToldAndWrittenRounded) {
   for (const auto& options : {std::vector<std::string>{"--round"}, {"--round", "--stream"}}) {
     const testing::Outcome outcome = Create(options);
     EXPECT_EQ(outcome.code, 0);
@@ -107,7 +107,7 @@ TEST_P(LostNumberTest, IsToldAndWrittenRounded) {
   }
 }
 
-TEST_P(LostNumberTest, TheNumberThatIsWrittenIsNoneOfThem) {
+TEST_P(AlterationsLostNumberTest, TheNumberThatIsWrittenIsNoneOfThem) {
   std::string number = GetParam().written;
   if (number.find('.') == std::string::npos) number += ".";
   WriteNumber(number + "000000");
@@ -116,7 +116,7 @@ TEST_P(LostNumberTest, TheNumberThatIsWrittenIsNoneOfThem) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, LostNumberTest,
+    All, AlterationsLostNumberTest,
     ::testing::Values(
         LostNumber{"general_ledger.csv", "OpeningDebitBalance", "168.123456", "168.1235"},
         LostNumber{"general_ledger.csv", "OpeningCreditBalance", "0.00005", "0.0001"},
@@ -152,7 +152,7 @@ struct Rivals {
 };
 
 // Two numbers of which the file has one.
-class RivalsTest : public AlterationsTest, public ::testing::WithParamInterface<Rivals> {
+class AlterationsRivalsTest : public AlterationsTest, public ::testing::WithParamInterface<Rivals> {
  protected:
   void WriteNumbers(const std::string& first, const std::string& second) const {
     Write("invoices.csv", "InvoiceNo\nFT 1\n");
@@ -165,14 +165,14 @@ class RivalsTest : public AlterationsTest, public ::testing::WithParamInterface<
   static std::string ElementOf(const std::string& column) { return column.substr(column.rfind('.') + 1); }
 };
 
-TEST_P(RivalsTest, TheSecondOneIsToldAndRefused) {
+TEST_P(AlterationsRivalsTest, TheSecondOneIsToldAndRefused) {
   WriteNumbers("10", "4");
   ExpectRefused("1 number would be left out, the file holds only one of the two\n  " + In(GetParam().file) +
                 ":2: " + GetParam().second + ": \"4\" beside " + GetParam().first + " \"10\"\nsaft: " + Output() +
                 ": not written, because of these numbers; --round writes it all the same");
 }
 
-TEST_P(RivalsTest, TheSecondOneIsLeftOutOfTheFileAndItsTotals) {
+TEST_P(AlterationsRivalsTest, TheSecondOneIsLeftOutOfTheFileAndItsTotals) {
   WriteNumbers("10", "4");
   for (const auto& options : {std::vector<std::string>{"--round"}, {"--round", "--stream"}}) {
     const testing::Outcome outcome = Create(options);
@@ -185,7 +185,7 @@ TEST_P(RivalsTest, TheSecondOneIsLeftOutOfTheFileAndItsTotals) {
   }
 }
 
-TEST_P(RivalsTest, AZeroIsNoRival) {
+TEST_P(AlterationsRivalsTest, AZeroIsNoRival) {
   WriteNumbers("10", "0.00");
   ExpectCreated();
   EXPECT_THAT(Texts(ElementOf(GetParam().first)), ElementsAre("10"));
@@ -196,7 +196,7 @@ TEST_P(RivalsTest, AZeroIsNoRival) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, RivalsTest,
+    All, AlterationsRivalsTest,
     ::testing::Values(Rivals{"transaction_lines.csv", "TransactionID,RecordID", "T,1", "DebitAmount", "CreditAmount"},
                       Rivals{"invoice_lines.csv", "InvoiceNo,LineNumber", "FT 1,1", "DebitAmount", "CreditAmount"},
                       Rivals{"invoice_lines.csv", "InvoiceNo,LineNumber", "FT 1,1", "Tax.TaxPercentage",

@@ -88,7 +88,7 @@ TEST_F(AuditFileInputTest, ShowsNoneWhenPiped) {
   EXPECT_EQ(End(), 0);
 }
 
-class TerminalTest : public AuditFileInputTest {
+class AuditFileInputTerminalTest : public AuditFileInputTest {
  protected:
   void SetUp() override {
     AuditFileInputTest::SetUp();
@@ -98,7 +98,7 @@ class TerminalTest : public AuditFileInputTest {
   }
 };
 
-TEST_F(TerminalTest, RecordsAreMadeVisible) {
+TEST_F(AuditFileInputTerminalTest, RecordsAreMadeVisible) {
   for (const std::string command : {"list", "list --json", "summary", "summary --json"}) {
     const std::string kind = command.starts_with("list") ? " Header" : "";
     Start("saft " + command + " '" + Output() + "'" + kind);
@@ -108,7 +108,7 @@ TEST_F(TerminalTest, RecordsAreMadeVisible) {
   }
 }
 
-TEST_F(TerminalTest, ProgramsTakeThemAsTheyAre) {
+TEST_F(AuditFileInputTerminalTest, ProgramsTakeThemAsTheyAre) {
   for (const std::string command : {"list", "list --json", "summary --json"}) {
     const std::string kind = command.starts_with("list") ? " Header" : "";
     const testing::Outcome outcome = RunInShell("saft " + command + " '" + Output() + "'" + kind + " | cat");

@@ -60,15 +60,15 @@ struct BadColumn {
   const char* message;
 };
 
-class BadColumnTest : public testing::ToolTest, public ::testing::WithParamInterface<BadColumn> {};
+class ColumnBindingBadColumnTest : public testing::ToolTest, public ::testing::WithParamInterface<BadColumn> {};
 
-TEST_P(BadColumnTest, IsRefused) {
+TEST_P(ColumnBindingBadColumnTest, IsRefused) {
   Write(GetParam().file, std::string(GetParam().columns) + "\n");
   ExpectRefused(In(GetParam().file) + ":1: column " + GetParam().message);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, BadColumnTest,
+    All, ColumnBindingBadColumnTest,
     ::testing::Values(
         BadColumn{"customers.csv", "CustomerID,Name", "\"Name\": unknown column"},
         BadColumn{"customers.csv", "CustomerID,companyname", "\"companyname\": unknown column"},

@@ -75,9 +75,9 @@ struct Absence {
   std::vector<std::string> elements;  ///< that are not there either
 };
 
-class AbsentFileTest : public CreateCommandTest, public ::testing::WithParamInterface<Absence> {};
+class CreateCommandAbsentFileTest : public CreateCommandTest, public ::testing::WithParamInterface<Absence> {};
 
-TEST_P(AbsentFileTest, LeavesOutItsRecords) {
+TEST_P(CreateCommandAbsentFileTest, LeavesOutItsRecords) {
   WriteEverything();
   for (const std::string& file : GetParam().files) Remove(file);
   ExpectCreated();
@@ -90,7 +90,7 @@ TEST_P(AbsentFileTest, LeavesOutItsRecords) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, AbsentFileTest,
+    All, CreateCommandAbsentFileTest,
     ::testing::Values(Absence{{}, {}}, Absence{{"header.csv"}, {"Header"}},
                       Absence{{"general_ledger.csv"}, {"GeneralLedger"}}, Absence{{"customers.csv"}, {"Customer"}},
                       Absence{{"suppliers.csv"}, {"Supplier"}}, Absence{{"products.csv"}, {"Product"}},
@@ -202,16 +202,16 @@ struct UnknownFile {
   const char* nearest;
 };
 
-class UnknownFileTest : public CreateCommandTest, public ::testing::WithParamInterface<UnknownFile> {};
+class CreateCommandUnknownFileTest : public CreateCommandTest, public ::testing::WithParamInterface<UnknownFile> {};
 
-TEST_P(UnknownFileTest, IsRefusedWithTheNearestName) {
+TEST_P(CreateCommandUnknownFileTest, IsRefusedWithTheNearestName) {
   WriteEverything();
   const auto& [name, nearest] = GetParam();
   Write(name, "CustomerID\nC1\n");
   ExpectRefused(In(name) + ": not a file of a dataset; the nearest name is " + nearest);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, UnknownFileTest,
+INSTANTIATE_TEST_SUITE_P(All, CreateCommandUnknownFileTest,
                          ::testing::Values(UnknownFile{"clientes.csv", "customers.csv"},
                                            UnknownFile{"Customers.csv", "customers.csv"},
                                            UnknownFile{"customers.CSV", "customers.csv"},
@@ -234,14 +234,14 @@ TEST_F(CreateCommandTest, TheSampleCompanyIsValid) {
   EXPECT_EQ(Run({"validate", Output()}).code, 0);
 }
 
-class StreamedTest : public CreateCommandTest {
+class CreateCommandStreamedTest : public CreateCommandTest {
  protected:
   testing::Outcome CreateStreamed(const std::string& dataset, const std::string& file) const {
     return Run({"create", "--stream", dataset, file});
   }
 };
 
-TEST_F(StreamedTest, TheFileIsOneLineInTheOrderOfTheSchema) {
+TEST_F(CreateCommandStreamedTest, TheFileIsOneLineInTheOrderOfTheSchema) {
   WriteEverything();
   Write("journals.csv", "JournalID\nJ1\nJ2\n");
   Write("transactions.csv", "JournalID,TransactionID\nJ2,T2\nJ1,T1\n");
@@ -262,7 +262,7 @@ TEST_F(StreamedTest, TheFileIsOneLineInTheOrderOfTheSchema) {
   }
 }
 
-TEST_F(StreamedTest, TheSampleCompanyIsValidAndHasTheSameRecords) {
+TEST_F(CreateCommandStreamedTest, TheSampleCompanyIsValidAndHasTheSameRecords) {
   EXPECT_EQ(CreateStreamed(ZEVO_COMPANY_FOLDER, Output()).err, "");
   EXPECT_EQ(Run({"validate", Output()}).code, 0);
   const std::string built = folder_.Path("built.xml");
@@ -273,7 +273,7 @@ TEST_F(StreamedTest, TheSampleCompanyIsValidAndHasTheSameRecords) {
   }
 }
 
-TEST_F(StreamedTest, AnErrorLeavesNoFileBehind) {
+TEST_F(CreateCommandStreamedTest, AnErrorLeavesNoFileBehind) {
   WriteEverything();
   Write("credit_notes.csv", "InvoiceNo,LineNumber,Reference\nNC 1,9,FT 1\n");
   const testing::Outcome outcome = CreateStreamed(folder_.Path(kDataset), Output());
@@ -282,7 +282,7 @@ TEST_F(StreamedTest, AnErrorLeavesNoFileBehind) {
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
 }
 
-TEST_F(StreamedTest, ATextThatXmlCannotHoldIsToldWithItsRow) {
+TEST_F(CreateCommandStreamedTest, ATextThatXmlCannotHoldIsToldWithItsRow) {
   Write("customers.csv", "CustomerID,CompanyName\nC1,Um\nC2,D\x01ois\n");
   const testing::Outcome outcome = CreateStreamed(folder_.Path(kDataset), Output());
   EXPECT_EQ(outcome.code, 2);
@@ -290,7 +290,7 @@ TEST_F(StreamedTest, ATextThatXmlCannotHoldIsToldWithItsRow) {
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
 }
 
-TEST_F(StreamedTest, AnExistingFileStaysUntouched) {
+TEST_F(CreateCommandStreamedTest, AnExistingFileStaysUntouched) {
   WriteEverything();
   folder_.Write("out.xml", "mine");
   EXPECT_EQ(CreateStreamed(folder_.Path(kDataset), Output()).err,
@@ -303,9 +303,9 @@ struct SpecialFile {
   const char* message;
 };
 
-class SpecialFileTest : public CreateCommandTest, public ::testing::WithParamInterface<SpecialFile> {};
+class CreateCommandSpecialFileTest : public CreateCommandTest, public ::testing::WithParamInterface<SpecialFile> {};
 
-TEST_P(SpecialFileTest, IsNoFileToWrite) {
+TEST_P(CreateCommandSpecialFileTest, IsNoFileToWrite) {
   WriteEverything();
   std::filesystem::create_directory(folder_.Path("folder"));
   ASSERT_EQ(mkfifo(folder_.Path("pipe").c_str(), 0600), 0);
@@ -320,7 +320,7 @@ TEST_P(SpecialFileTest, IsNoFileToWrite) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SpecialFileTest,
+INSTANTIATE_TEST_SUITE_P(All, CreateCommandSpecialFileTest,
                          ::testing::Values(SpecialFile{"folder", ": is a folder"}, SpecialFile{"pipe", ": is a pipe"},
                                            SpecialFile{"/dev/full", ": is a device"}));
 

@@ -80,15 +80,15 @@ struct Faulty {
   const char* place;
 };
 
-class FaultyCsvTest : public testing::ToolTest, public ::testing::WithParamInterface<Faulty> {};
+class CsvFileFaultyTest : public testing::ToolTest, public ::testing::WithParamInterface<Faulty> {};
 
-TEST_P(FaultyCsvTest, IsRefused) {
+TEST_P(CsvFileFaultyTest, IsRefused) {
   Write("customers.csv", GetParam().text);
   ExpectRefused(In("customers.csv") + GetParam().place);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, FaultyCsvTest,
+    All, CsvFileFaultyTest,
     ::testing::Values(
         Faulty{"FewerCells", "CustomerID,Contact,Fax\nC1,a,b\nC2,a\n", ":3: 2 cells, but the header has 3"},
         Faulty{"MoreCells", "CustomerID\nC1,a\n", ":2: 2 cells, but the header has 1"},
@@ -160,16 +160,16 @@ TEST_F(CsvFileTest, WhatActsOnATerminalIsMadeVisible) {
                 ":2: OpeningDebitBalance: \"1\\u202E\\u009B2\": not an amount with a decimal point");
 }
 
-class EmptyFileTest : public testing::ToolTest, public ::testing::WithParamInterface<std::string> {};
+class CsvFileEmptyTest : public testing::ToolTest, public ::testing::WithParamInterface<std::string> {};
 
-TEST_P(EmptyFileTest, HasNoRecords) {
+TEST_P(CsvFileEmptyTest, HasNoRecords) {
   Write("customers.csv", "CustomerID\nC1\n");
   Write("products.csv", GetParam());
   ExpectCreated();
   EXPECT_FALSE(Has("Product"));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, EmptyFileTest,
+INSTANTIATE_TEST_SUITE_P(All, CsvFileEmptyTest,
                          ::testing::Values("", "\n", "\xEF\xBB\xBF", "ProductCode\n", "ProductCode",
                                            "ProductCode\n\n"));
 

@@ -19,7 +19,7 @@ struct UniqueKey {
   const char* parent = "";  ///< parent column, whose cell is always P
 };
 
-class UniqueKeyTest : public testing::ToolTest, public ::testing::WithParamInterface<UniqueKey> {
+class KeyIndexUniqueKeyTest : public testing::ToolTest, public ::testing::WithParamInterface<UniqueKey> {
  protected:
   void WriteKeys(const std::string& first, const std::string& second) const {
     const std::string parent = GetParam().parent;
@@ -31,17 +31,17 @@ class UniqueKeyTest : public testing::ToolTest, public ::testing::WithParamInter
   }
 };
 
-TEST_P(UniqueKeyTest, ADuplicateIsRefused) {
+TEST_P(KeyIndexUniqueKeyTest, ADuplicateIsRefused) {
   WriteKeys("K", "K");
   ExpectRefused(In(GetParam().file) + ":3: " + GetParam().key + ": \"K\": duplicate, row 2 has it already");
 }
 
-TEST_P(UniqueKeyTest, KeysDifferInLetterCase) {
+TEST_P(KeyIndexUniqueKeyTest, KeysDifferInLetterCase) {
   WriteKeys("k", "K");
   ExpectCreated();
 }
 
-INSTANTIATE_TEST_SUITE_P(All, UniqueKeyTest,
+INSTANTIATE_TEST_SUITE_P(All, KeyIndexUniqueKeyTest,
                          ::testing::Values(UniqueKey{"general_ledger.csv", "AccountID"},
                                            UniqueKey{"customers.csv", "CustomerID"},
                                            UniqueKey{"suppliers.csv", "SupplierID"},

@@ -53,9 +53,9 @@ struct BadCell {
   const char* reason;
 };
 
-class BadCellTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
+class PropertyTextBadCellTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
 
-TEST_P(BadCellTest, IsRefused) {
+TEST_P(PropertyTextBadCellTest, IsRefused) {
   const auto& [file, column, value, reason] = GetParam();
   // The columns that a file must have stand before the one in question.
   const std::string name(file);
@@ -74,7 +74,7 @@ constexpr const char* kNoAmount = "not an amount with a decimal point";
 constexpr const char* kNoSingle = "not a number with a decimal point";
 
 INSTANTIATE_TEST_SUITE_P(
-    All, BadCellTest,
+    All, PropertyTextBadCellTest,
     ::testing::Values(
         BadCell{"general_ledger.csv", "OpeningDebitBalance", "12,50", kNoAmount},
         BadCell{"general_ledger.csv", "OpeningDebitBalance", "1.000,00", kNoAmount},
@@ -95,15 +95,15 @@ INSTANTIATE_TEST_SUITE_P(
         BadCell{"invoice_lines.csv", "Tax.TaxAmount", "1e3", kNoSingle},
         BadCell{"invoice_lines.csv", "Tax.TaxAmount", "999999999999999999999999999999999999999", "out of range"}));
 
-class BadCountTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
+class PropertyTextBadCountTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
 
-TEST_P(BadCountTest, IsRefused) {
+TEST_P(PropertyTextBadCountTest, IsRefused) {
   Write("invoices.csv", "InvoiceNo\nk\n");
   Write("invoice_lines.csv", std::string("InvoiceNo,LineNumber\nk,") + GetParam().value + "\n");
   ExpectRefused(In("invoice_lines.csv") + ":2: LineNumber: \"" + GetParam().value + "\": " + GetParam().reason);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, BadCountTest,
+INSTANTIATE_TEST_SUITE_P(All, PropertyTextBadCountTest,
                          ::testing::Values(BadCell{"", "", "1.0", "not a whole number"},
                                            BadCell{"", "", "um", "not a whole number"},
                                            BadCell{"", "", "+1", "not a whole number"},

@@ -122,14 +122,14 @@ struct Missing {
   const char* missing;
 };
 
-class MissingColumnTest : public testing::ToolTest, public ::testing::WithParamInterface<Missing> {};
+class RecordTableMissingColumnTest : public testing::ToolTest, public ::testing::WithParamInterface<Missing> {};
 
-TEST_P(MissingColumnTest, IsRefused) {
+TEST_P(RecordTableMissingColumnTest, IsRefused) {
   Write(GetParam().file, std::string(GetParam().columns) + "\n");
   ExpectRefused(In(GetParam().file) + ":1: column \"" + GetParam().missing + "\" is missing");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, MissingColumnTest,
+INSTANTIATE_TEST_SUITE_P(All, RecordTableMissingColumnTest,
                          ::testing::Values(Missing{"customers.csv", "CompanyName", "CustomerID"},
                                            Missing{"transactions.csv", "TransactionID", "JournalID"},
                                            Missing{"transaction_lines.csv", "RecordID", "TransactionID"},

@@ -72,7 +72,7 @@ struct BadSchema {
   const char* message;
 };
 
-class BadSchemaTest : public SchemaChoiceTest, public ::testing::WithParamInterface<BadSchema> {
+class SchemaChoiceBadSchemaTest : public SchemaChoiceTest, public ::testing::WithParamInterface<BadSchema> {
  protected:
   void SetUp() override {
     SchemaChoiceTest::SetUp();
@@ -85,7 +85,7 @@ class BadSchemaTest : public SchemaChoiceTest, public ::testing::WithParamInterf
   std::string Path() const { return *GetParam().path == '/' ? GetParam().path : folder_.Path(GetParam().path); }
 };
 
-TEST_P(BadSchemaTest, IsToldAndNotBlamedOnTheFile) {
+TEST_P(SchemaChoiceBadSchemaTest, IsToldAndNotBlamedOnTheFile) {
   for (const testing::Outcome& outcome :
        {Run({"validate", folder_.Path("file.xml"), "--schema", Path()}),
         Run({"create", folder_.Path(kDataset), Output(), "--schema", Path()}),
@@ -98,7 +98,7 @@ TEST_P(BadSchemaTest, IsToldAndNotBlamedOnTheFile) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, BadSchemaTest,
+INSTANTIATE_TEST_SUITE_P(All, SchemaChoiceBadSchemaTest,
                          ::testing::Values(BadSchema{"folder", "is a folder\n"}, BadSchema{"pipe", "is a pipe\n"},
                                            BadSchema{"/dev/zero", "is a device\n"}, BadSchema{"none", "no such file\n"},
                                            BadSchema{"malformed", ""}, BadSchema{"file.xml", ""},

@@ -18,9 +18,9 @@ struct BadUsage {
   const char* message;
 };
 
-class BadUsageTest : public testing::ToolTest, public ::testing::WithParamInterface<BadUsage> {};
+class UsageBadTest : public testing::ToolTest, public ::testing::WithParamInterface<BadUsage> {};
 
-TEST_P(BadUsageTest, EndsWithTwo) {
+TEST_P(UsageBadTest, EndsWithTwo) {
   const testing::Outcome outcome = Run(GetParam().arguments);
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "");
@@ -28,7 +28,7 @@ TEST_P(BadUsageTest, EndsWithTwo) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, BadUsageTest,
+    All, UsageBadTest,
     ::testing::Values(BadUsage{{}, "A subcommand is required"}, BadUsage{{"create"}, "DATASET is required"},
                       BadUsage{{"create", "data"}, "FILE.xml is required"},
                       BadUsage{{"validate"}, "FILE.xml is required"}, BadUsage{{"summary"}, "FILE.xml is required"},
