@@ -10,9 +10,11 @@
 
 namespace zevo::testing {
 
-/// The records of an audit file, with arbitrary values in their properties. The journals' numbers differ, so that a
-/// reader finds a journal again, and each has a description, so that it does not have that of its first transaction.
+/// The records of an audit file.
 struct Contents {
+  Contents() = default;
+  /// With arbitrary values in their properties. The journals' numbers differ, so that a reader finds a journal again,
+  /// and each has a description, so that it does not have that of its first transaction.
   explicit Contents(Choices& choices);
 
   std::shared_ptr<Header> header;

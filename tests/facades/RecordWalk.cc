@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <functional>
 #include <stdexcept>
-#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -73,25 +72,6 @@ const std::vector<TextRule>& TextRules() {
   return kRules;
 }
 
-std::string TextOf(const PropertyValue& value) {
-  return std::visit(
-      [](const auto& held) -> std::string {
-        using Held = std::decay_t<decltype(held)>;
-        if constexpr (std::is_same_v<Held, std::string>) {
-          return held;
-        } else if constexpr (std::is_same_v<Held, Amount>) {
-          return std::to_string(held.Scaled());
-        } else if constexpr (std::is_same_v<Held, bool>) {
-          return held ? "true" : "false";
-        } else if constexpr (std::is_same_v<Held, std::shared_ptr<Record>>) {
-          return held == nullptr ? "null" : "a record";
-        } else {
-          return std::to_string(held);
-        }
-      },
-      value);
-}
-
 }  // namespace
 
 void RecordMaker::Fill(Record& record, std::span<const Property> properties, const std::string& path) {
@@ -148,26 +128,6 @@ std::string RecordMaker::TextFor(std::string_view path) {
     if (path.ends_with(rule.path)) return rule.text(serial_);
   }
   throw std::logic_error("no rule");
-}
-
-void AddValues(const Record& record, std::span<const Property> properties, const std::string& path,
-               RecordValues& values) {
-  for (const Property& property : properties) {
-    const std::string name = path + "." + std::string(property.name);
-    if (property.type == PropertyType::kCollection) {
-      const int32_t count = property.count(record);
-      values[name + ".Count"] = std::to_string(count);
-      for (int32_t i = 1; i <= count; ++i) {
-        AddValues(*property.item(record, i), property.properties(), name + "[" + std::to_string(i) + "]", values);
-      }
-      continue;
-    }
-    const PropertyValue value = property.get(record);
-    values[name] = TextOf(value);
-    if (property.type != PropertyType::kRecord) continue;
-    const auto& child = std::get<std::shared_ptr<Record>>(value);
-    if (child != nullptr) AddValues(*child, property.properties(), name, values);
-  }
 }
 
 }  // namespace zevo::testing

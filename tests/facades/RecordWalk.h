@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/PropertyWalk.h"
+
 namespace zevo::testing {
 
 /// Which of the two amounts a record holds where the file takes one: both with the debit (or percentage) winning, or
@@ -38,17 +40,18 @@ class RecordMaker {
   int serial_ = 100;
 };
 
-/// The values of all properties under their paths, such as "Invoice.Line[1].Tax.TaxCode". Amounts are told in
-/// ten-thousandths.
+/// The values of all properties, and how many items collections have, under their paths, such as
+/// "Invoice.Line[1].Tax.TaxCode".
 using RecordValues = std::map<std::string, std::string>;
-
-void AddValues(const Record& record, std::span<const Property> properties, const std::string& path,
-               RecordValues& values);
 
 template <class T>
 RecordValues ValuesOf(const std::shared_ptr<T>& record, std::string_view className) {
   RecordValues values;
-  if (record != nullptr) AddValues(*record, PropertiesOf<T>(), std::string(className), values);
+  if (record == nullptr) return values;
+  WalkProperties(*record, PropertiesOf<T>(), std::string(className) + ".",
+                 [&values](const std::string& name, const Property&, const PropertyValue& value) {
+                   values[name] = TextOf(value);
+                 });
   return values;
 }
 

@@ -286,7 +286,7 @@ constexpr std::string_view kDescription =
     "DocumentTotals.CurrencyValue.CurrencyDebitAmount=4.5\nDocumentTotals.CurrencyValue.CurrencyCreditAmount=5.5\n"
     "DocumentTotals.Settlement.SettlementDiscount=k\nDocumentTotals.Settlement.SettlementAmount=6.5\n"
     "DocumentTotals.Settlement.SettlementDate=l\nDocumentTotals.Settlement.PaymentMechanism=62\n"
-    "Line1.LineNumber=1\nLine1.Quantity=2\nLine2.LineNumber=2\nLine2.Quantity=3\n";
+    "Line[1].LineNumber=1\nLine[1].Quantity=2\nLine[2].LineNumber=2\nLine[2].Quantity=3\n";
 
 TEST_F(InvoiceDALCTest, ReadsEveryPropertyButThoseThatAreWrittenOnly) {
   EXPECT_EQ(Describe(*Read(ReadingInvoice(OneLine(kInvoice)))), kDescription);
@@ -362,9 +362,9 @@ TEST_F(InvoiceDALCTest, ReadsOneAfterTheOtherEachWithItsOwnLines) {
           <Invoice><Line><LineNumber>2</LineNumber><Quantity>1</Quantity></Line></Invoice>
         </SalesInvoices>
       </SourceDocuments>)"));
-  EXPECT_EQ(Describe(*Read(reader, true)), "Line1.LineNumber=1\nLine1.Quantity=1\n");
+  EXPECT_EQ(Describe(*Read(reader, true)), "Line[1].LineNumber=1\nLine[1].Quantity=1\n");
   EXPECT_EQ(Describe(*Read(reader, false)), "");
-  EXPECT_EQ(Describe(*Read(reader, false)), "Line1.LineNumber=2\nLine1.Quantity=1\n");
+  EXPECT_EQ(Describe(*Read(reader, false)), "Line[1].LineNumber=2\nLine[1].Quantity=1\n");
   EXPECT_EQ(Read(reader, false), nullptr);
 }
 

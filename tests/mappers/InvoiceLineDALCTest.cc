@@ -220,12 +220,13 @@ TEST_F(InvoiceLineDALCTest, ReadsEveryProperty) {
         </Line>
       </Invoice>)")));
   ASSERT_TRUE(line);
-  EXPECT_EQ(Describe(*line),
-            "LineNumber=3\nProductCode=c\nProductDescription=d\nQuantity=2.5\nUnitOfMeasure=e\nUnitPrice=1.25\n"
-            "TaxPointDate=f\nDescription=j\nDebitAmount=3.5\nCreditAmount=4.5\nTaxExemptionReason=m\n"
-            "SettlementAmount=0.5\nOrderReferences.OriginatingOn=a\nOrderReferences.OrderDate=b\n"
-            "References.CreditNote1.Reference=g\nReferences.CreditNote1.Reason=h\nReferences.CreditNote2.Reference=i\n"
-            "Tax.TaxCountryRegion=k\nTax.TaxCode=l\nTax.TaxPercentage=5.5\nTax.TaxAmount=6.5\nTax.TaxType=IVA\n");
+  EXPECT_EQ(
+      Describe(*line),
+      "LineNumber=3\nProductCode=c\nProductDescription=d\nQuantity=2.5\nUnitOfMeasure=e\nUnitPrice=1.25\n"
+      "TaxPointDate=f\nDescription=j\nDebitAmount=3.5\nCreditAmount=4.5\nTaxExemptionReason=m\n"
+      "SettlementAmount=0.5\nOrderReferences.OriginatingOn=a\nOrderReferences.OrderDate=b\n"
+      "References.CreditNote[1].Reference=g\nReferences.CreditNote[1].Reason=h\nReferences.CreditNote[2].Reference=i\n"
+      "Tax.TaxCountryRegion=k\nTax.TaxCode=l\nTax.TaxPercentage=5.5\nTax.TaxAmount=6.5\nTax.TaxType=IVA\n");
 }
 
 TEST_F(InvoiceLineDALCTest, OrderIsWrittenAndReadUnderTheNameThatEndsInCapitals) {

@@ -1,7 +1,10 @@
 #include "tests/mappers/MapperTest.h"
 
-#include <sstream>
+#include <algorithm>
+#include <type_traits>
 #include <variant>
+
+#include "tests/support/PropertyWalk.h"
 
 namespace zevo::testing {
 namespace {
@@ -12,29 +15,6 @@ std::string File(std::string_view content) {
              "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\">")
       .append(content)
       .append("</AuditFile>");
-}
-
-// The value as text; empty for what counts as no content.
-std::string ValueText(const PropertyValue& value) {
-  return std::visit(
-      [](const auto& held) -> std::string {
-        using V = std::remove_cvref_t<decltype(held)>;
-        if constexpr (std::is_same_v<V, std::shared_ptr<Record>>) {
-          return {};
-        } else if constexpr (std::is_same_v<V, std::string>) {
-          return held;
-        } else {
-          if (held == V{}) return {};
-          std::ostringstream text;
-          if constexpr (std::is_same_v<V, Amount>) {
-            text << held.Text();
-          } else {
-            text << std::boolalpha << held;
-          }
-          return text.str();
-        }
-      },
-      value);
 }
 
 }  // namespace
@@ -50,21 +30,13 @@ std::string OneLine(std::string_view xml) {
   return line;
 }
 
-std::string Describe(const Record& record, std::span<const Property> properties, const std::string& prefix) {
+std::string Describe(const Record& record, std::span<const Property> properties) {
   std::string text;
-  for (const Property& property : properties) {
-    const std::string name = prefix + std::string(property.name);
-    if (property.type == PropertyType::kCollection) {
-      for (int32_t i = 1; i <= property.count(record); ++i) {
-        text += Describe(*property.item(record, i), property.properties(), name + std::to_string(i) + ".");
-      }
-    } else if (property.type == PropertyType::kRecord) {
-      const auto child = std::get<std::shared_ptr<Record>>(property.get(record));
-      if (child) text += Describe(*child, property.properties(), name + ".");
-    } else if (const std::string value = ValueText(property.get(record)); !value.empty()) {
-      text.append(name).append("=").append(value).append("\n");
-    }
-  }
+  WalkProperties(record, properties, {}, [&text](const auto& name, const Property& property, const auto& value) {
+    if (property.type == PropertyType::kCollection || property.type == PropertyType::kRecord) return;
+    const bool none = std::visit([](const auto& held) { return held == std::remove_cvref_t<decltype(held)>(); }, value);
+    if (!none) text.append(name).append("=").append(TextOf(value)).append("\n");
+  });
   return text;
 }
 

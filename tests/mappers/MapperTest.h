@@ -21,7 +21,7 @@ std::string OneLine(std::string_view xml);
 
 /// What a record holds, one "Property=value" a line; a child's properties stand behind its name. Values that a record
 /// of no content has too (empty text, 0, false, no object) are left out.
-std::string Describe(const Record& record, std::span<const Property> properties, const std::string& prefix = {});
+std::string Describe(const Record& record, std::span<const Property> properties);
 template <class T>
 std::string Describe(const T& record) {
   return Describe(record, PropertiesOf<T>());

@@ -242,7 +242,7 @@ const RecordCase kRecords[] = {
       {"GLPostingDate"},
       {"CustomerID"},
       {"SupplierID"},
-      {"Line1.RecordID"}}},
+      {"Line[1].RecordID"}}},
     {"TransactionLine",
      R"(<Transaction><Line>
           <RecordID>a</RecordID><AccountID>b</AccountID><SourceDocumentID>c</SourceDocumentID>
@@ -295,8 +295,8 @@ const RecordCase kRecords[] = {
       {"CustomerID"},
       {"ShipTo.DeliveryID"},
       {"ShipFrom.DeliveryDate"},
-      {"Line1.LineNumber"},
-      {"Line1.Quantity", Fails::kNever},
+      {"Line[1].LineNumber"},
+      {"Line[1].Quantity", Fails::kNever},
       {"DocumentTotals.TaxPayable"},
       {"DocumentTotals.NetTotal"},
       {"DocumentTotals.GrossTotal"},
@@ -333,7 +333,7 @@ const RecordCase kRecords[] = {
       {"UnitOfMeasure"},
       {"UnitPrice"},
       {"TaxPointDate"},
-      {"References.CreditNote1.Reference"},
+      {"References.CreditNote[1].Reference"},
       {"Description"},
       {"DebitAmount"},
       {"CreditAmount"},

@@ -171,8 +171,8 @@ TEST_P(RegionalTest, OfAnInvoiceLineOnlyTheQuantityIsReadWithAComma) {
                        "<CreditAmount>3,5</CreditAmount><Tax><TaxPercentage>5.5</TaxPercentage></Tax>"
                        "</Line></Invoice>"));
   EXPECT_EQ(Describe(*invoice),
-            "Line1.LineNumber=1\nLine1.Quantity=2.5\nLine1.UnitPrice=1.25\nLine1.CreditAmount=3\n"
-            "Line1.Tax.TaxPercentage=5.5\nLine1.Tax.TaxType=IVA\n");
+            "Line[1].LineNumber=1\nLine[1].Quantity=2.5\nLine[1].UnitPrice=1.25\nLine[1].CreditAmount=3\n"
+            "Line[1].Tax.TaxPercentage=5.5\nLine[1].Tax.TaxType=IVA\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Comma, RegionalTest, ::testing::Values(Source::kLink, Source::kLocale),

@@ -64,9 +64,9 @@ TEST_F(TaxTableDALCTest, ReadsAllEntriesInOrder) {
       </TaxTable></MasterFiles>)")));
   ASSERT_TRUE(table);
   EXPECT_EQ(Describe(*table),
-            "TaxTableEntry1.TaxCode=b\nTaxTableEntry1.TaxPercentage=5\nTaxTableEntry1.TaxType=IVA\n"
-            "TaxTableEntry2.TaxCode=a\nTaxTableEntry2.TaxAmount=2\nTaxTableEntry2.TaxType=IVA\n"
-            "TaxTableEntry3.TaxCode=b\nTaxTableEntry3.TaxPercentage=6\nTaxTableEntry3.TaxType=IVA\n");
+            "TaxTableEntry[1].TaxCode=b\nTaxTableEntry[1].TaxPercentage=5\nTaxTableEntry[1].TaxType=IVA\n"
+            "TaxTableEntry[2].TaxCode=a\nTaxTableEntry[2].TaxAmount=2\nTaxTableEntry[2].TaxType=IVA\n"
+            "TaxTableEntry[3].TaxCode=b\nTaxTableEntry[3].TaxPercentage=6\nTaxTableEntry[3].TaxType=IVA\n");
 }
 
 TEST_F(TaxTableDALCTest, FileWithoutTaxTableReadsAsATableWithoutEntries) {

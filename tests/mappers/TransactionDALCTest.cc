@@ -254,9 +254,9 @@ TEST_F(TransactionDALCTest, ReadsEveryProperty) {
   ASSERT_TRUE(transaction);
   EXPECT_EQ(Describe(*transaction),
             "TransactionID=a\nPeriod=b\nTransactionDate=c\nSourceID=d\nDescription=e\nDocArchivalNumber=f\n"
-            "TransactionType=72\nGLPostingDate=g\nCustomerID=h\nSupplierID=i\nLine1.RecordID=j\nLine1.AccountID=k\n"
-            "Line1.SourceDocumentID=l\nLine1.SystemEntryDate=m\nLine1.Description=n\nLine1.DebitAmount=1.5\n"
-            "Line2.RecordID=o\nLine2.CreditAmount=2.5\n");
+            "TransactionType=72\nGLPostingDate=g\nCustomerID=h\nSupplierID=i\nLine[1].RecordID=j\nLine[1].AccountID=k\n"
+            "Line[1].SourceDocumentID=l\nLine[1].SystemEntryDate=m\nLine[1].Description=n\nLine[1].DebitAmount=1.5\n"
+            "Line[2].RecordID=o\nLine[2].CreditAmount=2.5\n");
 }
 
 TEST_F(TransactionDALCTest, LinesAreFoundByTheirRecordID) {
