@@ -18,6 +18,7 @@
 #include <zevo/model/CurrencyStructure.h>
 #include <zevo/model/Customer.h>
 #include <zevo/model/DocumentTotals.h>
+#include <zevo/model/EntityKind.h>
 #include <zevo/model/GeneralLedger.h>
 #include <zevo/model/GeneralLedgerEntries.h>
 #include <zevo/model/Header.h>

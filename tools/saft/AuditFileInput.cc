@@ -3,8 +3,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -15,19 +13,9 @@
 #include "tools/saft/InputName.h"
 #include "tools/saft/Interruption.h"
 #include "tools/saft/ProgressBar.h"
-#include "tools/saft/Utf8.h"
 
 namespace zevo::saft {
 namespace {
-
-constexpr auto kKinds =
-    std::to_array<std::string_view>({"Header", "GeneralLedger", "Customer", "Supplier", "Product", "TaxTable",
-                                     "GeneralLedgerEntries", "Journal", "Transaction", "SalesInvoices", "Invoice"});
-
-// The library takes elements in any letter case.
-std::string_view KindOf(std::string_view entityName) {
-  return *std::ranges::find_if(kKinds, [&](std::string_view kind) { return EqualIgnoringAsciiCase(kind, entityName); });
-}
 
 // Where the output is a pipe, another program may be drawing on the terminal.
 bool IsProgressWelcome(OutputWhile output) {
@@ -59,7 +47,7 @@ void AuditFileInput::Read(const Visitor& visit) {
     if (thrown) return;
     try {
       if (!record && IsOutOfMemory(*file_.AuditException())) Fail();
-      visit(KindOf(entityName), record);
+      visit(*EntityKindOf(entityName), record);
     } catch (...) {
       thrown = std::current_exception();
     }

@@ -6,7 +6,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace zevo::saft {
 
@@ -17,8 +16,8 @@ enum class OutputWhile { kReading, kAfterReading };
 /// shown; Ctrl-C ends the reading.
 class AuditFileInput {
  public:
-  /// `kind` is the name of the record's class; `record` is null when it cannot be read, and `Reason` then tells why.
-  using Visitor = std::function<void(std::string_view kind, const std::shared_ptr<Record>& record)>;
+  /// `record` is null when it cannot be read, and `Reason` then tells why.
+  using Visitor = std::function<void(EntityKind kind, const std::shared_ptr<Record>& record)>;
 
   /// Takes "-" for the standard input. Fails when there is no such file.
   AuditFileInput(const std::string& file, OutputWhile output);

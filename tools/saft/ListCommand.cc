@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <iostream>
 #include <memory>
-#include <string_view>
 #include <vector>
 
 #include "tools/saft/AuditFileInput.h"
@@ -32,8 +31,8 @@ class Unreadable {
   }
   void Report(const std::string& file, const RecordKind& kind, int64_t entities) const {
     if (count_ == 0) return;
-    throw Failure(file, std::to_string(count_) + " of " + std::to_string(entities) + " " + std::string(kind.entity) +
-                            " cannot be read, the first is number " + first_);
+    throw Failure(file, std::to_string(count_) + " of " + std::to_string(entities) + " " +
+                            std::string(NameOf(kind.entity)) + " cannot be read, the first is number " + first_);
   }
 
  private:
@@ -73,8 +72,8 @@ ExitCode ListCommand::Run() const {
   std::string journalID;
   int64_t entities = 0;
   Unreadable unreadable;
-  file.Read([&](std::string_view entity, const std::shared_ptr<Record>& record) {
-    if (const auto* journal = dynamic_cast<const Journal*>(record.get())) journalID = journal->JournalID();
+  file.Read([&](EntityKind entity, const std::shared_ptr<Record>& record) {
+    if (entity == EntityKind::kJournal && record) journalID = static_cast<const Journal&>(*record).JournalID();
     if (entity != kind.entity) return;
     ++entities;
     if (!record) return unreadable.Add(entities, file.Reason());

@@ -12,26 +12,26 @@ void VisitTransaction(const Record& entity, const std::string& journalID, const 
 }
 
 template <class R>
-RecordKind Entity(std::string_view name) {
-  return {.name = name, .entity = name, .parents = {}, .properties = &PropertiesOf<R>, .visit = &VisitEntity};
+RecordKind Entity(EntityKind kind) {
+  return {.name = NameOf(kind), .entity = kind, .parents = {}, .properties = &PropertiesOf<R>, .visit = &VisitEntity};
 }
 
 void VisitTaxTableEntries(const Record& entity, const std::string&, const Taker& take) {
-  for (const auto& entry : *dynamic_cast<const TaxTable&>(entity).TaxTableEntry()) take({}, *entry);
+  for (const auto& entry : *static_cast<const TaxTable&>(entity).TaxTableEntry()) take({}, *entry);
 }
 
 void VisitTransactionLines(const Record& entity, const std::string&, const Taker& take) {
-  const auto& transaction = dynamic_cast<const Transaction&>(entity);
+  const auto& transaction = static_cast<const Transaction&>(entity);
   for (const auto& line : *transaction.Line()) take({transaction.TransactionID()}, *line);
 }
 
 void VisitInvoiceLines(const Record& entity, const std::string&, const Taker& take) {
-  const auto& invoice = dynamic_cast<const Invoice&>(entity);
+  const auto& invoice = static_cast<const Invoice&>(entity);
   for (const auto& line : *invoice.Line()) take({invoice.InvoiceNo()}, *line);
 }
 
 void VisitCreditNotes(const Record& entity, const std::string&, const Taker& take) {
-  const auto& invoice = dynamic_cast<const Invoice&>(entity);
+  const auto& invoice = static_cast<const Invoice&>(entity);
   for (const auto& line : *invoice.Line()) {
     if (!line->References()) continue;
     for (const auto& note : *line->References()->CreditNote()) {
@@ -44,37 +44,37 @@ void VisitCreditNotes(const Record& entity, const std::string&, const Taker& tak
 
 std::span<const RecordKind> RecordKinds() {
   static const std::vector<RecordKind> kinds{
-      Entity<Header>("Header"),
-      Entity<GeneralLedger>("GeneralLedger"),
-      Entity<Customer>("Customer"),
-      Entity<Supplier>("Supplier"),
-      Entity<Product>("Product"),
+      Entity<Header>(EntityKind::kHeader),
+      Entity<GeneralLedger>(EntityKind::kGeneralLedger),
+      Entity<Customer>(EntityKind::kCustomer),
+      Entity<Supplier>(EntityKind::kSupplier),
+      Entity<Product>(EntityKind::kProduct),
       {.name = "TaxTableEntry",
-       .entity = "TaxTable",
+       .entity = EntityKind::kTaxTable,
        .parents = {},
        .properties = &PropertiesOf<TaxTableEntry>,
        .visit = &VisitTaxTableEntries},
-      Entity<GeneralLedgerEntries>("GeneralLedgerEntries"),
-      Entity<Journal>("Journal"),
-      {.name = "Transaction",
-       .entity = "Transaction",
+      Entity<GeneralLedgerEntries>(EntityKind::kGeneralLedgerEntries),
+      Entity<Journal>(EntityKind::kJournal),
+      {.name = NameOf(EntityKind::kTransaction),
+       .entity = EntityKind::kTransaction,
        .parents = {"JournalID"},
        .properties = &PropertiesOf<Transaction>,
        .visit = &VisitTransaction},
       {.name = "TransactionLine",
-       .entity = "Transaction",
+       .entity = EntityKind::kTransaction,
        .parents = {"TransactionID"},
        .properties = &PropertiesOf<TransactionLine>,
        .visit = &VisitTransactionLines},
-      Entity<SalesInvoices>("SalesInvoices"),
-      Entity<Invoice>("Invoice"),
+      Entity<SalesInvoices>(EntityKind::kSalesInvoices),
+      Entity<Invoice>(EntityKind::kInvoice),
       {.name = "InvoiceLine",
-       .entity = "Invoice",
+       .entity = EntityKind::kInvoice,
        .parents = {"InvoiceNo"},
        .properties = &PropertiesOf<InvoiceLine>,
        .visit = &VisitInvoiceLines},
       {.name = "CreditNote",
-       .entity = "Invoice",
+       .entity = EntityKind::kInvoice,
        .parents = {"InvoiceNo", "LineNumber"},
        .properties = &PropertiesOf<CreditNote>,
        .visit = &VisitCreditNotes},

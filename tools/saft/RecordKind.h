@@ -17,7 +17,7 @@ struct RecordKind {
   using Taker = std::function<void(const std::vector<std::string>& parents, const Record& record)>;
 
   std::string_view name;
-  std::string_view entity;                ///< the entity it is, or is a part of
+  EntityKind entity;                      ///< the entity it is, or is a part of
   std::vector<std::string_view> parents;  ///< names of the identifiers, as a dataset has them
   std::span<const Property> (*properties)();
   /// Gives the records in an entity; `journalID` is that of the journal it stands in, if any.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 #include <utility>
 
 #include "tools/saft/Failure.h"
@@ -13,13 +12,12 @@ namespace zevo::saft {
 namespace {
 
 // The filled properties of a record and its children. Constants say nothing about a file.
-void CollectValues(const Record& record, std::span<const Property> properties, const std::string& prefix,
-                   Summary::Values& values) {
-  for (const Property& property : properties) {
+void CollectValues(const Record& record, const std::string& prefix, Summary::Values& values) {
+  for (const Property& property : PropertiesOf(record)) {
     const std::string name = prefix + std::string(property.name);
     if (property.type == PropertyType::kRecord) {
       const auto child = std::get<std::shared_ptr<Record>>(property.get(record));
-      if (child) CollectValues(*child, property.properties(), name + ".", values);
+      if (child) CollectValues(*child, name + ".", values);
     } else if (IsPlain(property) && property.set != nullptr) {
       std::string text = TextFromValue(property, property.get(record));
       if (!text.empty()) values.emplace_back(name, std::move(text));
@@ -34,7 +32,8 @@ std::string CodeOf(InvoiceTypes type) {
 }
 
 // What is of no more interest than its number.
-constexpr auto kOnlyCounted = std::to_array<std::string_view>({"GeneralLedger", "Customer", "Supplier", "Product"});
+constexpr std::array kOnlyCounted{EntityKind::kGeneralLedger, EntityKind::kCustomer, EntityKind::kSupplier,
+                                  EntityKind::kProduct};
 
 // The figures of a section, also of one whose entries stand outside of it.
 template <class Figures>
@@ -49,10 +48,11 @@ SummaryReader::SummaryReader(const std::string& file) : file_(file, OutputWhile:
 }
 
 Summary SummaryReader::Read() {
-  file_.Read([this](std::string_view kind, const std::shared_ptr<Record>& record) { Take(kind, record); });
-  for (const std::string_view kind : kOnlyCounted) summary_.counts.emplace_back(kind, counts_[kind]);
+  file_.Read([this](EntityKind kind, const std::shared_ptr<Record>& record) { Take(kind, record); });
+  const auto count = [this](EntityKind kind) { summary_.counts.emplace_back(NameOf(kind), counts_[kind]); };
+  std::ranges::for_each(kOnlyCounted, count);
   summary_.counts.emplace_back("TaxTableEntry", tax_entries_);
-  for (const char* kind : {"Journal", "Transaction", "Invoice"}) summary_.counts.emplace_back(kind, counts_[kind]);
+  for (const EntityKind kind : {EntityKind::kJournal, EntityKind::kTransaction, EntityKind::kInvoice}) count(kind);
   for (auto& [type, figures] : types_) {
     figures.type = CodeOf(type);
     summary_.invoices->types.push_back(std::move(figures));
@@ -60,28 +60,42 @@ Summary SummaryReader::Read() {
   return std::move(summary_);
 }
 
-template <class... Records>
-void SummaryReader::TakeAs(const Record& record) {
-  const auto take = [&](const auto* one) {
-    if (one != nullptr) Take(*one);
-  };
-  (take(dynamic_cast<const Records*>(&record)), ...);
-}
-
-void SummaryReader::Take(std::string_view kind, const std::shared_ptr<Record>& record) {
+void SummaryReader::Take(EntityKind kind, const std::shared_ptr<Record>& record) {
   ++counts_[kind];
   if (record) {
-    TakeAs<Header, TaxTable, GeneralLedgerEntries, Journal, Transaction, SalesInvoices, Invoice>(*record);
-  } else if (kind == "TaxTable") {
+    TakeRecord(kind, *record);
+  } else if (kind == EntityKind::kTaxTable) {
     tax_entries_ = std::nullopt;
   } else if (std::ranges::find(kOnlyCounted, kind) == kOnlyCounted.end()) {
     throw Failure(summary_.file, PlaceOf(kind) + ": " + file_.Reason());
   }
 }
 
-void SummaryReader::Take(const Header& header) {
-  CollectValues(header, PropertiesOf<Header>(), "", summary_.header.emplace());
+void SummaryReader::TakeRecord(EntityKind kind, const Record& record) {
+  switch (kind) {
+    case EntityKind::kHeader:
+      return Take(static_cast<const Header&>(record));
+    case EntityKind::kTaxTable:
+      return Take(static_cast<const TaxTable&>(record));
+    case EntityKind::kGeneralLedgerEntries:
+      return Take(static_cast<const GeneralLedgerEntries&>(record));
+    case EntityKind::kJournal:
+      return Take(static_cast<const Journal&>(record));
+    case EntityKind::kTransaction:
+      return Take(static_cast<const Transaction&>(record));
+    case EntityKind::kSalesInvoices:
+      return Take(static_cast<const SalesInvoices&>(record));
+    case EntityKind::kInvoice:
+      return Take(static_cast<const Invoice&>(record));
+    case EntityKind::kGeneralLedger:
+    case EntityKind::kCustomer:
+    case EntityKind::kSupplier:
+    case EntityKind::kProduct:
+      return;
+  }
 }
+
+void SummaryReader::Take(const Header& header) { CollectValues(header, "", summary_.header.emplace()); }
 
 void SummaryReader::Take(const TaxTable& table) {
   if (tax_entries_) *tax_entries_ += table.TaxTableEntry()->Count();
@@ -114,9 +128,9 @@ void SummaryReader::Take(const Invoice& invoice) {
 }
 
 // Which record of its kind, in words for a message.
-std::string SummaryReader::PlaceOf(std::string_view kind) {
-  if (kind == "Invoice") return "invoice " + std::to_string(counts_[kind]);
-  if (kind != "Transaction") return std::string(kind);
+std::string SummaryReader::PlaceOf(EntityKind kind) {
+  if (kind == EntityKind::kInvoice) return "invoice " + std::to_string(counts_[kind]);
+  if (kind != EntityKind::kTransaction) return std::string(NameOf(kind));
   const EntriesFigures& figures = Of(summary_.entries);
   if (figures.journals.empty()) return "transaction " + std::to_string(counts_[kind]);
   const JournalFigures& journal = figures.journals.back();

@@ -8,7 +8,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "tools/saft/AuditFileInput.h"
 #include "tools/saft/Summary.h"
@@ -23,10 +22,8 @@ class SummaryReader {
   Summary Read();
 
  private:
-  void Take(std::string_view kind, const std::shared_ptr<Record>& record);
-  /// Takes a record as the one of these classes that it is, if it is one of them.
-  template <class... Records>
-  void TakeAs(const Record& record);
+  void Take(EntityKind kind, const std::shared_ptr<Record>& record);
+  void TakeRecord(EntityKind kind, const Record& record);
   void Take(const Header& header);
   void Take(const TaxTable& table);
   void Take(const GeneralLedgerEntries& section);
@@ -34,12 +31,12 @@ class SummaryReader {
   void Take(const Transaction& transaction);
   void Take(const SalesInvoices& section);
   void Take(const Invoice& invoice);
-  std::string PlaceOf(std::string_view kind);
+  std::string PlaceOf(EntityKind kind);
 
   Summary summary_;
   AuditFileInput file_;
-  std::map<std::string_view, int32_t> counts_;  // of the elements of each kind
-  std::optional<int32_t> tax_entries_ = 0;      // none once a table cannot be read
+  std::map<EntityKind, int32_t> counts_;    // of the elements of each kind
+  std::optional<int32_t> tax_entries_ = 0;  // none once a table cannot be read
   std::map<InvoiceTypes, InvoiceTypeFigures> types_;
 };
 

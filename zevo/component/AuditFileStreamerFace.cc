@@ -4,6 +4,7 @@
 #include <zevo/component/FileFaces.h>
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace zevo::component {
@@ -14,20 +15,40 @@ using Microsoft::WRL::ComPtr;
 void CopyPoint(const ComPtr<IConnectionPoint>& item, IConnectionPoint*& element) { item.CopyTo(&element); }
 using PointEnumerator = Enumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>, &CopyPoint>;
 
-// The face of a record, whatever its class.
-template <class... Records>
-ComPtr<IDispatch> FaceAmong(const std::shared_ptr<Record>& record) {
-  ComPtr<IDispatch> face;
-  (void)((typeid(*record) == typeid(Records) && (face = FaceFor(std::static_pointer_cast<Records>(record)), true)) ||
-         ...);
-  return face;
+template <class R>
+ComPtr<IDispatch> FaceAs(const std::shared_ptr<Record>& record) {
+  return FaceFor(std::static_pointer_cast<R>(record));
 }
 
-ComPtr<IDispatch> FaceOfRecord(const std::shared_ptr<Record>& record) {
-  if (record == nullptr) return nullptr;
-  return FaceAmong<zevo::Header, zevo::GeneralLedger, zevo::Customer, zevo::Supplier, zevo::Product, zevo::TaxTable,
-                   zevo::GeneralLedgerEntries, zevo::Journal, zevo::Transaction, zevo::SalesInvoices, zevo::Invoice>(
-      record);
+// The face of an entity's record, whatever its class.
+ComPtr<IDispatch> FaceOfEntity(const std::shared_ptr<Record>& record) {
+  const std::optional<EntityKind> kind = record == nullptr ? std::nullopt : record->Kind();
+  if (!kind) return nullptr;
+  switch (*kind) {
+    case EntityKind::kHeader:
+      return FaceAs<zevo::Header>(record);
+    case EntityKind::kGeneralLedger:
+      return FaceAs<zevo::GeneralLedger>(record);
+    case EntityKind::kCustomer:
+      return FaceAs<zevo::Customer>(record);
+    case EntityKind::kSupplier:
+      return FaceAs<zevo::Supplier>(record);
+    case EntityKind::kProduct:
+      return FaceAs<zevo::Product>(record);
+    case EntityKind::kTaxTable:
+      return FaceAs<zevo::TaxTable>(record);
+    case EntityKind::kGeneralLedgerEntries:
+      return FaceAs<zevo::GeneralLedgerEntries>(record);
+    case EntityKind::kJournal:
+      return FaceAs<zevo::Journal>(record);
+    case EntityKind::kTransaction:
+      return FaceAs<zevo::Transaction>(record);
+    case EntityKind::kSalesInvoices:
+      return FaceAs<zevo::SalesInvoices>(record);
+    case EntityKind::kInvoice:
+      return FaceAs<zevo::Invoice>(record);
+  }
+  return nullptr;
 }
 
 class AuditFileStreamerFace final : public Face<zevo::AuditFileStreamer>, public IConnectionPointContainer {
@@ -35,7 +56,7 @@ class AuditFileStreamerFace final : public Face<zevo::AuditFileStreamer>, public
   explicit AuditFileStreamerFace(std::shared_ptr<zevo::AuditFileStreamer> streamer)
       : Face(std::move(streamer)), events_(*this, __uuidof(__AuditFileStreamer)) {
     core().ReadEntity = [this](const std::string& entityName, const std::shared_ptr<Record>& entity) {
-      RaiseReadEntity(entityName, FaceOfRecord(entity));
+      RaiseReadEntity(entityName, FaceOfEntity(entity));
     };
     core().FinishedReading = [this] { events_.Raise(kFinishedReading, {}); };
   }

@@ -2,36 +2,9 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/LoadDocument.h>
-#include <zevo/model/LetterCase.h>
 #include <zevo/platform/Selection.h>
 
-#include <algorithm>
-#include <array>
-
 namespace zevo {
-namespace {
-
-/// An entity, and the one inside it that ends it early, if any.
-struct EntityKind {
-  std::string_view name;
-  std::string_view ended_by;
-};
-
-constexpr auto kEntityKinds = std::to_array<EntityKind>({
-    {"Header", {}},
-    {"Invoice", {}},
-    {"Transaction", {}},
-    {"GeneralLedger", {}},
-    {"Customer", {}},
-    {"Supplier", {}},
-    {"Product", {}},
-    {"TaxTable", {}},
-    {"GeneralLedgerEntries", "Journal"},
-    {"Journal", "Transaction"},
-    {"SalesInvoices", "Invoice"},
-});
-
-}  // namespace
 
 SAXDALReader::SAXDALReader() : entity_(NewDocument()) {}
 SAXDALReader::~SAXDALReader() = default;
@@ -42,7 +15,7 @@ void SAXDALReader::ReadFile() {
     bool& flag;
     ~Reading() { flag = false; }
   } reading{reading_ = true};
-  current_ = kNoEntity;
+  in_entity_ = false;
   kinds_.clear();
   builder_.emplace(*entity_);
   parser_.emplace(file_name_, "MSXML2.SAXXMLReader.ParseURL");
@@ -50,29 +23,28 @@ void SAXDALReader::ReadFile() {
   if (FinishedReading) FinishedReading();
 }
 
-SAXDALReader::Kind SAXDALReader::KindOf(const ParsedName& name) {
-  if (name.number >= kinds_.size()) kinds_.resize(name.number + 1, kUnknown);
-  Kind& kind = kinds_[name.number];
-  if (kind == kUnknown) {
-    const auto found = std::ranges::find_if(
-        kEntityKinds, [&](const EntityKind& entity) { return EqualIgnoringCase(entity.name, name.local); });
-    kind = found == kEntityKinds.end() ? kNoEntity : static_cast<Kind>(found - kEntityKinds.begin());
+std::optional<EntityKind> SAXDALReader::KindOf(const ParsedName& name) {
+  if (name.number >= kinds_.size()) kinds_.resize(name.number + 1);
+  NamedKind& known = kinds_[name.number];
+  if (known.name == Name::kNotLookedUp) {
+    const std::optional<EntityKind> kind = EntityKindOf(name.local);
+    known = kind ? NamedKind{Name::kEntity, *kind} : NamedKind{Name::kOther};
   }
-  return kind;
+  return known.name == Name::kEntity ? std::optional(known.kind) : std::nullopt;
 }
 
 void SAXDALReader::StartElement(const ParsedName& name, std::span<const ParsedAttribute>) {
   if (abort_requested_) throw LibraryError(Message::kReadingAborted, "SAXDALReader.StartElement");
-  if (current_ == kNoEntity) {
-    const Kind kind = KindOf(name);
-    if (kind == kNoEntity) return;
-    BeginEntity(kind, name.local);
-  } else if (const std::string_view endedBy = kEntityKinds[current_].ended_by; !endedBy.empty()) {
-    const Kind kind = KindOf(name);
-    if (kind != kNoEntity && kEntityKinds[kind].name == endedBy) {
+  if (!in_entity_) {
+    const std::optional<EntityKind> kind = KindOf(name);
+    if (!kind) return;
+    BeginEntity(*kind, name.local);
+  } else if (HoldsEntries(kind_)) {
+    const std::optional<EntityKind> kind = KindOf(name);
+    if (kind && ParentOf(*kind) == kind_) {
       EndInnermost(name);
       EndEntity();
-      BeginEntity(kind, name.local);
+      BeginEntity(*kind, name.local);
     }
   }
   // Prefixes and attributes stay behind: the file has its data in elements.
@@ -81,20 +53,21 @@ void SAXDALReader::StartElement(const ParsedName& name, std::span<const ParsedAt
 }
 
 void SAXDALReader::EndElement(const ParsedName& name) {
-  if (current_ == kNoEntity) return;
+  if (!in_entity_) return;
   EndInnermost(name);
   if (name.local == current_pointer_) EndEntity();
 }
 
 void SAXDALReader::Characters(std::string_view text) {
-  if (current_ != kNoEntity) builder_->Characters(text);
+  if (in_entity_) builder_->Characters(text);
 }
 
-void SAXDALReader::BeginEntity(Kind kind, const char* localName) {
+void SAXDALReader::BeginEntity(EntityKind kind, const char* localName) {
   builder_->Clear();
   if (cursors_) cursors_->Clear();
   depth_ = 0;
-  current_ = kind;
+  in_entity_ = true;
+  kind_ = kind;
   current_name_ = localName;
   current_pointer_ = localName;
 }
@@ -106,7 +79,7 @@ void SAXDALReader::EndInnermost(const ParsedName& name) {
 
 // An entity that ends while an element inside it is open would be no XML by itself.
 void SAXDALReader::EndEntity() {
-  current_ = kNoEntity;
+  in_entity_ = false;
   if (depth_ > 0) throw LibraryError(Message::kEntityNotXml, "SAXDALReader.EndElement");
   if (ReadEntity) ReadEntity(current_name_, entity_->Root());
 }

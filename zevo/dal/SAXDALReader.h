@@ -3,6 +3,7 @@
 
 #include <zevo/dal/Cursors.h>
 #include <zevo/dal/IDALReader.h>
+#include <zevo/model/EntityKind.h>
 #include <zevo/platform/Document.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>
@@ -32,6 +33,8 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   /// An entity with the local name as the file has it. The element is valid until the next entity begins. What a
   /// handler throws ends the reading and comes out of ReadFile.
   std::function<void(const std::string& entityName, Element entity)> ReadEntity;
+  /// The kind of the entity that was delivered last.
+  EntityKind Kind() const { return kind_; }
   /// The end of a file that was read to its end.
   std::function<void()> FinishedReading;
 
@@ -62,17 +65,19 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   Element GetNextElement(std::string_view name) override;
 
  private:
-  /// A kind of entity by its place in the table of them.
-  using Kind = uint8_t;
-  static constexpr Kind kUnknown = 0xFF;  // not looked up yet
-  static constexpr Kind kNoEntity = 0xFE;
+  /// What is known of a name.
+  enum class Name : uint8_t { kNotLookedUp, kEntity, kOther };
+  struct NamedKind {
+    Name name = Name::kNotLookedUp;
+    EntityKind kind{};
+  };
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& name) override;
   void Characters(std::string_view text) override;
 
-  Kind KindOf(const ParsedName& name);
-  void BeginEntity(Kind kind, const char* localName);
+  std::optional<EntityKind> KindOf(const ParsedName& name);
+  void BeginEntity(EntityKind kind, const char* localName);
   void EndInnermost(const ParsedName& name);
   void EndEntity();
 
@@ -83,8 +88,9 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   std::optional<Parser> parser_;
   std::unique_ptr<Document> entity_;
   std::optional<DocumentBuilder> builder_;  // of the running parse
-  std::vector<Kind> kinds_;                 // by the numbers of names in the running parse
-  Kind current_ = kNoEntity;
+  std::vector<NamedKind> kinds_;            // by the numbers of names in the running parse
+  bool in_entity_ = false;
+  EntityKind kind_{};  // of the entity, or of the last one
   std::string current_name_;
   const char* current_pointer_ = nullptr;  // the name as the parser has it, the same for every element of that name
   size_t depth_ = 0;                       // open elements of the entity

@@ -3,6 +3,7 @@
 
 #include <zevo/Api.h>
 #include <zevo/facades/Facade.h>
+#include <zevo/model/EntityKind.h>
 
 #include <cstdint>
 #include <functional>
@@ -62,7 +63,7 @@ class ZEVO_API AuditFileStreamer : public Facade {
   uint64_t BytesRead() const;
 
  private:
-  std::shared_ptr<Record> Build(std::string_view entityName);
+  std::shared_ptr<Record> Build(EntityKind kind);
 
   std::unique_ptr<SAXDALReader> reader_;
   bool reading_ = false;

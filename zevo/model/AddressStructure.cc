@@ -5,5 +5,6 @@ namespace zevo {
 AddressStructure::AddressStructure() { set_Country("PT"); }
 
 AddressStructure::~AddressStructure() = default;
+std::span<const Property> AddressStructure::Properties() const { return PropertiesOf<AddressStructure>(); }
 
 }  // namespace zevo

@@ -5,5 +5,6 @@ namespace zevo {
 CreditNote::CreditNote() = default;
 
 CreditNote::~CreditNote() = default;
+std::span<const Property> CreditNote::Properties() const { return PropertiesOf<CreditNote>(); }
 
 }  // namespace zevo

@@ -5,5 +5,6 @@ namespace zevo {
 CurrencyStructure::CurrencyStructure() = default;
 
 CurrencyStructure::~CurrencyStructure() = default;
+std::span<const Property> CurrencyStructure::Properties() const { return PropertiesOf<CurrencyStructure>(); }
 
 }  // namespace zevo

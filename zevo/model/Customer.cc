@@ -5,5 +5,6 @@ namespace zevo {
 Customer::Customer() { BillingAddress_->set_BasePath(BasePath::kCustomerBillingAddress); }
 
 Customer::~Customer() = default;
+std::span<const Property> Customer::Properties() const { return PropertiesOf<Customer>(); }
 
 }  // namespace zevo

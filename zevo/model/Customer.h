@@ -8,7 +8,7 @@ namespace zevo {
 
 /// A customer.
 class ZEVO_API Customer : public Record {
-  ZEVO_RECORD(Customer, kCustomer);
+  ZEVO_ENTITY(Customer, kCustomer);
 
   /// Unique code of the customer. At most 30 characters.
   ZEVO_TEXT(CustomerID);

@@ -5,5 +5,6 @@ namespace zevo {
 DocumentTotals::DocumentTotals() = default;
 
 DocumentTotals::~DocumentTotals() = default;
+std::span<const Property> DocumentTotals::Properties() const { return PropertiesOf<DocumentTotals>(); }
 
 }  // namespace zevo

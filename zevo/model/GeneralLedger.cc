@@ -5,5 +5,6 @@ namespace zevo {
 GeneralLedger::GeneralLedger() = default;
 
 GeneralLedger::~GeneralLedger() = default;
+std::span<const Property> GeneralLedger::Properties() const { return PropertiesOf<GeneralLedger>(); }
 
 }  // namespace zevo

@@ -7,7 +7,7 @@ namespace zevo {
 
 /// An account of the general ledger with its opening balances.
 class ZEVO_API GeneralLedger : public Record {
-  ZEVO_RECORD(GeneralLedger, kGeneralLedger);
+  ZEVO_ENTITY(GeneralLedger, kGeneralLedger);
 
   /// Code of the account in the chart of accounts. At most 30 characters.
   ZEVO_TEXT(AccountID);

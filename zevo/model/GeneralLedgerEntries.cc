@@ -5,6 +5,7 @@ namespace zevo {
 GeneralLedgerEntries::GeneralLedgerEntries() { Reset(); }
 
 GeneralLedgerEntries::~GeneralLedgerEntries() = default;
+std::span<const Property> GeneralLedgerEntries::Properties() const { return PropertiesOf<GeneralLedgerEntries>(); }
 
 void GeneralLedgerEntries::Reset() {
   set_NumberOfEntries(0);

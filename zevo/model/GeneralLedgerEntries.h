@@ -8,7 +8,7 @@ namespace zevo {
 /// The totals of the ledger entries section. They hold what is assigned: `AuditFile` adds to them as it writes
 /// transactions, and writes them when it is told to.
 class ZEVO_API GeneralLedgerEntries : public Record {
-  ZEVO_RECORD(GeneralLedgerEntries, kGeneralLedgerEntries);
+  ZEVO_ENTITY(GeneralLedgerEntries, kGeneralLedgerEntries);
 
   /// Number of transactions.
   ZEVO_COUNT(NumberOfEntries);

@@ -11,5 +11,6 @@ Header::Header() {
 }
 
 Header::~Header() = default;
+std::span<const Property> Header::Properties() const { return PropertiesOf<Header>(); }
 
 }  // namespace zevo

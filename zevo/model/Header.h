@@ -8,7 +8,7 @@ namespace zevo {
 
 /// The file's header: the taxpayer, the period, the currency and the program that produced the file.
 class ZEVO_API Header : public Record {
-  ZEVO_RECORD(Header, kHeader);
+  ZEVO_ENTITY(Header, kHeader);
 
   /// Commercial registration: the registry's name and the number, or the number alone. At most 50 characters.
   ZEVO_TEXT(CompanyID);

@@ -5,5 +5,6 @@ namespace zevo {
 Invoice::Invoice() = default;
 
 Invoice::~Invoice() = default;
+std::span<const Property> Invoice::Properties() const { return PropertiesOf<Invoice>(); }
 
 }  // namespace zevo

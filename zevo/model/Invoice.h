@@ -10,7 +10,7 @@ namespace zevo {
 
 /// A sales document.
 class ZEVO_API Invoice : public Record {
-  ZEVO_RECORD(Invoice, kInvoice);
+  ZEVO_ENTITY(Invoice, kInvoice);
 
   /// Unique: type, series and number, such as "FT A/12". At most 60 characters.
   ZEVO_TEXT(InvoiceNo);

@@ -5,5 +5,6 @@ namespace zevo {
 InvoiceLine::InvoiceLine() = default;
 
 InvoiceLine::~InvoiceLine() = default;
+std::span<const Property> InvoiceLine::Properties() const { return PropertiesOf<InvoiceLine>(); }
 
 }  // namespace zevo

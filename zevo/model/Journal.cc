@@ -5,5 +5,6 @@ namespace zevo {
 Journal::Journal() = default;
 
 Journal::~Journal() = default;
+std::span<const Property> Journal::Properties() const { return PropertiesOf<Journal>(); }
 
 }  // namespace zevo

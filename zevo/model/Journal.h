@@ -7,7 +7,7 @@ namespace zevo {
 
 /// A journal. It does not hold its transactions: a transaction is written together with its journal.
 class ZEVO_API Journal : public Record {
-  ZEVO_RECORD(Journal, kJournal);
+  ZEVO_ENTITY(Journal, kJournal);
 
   /// Unique code of the journal. At most 30 characters.
   ZEVO_TEXT(JournalID);

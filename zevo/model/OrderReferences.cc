@@ -5,5 +5,6 @@ namespace zevo {
 OrderReferences::OrderReferences() = default;
 
 OrderReferences::~OrderReferences() = default;
+std::span<const Property> OrderReferences::Properties() const { return PropertiesOf<OrderReferences>(); }
 
 }  // namespace zevo

@@ -5,5 +5,6 @@ namespace zevo {
 Product::Product() = default;
 
 Product::~Product() = default;
+std::span<const Property> Product::Properties() const { return PropertiesOf<Product>(); }
 
 }  // namespace zevo

@@ -7,7 +7,7 @@ namespace zevo {
 
 /// A product or service of the catalogue.
 class ZEVO_API Product : public Record {
-  ZEVO_RECORD(Product, kProduct);
+  ZEVO_ENTITY(Product, kProduct);
 
   /// Kind of product.
   ZEVO_CODE(ProductTypes, ProductType);

@@ -4,11 +4,14 @@
 #include <zevo/Api.h>
 #include <zevo/model/Amount.h>
 #include <zevo/model/BasePath.h>
+#include <zevo/model/EntityKind.h>
 #include <zevo/model/Property.h>
 #include <zevo/model/SAFTConstants.h>
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,6 +29,9 @@ class ZEVO_API Record {
   Record(const Record&) = delete;
   Record& operator=(const Record&) = delete;
   virtual ~Record();
+
+  /// What kind of entity of the file it is; none for a line, an address and other parts of one.
+  virtual std::optional<EntityKind> Kind() const { return std::nullopt; }
 
  protected:
   Record();
@@ -48,21 +54,28 @@ class ZEVO_API Record {
   }
 
  private:
+  friend std::span<const Property> PropertiesOf(const Record& record);
+  virtual std::span<const Property> Properties() const = 0;
+
   static void LookUp(const Check& check);
 };
+
+/// The properties of a record in slot order, whatever its class.
+inline std::span<const Property> PropertiesOf(const Record& record) { return record.Properties(); }
 
 }  // namespace zevo
 
 // How a record class declares its properties: one line each, in slot order, under ZEVO_RECORD. Each line makes the
 // accessors, the field and the row of `PropertiesOf`.
 
-#define ZEVO_RECORD_COMMON(Class)             \
- public:                                      \
-  Class();                                    \
-  ~Class() override;                          \
-  static constexpr int kFirstLine = __LINE__; \
-                                              \
- private:                                     \
+#define ZEVO_RECORD_COMMON(Class)                              \
+ public:                                                       \
+  Class();                                                     \
+  ~Class() override;                                           \
+  static constexpr int kFirstLine = __LINE__;                  \
+                                                               \
+ private:                                                      \
+  std::span<const zevo::Property> Properties() const override; \
   using Self = Class
 
 /// A record whose element has one path.
@@ -71,6 +84,12 @@ class ZEVO_API Record {
   static constexpr BasePath CheckPath() { return zevo::BasePath::basePath; } \
                                                                              \
  public:                                                                     \
+  static_assert(true)
+
+/// The same for a record that is an entity of the file. The path of a kind has its name.
+#define ZEVO_ENTITY(Class, kind)                                                           \
+  ZEVO_RECORD(Class, kind);                                                                \
+  std::optional<zevo::EntityKind> Kind() const override { return zevo::EntityKind::kind; } \
   static_assert(true)
 
 /// A record whose path comes from the owner it is attached to.

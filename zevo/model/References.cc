@@ -5,5 +5,6 @@ namespace zevo {
 References::References() = default;
 
 References::~References() = default;
+std::span<const Property> References::Properties() const { return PropertiesOf<References>(); }
 
 }  // namespace zevo

@@ -5,6 +5,7 @@ namespace zevo {
 SalesInvoices::SalesInvoices() { Reset(); }
 
 SalesInvoices::~SalesInvoices() = default;
+std::span<const Property> SalesInvoices::Properties() const { return PropertiesOf<SalesInvoices>(); }
 
 void SalesInvoices::Reset() {
   set_NumberOfEntries(0);

@@ -8,7 +8,7 @@ namespace zevo {
 /// The totals of the sales invoices section. They hold what is assigned: `AuditFile` adds to them as it writes
 /// invoices, and writes them when it is told to.
 class ZEVO_API SalesInvoices : public Record {
-  ZEVO_RECORD(SalesInvoices, kSalesInvoices);
+  ZEVO_ENTITY(SalesInvoices, kSalesInvoices);
 
   /// Number of invoices, without those whose `TransactionID` is "Anulado".
   ZEVO_COUNT(NumberOfEntries);

@@ -5,5 +5,6 @@ namespace zevo {
 Settlement::Settlement() = default;
 
 Settlement::~Settlement() = default;
+std::span<const Property> Settlement::Properties() const { return PropertiesOf<Settlement>(); }
 
 }  // namespace zevo

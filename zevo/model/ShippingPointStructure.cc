@@ -5,5 +5,6 @@ namespace zevo {
 ShippingPointStructure::ShippingPointStructure() = default;
 
 ShippingPointStructure::~ShippingPointStructure() = default;
+std::span<const Property> ShippingPointStructure::Properties() const { return PropertiesOf<ShippingPointStructure>(); }
 
 }  // namespace zevo

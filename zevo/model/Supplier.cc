@@ -13,6 +13,7 @@ Error ObsoleteProperty() { return Error(-1, "Supplier", "Propriedade obsoleta, s
 Supplier::Supplier() { BillingAddress_->set_BasePath(BasePath::kSupplierBillingAddress); }
 
 Supplier::~Supplier() = default;
+std::span<const Property> Supplier::Properties() const { return PropertiesOf<Supplier>(); }
 
 std::shared_ptr<AddressStructure> Supplier::ShipToAddress() const { throw ObsoleteProperty(); }
 

@@ -8,7 +8,7 @@ namespace zevo {
 
 /// A supplier.
 class ZEVO_API Supplier : public Record {
-  ZEVO_RECORD(Supplier, kSupplier);
+  ZEVO_ENTITY(Supplier, kSupplier);
 
   /// Unique code of the supplier. At most 30 characters.
   ZEVO_TEXT(SupplierID);

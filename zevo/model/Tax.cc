@@ -5,5 +5,6 @@ namespace zevo {
 Tax::Tax() = default;
 
 Tax::~Tax() = default;
+std::span<const Property> Tax::Properties() const { return PropertiesOf<Tax>(); }
 
 }  // namespace zevo

@@ -5,5 +5,6 @@ namespace zevo {
 TaxTable::TaxTable() = default;
 
 TaxTable::~TaxTable() = default;
+std::span<const Property> TaxTable::Properties() const { return PropertiesOf<TaxTable>(); }
 
 }  // namespace zevo

@@ -8,7 +8,7 @@ namespace zevo {
 
 /// The tax table.
 class ZEVO_API TaxTable : public Record {
-  ZEVO_RECORD(TaxTable, kTaxTable);
+  ZEVO_ENTITY(TaxTable, kTaxTable);
 
   /// The rates, in order.
   ZEVO_OWNED(TaxTableEntryCollection, TaxTableEntry);

@@ -5,5 +5,6 @@ namespace zevo {
 TaxTableEntry::TaxTableEntry() = default;
 
 TaxTableEntry::~TaxTableEntry() = default;
+std::span<const Property> TaxTableEntry::Properties() const { return PropertiesOf<TaxTableEntry>(); }
 
 }  // namespace zevo

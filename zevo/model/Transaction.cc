@@ -5,5 +5,6 @@ namespace zevo {
 Transaction::Transaction() = default;
 
 Transaction::~Transaction() = default;
+std::span<const Property> Transaction::Properties() const { return PropertiesOf<Transaction>(); }
 
 }  // namespace zevo

@@ -8,7 +8,7 @@ namespace zevo {
 
 /// A transaction of the general ledger.
 class ZEVO_API Transaction : public Record {
-  ZEVO_RECORD(Transaction, kTransaction);
+  ZEVO_ENTITY(Transaction, kTransaction);
 
   /// Unique: the date, the journal and the number of the archived document, with blanks between. At most 70 characters.
   ZEVO_TEXT(TransactionID);

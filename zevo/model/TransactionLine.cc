@@ -5,5 +5,6 @@ namespace zevo {
 TransactionLine::TransactionLine() = default;
 
 TransactionLine::~TransactionLine() = default;
+std::span<const Property> TransactionLine::Properties() const { return PropertiesOf<TransactionLine>(); }
 
 }  // namespace zevo

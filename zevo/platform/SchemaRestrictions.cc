@@ -2,6 +2,7 @@
 
 #include <libxml/xmlerror.h>
 #include <zevo/Error.h>
+#include <zevo/TextHash.h>
 #include <zevo/platform/AutomatonSize.h>
 #include <zevo/platform/Text.h>
 #include <zevo/platform/XmlError.h>
@@ -53,7 +54,7 @@ bool HasValueOfBase(std::string_view facet) {
 }
 
 // Nodes by name; of several the first.
-using Globals = std::unordered_map<std::string, Element>;
+using Globals = TextMap<Element>;
 
 class Restrictions {
  public:
@@ -116,7 +117,7 @@ class Restrictions {
   }
 
   static Element Find(const Globals& globals, std::string_view name) {
-    const auto found = globals.find(std::string(name.substr(name.find(':') + 1)));
+    const auto found = globals.find(name.substr(name.find(':') + 1));
     return found == globals.end() ? Element() : found->second;
   }
 
@@ -142,7 +143,7 @@ class Restrictions {
   };
 
   void CollectGlobals() {
-    std::unordered_map<std::string, std::vector<Global*>> definitions;  // one of each kind
+    TextMap<std::vector<Global*>> definitions;  // one of each kind
     for (const Element node : schema_.Children()) {
       Global& global = globals_.emplace_back();
       global.node = node;
@@ -165,7 +166,7 @@ class Restrictions {
         global.elements += 1 + CountNames(ValueOf(element, "namespace"));
         const auto refer = [&](std::string_view attribute, bool takesIn) {
           ForEachName(ValueOf(element, attribute), [&](std::string_view name) {
-            const auto found = definitions.find(std::string(name));
+            const auto found = definitions.find(name);
             if (found == definitions.end()) return;
             for (Global* to : found->second) global.references.push_back({to, depth, takesIn});
           });

@@ -1,0 +1,18 @@
+#ifndef ZEVO_MAPPERS_ENTITYMAPPER_H_
+#define ZEVO_MAPPERS_ENTITYMAPPER_H_
+
+#include <zevo/dal/IDALReader.h>
+#include <zevo/model/EntityKind.h>
+#include <zevo/model/Record.h>
+
+#include <memory>
+
+namespace zevo {
+
+/// Makes the record of an entity of any kind with the mapper of its kind. The reader holds that very entity, so it is
+/// always "the next" one. Raises what the mapper raises.
+std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& helper);
+
+}  // namespace zevo
+
+#endif  // ZEVO_MAPPERS_ENTITYMAPPER_H_

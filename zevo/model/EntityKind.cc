@@ -1,0 +1,71 @@
+#include <zevo/model/EntityKind.h>
+
+#include <zevo/model/LetterCase.h>
+
+#include <array>
+
+namespace zevo {
+namespace {
+
+struct EntityRow {
+  EntityKind kind;
+  std::string_view name;
+  std::optional<EntityKind> parent = std::nullopt;
+};
+
+constexpr auto kEntityRows = std::to_array<EntityRow>({
+    {EntityKind::kHeader, "Header"},
+    {EntityKind::kGeneralLedger, "GeneralLedger"},
+    {EntityKind::kCustomer, "Customer"},
+    {EntityKind::kSupplier, "Supplier"},
+    {EntityKind::kProduct, "Product"},
+    {EntityKind::kTaxTable, "TaxTable"},
+    {EntityKind::kGeneralLedgerEntries, "GeneralLedgerEntries"},
+    {EntityKind::kJournal, "Journal", EntityKind::kGeneralLedgerEntries},
+    {EntityKind::kTransaction, "Transaction", EntityKind::kJournal},
+    {EntityKind::kSalesInvoices, "SalesInvoices"},
+    {EntityKind::kInvoice, "Invoice", EntityKind::kSalesInvoices},
+});
+
+constexpr std::array<EntityKind, kEntityRows.size()> kAllKinds = [] {
+  std::array<EntityKind, kEntityRows.size()> kinds{};
+  for (size_t i = 0; i < kEntityRows.size(); ++i) kinds[i] = kEntityRows[i].kind;
+  return kinds;
+}();
+
+consteval bool EntitiesInOrderOfValues() {
+  for (size_t i = 0; i < kAllKinds.size(); ++i) {
+    if (static_cast<size_t>(kAllKinds[i]) != i) return false;
+  }
+  return kAllKinds.size() == kEntityKinds;
+}
+static_assert(EntitiesInOrderOfValues());
+
+constexpr std::array<bool, kEntityRows.size()> kHoldsEntries = [] {
+  std::array<bool, kEntityRows.size()> holds{};
+  for (const EntityRow& row : kEntityRows) {
+    if (row.parent) holds[static_cast<size_t>(*row.parent)] = true;
+  }
+  return holds;
+}();
+
+const EntityRow& EntityRowOf(EntityKind kind) { return kEntityRows[static_cast<size_t>(kind)]; }
+
+}  // namespace
+
+std::span<const EntityKind> EntityKinds() { return kAllKinds; }
+
+std::string_view NameOf(EntityKind kind) { return EntityRowOf(kind).name; }
+
+std::optional<EntityKind> EntityKindOf(std::string_view name) {
+  for (const EntityRow& row : kEntityRows) {
+    if (EqualIgnoringCase(row.name, name)) return row.kind;
+  }
+  return std::nullopt;
+}
+
+std::optional<EntityKind> ParentOf(EntityKind kind) { return EntityRowOf(kind).parent; }
+
+bool HoldsEntries(EntityKind kind) { return kHoldsEntries[static_cast<size_t>(kind)]; }
+
+}  // namespace zevo
