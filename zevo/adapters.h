@@ -42,6 +42,7 @@
 #include <zevo/model/TaxTable.h>
 #include <zevo/model/TaxTableEntry.h>
 #include <zevo/model/TaxTableEntryCollection.h>
+#include <zevo/model/Totals.h>
 #include <zevo/model/Transaction.h>
 #include <zevo/model/TransactionLine.h>
 

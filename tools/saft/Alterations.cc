@@ -70,6 +70,11 @@ void Alterations::AddTotal(std::string_view section, std::string_view element, A
       [&] { return std::string(section).append(": ").append(element) + ": " + sum.Text() + " to " + written.Text(); });
 }
 
+void Alterations::AddTotals(std::string_view section, const Totals& sums) {
+  AddTotal(section, "TotalDebit", sums.debit);
+  AddTotal(section, "TotalCredit", sums.credit);
+}
+
 void Alterations::Report(Kind kind, std::string_view what, std::ostream& out) const {
   const auto& [count, first] = places_[kind];
   if (count == 0) return;

@@ -26,8 +26,8 @@ class Alterations {
   void AddLeftOut(const CsvFile& file, size_t column, size_t other);
   /// A row without a value.
   void AddEmptyRow(const CsvFile& file);
-  /// The total that a section has for the sum of its entries, if it is another number: it has two decimals.
-  void AddTotal(std::string_view section, std::string_view element, Amount sum);
+  /// The totals that a section has for the sums of its entries, where they are other numbers: they have two decimals.
+  void AddTotals(std::string_view section, const Totals& sums);
 
   /// Whether there are numbers that the file does not hold as given.
   bool HasLostNumbers() const { return IsIn(kRounded) || IsIn(kLeftOut); }
@@ -47,6 +47,7 @@ class Alterations {
   /// Counts one. Its place, which `describe` gives, is told of the first few.
   template <class Describe>
   void Add(Kind kind, Describe&& describe);
+  void AddTotal(std::string_view section, std::string_view element, Amount sum);
   bool IsIn(Kind kind) const { return places_[kind].count > 0; }
   void Report(Kind kind, std::string_view verb, std::ostream& out) const;
 

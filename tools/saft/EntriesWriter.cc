@@ -3,7 +3,6 @@
 #include <memory>
 
 #include "tools/saft/RecordFile.h"
-#include "tools/saft/Totals.h"
 #include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {
@@ -53,8 +52,8 @@ void EntriesWriter::ReadLines(const RecordTable<Transaction>& transactions) {
 void EntriesWriter::WriteSection(Journals& journals, Transactions& transactions) {
   RecordTable<Transaction>& table = transactions.table;
   GeneralLedgerEntries section;
-  SetTotals(section, "GeneralLedgerEntries",
-            table.SumOf([](const Transaction& transaction) { return TotalsOf(transaction); }), dataset_.Altered());
+  SetTotals(section, table.SumOf([](Totals& sum, const Transaction& transaction) { sum.Add(transaction); }));
+  dataset_.Altered().AddTotals("GeneralLedgerEntries", TotalsIn(section));
   output_.Begin(section);
   std::vector<std::vector<size_t>> places(journals.Rows().size());  // of each journal's transactions
   for (size_t place = 0; place < table.Rows().size(); ++place) places[transactions.journals[place]].push_back(place);

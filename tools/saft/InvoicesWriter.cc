@@ -5,7 +5,6 @@
 
 #include "tools/saft/PropertyText.h"
 #include "tools/saft/RecordFile.h"
-#include "tools/saft/Totals.h"
 
 namespace zevo::saft {
 namespace {
@@ -61,9 +60,10 @@ void InvoicesWriter::ReadCreditNotes(const Invoices& invoices) {
 
 void InvoicesWriter::WriteSection(Invoices& invoices) {
   SalesInvoices section;
-  SetTotals(section, "SalesInvoices",
-            invoices.SumOf([](const Invoice& invoice) { return IsLeftOut(invoice) ? Totals() : TotalsOf(invoice); }),
-            dataset_.Altered());
+  SetTotals(section, invoices.SumOf([](Totals& sum, const Invoice& invoice) {
+    if (CountsInTotals(invoice)) sum.Add(invoice);
+  }));
+  dataset_.Altered().AddTotals("SalesInvoices", TotalsIn(section));
   output_.Begin(section);
   for (auto& [invoice, row] : invoices.Rows()) {
     output_.Write(*invoice, {invoices.Path(), row});

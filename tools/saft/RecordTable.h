@@ -13,7 +13,6 @@
 #include "tools/saft/Failure.h"
 #include "tools/saft/KeyIndex.h"
 #include "tools/saft/RecordFile.h"
-#include "tools/saft/Totals.h"
 
 namespace zevo::saft {
 
@@ -44,13 +43,13 @@ class RecordTable {
   }
   T& ParentOf(const RecordFile& child, size_t parent = 0) const { return *rows_[PlaceOfParent(child, parent)].record; }
 
-  /// The sum of what `totalsOf` gives for each record. A sum out of range is a failure at the record's row.
-  template <class TotalsOf>
-  Totals SumOf(TotalsOf&& totalsOf) const {
+  /// The sum of the records, each of which `add` adds. A sum out of range is a failure at the record's row.
+  template <class Add>
+  Totals SumOf(Add&& add) const {
     Totals sum;
     for (const auto& [record, row] : rows_) {
       try {
-        sum += totalsOf(*record);
+        add(sum, *record);
       } catch (const Error& error) {
         throw Failure(path_, row, error.Description());
       }

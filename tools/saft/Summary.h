@@ -9,8 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "tools/saft/Totals.h"
-
 namespace zevo::saft {
 
 struct JournalFigures {

@@ -119,7 +119,7 @@ void SummaryReader::Take(const SalesInvoices& section) { Of(summary_.invoices).i
 void SummaryReader::Take(const Invoice& invoice) {
   InvoicesFigures& figures = Of(summary_.invoices);
   const Totals totals = TotalsOf(invoice);
-  (IsLeftOut(invoice) ? figures.left_out : figures.as_summed) += totals;
+  (CountsInTotals(invoice) ? figures.as_summed : figures.left_out) += totals;
   InvoiceTypeFigures& type = types_[invoice.InvoiceType()];
   type.totals += totals;
   type.tax += invoice.DocumentTotals()->TaxPayable();

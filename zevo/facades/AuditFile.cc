@@ -16,32 +16,22 @@
 #include <zevo/mappers/TaxTableDALC.h>
 #include <zevo/mappers/TaxTableEntryDALC.h>
 #include <zevo/mappers/TransactionDALC.h>
-#include <zevo/model/LetterCase.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/OptionsMapping.h>
+#include <zevo/model/Totals.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/SchemaValidator.h>
-
-#include <limits>
 
 namespace zevo {
 namespace {
 
-// Adds a record to its totals, all of them or, when one overflows, none.
-template <class Totals, class R>
-void AddTo(Totals& totals, const R& record) {
-  if (totals.NumberOfEntries() == std::numeric_limits<int32_t>::max()) {
-    throw MakeRunTimeError(RunTimeError::kOverflow);
-  }
-  Amount debit = totals.TotalDebit();
-  Amount credit = totals.TotalCredit();
-  for (const auto& line : *record.Line()) {
-    debit += line->DebitAmount();
-    credit += line->CreditAmount();
-  }
-  totals.set_NumberOfEntries(totals.NumberOfEntries() + 1);
-  totals.set_TotalDebit(debit);
-  totals.set_TotalCredit(credit);
+// The totals that the host keeps, if it does.
+template <class Section, class R>
+void AddTo(Section* section, const R& entry) {
+  if (section == nullptr) return;
+  Totals totals = TotalsIn(*section);
+  totals.Add(entry);
+  SetTotals(*section, totals);
 }
 
 }  // namespace
@@ -160,7 +150,7 @@ bool AuditFile::CreateTransaction(const Transaction& value, const Journal* journ
                                   GeneralLedgerEntries* generalLedgerEntriesValue) {
   return Write("CreateTransaction", value, [&](IDALHelper& helper) {
     TransactionDALC().CreateTransaction(value, journalValue, helper);
-    if (generalLedgerEntriesValue != nullptr) AddTo(*generalLedgerEntriesValue, value);
+    AddTo(generalLedgerEntriesValue, value);
   });
 }
 
@@ -177,9 +167,7 @@ bool AuditFile::UpdateSalesInvoices(const SalesInvoices& value) {
 bool AuditFile::CreateInvoice(const Invoice& value, SalesInvoices* salesInvoicesValue) {
   return Write("CreateInvoice", value, [&](IDALHelper& helper) {
     InvoiceDALC().CreateInvoice(value, helper);
-    // It is this property that tells a cancelled invoice here, not `InvoiceStatus`.
-    const bool cancelled = EqualIgnoringCase(value.TransactionID(), "Anulado");
-    if (salesInvoicesValue != nullptr && !cancelled) AddTo(*salesInvoicesValue, value);
+    if (CountsInTotals(value)) AddTo(salesInvoicesValue, value);
   });
 }
 

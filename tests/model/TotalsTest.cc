@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+#include <zevo/Error.h>
+#include <zevo/model/GeneralLedgerEntries.h>
+#include <zevo/model/SalesInvoices.h>
+#include <zevo/model/Totals.h>
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <string_view>
+
+#include "tests/support/Errors.h"
+
+namespace zevo {
+namespace {
+
+constexpr int64_t kMost = std::numeric_limits<int64_t>::max();
+
+template <class R, class Line>
+std::unique_ptr<R> EntryOf(Amount debit, Amount credit) {
+  auto entry = std::make_unique<R>();
+  auto line = std::make_shared<Line>();
+  line->set_DebitAmount(debit);
+  line->set_CreditAmount(credit);
+  entry->Line()->Add(line);
+  return entry;
+}
+
+std::unique_ptr<Transaction> TransactionOf(Amount debit, Amount credit) {
+  return EntryOf<Transaction, TransactionLine>(debit, credit);
+}
+
+TEST(TotalsTest, AnEntryCountsOnceAndAddsItsLines) {
+  const auto transaction = TransactionOf(12, 3);
+  auto line = std::make_shared<TransactionLine>();
+  line->set_RecordID("2");
+  line->set_DebitAmount(Amount::FromText("0.0001"));
+  transaction->Line()->Add(line);
+  EXPECT_EQ(TotalsOf(*transaction), (Totals{1, Amount::FromText("12.0001"), 3}));
+  EXPECT_EQ(TotalsOf(Transaction()), (Totals{1, 0, 0}));
+
+  Totals totals;
+  totals.Add(*EntryOf<Invoice, InvoiceLine>(5, 7));
+  totals.Add(*EntryOf<Invoice, InvoiceLine>(0, 1));
+  EXPECT_EQ(totals, (Totals{2, 5, 8}));
+}
+
+TEST(TotalsTest, NothingIsAddedWhereASumIsOutOfRange) {
+  for (const Totals& full : {Totals{1, Amount::FromScaled(kMost), 0}, Totals{1, 0, Amount::FromScaled(kMost)},
+                             Totals{std::numeric_limits<int32_t>::max(), 0, 0}}) {
+    Totals totals = full;
+    const auto one = TransactionOf(1, 1);
+    EXPECT_ERROR(totals.Add(*one), RunTimeError::kOverflow, kRunTimeSource);
+    EXPECT_EQ(totals, full);
+    EXPECT_ERROR(totals += TotalsOf(*one), RunTimeError::kOverflow, kRunTimeSource);
+    EXPECT_EQ(totals, full);
+  }
+}
+
+TEST(TotalsTest, AnInvoiceWithoutALedgerTransactionDoesNotCount) {
+  Invoice invoice;
+  for (const std::string_view id : {"Anulado", "ANULADO", "aNULADO"}) {
+    invoice.set_TransactionID(id);
+    EXPECT_FALSE(CountsInTotals(invoice)) << id;
+  }
+  for (const std::string_view id : {"", "Anulado ", "Anulada", "2010-01-01 V 1"}) {
+    invoice.set_TransactionID(id);
+    EXPECT_TRUE(CountsInTotals(invoice)) << id;
+  }
+  invoice.set_InvoiceStatus(isA);
+  EXPECT_TRUE(CountsInTotals(invoice));
+}
+
+TEST(TotalsTest, BothSectionsHoldThem) {
+  const Totals totals{3, Amount::FromText("1.5"), 2};
+  GeneralLedgerEntries entries;
+  SetTotals(entries, totals);
+  EXPECT_EQ(TotalsIn(entries), totals);
+  SalesInvoices invoices;
+  SetTotals(invoices, totals);
+  EXPECT_EQ(TotalsIn(invoices), totals);
+}
+
+}  // namespace
+}  // namespace zevo

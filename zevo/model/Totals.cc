@@ -1,0 +1,49 @@
+#include <zevo/model/Totals.h>
+
+#include <zevo/Error.h>
+#include <zevo/model/LetterCase.h>
+
+namespace zevo {
+namespace {
+
+void AddEntries(int32_t& entries, int32_t more) {
+  if (__builtin_add_overflow(entries, more, &entries)) throw MakeRunTimeError(RunTimeError::kOverflow);
+}
+
+template <class R>
+void AddEntry(Totals& totals, const R& entry) {
+  Totals sum = totals;
+  AddEntries(sum.entries, 1);
+  for (const auto& line : *entry.Line()) {
+    sum.debit += line->DebitAmount();
+    sum.credit += line->CreditAmount();
+  }
+  totals = sum;
+}
+
+}  // namespace
+
+void Totals::Add(const Transaction& entry) { AddEntry(*this, entry); }
+void Totals::Add(const Invoice& entry) { AddEntry(*this, entry); }
+
+Totals& Totals::operator+=(const Totals& other) {
+  Totals sum{.entries = entries, .debit = debit + other.debit, .credit = credit + other.credit};
+  AddEntries(sum.entries, other.entries);
+  return *this = sum;
+}
+
+Totals TotalsOf(const Transaction& entry) {
+  Totals totals;
+  totals.Add(entry);
+  return totals;
+}
+
+Totals TotalsOf(const Invoice& entry) {
+  Totals totals;
+  totals.Add(entry);
+  return totals;
+}
+
+bool CountsInTotals(const Invoice& invoice) { return !EqualIgnoringCase(invoice.TransactionID(), "Anulado"); }
+
+}  // namespace zevo

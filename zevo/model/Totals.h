@@ -1,0 +1,53 @@
+#ifndef ZEVO_MODEL_TOTALS_H_
+#define ZEVO_MODEL_TOTALS_H_
+
+#include <zevo/Api.h>
+#include <zevo/model/Amount.h>
+#include <zevo/model/Invoice.h>
+#include <zevo/model/Transaction.h>
+
+#include <cstdint>
+
+namespace zevo {
+
+/// The totals of a section: how many entries there are, and what their lines debit and credit.
+struct ZEVO_API Totals {
+  int32_t entries = 0;
+  Amount debit;
+  Amount credit;
+
+  /// Adds an entry with its lines. Raises error 6 when a sum is out of range; nothing is added then.
+  void Add(const Transaction& entry);
+  /// The same of an invoice, whether it counts or not.
+  void Add(const Invoice& entry);
+
+  /// Raises error 6 when a sum is out of range; nothing is added then.
+  Totals& operator+=(const Totals& other);
+  friend bool operator==(const Totals&, const Totals&) = default;
+};
+
+/// What one entry adds to the totals of its section.
+ZEVO_API Totals TotalsOf(const Transaction& entry);
+ZEVO_API Totals TotalsOf(const Invoice& entry);
+
+/// Whether an invoice counts among the entries and sums of its section: one whose `TransactionID` is "Anulado", in any
+/// letter case, does not. It is this property that tells, not `InvoiceStatus`.
+ZEVO_API bool CountsInTotals(const Invoice& invoice);
+
+/// The totals that a `GeneralLedgerEntries` or `SalesInvoices` holds.
+template <class Section>
+Totals TotalsIn(const Section& section) {
+  return {section.NumberOfEntries(), section.TotalDebit(), section.TotalCredit()};
+}
+
+/// Gives a section its totals.
+template <class Section>
+void SetTotals(Section& section, const Totals& totals) {
+  section.set_NumberOfEntries(totals.entries);
+  section.set_TotalDebit(totals.debit);
+  section.set_TotalCredit(totals.credit);
+}
+
+}  // namespace zevo
+
+#endif  // ZEVO_MODEL_TOTALS_H_
