@@ -22,13 +22,14 @@ void DocumentBuilder::StartElement(const ParsedName& name, std::span<const Parse
 
 void DocumentBuilder::AppendAttributes(std::span<const ParsedAttribute> attributes) {
   for (const ParsedAttribute& attribute : attributes) {
-    const auto& [local, prefix, number] = attribute.name;
-    if (number != 0) {
-      document_.AppendAttribute(Open(), document_.Names().AddParsed(number, local, prefix), attribute.value);
-    } else if (prefix == nullptr) {
-      document_.AppendAttribute(Open(), local, attribute.value);
+    const ParsedName& name = attribute.name;
+    if (name.number != 0) {
+      document_.AppendAttribute(Open(), document_.Names().AddParsed(name.number, name.local, name.prefix),
+                                attribute.value);
+    } else if (name.prefix == nullptr) {
+      document_.AppendAttribute(Open(), name.local, attribute.value);
     } else {
-      document_.AppendAttribute(Open(), std::string(prefix).append(":").append(local), attribute.value);
+      document_.AppendAttribute(Open(), std::string(name.prefix).append(":").append(name.local), attribute.value);
     }
   }
 }
