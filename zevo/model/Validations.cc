@@ -87,11 +87,11 @@ class Validations::PathFinder {
   // A name that holds a separator makes steps of its own.
   Path Below(Path path, Element node) {
     if (!IsElement(node) || path == kNowhere) return path;
-    const std::string name = AttributeText(node, node.Attribute("name") ? "name" : "ref");
+    const std::string_view name = node.Attribute(node.Attribute("name") ? "name" : "ref").value_or(std::string_view());
     for (size_t begin = 0;;) {
       const size_t end = name.find('/', begin);
-      path = Step(path, std::string_view(name).substr(begin, end - begin));
-      if (end == std::string::npos) return path;
+      path = Step(path, name.substr(begin, end - begin));
+      if (end == std::string_view::npos) return path;
       begin = end + 1;
     }
   }

@@ -36,7 +36,8 @@ class Expression {
     AutomatonSize size;
     while (!left_.empty() && left_.front() != '|' && left_.front() != ')') {
       AutomatonSize atom = Atom(depth);
-      while (Quantify(atom)) continue;
+      while (Quantify(atom)) {
+      }
       size.Then(atom);
     }
     return size;

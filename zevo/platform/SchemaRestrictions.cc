@@ -222,14 +222,15 @@ class Restrictions {
   // How many elements may stand in the place of another, also by way of others: members come before their heads.
   void CountSubstitutions() {
     double pairs = 0;
-    for (auto global = order_.rbegin(); global != order_.rend(); ++global) {
-      const Element member = (*global)->node;
+    std::for_each(order_.rbegin(), order_.rend(), [&](const Global* global) {
+      const Element member = global->node;
       const auto name = member.Attribute("substitutionGroup");
       const Element head = name ? Find(elements_, *name) : Element();
-      if (!head) continue;
-      substitutes_[head.node()] += 1 + substitutes_[member.node()];
-      pairs += 1 + substitutes_[member.node()];
-    }
+      if (!head) return;
+      const double members = 1 + KnownOf(substitutes_, member);
+      substitutes_[head.node()] += members;
+      pairs += members;
+    });
     Spend(pairs * 50e-9, pairs * 14);
   }
 
