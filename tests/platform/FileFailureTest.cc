@@ -240,9 +240,15 @@ TEST_F(FileFailureTest, AReadThatFailsIsToldByParserAndValidatorAlike) {
   std::string content = "<a>";
   for (int i = 0; i < 200'000; ++i) content += "<b>x</b>";
   const std::string file = folder_.Write("file", content + "</a>");
+  const std::string schema = folder_.Write(
+      "schema", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='a'/></xs:schema>");
   SchemaValidator validator("S", {});
-  validator.Compile(SchemaSource(folder_.Write(
-      "schema", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='a'/></xs:schema>")));
+  {
+    const FailingCall failing("read", 1, EIO);
+    EXPECT_ERROR(validator.Compile(SchemaSource(schema)), RunTimeError::kDeviceIO, "S");
+    EXPECT_TRUE(validator.IsSchemaAtFault());
+  }
+  validator.Compile(SchemaSource(schema));
   for (int nth = 1; nth <= 5; ++nth) {
     const auto fail = [&](auto&& code) {
       const FailingCall failing("read", nth, EIO);
@@ -257,6 +263,7 @@ TEST_F(FileFailureTest, AReadThatFailsIsToldByParserAndValidatorAlike) {
       Parser(file, "S").Parse(events);
     });
     fail([&] { validator.Validate(file); });
+    EXPECT_FALSE(validator.IsSchemaAtFault());
   }
 }
 
