@@ -18,7 +18,7 @@ struct GeneralLedgerDALCHarness {
   static constexpr auto kCount = &Mapper::GeneralLedgers;
   static constexpr std::string_view kElement = "GeneralLedger";
   static constexpr std::string_view kIdentifier = "AccountID";
-  static constexpr std::string_view kFlag = "";
+  static constexpr std::string_view kFlag = {};
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(GeneralLedgerDALC, MasterRecordContract, GeneralLedgerDALCHarness);

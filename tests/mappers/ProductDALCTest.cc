@@ -20,7 +20,7 @@ struct ProductDALCHarness {
   static constexpr auto kCount = &Mapper::Products;
   static constexpr std::string_view kElement = "Product";
   static constexpr std::string_view kIdentifier = "ProductCode";
-  static constexpr std::string_view kFlag = "";
+  static constexpr std::string_view kFlag = {};
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(ProductDALC, MasterRecordContract, ProductDALCHarness);

@@ -18,7 +18,7 @@ struct SupplierDALCHarness {
   static constexpr auto kCount = &Mapper::Suppliers;
   static constexpr std::string_view kElement = "Supplier";
   static constexpr std::string_view kIdentifier = "SupplierID";
-  static constexpr std::string_view kFlag = "";
+  static constexpr std::string_view kFlag = {};
   static constexpr auto kFull = &FullSupplier;
   static constexpr auto kShipAddress = &Record::ShipFromAddress;
   static constexpr std::string_view kShipAddressElement = "ShipFromAddress";
