@@ -81,7 +81,7 @@ TEST(KeyListLetterCaseTest, KeysDifferInMoreThanLetterCase) {
 }
 
 // Somebody may choose the keys: they take no longer than any others.
-TEST(KeyListTime, ChosenKeysTakeNoLongerThanOthers) {
+TEST(KeyListTimeTest, ChosenKeysTakeNoLongerThanOthers) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
   const std::vector<std::string> keys = testing::KeysOfOneHash(2'000, testing::Capitals::kNo);
   KeyList list;

@@ -11,7 +11,7 @@
 namespace zevo {
 namespace {
 
-TEST(TextMap, IsAskedWithAnyText) {
+TEST(TextHashMapTest, IsAskedWithAnyText) {
   TextMap<int> map;
   map.emplace("Évora", 1);
   map.emplace("", 2);
@@ -21,7 +21,7 @@ TEST(TextMap, IsAskedWithAnyText) {
   EXPECT_EQ(map.find(text), map.end());
 }
 
-TEST(TextMap, ChosenKeysAreSpread) {
+TEST(TextHashMapTest, ChosenKeysAreSpread) {
   const std::vector<std::string> keys = testing::KeysOfOneHash(10'000);
   TextMap<int> map;
   for (const std::string& key : keys) map.emplace(key, 0);

@@ -19,9 +19,9 @@ struct Row {
 
 void PrintTo(const Row& row, std::ostream* out) { *out << row.pattern; }
 
-class PatternSize : public ::testing::TestWithParam<Row> {};
+class AutomatonSizePatternTest : public ::testing::TestWithParam<Row> {};
 
-TEST_P(PatternSize, IsThatOfItsAutomaton) {
+TEST_P(AutomatonSizePatternTest, IsThatOfItsAutomaton) {
   const AutomatonSize size = AutomatonSize::OfPattern(GetParam().pattern);
   EXPECT_EQ(size.States(), GetParam().states);
   EXPECT_EQ(size.Letters(), GetParam().states);
@@ -32,7 +32,7 @@ TEST_P(PatternSize, IsThatOfItsAutomaton) {
   EXPECT_EQ(size.MayBeEmpty(), GetParam().may_be_empty);
 }
 
-INSTANTIATE_TEST_SUITE_P(AutomatonSize, PatternSize,
+INSTANTIATE_TEST_SUITE_P(All, AutomatonSizePatternTest,
                          ::testing::Values(Row{"", 0, 0, 0, 1, 0, true}, Row{"abc", 3, 3, 3, 1, 0, false},
                                            Row{"a|b|c", 3, 3, 9, 3, 0, false}, Row{"a?b?c?", 3, 6, 14, 3, 0, true},
                                            Row{"a*", 1, 2, 2, 1, 0, true}, Row{"(ab)+c", 3, 4, 6, 2, 0, false},
@@ -47,13 +47,13 @@ INSTANTIATE_TEST_SUITE_P(AutomatonSize, PatternSize,
                                            Row{"[a", 1, 1, 1, 1, 0, false}, Row{"a{2", 1, 2, 2, 1, 0, false},
                                            Row{"\\", 1, 1, 1, 1, 0, false}, Row{"|*)", 1, 1, 1, 1, 0, true}));
 
-TEST(AutomatonSize, GroupsMayBeNestedAsDeepAsOneLikes) {
+TEST(AutomatonSizeTest, GroupsMayBeNestedAsDeepAsOneLikes) {
   const std::string open(50'000, '(');
   EXPECT_GT(AutomatonSize::OfPattern(open + "a" + std::string(50'000, ')')).States(), 0);
   EXPECT_GT(AutomatonSize::OfPattern(std::string(50'000, '[')).States(), 0);
 }
 
-TEST(AutomatonSize, AWildcardIsOneStateForManyNames) {
+TEST(AutomatonSizeTest, AWildcardIsOneStateForManyNames) {
   AutomatonSize size = AutomatonSize::Wildcard(10);
   size.Then(AutomatonSize::Symbols(3));
   EXPECT_EQ(size.States(), 4);
@@ -62,7 +62,7 @@ TEST(AutomatonSize, AWildcardIsOneStateForManyNames) {
   EXPECT_EQ(size.Comparisons(), 109);
 }
 
-TEST(AutomatonSize, InAnyOrderEveryPartLeadsToEveryOther) {
+TEST(AutomatonSizeTest, InAnyOrderEveryPartLeadsToEveryOther) {
   AutomatonSize size = AutomatonSize::Symbols(1);
   for (int i = 0; i < 3; ++i) size.Or(AutomatonSize::Symbols(1));
   size.InAnyOrder();

@@ -18,7 +18,7 @@ void CountStructured(void*, xmlErrorPtr) { ++g_structured; }
 // libxml2 has nobody to report this to but the thread's handlers.
 void FailUnheard() { EXPECT_EQ(xmlRegexpCompile(BAD_CAST "["), nullptr); }
 
-TEST(HostErrorHandlers, AreNotCalledWhilePutAsideAndAreThereAgainAfterwards) {
+TEST(HostErrorHandlersTest, AreNotCalledWhilePutAsideAndAreThereAgainAfterwards) {
   std::thread([] {
     int generic = 0;
     int structured = 0;
@@ -39,7 +39,7 @@ TEST(HostErrorHandlers, AreNotCalledWhilePutAsideAndAreThereAgainAfterwards) {
   }).join();
 }
 
-TEST(HostErrorHandlers, ThoseOfAThreadThatSetNoneAreLibxml2s) {
+TEST(HostErrorHandlersTest, ThoseOfAThreadThatSetNoneAreLibxml2s) {
   std::thread([] {
     xmlSetGenericErrorFunc(nullptr, nullptr);
     xmlSetStructuredErrorFunc(nullptr, nullptr);

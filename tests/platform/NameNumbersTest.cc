@@ -10,7 +10,7 @@
 namespace zevo {
 namespace {
 
-TEST(NameNumbers, AreGivenInTheOrderInWhichNamesCome) {
+TEST(NameNumbersTest, AreGivenInTheOrderInWhichNamesCome) {
   const char names[] = "abc";
   NameNumbers numbers;
   EXPECT_EQ(numbers.Of(names + 1), 1U);
@@ -19,7 +19,7 @@ TEST(NameNumbers, AreGivenInTheOrderInWhichNamesCome) {
   EXPECT_EQ(numbers.Of(names + 2), 3U);
 }
 
-TEST(NameNumbers, TellPrefixesApart) {
+TEST(NameNumbersTest, TellPrefixesApart) {
   const char names[] = "abc";
   NameNumbers numbers;
   EXPECT_EQ(numbers.Of(names, nullptr), 1U);
@@ -30,7 +30,7 @@ TEST(NameNumbers, TellPrefixesApart) {
   EXPECT_EQ(numbers.Of(names, nullptr), 1U);
 }
 
-TEST(NameNumbers, StayWhatTheyAreAsTheyGrowMany) {
+TEST(NameNumbersTest, StayWhatTheyAreAsTheyGrowMany) {
   const std::vector<char> names(20'000);
   NameNumbers numbers;
   for (int round = 0; round < 2; ++round) {
@@ -41,7 +41,7 @@ TEST(NameNumbers, StayWhatTheyAreAsTheyGrowMany) {
 }
 
 // Who makes a file decides how far apart its names lie in memory.
-TEST(NameNumbers, TakeNoLongerWhereverTheNamesLie) {
+TEST(NameNumbersTest, TakeNoLongerWhereverTheNamesLie) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
   for (const uint64_t distance : {1U, 8U, 4'181U, 65'536U, 832'040U, 1U << 24, 1U << 30}) {
     const auto name = [&](uint64_t i) { return reinterpret_cast<const char*>(0x7F0000000000 + i * distance); };

@@ -94,7 +94,7 @@ TEST(ParserTest, EqualNamesAreTheSamePointers) {
   EXPECT_EQ(pointers.names.size(), 2u);
 }
 
-TEST(Parser, NumbersNamesInTheirOrder) {
+TEST(ParserTest, NumbersNamesInTheirOrder) {
   struct Numbers : testing::NoEvents {
     void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
       log += std::to_string(name.number);
@@ -489,7 +489,7 @@ std::string ManyNames(int count) {
   return "<a>\n" + elements + (count % 2 == 0 ? "<e/></a>" : "</a>");
 }
 
-TEST(Parser, TenThousandNamesPassAndOneMoreFails) {
+TEST(ParserTest, TenThousandNamesPassAndOneMoreFails) {
   const Parsing parsing;
   parsing.ExpectAccepted(ManyNames(10'000));
   const std::string many = ManyNames(10'000);
@@ -504,7 +504,7 @@ TEST(Parser, TenThousandNamesPassAndOneMoreFails) {
   ExpectBeyondLimit(parsing, tooMany + "<e xmlns:p='u' p:k2=''/></a>");
 }
 
-TEST(Parser, TenThousandOtherNamesPassAndOneMoreFails) {
+TEST(ParserTest, TenThousandOtherNamesPassAndOneMoreFails) {
   const Parsing parsing;
   std::string content = "<a>";
   for (int i = 0; i < 5'000; ++i) content += "<?t" + std::to_string(i) + "?>";
@@ -525,7 +525,7 @@ std::string Declarations(int from, int count) {
   return declarations;
 }
 
-TEST(Parser, SixtyFourDeclarationsInScopePassAndOneMoreFails) {
+TEST(ParserTest, SixtyFourDeclarationsInScopePassAndOneMoreFails) {
   const Parsing parsing;
   parsing.ExpectAccepted("<a" + Declarations(0, 64) + "/>");
   parsing.ExpectAccepted("<a xmlns=''" + Declarations(0, 32) + "><b" + Declarations(0, 31) + "/><b" +
@@ -545,7 +545,7 @@ std::string Attributes(int count) {
   return attributes;
 }
 
-TEST(Parser, TwoHundredAndFiftySixAttributesPassAndOneMoreFails) {
+TEST(ParserTest, TwoHundredAndFiftySixAttributesPassAndOneMoreFails) {
   const Parsing parsing;
   parsing.ExpectAccepted("<a" + Attributes(256) + "/>");
   parsing.ExpectAccepted("<a" + Declarations(0, 64) + Attributes(256) + "><b" + Attributes(256) + "/></a>");

@@ -231,9 +231,9 @@ const std::function<Limit()> kLimits[] = {
     },
 };
 
-class SchemaLimit : public ::testing::TestWithParam<std::function<Limit()>> {};
+class SchemaRestrictionsLimitTest : public ::testing::TestWithParam<std::function<Limit()>> {};
 
-TEST_P(SchemaLimit, IsKept) {
+TEST_P(SchemaRestrictionsLimitTest, IsKept) {
   const Limit limit = GetParam()();
   EXPECT_NO_THROW(Require(Schema(limit.within)));
   const std::string beyond = Schema(limit.beyond);
@@ -247,9 +247,9 @@ TEST_P(SchemaLimit, IsKept) {
   EXPECT_LE(beyond.size(), SchemaSource::kLargest) << "another limit comes first";
 }
 
-INSTANTIATE_TEST_SUITE_P(SchemaRestrictions, SchemaLimit, ::testing::ValuesIn(kLimits), testing::Numbered());
+INSTANTIATE_TEST_SUITE_P(All, SchemaRestrictionsLimitTest, ::testing::ValuesIn(kLimits), testing::Numbered());
 
-TEST(SchemaRestrictions, DefinitionsInACircleAreLeftToTheCompiler) {
+TEST(SchemaRestrictionsTest, DefinitionsInACircleAreLeftToTheCompiler) {
   for (const std::string_view content : {
            "<xs:group name='g'><xs:sequence><xs:group ref='g'/></xs:sequence></xs:group>"
            "<xs:complexType name='c'><xs:group ref='g'/></xs:complexType>",
@@ -265,7 +265,7 @@ TEST(SchemaRestrictions, DefinitionsInACircleAreLeftToTheCompiler) {
   }
 }
 
-TEST(SchemaRestrictions, OnlyElementsAndAttributesOfSchemasCount) {
+TEST(SchemaRestrictionsTest, OnlyElementsAndAttributesOfSchemasCount) {
   EXPECT_NO_THROW(
       Require(Schema("<xs:annotation><o:include xmlns:o='urn:o' schemaLocation='x'/></xs:annotation>"
                      "<xs:import xmlns:o='urn:o' o:schemaLocation='x' namespace='urn:o'/>")));
@@ -278,7 +278,7 @@ TEST(SchemaRestrictions, OnlyElementsAndAttributesOfSchemasCount) {
   EXPECT_THAT(error.Description(), HasSubstr(kChained));
 }
 
-TEST(SchemaRestrictions, WhatIsNoSchemaIsLeftToTheCompiler) { EXPECT_NO_THROW(Require("<other/>")); }
+TEST(SchemaRestrictionsTest, WhatIsNoSchemaIsLeftToTheCompiler) { EXPECT_NO_THROW(Require("<other/>")); }
 
 }  // namespace
 }  // namespace zevo
