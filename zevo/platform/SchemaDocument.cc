@@ -4,6 +4,7 @@
 #include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,16 +21,25 @@ class Declarations : public ParserHandler {
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
     attributes_.clear();
-    for (const ParsedAttribute& attribute : attributes) {
-      if (attribute.name.prefix == nullptr) attributes_.push_back(attribute);
+    for (ParsedAttribute attribute : attributes) {
+      if (attribute.name.prefix != nullptr) continue;
+      attribute.name.number = AttributeNumber(attribute.name.number);
+      attributes_.push_back(attribute);
     }
     const bool own = name.uri != nullptr && name.uri == kSchemaNamespace;
-    builder_.StartElement({own ? name.local : kForeignName, nullptr}, attributes_);
+    const ParsedName foreign{kForeignName, nullptr, kForeignNumber};
+    builder_.StartElement(own ? ParsedName{name.local, nullptr, ElementNumber(name.number)} : foreign, attributes_);
   }
   void EndElement(const ParsedName& name) override { builder_.EndElement(name); }
   void Characters(std::string_view) override {}
 
  private:
+  // The same name may be one of the schema's here and a foreign one there, as its prefix goes: numbers are given anew,
+  // and a declaration of a namespace keeps 0.
+  static constexpr uint32_t kForeignNumber = 1;
+  static uint32_t ElementNumber(uint32_t parsed) { return parsed * 2; }
+  static uint32_t AttributeNumber(uint32_t parsed) { return parsed == 0 ? 0 : parsed * 2 + 1; }
+
   DocumentBuilder builder_;
   std::vector<ParsedAttribute> attributes_;
 };
