@@ -39,6 +39,13 @@ TEST(SchemaDocumentTest, ElementsOfOthersHaveNoNameOfASchema) {
             "schema(? name=e(element())?())");
 }
 
+TEST(SchemaDocumentTest, APrefixStandsForWhatItIsInnermostBoundTo) {
+  EXPECT_EQ(
+      Loaded("<s:schema xmlns:s='http://www.w3.org/2001/XMLSchema' xmlns='http://www.w3.org/2001/XMLSchema'>"
+             "<group xmlns:s='urn:x'><s:group/><all/></group><s:choice><any xmlns=''/></s:choice><any/></s:schema>"),
+      "schema(group(?()all())choice(?())any())");
+}
+
 TEST(SchemaDocumentTest, AttributesWithAPrefixTextsAndCommentsAreLeftOut) {
   EXPECT_EQ(Loaded("<s:schema xmlns:s='http://www.w3.org/2001/XMLSchema' s:type='x'>text<!-- -->"
                    "<s:element s:name='no' name='yes'><![CDATA[x]]></s:element></s:schema>"),

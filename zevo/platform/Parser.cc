@@ -151,9 +151,7 @@ class Run {
       if (namespaces + attributes > 0) {
         collected = run.Collect(namespaces, namespaceTexts, attributes, attributeTexts);
       }
-      ParsedName name = run.Numbered(local, prefix);
-      name.uri = Text(uri);
-      run.handler_.StartElement(name, collected);
+      run.handler_.StartElement(run.Numbered(local, prefix), collected);
     });
   }
 

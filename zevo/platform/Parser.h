@@ -20,8 +20,6 @@ struct ParsedName {
   /// Of an element that starts and of an attribute: from 1 on without gaps, the same for equal names of one parse. 0
   /// where an element ends and for a namespace declaration.
   uint32_t number = 0;
-  /// The namespace; null without one. It is told where an element starts, not elsewhere.
-  const char* uri = nullptr;
 };
 
 /// An attribute, or a namespace declaration: those are named "xmlns" or prefixed by it.

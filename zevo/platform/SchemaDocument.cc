@@ -4,6 +4,7 @@
 #include <zevo/platform/File.h>
 #include <zevo/platform/Parser.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -20,28 +21,58 @@ class Declarations : public ParserHandler {
   explicit Declarations(Document& document) : builder_(document) {}
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
+    ++depth_;
     attributes_.clear();
-    for (ParsedAttribute attribute : attributes) {
-      if (attribute.name.prefix != nullptr) continue;
-      attribute.name.number = AttributeNumber(attribute.name.number);
-      attributes_.push_back(attribute);
+    for (const ParsedAttribute& attribute : attributes) {
+      const std::string_view local = attribute.name.local;
+      const std::string_view prefix = TextOf(attribute.name.prefix);
+      if (prefix == kDeclaration || (prefix.empty() && local == kDeclaration)) {
+        const bool isDefault = prefix.empty();
+        bindings_.push_back({isDefault ? std::string_view() : local, attribute.value == kSchemaNamespace, depth_});
+      } else if (prefix.empty()) {
+        attributes_.push_back(
+            {{attribute.name.local, nullptr, AttributeNumber(attribute.name.number)}, attribute.value});
+      }
     }
-    const bool own = name.uri != nullptr && name.uri == kSchemaNamespace;
+    const bool own = IsOfSchemas(TextOf(name.prefix));
     const ParsedName foreign{kForeignName, nullptr, kForeignNumber};
     builder_.StartElement(own ? ParsedName{name.local, nullptr, ElementNumber(name.number)} : foreign, attributes_);
   }
-  void EndElement(const ParsedName& name) override { builder_.EndElement(name); }
+  void EndElement(const ParsedName& name) override {
+    builder_.EndElement(name);
+    while (!bindings_.empty() && bindings_.back().depth == depth_) bindings_.pop_back();
+    --depth_;
+  }
   void Characters(std::string_view) override {}
 
  private:
-  // The same name may be one of the schema's here and a foreign one there, as its prefix goes: numbers are given anew,
-  // and a declaration of a namespace keeps 0.
+  // What a prefix stands for in an element and all that is in it. Names last as long as the parse.
+  struct Binding {
+    std::string_view prefix;
+    bool of_schemas;
+    int depth;
+  };
+
+  static constexpr std::string_view kDeclaration = "xmlns";
+
+  // The same name may be one of the schema's here and a foreign one there, as its prefix goes: numbers are given anew.
   static constexpr uint32_t kForeignNumber = 1;
   static uint32_t ElementNumber(uint32_t parsed) { return parsed * 2; }
-  static uint32_t AttributeNumber(uint32_t parsed) { return parsed == 0 ? 0 : parsed * 2 + 1; }
+  static uint32_t AttributeNumber(uint32_t parsed) { return parsed * 2 + 1; }
+
+  static std::string_view TextOf(const char* prefix) { return prefix == nullptr ? std::string_view() : prefix; }
+
+  // The innermost binding counts.
+  bool IsOfSchemas(std::string_view prefix) const {
+    const auto binding = std::find_if(bindings_.rbegin(), bindings_.rend(),
+                                      [&](const Binding& candidate) { return candidate.prefix == prefix; });
+    return binding != bindings_.rend() && binding->of_schemas;
+  }
 
   DocumentBuilder builder_;
   std::vector<ParsedAttribute> attributes_;
+  std::vector<Binding> bindings_;
+  int depth_ = 0;
 };
 
 }  // namespace
