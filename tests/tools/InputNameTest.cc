@@ -39,6 +39,19 @@ TEST_P(InputNameTest, IsNoSpecialFile) {
   }
 }
 
+TEST_P(InputNameTest, IsNoLinkThatLeadsNowhere) {
+  const std::string link = folder_.Path("link");
+  std::filesystem::create_symlink("nowhere", link);
+  EXPECT_EQ(RunInShell(On("'" + link + "'")).err, "saft: " + link + ": is a link that leads nowhere\n");
+}
+
+// The descriptor is what a program was given, not the file behind it, which may begin with something else.
+TEST_P(InputNameTest, StandardInputIsReadFromWhereItStands) {
+  const std::string longer = folder_.Write("longer", "12345" + testing::ReadBytes(Output()));
+  const std::string skip = "{ dd bs=1 count=5 of=/dev/null status=none; ";
+  EXPECT_EQ(RunInShell(skip + On("-") + "; } <'" + longer + "'").out, RunInShell(On("-") + " <'" + Output() + "'").out);
+}
+
 TEST_P(InputNameTest, MayBeTheStandardInput) {
   const std::string all = Result(Output());
   const std::string rest = all.substr(all.find('\n'));

@@ -34,6 +34,32 @@ TEST_F(ProgramTest, OutputThatGrowsTooLargeIsAnError) {
   EXPECT_EQ(outcome.err, "saft: standard output cannot be written\n");
 }
 
+// A file must not get the number of an output that is closed.
+TEST_F(ProgramTest, MessagesGoIntoNoFileWhenTheirOutputIsClosed) {
+  Write("customers.csv", "CustomerID\nC1\n\"\"\n");
+  for (const std::string option : {"", "--stream "}) {
+    const std::string create = "saft create " + option + "'" + folder_.Path(kDataset) + "' '" + Output() + "'";
+    ASSERT_EQ(RunInShell(create + " 2>&1").out,
+              "saft: 1 row without any value skipped\n  " + folder_.Path(kDataset) + "/customers.csv:3\n");
+    const std::string file = testing::ReadBytes(Output());
+    std::filesystem::remove(Output());
+    EXPECT_EQ(RunInShell(create + " >&- 2>&-").code, 0);
+    EXPECT_EQ(testing::ReadBytes(Output()), file);
+    std::filesystem::remove(Output());
+  }
+}
+
+// A link that leads nowhere is no file that is not there: writing would follow it.
+TEST_F(ProgramTest, LinksThatLeadNowhereAreTold) {
+  const std::string message = ": is a link that leads nowhere";
+  Write("customers.csv", "CustomerID\nC1\n");
+  std::filesystem::create_symlink("nowhere", Output());
+  EXPECT_EQ(Run({"create", "--stream", folder_.Path(kDataset), Output()}).err, "saft: " + Output() + message + "\n");
+  std::filesystem::remove(Output());
+  std::filesystem::create_symlink("nowhere", In("suppliers.csv"));
+  ExpectRefused(In("suppliers.csv") + message);
+}
+
 // Wherever memory ends, from where the program can start at all to where it is enough.
 TEST_F(ProgramTest, MemoryThatRunsOutIsToldAndLeavesNothing) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer needs more memory than there is";

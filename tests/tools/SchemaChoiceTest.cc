@@ -85,6 +85,10 @@ class SchemaChoiceBadSchemaTest : public SchemaChoiceTest, public ::testing::Wit
   std::string Path() const { return *GetParam().path == '/' ? GetParam().path : folder_.Path(GetParam().path); }
 };
 
+TEST_F(SchemaChoiceTest, ANameThatIsEmptyIsNoChoice) {
+  EXPECT_EQ(Run({"validate", "--schema", "", Output()}).err, "saft: --schema: names no file\n");
+}
+
 TEST_P(SchemaChoiceBadSchemaTest, IsToldAndNotBlamedOnTheFile) {
   for (const testing::Outcome& outcome :
        {Run({"validate", folder_.Path("file.xml"), "--schema", Path()}),

@@ -30,8 +30,8 @@ constexpr const char* kDatasetHelp = R"(The dataset is a folder of CSV files, ea
 
 The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
 column is a property of the record, such as CustomerID; a dot leads into a child: BillingAddress.City. Codes are
-written as in the audit file (FT), flags as 0 or 1, numbers with a point. An empty cell leaves the default. The totals
-of the sections are computed. Without transactions.csv there is no ledger section, without invoices no sales section.
+written as in the audit file (FT), flags as 0 or 1, numbers with a point. Spaces at the ends of a cell do not count. An
+empty cell leaves the default. The totals of the sections are computed. Without transactions.csv there is no ledger section, without invoices no sales section.
 
 The names are these, letter for letter: a CSV file of another name is an error, files that are no CSV are left alone. A
 row whose parent is not there is an error too.
@@ -42,7 +42,7 @@ Told and counted on standard error:
   - rows whose cells are all empty, which are skipped
   - section totals of more than two decimals, which are rounded: the file has them with two
   - numbers that the file does not hold as given; with them nothing is written, unless --round is given:
-      amounts of more than four decimals, which are rounded
+      amounts and quantities of more than four decimals, which are rounded
       quantities, and tax percentages and amounts of invoice lines, that single precision changes: it keeps about
       seven digits
       a second number where the file holds only one: CreditAmount beside DebitAmount, TaxAmount beside TaxPercentage,

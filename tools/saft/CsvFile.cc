@@ -43,6 +43,12 @@ CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
   }
 }
 
+// Files have no spaces at the ends of texts.
+std::string_view CsvFile::WithoutSpaces(std::string_view cell) {
+  cell.remove_prefix(std::min(cell.find_first_not_of(' '), cell.size()));
+  return cell.substr(0, cell.find_last_not_of(' ') + 1);
+}
+
 CsvFile::~CsvFile() { csv_free(&parser_); }
 
 bool CsvFile::Next() {
@@ -111,7 +117,7 @@ void CsvFile::TakeCell(void* text, size_t length, void* self) noexcept {
   if (file.row_ended_) file.lone_return_ = true;
   try {
     if (file.cell_count_ == file.cells_.size()) file.cells_.emplace_back();
-    file.cells_[file.cell_count_++].assign(static_cast<const char*>(text), length);
+    file.cells_[file.cell_count_++].assign(WithoutSpaces({static_cast<const char*>(text), length}));
   } catch (const std::bad_alloc&) {
     file.out_of_memory_ = true;
   }

@@ -31,6 +31,7 @@ class CsvFile {
   bool Next();
   /// Whether the row has nothing but empty cells.
   bool IsEmptyRow() const;
+  /// Without the spaces at its ends.
   const std::string& Cell(size_t column) const { return cells_[column]; }
   /// The line on which the row begins, counted from 1 as an editor does.
   int64_t Row() const { return row_; }
@@ -48,6 +49,7 @@ class CsvFile {
   void CheckText() const;
   std::string NameOf(size_t column) const;
 
+  static std::string_view WithoutSpaces(std::string_view cell);
   static void TakeCell(void* text, size_t length, void* self) noexcept;
   static void EndRow(int terminator, void* self) noexcept;
 

@@ -19,8 +19,10 @@ void RequireRegularFile(const std::string& path) {
     case std::filesystem::file_type::block:
     case std::filesystem::file_type::character:
       throw Failure(path, "is a device");
-    default:
+    case std::filesystem::file_type::regular:
       return;
+    default:
+      if (std::filesystem::is_symlink(path, unknown)) throw Failure(path, "is a link that leads nowhere");
   }
 }
 

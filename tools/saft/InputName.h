@@ -5,8 +5,8 @@
 
 namespace zevo::saft {
 
-/// Fails with what a name leads to when that is there and no regular file: a folder, a pipe, a device. It is not
-/// opened: opening a pipe may wait for ever.
+/// Fails with what a name leads to when that is there and no regular file, such as a folder, a pipe or a device, and
+/// for a link that leads nowhere. Nothing is opened: opening a pipe may wait for ever.
 void RequireRegularFile(const std::string& path);
 
 /// What the library calls the standard input.

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "tools/saft/DecimalText.h"
+#include "tools/saft/InputName.h"
 #include "tools/saft/Interruption.h"
 #include "tools/saft/PropertyText.h"
 #include "tools/saft/VisibleText.h"
@@ -25,6 +26,7 @@ constexpr std::array<ElementPair, 3> kPairs{
 RecordFile::RecordFile(const std::string& path, std::span<const Property> properties, const KeyColumns& keys,
                        Alterations& alterations)
     : path_(path), alterations_(alterations) {
+  RequireRegularFile(path);
   if (!std::filesystem::exists(path)) return;
   csv_.emplace(path);
   if (!csv_->Columns().empty()) Bind(properties, keys);

@@ -10,13 +10,15 @@
 
 namespace zevo::saft {
 
-SchemaChoice::SchemaChoice(CLI::App& options) {
-  options.add_option("--schema", named_, "Schema to use instead of the library's own")->type_name("XSD");
+SchemaChoice::SchemaChoice(CLI::App& options)
+    : option_(options.add_option("--schema", named_, "Schema to use instead of the library's own")) {
+  option_->type_name("XSD");
 }
 
 void SchemaChoice::Use() const {
   std::error_code unknown;
-  if (!named_.empty()) {
+  if (option_->count() > 0) {
+    if (named_.empty()) throw Failure("--schema", "names no file");
     RequireRegularFile(named_);
     if (!std::filesystem::exists(named_, unknown)) throw Failure(named_, "no such file");
     Options().set_SchemaLocation(named_);
@@ -26,10 +28,11 @@ void SchemaChoice::Use() const {
 }
 
 void SchemaChoice::RequireUsable() const {
-  if (named_.empty()) return;
+  const std::string location = Options().SchemaLocation();
+  if (location.empty()) return;
   // The verdict on the file does not matter, so any file will do: the schema itself is there.
   AuditFile file;
-  file.set_AuditFileName(named_);
+  file.set_AuditFileName(location);
   if (file.ValidateAuditFile() || !file.IsSchemaAtFault()) return;
   Fail(*file.AuditException());
 }

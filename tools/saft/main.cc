@@ -1,3 +1,6 @@
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <array>
 #include <csignal>
@@ -16,6 +19,16 @@
 
 namespace zevo::saft {
 namespace {
+
+// A file that is opened must not take the place of an output that is closed: messages would go into it.
+void KeepOutputs() {
+  for (const int output : {STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(output, F_GETFD) >= 0) continue;
+    // Nothing can be written to it, as to one that is closed.
+    const int nothing = open("/dev/null", O_RDONLY);
+    if (nothing != output) dup2(nothing, output);
+  }
+}
 
 ExitCode Run(int argc, char** argv) {
   CLI::App program("Writes, checks, sums up and lists SAF-T (PT) 1.01_01 audit files.", "saft");
@@ -47,6 +60,7 @@ ExitCode Run(int argc, char** argv) {
 }  // namespace zevo::saft
 
 int main(int argc, char** argv) {
+  zevo::saft::KeepOutputs();
 #ifdef SIGXFSZ
   // A file that grows too large is an error of writing it, as a full disk is.
   std::signal(SIGXFSZ, SIG_IGN);

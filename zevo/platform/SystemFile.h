@@ -34,7 +34,7 @@ FileStatus StatusOf(const std::string& name);
 /// 0 when the file may be written, by what protects the file itself.
 int CheckWritable(const std::string& name);
 
-/// The descriptor of the open file.
+/// The descriptor of the open file. The standard input, by its name, is read on from where it stands.
 int OpenDescriptor(const std::string& name, OpenMode mode);
 
 /// Whether an open file is neither a folder, a pipe nor a device.

@@ -63,6 +63,8 @@ FileStatus StatusOf(const std::string& name) {
 int CheckWritable(const std::string& name) { return faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS); }
 
 int OpenDescriptor(const std::string& name, OpenMode mode) {
+  // Opened by its name it would be read from its beginning, and by who may open the file behind it alone.
+  if (mode == OpenMode::kRead && name == StandardInputName()) return fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0);
   const mode_t permissions = mode == OpenMode::kCreatePrivate ? 0600 : 0666;
   return Uninterrupted([&] { return open(name.c_str(), FlagsOf(mode) | O_CLOEXEC, permissions); });
 }
