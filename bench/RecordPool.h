@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_BENCH_RECORDPOOL_H_
 #define ZEVO_BENCH_RECORDPOOL_H_
 

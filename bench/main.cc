@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Measures one competitor, after a process of its own has verified it:
 //   PROGRAM [--once] FOLDER INVOICES [BENCHMARK-OPTION...]
 // With --once the job is only done, for tools that count what it takes.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Writes a source file with the bytes of the schema, and again when the schema changes.
 function(zevo_embed_schema schema source)
   file(READ ${schema} bytes HEX)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Finds libsodium, which brings no package of its own for CMake, as the target Libsodium::Libsodium.
 find_path(Libsodium_INCLUDE_DIR sodium/crypto_shorthash_siphash24.h)
 find_library(Libsodium_LIBRARY sodium)

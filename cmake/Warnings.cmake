@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # What every target of the project is compiled with. GCC 12 sees overlaps in additions of strings where there are none.
 function(zevo_set_warnings target)
   target_compile_options(

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 set(CMAKE_SYSTEM_PROCESSOR i686)
 include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64.cmake)
 

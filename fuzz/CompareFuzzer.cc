@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes as an audit file, to both readers: where the file is laid out as the schema wants it, whatever its texts,
 // they find the same; elsewhere they agree on whether it can be parsed.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any text as a dataset: its files, each after a line with a number sign and its name, become an audit file, or are
 // refused with the place of the fault.
 

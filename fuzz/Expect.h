@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_FUZZ_EXPECT_H_
 #define ZEVO_FUZZ_EXPECT_H_
 

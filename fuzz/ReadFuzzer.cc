@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes as an audit file: everything in it is read, and what is saved of it holds the same.
 
 #include <zevo/adapters.h>

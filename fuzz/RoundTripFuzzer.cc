@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Records made from the bytes, through both writers and both readers: whichever way they go, the same comes back.
 
 #include <zevo/adapters.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes as the schema: files are validated against it, and it tells how long texts may be.
 
 #include <zevo/adapters.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes as an audit file, read as events; a handler that has seen enough ends the reading.
 
 #include <zevo/adapters.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_ERROR_H_
 #define ZEVO_ERROR_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <zevo/TextHash.h>
 
 #include <zevo/platform/KeyedHash.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_TEXTHASH_H_
 #define ZEVO_TEXTHASH_H_
 

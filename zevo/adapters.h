@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_ADAPTERS_H_
 #define ZEVO_ADAPTERS_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 

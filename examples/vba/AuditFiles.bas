@@ -1,4 +1,5 @@
 Attribute VB_Name = "AuditFiles"
+' SPDX-License-Identifier: Apache-2.0
 ' Exports the first invoices of the sample company and reads a file back. Needs a reference to "Zevo Adapters 11" (Tools,
 ' References). In the Immediate window: ExportInvoices "C:\Temp\saft.xml" and ReadFile "C:\Temp\saft.xml".
 Option Explicit

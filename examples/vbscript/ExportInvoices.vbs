@@ -1,3 +1,4 @@
+' SPDX-License-Identifier: Apache-2.0
 ' Exports the first invoices of the sample company and checks the file against the schema.
 ' Usage: cscript ExportInvoices.vbs FILE.xml
 Option Explicit

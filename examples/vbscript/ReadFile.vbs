@@ -1,3 +1,4 @@
+' SPDX-License-Identifier: Apache-2.0
 ' Lists the customers and the invoices of an audit file. Usage: cscript ReadFile.vbs FILE.xml
 Option Explicit
 

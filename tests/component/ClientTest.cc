@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A host that was compiled with the type library: it creates objects of the registered server by name and calls them
 // through their tables of functions. Nothing of the library is linked in.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <zevo/adapters.h>
 #include <zevo/component/Faces.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // For script hosts that cannot connect to events themselves: a COM server whose one object, ZevoTest.EventBridge,
 // passes the events of any source on to the methods of the same names of a script's object.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Memory runs out, and records raise, in every kind of method: a result tells the host, and no exception leaves.
 
 #include <zevo/adapters.h>

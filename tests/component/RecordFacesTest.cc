@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every record and every property of it, both ways of binding, against the library's own tables of properties.
 
 #include <zevo/adapters.h>

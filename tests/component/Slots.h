@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_TESTS_COMPONENT_SLOTS_H_
 #define ZEVO_TESTS_COMPONENT_SLOTS_H_
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The example writes a file and finds it valid; a second time it finds that the file exists.
 set(file ${CMAKE_CURRENT_BINARY_DIR}/export_company.xml)
 file(REMOVE ${file})

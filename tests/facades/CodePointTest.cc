@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every code point there is, as text, through both writers: two other parsers read it back as it was, or it is refused.
 
 #include <expat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Random records through both writers and both readers: whichever way they go, the same comes back.
 
 #include <gtest/gtest.h>

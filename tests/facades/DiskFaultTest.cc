@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every call that an operation makes on the files of its folder meets every fault, one call at a time.
 
 #include <gtest/gtest.h>

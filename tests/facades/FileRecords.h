@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_TESTS_FACADES_FILERECORDS_H_
 #define ZEVO_TESTS_FACADES_FILERECORDS_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every allocation of libxml2's fails once, while a file is read, streamed and validated: the host is told, or what
 // comes out is what comes out otherwise.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Builds and saves a file with many records of a kind, and reads it: save_and_read customers|transactions|invoices
 // RECORDS
 

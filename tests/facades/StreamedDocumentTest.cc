@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A streamed document with every kind of record and everything that a record can hold, byte for byte.
 
 #include <gtest/gtest.h>

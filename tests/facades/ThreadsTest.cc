@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Eight threads at once, each with objects and options of its own, beside a host that uses the same parser itself.
 
 #include <gtest/gtest.h>

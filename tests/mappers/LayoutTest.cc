@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The layout of every record's element, against a table of its own: which children stand in it, in which order, and
 // which of them are left out.
 

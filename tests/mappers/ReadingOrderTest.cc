@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The order in which a record's properties are set when it is read: a read that fails leaves in the record what was set
 // before. Each property in turn is made to fail, by a schema whose greatest length for its element is no number.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which amounts have the decimal sign of the regional settings and which have a point, where that sign is a comma. This
 // program is linked so that the library's question for the sign comes here; where the machine has a locale with a
 // comma, the same tests also run with that.

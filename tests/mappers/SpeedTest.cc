@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The time that writing takes grows with the number of records and no faster.
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files while the system's calls fail, each call in turn.
 
 #include <gmock/gmock.h>

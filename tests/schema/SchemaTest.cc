@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The shipped schema against documents that must pass and documents that must fail: complete.xml, and the cases of
 // elements.txt, values.txt and changes.txt, which each change it in one place. A row that says nothing new stops the
 // program with the place of the row.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_TESTS_SUPPORT_PROPERTYWALK_H_
 #define ZEVO_TESTS_SUPPORT_PROPERTYWALK_H_
 
@@ -15,8 +16,9 @@
 
 namespace zevo::testing {
 
-/// Calls `use(name, property, value)` with each property of a record in turn; the value of a collection is how many items
-/// it has. Those of a child and of items follow, named Child.Property and Items[1].Property. Names begin with `prefix`.
+/// Calls `use(name, property, value)` with each property of a record in turn; the value of a collection is how many
+/// items it has. Those of a child and of items follow, named Child.Property and Items[1].Property. Names begin with
+/// `prefix`.
 template <class Use>
 void WalkProperties(const Record& record, std::span<const Property> properties, const std::string& prefix,
                     const Use& use) {

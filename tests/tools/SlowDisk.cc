@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Preloaded into the program: every read of a piece of a file takes a while, and so does every flush to disk.
 
 #include <dlfcn.h>

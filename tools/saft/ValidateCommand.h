@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_TOOLS_SAFT_VALIDATECOMMAND_H_
 #define ZEVO_TOOLS_SAFT_VALIDATECOMMAND_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <olectl.h>
 #include <zevo/component/ConnectionPoint.h>
 #include <zevo/component/Enumerator.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_COMPONENT_CONNECTIONPOINT_H_
 #define ZEVO_COMPONENT_CONNECTIONPOINT_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <zevo/component/Conversions.h>
 
 #include <zevo/platform/windows/WideText.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_COMPONENT_ENUMERATOR_H_
 #define ZEVO_COMPONENT_ENUMERATOR_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What COM and regsvr32 call.
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <zevo/dal/DOMDALReader.h>
 
 #include <zevo/Error.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <zevo/dal/LoadDocument.h>
 
 #include <zevo/model/ElementName.h>

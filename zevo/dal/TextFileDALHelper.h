@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_DAL_TEXTFILEDALHELPER_H_
 #define ZEVO_DAL_TEXTFILEDALHELPER_H_
 

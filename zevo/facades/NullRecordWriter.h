@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_FACADES_NULLRECORDWRITER_H_
 #define ZEVO_FACADES_NULLRECORDWRITER_H_
 

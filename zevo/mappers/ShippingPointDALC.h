@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_MAPPERS_SHIPPINGPOINTDALC_H_
 #define ZEVO_MAPPERS_SHIPPINGPOINTDALC_H_
 

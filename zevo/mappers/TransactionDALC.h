@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_MAPPERS_TRANSACTIONDALC_H_
 #define ZEVO_MAPPERS_TRANSACTIONDALC_H_
 

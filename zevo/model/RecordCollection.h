@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_MODEL_RECORDCOLLECTION_H_
 #define ZEVO_MODEL_RECORDCOLLECTION_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_MODEL_SALESINVOICES_H_
 #define ZEVO_MODEL_SALESINVOICES_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_PLATFORM_DOCUMENTBUILDER_H_
 #define ZEVO_PLATFORM_DOCUMENTBUILDER_H_
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/KeyedHash.h>
 
 #include <sodium/crypto_shorthash_siphash24.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #ifndef ZEVO_PLATFORM_NAMENUMBERS_H_
 #define ZEVO_PLATFORM_NAMENUMBERS_H_
 

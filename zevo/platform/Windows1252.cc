@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/Windows1252.h>
 
 #include <zevo/platform/Text.h>

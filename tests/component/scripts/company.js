@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writes a file, validates it, counts what is in it and streams it. What goes by reference cannot come back in this
 // language. company.js FOLDER
 var folder = WScript.Arguments(0);

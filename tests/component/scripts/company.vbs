@@ -1,3 +1,4 @@
+' SPDX-License-Identifier: Apache-2.0
 ' Writes a file of every kind of record both ways, validates it, reads it back and streams it.
 ' company.vbs FOLDER
 Option Explicit
