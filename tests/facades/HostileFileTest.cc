@@ -218,6 +218,19 @@ const std::vector<HostileFile>& OddFiles() {
        [] { return InRoot(Repeated("<a" + Counted(" xmlns:p#='u'", 63) + "><p0:b/></a>", 8'000)); }},
       {"as many names, again and again", [] { return InRoot(Repeated(Counted("<a#/>", 9'999), 60)); }},
       {"names that end differently", [] { return InRoot(Repeated(ChosenNames(), 60)); }},
+      {"empty elements", [] { return InRoot(Repeated("<a/>", 4'000'000)); }},
+      {"single characters between empty elements", [] { return InRoot(Repeated("x<a/>", 4'000'000)); }},
+      {"a few characters between empty elements", [] { return InRoot(Repeated("xxxx<a/>", 2'000'000)); }},
+      {"single characters in and between elements", [] { return InRoot(Repeated("x<a>y</a>", 2'000'000)); }},
+      {"single characters in attributes", [] { return InRoot(Repeated("x<a b='y'/>", 2'000'000)); }},
+      {"empty attributes", [] { return InRoot(Repeated("x<a b='' c=''/>", 1'000'000)); }},
+      {"a few characters in attributes", [] { return InRoot(Repeated("xxxx<a b='yyyyy'/>", 1'000'000)); }},
+      {"empty instructions", [] { return InRoot(Repeated("x<?a?>", 2'000'000)); }},
+      {"short instructions", [] { return InRoot(Repeated("xxxx<?a b?>", 1'500'000)); }},
+      {"empty comments", [] { return InRoot(Repeated("x<!---->", 2'000'000)); }},
+      {"a few characters in comments", [] { return InRoot(Repeated("xxxx<!--yyyyy-->", 1'000'000)); }},
+      {"empty sections", [] { return InRoot(Repeated("x<![CDATA[]]>", 1'000'000)); }},
+      {"elements in elements", [] { return InRoot(Repeated("<a><b/></a>", 1'500'000)); }},
   };
   return kFiles;
 }

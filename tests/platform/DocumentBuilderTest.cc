@@ -184,6 +184,66 @@ TEST(DocumentBuilderTest, SharedWhiteSpaceDoesNotChangeWithOneElement) {
   EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a> <b k=\"v\">x</b> <c>y</c> </a>"));
 }
 
+// Short texts lie in their nodes, longer ones apart.
+TEST(DocumentBuilderTest, TextsOfEveryLengthAreKept) {
+  const Parsing parsing;
+  std::string content = "<a>";
+  for (size_t length = 0; length < 10; ++length) {
+    const std::string text = std::string("0123456789").substr(0, length);
+    content += "<e k=\"" + text + "\"";
+    content += (length == 0 ? "/>" : ">" + text + "</e>") + text + "<e/>" + text + "<!--" + text + "-->";
+    content += text + "<?t" + (length == 0 ? "" : " ") + text + "?><![CDATA[" + text + "]]>";
+  }
+  content += "</a>";
+  Document document;
+  parsing.Load(document, content);
+  EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", content));
+}
+
+// An element that came without content takes what any other does.
+TEST(DocumentBuilderTest, AnEmptyElementMayBeFilled) {
+  const Parsing parsing;
+  Document document;
+  parsing.Load(document, "<a><b/><c/><d/><e></e><f/></a>");
+  const Element root = document.Root();
+  const Element b = document.FirstChild(root, "b");
+  EXPECT_EQ(b.LeadingText(), "");
+  EXPECT_FALSE(b.Attribute("k"));
+  for (const std::string_view text : {"", "text", "a longer text", "x", ""}) {
+    document.SetText(b, text);
+    EXPECT_EQ(b.LeadingText(), text);
+    EXPECT_EQ(b.AllText(), text);
+  }
+  document.SetText(b, "b");
+  document.AppendAttribute(document.FirstChild(root, "c"), "k", "a long value");
+  const Element d = document.FirstChild(root, "d");
+  for (const std::string_view key : {"1", "2"}) {
+    const Element child = document.AppendElement(d, "Journal");
+    document.SetText(document.AppendElement(child, "JournalID"), key);
+    EXPECT_EQ(document.FirstChildByKey(d, "Journal", "JournalID", key), child);
+  }
+  document.AppendText(document.FirstChild(root, "e"), NodeKind::kComment, "e");
+  document.SetText(document.FirstChild(root, "e"), "e");
+  document.AppendElement(document.FirstChild(root, "f"), "g");
+  document.AppendElement(root, "h");
+  EXPECT_EQ(testing::BytesOf(document),
+            Declared("windows-1252",
+                     "<a><b>b</b><c k=\"a long value\"/><d><Journal><JournalID>1</JournalID></Journal>"
+                     "<Journal><JournalID>2</JournalID></Journal></d><e>e</e><f><g/></f><h/></a>"));
+  document.Clear();
+  parsing.Load(document, "<a><b/></a>");
+  document.AppendElement(document.FirstChild(document.Root(), "b"), "c");
+  EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a><b><c/></b></a>"));
+}
+
+TEST(DocumentBuilderTest, AnEmptyRootMayBeFilled) {
+  const Parsing parsing;
+  Document document;
+  parsing.Load(document, "<a/>");
+  for (int i = 0; i < 3; ++i) document.AppendElement(document.Root(), "b");
+  EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a><b/><b/><b/></a>"));
+}
+
 TEST(DocumentBuilderTest, ADocumentIsRefilledFileAfterFile) {
   const Parsing parsing;
   Document document;

@@ -43,9 +43,6 @@ class DocumentTest : public ::testing::Test {
   Element root_ = document_.AppendElement(Element(), "AuditFile");
 };
 
-// A tree of 8.5 million elements must fit into a 32-bit host.
-TEST_F(DocumentTest, ANodeTakes24Bytes) { EXPECT_EQ(sizeof(Node), 24u); }
-
 TEST_F(DocumentTest, AnElementIsOneWordAndNothingByDefault) {
   EXPECT_EQ(sizeof(Element), sizeof(void*));
   EXPECT_FALSE(Element());

@@ -200,16 +200,16 @@ void Append(Document& document, Element parent, const Tree& tree) {
 Tree ReadTree(const Document& document, const Node* node) {
   Tree tree;
   tree.kind = node->Kind();
-  tree.name = document.Names().Text(node->Name());
+  if (node->Kind() != NodeKind::kText) tree.name = document.Names().Text(node->Name());
   if (node->Kind() != NodeKind::kElement) {
     tree.text = node->Text();
     return tree;
   }
   if (node->HoldsText()) {
-    if (node->length > 0) tree.children.push_back({NodeKind::kText, "", std::string(node->Text()), {}, {}});
+    if (!node->Text().empty()) tree.children.push_back({NodeKind::kText, "", std::string(node->Text()), {}, {}});
     return tree;
   }
-  for (const Node* child = document.At(node->children.first); child != nullptr; child = document.At(child->next)) {
+  for (const Node* child = document.First(node); child != nullptr; child = document.At(child->next)) {
     if (child->Kind() == NodeKind::kAttribute) {
       tree.attributes.emplace_back(document.Names().Text(child->Name()), child->Text());
     } else {

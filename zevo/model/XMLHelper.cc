@@ -46,9 +46,9 @@ inline uint32_t ElementTexts::Note(const Node& node) {
     return NameTable::kNone;
   }
   if (node.HoldsText()) {
-    if (node.length == 0) return NameTable::kNone;
+    if (node.Text().empty()) return NameTable::kNone;
   } else {
-    const Node* child = Document::Of(&node).At(node.children.first);
+    const Node* child = Document::Of(&node).First(&node);
     if (child == nullptr || child->Kind() == NodeKind::kAttribute) return NameTable::kNone;
   }
   const uint32_t name = node.Name();

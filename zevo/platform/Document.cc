@@ -13,12 +13,14 @@ namespace zevo {
 namespace {
 
 constexpr size_t kBlockSize = size_t{64} * 1024;
+// Memory for so many chunks at a time, once there are as many.
+constexpr size_t kMostChunksAtOnce = 64;
 // Passing over so many children takes no longer than remembering where one of them is.
 constexpr size_t kPassedQuickly = 16;
 
 }  // namespace
 
-void Document::FreeChunk::operator()(Chunk* chunk) const { ::operator delete (chunk, std::align_val_t{kChunkSize}); }
+void Document::FreeChunks::operator()(void* chunks) const { ::operator delete (chunks, std::align_val_t{kChunkSize}); }
 
 Document::Document(std::span<const std::string_view> vocabulary) : names_(vocabulary) { Clear(); }
 Document::~Document() = default;
@@ -26,6 +28,7 @@ Document::~Document() = default;
 void Document::Clear() {
   chunks_used_ = 0;
   next_node_ = nodes_end_ = nullptr;
+  grown_.clear();
   blocks_used_ = 0;
   next_text_ = texts_end_ = nullptr;
   standalone = false;
@@ -33,23 +36,28 @@ void Document::Clear() {
   default_namespaces = 0;
   found_ = {};
   index_ = {};
-  top_ = NewNode(NodeKind::kDocument, NameTable::kNone, 0);
+  top_ = NewFullNode(NodeKind::kDocument, NameTable::kNone, 0);
 }
 
 void Document::AddChunk() {
-  if (chunks_used_ == chunks_.size()) {
-    if (chunks_.size() > (UINT32_MAX >> kSlotBits)) throw std::bad_alloc();
-    std::unique_ptr<Chunk, FreeChunk> chunk(
-        static_cast<Chunk*>(::operator new (kChunkSize, std::align_val_t{kChunkSize})));
-    chunk->document = this;
-    chunk->first_reference = static_cast<uint32_t>(chunks_.size()) << kSlotBits;
-    chunks_.push_back(std::move(chunk));
-  }
-  Node* nodes = chunks_[chunks_used_]->nodes;
-  // Reference 0 is no node.
-  next_node_ = nodes + (chunks_used_ == 0 ? 1 : 0);
-  nodes_end_ = nodes + kNodesInChunk;
+  if (chunks_used_ == chunks_.size()) AddMemory();
+  Chunk* const chunk = chunks_[chunks_used_];
+  chunk->document = this;
+  chunk->first_reference = static_cast<uint32_t>(chunks_used_) << kWordBits;
   ++chunks_used_;
+  auto* const words = reinterpret_cast<uint32_t*>(chunk);
+  next_node_ = reinterpret_cast<uint32_t*>(chunk + 1);
+  nodes_end_ = words + (kWordMask + 2 - kFullNodeWords);
+}
+
+// Several chunks together: aligned one by one, each would leave as much unused.
+void Document::AddMemory() {
+  const size_t count = std::clamp(chunks_.size(), size_t{1}, kMostChunksAtOnce);
+  if (chunks_.size() + count > size_t{1} << (32 - kWordBits)) throw std::bad_alloc();
+  memory_.emplace_back();
+  memory_.back().reset(::operator new (count* kChunkSize, std::align_val_t{kChunkSize}));
+  auto* const first = static_cast<char*>(memory_.back().get());
+  for (size_t i = 0; i < count; ++i) chunks_.push_back(reinterpret_cast<Chunk*>(first + i * kChunkSize));
 }
 
 void Document::AddBlock(size_t size) {
@@ -73,7 +81,7 @@ std::string_view Document::CopyText(std::string_view text) {
 }
 
 Element Document::Root() const {
-  for (Node* node = At(top_->children.first); node != nullptr; node = Next(node)) {
+  for (Node* node = First(top_); node != nullptr; node = Next(node)) {
     if (node->Kind() == NodeKind::kElement) return Element(node);
   }
   return Element();
@@ -81,18 +89,22 @@ Element Document::Root() const {
 
 // An element that holds its text itself gets it as its first child.
 void Document::MakeRoomForChildren(Node* parent) {
-  const std::string_view text = parent->Text();
+  if (parent->IsShort()) {
+    grown_.insert({parent, {0, 0}});
+    parent->tag &= ~Node::kHoldsText;
+    return;
+  }
+  auto* const full = static_cast<FullNode*>(parent);
+  const std::string_view text = full->Text();
   // Made first: for want of memory nothing is lost.
-  Node* const child = text.empty() ? nullptr : NewNode(NodeKind::kText, NameTable::kNone, Reference(parent));
-  parent->HoldChildren();
+  FullNode* const child = text.empty() ? nullptr : NewFullNode(NodeKind::kText, NameTable::kNone, Reference(parent));
+  full->HoldChildren();
   if (child == nullptr) return;
   child->Hold(text);
-  parent->children = {Reference(child), Reference(child)};
+  Link(parent, child);
 }
 
-Element Document::AppendElement(Element parent, std::string_view name) {
-  return AppendElement(parent, names_.Add(name));
-}
+const uint32_t* Document::GrownChildrenOf(const Node* parent) const { return grown_.find(parent)->second.data(); }
 
 void Document::AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value) {
   if (qualifiedName == "xmlns") ++default_namespaces;
@@ -100,17 +112,27 @@ void Document::AppendAttribute(Element element, std::string_view qualifiedName, 
 }
 
 void Document::AppendAttribute(Element element, uint32_t name, std::string_view value) {
-  const std::string_view kept = CopyText(value);
-  Append(element.node(), NodeKind::kAttribute, name)->Hold(kept);
+  AppendLeaf(element.node(), NodeKind::kAttribute, name, value);
 }
 
 void Document::AppendText(Element parent, NodeKind kind, std::string_view text, std::string_view name) {
   if ((kind == NodeKind::kComment || kind == NodeKind::kInstruction) && !IsWindows1252(text)) {
     needs_unicode = true;
   }
+  AppendLeaf(parent ? parent.node() : top_, kind, name.empty() ? NameTable::kNone : names_.Add(name), text);
+}
+
+void Document::AppendLeaf(Node* parent, NodeKind kind, uint32_t name, std::string_view text) {
+  if (Node::HasRoomFor(kind, text)) return AppendShort(parent, kind, name, text);
   const std::string_view kept = CopyText(text);
-  const uint32_t number = name.empty() ? NameTable::kNone : names_.Add(name);
-  Append(parent ? parent.node() : top_, kind, number)->Hold(kept);
+  Append(parent, kind, name)->Hold(kept);
+}
+
+void Document::AppendShort(Node* parent, NodeKind kind, uint32_t name, std::string_view text) {
+  PrepareFor(parent);
+  Node* node = NewNode(kind, name, Reference(parent), kNodeWords + Node::WordsBehind(kind, text));
+  node->HoldShort(text);
+  Link(parent, node);
 }
 
 void Document::AppendAdoptedText(Element parent, std::string_view text) {
@@ -120,32 +142,40 @@ void Document::AppendAdoptedText(Element parent, std::string_view text) {
 void Document::SetText(Element element, std::string_view text) {
   Node* node = element.node();
   ForgetIndexOf(node);
-  if (node->HoldsText() && text.size() <= node->length) {
+  if (node->HoldsText() && text.size() <= node->Text().size()) {
+    if (node->IsShort()) return;
     // Text that shrinks or stays as long is written over: totals are brought up to date again and again.
-    if (!text.empty()) std::memmove(node->text, text.data(), text.size());
-    node->length = static_cast<uint32_t>(text.size());
+    auto* const full = static_cast<FullNode*>(node);
+    if (!text.empty()) std::memmove(full->Address(), text.data(), text.size());
+    full->length = static_cast<uint32_t>(text.size());
     return;
   }
   const std::string_view kept = CopyText(text);
-  if (node->HoldsText() || node->children.first == 0) {
-    node->Hold(kept);
-    return;
+  if (!node->HoldsText() && First(node) != nullptr) RemoveContent(node);
+  if (!node->IsShort() && (node->HoldsText() || First(node) == nullptr)) {
+    static_cast<FullNode*>(node)->Hold(kept);
+  } else if (!kept.empty()) {
+    AppendAdoptedText(element, kept);
   }
+}
+
+// Leaves its attributes.
+void Document::RemoveContent(Node* parent) {
   Node* lastAttribute = nullptr;
-  Node* child = At(node->children.first);
+  Node* child = First(parent);
   for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = Next(child)) lastAttribute = child;
   if (child != nullptr) {
     // Children go away that may be known from earlier questions.
     found_ = {};
     index_ = {};
   }
+  uint32_t* const children = ChildrenOf(parent);
   if (lastAttribute == nullptr) {
-    node->Hold(kept);
-    return;
+    children[0] = children[1] = 0;
+  } else {
+    lastAttribute->next = 0;
+    children[1] = Reference(lastAttribute);
   }
-  lastAttribute->next = 0;
-  node->children.last = Reference(lastAttribute);
-  if (!kept.empty()) AppendAdoptedText(element, kept);
 }
 
 // Forgets the index when what is about to change has gone into it. A key whose parent is yet to be looked at has not.
@@ -176,7 +206,7 @@ Node* Document::FirstNamed(const Node* from, uint32_t local) const {
 Element Document::FirstChild(Element parent, uint32_t local) const {
   const Node* above = parent.node();
   if (local == NameTable::kNone || above->HoldsText()) return Element();
-  Node* node = At(above->children.first);
+  Node* node = First(above);
   for (size_t passed = 0; node != nullptr && passed < kPassedQuickly; ++passed, node = Next(node)) {
     if (IsNamed(node, local)) return Element(node);
   }
@@ -206,8 +236,8 @@ Element Document::FirstChildByKey(Element parent, std::string_view name, std::st
     IndexKeys(At(index_.unsettled.back()));
     index_.unsettled.pop_back();
   }
-  const uint32_t from = index_.last_seen == 0 ? parent.node()->children.first : At(index_.last_seen)->next;
-  for (const Node* child = At(from); child != nullptr; child = Next(child)) {
+  const Node* const from = index_.last_seen == 0 ? First(parent.node()) : Next(At(index_.last_seen));
+  for (const Node* child = from; child != nullptr; child = Next(child)) {
     IndexKeys(child);
     index_.last_seen = Reference(child);
   }
@@ -218,8 +248,7 @@ Element Document::FirstChildByKey(Element parent, std::string_view name, std::st
 void Document::IndexKeys(const Node* child) const {
   if (child->Kind() != NodeKind::kElement || names_.Local(child->Name()) != index_.name || child->HoldsText()) return;
   const uint32_t reference = Reference(child);
-  for (Node* node = FirstNamed(At(child->children.first), index_.key); node != nullptr;
-       node = FirstNamed(Next(node), index_.key)) {
+  for (Node* node = FirstNamed(First(child), index_.key); node != nullptr; node = FirstNamed(Next(node), index_.key)) {
     const auto [entry, added] = index_.first.emplace(Element(node).AllText(), reference);
     // Children are numbered in their order.
     if (!added) entry->second = std::min(entry->second, reference);
@@ -230,7 +259,7 @@ ElementRange::ElementRange(const Element& parent) {
   const Node* node = parent.node();
   if (node == nullptr || node->HoldsText()) return;
   const Document& document = Document::Of(node);
-  first_ = document.At(node->children.first);
+  first_ = document.First(node);
   while (first_ != nullptr && first_->Kind() != NodeKind::kElement) first_ = document.Next(first_);
 }
 
@@ -244,7 +273,7 @@ std::string_view Element::QualifiedName() const { return Owner().Names().Text(no
 std::string_view Element::LeadingText() const {
   if (node_->HoldsText()) return node_->Text();
   const Document& document = Owner();
-  const Node* child = document.At(node_->children.first);
+  const Node* child = document.First(node_);
   while (child != nullptr && child->Kind() == NodeKind::kAttribute) child = document.Next(child);
   return child != nullptr && child->Kind() == NodeKind::kText ? child->Text() : std::string_view();
 }
@@ -262,7 +291,7 @@ std::string Element::AllText() const {
 std::optional<std::string_view> Element::Attribute(std::string_view qualifiedName) const {
   if (node_->HoldsText()) return std::nullopt;
   const Document& document = Owner();
-  for (const Node* node = document.At(node_->children.first); node != nullptr && node->Kind() == NodeKind::kAttribute;
+  for (const Node* node = document.First(node_); node != nullptr && node->Kind() == NodeKind::kAttribute;
        node = document.Next(node)) {
     if (document.Names().Text(node->Name()) == qualifiedName) return node->Text();
   }

@@ -4,69 +4,23 @@
 
 #include <zevo/TextHash.h>
 #include <zevo/platform/NameTable.h>
+#include <zevo/platform/Node.h>
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zevo {
 
 class Document;
-
-enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, kInstruction, kAttribute };
-
-/// A node as it lies in memory: 24 bytes, linked by 32-bit references that the document resolves. An element whose only
-/// content is a text holds it itself.
-struct Node {
-  struct Children {
-    uint32_t first;
-    uint32_t last;
-  };
-
-  uint32_t parent;
-  uint32_t next;
-  // One word, not bit-fields: those are stored in pieces, and to read back as a whole what was stored in pieces takes a
-  // processor longer than all else that a new node takes.
-  uint32_t tag;
-  uint32_t length;  // of the text
-  union {
-    char* text;
-    Children children;
-  };
-
-  static constexpr uint32_t kNameMask = NameTable::kMostNames;
-  static constexpr uint32_t kKindShift = 24;
-  static constexpr uint32_t kKindMask = 0xFU << kKindShift;
-  static constexpr uint32_t kHoldsText = 1U << 28;
-  static constexpr uint32_t kPrefixed = 1U << 29;  // the name has a prefix
-
-  static constexpr uint32_t TagOf(NodeKind kind, uint32_t name) {
-    return (name & kNameMask) | static_cast<uint32_t>(kind) << kKindShift;
-  }
-  uint32_t Name() const { return tag & kNameMask; }
-  NodeKind Kind() const { return static_cast<NodeKind>((tag & kKindMask) >> kKindShift); }
-  bool HoldsText() const { return (tag & kHoldsText) != 0; }
-  bool IsPrefixed() const { return (tag & kPrefixed) != 0; }
-
-  std::string_view Text() const { return HoldsText() ? std::string_view(text, length) : std::string_view(); }
-  void Hold(std::string_view held) {
-    text = const_cast<char*>(held.data());
-    length = static_cast<uint32_t>(held.size());
-    tag |= kHoldsText;
-  }
-  void HoldChildren() {
-    length = 0;
-    children = {0, 0};
-    tag &= ~kHoldsText;
-  }
-};
-static_assert(sizeof(Node) == 24);
 
 class Element;
 
@@ -144,7 +98,7 @@ class Document {
   Element Root() const;
 
   /// Appends an element as the last child of `parent`, or of the document when that is nothing.
-  Element AppendElement(Element parent, std::string_view name);
+  Element AppendElement(Element parent, std::string_view name) { return AppendElement(parent, names_.Add(name)); }
   Element AppendElement(Element parent, uint32_t name);
   /// Appends an attribute. Attributes come before any content.
   void AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value);
@@ -152,10 +106,15 @@ class Document {
   void AppendAttribute(Element element, uint32_t name, std::string_view value);
   /// Appends any other node with its text; an instruction's target is its name.
   void AppendText(Element parent, NodeKind kind, std::string_view text, std::string_view name = {});
-  /// Gives an element without content the text `text`, which lies in this document's arena.
+  /// Gives an element that was just appended and has no content the text `text`, which lies in this document's arena.
   void AdoptText(Element element, std::string_view text);
   /// The same for a text node among other content.
   void AppendAdoptedText(Element parent, std::string_view text);
+  /// Appends a text node for a text that it has room for itself: see Node.
+  void AppendShortText(Element parent, std::string_view text) { AppendShort(parent.node(), NodeKind::kText, 0, text); }
+  /// Takes back the room for content of an element that has ended without any, if it is the node that came last.
+  /// Content may come all the same.
+  inline void Trim(Element element);
   /// Replaces the content of an element; its attributes stay.
   void SetText(Element element, std::string_view text);
 
@@ -174,8 +133,13 @@ class Document {
   NameTable& Names() { return names_; }
   const NameTable& Names() const { return names_; }
   Node* At(uint32_t reference) const {
-    return reference == 0 ? nullptr : chunks_[reference >> kSlotBits]->nodes + (reference & kSlotMask);
+    if (reference == 0) return nullptr;
+    auto* const chunk = reinterpret_cast<uint32_t*>(chunks_[reference >> kWordBits]);
+    return reinterpret_cast<Node*>(chunk + (reference & kWordMask));
   }
+  /// The first node under one that holds no text, attributes included; null when there is none.
+  [[gnu::always_inline]] Node* First(const Node* parent) const { return At(ChildrenOf(parent)[0]); }
+  [[gnu::always_inline]] Node* Last(const Node* parent) const { return At(ChildrenOf(parent)[1]); }
   /// The next node under the same parent, or null.
   inline Node* Next(const Node* node) const;
   Node* Top() const { return top_; }
@@ -202,22 +166,20 @@ class Document {
 
  private:
   // A chunk is aligned to its own size, so that the address of a node leads to its chunk and from there to the
-  // document.
+  // document. References count the words of 4 bytes of all chunks.
   static constexpr size_t kChunkSize = size_t{64} * 1024;
-  static constexpr uint32_t kSlotBits = 12;
-  static constexpr uint32_t kSlotMask = (1U << kSlotBits) - 1;
+  static constexpr uint32_t kWordBits = 14;
+  static constexpr uint32_t kWordMask = (1U << kWordBits) - 1;
+  static_assert(kChunkSize == sizeof(uint32_t) << kWordBits);
   struct Chunk {
     Document* document;
-    uint32_t first_reference;  // of its first node
-    uint32_t padding;
-    Node nodes[(kChunkSize - 16) / sizeof(Node)];
+    uint32_t first_reference;  // of the chunk itself, which is no node
   };
-  static_assert(sizeof(Chunk) <= kChunkSize);
-  static constexpr uint32_t kNodesInChunk = sizeof(Chunk::nodes) / sizeof(Node);
-  static_assert(kNodesInChunk <= kSlotMask);
+  static constexpr uint32_t kNodeWords = sizeof(Node) / sizeof(uint32_t);
+  static constexpr uint32_t kFullNodeWords = sizeof(FullNode) / sizeof(uint32_t);
 
-  struct FreeChunk {
-    void operator()(Chunk* chunk) const;
+  struct FreeChunks {
+    void operator()(void* chunks) const;
   };
   struct TextBlock {
     std::unique_ptr<char[]> bytes;
@@ -240,11 +202,26 @@ class Document {
 
   static Chunk* ChunkOf(const Node* node);
   static uint32_t Reference(const Node* node);
-  Node* NewNode(NodeKind kind, uint32_t name, uint32_t parent);
-  Node* Append(Node* parent, NodeKind kind, uint32_t name);
+  Node* NewNode(NodeKind kind, uint32_t name, uint32_t parent, uint32_t words);
+  FullNode* NewFullNode(NodeKind kind, uint32_t name, uint32_t parent);
+  [[gnu::always_inline]] const uint32_t* ChildrenOf(const Node* parent) const {
+    if (parent->IsShort()) [[unlikely]] {
+      return GrownChildrenOf(parent);
+    }
+    return static_cast<const FullNode*>(parent)->content;
+  }
+  uint32_t* ChildrenOf(Node* parent) { return const_cast<uint32_t*>(std::as_const(*this).ChildrenOf(parent)); }
+  [[gnu::cold]] const uint32_t* GrownChildrenOf(const Node* parent) const;
+  void RemoveContent(Node* parent);
+  void PrepareFor(Node* parent);
+  void Link(Node* parent, Node* node);
+  FullNode* Append(Node* parent, NodeKind kind, uint32_t name);
+  void AppendShort(Node* parent, NodeKind kind, uint32_t name, std::string_view text);
+  void AppendLeaf(Node* parent, NodeKind kind, uint32_t name, std::string_view text);
   void AddChunk();
+  void AddMemory();
   void AddBlock(size_t size);
-  void MakeRoomForChildren(Node* parent);
+  [[gnu::cold]] void MakeRoomForChildren(Node* parent);
   bool IsNamed(const Node* node, uint32_t local) const;
   Node* FirstNamed(const Node* from, uint32_t local) const;
   void IndexKeys(const Node* child) const;
@@ -252,10 +229,13 @@ class Document {
   void IndexAgain(const Node* parent, uint32_t name);
 
   NameTable names_;
-  std::vector<std::unique_ptr<Chunk, FreeChunk>> chunks_;
+  std::vector<std::unique_ptr<void, FreeChunks>> memory_;  // of several chunks each
+  std::vector<Chunk*> chunks_;
   size_t chunks_used_ = 0;
-  Node* next_node_ = nullptr;  // in the last chunk in use
-  Node* nodes_end_ = nullptr;
+  uint32_t* next_node_ = nullptr;  // in the last chunk in use
+  uint32_t* nodes_end_ = nullptr;  // from here on there is no room for one
+  // The first and the last child of short nodes that got content after all.
+  std::map<const Node*, std::array<uint32_t, 2>> grown_;
   std::vector<TextBlock> blocks_;
   size_t blocks_used_ = 0;
   char* next_text_ = nullptr;  // in the last block in use
@@ -274,21 +254,21 @@ inline Document& Document::Of(const Node* node) { return *ChunkOf(node)->documen
 inline Document& Element::Owner() const { return Document::Of(node_); }
 
 inline uint32_t Document::Reference(const Node* node) {
-  const Chunk* chunk = ChunkOf(node);
-  return chunk->first_reference + static_cast<uint32_t>(node - chunk->nodes);
+  const auto within = reinterpret_cast<uintptr_t>(node) & (kChunkSize - 1);
+  return ChunkOf(node)->first_reference + static_cast<uint32_t>(within / sizeof(uint32_t));
 }
 
 // Leaves one after the other are neighbours in memory. The processor guesses so, and goes on to the neighbour before it
 // has followed the reference: a walk over children takes half the time.
 inline Node* Document::Next(const Node* node) const {
-  if (node->next == Reference(node) + 1) return const_cast<Node*>(node) + 1;
+  if (node->next == Reference(node) + kFullNodeWords) return static_cast<FullNode*>(const_cast<Node*>(node)) + 1;
   return At(node->next);
 }
 
 // What is done for every node that is read stands here, so that it becomes one piece of code with its callers.
 
-inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent) {
-  if (next_node_ == nodes_end_) [[unlikely]] {
+inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent, uint32_t words) {
+  if (next_node_ >= nodes_end_) [[unlikely]] {
     AddChunk();
   }
   uint32_t tag = Node::TagOf(kind, name);
@@ -296,30 +276,45 @@ inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent) {
     if (names_.Local(name) != name) tag |= Node::kPrefixed;
     if (!names_.IsWindows1252(name)) needs_unicode = true;
   }
-  Node* node = next_node_++;
+  auto* node = reinterpret_cast<Node*>(next_node_);
+  next_node_ += words;
   node->parent = parent;
   node->next = 0;
   node->tag = tag;
-  node->length = 0;
-  node->children = {0, 0};
   return node;
 }
 
-inline Node* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
+inline FullNode* Document::NewFullNode(NodeKind kind, uint32_t name, uint32_t parent) {
+  auto* node = static_cast<FullNode*>(NewNode(kind, name, parent, kFullNodeWords));
+  node->length = 0;
+  node->content[0] = node->content[1] = 0;
+  return node;
+}
+
+inline void Document::PrepareFor(Node* parent) {
   if (index_.parent != 0) [[unlikely]] {
     ForgetIndexOf(parent);
   }
   if (parent->HoldsText()) [[unlikely]] {
     MakeRoomForChildren(parent);
   }
-  Node* node = NewNode(kind, name, Reference(parent));
+}
+
+inline void Document::Link(Node* parent, Node* node) {
   const uint32_t reference = Reference(node);
-  if (parent->children.first == 0) {
-    parent->children.first = reference;
+  uint32_t* const children = ChildrenOf(parent);
+  if (children[0] == 0) {
+    children[0] = reference;
   } else {
-    At(parent->children.last)->next = reference;
+    At(children[1])->next = reference;
   }
-  parent->children.last = reference;
+  children[1] = reference;
+}
+
+inline FullNode* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
+  PrepareFor(parent);
+  FullNode* node = NewFullNode(kind, name, Reference(parent));
+  Link(parent, node);
   return node;
 }
 
@@ -335,11 +330,18 @@ inline void Document::AdoptText(Element element, std::string_view text) {
   if (index_.parent != 0) [[unlikely]] {
     ForgetIndexOf(element.node());
   }
-  element.node()->Hold(text);
+  static_cast<FullNode*>(element.node())->Hold(text);
+}
+
+inline void Document::Trim(Element element) {
+  auto* const node = static_cast<FullNode*>(element.node());
+  if (reinterpret_cast<uint32_t*>(node + 1) != next_node_) return;
+  next_node_ -= kFullNodeWords - kNodeWords;
+  node->HoldShort({});
 }
 
 inline Node* Document::Following(const Node* node, const Node* root) const {
-  Node* next = node->HoldsText() ? nullptr : At(node->children.first);
+  Node* next = node->HoldsText() ? nullptr : First(node);
   while (next != nullptr && next->Kind() == NodeKind::kAttribute) next = Next(next);
   while (next == nullptr && node != root) {
     next = Next(node);

@@ -36,15 +36,17 @@ void DocumentBuilder::AppendAttributes(std::span<const ParsedAttribute> attribut
 }
 
 void DocumentBuilder::EndElement(const ParsedName&) {
-  const Node* node = Open().node();
+  const bool empty = !static_cast<const FullNode*>(Open().node())->HasChildren();
   if (length_ > 0) {
-    if (node->children.first == 0) {
+    if (empty) {
       document_.KeepText(length_);
       document_.AdoptText(Open(), {text_, length_});
       length_ = room_ = 0;
     } else {
       EndText();
     }
+  } else if (empty) {
+    document_.Trim(Open());
   }
   open_.pop_back();
 }
@@ -64,6 +66,11 @@ void DocumentBuilder::Characters(std::string_view text) {
 
 void DocumentBuilder::EndText() {
   const std::string_view text(text_, length_);
+  if (Node::HasRoomFor(NodeKind::kText, text)) {
+    length_ = room_ = 0;
+    document_.AppendShortText(Open(), text);
+    return;
+  }
   const std::string_view shared = Shared(text);
   if (shared.data() == text.data()) document_.KeepText(length_);
   length_ = room_ = 0;

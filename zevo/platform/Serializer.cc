@@ -213,8 +213,7 @@ void Serializer::WriteDocument(const Document& document) {
   WriteAscii(R"(<?xml version="1.0" encoding=")");
   WriteAscii(encoding_ == Encoding::kUtf8 ? "utf-8" : "windows-1252");
   WriteAscii(document.standalone ? "\" standalone=\"yes\"?>\n" : "\"?>\n");
-  for (const Node* node = document.At(document.Top()->children.first); node != nullptr;
-       node = document.At(node->next)) {
+  for (const Node* node = document.First(document.Top()); node != nullptr; node = document.At(node->next)) {
     WriteTree(node);
     WriteAscii("\n");
   }
@@ -245,11 +244,11 @@ void Serializer::Open(const Document& document, const Node* node) {
       WriteAscii("<");
       WriteName(document, node);
       if (node->HoldsText()) {
-        WriteAscii(node->length == 0 ? "/>" : ">");
+        WriteAscii(node->Text().empty() ? "/>" : ">");
         Write(node->Text(), text_escapes_);
         return;
       }
-      const Node* child = document.At(node->children.first);
+      const Node* child = document.First(node);
       for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = document.At(child->next)) {
         WriteAscii(" ");
         WriteName(document, child);
@@ -271,7 +270,7 @@ void Serializer::Open(const Document& document, const Node* node) {
     case NodeKind::kInstruction:
       WriteAscii("<?");
       WriteName(document, node);
-      if (node->length > 0) WriteAscii(" ");
+      if (!node->Text().empty()) WriteAscii(" ");
       Write(node->Text());
       return WriteAscii("?>");
     case NodeKind::kDocument:
@@ -283,9 +282,9 @@ void Serializer::Open(const Document& document, const Node* node) {
 void Serializer::Close(const Document& document, const Node* node) {
   if (node->Kind() != NodeKind::kElement) return;
   if (node->HoldsText()) {
-    if (node->length == 0) return;
+    if (node->Text().empty()) return;
   } else {
-    const Node* last = document.At(node->children.last);
+    const Node* last = document.Last(node);
     if (last == nullptr || last->Kind() == NodeKind::kAttribute) return;
   }
   WriteAscii("</");
