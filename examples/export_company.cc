@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Writes an audit file the way an accounting program does: it goes through its own data, fills a record for each row
-// and hands it to the façade, in the order that the file has. Usage: export_company [FILE.xml]
+// Writes an audit file as an accounting program does, record by record in its order. Usage: export_company [FILE.xml]
 
 #include <zevo/adapters.h>
 

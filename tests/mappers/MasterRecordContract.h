@@ -25,8 +25,8 @@ namespace zevo::testing {
 ///       static constexpr auto kRead = &SomeDALC::ReadSome;
 ///       static constexpr auto kCount = &SomeDALC::Somes;
 ///       static constexpr std::string_view kElement = "Some";
-///       static constexpr std::string_view kIdentifier = "SomeID";      // a child of it, and the property it is read
-///       to static constexpr std::string_view kFlag = "<Flag>0</Flag>";    // what it cannot be read without
+///       static constexpr std::string_view kIdentifier = "SomeID";    // a child, and the property that it is read to
+///       static constexpr std::string_view kFlag = "<Flag>0</Flag>";  // what the element cannot be read without
 ///     };
 ///     INSTANTIATE_TYPED_TEST_SUITE_P(SomeDALC, MasterRecordContract, SomeDALCHarness);
 template <class Harness>

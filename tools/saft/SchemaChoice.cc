@@ -29,11 +29,10 @@ void SchemaChoice::Use() const {
 }
 
 void SchemaChoice::RequireUsable() const {
-  const std::string location = Options().SchemaLocation();
-  if (location.empty()) return;
+  if (named_.empty()) return;
   // The verdict on the file does not matter, so any file will do: the schema itself is there.
   AuditFile file;
-  file.set_AuditFileName(location);
+  file.set_AuditFileName(named_);
   if (file.ValidateAuditFile() || !file.IsSchemaAtFault()) return;
   Fail(*file.AuditException());
 }
