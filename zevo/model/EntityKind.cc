@@ -28,11 +28,12 @@ constexpr auto kEntityRows = std::to_array<EntityRow>({
     {EntityKind::kInvoice, "Invoice", EntityKind::kSalesInvoices},
 });
 
-constexpr std::array<EntityKind, kEntityRows.size()> kAllKinds = [] {
+consteval auto AllKinds() {
   std::array<EntityKind, kEntityRows.size()> kinds{};
-  for (size_t i = 0; i < kEntityRows.size(); ++i) kinds[i] = kEntityRows[i].kind;
+  for (size_t i = 0; i < kinds.size(); ++i) kinds[i] = kEntityRows[i].kind;
   return kinds;
-}();
+}
+constexpr auto kAllKinds = AllKinds();
 
 consteval bool EntitiesInOrderOfValues() {
   for (size_t i = 0; i < kAllKinds.size(); ++i) {
@@ -42,13 +43,14 @@ consteval bool EntitiesInOrderOfValues() {
 }
 static_assert(EntitiesInOrderOfValues());
 
-constexpr std::array<bool, kEntityRows.size()> kHoldsEntries = [] {
+consteval auto KindsWithEntries() {
   std::array<bool, kEntityRows.size()> holds{};
   for (const EntityRow& row : kEntityRows) {
     if (row.parent) holds[static_cast<size_t>(*row.parent)] = true;
   }
   return holds;
-}();
+}
+constexpr auto kHoldsEntries = KindsWithEntries();
 
 const EntityRow& EntityRowOf(EntityKind kind) { return kEntityRows[static_cast<size_t>(kind)]; }
 
