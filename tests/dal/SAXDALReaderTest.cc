@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <zevo/Error.h>
 #include <zevo/dal/SAXDALReader.h>
-#include <zevo/model/XMLHelper.h>
+#include <zevo/dal/XMLHelper.h>
 #include <zevo/platform/Serializer.h>
 
 #include <filesystem>

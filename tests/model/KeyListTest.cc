@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 #include <zevo/model/KeyList.h>
-#include <zevo/model/LetterCase.h>
+#include <zevo/platform/LetterCase.h>
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/dal/LoadDocument.h>
 
-#include <zevo/model/ElementName.h>
+#include <zevo/dal/ElementName.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>
 

@@ -18,8 +18,8 @@
 #include <zevo/mappers/TaxTableEntryDALC.h>
 #include <zevo/mappers/TransactionDALC.h>
 #include <zevo/model/Options.h>
-#include <zevo/model/OptionsMapping.h>
 #include <zevo/model/Totals.h>
+#include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/SchemaValidator.h>
 

@@ -2,12 +2,12 @@
 #ifndef ZEVO_MAPPERS_LAYOUT_H_
 #define ZEVO_MAPPERS_LAYOUT_H_
 
+#include <zevo/dal/ElementName.h>
 #include <zevo/dal/IDALHelper.h>
 #include <zevo/dal/IDALReader.h>
-#include <zevo/model/ElementName.h>
-#include <zevo/model/HelperTransformations.h>
+#include <zevo/dal/XMLHelper.h>
 #include <zevo/model/Property.h>
-#include <zevo/model/XMLHelper.h>
+#include <zevo/model/internal/HelperTransformations.h>
 
 #include <cstddef>
 #include <memory>

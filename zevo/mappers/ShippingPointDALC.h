@@ -2,9 +2,9 @@
 #ifndef ZEVO_MAPPERS_SHIPPINGPOINTDALC_H_
 #define ZEVO_MAPPERS_SHIPPINGPOINTDALC_H_
 
+#include <zevo/dal/ElementName.h>
 #include <zevo/dal/IDALHelper.h>
 #include <zevo/dal/IDALReader.h>
-#include <zevo/model/ElementName.h>
 #include <zevo/model/ShippingPointStructure.h>
 
 #include <memory>

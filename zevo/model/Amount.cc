@@ -2,8 +2,8 @@
 #include <zevo/model/Amount.h>
 
 #include <zevo/Error.h>
-#include <zevo/model/DecimalNumber.h>
-#include <zevo/model/HelperTransformations.h>
+#include <zevo/model/internal/DecimalNumber.h>
+#include <zevo/model/internal/HelperTransformations.h>
 
 #include <cmath>
 #include <limits>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/EntityKind.h>
 
-#include <zevo/model/LetterCase.h>
+#include <zevo/platform/LetterCase.h>
 
 #include <array>
 

@@ -2,7 +2,7 @@
 #include <zevo/model/KeyList.h>
 
 #include <zevo/Error.h>
-#include <zevo/model/LetterCase.h>
+#include <zevo/platform/LetterCase.h>
 
 #include <algorithm>
 #include <utility>

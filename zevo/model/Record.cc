@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Record.h>
 
-#include <zevo/model/OptionsMapping.h>
+#include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/platform/Text.h>
 
 namespace zevo {

@@ -2,7 +2,7 @@
 #include <zevo/model/Totals.h>
 
 #include <zevo/Error.h>
-#include <zevo/model/LetterCase.h>
+#include <zevo/platform/LetterCase.h>
 
 namespace zevo {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <zevo/model/DecimalNumber.h>
+#include <zevo/model/internal/DecimalNumber.h>
 
 #include <zevo/Error.h>
 

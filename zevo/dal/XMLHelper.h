@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_MODEL_XMLHELPER_H_
-#define ZEVO_MODEL_XMLHELPER_H_
+#ifndef ZEVO_DAL_XMLHELPER_H_
+#define ZEVO_DAL_XMLHELPER_H_
 
-#include <zevo/model/ElementName.h>
+#include <zevo/dal/ElementName.h>
 #include <zevo/platform/Document.h>
 
 #include <array>
@@ -48,4 +48,4 @@ class ElementTexts {
 
 }  // namespace zevo
 
-#endif  // ZEVO_MODEL_XMLHELPER_H_
+#endif  // ZEVO_DAL_XMLHELPER_H_

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
-#include <zevo/model/Validations.h>
+#include <zevo/model/internal/Validations.h>
 
 #include <cstdint>
 #include <fstream>

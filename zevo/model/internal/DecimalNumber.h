@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_MODEL_DECIMALNUMBER_H_
-#define ZEVO_MODEL_DECIMALNUMBER_H_
+#ifndef ZEVO_MODEL_INTERNAL_DECIMALNUMBER_H_
+#define ZEVO_MODEL_INTERNAL_DECIMALNUMBER_H_
 
 #include <zevo/model/Amount.h>
 
@@ -51,4 +51,4 @@ class DecimalNumber {
 
 }  // namespace zevo
 
-#endif  // ZEVO_MODEL_DECIMALNUMBER_H_
+#endif  // ZEVO_MODEL_INTERNAL_DECIMALNUMBER_H_

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
-#include <zevo/model/DecimalNumber.h>
+#include <zevo/model/internal/DecimalNumber.h>
 
 #include <string>
 #include <string_view>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <zevo/model/OptionsMapping.h>
+#include <zevo/model/internal/OptionsMapping.h>
 
-#include <zevo/model/LetterCase.h>
 #include <zevo/platform/Folders.h>
+#include <zevo/platform/LetterCase.h>
 #include <zevo/platform/ThreadExit.h>
 
 #include <utility>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_MODEL_LETTERCASE_H_
-#define ZEVO_MODEL_LETTERCASE_H_
+#ifndef ZEVO_PLATFORM_LETTERCASE_H_
+#define ZEVO_PLATFORM_LETTERCASE_H_
 
 #include <string>
 #include <string_view>
@@ -16,4 +16,4 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace zevo
 
-#endif  // ZEVO_MODEL_LETTERCASE_H_
+#endif  // ZEVO_PLATFORM_LETTERCASE_H_

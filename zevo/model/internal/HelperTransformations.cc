@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <zevo/model/HelperTransformations.h>
+#include <zevo/model/internal/HelperTransformations.h>
 
 #include <zevo/Error.h>
-#include <zevo/model/DecimalNumber.h>
-#include <zevo/model/LetterCase.h>
+#include <zevo/model/internal/DecimalNumber.h>
+#include <zevo/platform/LetterCase.h>
 #include <zevo/platform/RegionalSettings.h>
 #include <zevo/platform/Text.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_MODEL_VALIDATIONS_H_
-#define ZEVO_MODEL_VALIDATIONS_H_
+#ifndef ZEVO_MODEL_INTERNAL_VALIDATIONS_H_
+#define ZEVO_MODEL_INTERNAL_VALIDATIONS_H_
 
 #include <zevo/TextHash.h>
 #include <zevo/platform/Document.h>
@@ -57,4 +57,4 @@ class Validations {
 
 }  // namespace zevo
 
-#endif  // ZEVO_MODEL_VALIDATIONS_H_
+#endif  // ZEVO_MODEL_INTERNAL_VALIDATIONS_H_

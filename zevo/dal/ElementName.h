@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_MODEL_ELEMENTNAME_H_
-#define ZEVO_MODEL_ELEMENTNAME_H_
+#ifndef ZEVO_DAL_ELEMENTNAME_H_
+#define ZEVO_DAL_ELEMENTNAME_H_
 
 #include <algorithm>
 #include <array>
@@ -160,4 +160,4 @@ class ElementName {
 
 }  // namespace zevo
 
-#endif  // ZEVO_MODEL_ELEMENTNAME_H_
+#endif  // ZEVO_DAL_ELEMENTNAME_H_

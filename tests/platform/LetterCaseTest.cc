@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
-#include <zevo/model/LetterCase.h>
+#include <zevo/platform/LetterCase.h>
 
 #include <string_view>
 

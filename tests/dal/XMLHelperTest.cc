@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
+#include <zevo/dal/ElementName.h>
 #include <zevo/dal/LoadDocument.h>
-#include <zevo/model/ElementName.h>
-#include <zevo/model/XMLHelper.h>
+#include <zevo/dal/XMLHelper.h>
 #include <zevo/platform/Document.h>
 
 #include <array>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_MODEL_OPTIONSMAPPING_H_
-#define ZEVO_MODEL_OPTIONSMAPPING_H_
+#ifndef ZEVO_MODEL_INTERNAL_OPTIONSMAPPING_H_
+#define ZEVO_MODEL_INTERNAL_OPTIONSMAPPING_H_
 
 #include <zevo/model/BasePath.h>
 #include <zevo/model/Property.h>
-#include <zevo/model/Validations.h>
+#include <zevo/model/internal/Validations.h>
 #include <zevo/platform/SchemaSource.h>
 
 #include <array>
@@ -71,4 +71,4 @@ class OptionsMapping {
 
 }  // namespace zevo
 
-#endif  // ZEVO_MODEL_OPTIONSMAPPING_H_
+#endif  // ZEVO_MODEL_INTERNAL_OPTIONSMAPPING_H_

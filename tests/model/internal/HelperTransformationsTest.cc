@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
-#include <zevo/model/HelperTransformations.h>
+#include <zevo/model/internal/HelperTransformations.h>
 
 #include <bit>
 #include <cmath>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_MODEL_HELPERTRANSFORMATIONS_H_
-#define ZEVO_MODEL_HELPERTRANSFORMATIONS_H_
+#ifndef ZEVO_MODEL_INTERNAL_HELPERTRANSFORMATIONS_H_
+#define ZEVO_MODEL_INTERNAL_HELPERTRANSFORMATIONS_H_
 
 #include <zevo/model/Amount.h>
 #include <zevo/model/SAFTConstants.h>
@@ -91,4 +91,4 @@ std::string Unescape(std::string_view text);
 
 }  // namespace zevo
 
-#endif  // ZEVO_MODEL_HELPERTRANSFORMATIONS_H_
+#endif  // ZEVO_MODEL_INTERNAL_HELPERTRANSFORMATIONS_H_

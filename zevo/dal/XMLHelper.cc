@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <zevo/model/XMLHelper.h>
+#include <zevo/dal/XMLHelper.h>
 
-#include <zevo/model/HelperTransformations.h>
+#include <zevo/model/internal/HelperTransformations.h>
 #include <zevo/platform/Serializer.h>
 #include <zevo/platform/Text.h>
 

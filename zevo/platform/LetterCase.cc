@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <zevo/model/LetterCase.h>
+#include <zevo/platform/LetterCase.h>
 
 #include <zevo/platform/Text.h>
 
