@@ -12,38 +12,47 @@
 #include <zevo/mappers/TransactionDALC.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <ctime>
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tests/mappers/Records.h"
 
 namespace zevo {
 namespace {
 
-constexpr int kRecords = 4'000;
 constexpr int kTimesMore = 4;
 // Halfway between four times the time, for four times the records, and the sixteen times of a search among all of them.
 constexpr double kMost = 8;
+constexpr double kLongEnough = 0.004;  // seconds; what is over sooner tells little
 
-// Seconds of the processor; the best of several runs.
+// Seconds of the processor.
 template <class Job>
-double SecondsFor(int records, Job job) {
-  double best = 1e9;
-  for (int run = 0; run < 4; ++run) {
-    const std::clock_t start = std::clock();
-    job(records);
-    best = std::min(best, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
-  }
-  return best;
+double SecondsFor(Job job) {
+  const std::clock_t start = std::clock();
+  job();
+  return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
-template <class Job>
-void ExpectLinear(Job job) {
-  const double few = SecondsFor(kRecords, job);
-  const double many = SecondsFor(kRecords * kTimesMore, job);
-  ASSERT_GT(few, 0.002) << "too short to tell";
-  EXPECT_LT(many / few, kMost) << few << " s and " << many << " s";
+// Expects the slowest of some jobs to take less than `most` times the quickest, by the best time of each. What the
+// library does wrong shows in every round; what else the machine does, only in some.
+void ExpectAlike(const std::vector<std::function<void()>>& jobs, double most) {
+  std::vector<double> best(jobs.size(), 1e9);
+  double ratio = 0;
+  for (int round = 0; round < 3 || (round < 10 && ratio >= most); ++round) {
+    for (size_t i = 0; i < jobs.size(); ++i) best[i] = std::min(best[i], SecondsFor(jobs[i]));
+    ratio = *std::ranges::max_element(best) / *std::ranges::min_element(best);
+  }
+  EXPECT_LT(ratio, most) << "seconds: " << ::testing::PrintToString(best);
+}
+
+void ExpectLinear(const std::function<void(int records)>& job) {
+  int records = 4'000;
+  while (SecondsFor([&] { job(records); }) < kLongEnough) records *= 2;
+  ExpectAlike({[&] { job(records); }, [&] { job(records * kTimesMore); }}, kMost);
 }
 
 TEST(SpeedTest, TransactionsToTwoAlternatingJournals) {
@@ -104,20 +113,17 @@ TEST(SpeedTest, CustomersThenTaxTableEntries) {
 TEST(SpeedTest, CustomersThenTaxTableEntriesWhereverTheSectionStands) {
   const Customer customer;
   const TaxTableEntry entry;
-  double best = 1e9;
-  double worst = 0;
+  std::vector<std::function<void()>> jobs;
   for (int before = 0; before < 20; ++before) {
-    const double seconds = SecondsFor(kRecords, [&](int records) {
+    jobs.emplace_back([&, before] {
       DOMDALHelper helper;
       helper.CreateFile();
       for (int i = 0; i < before; ++i) helper.CreateElement("Other", {}, {}, true);
-      for (int i = 0; i < records; ++i) CustomerDALC().CreateCustomer(customer, helper);
-      for (int i = 0; i < records; ++i) TaxTableEntryDALC().CreateTaxTableEntry(entry, helper);
+      for (int i = 0; i < 8'000; ++i) CustomerDALC().CreateCustomer(customer, helper);
+      for (int i = 0; i < 8'000; ++i) TaxTableEntryDALC().CreateTaxTableEntry(entry, helper);
     });
-    best = std::min(best, seconds);
-    worst = std::max(worst, seconds);
   }
-  EXPECT_LT(worst / best, 4) << best << " s to " << worst << " s";
+  ExpectAlike(jobs, 4);
 }
 
 }  // namespace
