@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
+#include <zevo/dal/LoadDocument.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/Property.h>
+#include <zevo/platform/LetterCase.h>
 
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/model/RecordTable.h"
@@ -74,6 +79,65 @@ PropertyValue EmptyOf(PropertyType type) {
   }
 }
 
+std::string_view AttributeOf(Element element, std::string_view name) { return element.Attribute(name).value_or(""); }
+
+// What the shipped schema makes of the texts of its elements. A name has one kind, wherever it is declared; letter case
+// is not that of the properties everywhere.
+class SchemaKinds {
+ public:
+  SchemaKinds() {
+    for (const Element type : schema_->Root().Children()) {
+      if (type.Name() == "simpleType") types_.emplace(AttributeOf(type, "name"), type);
+    }
+    AddElementsUnder(schema_->Root());
+  }
+
+  TextKind Of(std::string_view name) const {
+    const auto found = kinds_.find(FoldCase(name));
+    if (found == kinds_.end()) throw std::out_of_range("no element " + std::string(name));
+    return found->second;
+  }
+
+ private:
+  void AddElementsUnder(Element parent) {
+    for (const Element child : parent.Children()) {
+      if (child.Name() == "element" && child.Attribute("name")) Add(child);
+      AddElementsUnder(child);
+    }
+  }
+
+  void Add(Element element) {
+    const Element ownType = schema_->FirstChild(element, "simpleType");
+    const TextKind kind = ownType ? KindOf(ownType) : KindOf(AttributeOf(element, "type"));
+    const auto [entry, isNew] = kinds_.emplace(FoldCase(AttributeOf(element, "name")), kind);
+    if (!isNew && entry->second != kind) throw std::logic_error(entry->first + " is of two kinds");
+  }
+
+  TextKind KindOf(std::string_view type) const {
+    if (type == "xs:date") return TextKind::kDate;
+    if (type == "xs:dateTime") return TextKind::kDateTime;
+    const auto found = types_.find(type);
+    return found == types_.end() ? TextKind::kPlain : KindOf(found->second);
+  }
+
+  // A period is a whole number from 1 to 12, or to 16 with year-end entries.
+  TextKind KindOf(Element simpleType) const {
+    const Element restriction = schema_->FirstChild(simpleType, "restriction");
+    const auto limit = [&](std::string_view name) {
+      const Element facet = schema_->FirstChild(restriction, name);
+      return facet ? AttributeOf(facet, "value") : "";
+    };
+    const std::string_view base = AttributeOf(restriction, "base");
+    const bool ofMonths = limit("maxInclusive") == "12" || limit("maxInclusive") == "16";
+    if (base == "xs:integer" && limit("minInclusive") == "1" && ofMonths) return TextKind::kPeriod;
+    return KindOf(base);
+  }
+
+  std::unique_ptr<Document> schema_ = LoadDocument(ZEVO_SCHEMA_FILE);
+  std::map<std::string_view, Element> types_;
+  std::map<std::string, TextKind> kinds_;
+};
+
 class PropertyTest : public ::testing::TestWithParam<RecordClass> {
  protected:
   // Goes through the properties that `wanted` chooses.
@@ -106,6 +170,14 @@ TEST_P(PropertyTest, TheTableHoldsNamesAndTypesInSlotOrder) {
     EXPECT_EQ(properties[i].name, row.name);
     EXPECT_EQ(properties[i].type, row.type) << row.name;
     EXPECT_EQ(properties[i].set != nullptr, row.writable) << row.name;
+  }
+}
+
+TEST_P(PropertyTest, ATextIsOfTheKindThatTheSchemaGivesItsElement) {
+  static const SchemaKinds kSchema;
+  for (const Property& property : GetParam().properties()) {
+    const bool isText = property.type == PropertyType::kText;
+    EXPECT_EQ(property.text_kind, isText ? kSchema.Of(property.name) : TextKind::kPlain) << property.name;
   }
 }
 

@@ -30,16 +30,16 @@ class ZEVO_API Header : public Record {
   ZEVO_TEXT(FiscalYear);
 
   /// First day of the period that the file covers, yyyy-mm-dd.
-  ZEVO_TEXT(StartDate);
+  ZEVO_DATE(StartDate);
 
   /// Last day of the period that the file covers, yyyy-mm-dd.
-  ZEVO_TEXT(EndDate);
+  ZEVO_DATE(EndDate);
 
   /// Currency of the amounts. "EUR" from the start, the only value that the schema takes.
   ZEVO_TEXT(CurrencyCode);
 
   /// Day on which the file is produced, yyyy-mm-dd. The local day of creation from the start.
-  ZEVO_TEXT(DateCreated);
+  ZEVO_DATE(DateCreated);
 
   /// Establishment that the file is about: "Global", "Sede" or its own code. At most 20 characters. Not read back.
   ZEVO_TEXT(TaxEntity);

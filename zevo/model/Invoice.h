@@ -26,10 +26,10 @@ class ZEVO_API Invoice : public Record {
   ZEVO_TEXT(HashControl);
 
   /// Month of the document, 1 to 12.
-  ZEVO_TEXT(Period);
+  ZEVO_PERIOD(Period);
 
   /// Day of the document, yyyy-mm-dd.
-  ZEVO_TEXT(InvoiceDate);
+  ZEVO_DATE(InvoiceDate);
 
   /// Kind of document.
   ZEVO_CODE(InvoiceTypes, InvoiceType);
@@ -38,7 +38,7 @@ class ZEVO_API Invoice : public Record {
   ZEVO_FLAG(SelfBillingIndicator);
 
   /// When the document was entered, yyyy-mm-ddThh:mm:ss.
-  ZEVO_TEXT(SystemEntryDate);
+  ZEVO_DATE_TIME(SystemEntryDate);
 
   /// The ledger transaction of the document. "Anulado", in any letter case, keeps the document out of the running
   /// totals.

@@ -32,7 +32,7 @@ class ZEVO_API InvoiceLine : public Record {
   ZEVO_AMOUNT(UnitPrice);
 
   /// Day on which the tax became due, yyyy-mm-dd.
-  ZEVO_TEXT(TaxPointDate);
+  ZEVO_DATE(TaxPointDate);
 
   /// At most 60 characters.
   ZEVO_TEXT(Description);

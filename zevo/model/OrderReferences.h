@@ -14,7 +14,7 @@ class ZEVO_API OrderReferences : public Record {
   ZEVO_TEXT(OriginatingOn);
 
   /// Day of the order, yyyy-mm-dd.
-  ZEVO_TEXT(OrderDate);
+  ZEVO_DATE(OrderDate);
 };
 
 }  // namespace zevo

@@ -20,7 +20,7 @@ namespace zevo {
 class Record;
 
 enum class PropertyType {
-  kText,
+  kText,  ///< UTF-8; `text_kind` tells what it holds
   kAmount,
   kFlag,
   kCount,       ///< 32-bit integer
@@ -30,6 +30,14 @@ enum class PropertyType {
   kCollection,  ///< an owned collection of records, reached through `count`, `item` and `add`
 };
 
+/// What a text holds, as the element in the file has it. Nothing checks it: the text of a date may be any.
+enum class TextKind {
+  kPlain,     ///< any text, and what no text property is
+  kDate,      ///< a day, yyyy-mm-dd
+  kDateTime,  ///< a day and a time, yyyy-mm-ddThh:mm:ss
+  kPeriod,    ///< an accounting period: the number of a month, or 13 to 16 for year-end entries of the ledger
+};
+
 /// A value of any property but a collection; the value of an enumeration is held as its number.
 using PropertyValue = std::variant<std::string, Amount, bool, int32_t, float, std::shared_ptr<Record>>;
 
@@ -37,6 +45,7 @@ using PropertyValue = std::variant<std::string, Amount, bool, int32_t, float, st
 struct Property {
   std::string_view name;
   PropertyType type = PropertyType::kText;
+  TextKind text_kind = TextKind::kPlain;
   PropertyValue (*get)(const Record&) = nullptr;
   /// Null for a constant, an owned record and a collection. The value must be of the property's type.
   void (*set)(Record&, const PropertyValue&) = nullptr;
@@ -136,11 +145,13 @@ constexpr Property ReadOnlyProperty(std::string_view name) {
   return property;
 }
 
-template <auto kGetter, auto kSetter>
+template <auto kGetter, auto kSetter, TextKind kKind = TextKind::kPlain>
 constexpr Property ReadWriteProperty(std::string_view name) {
   using C = typename GetterTraits<decltype(kGetter)>::Class;
   using V = typename GetterTraits<decltype(kGetter)>::Value;
+  static_assert(kKind == TextKind::kPlain || TypeFor<V>() == PropertyType::kText);
   Property property = ReadOnlyProperty<kGetter>(name);
+  property.text_kind = kKind;
   property.set = +[](Record& record, const PropertyValue& value) {
     C& target = static_cast<C&>(record);
     if constexpr (std::is_enum_v<V>) {

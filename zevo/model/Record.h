@@ -109,22 +109,26 @@ inline std::span<const Property> PropertiesOf(const Record& record) { return rec
   }                                                                                            \
   static_assert(true)
 
-#define ZEVO_CHECKED(Type, Argument, Result, Name, element)                                                       \
+#define ZEVO_CHECKED(Type, Argument, Result, Name, element, kind)                                                 \
  private:                                                                                                         \
   Type Name##_{};                                                                                                 \
                                                                                                                   \
  public:                                                                                                          \
   Result Name() const { return Name##_; }                                                                         \
   void set_##Name(Argument value) { Assign(Name##_, value, Check{CheckPath(), __LINE__ - kFirstLine, element}); } \
-  ZEVO_IN_TABLE(Name, ReadWriteProperty<&Self::Name, &Self::set_##Name>)
+  ZEVO_IN_TABLE(Name, ReadWriteProperty<&Self::Name, &Self::set_##Name, zevo::TextKind::kind>)
 
-#define ZEVO_TEXT(Name) ZEVO_TEXT_CHECKED_AS(Name, #Name)
-#define ZEVO_TEXT_CHECKED_AS(Name, element) \
-  ZEVO_CHECKED(std::string, std::string_view, const std::string&, Name, element)
-#define ZEVO_AMOUNT(Name) ZEVO_CHECKED(zevo::Amount, zevo::Amount, zevo::Amount, Name, #Name)
-#define ZEVO_COUNT(Name) ZEVO_CHECKED(int32_t, int32_t, int32_t, Name, #Name)
-#define ZEVO_SINGLE(Name) ZEVO_CHECKED(float, float, float, Name, #Name)
-#define ZEVO_FLAG(Name) ZEVO_CHECKED(bool, bool, bool, Name, #Name)
+#define ZEVO_TEXT_OF_KIND(Name, element, kind) \
+  ZEVO_CHECKED(std::string, std::string_view, const std::string&, Name, element, kind)
+#define ZEVO_TEXT(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kPlain)
+#define ZEVO_TEXT_CHECKED_AS(Name, element) ZEVO_TEXT_OF_KIND(Name, element, kPlain)
+#define ZEVO_DATE(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kDate)
+#define ZEVO_DATE_TIME(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kDateTime)
+#define ZEVO_PERIOD(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kPeriod)
+#define ZEVO_AMOUNT(Name) ZEVO_CHECKED(zevo::Amount, zevo::Amount, zevo::Amount, Name, #Name, kPlain)
+#define ZEVO_COUNT(Name) ZEVO_CHECKED(int32_t, int32_t, int32_t, Name, #Name, kPlain)
+#define ZEVO_SINGLE(Name) ZEVO_CHECKED(float, float, float, Name, #Name, kPlain)
+#define ZEVO_FLAG(Name) ZEVO_CHECKED(bool, bool, bool, Name, #Name, kPlain)
 
 /// A value of an enumeration, stored as given: any 32-bit number is accepted.
 #define ZEVO_CODE(Enumeration, Name)                            \

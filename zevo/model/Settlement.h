@@ -17,7 +17,7 @@ class ZEVO_API Settlement : public Record {
   ZEVO_AMOUNT(SettlementAmount);
 
   /// Agreed day of the payment, yyyy-mm-dd.
-  ZEVO_TEXT(SettlementDate);
+  ZEVO_DATE(SettlementDate);
 
   /// Means of payment; left out of the file when it has no code.
   ZEVO_CODE(PaymentMechanisms, PaymentMechanism);

@@ -17,7 +17,7 @@ class ZEVO_API ShippingPointStructure : public Record {
   ZEVO_TEXT(DeliveryID);
 
   /// Day of the delivery, yyyy-mm-dd.
-  ZEVO_TEXT(DeliveryDate);
+  ZEVO_DATE(DeliveryDate);
 
   /// The place; null when that is not told.
   /// Its path is fixed here: assign the shipping point to its invoice before its address to have both checked as such.

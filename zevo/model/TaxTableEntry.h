@@ -20,7 +20,7 @@ class ZEVO_API TaxTableEntry : public Record {
   ZEVO_TEXT(Description);
 
   /// Last day on which the rate applied, empty while it applies. Written as yyyy-mm-dd when it reads as a date.
-  ZEVO_TEXT(TaxExpirationDate);
+  ZEVO_DATE(TaxExpirationDate);
 
   /// In percent.
   ZEVO_AMOUNT(TaxPercentage);

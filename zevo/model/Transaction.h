@@ -15,10 +15,10 @@ class ZEVO_API Transaction : public Record {
   ZEVO_TEXT(TransactionID);
 
   /// Accounting period: the month, or 13 to 16 for year-end entries.
-  ZEVO_TEXT(Period);
+  ZEVO_PERIOD(Period);
 
   /// Date of the document, yyyy-mm-dd.
-  ZEVO_TEXT(TransactionDate);
+  ZEVO_DATE(TransactionDate);
 
   /// User who entered it. At most 30 characters.
   ZEVO_TEXT(SourceID);
@@ -33,7 +33,7 @@ class ZEVO_API Transaction : public Record {
   ZEVO_CODE(TransactionTypes, TransactionType);
 
   /// When it was posted, yyyy-mm-ddThh:mm:ss.
-  ZEVO_TEXT(GLPostingDate);
+  ZEVO_DATE_TIME(GLPostingDate);
 
   /// Code of the customer, for transactions with one.
   ZEVO_TEXT(CustomerID);

@@ -20,7 +20,7 @@ class ZEVO_API TransactionLine : public Record {
   ZEVO_TEXT(SourceDocumentID);
 
   /// When the line was entered, yyyy-mm-ddThh:mm:ss.
-  ZEVO_TEXT(SystemEntryDate);
+  ZEVO_DATE_TIME(SystemEntryDate);
 
   /// At most 60 characters.
   ZEVO_TEXT(Description);
