@@ -67,7 +67,23 @@ inline std::span<const Property> PropertiesOf(const Record& record) { return rec
 }  // namespace zevo
 
 // How a record class declares its properties: one line each, in slot order, under ZEVO_RECORD. Each line makes the
-// accessors, the field and the row of `PropertiesOf`.
+// accessors, the field and the row of `PropertiesOf`. ZEVO_TEXT(CompanyName), in line 24 of a header, stands for
+//
+//  private:
+//   std::string CompanyName_{};
+//
+//  public:
+//   const std::string& CompanyName() const { return CompanyName_; }
+//   void set_CompanyName(std::string_view value) {
+//     Assign(CompanyName_, value, Check{CheckPath(), 24 - kFirstLine, "CompanyName"});
+//   }
+//   static constexpr zevo::Property PropertyAt(zevo::internal::SourceLine<24>) {
+//     return zevo::internal::ReadWriteProperty<&Self::CompanyName, &Self::set_CompanyName, zevo::TextKind::kPlain>(
+//         "CompanyName");
+//   }
+//
+// where kFirstLine, the line of ZEVO_RECORD, and CheckPath() come from that macro. `PropertiesOf` asks for PropertyAt
+// of every line from there on, and takes those that exist.
 
 #define ZEVO_RECORD_COMMON(Class)                              \
  public:                                                       \
