@@ -32,12 +32,14 @@
 #include <zevo/model/OrderReferences.h>
 #include <zevo/model/Product.h>
 #include <zevo/model/Property.h>
+#include <zevo/model/PropertyWalk.h>
 #include <zevo/model/Record.h>
 #include <zevo/model/References.h>
 #include <zevo/model/SAFTConstants.h>
 #include <zevo/model/SalesInvoices.h>
 #include <zevo/model/Settlement.h>
 #include <zevo/model/ShippingPointStructure.h>
+#include <zevo/model/SnakeCase.h>
 #include <zevo/model/Supplier.h>
 #include <zevo/model/Tax.h>
 #include <zevo/model/TaxTable.h>

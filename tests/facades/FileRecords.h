@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/facades/RecordWalk.h"
+#include "tests/support/RecordValues.h"
 
 namespace zevo::testing {
 

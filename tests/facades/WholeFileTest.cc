@@ -13,8 +13,9 @@
 
 #include "tests/facades/Contents.h"
 #include "tests/facades/Expectations.h"
-#include "tests/facades/RecordWalk.h"
+#include "tests/facades/RecordMaker.h"
 #include "tests/facades/SampleFile.h"
+#include "tests/support/RecordValues.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/UseSchema.h"
 

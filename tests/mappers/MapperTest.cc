@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/mappers/MapperTest.h"
 
+#include <zevo/model/PropertyWalk.h>
+
 #include <algorithm>
 #include <type_traits>
 #include <variant>
 
-#include "tests/support/PropertyWalk.h"
+#include "tests/support/RecordValues.h"
 
 namespace zevo::testing {
 namespace {
@@ -31,12 +33,13 @@ std::string OneLine(std::string_view xml) {
   return line;
 }
 
-std::string Describe(const Record& record, std::span<const Property> properties) {
+std::string Describe(const Record& record) {
   std::string text;
-  WalkProperties(record, properties, {}, [&text](const auto& name, const Property& property, const auto& value) {
+  WalkProperties(record, [&text](std::string_view path, const Property& property, const Record& owner) {
     if (property.type == PropertyType::kCollection || property.type == PropertyType::kRecord) return;
+    const PropertyValue value = property.get(owner);
     const bool none = std::visit([](const auto& held) { return held == std::remove_cvref_t<decltype(held)>(); }, value);
-    if (!none) text.append(name).append("=").append(TextOf(value)).append("\n");
+    if (!none) text.append(path).append("=").append(TextOf(value)).append("\n");
   });
   return text;
 }

@@ -5,10 +5,9 @@
 #include <gtest/gtest.h>
 #include <zevo/dal/DOMDALHelper.h>
 #include <zevo/dal/DOMDALReader.h>
-#include <zevo/model/Property.h>
+#include <zevo/model/Record.h>
 
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,11 +21,7 @@ std::string OneLine(std::string_view xml);
 
 /// What a record holds, one "Property=value" a line; a child's properties stand behind its name. Values that a record
 /// of no content has too (empty text, 0, false, no object) are left out.
-std::string Describe(const Record& record, std::span<const Property> properties);
-template <class T>
-std::string Describe(const T& record) {
-  return Describe(record, PropertiesOf<T>());
-}
+std::string Describe(const Record& record);
 
 /// A document to write to and a file to read from.
 class MapperTest : public ::testing::Test {

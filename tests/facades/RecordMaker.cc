@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/facades/RecordWalk.h"
+#include "tests/facades/RecordMaker.h"
 
 #include <array>
 #include <cstdio>

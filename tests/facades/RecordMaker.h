@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_TESTS_FACADES_RECORDWALK_H_
-#define ZEVO_TESTS_FACADES_RECORDWALK_H_
+#ifndef ZEVO_TESTS_FACADES_RECORDMAKER_H_
+#define ZEVO_TESTS_FACADES_RECORDMAKER_H_
 
 #include <zevo/adapters.h>
 
-#include <map>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "tests/support/PropertyWalk.h"
 
 namespace zevo::testing {
 
@@ -41,21 +38,6 @@ class RecordMaker {
   int serial_ = 100;
 };
 
-/// The values of all properties, and how many items collections have, under their paths, such as
-/// "Invoice.Line[1].Tax.TaxCode".
-using RecordValues = std::map<std::string, std::string>;
-
-template <class T>
-RecordValues ValuesOf(const std::shared_ptr<T>& record, std::string_view className) {
-  RecordValues values;
-  if (record == nullptr) return values;
-  WalkProperties(*record, PropertiesOf<T>(), std::string(className) + ".",
-                 [&values](const std::string& name, const Property&, const PropertyValue& value) {
-                   values[name] = TextOf(value);
-                 });
-  return values;
-}
-
 }  // namespace zevo::testing
 
-#endif  // ZEVO_TESTS_FACADES_RECORDWALK_H_
+#endif  // ZEVO_TESTS_FACADES_RECORDMAKER_H_
