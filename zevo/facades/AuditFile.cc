@@ -4,19 +4,7 @@
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALHelper.h>
 #include <zevo/dal/LoadDocument.h>
-#include <zevo/facades/NullRecordWriter.h>
-#include <zevo/mappers/CustomerDALC.h>
-#include <zevo/mappers/GeneralLedgerDALC.h>
-#include <zevo/mappers/GeneralLedgerEntriesDALC.h>
-#include <zevo/mappers/HeaderDALC.h>
-#include <zevo/mappers/InvoiceDALC.h>
-#include <zevo/mappers/JournalDALC.h>
-#include <zevo/mappers/ProductDALC.h>
-#include <zevo/mappers/SalesInvoicesDALC.h>
-#include <zevo/mappers/SupplierDALC.h>
-#include <zevo/mappers/TaxTableDALC.h>
-#include <zevo/mappers/TaxTableEntryDALC.h>
-#include <zevo/mappers/TransactionDALC.h>
+#include <zevo/facades/RecordWriting.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/Totals.h>
 #include <zevo/model/internal/OptionsMapping.h>
@@ -39,14 +27,6 @@ void AddTo(Section* section, const R& entry) {
 
 AuditFile::AuditFile() : Facade("AuditFile", true), writer_(std::make_unique<DOMDALHelper>()) {}
 AuditFile::~AuditFile() = default;
-
-template <class R, class Operation>
-bool AuditFile::Write(std::string_view member, const R& record, Operation&& operation) {
-  return Attempt([&] {
-    Require(writer_->IsOpen(), Message::kNotStarted, member);
-    WriteRecord(record, *writer_, operation);
-  });
-}
 
 const std::string& AuditFile::AuditFileName() const { return writer_->AuditFileName(); }
 void AuditFile::set_AuditFileName(std::string_view value) { writer_->set_AuditFileName(value); }
@@ -103,71 +83,48 @@ bool AuditFile::ValidateAuditFile() {
   return valid;
 }
 
-bool AuditFile::CreateHeader(const Header& value) {
-  return Write("CreateHeader", value, [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
-}
-
+bool AuditFile::CreateHeader(const Header& value) { return Write("CreateHeader", *writer_, value); }
 bool AuditFile::CreateGeneralLedger(const GeneralLedger& value) {
-  return Write("CreateGeneralLedger", value,
-               [&](IDALHelper& helper) { GeneralLedgerDALC().CreateGeneralLedger(value, helper); });
+  return Write("CreateGeneralLedger", *writer_, value);
 }
-
-bool AuditFile::CreateCustomer(const Customer& value) {
-  return Write("CreateCustomer", value, [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
-}
-
-bool AuditFile::CreateSupplier(const Supplier& value) {
-  return Write("CreateSupplier", value, [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
-}
-
-bool AuditFile::CreateTaxTable(const TaxTable& value) {
-  return Write("CreateTaxTable", value, [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
-}
-
+bool AuditFile::CreateCustomer(const Customer& value) { return Write("CreateCustomer", *writer_, value); }
+bool AuditFile::CreateSupplier(const Supplier& value) { return Write("CreateSupplier", *writer_, value); }
+bool AuditFile::CreateTaxTable(const TaxTable& value) { return Write("CreateTaxTable", *writer_, value); }
 bool AuditFile::CreateTaxTableEntry(const TaxTableEntry& value) {
-  return Write("CreateTaxTableEntry", value,
-               [&](IDALHelper& helper) { TaxTableEntryDALC().CreateTaxTableEntry(value, helper); });
+  return Write("CreateTaxTableEntry", *writer_, value);
 }
-
-bool AuditFile::CreateProduct(const Product& value) {
-  return Write("CreateProduct", value, [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
-}
-
+bool AuditFile::CreateProduct(const Product& value) { return Write("CreateProduct", *writer_, value); }
 bool AuditFile::CreateGeneralLedgerEntries(const GeneralLedgerEntries& value) {
-  return Write("CreateGeneralLedgerEntries", value,
-               [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().CreateGeneralLedgerEntries(value, helper); });
+  return Write("CreateGeneralLedgerEntries", *writer_, value);
 }
 
 bool AuditFile::UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value) {
-  return Write("UpdateGeneralLedgerEntries", value,
+  return Write("UpdateGeneralLedgerEntries", *writer_, value,
                [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().UpdateGeneralLedgerEntries(value, helper); });
 }
 
-bool AuditFile::CreateJournal(const Journal& value) {
-  return Write("CreateJournal", value, [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
-}
+bool AuditFile::CreateJournal(const Journal& value) { return Write("CreateJournal", *writer_, value); }
 
 bool AuditFile::CreateTransaction(const Transaction& value, const Journal* journalValue,
                                   GeneralLedgerEntries* generalLedgerEntriesValue) {
-  return Write("CreateTransaction", value, [&](IDALHelper& helper) {
+  return Write("CreateTransaction", *writer_, value, [&](IDALHelper& helper) {
     TransactionDALC().CreateTransaction(value, journalValue, helper);
     AddTo(generalLedgerEntriesValue, value);
   });
 }
 
 bool AuditFile::CreateSalesInvoices(const SalesInvoices& value) {
-  return Write("CreateSalesInvoices", value,
-               [&](IDALHelper& helper) { SalesInvoicesDALC().CreateSalesInvoices(value, helper); });
+  return Write("CreateSalesInvoices", *writer_, value);
 }
 
 bool AuditFile::UpdateSalesInvoices(const SalesInvoices& value) {
-  return Write("UpdateSalesInvoices", value,
+  return Write("UpdateSalesInvoices", *writer_, value,
                [&](IDALHelper& helper) { SalesInvoicesDALC().UpdateSalesInvoices(value, helper); });
 }
 
 bool AuditFile::CreateInvoice(const Invoice& value, SalesInvoices* salesInvoicesValue) {
-  return Write("CreateInvoice", value, [&](IDALHelper& helper) {
-    InvoiceDALC().CreateInvoice(value, helper);
+  return Write("CreateInvoice", *writer_, value, [&](IDALHelper& helper) {
+    CreateRecord(value, helper);
     if (CountsInTotals(value)) AddTo(salesInvoicesValue, value);
   });
 }

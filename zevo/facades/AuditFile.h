@@ -103,9 +103,6 @@ class ZEVO_API AuditFile : public Facade {
   bool CreateInvoice(const Invoice& value, SalesInvoices* salesInvoicesValue = nullptr);
 
  private:
-  template <class R, class Operation>
-  bool Write(std::string_view member, const R& record, Operation&& operation);
-
   std::unique_ptr<DOMDALHelper> writer_;
   bool schema_at_fault_ = false;
 };

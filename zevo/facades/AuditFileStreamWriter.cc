@@ -3,32 +3,13 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/TextFileDALHelper.h>
-#include <zevo/facades/NullRecordWriter.h>
-#include <zevo/mappers/CustomerDALC.h>
-#include <zevo/mappers/GeneralLedgerDALC.h>
-#include <zevo/mappers/GeneralLedgerEntriesDALC.h>
-#include <zevo/mappers/HeaderDALC.h>
-#include <zevo/mappers/InvoiceDALC.h>
-#include <zevo/mappers/JournalDALC.h>
-#include <zevo/mappers/ProductDALC.h>
-#include <zevo/mappers/SalesInvoicesDALC.h>
-#include <zevo/mappers/SupplierDALC.h>
-#include <zevo/mappers/TaxTableDALC.h>
-#include <zevo/mappers/TransactionDALC.h>
+#include <zevo/facades/RecordWriting.h>
 
 namespace zevo {
 
 AuditFileStreamWriter::AuditFileStreamWriter()
     : Facade("AuditFileStreamWriter", false), writer_(std::make_unique<TextFileDALHelper>()) {}
 AuditFileStreamWriter::~AuditFileStreamWriter() = default;
-
-template <class R, class Operation>
-bool AuditFileStreamWriter::Write(std::string_view member, const R& record, Operation&& operation) {
-  return Attempt([&] {
-    Require(writer_->IsOpen(), Message::kNotStarted, member);
-    WriteRecord(record, *writer_, operation);
-  });
-}
 
 bool AuditFileStreamWriter::End(std::string_view member) {
   return Attempt([&] { Require(writer_->IsOpen(), Message::kNotStarted, member); });
@@ -50,58 +31,27 @@ bool AuditFileStreamWriter::CloseAuditFile() {
   return true;
 }
 
-bool AuditFileStreamWriter::CreateHeader(const Header& value) {
-  return Write("CreateHeader", value, [&](IDALHelper& helper) { HeaderDALC().CreateHeader(value, helper); });
-}
-
+bool AuditFileStreamWriter::CreateHeader(const Header& value) { return Write("CreateHeader", *writer_, value); }
 bool AuditFileStreamWriter::CreateGeneralLedger(const GeneralLedger& value) {
-  return Write("CreateGeneralLedger", value,
-               [&](IDALHelper& helper) { GeneralLedgerDALC().CreateGeneralLedger(value, helper); });
+  return Write("CreateGeneralLedger", *writer_, value);
 }
-
-bool AuditFileStreamWriter::CreateCustomer(const Customer& value) {
-  return Write("CreateCustomer", value, [&](IDALHelper& helper) { CustomerDALC().CreateCustomer(value, helper); });
-}
-
-bool AuditFileStreamWriter::CreateSupplier(const Supplier& value) {
-  return Write("CreateSupplier", value, [&](IDALHelper& helper) { SupplierDALC().CreateSupplier(value, helper); });
-}
-
-bool AuditFileStreamWriter::CreateTaxTable(const TaxTable& value) {
-  return Write("CreateTaxTable", value, [&](IDALHelper& helper) { TaxTableDALC().CreateTaxTable(value, helper); });
-}
-
-bool AuditFileStreamWriter::CreateProduct(const Product& value) {
-  return Write("CreateProduct", value, [&](IDALHelper& helper) { ProductDALC().CreateProduct(value, helper); });
-}
-
+bool AuditFileStreamWriter::CreateCustomer(const Customer& value) { return Write("CreateCustomer", *writer_, value); }
+bool AuditFileStreamWriter::CreateSupplier(const Supplier& value) { return Write("CreateSupplier", *writer_, value); }
+bool AuditFileStreamWriter::CreateTaxTable(const TaxTable& value) { return Write("CreateTaxTable", *writer_, value); }
+bool AuditFileStreamWriter::CreateProduct(const Product& value) { return Write("CreateProduct", *writer_, value); }
 bool AuditFileStreamWriter::BeginGeneralLedgerEntries(const GeneralLedgerEntries& value) {
-  return Write("BeginGeneralLedgerEntries", value,
-               [&](IDALHelper& helper) { GeneralLedgerEntriesDALC().CreateGeneralLedgerEntries(value, helper); });
+  return Write("BeginGeneralLedgerEntries", *writer_, value);
 }
-
 bool AuditFileStreamWriter::EndGeneralLedgerEntries() { return End("EndGeneralLedgerEntries"); }
-
-bool AuditFileStreamWriter::BeginJournal(const Journal& value) {
-  return Write("BeginJournal", value, [&](IDALHelper& helper) { JournalDALC().CreateJournal(value, helper); });
-}
-
+bool AuditFileStreamWriter::BeginJournal(const Journal& value) { return Write("BeginJournal", *writer_, value); }
 bool AuditFileStreamWriter::EndJournal() { return End("EndJournal"); }
-
 bool AuditFileStreamWriter::CreateTransaction(const Transaction& value) {
-  return Write("CreateTransaction", value,
-               [&](IDALHelper& helper) { TransactionDALC().CreateTransaction(value, nullptr, helper); });
+  return Write("CreateTransaction", *writer_, value);
 }
-
 bool AuditFileStreamWriter::BeginSalesInvoices(const SalesInvoices& value) {
-  return Write("BeginSalesInvoices", value,
-               [&](IDALHelper& helper) { SalesInvoicesDALC().CreateSalesInvoices(value, helper); });
+  return Write("BeginSalesInvoices", *writer_, value);
 }
-
 bool AuditFileStreamWriter::EndSalesInvoices() { return End("EndSalesInvoices"); }
-
-bool AuditFileStreamWriter::CreateInvoice(const Invoice& value) {
-  return Write("CreateInvoice", value, [&](IDALHelper& helper) { InvoiceDALC().CreateInvoice(value, helper); });
-}
+bool AuditFileStreamWriter::CreateInvoice(const Invoice& value) { return Write("CreateInvoice", *writer_, value); }
 
 }  // namespace zevo

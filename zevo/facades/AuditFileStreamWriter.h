@@ -78,9 +78,6 @@ class ZEVO_API AuditFileStreamWriter : public Facade {
 
  private:
   bool End(std::string_view member);
-  template <class R, class Operation>
-  bool Write(std::string_view member, const R& record, Operation&& operation);
-
   std::unique_ptr<TextFileDALHelper> writer_;
 };
 

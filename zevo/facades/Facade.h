@@ -12,6 +12,8 @@
 
 namespace zevo {
 
+class IDALHelper;
+
 /// What the façades have in common: an operation that fails throws nothing, but leaves its failure behind.
 class ZEVO_API Facade {
  public:
@@ -53,6 +55,15 @@ class ZEVO_API Facade {
       return false;
     }
   }
+
+  /// Attempts `operation(helper)`, which writes the record with a mapper, on the façade's writer or what stands for it
+  /// with a null record. Fails with message 5 while the writer is not open. For the façades that write: see
+  /// RecordWriting.h.
+  template <class R, class Operation>
+  bool Write(std::string_view member, IDALHelper& writer, const R& record, Operation&& operation);
+  /// The same with the operation that creates a record of the class.
+  template <class R>
+  bool Write(std::string_view member, IDALHelper& writer, const R& record);
 
   void ClearError() { exception_ = nullptr; }
   /// Keeps the exception that is being handled.
