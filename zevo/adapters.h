@@ -6,6 +6,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/TextHash.h>
+#include <zevo/Utf8.h>
 #include <zevo/facades/AuditFile.h>
 #include <zevo/facades/AuditFileReader.h>
 #include <zevo/facades/AuditFileStreamWriter.h>

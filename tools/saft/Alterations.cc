@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/Alterations.h"
 
-#include "tools/saft/Utf8.h"
 #include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {

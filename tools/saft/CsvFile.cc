@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/CsvFile.h"
 
+#include <zevo/adapters.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -9,7 +11,6 @@
 
 #include "tools/saft/Failure.h"
 #include "tools/saft/InputName.h"
-#include "tools/saft/Utf8.h"
 #include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {

@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "tools/saft/Failure.h"
-#include "tools/saft/Utf8.h"
 
 namespace zevo::saft {
 namespace {
@@ -34,6 +33,12 @@ constexpr std::array<KnownFile, 12> kFiles{{{Dataset::kHeader, "cabecalho.csv"},
                                             {Dataset::kInvoiceLines, "linhas_faturas.csv"},
                                             {Dataset::kCreditNotes, "notas_credito.csv"}}};
 
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, {}, &AsciiLower, &AsciiLower);
+}
+
 // The share of letters to put in, to take out or to change that make one name of the other, whatever their case.
 double Distance(std::string_view from, std::string_view to) {
   std::vector<size_t> row(to.size() + 1);  // of what is seen of `from`, to each beginning of `to`
@@ -41,7 +46,7 @@ double Distance(std::string_view from, std::string_view to) {
   for (const char letter : from) {
     size_t before = row[0]++;
     for (size_t i = 0; i < to.size(); ++i) {
-      const size_t same = before + (EqualIgnoringAsciiCase({&letter, 1}, to.substr(i, 1)) ? 0 : 1);
+      const size_t same = before + (AsciiLower(letter) == AsciiLower(to[i]) ? 0 : 1);
       before = row[i + 1];
       row[i + 1] = std::min({same, before + 1, row[i] + 1});
     }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/Table.h"
 
+#include <zevo/adapters.h>
+
 #include <algorithm>
 #include <utility>
 
-#include "tools/saft/Utf8.h"
 #include "tools/saft/VisibleText.h"
 
 namespace zevo::saft {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/VisibleText.h"
 
+#include <zevo/adapters.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-
-#include "tools/saft/Utf8.h"
 
 namespace zevo::saft {
 namespace {
@@ -34,25 +34,23 @@ void AppendHex(std::string& text, char32_t value, int digits) {
   while (digits-- > 0) text += kDigits[(value >> (4 * digits)) & 0xF];
 }
 
-void AppendVisible(std::string& text, std::string_view character) {
-  const auto byte = static_cast<unsigned char>(character[0]);
-  if (byte >= 0x20 && byte < 0x7F) {
-    text += character;
-  } else if (byte == '\n') {
+bool IsHidden(char32_t point) {
+  return std::ranges::any_of(kHidden, [&](auto range) { return point >= range.first && point <= range.last; });
+}
+
+void AppendVisible(std::string& text, char32_t point, std::string_view bytes) {
+  if (point == '\n') {
     text += "\\n";
-  } else if (byte == '\r') {
+  } else if (point == '\r') {
     text += "\\r";
-  } else if (byte == '\t') {
+  } else if (point == '\t') {
     text += "\\t";
-  } else if (character.size() == 1) {
-    AppendHex(text += "\\x", byte, 2);
+  } else if (point < 0x20 || point == 0x7F || point == kNotUtf8) {
+    AppendHex(text += "\\x", static_cast<unsigned char>(bytes[0]), 2);
+  } else if (IsHidden(point)) {
+    AppendHex(text += "\\u", point, 4);
   } else {
-    const char32_t point = CodePointOf(character);
-    if (std::ranges::any_of(kHidden, [&](auto range) { return point >= range.first && point <= range.last; })) {
-      AppendHex(text += "\\u", point, 4);
-    } else {
-      text += character;
-    }
+    text += bytes;
   }
 }
 
@@ -63,9 +61,9 @@ struct Front {
 
 Front FrontOf(std::string_view text, size_t most) {
   Front front{0, 0};
-  for (size_t at = 0; at < text.size(); ++front.length) {
-    at += std::max<size_t>(FirstLength(text.substr(at)), 1);
-    if (front.length < most) front.bytes = at;
+  for (std::string_view rest = text; !rest.empty(); ++front.length) {
+    TakeCharacter(rest);
+    if (front.length < most) front.bytes = text.size() - rest.size();
   }
   return front;
 }
@@ -77,9 +75,10 @@ std::string InBrackets(size_t length) { return " (" + std::to_string(length) + "
 std::string Visible(std::string_view text) {
   std::string visible;
   while (!text.empty()) {
-    const size_t length = std::max<size_t>(FirstLength(text), 1);
-    AppendVisible(visible, text.substr(0, length));
-    text.remove_prefix(length);
+    std::string_view rest = text;
+    const char32_t point = TakeCharacter(rest);
+    AppendVisible(visible, point, text.substr(0, text.size() - rest.size()));
+    text = rest;
   }
   return visible;
 }

@@ -8,8 +8,6 @@
 namespace zevo {
 namespace {
 
-bool IsContinuation(char c) { return (Byte(c) & 0xC0) == 0x80; }
-
 constexpr uint64_t Repeat(uint8_t byte) { return 0x0101010101010101U * byte; }
 
 // Length of the run of printable ASCII at the front, found eight bytes at a time.
@@ -54,34 +52,6 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
     text.remove_prefix(at + from.size());
   }
   return replaced.append(text);
-}
-
-char32_t TakeCharacter(std::string_view& text) {
-  const unsigned char lead = Byte(text.front());
-  size_t length = 1;
-  char32_t character = lead;
-  char32_t least = 0;
-  if (lead >= 0xF0) {
-    length = 4;
-    character = lead & 0x07U;
-    least = 0x10000;
-  } else if (lead >= 0xE0) {
-    length = 3;
-    character = lead & 0x0FU;
-    least = 0x800;
-  } else if (lead >= 0xC0) {
-    length = 2;
-    character = lead & 0x1FU;
-    least = 0x80;
-  }
-  bool valid = lead < 0x80 || (lead >= 0xC2 && lead <= 0xF4 && text.size() >= length);
-  for (size_t i = 1; valid && i < length; ++i) {
-    valid = IsContinuation(text[i]);
-    character = (character << 6) | (Byte(text[i]) & 0x3FU);
-  }
-  valid = valid && character >= least && character <= 0x10FFFF && (character < 0xD800 || character > 0xDFFF);
-  text.remove_prefix(valid ? length : 1);
-  return valid ? character : kNotUtf8;
 }
 
 void AppendCharacter(char32_t c, std::string& text) {

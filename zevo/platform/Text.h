@@ -2,6 +2,8 @@
 #ifndef ZEVO_PLATFORM_TEXT_H_
 #define ZEVO_PLATFORM_TEXT_H_
 
+#include <zevo/Utf8.h>
+
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -43,10 +45,6 @@ bool HoldsControlOrAnyOf(std::string_view text) {
   std::memcpy(&word, text.data() + text.size() - sizeof word, sizeof word);
   return holds(word);
 }
-
-/// Takes the character at the front off a text: its code point, or kNotUtf8 with one byte taken off.
-char32_t TakeCharacter(std::string_view& text);
-inline constexpr char32_t kNotUtf8 = 0xFFFFFFFF;
 
 /// The text with every `from` in it, taken from left to right, replaced by `to`.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
