@@ -12,12 +12,12 @@
 
 #include "fuzz/Expect.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tools/saft/AuditFileOutput.h"
-#include "tools/saft/Dataset.h"
-#include "tools/saft/EntriesWriter.h"
-#include "tools/saft/Failure.h"
-#include "tools/saft/InvoicesWriter.h"
-#include "tools/saft/MasterFilesWriter.h"
+#include "tools/saft/create/AuditFileOutput.h"
+#include "tools/saft/create/EntriesWriter.h"
+#include "tools/saft/create/InvoicesWriter.h"
+#include "tools/saft/create/MasterFilesWriter.h"
+#include "tools/saft/dataset/Dataset.h"
+#include "tools/saft/errors/Failure.h"
 
 namespace zevo {
 

@@ -9,14 +9,14 @@
 #include <iostream>
 #include <new>
 
-#include "tools/saft/Command.h"
-#include "tools/saft/CreateCommand.h"
-#include "tools/saft/Failure.h"
-#include "tools/saft/Interruption.h"
-#include "tools/saft/ListCommand.h"
-#include "tools/saft/SummaryCommand.h"
-#include "tools/saft/ValidateCommand.h"
-#include "tools/saft/VisibleText.h"
+#include "tools/saft/command/Command.h"
+#include "tools/saft/create/CreateCommand.h"
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
+#include "tools/saft/list/ListCommand.h"
+#include "tools/saft/summary/SummaryCommand.h"
+#include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/validate/ValidateCommand.h"
 
 namespace zevo::saft {
 namespace {

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/tools/saft/ToolTest.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+
+namespace zevo::testing {
+
+using ::testing::ElementsAre;
+
+ToolTest::ToolTest() { std::filesystem::create_directory(folder_.Path(kDataset)); }
+
+Outcome ToolTest::Run(const std::vector<std::string>& arguments) const {
+  std::vector<std::string> command{SAFT_PROGRAM};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  const Outcome outcome = Execute(command);
+  EXPECT_LT(outcome.code, 128) << "ended by a signal";
+  return outcome;
+}
+
+Outcome ToolTest::RunInShell(const std::string& script) const {
+  return Execute({"/bin/sh", "-c", "saft() { " SAFT_PROGRAM " \"$@\"; }; " + script});
+}
+
+Outcome ToolTest::Execute(const std::vector<std::string>& command) {
+  const TemporaryFolder streams;
+  const std::string out = streams.Path("out");
+  const std::string err = streams.Path("err");
+  const pid_t child = fork();
+  if (child == 0) {
+    std::vector<char*> argv;
+    for (const std::string& argument : command) argv.push_back(const_cast<char*>(argument.c_str()));
+    argv.push_back(nullptr);
+    if (std::freopen(out.c_str(), "w", stdout) && std::freopen(err.c_str(), "w", stderr)) execv(argv[0], argv.data());
+    _exit(127);
+  }
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, 0), child);
+  const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  return {code, ReadBytes(out), ReadBytes(err)};
+}
+
+Outcome ToolTest::Create(const std::vector<std::string>& options) const {
+  std::vector<std::string> arguments{"create", folder_.Path(kDataset), Output()};
+  arguments.insert(arguments.end(), options.begin(), options.end());
+  return Run(arguments);
+}
+
+void ToolTest::Write(std::string_view name, std::string_view text) const {
+  folder_.Write(std::string(kDataset) + "/" + std::string(name), text);
+}
+
+void ToolTest::ExpectRefused(std::string_view message) const {
+  const Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, std::string("saft: ").append(message).append("\n"));
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
+}
+
+void ToolTest::ExpectCreated() const {
+  const Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
+}
+
+std::vector<std::string> ToolTest::Texts(std::string_view element) const {
+  const std::string bytes = ReadBytes(Output());
+  const std::string start = std::string("<").append(element).append(">");
+  const std::string end = std::string("</").append(element).append(">");
+  std::vector<std::string> texts;
+  for (size_t at = bytes.find(start); at != std::string::npos; at = bytes.find(start, at + 1)) {
+    const size_t from = at + start.size();
+    texts.push_back(bytes.substr(from, bytes.find(end, from) - from));
+  }
+  return texts;
+}
+
+bool ToolTest::Has(std::string_view element) const {
+  const std::string bytes = ReadBytes(Output());
+  const std::string start = std::string("<").append(element);
+  return bytes.find(start + ">") != std::string::npos || bytes.find(start + "/>") != std::string::npos;
+}
+
+}  // namespace zevo::testing

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TESTS_TOOLS_SAFT_TOOLTEST_H_
+#define ZEVO_TESTS_TOOLS_SAFT_TOOLTEST_H_
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace zevo::testing {
+
+/// How a run of the program ended; a signal that ended it counts from 128.
+struct Outcome {
+  int code = 0;
+  std::string out;
+  std::string err;
+};
+
+/// Runs the program as a user does, on files of the test's own.
+class ToolTest : public ::testing::Test {
+ public:
+  ToolTest();
+
+ protected:
+  Outcome Run(const std::vector<std::string>& arguments) const;
+  /// Runs a script of the shell, in which "saft" is the program.
+  Outcome RunInShell(const std::string& script) const;
+  /// Runs `create` on the dataset.
+  Outcome Create(const std::vector<std::string>& options = {}) const;
+
+  /// Writes a file of the dataset.
+  void Write(std::string_view name, std::string_view text) const;
+  /// The path of a file of the dataset as messages tell it.
+  std::string In(std::string_view name) const { return folder_.Path(std::string(kDataset) + "/" + std::string(name)); }
+  std::string Output() const { return folder_.Path("out.xml"); }
+
+  /// Expects that the dataset is refused with a message and that nothing is left behind.
+  void ExpectRefused(std::string_view message) const;
+  /// Expects that the dataset becomes a file, with nothing to tell.
+  void ExpectCreated() const;
+  /// The texts of the elements of a name in the file created, in order, as the bytes stand there.
+  std::vector<std::string> Texts(std::string_view element) const;
+  /// Whether the file created has an element of the name.
+  bool Has(std::string_view element) const;
+
+  static constexpr std::string_view kDataset = "data";
+  TemporaryFolder folder_;
+
+ private:
+  static Outcome Execute(const std::vector<std::string>& command);
+};
+
+}  // namespace zevo::testing
+
+#endif  // ZEVO_TESTS_TOOLS_SAFT_TOOLTEST_H_

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class CsvFileTest : public testing::ToolTest {};
+
+TEST_F(CsvFileTest, ReadsRowsInOrder) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,Um\nC2,Dois\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CustomerID"), ElementsAre("C1", "C2"));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um", "Dois"));
+}
+
+TEST_F(CsvFileTest, TextIsUtf8) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,Pão – €\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("P\xE3o \x96 \x80"));
+}
+
+TEST_F(CsvFileTest, PassesOverAByteOrderMark) {
+  Write("customers.csv",
+        "\xEF\xBB\xBF"
+        "CustomerID\nC1\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CustomerID"), ElementsAre("C1"));
+}
+
+TEST_F(CsvFileTest, PassesOverAByteOrderMarkBeforeAQuotedName) {
+  Write("customers.csv", "\xEF\xBB\xBF\"CustomerID\"\nC1\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CustomerID"), ElementsAre("C1"));
+}
+
+TEST_F(CsvFileTest, TakesCarriageReturnsBeforeLineFeeds) {
+  Write("customers.csv", "CustomerID,CompanyName\r\nC1,Um\r\nC2,\"Dois\"\r\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um", "Dois"));
+}
+
+TEST_F(CsvFileTest, TheLastRowNeedsNoLineFeed) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,\"Um\"");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um"));
+}
+
+TEST_F(CsvFileTest, QuotedCellsHoldCommasAndQuotationMarks) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,\"Um, \"\"dois\"\"\"\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um, \"dois\""));
+}
+
+TEST_F(CsvFileTest, QuotedCellsHoldLineFeeds) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,\"Um\ndois\"\nC2,Outro\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um\ndois", "Outro"));
+}
+
+TEST_F(CsvFileTest, EmptyLinesAreNoRows) {
+  Write("customers.csv", "\nCustomerID\n\nC1\n\r\nC2\n\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CustomerID"), ElementsAre("C1", "C2"));
+}
+
+// One writer leaves them out of what it is given, the other does not: both are to write the same.
+TEST_F(CsvFileTest, SpacesAtTheEndsOfACellDoNotCount) {
+  Write("customers.csv", "CustomerID, CompanyName ,BillingAddress.City\n C1 ,\"  Zé da  Esquina \",  \n  ,,\n");
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11, 5 \n");
+  const std::string streamed = folder_.Path("streamed.xml");
+  ASSERT_EQ(Run({"create", folder_.Path(kDataset), Output()}).code, 0);
+  ASSERT_EQ(Run({"create", "--stream", folder_.Path(kDataset), streamed}).code, 0);
+  for (const std::string& file : {Output(), streamed}) {
+    const std::string xml = testing::ReadBytes(file);
+    EXPECT_THAT(xml, HasSubstr("<CustomerID>C1</CustomerID>"));
+    EXPECT_THAT(xml, HasSubstr("<CompanyName>Z\xE9 da  Esquina</CompanyName>"));
+    EXPECT_THAT(xml, HasSubstr("<OpeningDebitBalance>5</OpeningDebitBalance>"));
+    EXPECT_THAT(xml, Not(HasSubstr("<City> ")));
+  }
+}
+
+struct Faulty {
+  const char* shows;
+  std::string text;
+  const char* place;
+};
+
+class CsvFileFaultyTest : public testing::ToolTest, public ::testing::WithParamInterface<Faulty> {};
+
+TEST_P(CsvFileFaultyTest, IsRefused) {
+  Write("customers.csv", GetParam().text);
+  ExpectRefused(In("customers.csv") + GetParam().place);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, CsvFileFaultyTest,
+    ::testing::Values(
+        Faulty{"FewerCells", "CustomerID,Contact,Fax\nC1,a,b\nC2,a\n", ":3: 2 cells, but the header has 3"},
+        Faulty{"MoreCells", "CustomerID\nC1,a\n", ":2: 2 cells, but the header has 1"},
+        Faulty{"OneCell", "CustomerID,Contact\nC1\n", ":2: 1 cell, but the header has 2"},
+        Faulty{"ColumnTwice", "CustomerID,Contact,CustomerID\n", ":1: column \"CustomerID\" is there twice"},
+        Faulty{"QuotationMarkWithin", "CustomerID,Contact\nC1,o \"Zé\"\n",
+               ":2: Contact: malformed CSV, a quotation mark out of place"},
+        Faulty{"TextAfterQuotationMark", "CustomerID,Contact\n\"C1\"x,a\n",
+               ":2: CustomerID: malformed CSV, a quotation mark out of place"},
+        Faulty{"BlankAfterQuotationMark", "CustomerID,Contact\n\"C1\" ,a\n",
+               ":2: CustomerID: malformed CSV, a quotation mark out of place"},
+        Faulty{"InTheHeader", "CustomerID,Con\"tact\n", ":1: cell 2: malformed CSV, a quotation mark out of place"},
+        Faulty{"QuotationMarkOpen", "CustomerID,Contact\nC1,a\nC2,\"b\nC3,c\n",
+               ":3: Contact: malformed CSV, a quotation mark is not closed"},
+        Faulty{"LoneCarriageReturn", "CustomerID,Contact\nC1,a\rC2,b\n",
+               ":2: malformed CSV, a carriage return without a line feed"},
+        Faulty{"OnlyCarriageReturns", "CustomerID,Contact\rC1,a\r",
+               ":1: malformed CSV, a carriage return without a line feed"},
+        Faulty{"CarriageReturnAtTheEnd", "CustomerID,Contact\nC1,a\r",
+               ":2: malformed CSV, a carriage return without a line feed"},
+        Faulty{"Latin1", "CustomerID,Contact\nC1,Jos\xE9\n", ":2: Contact: \"Jos\\xE9\": not UTF-8"},
+        Faulty{"Latin1InTheHeader", "CustomerID,Contact\xE9\n", ":1: cell 2: \"Contact\\xE9\": not UTF-8"},
+        Faulty{"Utf16",
+               std::string("\xFF\xFE"
+                           "C\0u\0",
+                           6),
+               ":1: cell 1: \"\\xFF\\xFEC\\x00u\\x00\": not UTF-8"},
+        Faulty{"OverlongUtf8", "CustomerID\nC\xC0\xAF\n", ":2: CustomerID: \"C\\xC0\\xAF\": not UTF-8"},
+        Faulty{"OverlongUtf8OfThree", "CustomerID\n\xE0\x9F\xBF\n", ":2: CustomerID: \"\\xE0\\x9F\\xBF\": not UTF-8"},
+        Faulty{"Surrogate", "CustomerID\n\xED\xA0\x80\n", ":2: CustomerID: \"\\xED\\xA0\\x80\": not UTF-8"},
+        Faulty{"BeyondUnicode", "CustomerID\n\xF4\x90\x80\x80\n",
+               ":2: CustomerID: \"\\xF4\\x90\\x80\\x80\": not UTF-8"},
+        Faulty{"CutUtf8", "CustomerID\n\xE2\x82\n", ":2: CustomerID: \"\\xE2\\x82\": not UTF-8"},
+        Faulty{"RowAfterQuotedLineFeeds", "CustomerID,Contact\nC1,\"a\nb\nc\"\nC2\n",
+               ":5: 1 cell, but the header has 2"},
+        Faulty{"RowThatHasLineFeeds", "CustomerID,Contact\nC1,a\n\"C\n\n2\"\n", ":3: 1 cell, but the header has 2"},
+        Faulty{"RowAfterEmptyLines", "\n\nCustomerID,Contact\n\nC1\n", ":5: 1 cell, but the header has 2"},
+        Faulty{"RowAfterCarriageReturns", "CustomerID,Contact\r\nC1,\"a\r\nb\"\r\n\r\nC2\r\n",
+               ":5: 1 cell, but the header has 2"}),
+    [](const auto& info) { return info.param.shows; });
+
+TEST_F(CsvFileTest, AFolderIsNoFile) {
+  std::filesystem::create_directory(In("customers.csv"));
+  ExpectRefused(In("customers.csv") + ": is a folder");
+}
+
+TEST_F(CsvFileTest, AMessageStaysOnOneLine) {
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11,\"1\r\n\t\x01\x7F\"\n");
+  ExpectRefused(In("general_ledger.csv") +
+                ":2: OpeningDebitBalance: \"1\\r\\n\\t\\x01\\x7F\": not an amount with a decimal point");
+}
+
+TEST_F(CsvFileTest, AMillionDigitsAreToldInPart) {
+  const std::string digits(1000000, '7');
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11," + digits + "\n");
+  ExpectRefused(In("general_ledger.csv") + ":2: OpeningDebitBalance: \"" + digits.substr(0, 60) +
+                "…\" (1000000 characters): out of range");
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11,1." + digits + "\n");
+  const testing::Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, ::testing::HasSubstr("OpeningDebitBalance: \"1." + digits.substr(0, 58) +
+                                                "…\" (1000002 characters) to \"1.7778\"\n"));
+}
+
+TEST_F(CsvFileTest, WhatActsOnATerminalIsMadeVisible) {
+  Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11,1\u202E\u009B2\n");
+  ExpectRefused(In("general_ledger.csv") +
+                ":2: OpeningDebitBalance: \"1\\u202E\\u009B2\": not an amount with a decimal point");
+}
+
+class CsvFileEmptyTest : public testing::ToolTest, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(CsvFileEmptyTest, HasNoRecords) {
+  Write("customers.csv", "CustomerID\nC1\n");
+  Write("products.csv", GetParam());
+  ExpectCreated();
+  EXPECT_FALSE(Has("Product"));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CsvFileEmptyTest,
+                         ::testing::Values("", "\n", "\xEF\xBB\xBF", "ProductCode\n", "ProductCode",
+                                           "ProductCode\n\n"));
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+
+class ColumnBindingTest : public testing::ToolTest {};
+
+TEST_F(ColumnBindingTest, ADotLeadsIntoAnOwnedChild) {
+  Write("customers.csv", "BillingAddress.City,CustomerID\nViseu,C1\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("City"), ElementsAre("Viseu"));
+}
+
+TEST_F(ColumnBindingTest, AChildAssignedByReferenceExistsWhenACellIsFilled) {
+  Write("customers.csv", "CustomerID,ShipToAddress.City,ShipToAddress.Region\nC1,,\nC2,,Beira\n");
+  ExpectCreated();
+  EXPECT_EQ(Texts("ShipToAddress").size(), 1U);
+  EXPECT_THAT(Texts("Region"), ElementsAre("Beira"));
+}
+
+TEST_F(ColumnBindingTest, ChildrenOfChildrenComeIntoBeing) {
+  Write("invoices.csv",
+        "InvoiceNo,ShipTo.Address.City,DocumentTotals.CurrencyValue.CurrencyCode\nFT 1,Porto,USD\nFT 2,,\n");
+  ExpectCreated();
+  EXPECT_EQ(Texts("ShipTo").size(), 1U);
+  EXPECT_THAT(Texts("City"), ElementsAre("Porto"));
+  EXPECT_THAT(Texts("CurrencyCode"), ElementsAre("USD"));
+}
+
+TEST_F(ColumnBindingTest, TheAddressOfAShippingPointIsShortenedToo) {
+  Write("invoices.csv", "InvoiceNo,ShipFrom.Address.BuildingNumber\nFT 1,12345678901\n");
+  EXPECT_EQ(Create().code, 0);
+  EXPECT_THAT(Texts("BuildingNumber"), ElementsAre("1234567890"));
+}
+
+TEST_F(ColumnBindingTest, ColumnsComeInAnyOrder) {
+  Write("invoices.csv", "InvoiceNo\nFT 1\n");
+  Write("invoice_lines.csv", "Tax.TaxCode,OrderReferences.OriginatingOn,LineNumber,InvoiceNo\nNOR,E 7,1,FT 1\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("OriginatingON"), ElementsAre("E 7"));
+  EXPECT_THAT(Texts("TaxCode"), ElementsAre("NOR"));
+}
+
+TEST_F(ColumnBindingTest, AnEmptyCellLeavesTheDefault) {
+  Write("header.csv", "CompanyName,CurrencyCode,CompanyAddress.Country\nCasa,,\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CurrencyCode"), ElementsAre("EUR"));
+  EXPECT_THAT(Texts("Country"), ElementsAre("PT"));
+}
+
+struct BadColumn {
+  const char* file;
+  const char* columns;
+  const char* message;
+};
+
+class ColumnBindingBadColumnTest : public testing::ToolTest, public ::testing::WithParamInterface<BadColumn> {};
+
+TEST_P(ColumnBindingBadColumnTest, IsRefused) {
+  Write(GetParam().file, std::string(GetParam().columns) + "\n");
+  ExpectRefused(In(GetParam().file) + ":1: column " + GetParam().message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, ColumnBindingBadColumnTest,
+    ::testing::Values(
+        BadColumn{"customers.csv", "CustomerID,Name", "\"Name\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,companyname", "\"companyname\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,", "\"\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,BillingAddress.Town", "\"BillingAddress.Town\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,CompanyName.City", "\"CompanyName.City\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,Address.City", "\"Address.City\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,BillingAddress.", "\"BillingAddress.\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,BillingAddress",
+                  "\"BillingAddress\": a column must name one of its properties, after a dot"},
+        BadColumn{"suppliers.csv", "SupplierID,ShipToAddress.City", "\"ShipToAddress.City\": unknown column"},
+        BadColumn{"invoices.csv", "InvoiceNo,Line", "\"Line\": unknown column"},
+        BadColumn{"invoices.csv", "InvoiceNo,Line.LineNumber", "\"Line.LineNumber\": unknown column"},
+        BadColumn{"header.csv", "AuditFileVersion", "\"AuditFileVersion\": constant, it cannot be set"},
+        BadColumn{"header.csv", "ProductCompanyTaxId", "\"ProductCompanyTaxId\": constant, it cannot be set"},
+        BadColumn{"tax_table.csv", "TaxCode,TaxType", "\"TaxType\": constant, it cannot be set"},
+        BadColumn{"invoice_lines.csv", "InvoiceNo,LineNumber,Tax.TaxType",
+                  "\"Tax.TaxType\": constant, it cannot be set"}));
+
+}  // namespace
+}  // namespace zevo

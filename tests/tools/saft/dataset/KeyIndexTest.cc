@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/ChosenKeys.h"
+#include "tests/support/Sanitizers.h"
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+
+struct UniqueKey {
+  const char* file;
+  const char* key;
+  const char* parent = "";  ///< parent column, whose cell is always P
+};
+
+class KeyIndexUniqueKeyTest : public testing::ToolTest, public ::testing::WithParamInterface<UniqueKey> {
+ protected:
+  void WriteKeys(const std::string& first, const std::string& second) const {
+    const std::string parent = GetParam().parent;
+    const std::string cell = parent.empty() ? "" : "P,";
+    Write("journals.csv", "JournalID\nP\n");
+    Write("transactions.csv", "JournalID,TransactionID\n");
+    Write(GetParam().file,
+          (parent.empty() ? "" : parent + ",") + GetParam().key + "\n" + cell + first + "\n" + cell + second + "\n");
+  }
+};
+
+TEST_P(KeyIndexUniqueKeyTest, ADuplicateIsRefused) {
+  WriteKeys("K", "K");
+  ExpectRefused(In(GetParam().file) + ":3: " + GetParam().key + ": \"K\": duplicate, row 2 has it already");
+}
+
+TEST_P(KeyIndexUniqueKeyTest, KeysDifferInLetterCase) {
+  WriteKeys("k", "K");
+  ExpectCreated();
+}
+
+INSTANTIATE_TEST_SUITE_P(All, KeyIndexUniqueKeyTest,
+                         ::testing::Values(UniqueKey{"general_ledger.csv", "AccountID"},
+                                           UniqueKey{"customers.csv", "CustomerID"},
+                                           UniqueKey{"suppliers.csv", "SupplierID"},
+                                           UniqueKey{"products.csv", "ProductCode"},
+                                           UniqueKey{"journals.csv", "JournalID"},
+                                           UniqueKey{"transactions.csv", "TransactionID", "JournalID"},
+                                           UniqueKey{"invoices.csv", "InvoiceNo"}));
+
+class KeyIndexTest : public testing::ToolTest {};
+
+// The processor time of the programs that have been run to their end.
+double SecondsOfPrograms() {
+  rusage usage{};
+  getrusage(RUSAGE_CHILDREN, &usage);
+  return static_cast<double>(usage.ru_utime.tv_sec) + static_cast<double>(usage.ru_utime.tv_usec) / 1e6;
+}
+
+TEST_F(KeyIndexTest, KeysThatTheSchemaMakesEqualAreDuplicates) {
+  const std::string long_key(30, 'K');
+  Write("customers.csv", "CustomerID\n" + long_key + "a\n" + long_key + "b\n");
+  ExpectRefused(In("customers.csv") + ":3: CustomerID: \"" + long_key + "b\": duplicate, row 2 has it already");
+}
+
+TEST_F(KeyIndexTest, TaxRatesHaveNoKey) {
+  Write("tax_table.csv", "TaxCountryRegion,TaxCode,TaxPercentage\nPT,NOR,21\nPT,NOR,23\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("TaxPercentage"), ElementsAre("21", "23"));
+}
+
+// Somebody may choose the keys: they take no longer than any others.
+TEST_F(KeyIndexTest, ChosenKeysTakeNoLongerThanOthers) {
+  if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
+  const std::vector<std::string> keys = testing::KeysOfOneHash(20'000);
+  std::string journals = "JournalID\n";
+  std::string transactions = "JournalID,TransactionID\n";
+  for (const std::string& key : keys) {
+    journals.append(key).append("\n");
+    transactions.append(key).append(",").append(key).append("\n");
+  }
+  Write("journals.csv", journals);
+  Write("transactions.csv", transactions);
+  const double before = SecondsOfPrograms();
+  ExpectCreated();
+  EXPECT_LT(SecondsOfPrograms() - before, 2);
+  EXPECT_EQ(Texts("TransactionID").size(), keys.size());
+}
+
+TEST_F(KeyIndexTest, ARowIsToldByTheLineOnWhichItBegins) {
+  Write("customers.csv", "CustomerID,Contact\nC1,\"a\n\nb\"\nC2,\nC1,\n");
+  ExpectRefused(In("customers.csv") + ":6: CustomerID: \"C1\": duplicate, row 2 has it already");
+}
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+
+class PropertyTextTest : public testing::ToolTest {};
+
+TEST_F(PropertyTextTest, AmountsHaveAPoint) {
+  Write("general_ledger.csv",
+        "AccountID,OpeningDebitBalance,OpeningCreditBalance\n11,12.50,0\n12,-0.0001,922337203685477.5807\n13,,7\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("OpeningDebitBalance"), ElementsAre("12.5", "-0.0001", "0"));
+  EXPECT_THAT(Texts("OpeningCreditBalance"), ElementsAre("0", "922337203685477.5807", "7"));
+}
+
+TEST_F(PropertyTextTest, FlagsAreZeroOrOne) {
+  Write("customers.csv", "CustomerID,SelfBillingIndicator\nC1,1\nC2,0\nC3,\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("SelfBillingIndicator"), ElementsAre("1", "0", "0"));
+}
+
+TEST_F(PropertyTextTest, CodesAreThoseOfTheFile) {
+  Write("header.csv", "TaxAccountingBasis\nI\n");
+  Write("products.csv", "ProductCode,ProductType\n1,P\n2,S\n3,O\n4,I\n");
+  Write("invoices.csv",
+        "InvoiceNo,InvoiceType,InvoiceStatus,DocumentTotals.Settlement.PaymentMechanism\n1,FT,N,NU\n2,RA,A,TR\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("TaxAccountingBasis"), ElementsAre("I"));
+  EXPECT_THAT(Texts("ProductType"), ElementsAre("P", "S", "O", "I"));
+  EXPECT_THAT(Texts("InvoiceType"), ElementsAre("FT", "RA"));
+  EXPECT_THAT(Texts("InvoiceStatus"), ElementsAre("N", "A"));
+  EXPECT_THAT(Texts("PaymentMechanism"), ElementsAre("NU", "TR"));
+}
+
+TEST_F(PropertyTextTest, SinglesAndCounts) {
+  Write("invoices.csv", "InvoiceNo\nFT 1\n");
+  Write("invoice_lines.csv", "InvoiceNo,LineNumber,Tax.TaxPercentage\nFT 1,1,6.5\nFT 1,2147483647,23\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("LineNumber"), ElementsAre("1", "2147483647"));
+  EXPECT_THAT(Texts("TaxPercentage"), ElementsAre("6.5", "23"));
+}
+
+struct BadCell {
+  const char* file;
+  const char* column;
+  const char* value;
+  const char* reason;
+};
+
+class PropertyTextBadCellTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
+
+TEST_P(PropertyTextBadCellTest, IsRefused) {
+  const auto& [file, column, value, reason] = GetParam();
+  // The columns that a file must have stand before the one in question.
+  const std::string name(file);
+  const bool is_line = name == "invoice_lines.csv";
+  const std::string keys = is_line                   ? "InvoiceNo,LineNumber,"
+                           : name == "invoices.csv"  ? "InvoiceNo,"
+                           : name == "customers.csv" ? "CustomerID,"
+                           : name == "products.csv"  ? "ProductCode,"
+                                                     : "AccountID,";
+  if (is_line) Write("invoices.csv", "InvoiceNo\nk\n");
+  Write(file, keys + column + "\n" + (is_line ? "k,1," : "k,") + "\"" + value + "\"\n");
+  ExpectRefused(In(file) + ":2: " + column + ": \"" + value + "\": " + reason);
+}
+
+constexpr const char* kNoAmount = "not an amount with a decimal point";
+constexpr const char* kNoSingle = "not a number with a decimal point";
+
+INSTANTIATE_TEST_SUITE_P(
+    All, PropertyTextBadCellTest,
+    ::testing::Values(
+        BadCell{"general_ledger.csv", "OpeningDebitBalance", "12,50", kNoAmount},
+        BadCell{"general_ledger.csv", "OpeningDebitBalance", "1.000,00", kNoAmount},
+        BadCell{"general_ledger.csv", "OpeningDebitBalance", "abc", kNoAmount},
+        BadCell{"general_ledger.csv", "OpeningDebitBalance", "5 0", kNoAmount},
+        BadCell{"general_ledger.csv", "OpeningDebitBalance", "922337203685477.5808", "out of range"},
+        BadCell{"invoices.csv", "DocumentTotals.GrossTotal", "1€", kNoAmount},
+        BadCell{"customers.csv", "SelfBillingIndicator", "2", "not a flag, 0 or 1"},
+        BadCell{"customers.csv", "SelfBillingIndicator", "true", "not a flag, 0 or 1"},
+        BadCell{"products.csv", "ProductType", "p", "not one of P, S, O, I"},
+        BadCell{"products.csv", "ProductType", "51", "not one of P, S, O, I"},
+        BadCell{"invoices.csv", "InvoiceType", "XX", "not one of FT, ND, NC, VD, TV, TD, AA, DA, RP, RE, CS, LD, RA"},
+        BadCell{"invoices.csv", "InvoiceStatus", "X", "not one of N, A, F, S"},
+        BadCell{"invoice_lines.csv", "Tax.TaxPercentage", "23,0", kNoSingle},
+        BadCell{"invoice_lines.csv", "Tax.TaxPercentage", "23%", kNoSingle},
+        BadCell{"invoice_lines.csv", "Tax.TaxPercentage", "nan", kNoSingle},
+        BadCell{"invoice_lines.csv", "Tax.TaxPercentage", "inf", kNoSingle},
+        BadCell{"invoice_lines.csv", "Tax.TaxAmount", "1e3", kNoSingle},
+        BadCell{"invoice_lines.csv", "Tax.TaxAmount", "999999999999999999999999999999999999999", "out of range"}));
+
+class PropertyTextBadCountTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
+
+TEST_P(PropertyTextBadCountTest, IsRefused) {
+  Write("invoices.csv", "InvoiceNo\nk\n");
+  Write("invoice_lines.csv", std::string("InvoiceNo,LineNumber\nk,") + GetParam().value + "\n");
+  ExpectRefused(In("invoice_lines.csv") + ":2: LineNumber: \"" + GetParam().value + "\": " + GetParam().reason);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PropertyTextBadCountTest,
+                         ::testing::Values(BadCell{"", "", "1.0", "not a whole number"},
+                                           BadCell{"", "", "um", "not a whole number"},
+                                           BadCell{"", "", "+1", "not a whole number"},
+                                           BadCell{"", "", "2147483648", "out of range"}));
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+
+// Rows of one file that belong to rows of another.
+class RecordTableTest : public testing::ToolTest {
+ protected:
+  void WriteEntries(std::string_view lines) const {
+    Write("journals.csv", "JournalID\nJ\n");
+    Write("transactions.csv", "JournalID,TransactionID\nJ,T1\nJ,T2\n");
+    Write("transaction_lines.csv", std::string("TransactionID,RecordID\n").append(lines));
+  }
+  void WriteInvoices(std::string_view lines, std::string_view notes = "") const {
+    Write("invoices.csv", "InvoiceNo\nNC 1\nNC 2\n");
+    Write("invoice_lines.csv", std::string("InvoiceNo,LineNumber\n").append(lines));
+    if (!notes.empty()) Write("credit_notes.csv", std::string("InvoiceNo,LineNumber,Reference\n").append(notes));
+  }
+};
+
+TEST_F(RecordTableTest, LinesFindTheirTransactionInWhateverOrderTheyCome) {
+  WriteEntries("T2,a\nT1,b\nT2,c\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("RecordID"), ElementsAre("b", "a", "c"));
+}
+
+TEST_F(RecordTableTest, LinesFindTheirInvoiceInWhateverOrderTheyCome) {
+  WriteInvoices("NC 2,1\nNC 1,2\nNC 2,3\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("LineNumber"), ElementsAre("2", "1", "3"));
+}
+
+TEST_F(RecordTableTest, CreditNotesFindTheirLine) {
+  WriteInvoices("NC 1,1\nNC 1,2\nNC 2,1\n", "NC 2,1,FT 3\nNC 1,2,FT 1\nNC 1,2,FT 2\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("Reference"), ElementsAre("FT 1", "FT 2", "FT 3"));
+  EXPECT_EQ(Texts("References").size(), 2U);
+}
+
+TEST_F(RecordTableTest, TransactionsStandInTheirJournal) {
+  Write("journals.csv", "JournalID\nJ1\nJ2\n");
+  Write("transactions.csv", "JournalID,TransactionID\nJ2,T1\nJ1,T2\nJ2,T3\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("TransactionID"), ElementsAre("T2", "T1", "T3"));
+}
+
+TEST_F(RecordTableTest, AShortenedKeyIsFoundByTheWholeOne) {
+  const std::string id(31, 'J');
+  Write("journals.csv", "JournalID\n" + id + "\n");
+  Write("transactions.csv", "JournalID,TransactionID\n" + id + ",T1\n");
+  EXPECT_EQ(Create().code, 0);
+  EXPECT_THAT(Texts("TransactionID"), ElementsAre("T1"));
+}
+
+TEST_F(RecordTableTest, ATransactionNeedsItsJournal) {
+  Write("journals.csv", "JournalID\nJ\n");
+  Write("transactions.csv", "JournalID,TransactionID\nJ,T1\nX,T2\n");
+  ExpectRefused(In("transactions.csv") + ":3: JournalID: \"X\": not in journals.csv");
+}
+
+TEST_F(RecordTableTest, ATransactionWithoutAnyJournalIsRefused) {
+  Write("transactions.csv", "JournalID,TransactionID\nJ,T1\n");
+  ExpectRefused(In("transactions.csv") + ":2: JournalID: \"J\": not in journals.csv");
+}
+
+TEST_F(RecordTableTest, ATransactionLineNeedsItsTransaction) {
+  WriteEntries("T1,1\nt1,1\n");
+  ExpectRefused(In("transaction_lines.csv") + ":3: TransactionID: \"t1\": not in transactions.csv");
+}
+
+TEST_F(RecordTableTest, ATransactionLineWithoutAnyTransactionIsRefused) {
+  Write("transaction_lines.csv", "TransactionID,RecordID\nT1,1\n");
+  ExpectRefused(In("transaction_lines.csv") + ":2: TransactionID: \"T1\": not in transactions.csv");
+}
+
+TEST_F(RecordTableTest, AnInvoiceLineNeedsItsInvoice) {
+  WriteInvoices("NC 1,1\n,1\n");
+  ExpectRefused(In("invoice_lines.csv") + ":3: InvoiceNo: \"\": not in invoices.csv");
+}
+
+TEST_F(RecordTableTest, ACreditNoteNeedsItsInvoice) {
+  WriteInvoices("NC 1,1\n", "NC 3,1,FT 1\n");
+  ExpectRefused(In("credit_notes.csv") + ":2: InvoiceNo: \"NC 3\": not in invoices.csv");
+}
+
+TEST_F(RecordTableTest, ACreditNoteNeedsItsLine) {
+  WriteInvoices("NC 1,1\nNC 2,2\n", "NC 1,2,FT 1\n");
+  ExpectRefused(In("credit_notes.csv") + ":2: LineNumber: \"2\": no such line in its invoice");
+}
+
+TEST_F(RecordTableTest, TheLineOfACreditNoteIsANumber) {
+  WriteInvoices("NC 1,1\n", "NC 1,01,FT 1\nNC 1,um,FT 1\n");
+  ExpectRefused(In("credit_notes.csv") + ":3: LineNumber: \"um\": not a whole number");
+}
+
+constexpr const char* kDuplicate = "duplicate, an earlier row with the same parent has it already";
+
+TEST_F(RecordTableTest, ARecordIDIsUniqueInItsTransaction) {
+  WriteEntries("T1,1\nT2,1\nT1,1\n");
+  ExpectRefused(In("transaction_lines.csv") + ":4: RecordID: \"1\": " + kDuplicate);
+}
+
+TEST_F(RecordTableTest, ALineNumberIsUniqueInItsInvoice) {
+  WriteInvoices("NC 1,1\nNC 2,1\nNC 2,01\n");
+  ExpectRefused(In("invoice_lines.csv") + ":4: LineNumber: \"01\": " + kDuplicate);
+}
+
+TEST_F(RecordTableTest, AReferenceIsUniqueInItsLine) {
+  WriteInvoices("NC 1,1\nNC 1,2\n", "NC 1,1,FT 1\nNC 1,2,FT 1\nNC 1,1,FT 1\n");
+  ExpectRefused(In("credit_notes.csv") + ":4: Reference: \"FT 1\": " + kDuplicate);
+}
+
+struct Missing {
+  const char* file;
+  const char* columns;
+  const char* missing;
+};
+
+class RecordTableMissingColumnTest : public testing::ToolTest, public ::testing::WithParamInterface<Missing> {};
+
+TEST_P(RecordTableMissingColumnTest, IsRefused) {
+  Write(GetParam().file, std::string(GetParam().columns) + "\n");
+  ExpectRefused(In(GetParam().file) + ":1: column \"" + GetParam().missing + "\" is missing");
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RecordTableMissingColumnTest,
+                         ::testing::Values(Missing{"customers.csv", "CompanyName", "CustomerID"},
+                                           Missing{"transactions.csv", "TransactionID", "JournalID"},
+                                           Missing{"transaction_lines.csv", "RecordID", "TransactionID"},
+                                           Missing{"transaction_lines.csv", "TransactionID", "RecordID"},
+                                           Missing{"invoice_lines.csv", "LineNumber", "InvoiceNo"},
+                                           Missing{"credit_notes.csv", "InvoiceNo,Reference", "LineNumber"}));
+
+}  // namespace
+}  // namespace zevo

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+
+// A program that is interrupted while it writes, on a disk so slow that there is time to do it.
+class InterruptionTest : public testing::ToolTest, public ::testing::WithParamInterface<int> {
+ protected:
+  /// Starts `create` on a dataset of some pieces.
+  void Start(const std::vector<std::string>& options) {
+    std::string customers = "CustomerID,CompanyName\n";
+    for (int i = 0; i < 400; ++i) customers += "C" + std::to_string(i) + "," + std::string(60, 'x') + "\n";
+    Write("customers.csv", customers);
+    child_ = fork();
+    ASSERT_GE(child_, 0);
+    if (child_ > 0) return;
+    setenv("LD_PRELOAD", SLOW_DISK, 1);
+    setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
+    std::vector<std::string> arguments{"saft", "create", folder_.Path(kDataset), Output()};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    std::vector<char*> argv;
+    for (std::string& argument : arguments) argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    const std::string err = folder_.Path("err");
+    if (std::freopen(err.c_str(), "w", stderr)) execv(SAFT_PROGRAM, argv.data());
+    _exit(127);
+  }
+
+  template <class Condition>
+  void Await(Condition&& condition) const {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (!condition()) {
+      ASSERT_LT(std::chrono::steady_clock::now(), end);
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+  }
+  void AwaitOpen(const std::string& path) const {
+    Await([&] {
+      std::error_code ended;
+      for (const auto& descriptor :
+           std::filesystem::directory_iterator("/proc/" + std::to_string(child_) + "/fd", ended)) {
+        std::error_code closed;
+        if (std::filesystem::read_symlink(descriptor, closed) == path) return true;
+      }
+      return false;
+    });
+  }
+
+  void ExpectInterrupted() const {
+    ASSERT_EQ(kill(child_, GetParam()), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(child_, &status, 0), child_);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "ended with " << WEXITSTATUS(status);
+    EXPECT_EQ(WTERMSIG(status), GetParam());
+    EXPECT_EQ(testing::ReadBytes(folder_.Path("err")), "saft: interrupted\n");
+    EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "err"));
+  }
+
+  pid_t child_ = -1;
+};
+
+TEST_P(InterruptionTest, LeavesNoFileThatIsWrittenAtOnce) {
+  Start({"--stream"});
+  AwaitOpen(In("customers.csv"));
+  ASSERT_TRUE(std::filesystem::exists(Output()));
+  ExpectInterrupted();
+}
+
+TEST_P(InterruptionTest, LeavesNoFileThatIsBuiltInMemory) {
+  Start({});
+  AwaitOpen(In("customers.csv"));
+  ExpectInterrupted();
+}
+
+TEST_P(InterruptionTest, LeavesNoFileThatIsBeingSaved) {
+  Start({});
+  // The dataset, the messages and what is to become the file.
+  Await([&] { return folder_.Names().size() > 2; });
+  ExpectInterrupted();
+}
+
+INSTANTIATE_TEST_SUITE_P(All, InterruptionTest, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
+
+TEST_P(InterruptionTest, ASignalThatIsIgnoredFromTheStartStaysSo) {
+  struct sigaction ignore {};
+  struct sigaction before {};
+  ignore.sa_handler = SIG_IGN;
+  ASSERT_EQ(sigaction(GetParam(), &ignore, &before), 0);
+  Start({"--stream"});
+  sigaction(GetParam(), &before, nullptr);
+  AwaitOpen(In("customers.csv"));
+  ASSERT_EQ(kill(child_, GetParam()), 0);
+  int status = 0;
+  ASSERT_EQ(waitpid(child_, &status, 0), child_);
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_EQ(Texts("Customer").size(), 400U);
+}
+
+}  // namespace
+}  // namespace zevo

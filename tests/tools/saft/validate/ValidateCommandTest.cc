@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class ValidateCommandTest : public testing::ToolTest {
+ protected:
+  // A schema of the namespace whose root element holds nothing.
+  static constexpr std::string_view kEmptyFileSchema =
+      R"(<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema" elementFormDefault="qualified")"
+      R"( targetNamespace="urn:OECD:StandardAuditFile-Tax:PT_1.01_01"><xs:element name="AuditFile">)"
+      R"(<xs:complexType/></xs:element></xs:schema>)";
+  static constexpr std::string_view kEmptyFile = R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01"/>)";
+};
+
+TEST_F(ValidateCommandTest, AValidFileIsToldInOneLine) {
+  ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, Output()}).code, 0);
+  const testing::Outcome outcome = Run({"validate", Output()});
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, Output() + ": valid\n");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(ValidateCommandTest, AViolationIsToldWithLineAndColumn) {
+  const std::string file = folder_.Write("bad.xml", std::string("<?xml version=\"1.0\"?>\n\n").append(kEmptyFile));
+  const testing::Outcome outcome = Run({"validate", file});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err,
+              AllOf(StartsWith("saft: " + file + ": "), HasSubstr("Header"), HasSubstr("(linha 3, coluna ")));
+}
+
+TEST_F(ValidateCommandTest, AFileThatIsNotWellFormedIsInvalid) {
+  const std::string file = folder_.Write("bad.xml", "<?xml version=\"1.0\"?>\n\n<AuditFile <");
+  const testing::Outcome outcome = Run({"validate", file});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err, AllOf(StartsWith("saft: " + file + ": "), HasSubstr("(linha 3, coluna ")));
+}
+
+TEST_F(ValidateCommandTest, AnEmptyFileIsInvalid) {
+  EXPECT_EQ(Run({"validate", folder_.Write("empty.xml", "")}).code, 1);
+}
+
+TEST_F(ValidateCommandTest, AnotherSchemaMayBeGiven) {
+  const std::string schema = folder_.Write("own.xsd", kEmptyFileSchema);
+  const std::string file = folder_.Write("empty.xml", kEmptyFile);
+  EXPECT_EQ(Run({"validate", file}).code, 1);
+  const testing::Outcome outcome = Run({"validate", file, "--schema", schema});
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, file + ": valid\n");
+}
+
+TEST_F(ValidateCommandTest, AMissingFileIsAnError) {
+  const std::string file = folder_.Path("none.xml");
+  const testing::Outcome outcome = Run({"validate", file});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: " + file + ": Ficheiro SAFT-PT não encontrado.\n");
+}
+
+TEST_F(ValidateCommandTest, WhatAFileHoldsIsMadeVisible) {
+  const std::string file = folder_.Write("bad.xml", "<AuditFile><\u202E\u009B/></AuditFile>");
+  EXPECT_THAT(Run({"validate", file}).err,
+              AllOf(::testing::Not(HasSubstr("\u202E")), ::testing::Not(HasSubstr("\u009B"))));
+}
+
+}  // namespace
+}  // namespace zevo

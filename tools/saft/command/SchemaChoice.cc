@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/command/SchemaChoice.h"
+
+#include <zevo/adapters.h>
+
+#include <filesystem>
+#include <system_error>
+
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/input/InputName.h"
+
+namespace zevo::saft {
+
+SchemaChoice::SchemaChoice(CLI::App& options)
+    : option_(options.add_option("--schema", named_, "Schema to use instead of the library's own")) {
+  option_->type_name("XSD");
+}
+
+void SchemaChoice::Use() const {
+  std::error_code unknown;
+  if (option_->count() > 0) {
+    if (named_.empty()) throw Failure("--schema", "names no file");
+    RequireRegularFile(named_);
+    if (!std::filesystem::exists(named_, unknown)) throw Failure(named_, "no such file");
+    Options().set_SchemaLocation(named_);
+  } else if (!std::filesystem::is_regular_file(Options().SchemaLocation(), unknown)) {
+    UseBuiltInSchema();
+  }
+}
+
+void SchemaChoice::RequireUsable() const {
+  if (named_.empty()) return;
+  // The verdict on the file does not matter, so any file will do: the schema itself is there.
+  AuditFile file;
+  file.set_AuditFileName(named_);
+  if (file.ValidateAuditFile() || !file.IsSchemaAtFault()) return;
+  Fail(*file.AuditException());
+}
+
+void SchemaChoice::Fail(const AuditException& error) {
+  const std::string location = Options().SchemaLocation();
+  const std::string name = location.empty() ? "built-in schema" : location;
+  AuditException unnamed = error;
+  // The library names the schema wherever it can.
+  if (const std::string prefix = name + ": "; error.Description().starts_with(prefix)) {
+    unnamed.set_Description(std::string_view{error.Description()}.substr(prefix.size()));
+  }
+  FailWith(unnamed, name);
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/create/CreateCommand.h"
+
+#include <iostream>
+
+#include "tools/saft/create/AuditFileOutput.h"
+#include "tools/saft/create/EntriesWriter.h"
+#include "tools/saft/create/InvoicesWriter.h"
+#include "tools/saft/create/MasterFilesWriter.h"
+#include "tools/saft/dataset/Dataset.h"
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
+
+namespace zevo::saft {
+namespace {
+
+constexpr const char* kDatasetHelp = R"(The dataset is a folder of CSV files, each of which may be absent:
+
+  header.csv             the company and the period, one row
+  general_ledger.csv     ledger accounts
+  customers.csv          customers
+  suppliers.csv          suppliers
+  products.csv           products and services
+  tax_table.csv          tax rates
+  journals.csv           journals
+  transactions.csv       transactions; JournalID tells the journal
+  transaction_lines.csv  their lines; TransactionID tells the transaction
+  invoices.csv           sales documents
+  invoice_lines.csv      their lines; InvoiceNo tells the document
+  credit_notes.csv       documents corrected; InvoiceNo and LineNumber tell the line
+
+The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
+column is a property of the record, such as CustomerID; a dot leads into a child: BillingAddress.City. Codes are
+written as in the audit file (FT), flags as 0 or 1, numbers with a point. Spaces at the ends of a cell do not count. An
+empty cell leaves the default. The totals of the sections are computed. Without transactions.csv there is no ledger section, without invoices no sales section.
+
+The names are these, letter for letter: a CSV file of another name is an error, files that are no CSV are left alone. A
+row whose parent is not there is an error too.
+
+Told and counted on standard error:
+
+  - texts that are longer than the schema allows, which are shortened
+  - rows whose cells are all empty, which are skipped
+  - section totals of more than two decimals, which are rounded: the file has them with two
+  - numbers that the file does not hold as given; with them nothing is written, unless --round is given:
+      amounts and quantities of more than four decimals, which are rounded
+      quantities, and tax percentages and amounts of invoice lines, that single precision changes: it keeps about
+      seven digits
+      a second number where the file holds only one: CreditAmount beside DebitAmount, TaxAmount beside TaxPercentage,
+      CurrencyCreditAmount beside CurrencyDebitAmount, neither of them 0. The first of them is written.)";
+
+}  // namespace
+
+CreateCommand::CreateCommand(CLI::App& program)
+    : Command(program, "create", "Turn a dataset of CSV files into an audit file"), schema_(options_) {
+  options_.add_option("DATASET", dataset_, "Folder of the dataset")->required()->option_text(" ");
+  options_.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
+  options_.add_flag("--stream", stream_, "Write the file from front to back instead of building it in memory first");
+  options_.add_flag("--round", round_, "Write numbers that the file does not hold as given all the same, see below");
+  options_.footer(kDatasetHelp);
+}
+
+ExitCode CreateCommand::Run() const {
+  schema_.Use();
+  schema_.RequireUsable();
+  const Interruption interruption(Interruption::During::kWriting);
+  AuditFileOutput output(file_, stream_ ? AuditFileOutput::kSequential : AuditFileOutput::kInMemory);
+  Dataset dataset(dataset_);
+  MasterFilesWriter(dataset, output).Write();
+  EntriesWriter(dataset, output, std::cerr).Write();
+  InvoicesWriter(dataset, output).Write();
+  if (!round_ && dataset.Altered().HasLostNumbers()) {
+    dataset.Altered().ReportLostNumbers(std::cerr);
+    throw Failure(file_, "not written, because of these numbers; --round writes it all the same");
+  }
+  output.Save();
+  dataset.Altered().Report(std::cerr);
+  return kDone;
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/csv/CsvFile.h"
+
+#include <zevo/adapters.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <new>
+#include <utility>
+
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/input/InputName.h"
+#include "tools/saft/terminal/VisibleText.h"
+
+namespace zevo::saft {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// Blanks belong to their cell; the parser would strip them.
+int NothingIsBlank(unsigned char) { return 0; }
+
+std::string Cells(size_t count) { return std::to_string(count).append(count == 1 ? " cell" : " cells"); }
+
+}  // namespace
+
+CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
+  RequireRegularFile(path_);
+  file_.open(path_, std::ios::binary);
+  if (!file_) throw Failure(path_, std::strerror(errno));
+  // So that memory that runs out is not taken for a disk that cannot be read.
+  file_.exceptions(std::ios::badbit);
+  if (csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_APPEND_NULL) != 0) throw std::bad_alloc();
+  csv_set_space_func(&parser_, NothingIsBlank);
+  try {
+    if (!ReadRow()) return;
+    cells_.resize(cell_count_);
+    CheckText();
+    columns_ = cells_;
+    CheckColumns();
+  } catch (...) {
+    csv_free(&parser_);
+    throw;
+  }
+}
+
+// Files have no spaces at the ends of texts.
+std::string_view CsvFile::WithoutSpaces(std::string_view cell) {
+  cell.remove_prefix(std::min(cell.find_first_not_of(' '), cell.size()));
+  return cell.substr(0, cell.find_last_not_of(' ') + 1);
+}
+
+CsvFile::~CsvFile() { csv_free(&parser_); }
+
+bool CsvFile::Next() {
+  if (!ReadRow()) return false;
+  if (cell_count_ != columns_.size() && !IsEmptyRow()) {
+    Fail(Cells(cell_count_).append(", but the header has ").append(std::to_string(columns_.size())));
+  }
+  CheckText();
+  return true;
+}
+
+bool CsvFile::IsEmptyRow() const {
+  return std::all_of(cells_.begin(), cells_.begin() + static_cast<std::ptrdiff_t>(cell_count_),
+                     [](const std::string& cell) { return cell.empty(); });
+}
+
+// The parser tells no positions. It is given one line at a time, which ends one row at most.
+bool CsvFile::ReadRow() {
+  cell_count_ = 0;
+  row_ended_ = false;
+  bool begun = false;
+  while (!row_ended_ && !finished_) {
+    if (!ReadLine()) {
+      Finish();
+      continue;
+    }
+    if (!begun) row_ = lines_;
+    begun = begun || line_.find_first_not_of("\r\n") != std::string::npos;
+    Parse();
+  }
+  return row_ended_;
+}
+
+bool CsvFile::ReadLine() {
+  try {
+    if (!std::getline(file_, line_)) return false;
+  } catch (const std::ios::failure&) {
+    throw Failure(path_, std::strerror(errno));
+  }
+  if (!file_.eof()) line_ += '\n';
+  if (lines_ == 0 && line_.starts_with(kByteOrderMark)) line_.erase(0, kByteOrderMark.size());
+  ++lines_;
+  return true;
+}
+
+void CsvFile::Parse() {
+  const size_t parsed = csv_parse(&parser_, line_.data(), line_.size(), &TakeCell, &EndRow, this);
+  if (out_of_memory_) throw std::bad_alloc();
+  if (lone_return_) Fail("malformed CSV, a carriage return without a line feed");
+  if (parsed == line_.size()) return;
+  if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
+  Fail(NameOf(cell_count_) + ": malformed CSV, a quotation mark out of place");
+}
+
+void CsvFile::Finish() {
+  finished_ = true;
+  const bool finished = csv_fini(&parser_, &TakeCell, &EndRow, this) == 0;
+  if (out_of_memory_) throw std::bad_alloc();
+  if (finished) return;
+  if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
+  Fail(NameOf(cell_count_) + ": malformed CSV, a quotation mark is not closed");
+}
+
+void CsvFile::TakeCell(void* text, size_t length, void* self) noexcept {
+  auto& file = *static_cast<CsvFile*>(self);
+  if (file.row_ended_) file.lone_return_ = true;
+  try {
+    if (file.cell_count_ == file.cells_.size()) file.cells_.emplace_back();
+    file.cells_[file.cell_count_++].assign(WithoutSpaces({static_cast<const char*>(text), length}));
+  } catch (const std::bad_alloc&) {
+    file.out_of_memory_ = true;
+  }
+}
+
+void CsvFile::EndRow(int terminator, void* self) noexcept {
+  auto& file = *static_cast<CsvFile*>(self);
+  if (terminator == '\r' && !file.line_.ends_with("\r\n")) file.lone_return_ = true;
+  file.row_ended_ = true;
+}
+
+void CsvFile::CheckColumns() const {
+  for (auto column = columns_.begin(); column != columns_.end(); ++column) {
+    if (std::find(columns_.begin(), column, *column) != column) Fail("column " + Quoted(*column) + " is there twice");
+  }
+}
+
+void CsvFile::CheckText() const {
+  for (size_t column = 0; column < cell_count_; ++column) {
+    if (!IsUtf8(cells_[column])) Fail(column, "not UTF-8");
+  }
+}
+
+std::string CsvFile::NameOf(size_t column) const {
+  if (column < columns_.size()) return columns_[column];
+  return "cell " + std::to_string(column + 1);
+}
+
+void CsvFile::Fail(std::string_view reason) const { throw Failure(path_, row_, reason); }
+
+void CsvFile::Fail(size_t column, std::string_view reason) const {
+  Fail(NameOf(column).append(": ").append(Quoted(cells_[column])).append(": ").append(reason));
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_CSV_CSVFILE_H_
+#define ZEVO_TOOLS_SAFT_CSV_CSVFILE_H_
+
+#include <csv.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <fstream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zevo::saft {
+
+/// A CSV file of RFC 4180 in UTF-8, read row by row; its first row names the columns. Empty lines are passed over.
+/// Whatever is wrong with it is a `Failure` that tells the file, the row and, as far as they are known, the column and
+/// the value.
+class CsvFile {
+ public:
+  /// Opens a file and reads the names of its columns; an empty file has none.
+  explicit CsvFile(std::string path);
+  CsvFile(const CsvFile&) = delete;
+  CsvFile& operator=(const CsvFile&) = delete;
+  ~CsvFile();
+
+  const std::string& Path() const { return path_; }
+  const std::vector<std::string>& Columns() const { return columns_; }
+
+  /// Goes to the next row; false when there is none left. A row has a cell for every column, unless all are empty.
+  bool Next();
+  /// Whether the row has nothing but empty cells.
+  bool IsEmptyRow() const;
+  /// Without the spaces at its ends.
+  const std::string& Cell(size_t column) const { return cells_[column]; }
+  /// The line on which the row begins, counted from 1 as an editor does.
+  int64_t Row() const { return row_; }
+
+  [[noreturn]] void Fail(std::string_view reason) const;
+  /// Fails with a column and its value in the row.
+  [[noreturn]] void Fail(size_t column, std::string_view reason) const;
+
+ private:
+  bool ReadRow();
+  bool ReadLine();
+  void Parse();
+  void Finish();
+  void CheckColumns() const;
+  void CheckText() const;
+  std::string NameOf(size_t column) const;
+
+  static std::string_view WithoutSpaces(std::string_view cell);
+  static void TakeCell(void* text, size_t length, void* self) noexcept;
+  static void EndRow(int terminator, void* self) noexcept;
+
+  std::string path_;
+  std::ifstream file_;
+  csv_parser parser_;
+  std::string line_;
+  int64_t lines_ = 0;
+  int64_t row_ = 0;
+  bool finished_ = false;
+  // Set by the parser's calls while it is given a line. The cells are reused from row to row.
+  bool row_ended_ = false;
+  bool lone_return_ = false;
+  bool out_of_memory_ = false;
+  size_t cell_count_ = 0;
+  std::vector<std::string> cells_;
+  std::vector<std::string> columns_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_CSV_CSVFILE_H_

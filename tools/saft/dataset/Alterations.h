@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_DATASET_ALTERATIONS_H_
+#define ZEVO_TOOLS_SAFT_DATASET_ALTERATIONS_H_
+
+#include <zevo/adapters.h>
+
+#include <array>
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/saft/csv/CsvFile.h"
+
+namespace zevo::saft {
+
+/// What an audit file has otherwise than the dataset that it is made of: how much of each kind, and where the first few
+/// stand.
+class Alterations {
+ public:
+  /// A text that is longer than the schema allows, and what the property holds of it.
+  void AddShortened(const CsvFile& file, size_t column, std::string_view kept);
+  /// A number with more digits than its element holds, and the number that is written.
+  void AddRounded(const CsvFile& file, size_t column, std::string_view written);
+  /// A number whose element is not written because that of the other one is.
+  void AddLeftOut(const CsvFile& file, size_t column, size_t other);
+  /// A row without a value.
+  void AddEmptyRow(const CsvFile& file);
+  /// The totals that a section has for the sums of its entries, where they are other numbers: they have two decimals.
+  void AddTotals(std::string_view section, const Totals& sums);
+
+  /// Whether there are numbers that the file does not hold as given.
+  bool HasLostNumbers() const { return IsIn(kRounded) || IsIn(kLeftOut); }
+
+  /// Tells everything; nothing when there is nothing.
+  void Report(std::ostream& out) const;
+  /// Tells what would become of the numbers that the file does not hold as given.
+  void ReportLostNumbers(std::ostream& out) const;
+
+ private:
+  enum Kind { kShortened, kRounded, kLeftOut, kEmptyRow, kTotal, kKinds };
+  struct Places {
+    size_t count = 0;
+    std::vector<std::string> first;
+  };
+
+  /// Counts one. Its place, which `describe` gives, is told of the first few.
+  template <class Describe>
+  void Add(Kind kind, Describe&& describe);
+  void AddTotal(std::string_view section, std::string_view element, Amount sum);
+  bool IsIn(Kind kind) const { return places_[kind].count > 0; }
+  void Report(Kind kind, std::string_view verb, std::ostream& out) const;
+
+  std::array<Places, kKinds> places_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_DATASET_ALTERATIONS_H_

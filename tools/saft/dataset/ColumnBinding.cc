@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/dataset/ColumnBinding.h"
+
+#include <algorithm>
+
+#include "tools/saft/dataset/PropertyText.h"
+
+namespace zevo::saft {
+namespace {
+
+const Property& Named(std::string_view name, std::span<const Property> properties) {
+  const auto found = std::ranges::find(properties, name, &Property::name);
+  if (found == properties.end() || found->type == PropertyType::kCollection) throw BadValue("unknown column");
+  return *found;
+}
+
+}  // namespace
+
+ColumnBinding::ColumnBinding(std::string_view column, std::span<const Property> properties) {
+  for (size_t dot = column.find('.'); dot != std::string_view::npos; dot = column.find('.')) {
+    const Property& child = Named(column.substr(0, dot), properties);
+    if (IsPlain(child)) throw BadValue("unknown column");
+    children_.push_back(&child);
+    properties = child.properties();
+    column.remove_prefix(dot + 1);
+  }
+  property_ = &Named(column, properties);
+  if (!IsPlain(*property_)) throw BadValue("a column must name one of its properties, after a dot");
+  if (property_->set == nullptr) throw BadValue("constant, it cannot be set");
+}
+
+void ColumnBinding::Set(Record& record, const std::string& text) const {
+  const PropertyValue value = ValueFromText(*property_, text);
+  Record* owner = &record;
+  std::shared_ptr<Record> child;
+  // From the top: a child learns from its owner where it stands in the file.
+  for (const Property* property : children_) {
+    child = Child(*property, *owner);
+    if (!child) {
+      child = property->make();
+      property->set(*owner, child);
+    }
+    owner = child.get();
+  }
+  property_->set(*owner, value);
+}
+
+bool ColumnBinding::MayChange(std::string_view number) const {
+  return IsDecimal(*property_) && !HasFewDigits(*property_, number);
+}
+
+std::string ColumnBinding::Text(const Record& record) const { return TextBy(&TextFromValue, record); }
+
+std::string ColumnBinding::WrittenText(const Record& record) const { return TextBy(&saft::WrittenText, record); }
+
+std::string ColumnBinding::TextBy(std::string (*textOf)(const Property&, const PropertyValue&),
+                                  const Record& record) const {
+  const Record* owner = &record;
+  std::shared_ptr<Record> child;
+  for (const Property* property : children_) {
+    child = Child(*property, *owner);
+    if (!child) return {};
+    owner = child.get();
+  }
+  return textOf(*property_, property_->get(*owner));
+}
+
+std::shared_ptr<Record> ColumnBinding::Child(const Property& property, const Record& record) {
+  return std::get<std::shared_ptr<Record>>(property.get(record));
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_DATASET_COLUMNBINDING_H_
+#define ZEVO_TOOLS_SAFT_DATASET_COLUMNBINDING_H_
+
+#include <zevo/adapters.h>
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zevo::saft {
+
+/// The property that a column of a dataset stands for, in a record or, after dots, in one of its children.
+class ColumnBinding {
+ public:
+  /// Throws `BadValue` when the column is none that can be filled.
+  ColumnBinding(std::string_view column, std::span<const Property> properties);
+
+  /// Sets the property from a cell's text, making the children on the way. Throws `BadValue`.
+  void Set(Record& record, const std::string& text) const;
+
+  bool IsText() const { return property_->type == PropertyType::kText; }
+  /// Whether it is a number that the audit file may not hold as a cell gives it.
+  bool MayChange(std::string_view number) const;
+  /// The value that the property has, as a cell would tell it; empty where a child on the way is missing.
+  std::string Text(const Record& record) const;
+  /// The value as the audit file tells it.
+  std::string WrittenText(const Record& record) const;
+
+ private:
+  std::string TextBy(std::string (*textOf)(const Property&, const PropertyValue&), const Record& record) const;
+  static std::shared_ptr<Record> Child(const Property& property, const Record& record);
+
+  std::vector<const Property*> children_;
+  const Property* property_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_DATASET_COLUMNBINDING_H_

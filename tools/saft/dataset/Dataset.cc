@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/dataset/Dataset.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <numeric>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "tools/saft/errors/Failure.h"
+
+namespace zevo::saft {
+namespace {
+
+struct KnownFile {
+  std::string_view name;
+  std::string_view in_portuguese;  // which a user may have called it
+};
+
+constexpr std::array<KnownFile, 12> kFiles{{{Dataset::kHeader, "cabecalho.csv"},
+                                            {Dataset::kGeneralLedger, "contas.csv"},
+                                            {Dataset::kCustomers, "clientes.csv"},
+                                            {Dataset::kSuppliers, "fornecedores.csv"},
+                                            {Dataset::kProducts, "produtos.csv"},
+                                            {Dataset::kTaxTable, "impostos.csv"},
+                                            {Dataset::kJournals, "diarios.csv"},
+                                            {Dataset::kTransactions, "movimentos.csv"},
+                                            {Dataset::kTransactionLines, "linhas_movimentos.csv"},
+                                            {Dataset::kInvoices, "faturas.csv"},
+                                            {Dataset::kInvoiceLines, "linhas_faturas.csv"},
+                                            {Dataset::kCreditNotes, "notas_credito.csv"}}};
+
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, {}, &AsciiLower, &AsciiLower);
+}
+
+// The share of letters to put in, to take out or to change that make one name of the other, whatever their case.
+double Distance(std::string_view from, std::string_view to) {
+  std::vector<size_t> row(to.size() + 1);  // of what is seen of `from`, to each beginning of `to`
+  std::iota(row.begin(), row.end(), 0);
+  for (const char letter : from) {
+    size_t before = row[0]++;
+    for (size_t i = 0; i < to.size(); ++i) {
+      const size_t same = before + (AsciiLower(letter) == AsciiLower(to[i]) ? 0 : 1);
+      before = row[i + 1];
+      row[i + 1] = std::min({same, before + 1, row[i] + 1});
+    }
+  }
+  return static_cast<double>(row.back()) / static_cast<double>(std::max(from.size(), to.size()));
+}
+
+std::string_view NearestTo(std::string_view name) {
+  return std::ranges::min_element(kFiles, {},
+                                  [&](const KnownFile& file) {
+                                    return std::min(Distance(name, file.name), Distance(name, file.in_portuguese));
+                                  })
+      ->name;
+}
+
+}  // namespace
+
+Dataset::Dataset(std::string folder) : folder_(std::move(folder)) {
+  if (!std::filesystem::exists(folder_)) throw Failure(folder_, "no such folder");
+  if (!std::filesystem::is_directory(folder_)) throw Failure(folder_, "not a folder");
+  CheckNames();
+}
+
+void Dataset::CheckNames() const {
+  std::vector<std::string> unknown;
+  bool known = false;
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_, error)) {
+    const std::string name = entry.path().filename().string();
+    if (std::ranges::find(kFiles, name, &KnownFile::name) != kFiles.end()) {
+      known = true;
+    } else if (EqualIgnoringAsciiCase(entry.path().extension().string(), ".csv")) {
+      unknown.push_back(name);
+    }
+  }
+  if (error) throw Failure(folder_, error.message());
+  if (!unknown.empty()) {
+    // The first by name, so that the same folder is told the same each time.
+    const std::string& first = *std::ranges::min_element(unknown);
+    throw Failure(PathOf(first), "not a file of a dataset; the nearest name is " + std::string(NearestTo(first)));
+  }
+  if (!known) throw Failure(folder_, "not a dataset: it has no header.csv, customers.csv, ...");
+}
+
+std::string Dataset::PathOf(std::string_view file) const { return (std::filesystem::path(folder_) / file).string(); }
+
+}  // namespace zevo::saft

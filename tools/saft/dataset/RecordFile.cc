@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/dataset/RecordFile.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "tools/saft/dataset/DecimalText.h"
+#include "tools/saft/dataset/PropertyText.h"
+#include "tools/saft/errors/Interruption.h"
+#include "tools/saft/input/InputName.h"
+#include "tools/saft/terminal/VisibleText.h"
+
+namespace zevo::saft {
+namespace {
+
+// The elements of one record that the file holds only one of: the first unless it is 0.
+struct ElementPair {
+  std::string_view first;
+  std::string_view second;
+};
+constexpr std::array<ElementPair, 3> kPairs{
+    {{"DebitAmount", "CreditAmount"}, {"CurrencyDebitAmount", "CurrencyCreditAmount"}, {"TaxPercentage", "TaxAmount"}}};
+
+}  // namespace
+
+RecordFile::RecordFile(const std::string& path, std::span<const Property> properties, const KeyColumns& keys,
+                       Alterations& alterations)
+    : path_(path), alterations_(alterations) {
+  RequireRegularFile(path);
+  if (!std::filesystem::exists(path)) return;
+  csv_.emplace(path);
+  if (!csv_->Columns().empty()) Bind(properties, keys);
+}
+
+void RecordFile::Bind(std::span<const Property> properties, const KeyColumns& keys) {
+  for (const std::string_view parent : keys.parents) parents_.push_back(PlaceOf(parent));
+  if (!keys.key.empty()) key_ = PlaceOf(keys.key);
+  for (size_t place = 0; place < csv_->Columns().size(); ++place) {
+    if (std::ranges::find(parents_, place) != parents_.end()) continue;
+    const std::string& name = csv_->Columns()[place];
+    try {
+      columns_.push_back({place, ColumnBinding(name, properties)});
+    } catch (const BadValue& bad) {
+      csv_->Fail("column " + Quoted(name) + ": " + bad.what());
+    }
+  }
+  FindRivals();
+}
+
+void RecordFile::FindRivals() {
+  for (size_t first = 0; first < columns_.size(); ++first) {
+    const std::string& name = csv_->Columns()[columns_[first].place];
+    const size_t begin = name.rfind('.') + 1;
+    const std::string_view element = std::string_view{name}.substr(begin);
+    const auto pair = std::ranges::find(kPairs, element, &ElementPair::first);
+    if (pair == kPairs.end()) continue;
+    const std::string rival = name.substr(0, begin).append(pair->second);
+    const auto second = std::ranges::find(
+        columns_, rival, [&](const Column& column) -> const std::string& { return csv_->Columns()[column.place]; });
+    if (second != columns_.end()) rivals_.push_back({first, static_cast<size_t>(second - columns_.begin())});
+  }
+}
+
+size_t RecordFile::PlaceOf(std::string_view column) const {
+  const auto& columns = csv_->Columns();
+  const auto found = std::ranges::find(columns, column);
+  if (found == columns.end()) csv_->Fail("column " + Quoted(column) + " is missing");
+  return static_cast<size_t>(found - columns.begin());
+}
+
+bool RecordFile::Next() {
+  while (csv_ && csv_->Next()) {
+    Interruption::ThrowIfRequested();
+    if (!csv_->IsEmptyRow()) return true;
+    alterations_.AddEmptyRow(*csv_);
+  }
+  return false;
+}
+
+void RecordFile::Fill(Record& record) {
+  for (const Column& column : columns_) {
+    const auto& [place, binding] = column;
+    const std::string& cell = csv_->Cell(place);
+    if (cell.empty()) continue;
+    try {
+      binding.Set(record, cell);
+    } catch (const BadValue& bad) {
+      csv_->Fail(place, bad.what());
+    }
+    Note(column, record);
+  }
+  Decide(record);
+}
+
+void RecordFile::Note(const Column& column, const Record& record) {
+  const auto& [place, binding] = column;
+  const std::string& cell = csv_->Cell(place);
+  if (binding.IsText()) {
+    if (const std::string kept = binding.Text(record); kept != cell) alterations_.AddShortened(*csv_, place, kept);
+  } else if (binding.MayChange(cell)) {
+    const std::string written = binding.WrittenText(record);
+    if (!IsSameNumber(cell, written)) alterations_.AddRounded(*csv_, place, written);
+  }
+}
+
+// As the writer does, so that the totals are of what the file has.
+void RecordFile::Decide(Record& record) {
+  const auto isZero = [&](const Column& column) { return IsSameNumber(column.binding.Text(record), "0"); };
+  for (const auto& [first, second] : rivals_) {
+    if (csv_->Cell(columns_[first].place).empty() || csv_->Cell(columns_[second].place).empty()) continue;
+    if (isZero(columns_[first]) || isZero(columns_[second])) continue;
+    alterations_.AddLeftOut(*csv_, columns_[second].place, columns_[first].place);
+    columns_[second].binding.Set(record, "0");
+  }
+}
+
+std::string RecordFile::KeptKey(const Record& record) const {
+  const auto column = std::ranges::find(columns_, *key_, &Column::place);
+  return column->binding.IsText() && !Key().empty() ? column->binding.Text(record) : Key();
+}
+
+}  // namespace zevo::saft

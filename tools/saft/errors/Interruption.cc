@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/errors/Interruption.h"
+
+namespace zevo::saft {
+namespace {
+
+// A signal handler can reach nothing else.
+volatile std::sig_atomic_t requested = 0;  // the signal
+
+void Note(int signal) { requested = signal; }
+
+void NoteOnce(int signal) {
+  requested = signal;
+  std::signal(signal, SIG_DFL);
+}
+
+}  // namespace
+
+void Interrupted::EndProgram() const {
+  std::signal(signal_, SIG_DFL);
+  std::raise(signal_);
+}
+
+Interruption::Interruption(During during) : noted_(during == During::kReading ? 1 : kSignals.size()) {
+  requested = 0;
+  for (size_t i = 0; i < noted_; ++i) {
+    before_[i] = std::signal(kSignals[i], during == During::kReading ? &NoteOnce : &Note);
+    // Who starts a program in the background may have it ignore a signal.
+    if (before_[i] == SIG_IGN) std::signal(kSignals[i], SIG_IGN);
+  }
+}
+
+Interruption::~Interruption() {
+  for (size_t i = 0; i < noted_; ++i) std::signal(kSignals[i], before_[i]);
+  requested = 0;
+}
+
+bool Interruption::IsRequested() { return requested != 0; }
+
+void Interruption::ThrowIfRequested() {
+  if (requested != 0) throw Interrupted(requested);
+}
+
+}  // namespace zevo::saft

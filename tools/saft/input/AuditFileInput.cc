@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/input/AuditFileInput.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <optional>
+#include <system_error>
+
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
+#include "tools/saft/input/InputName.h"
+#include "tools/saft/terminal/ProgressBar.h"
+
+namespace zevo::saft {
+namespace {
+
+// Where the output is a pipe, another program may be drawing on the terminal.
+bool IsProgressWelcome(OutputWhile output) {
+  struct stat standardOutput {};
+  const bool piped = fstat(STDOUT_FILENO, &standardOutput) == 0 && S_ISFIFO(standardOutput.st_mode);
+  const bool inTheWay = output == OutputWhile::kReading && isatty(STDOUT_FILENO) == 1;
+  return isatty(STDERR_FILENO) == 1 && !piped && !inTheWay;
+}
+
+}  // namespace
+
+AuditFileInput::AuditFileInput(const std::string& file, OutputWhile output) : name_(file), output_(output) {
+  file_.set_AuditFileName(InputName(file));
+  if (!file_.OpenAuditFile()) Fail();
+}
+
+void AuditFileInput::Read(const Visitor& visit) {
+  std::optional<ProgressBar> progress;
+  std::optional<Interruption> interruption;
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(file_.AuditFileName(), unknown);
+  if (!unknown) {
+    if (IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
+    // Where a pipe or a terminal is read, a signal that is noted would only be seen once there is something to read.
+    interruption.emplace(Interruption::During::kReading);
+  }
+  std::exception_ptr thrown;
+  file_.ReadEntity = [&](const std::string& entityName, const std::shared_ptr<Record>& record) {
+    if (thrown) return;
+    try {
+      if (!record && IsOutOfMemory(*file_.AuditException())) Fail();
+      visit(*EntityKindOf(entityName), record);
+    } catch (...) {
+      thrown = std::current_exception();
+    }
+    if (progress) progress->Show(file_.BytesRead());
+    if (thrown || Interruption::IsRequested()) file_.AbortReading();
+  };
+  const bool read = file_.ReadAuditFile();
+  progress.reset();
+  if (thrown) std::rethrow_exception(thrown);
+  // Without a reason it was only that some records could not be read, which the visitor knows.
+  if (!read && file_.AuditException()) Fail();
+}
+
+void AuditFileInput::Fail() const { FailWith(*file_.AuditException(), name_); }
+
+}  // namespace zevo::saft

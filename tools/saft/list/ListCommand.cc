@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/list/ListCommand.h"
+
+#include <unistd.h>
+#include <zevo/adapters.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <iostream>
+#include <memory>
+#include <vector>
+
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/input/AuditFileInput.h"
+#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/list/RecordPrinter.h"
+
+namespace zevo::saft {
+namespace {
+
+std::vector<std::string> NamesOfKinds() {
+  std::vector<std::string> names;
+  for (const RecordKind& kind : RecordKinds()) names.emplace_back(kind.name);
+  return names;
+}
+
+// The entities that could not be read; the others are listed all the same.
+class Unreadable {
+ public:
+  void Add(int64_t number, const std::string& reason) {
+    if (count_++ == 0) first_ = std::to_string(number) + ": " + reason;
+  }
+  void Report(const std::string& file, const RecordKind& kind, int64_t entities) const {
+    if (count_ == 0) return;
+    throw Failure(file, std::to_string(count_) + " of " + std::to_string(entities) + " " +
+                            std::string(NameOf(kind.entity)) + " cannot be read, the first is number " + first_);
+  }
+
+ private:
+  int64_t count_ = 0;
+  std::string first_;
+};
+
+}  // namespace
+
+ListCommand::ListCommand(CLI::App& program)
+    : Command(program, "list", "Write the records of one kind to standard output") {
+  options_.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
+  options_.add_option("KIND", kind_, "Class of the records, see below")
+      ->required()
+      ->check(CLI::IsMember(NamesOfKinds()))
+      ->option_text(" ");
+  options_.add_flag("--json", json_, "Write a JSON object a line, with amounts as texts, instead of CSV");
+  std::string footer = "Kinds:";
+  for (const RecordKind& kind : RecordKinds()) footer.append("\n  ").append(kind.name);
+  options_.footer(
+      footer +
+      "\n\nThe CSV is a file of a dataset as \"saft create\" takes it. The file is read in one pass and may be of any\n"
+      "size. A record that cannot be read is left out, told at the end, and makes the exit code 2: among those are\n"
+      "tax tables, unless each entry has both a percentage and an amount.");
+}
+
+ExitCode ListCommand::Run() const {
+  const RecordKind& kind = *std::ranges::find(RecordKinds(), kind_, &RecordKind::name);
+  AuditFileInput file(file_, OutputWhile::kReading);
+  std::unique_ptr<RecordPrinter> printer;
+  const Reader reader = isatty(STDOUT_FILENO) == 1 ? Reader::kTerminal : Reader::kProgram;
+  if (json_) {
+    printer = std::make_unique<JsonPrinter>(kind, std::cout, reader);
+  } else {
+    printer = std::make_unique<CsvPrinter>(kind, std::cout, reader);
+  }
+  std::string journalID;
+  int64_t entities = 0;
+  Unreadable unreadable;
+  file.Read([&](EntityKind entity, const std::shared_ptr<Record>& record) {
+    if (entity == EntityKind::kJournal && record) journalID = static_cast<const Journal&>(*record).JournalID();
+    if (entity != kind.entity) return;
+    ++entities;
+    if (!record) return unreadable.Add(entities, file.Reason());
+    kind.visit(*record, journalID, [&](const auto& parents, const Record& row) { printer->Print(parents, row); });
+    if (!std::cout) throw Failure("standard output cannot be written");
+  });
+  unreadable.Report(file_, kind, entities);
+  return kDone;
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/summary/SummaryReader.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "tools/saft/dataset/PropertyText.h"
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/terminal/VisibleText.h"
+
+namespace zevo::saft {
+namespace {
+
+// The filled properties of a record and its children. Constants say nothing about a file.
+void CollectValues(const Record& record, const std::string& prefix, Summary::Values& values) {
+  for (const Property& property : PropertiesOf(record)) {
+    const std::string name = prefix + std::string(property.name);
+    if (property.type == PropertyType::kRecord) {
+      const auto child = std::get<std::shared_ptr<Record>>(property.get(record));
+      if (child) CollectValues(*child, name + ".", values);
+    } else if (IsPlain(property) && property.set != nullptr) {
+      std::string text = TextFromValue(property, property.get(record));
+      if (!text.empty()) values.emplace_back(name, std::move(text));
+    }
+  }
+}
+
+std::string CodeOf(InvoiceTypes type) {
+  const auto codes = CodesOf<InvoiceTypes>();
+  const auto found = std::ranges::find(codes, static_cast<int32_t>(type), &Code::value);
+  return found == codes.end() ? "" : std::string(found->text);
+}
+
+// What is of no more interest than its number.
+constexpr std::array kOnlyCounted{EntityKind::kGeneralLedger, EntityKind::kCustomer, EntityKind::kSupplier,
+                                  EntityKind::kProduct};
+
+// The figures of a section, also of one whose entries stand outside of it.
+template <class Figures>
+Figures& Of(std::optional<Figures>& section) {
+  return section ? *section : section.emplace();
+}
+
+}  // namespace
+
+SummaryReader::SummaryReader(const std::string& file) : file_(file, OutputWhile::kAfterReading) {
+  summary_.file = file;
+}
+
+Summary SummaryReader::Read() {
+  file_.Read([this](EntityKind kind, const std::shared_ptr<Record>& record) { Take(kind, record); });
+  const auto count = [this](EntityKind kind) { summary_.counts.emplace_back(NameOf(kind), counts_[kind]); };
+  std::ranges::for_each(kOnlyCounted, count);
+  summary_.counts.emplace_back("TaxTableEntry", tax_entries_);
+  for (const EntityKind kind : {EntityKind::kJournal, EntityKind::kTransaction, EntityKind::kInvoice}) count(kind);
+  for (auto& [type, figures] : types_) {
+    figures.type = CodeOf(type);
+    summary_.invoices->types.push_back(std::move(figures));
+  }
+  return std::move(summary_);
+}
+
+void SummaryReader::Take(EntityKind kind, const std::shared_ptr<Record>& record) {
+  ++counts_[kind];
+  if (record) {
+    TakeRecord(kind, *record);
+  } else if (kind == EntityKind::kTaxTable) {
+    tax_entries_ = std::nullopt;
+  } else if (std::ranges::find(kOnlyCounted, kind) == kOnlyCounted.end()) {
+    throw Failure(summary_.file, PlaceOf(kind) + ": " + file_.Reason());
+  }
+}
+
+void SummaryReader::TakeRecord(EntityKind kind, const Record& record) {
+  switch (kind) {
+    case EntityKind::kHeader:
+      return Take(static_cast<const Header&>(record));
+    case EntityKind::kTaxTable:
+      return Take(static_cast<const TaxTable&>(record));
+    case EntityKind::kGeneralLedgerEntries:
+      return Take(static_cast<const GeneralLedgerEntries&>(record));
+    case EntityKind::kJournal:
+      return Take(static_cast<const Journal&>(record));
+    case EntityKind::kTransaction:
+      return Take(static_cast<const Transaction&>(record));
+    case EntityKind::kSalesInvoices:
+      return Take(static_cast<const SalesInvoices&>(record));
+    case EntityKind::kInvoice:
+      return Take(static_cast<const Invoice&>(record));
+    case EntityKind::kGeneralLedger:
+    case EntityKind::kCustomer:
+    case EntityKind::kSupplier:
+    case EntityKind::kProduct:
+      return;
+  }
+}
+
+void SummaryReader::Take(const Header& header) { CollectValues(header, "", summary_.header.emplace()); }
+
+void SummaryReader::Take(const TaxTable& table) {
+  if (tax_entries_) *tax_entries_ += table.TaxTableEntry()->Count();
+}
+
+void SummaryReader::Take(const GeneralLedgerEntries& section) { Of(summary_.entries).in_file = TotalsIn(section); }
+
+void SummaryReader::Take(const Journal& journal) {
+  Of(summary_.entries).journals.push_back({journal.JournalID(), journal.Description(), {}});
+}
+
+void SummaryReader::Take(const Transaction& transaction) {
+  EntriesFigures& figures = Of(summary_.entries);
+  const Totals totals = TotalsOf(transaction);
+  figures.as_summed += totals;
+  if (!figures.journals.empty()) figures.journals.back().totals += totals;
+}
+
+void SummaryReader::Take(const SalesInvoices& section) { Of(summary_.invoices).in_file = TotalsIn(section); }
+
+void SummaryReader::Take(const Invoice& invoice) {
+  InvoicesFigures& figures = Of(summary_.invoices);
+  const Totals totals = TotalsOf(invoice);
+  (CountsInTotals(invoice) ? figures.as_summed : figures.left_out) += totals;
+  InvoiceTypeFigures& type = types_[invoice.InvoiceType()];
+  type.totals += totals;
+  type.tax += invoice.DocumentTotals()->TaxPayable();
+  type.net += invoice.DocumentTotals()->NetTotal();
+  type.gross += invoice.DocumentTotals()->GrossTotal();
+}
+
+// Which record of its kind, in words for a message.
+std::string SummaryReader::PlaceOf(EntityKind kind) {
+  if (kind == EntityKind::kInvoice) return "invoice " + std::to_string(counts_[kind]);
+  if (kind != EntityKind::kTransaction) return std::string(NameOf(kind));
+  const EntriesFigures& figures = Of(summary_.entries);
+  if (figures.journals.empty()) return "transaction " + std::to_string(counts_[kind]);
+  const JournalFigures& journal = figures.journals.back();
+  return "journal " + Quoted(journal.id) + ", transaction " + std::to_string(journal.totals.entries + 1);
+}
+
+}  // namespace zevo::saft

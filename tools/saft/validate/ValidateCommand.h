@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_VALIDATE_VALIDATECOMMAND_H_
+#define ZEVO_TOOLS_SAFT_VALIDATE_VALIDATECOMMAND_H_
+
+#include <string>
+
+#include "tools/saft/command/Command.h"
+#include "tools/saft/command/SchemaChoice.h"
+
+namespace zevo::saft {
+
+/// Checks an audit file against the schema.
+class ValidateCommand : public Command {
+ public:
+  explicit ValidateCommand(CLI::App& program);
+  ExitCode Run() const override;
+
+ private:
+  std::string file_;
+  SchemaChoice schema_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_VALIDATE_VALIDATECOMMAND_H_
