@@ -18,6 +18,7 @@ namespace zevo {
 /// again.
 struct ZEVO_API TextHash {
   using is_transparent = void;
+  /// The same for equal texts as long as the process runs, and another in the next process.
   size_t operator()(std::string_view text) const;
 };
 

@@ -73,16 +73,23 @@ class ZEVO_API AuditFile : public Facade {
   /// the validation broke down inside.
   bool IsSchemaAtFault() const { return schema_at_fault_; }
 
-  // The record operations fail with message 5 without a document.
+  // The record operations fail with message 5 without a document, and with error 5 where a text is no valid UTF-8 or
+  // holds a character that XML forbids.
 
   /// Writes the header. Fails with message 101 when the file has one.
   bool CreateHeader(const Header& value);
+  /// Writes a ledger account at the end of the master files; the first master record begins that section.
   bool CreateGeneralLedger(const GeneralLedger& value);
+  /// Writes a customer at the end of the master files. That its `CustomerID` is unique is for `ValidateAuditFile` to
+  /// check, as with the codes of the other records.
   bool CreateCustomer(const Customer& value);
+  /// Writes a supplier at the end of the master files.
   bool CreateSupplier(const Supplier& value);
   /// Writes every entry of the table; nothing when it has none.
   bool CreateTaxTable(const TaxTable& value);
+  /// Writes an entry at the end of the tax table, which the first entry begins.
   bool CreateTaxTableEntry(const TaxTableEntry& value);
+  /// Writes a product at the end of the master files.
   bool CreateProduct(const Product& value);
   /// Begins the ledger entries section. Fails with message 201 when the file has it.
   bool CreateGeneralLedgerEntries(const GeneralLedgerEntries& value);

@@ -80,14 +80,23 @@ class ZEVO_API AuditFileReader : public Facade {
   /// a line is missing or no number.
   bool ReadInvoice(std::shared_ptr<Invoice>& value);
 
+  // A count is 0 where the file does not have the section or the journal, and -1 on failure.
+
+  /// Number of customers.
   int32_t Customers();
+  /// Number of suppliers.
   int32_t Suppliers();
+  /// Number of products.
   int32_t Products();
+  /// Number of ledger accounts.
   int32_t GeneralLedgers();
+  /// Number of entries of the tax table.
   int32_t TaxTableEntrys();
+  /// Number of invoices.
   int32_t Invoices();
+  /// Number of journals.
   int32_t Journals();
-  /// The transactions of a journal, or of the whole file when that is null.
+  /// Number of transactions of a journal, or of the whole file when that is null.
   int32_t Transactions(const Journal* journalValue = nullptr);
 
  private:

@@ -51,14 +51,20 @@ class ZEVO_API AuditFileStreamWriter : public Facade {
   /// `Error`, and the file is closed all the same.
   bool CloseAuditFile();
 
-  // What follows fails with message 5 while no file is being written.
+  // What follows fails with message 5 while no file is being written, and with error 5 where a text is no valid UTF-8
+  // or holds a character that XML forbids.
 
+  /// Writes the header.
   bool CreateHeader(const Header& value);
+  /// Writes a ledger account; the first master record begins the master files.
   bool CreateGeneralLedger(const GeneralLedger& value);
+  /// Writes a customer.
   bool CreateCustomer(const Customer& value);
+  /// Writes a supplier.
   bool CreateSupplier(const Supplier& value);
   /// Writes every entry of the table; nothing when it has none.
   bool CreateTaxTable(const TaxTable& value);
+  /// Writes a product.
   bool CreateProduct(const Product& value);
   /// Begins the ledger entries section with its totals, which must be known by now: nothing written can be changed.
   bool BeginGeneralLedgerEntries(const GeneralLedgerEntries& value);
@@ -67,11 +73,13 @@ class ZEVO_API AuditFileStreamWriter : public Facade {
   bool EndGeneralLedgerEntries();
   /// Begins a journal. Fails with message 201 outside the ledger entries section.
   bool BeginJournal(const Journal& value);
+  /// Writes nothing.
   bool EndJournal();
   /// Writes a transaction into the journal begun last. Fails with message 251 outside a journal.
   bool CreateTransaction(const Transaction& value);
   /// Begins the sales invoices section with its totals, which must be known by now.
   bool BeginSalesInvoices(const SalesInvoices& value);
+  /// Writes nothing.
   bool EndSalesInvoices();
   /// Writes an invoice. Fails with message 301 outside the sales invoices section.
   bool CreateInvoice(const Invoice& value);

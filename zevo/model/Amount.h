@@ -52,15 +52,22 @@ class ZEVO_API Amount {
 
   /// The amount in ten-thousandths.
   constexpr int64_t Scaled() const { return scaled_; }
+  /// Whether it is exactly 0.
   constexpr bool IsZero() const { return scaled_ == 0; }
   /// Shortest decimal text with a point, whatever the regional settings: "12.34", "-0.5", "0".
   std::string Text() const;
+  /// In whole units, as the nearest double.
   double ToDouble() const { return static_cast<double>(scaled_) / static_cast<double>(kScale); }
 
+  /// The exact sum. Raises error 6 when it does not fit.
   Amount operator+(Amount other) const;
+  /// The exact difference. Raises error 6 when it does not fit.
   Amount operator-(Amount other) const;
+  /// With the other sign. Raises error 6 for the least amount, which has no opposite.
   Amount operator-() const;
+  /// Adds. On error 6 the amount stays as it was.
   Amount& operator+=(Amount other) { return *this = *this + other; }
+  /// Subtracts. On error 6 the amount stays as it was.
   Amount& operator-=(Amount other) { return *this = *this - other; }
 
   // Products and quotients, by an amount or a whole number: computed exactly, then rounded to four decimals, halves
@@ -74,6 +81,7 @@ class ZEVO_API Amount {
 
   friend constexpr auto operator<=>(Amount, Amount) = default;
 
+  /// Ten-thousandths in one unit.
   static constexpr int64_t kScale = 10000;
 
  private:

@@ -47,6 +47,7 @@ enum class BasePath : uint8_t {
   kReferences,
   kCreditNote,
 };
+/// How many there are.
 inline constexpr int kBasePaths = static_cast<int>(BasePath::kCreditNote) + 1;
 
 /// The path as text, such as "/AuditFile/Header".

@@ -27,6 +27,7 @@ enum class EntityKind : uint8_t {
   kSalesInvoices,
   kInvoice,
 };
+/// How many there are.
 inline constexpr size_t kEntityKinds = static_cast<size_t>(EntityKind::kInvoice) + 1;
 
 /// All of them, in their order.

@@ -22,7 +22,9 @@ class ZEVO_API KeyList {
   void Add(std::string_view key);
   /// 0-based place of the key. Raises error 5 when it is unknown.
   size_t Find(std::string_view key) const;
+  /// Removes the key at a 0-based place, which must exist; later ones move up.
   void RemoveAt(size_t place);
+  /// Removes all keys.
   void Clear();
 
  private:

@@ -19,10 +19,11 @@ namespace zevo {
 
 class Record;
 
+/// What kind of value a property has.
 enum class PropertyType {
-  kText,  ///< UTF-8; `text_kind` tells what it holds
-  kAmount,
-  kFlag,
+  kText,        ///< UTF-8; `text_kind` tells what it holds
+  kAmount,      ///< `Amount`
+  kFlag,        ///< bool
   kCount,       ///< 32-bit integer
   kSingle,      ///< 32-bit float
   kCode,        ///< value of an enumeration; `codes` gives the texts
@@ -43,19 +44,27 @@ using PropertyValue = std::variant<std::string, Amount, bool, int32_t, float, st
 
 /// What a program that walks records needs to know of one property. Functions that make no sense for the type are null.
 struct Property {
+  /// That of the getter, such as "CompanyName".
   std::string_view name;
+  /// Of which alternative of `PropertyValue` the value is, or that it is a collection.
   PropertyType type = PropertyType::kText;
+  /// What a text holds.
   TextKind text_kind = TextKind::kPlain;
+  /// The value; null for a collection. The record must be of the class that has the property, here and below.
   PropertyValue (*get)(const Record&) = nullptr;
   /// Null for a constant, an owned record and a collection. The value must be of the property's type.
   void (*set)(Record&, const PropertyValue&) = nullptr;
+  /// The values of the enumeration with their texts in the file.
   std::span<const Code> (*codes)() = nullptr;
   /// The properties of the record, or of the collection's items.
   std::span<const Property> (*properties)() = nullptr;
   /// A new record to assign, or a new item to add.
   std::shared_ptr<Record> (*make)() = nullptr;
+  /// How many items the collection has.
   int32_t (*count)(const Record&) = nullptr;
+  /// The item at a position, from 1. Raises error 9 when there is none.
   std::shared_ptr<Record> (*item)(const Record&, int32_t position) = nullptr;
+  /// Adds an item, which must be of the class that `make` gives. Raises what the collection raises.
   void (*add)(const Record&, const std::shared_ptr<Record>&) = nullptr;
 };
 
@@ -184,6 +193,7 @@ constexpr auto CollectProperties(Lines... lines) {
 
 }  // namespace internal
 
+/// The compiler makes the table from the declarations.
 template <class T>
 std::span<const Property> PropertiesOf() {
   static constexpr auto kTable = internal::CollectProperties<T>();

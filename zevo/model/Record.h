@@ -118,6 +118,7 @@ inline std::span<const Property> PropertiesOf(const Record& record) { return rec
  public:                                            \
   static_assert(true)
 
+/// A property's row in the table of its class.
 #define ZEVO_IN_TABLE(Name, ...)                                                               \
   static constexpr zevo::Property PropertyAt(zevo::internal::SourceLine<__LINE__>) {           \
     static_assert(__LINE__ - kFirstLine < zevo::internal::kMaxRecordLines, "record too long"); \
@@ -125,6 +126,7 @@ inline std::span<const Property> PropertiesOf(const Record& record) { return rec
   }                                                                                            \
   static_assert(true)
 
+/// A property that is looked up in the schema when it is assigned.
 #define ZEVO_CHECKED(Type, Argument, Result, Name, element, kind)                                                 \
  private:                                                                                                         \
   Type Name##_{};                                                                                                 \
@@ -136,11 +138,16 @@ inline std::span<const Property> PropertiesOf(const Record& record) { return rec
 
 #define ZEVO_TEXT_OF_KIND(Name, element, kind) \
   ZEVO_CHECKED(std::string, std::string_view, const std::string&, Name, element, kind)
+/// A text that is cut to the length of the element of its name.
 #define ZEVO_TEXT(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kPlain)
+/// The same with the length of an element of another name.
 #define ZEVO_TEXT_CHECKED_AS(Name, element) ZEVO_TEXT_OF_KIND(Name, element, kPlain)
+// Texts of other kinds: see TextKind.
 #define ZEVO_DATE(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kDate)
 #define ZEVO_DATE_TIME(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kDateTime)
 #define ZEVO_PERIOD(Name) ZEVO_TEXT_OF_KIND(Name, #Name, kPeriod)
+
+// Numbers and flags.
 #define ZEVO_AMOUNT(Name) ZEVO_CHECKED(zevo::Amount, zevo::Amount, zevo::Amount, Name, #Name, kPlain)
 #define ZEVO_COUNT(Name) ZEVO_CHECKED(int32_t, int32_t, int32_t, Name, #Name, kPlain)
 #define ZEVO_SINGLE(Name) ZEVO_CHECKED(float, float, float, Name, #Name, kPlain)
@@ -156,6 +163,7 @@ inline std::span<const Property> PropertiesOf(const Record& record) { return rec
   void set_##Name(zevo::Enumeration value) { Name##_ = value; } \
   ZEVO_IN_TABLE(Name, ReadWriteProperty<&Self::Name, &Self::set_##Name>)
 
+/// A text that is always the same.
 #define ZEVO_CONSTANT(Name, text)           \
   std::string Name() const { return text; } \
   ZEVO_IN_TABLE(Name, ReadOnlyProperty<&Self::Name>)

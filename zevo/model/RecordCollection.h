@@ -50,14 +50,19 @@ class RecordCollection {
   /// The item under a key. Raises error 5 when it is unknown.
   const std::shared_ptr<T>& Item(std::string_view key) const { return items_[keys_.Find(key)]; }
 
+  /// Removes all items.
   void Clear() {
     items_.clear();
     keys_.Clear();
   }
 
+  /// Number of items.
   int32_t Count() const { return static_cast<int32_t>(items_.size()); }
 
+  /// The items in order, as shared pointers that are never null. Adding or removing an item makes
+  /// iterators invalid.
   auto begin() const { return items_.begin(); }
+  /// The end of `begin`.
   auto end() const { return items_.end(); }
 
  private:

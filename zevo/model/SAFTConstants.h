@@ -52,7 +52,9 @@ enum SpecialReaderExceptions : int32_t {
 
 /// A value of an enumeration and the text that stands for it in the file.
 struct Code {
+  /// The number, such as `itFT`.
   int32_t value;
+  /// The code, such as "FT".
   std::string_view text;
 };
 

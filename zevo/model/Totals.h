@@ -13,8 +13,11 @@ namespace zevo {
 
 /// The totals of a section: how many entries there are, and what their lines debit and credit.
 struct ZEVO_API Totals {
+  /// Number of transactions or invoices.
   int32_t entries = 0;
+  /// Sum of `DebitAmount` of all lines.
   Amount debit;
+  /// Sum of `CreditAmount` of all lines.
   Amount credit;
 
   /// Adds an entry with its lines. Raises error 6 when a sum is out of range; nothing is added then.
@@ -27,8 +30,9 @@ struct ZEVO_API Totals {
   friend bool operator==(const Totals&, const Totals&) = default;
 };
 
-/// What one entry adds to the totals of its section.
+/// What one entry adds to the totals of its section. Raises error 6 when a sum is out of range.
 ZEVO_API Totals TotalsOf(const Transaction& entry);
+/// The same of an invoice, whether it counts or not.
 ZEVO_API Totals TotalsOf(const Invoice& entry);
 
 /// Whether an invoice counts among the entries and sums of its section: one whose `TransactionID` is "Anulado", in any
