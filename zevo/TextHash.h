@@ -14,7 +14,7 @@ namespace zevo {
 
 /// The hash for unordered containers whose keys are texts from outside, such as a file: it depends on a secret of the
 /// process, so that nobody can make a file whose keys all share one place and take hours. It takes any text without
-/// making a std::string of it. Not noexcept, which also has containers keep the hash of a key rather than make it
+/// making a std::string of it. Not noexcept: containers then keep the hash of each key instead of computing it
 /// again.
 struct ZEVO_API TextHash {
   using is_transparent = void;

@@ -70,7 +70,7 @@ class AuditFileStreamerFace final : public Face<zevo::AuditFileStreamer>, public
   ZEVO_PROPERTY(AuditFileName)
   ZEVO_OPERATION(OpenAuditFile)
   STDMETHODIMP ReadAuditFile(VARIANT_BOOL wait, VARIANT_BOOL* result) override {
-    // A handler may let go of the last reference.
+    // Keeps the object alive: a handler may release the last reference of the host.
     const ComPtr<IUnknown> held(static_cast<::_AuditFileStreamer*>(this));
     return Answer(result, [&] { return core().ReadAuditFile(wait != VARIANT_FALSE); });
   }
@@ -102,7 +102,7 @@ class AuditFileStreamerFace final : public Face<zevo::AuditFileStreamer>, public
   }
   GUID EventInterfaceId() const override { return __uuidof(__AuditFileStreamer); }
 
-  // The record goes by reference: a handler may put another object in its place, which nobody looks at.
+  // The record goes by reference; what a handler puts in its place is ignored.
   void RaiseReadEntity(const std::string& entityName, ComPtr<IDispatch> entity) {
     const std::unique_ptr<OLECHAR, decltype(&SysFreeString)> name(NewBstr(entityName), &SysFreeString);
     std::array<VARIANT, 2> arguments{};

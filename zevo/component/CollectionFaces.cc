@@ -15,7 +15,7 @@ void CopyItem(const ComPtr<IDispatch>& item, VARIANT& element) {
 }
 using ItemEnumerator = Enumerator<IEnumVARIANT, VARIANT, ComPtr<IDispatch>, &CopyItem>;
 
-// A text is a key, anything else that counts is a position.
+// A text is a key, a number a position.
 template <class Operation>
 auto WithIndex(const VARIANT& index, Operation&& operation) {
   VARIANT plain;

@@ -33,7 +33,7 @@ std::string TakeText(BSTR& text) {
   return result;
 }
 
-// What a handler of the host raised. It has filled in a number of its own when it has no result.
+// Throws what a handler of the host raised. With DISP_E_EXCEPTION the number is in `exception`.
 [[noreturn]] void ThrowFailure(HRESULT result, EXCEPINFO& exception) {
   if (result == DISP_E_EXCEPTION) {
     if (exception.pfnDeferredFillIn != nullptr) exception.pfnDeferredFillIn(&exception);
@@ -48,7 +48,7 @@ std::string TakeText(BSTR& text) {
 }  // namespace
 
 void ConnectionPoint::Raise(DISPID member, std::span<VARIANT> arguments) const {
-  // A handler may disconnect itself or others.
+  // A copy: a handler may disconnect itself or others.
   const std::vector<Connection> connections = connections_;
   for (const Connection& connection : connections) {
     DISPPARAMS parameters{.rgvarg = arguments.data(),
@@ -86,7 +86,7 @@ STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContai
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   if (sink == nullptr || cookie == nullptr) return E_POINTER;
   *cookie = 0;
-  // Some hosts' sinks answer to the event interface only, some to late binding only.
+  // The sinks of some hosts know only the event interface, those of others only IDispatch.
   ComPtr<IDispatch> target;
   if (FAILED(sink->QueryInterface(event_interface_id_, reinterpret_cast<void**>(target.GetAddressOf()))) &&
       FAILED(sink->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(target.GetAddressOf())))) {
@@ -101,7 +101,7 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
   const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
   if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
-  // The sink may do anything as it is let go.
+  // Releasing the sink may run code that comes back here, so that happens after the erasure.
   const ComPtr<IDispatch> sink = found->sink;
   connections_.erase(found);
   return S_OK;

@@ -19,7 +19,7 @@ class ConnectionPoint final : public IConnectionPoint {
   ConnectionPoint& operator=(const ConnectionPoint&) = delete;
 
   /// Calls a member of every sink that is connected as the event begins, in the order in which they came. The arguments
-  /// come last first. A sink without the member is passed over; any other failure ends the event and is thrown as
+  /// are in reverse order. A sink without the member is passed over; any other failure ends the event and is thrown as
   /// `Error`.
   void Raise(DISPID member, std::span<VARIANT> arguments) const;
 

@@ -20,7 +20,7 @@ using Microsoft::WRL::ComPtr;
 
 bool SameName(const std::wstring& name, const OLECHAR* other) { return _wcsicmp(name.c_str(), other) == 0; }
 
-// The type of a value, seen through the names that the library gives to types.
+// The built-in type behind a type, which may be an alias or an enumeration of the type library.
 VARTYPE ValueType(ITypeInfo& table, const TYPEDESC& type) {
   if (type.vt != VT_USERDEFINED) return type.vt;
   ComPtr<ITypeInfo> named;
@@ -134,7 +134,7 @@ class Dispatcher::Call {
     for (size_t i = 0; i < function_.parameters.size(); ++i) {
       const Argument& argument = arguments_[i];
       if (function_.parameters[i].passing != Passing::kObjectByReference || argument.given == nullptr) continue;
-      // A variable without an object receives "no object" in so many words.
+      // Without an object the variable is set to a null object, even if it was empty before.
       const bool unchanged = argument.object != nullptr && argument.object.Get() == argument.before;
       if (!unchanged && IsVariable(*argument.given)) Store(*argument.given, argument.object.Get());
     }
@@ -155,7 +155,7 @@ class Dispatcher::Call {
     IDispatch* before = nullptr;
   };
 
-  // Arguments come last first, those with a name before them. A value to assign is the last of the parameters.
+  // Arguments come in reverse order, named ones in front. The value of an assignment is for the last parameter.
   size_t PlaceOf(const DISPPARAMS& given, UINT i) const {
     if (i >= given.cNamedArgs) return given.cArgs - 1 - i;
     const DISPID name = given.rgdispidNamedArgs[i];
@@ -192,7 +192,7 @@ class Dispatcher::Call {
     return E_UNEXPECTED;
   }
 
-  // Leaves the object in the interface that the parameter wants; none where the host has nothing.
+  // Puts the object into the argument under the interface that the parameter wants, or null where the host gave none.
   static HRESULT TakeObject(const Parameter& parameter, Argument& argument) {
     VARIANT& value = argument.value;
     void* object = nullptr;
@@ -282,7 +282,8 @@ Dispatcher::Parameter Dispatcher::DescribeParameter(ITypeInfo& table, const ELEM
 HRESULT Dispatcher::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const noexcept {
   if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
   std::fill(ids, ids + count, DISPID_UNKNOWN);
-  // Of the accessors of a property, the one that writes comes last and has the name of the value.
+  // A property's getter comes before its setter, and only the setter's parameters include the value: a function that
+  // lacks one of the names is passed over.
   HRESULT result = DISP_E_UNKNOWNNAME;
   for (const Function& function : functions_) {
     if (!SameName(function.name, names[0])) continue;
@@ -303,12 +304,11 @@ HRESULT Dispatcher::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) cons
   return result;
 }
 
-// A host that assigns may say that it assigns a value where the member takes a reference: some know of objects only
-// that.
+// Assignments by value and by reference find each other's member: some hosts know only the first, even for objects.
 const Dispatcher::Function* Dispatcher::Find(DISPID member, WORD flags) const {
   constexpr WORD kAssignment = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
   if ((flags & kAssignment) != 0) flags |= kAssignment;
-  // Asked for a value, a function will do, as will a value for a function: hosts cannot tell them apart.
+  // Calls and reads find each other's member too: in many languages they look alike.
   if ((flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) != 0) flags |= DISPATCH_METHOD | DISPATCH_PROPERTYGET;
   const auto found = std::ranges::find_if(functions_, [&](const Function& function) {
     return function.id == member && (static_cast<WORD>(function.kind) & flags) != 0;

@@ -22,8 +22,9 @@ HRESULT ResultOf(int32_t number) {
   return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, number & 0xFFFF);
 }
 
-// Without it, the host has the number alone.
-void LayReady(const IID& interfaceId, const Error& error) {
+// Sets the thread's error object, from which the host takes source and description. Where that fails, the host has the
+// number alone.
+void PublishErrorInfo(const IID& interfaceId, const Error& error) {
   ComPtr<ICreateErrorInfo> creation;
   if (FAILED(CreateErrorInfo(&creation))) return;
   const std::string description(error.Description().empty() ? MessageText(error.Number()) : error.Description());
@@ -35,7 +36,7 @@ void LayReady(const IID& interfaceId, const Error& error) {
 }
 
 HRESULT Report(const IID& interfaceId, const Error& error) {
-  LayReady(interfaceId, error);
+  PublishErrorInfo(interfaceId, error);
   return ResultOf(error.Number());
 }
 

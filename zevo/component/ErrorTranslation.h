@@ -8,8 +8,8 @@
 
 namespace zevo::component {
 
-/// Turns the exception that is being handled into the result of an interface's method, and lays number, source and
-/// description ready for the host as `IErrorInfo`. Run-time errors have the facility that script hosts expect: the
+/// Turns the exception that is being handled into the result of an interface's method, and publishes source and
+/// description to the host as `IErrorInfo`. Run-time errors have the facility that script hosts expect: the
 /// host's own number of the error is the library's.
 HRESULT TranslateException(const IID& interfaceId) noexcept;
 

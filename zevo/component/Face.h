@@ -93,7 +93,7 @@ class Face : public Interface<T>, public ISupportErrorInfo, public IProvideClass
 
   T& core() const { return *core_; }
 
-  /// The face's part that has an interface; null when it has none.
+  /// The face as that interface; null when it does not have it.
   virtual void* Find(const IID& id) {
     if (id == IID_IUnknown || id == IID_IDispatch || id == InterfaceId()) return static_cast<Interface<T>*>(this);
     if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
@@ -110,7 +110,7 @@ class Face : public Interface<T>, public ISupportErrorInfo, public IProvideClass
     return Guarded(InterfaceId(), std::forward<Operation>(operation));
   }
 
-  /// Lets the host have what `get` gives. After a failure it has the value's zero.
+  /// Puts what `get` gives into the result of a method; on failure the result is 0, empty or null.
   template <class ComType, class Get>
   HRESULT Answer(ComType* value, Get&& get) {
     if (value == nullptr) return E_POINTER;

@@ -74,7 +74,7 @@ Microsoft::WRL::ComPtr<Interface<Core>> FaceFor(const std::shared_ptr<Core>& cor
 
 /// How the server's own code reaches the object behind a face.
 struct CoreAccess : IUnknown {
-  /// The object, when the face has the interface; else null.
+  /// The object, or null when the face does not have the interface.
   virtual std::shared_ptr<void> Behind(const IID& interfaceId) = 0;
 };
 inline constexpr IID kCoreAccessId = {0x6c7b2c1e, 0x0d0e, 0x4d53, {0x9a, 0x1b, 0x38, 0x5f, 0x0e, 0x77, 0x4c, 0x21}};
@@ -95,7 +95,7 @@ struct Conversion<std::shared_ptr<Core>> {
   static std::shared_ptr<Core> From(Type value) { return CoreOf<Core>(value); }
 };
 
-/// The failure of an operation is never changed by the library, but hosts may write into what they were given.
+/// The library never changes an `AuditException` that it gave away, but its interface has setters for hosts.
 template <>
 struct Conversion<std::shared_ptr<const zevo::AuditException>> {
   using Type = Interface<zevo::AuditException>*;

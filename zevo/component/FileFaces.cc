@@ -4,7 +4,7 @@
 namespace zevo::component {
 namespace {
 
-// What a host may leave out, by giving no pointer or a variable without an object.
+// A record that is optional: none without a pointer, or with a variable that holds no object.
 template <class Record>
 std::shared_ptr<Record> Optional(Interface<Record>** face) {
   return face == nullptr ? nullptr : CoreOf<Record>(*face);

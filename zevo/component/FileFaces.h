@@ -9,7 +9,7 @@
 
 namespace zevo::component {
 
-/// What an operation is given for a record of the host, which may be none: the operation tells that among its failures.
+/// The record that a host gave, or the null record of its class, with which the operation fails by itself.
 template <class Record>
 const Record& OrNone(const std::shared_ptr<Record>& record) {
   return NullRecord<Record>::Or(record.get());
@@ -25,7 +25,7 @@ class Variable {
 
   std::shared_ptr<Record>& record() { return record_; }
 
-  /// Gives the host what the operation left.
+  /// Puts into the variable of the host what the operation left.
   void Assign() {
     if (record_ == before_) return;
     Interface<Record>* old = *face_;
@@ -59,7 +59,7 @@ class Variable {
     return Answer(result, [&] { return core().Name(OrNone(CoreOf<zevo::Record>(value))); }); \
   }
 
-/// Hands over a record that comes by reference and stays what it is.
+/// The same for a record that comes by reference. The variable is not changed.
 #define ZEVO_WITH_VARIABLE(Name, Record)                                                      \
   STDMETHODIMP Name(::_##Record** value, VARIANT_BOOL* result) override {                     \
     if (value == nullptr) return E_POINTER;                                                   \

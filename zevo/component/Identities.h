@@ -7,8 +7,8 @@
 
 namespace zevo::component {
 
-/// Which face, as hosts see it, an object of the library has at present. It keeps neither of them alive: a face is here
-/// from its making to its end and holds its object meanwhile.
+/// Which face, as hosts see it, an object of the library has at present. It keeps neither of them alive: a face is
+/// entered when it is made and removed when it ends, and holds its object in between.
 class Identities {
  public:
   static Identities& OfThisProcess();
@@ -24,7 +24,7 @@ class Identities {
  private:
   Identities() = default;
 
-  // Objects belong to one thread, but a host may well release the last of them from another.
+  // Objects belong to one thread, but a host may release the last reference from another.
   std::mutex mutex_;
   std::unordered_map<const void*, void*> faces_;
 };

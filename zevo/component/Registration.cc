@@ -30,9 +30,9 @@ constexpr const wchar_t* kPlatform = L"win32";
 constexpr const wchar_t* kTypeLibraryMarshaller = L"{00020424-0000-0000-C000-000000000046}";
 constexpr const wchar_t* kDispatchMarshaller = L"{00020420-0000-0000-C000-000000000046}";
 
-// The parts of the registry for programs of 64 and of 32 bits. Where a key is in both, they show the same.
+// The views of the registry for programs of 64 and of 32 bits; some keys are shared by both.
 constexpr REGSAM kViews[] = {KEY_WOW64_64KEY, KEY_WOW64_32KEY};
-// The part of this program.
+// The view of this program.
 constexpr REGSAM kOwnView = 0;
 
 // A value under Software\Classes. The one without a name is the key's own.
@@ -182,7 +182,7 @@ bool Exists(HKEY root, const std::wstring& key, REGSAM view) {
   return Open(root, kClasses + key, KEY_READ | view).Get() != nullptr;
 }
 
-// A text that one of the system's calls gives: it takes a place and its size, and tells the size that it needs.
+// The text of a system call that takes a buffer with its size and returns the length of the text, or the size it needs.
 template <class Call>
 std::wstring TextFrom(Call&& call) {
   std::wstring text(MAX_PATH, L'\0');
@@ -194,7 +194,7 @@ std::wstring TextFrom(Call&& call) {
   }
 }
 
-// The name by which the system knows a file, which may be written in several ways; the path itself when it cannot tell.
+// The one name of a file whose path may be written in several ways; the path itself when the system cannot tell.
 std::wstring FinalName(const std::wstring& path) {
   std::wstring name;
   HANDLE file = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -255,7 +255,7 @@ LSTATUS Remove(HKEY root, const std::wstring& key, REGSAM view) {
   std::wstring path = kClasses + key;
   const size_t name = path.rfind(L'\\') + 1;
   {
-    // The key above is opened by its own name: what an open key leads to does not depend on the program any more.
+    // Opened in the given view: what is deleted through an open key is in that view, whatever that of the program is.
     Key above;
     const LSTATUS opened =
         RegOpenKeyExW(root, path.substr(0, name - 1).c_str(), 0, KEY_READ | DELETE | view, above.Receive());
@@ -270,8 +270,8 @@ LSTATUS Remove(HKEY root, const std::wstring& key, REGSAM view) {
   return ERROR_SUCCESS;
 }
 
-// Another copy of the server may have taken the place of this one, and the server for programs of the other kind stands
-// beside it: only what names this file goes, and what names none when no copy is left.
+// Another copy of the server may be registered, for programs of this kind or of the other: removes what names
+// this file and, when no copy is left, what all of them share.
 LSTATUS Remove(HKEY root, const Plan& plan) {
   LSTATUS result = ERROR_SUCCESS;
   const auto remove = [&](const std::wstring& key, REGSAM view) {

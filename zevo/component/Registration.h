@@ -10,8 +10,8 @@ namespace zevo::component {
 /// how its interfaces travel between threads. Where that is refused, it does so for the user. Throws `Error`.
 void Register();
 
-/// Takes back what the above did, for the machine and for the user: what names the file of this very server and, when
-/// no other copy is left there, what they share. Throws `Error`.
+/// Undoes `Register`, for the machine and for the user: removes what names this very file and, when no other copy is
+/// left there, what all copies share. Throws `Error`.
 void Unregister();
 
 }  // namespace zevo::component

@@ -15,7 +15,7 @@ namespace zevo::component {
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, LPVOID reserved) {
   if (reason == DLL_THREAD_DETACH) EndThread(library);
-  // With nothing reserved, the process goes on without the server.
+  // Without `reserved` the server is unloaded from a process that lives on; with it, the process is ending.
   if (reason == DLL_PROCESS_DETACH && reserved == nullptr) EndLibrary(library);
   return TRUE;
 }

@@ -30,7 +30,7 @@ ComPtr<ITypeInfo> TypeOf(const GUID& id) {
 
 ComPtr<ITypeInfo> TableTypeOf(const IID& interfaceId) {
   const ComPtr<ITypeInfo> type = TypeOf(interfaceId);
-  // A dual interface has two descriptions; the other one of the first is at -1.
+  // A dual interface is described as a dispatch interface and as a table of functions; -1 leads to the latter.
   HREFTYPE reference = 0;
   ComPtr<ITypeInfo> table;
   RequireSuccess(type->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));

@@ -16,7 +16,8 @@ class Cursors {
   /// Begins a walk at the first child of a name, in place of an unfinished one.
   void Begin(std::string_view name, Element first);
   bool Has(std::string_view name) const;
-  /// The element the walk has come to; it moves on. At the end it is forgotten. Nothing without a walk.
+  /// The element at which the walk stands; the walk then moves to the next. Nothing at the end, where the walk is
+  /// forgotten, or without a walk.
   Element Next(std::string_view name);
   void Clear() { cursors_.clear(); }
 

@@ -48,7 +48,7 @@ void SAXDALReader::StartElement(const ParsedName& name, std::span<const ParsedAt
       BeginEntity(*kind, name.local);
     }
   }
-  // Prefixes and attributes stay behind: the file has its data in elements.
+  // Prefixes and attributes are left out: the data is in elements and their texts.
   builder_->StartElement({name.local, nullptr, name.number}, {});
   ++depth_;
 }
@@ -78,7 +78,7 @@ void SAXDALReader::EndInnermost(const ParsedName& name) {
   --depth_;
 }
 
-// An entity that ends while an element inside it is open would be no XML by itself.
+// An entity that ends while an element inside it is open is not well-formed by itself.
 void SAXDALReader::EndEntity() {
   in_entity_ = false;
   if (depth_ > 0) throw LibraryError(Message::kEntityNotXml, "SAXDALReader.EndElement");

@@ -39,7 +39,7 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   /// The end of a file that was read to its end.
   std::function<void()> FinishedReading;
 
-  /// Once true, the next element raises message 501. Nothing here ever makes it false again.
+  /// Once true, the next element raises message 501. The reader never makes it false again.
   bool AbortRequested() const { return abort_requested_; }
   void set_AbortRequested(bool value) { abort_requested_ = value; }
   /// How many bytes of the file the running or the last ReadFile has taken in.
@@ -54,7 +54,7 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   /// 501 when reading was to be aborted, the parser's number and reason for a file that is not well-formed, and error 5
   /// while the reader is closed or reading.
   void ReadFile() override;
-  /// May be called by a handler too: the file is read on.
+  /// A handler may call it too; reading goes on all the same.
   void CloseFile() override { cursors_.reset(); }
 
   Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override;

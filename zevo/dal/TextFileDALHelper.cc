@@ -19,7 +19,7 @@ TextFileDALHelper::~TextFileDALHelper() {
   try {
     TextFileDALHelper::CloseFile();
   } catch (const std::exception&) {
-    // Nobody is left to tell.
+    // A destructor cannot report it.
   }
 }
 
@@ -41,7 +41,7 @@ void TextFileDALHelper::CreateFile() {
     open_.push_back(handles_->Root());
   } catch (...) {
     open_.clear();
-    // A file without a beginning would only be in the way of the next attempt.
+    // Without its root the file is of no use, and the next attempt would fail because it exists.
     stream_.DeleteStream();
     throw;
   }
@@ -60,7 +60,7 @@ void TextFileDALHelper::CloseFile() {
   stream_.CloseStream();
 }
 
-// Every operation that is going to write begins here, with a look at what is open.
+// Mappers ask for what is open before they write anything, so a write that failed is reported here.
 Element TextFileDALHelper::GetElement(std::string_view name, Element, std::string_view) {
   stream_.RequireWhole();
   const auto open = std::ranges::find(open_, name, &Element::Name);
@@ -72,7 +72,7 @@ Element TextFileDALHelper::CreateElement(std::string_view name, std::string_view
   RequireXmlText(name, value);
   CloseToParent(parent ? parent : handles_->Root());
   if (value.empty()) {
-    // What may fail goes before the tag: one that is written is closed.
+    // All that may fail comes before the tag is written: every tag in the file must be in open_, to be closed.
     const Element element = HandleFor(name);
     open_.reserve(open_.size() + 1);
     stream_.WriteStartTag(name);

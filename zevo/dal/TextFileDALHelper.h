@@ -32,7 +32,7 @@ class TextFileDALHelper : public IDALHelper {
   void set_AuditFileName(std::string_view value) override { stream_.set_FileName(value); }
   /// Begins the file anew. A failure leaves the writer closed.
   void CreateFile() override;
-  /// The same: a file cannot be gone on with.
+  /// The same as `CreateFile`: a file that exists cannot be continued.
   void OpenFile() override { CreateFile(); }
   /// Does nothing: every element is in the file, or will be.
   void SaveFile() override {}
@@ -52,7 +52,7 @@ class TextFileDALHelper : public IDALHelper {
   void CloseAll();
 
   TextStream stream_;
-  // Names of elements only: one for each name, so that two with the same name cannot be told apart.
+  // One element for each name, as a handle: open elements of the same name share it.
   std::unique_ptr<Document> handles_;
   std::vector<Element> open_;
 };

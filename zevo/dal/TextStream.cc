@@ -25,7 +25,7 @@ void TextStream::CloseStream() noexcept {
   try {
     serializer_->Flush();
   } catch (const std::exception&) {
-    // Closing loses what cannot be written.
+    // What cannot be written is lost: owners call Flush first.
   }
   serializer_.reset();
   output_.reset();
@@ -62,7 +62,7 @@ void TextStream::DeleteStream() noexcept {
     // A device is not a file to delete.
     if (FileExists(file_name_)) DeleteFile(file_name_);
   } catch (const std::exception&) {
-    // Opening it tells what is wrong.
+    // The next CreateStream reports what is wrong with the file.
   }
 }
 

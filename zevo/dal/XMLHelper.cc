@@ -38,8 +38,8 @@ ElementTexts::ElementTexts(Element node) : node_(node), walked_(node.node()) {
   if (walked_ != nullptr) Note(*walked_);
 }
 
-// Notes an element whose start tag is one that is looked for: without attributes, not that of an empty element, the
-// first of its name. Gives the name, or none.
+// Notes an element if it is the first of its name whose start tag has no attributes and is not that of an empty
+// element. Returns its name, or none when it was not noted.
 inline uint32_t ElementTexts::Note(const Node& node) {
   if (node.Kind() != NodeKind::kElement) {
     if (node.Kind() != NodeKind::kText) hides_tags_ = true;
@@ -58,7 +58,7 @@ inline uint32_t ElementTexts::Note(const Node& node) {
   return name;
 }
 
-// Walks on until an element of that name is noted, or as far as the walk can tell.
+// Goes on with the walk until an element of that name is noted, the tree ends or something is met that may hide tags.
 void ElementTexts::WalkTo(uint32_t name) {
   if (walked_ == nullptr) return;
   const Document& document = node_.Owner();
@@ -77,7 +77,8 @@ std::string_view ElementTexts::operator[](ElementName name) {
 }
 
 [[gnu::noinline]] std::string_view ElementTexts::Cleaned(std::string_view text) {
-  // What was escaped once is unescaped by the parser; only a quote written as a reference in the text itself is left.
+  // Serialised and unescaped, a text comes back as it was, but for a "&quot;" in the text itself, which becomes a
+  // quote.
   cleaned_ = OnOneLine(ReplaceAll(text, "&quot;", "\""));
   return cleaned_;
 }

@@ -14,7 +14,7 @@
 namespace zevo {
 namespace {
 
-// The totals that the host keeps, if it does.
+// Adds an entry to the totals that the host keeps; null when it keeps none.
 template <class Section, class R>
 void AddTo(Section* section, const R& entry) {
   if (section == nullptr) return;

@@ -37,7 +37,7 @@ bool AuditFileStreamer::ReadAuditFile(bool wait) {
     reading_ = true;
     entity_failed_ = false;
     reader_->ReadFile();
-    // Events of the reading end it.
+    // ReadFile has raised FinishedReading, which makes reading_ false.
     // cppcheck-suppress knownConditionTrueFalse
     while (wait && reading_) AwaitHostMessages();
   });
@@ -56,7 +56,7 @@ void AuditFileStreamer::AbortReading() {
 
 uint64_t AuditFileStreamer::BytesRead() const { return reader_->BytesRead(); }
 
-// A record that cannot be built does not end the reading. Why it cannot is told until the handler returns.
+// A record that cannot be built does not end the reading. AuditException tells why until the handler returns.
 std::shared_ptr<Record> AuditFileStreamer::Build(EntityKind kind) {
   std::shared_ptr<Record> record;
   const bool built = Attempt([&] {

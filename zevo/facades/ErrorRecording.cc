@@ -23,7 +23,7 @@ std::shared_ptr<const AuditException> MakeRecord(const Error& error, UnknownDesc
   return record;
 }
 
-// Made ahead, for when nothing can be made any more.
+// Made in advance: when memory has run out, nothing can be made.
 const std::shared_ptr<const AuditException> kOutOfMemory =
     MakeRecord(MakeRunTimeError(RunTimeError::kOutOfMemory), UnknownDescription::kKept);
 

@@ -22,7 +22,7 @@ struct Wide {
 
 Wide Multiply(uint64_t left, uint64_t right) {
   constexpr uint64_t kLowHalf = 0xFFFFFFFF;
-  // By halves, as with pencil and paper.
+  // Long multiplication with digits of 32 bits.
   const uint64_t low = (left & kLowHalf) * (right & kLowHalf);
   const uint64_t cross = (left >> 32) * (right & kLowHalf) + (low >> 32);
   const uint64_t other_cross = (left & kLowHalf) * (right >> 32) + (cross & kLowHalf);
@@ -72,10 +72,11 @@ Amount Amount::FromText(std::string_view text) {
 }
 
 Amount Amount::FromDouble(double value) {
-  // In two parts, each exact: a product of the whole would be rounded before it is rounded to an amount.
+  // Whole part and fraction apart: the product of a large value and kScale would be rounded before it is rounded to an
+  // amount.
   const double whole = std::trunc(value);
   const double fraction = std::round((value - whole) * static_cast<double>(kScale));
-  // Written so that what is no number fails too.
+  // Not as `>`, which is false for a NaN.
   if (!(std::fabs(whole) <= kGreatestWhole)) RaiseOverflow();
   int64_t scaled = static_cast<int64_t>(whole) * kScale;
   if (__builtin_add_overflow(scaled, static_cast<int64_t>(fraction), &scaled)) RaiseOverflow();

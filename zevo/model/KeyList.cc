@@ -26,7 +26,7 @@ size_t KeyList::PlaceOf(std::string_view folded) const {
     decltype(places_) places;
     places.reserve(folded_.size() * 2);
     for (size_t place = 0; place < folded_.size(); ++place) places.emplace(folded_[place], place);
-    // Whole or not at all, should memory run out.
+    // Only now: when memory runs out above, there is no half-filled table.
     places_ = std::move(places);
   }
   const auto found = places_.find(folded);

@@ -84,9 +84,9 @@ Enumeration ValueFromCode(std::string_view text) {
   return static_cast<Enumeration>(0);
 }
 
-/// & < > and " as references.
+/// The text with & < > and " as references.
 std::string Escape(std::string_view text);
-/// The same back, one level: &amp; goes after &lt; and &gt;, but before &quot;.
+/// Undoes `Escape` in the order &lt;, &gt;, &amp;, &quot;, so that "&amp;lt;" becomes "&lt;" and "&amp;quot;" a quote.
 std::string Unescape(std::string_view text);
 
 }  // namespace zevo

@@ -16,7 +16,7 @@ constexpr std::string_view kSchemaPath[] = {"Zevo", "2070", "Zevo.Adapters.11", 
 std::string DefaultSchemaLocation() {
   std::string path = CommonFilesFolder();
   if (path.find_first_not_of(' ') == std::string::npos) path = LibraryFolder();
-  // Anywhere else might be a schema of anybody's.
+  // Without a folder there is no default: a relative path could lead to a schema that somebody else put there.
   if (path.empty()) return path;
   for (const std::string_view name : kSchemaPath) path = JoinPath(path, name);
   return path;

@@ -29,7 +29,7 @@ Element MaxLengthOf(Element simpleType) {
 
 bool IsElement(Element node) { return node.Name() == "element"; }
 
-// The key of a step from a path to the next one: the number of the path and the name, in one letter case.
+// The key of a step: the number of the path above and the name of the element, with letter case folded.
 std::string StepOf(uint32_t path, std::string_view name) {
   return std::to_string(path).append("/").append(FoldCase(name));
 }
@@ -52,8 +52,8 @@ class Validations::PathFinder {
   }
 
  private:
-  // A global declaration stands where it is first referred to, and that one's around it likewise. Those in a circle
-  // stand nowhere.
+  // The path of a global declaration leads through the place of its first reference, and so on upwards. Declarations
+  // that refer to each other in a circle have no path.
   Path OfGlobal(Element global) {
     std::vector<std::pair<Element, Element>> waiting;  // declarations, with the element around their first reference
     Element node = global;
@@ -71,7 +71,7 @@ class Validations::PathFinder {
     return paths_[global.node()];
   }
 
-  // Nothing where there is no reference, or one at the top.
+  // The element in which the first reference stands; nothing without a reference, or when it is at the top.
   Element AroundReferenceTo(Element global) const {
     const auto name = global.Attribute("name");
     const auto found = name ? tables_.first_references_.find(*name) : tables_.first_references_.end();
@@ -85,7 +85,7 @@ class Validations::PathFinder {
     return node;
   }
 
-  // A name that holds a separator makes steps of its own.
+  // A name with a "/" in it counts as several steps.
   Path Below(Path path, Element node) {
     if (!IsElement(node) || path == kNowhere) return path;
     const std::string_view name = node.Attribute(node.Attribute("name") ? "name" : "ref").value_or(std::string_view());

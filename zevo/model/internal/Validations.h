@@ -35,7 +35,7 @@ class Validations {
 
  private:
   using Table = TextMap<Element>;
-  // A path, by its number: paths are as many as elements, but put together as long as the schema times its depth.
+  // The number of a path. As texts, the paths of a deep schema would take its size times its depth.
   using Path = uint32_t;
   static constexpr Path kTop = 0;
   static constexpr Path kNowhere = UINT32_MAX;
