@@ -3,20 +3,17 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <array>
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <new>
+#include <vector>
 
-#include "tools/saft/command/Command.h"
-#include "tools/saft/create/CreateCommand.h"
+#include "tools/saft/CommandList.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
-#include "tools/saft/list/ListCommand.h"
-#include "tools/saft/summary/SummaryCommand.h"
 #include "tools/saft/terminal/VisibleText.h"
-#include "tools/saft/validate/ValidateCommand.h"
 
 namespace zevo::saft {
 namespace {
@@ -38,10 +35,15 @@ ExitCode Run(int argc, char** argv) {
   program.footer(
       "Exit codes: 0 done, 1 the file is not valid (validate), 2 any error; errors are told on standard error.\n"
       "More about a command: saft COMMAND --help");
-  const CreateCommand create(program);
-  const ValidateCommand validate(program);
-  const SummaryCommand summary(program);
-  const ListCommand list(program);
+  struct Offered {
+    const CLI::App* options;
+    std::unique_ptr<Command> command;
+  };
+  std::vector<Offered> commands;
+  for (const auto& [name, description, make] : CommandList()) {
+    CLI::App* const options = program.add_subcommand(name, description);
+    commands.push_back({options, make(*options)});
+  }
 
   try {
     program.parse(argc, argv);
@@ -51,8 +53,8 @@ ExitCode Run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     throw Failure(Visible(error.what()) + "\nRun \"saft --help\" for help.");
   }
-  for (const Command* command : std::array<const Command*, 4>{&create, &validate, &summary, &list}) {
-    if (command->IsChosen()) return command->Run();
+  for (const auto& [options, command] : commands) {
+    if (options->parsed()) return command->Run();
   }
   return kError;
 }

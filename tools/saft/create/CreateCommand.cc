@@ -51,13 +51,12 @@ Told and counted on standard error:
 
 }  // namespace
 
-CreateCommand::CreateCommand(CLI::App& program)
-    : Command(program, "create", "Turn a dataset of CSV files into an audit file"), schema_(options_) {
-  options_.add_option("DATASET", dataset_, "Folder of the dataset")->required()->option_text(" ");
-  options_.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
-  options_.add_flag("--stream", stream_, "Write the file from front to back instead of building it in memory first");
-  options_.add_flag("--round", round_, "Write numbers that the file does not hold as given all the same, see below");
-  options_.footer(kDatasetHelp);
+CreateCommand::CreateCommand(CLI::App& options) : schema_(options) {
+  options.add_option("DATASET", dataset_, "Folder of the dataset")->required()->option_text(" ");
+  options.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
+  options.add_flag("--stream", stream_, "Write the file from front to back instead of building it in memory first");
+  options.add_flag("--round", round_, "Write numbers that the file does not hold as given all the same, see below");
+  options.footer(kDatasetHelp);
 }
 
 ExitCode CreateCommand::Run() const {

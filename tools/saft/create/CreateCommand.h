@@ -2,6 +2,7 @@
 #ifndef ZEVO_TOOLS_SAFT_CREATE_CREATECOMMAND_H_
 #define ZEVO_TOOLS_SAFT_CREATE_CREATECOMMAND_H_
 
+#include <CLI/CLI.hpp>
 #include <string>
 
 #include "tools/saft/command/Command.h"
@@ -12,7 +13,7 @@ namespace zevo::saft {
 /// Turns a dataset into an audit file.
 class CreateCommand : public Command {
  public:
-  explicit CreateCommand(CLI::App& program);
+  explicit CreateCommand(CLI::App& options);
   ExitCode Run() const override;
 
  private:

@@ -43,17 +43,16 @@ class Unreadable {
 
 }  // namespace
 
-ListCommand::ListCommand(CLI::App& program)
-    : Command(program, "list", "Write the records of one kind to standard output") {
-  options_.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
-  options_.add_option("KIND", kind_, "Class of the records, see below")
+ListCommand::ListCommand(CLI::App& options) {
+  options.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
+  options.add_option("KIND", kind_, "Class of the records, see below")
       ->required()
       ->check(CLI::IsMember(NamesOfKinds()))
       ->option_text(" ");
-  options_.add_flag("--json", json_, "Write a JSON object a line, with amounts as texts, instead of CSV");
+  options.add_flag("--json", json_, "Write a JSON object a line, with amounts as texts, instead of CSV");
   std::string footer = "Kinds:";
   for (const RecordKind& kind : RecordKinds()) footer.append("\n  ").append(kind.name);
-  options_.footer(
+  options.footer(
       footer +
       "\n\nThe CSV is a file of a dataset as \"saft create\" takes it. The file is read in one pass and may be of any\n"
       "size. A record that cannot be read is left out, told at the end, and makes the exit code 2: among those are\n"

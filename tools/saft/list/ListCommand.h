@@ -2,6 +2,7 @@
 #ifndef ZEVO_TOOLS_SAFT_LIST_LISTCOMMAND_H_
 #define ZEVO_TOOLS_SAFT_LIST_LISTCOMMAND_H_
 
+#include <CLI/CLI.hpp>
 #include <string>
 
 #include "tools/saft/command/Command.h"
@@ -11,7 +12,7 @@ namespace zevo::saft {
 /// Lists the records of one kind that an audit file holds.
 class ListCommand : public Command {
  public:
-  explicit ListCommand(CLI::App& program);
+  explicit ListCommand(CLI::App& options);
   ExitCode Run() const override;
 
  private:

@@ -12,11 +12,10 @@
 
 namespace zevo::saft {
 
-SummaryCommand::SummaryCommand(CLI::App& program)
-    : Command(program, "summary", "Tell what an audit file holds: header, counts and totals") {
-  options_.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
-  options_.add_flag("--json", json_, "Write JSON for programs, with amounts as texts");
-  options_.footer(
+SummaryCommand::SummaryCommand(CLI::App& options) {
+  options.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
+  options.add_flag("--json", json_, "Write JSON for programs, with amounts as texts");
+  options.footer(
       "Totals are told as the file has them and as the records sum up to. Documents whose TransactionID is "
       "\"Anulado\"\n"
       "are left out of both; the table of invoice types has all documents. The entries of a tax table are unreadable\n"

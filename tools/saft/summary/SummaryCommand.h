@@ -2,6 +2,7 @@
 #ifndef ZEVO_TOOLS_SAFT_SUMMARY_SUMMARYCOMMAND_H_
 #define ZEVO_TOOLS_SAFT_SUMMARY_SUMMARYCOMMAND_H_
 
+#include <CLI/CLI.hpp>
 #include <string>
 
 #include "tools/saft/command/Command.h"
@@ -11,7 +12,7 @@ namespace zevo::saft {
 /// Tells what an audit file holds, in figures.
 class SummaryCommand : public Command {
  public:
-  explicit SummaryCommand(CLI::App& program);
+  explicit SummaryCommand(CLI::App& options);
   ExitCode Run() const override;
 
  private:

@@ -25,10 +25,9 @@ void RequireReadable(const std::string& path) {
 
 }  // namespace
 
-ValidateCommand::ValidateCommand(CLI::App& program)
-    : Command(program, "validate", "Check an audit file against the schema"), schema_(options_) {
-  options_.add_option("FILE.xml", file_, "Audit file to check, - for standard input")->required()->option_text(" ");
-  options_.footer(
+ValidateCommand::ValidateCommand(CLI::App& options) : schema_(options) {
+  options.add_option("FILE.xml", file_, "Audit file to check, - for standard input")->required()->option_text(" ");
+  options.footer(
       "Ends with 0 when the file is valid, with 1 when it is not: standard error then tells the first violation, with\n"
       "its line and column. A schema or a file that cannot be used ends it with 2.");
 }

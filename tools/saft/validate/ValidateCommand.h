@@ -2,6 +2,7 @@
 #ifndef ZEVO_TOOLS_SAFT_VALIDATE_VALIDATECOMMAND_H_
 #define ZEVO_TOOLS_SAFT_VALIDATE_VALIDATECOMMAND_H_
 
+#include <CLI/CLI.hpp>
 #include <string>
 
 #include "tools/saft/command/Command.h"
@@ -12,7 +13,7 @@ namespace zevo::saft {
 /// Checks an audit file against the schema.
 class ValidateCommand : public Command {
  public:
-  explicit ValidateCommand(CLI::App& program);
+  explicit ValidateCommand(CLI::App& options);
   ExitCode Run() const override;
 
  private:

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/CommandList.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "tests/tools/saft/ToolTest.h"
+
+namespace zevo::saft {
+namespace {
+
+using ::testing::ContainsRegex;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class CommandListTest : public testing::ToolTest {};
+
+TEST_F(CommandListTest, EveryCommandHasAHelpPageWithItsDescription) {
+  ASSERT_FALSE(CommandList().empty());
+  for (const auto& [name, description, make] : CommandList()) {
+    const testing::Outcome help = Run({name, "--help"});
+    EXPECT_EQ(help.code, 0) << name;
+    EXPECT_EQ(help.err, "") << name;
+    EXPECT_THAT(help.out, StartsWith(std::string(description) + "\n")) << name;
+    EXPECT_THAT(help.out, HasSubstr(std::string("Usage: saft ") + name + " ")) << name;
+  }
+}
+
+TEST_F(CommandListTest, TheHelpOfTheProgramHasALineForEveryCommand) {
+  const testing::Outcome help = Run({"--help"});
+  EXPECT_EQ(help.code, 0);
+  for (const auto& [name, description, make] : CommandList()) {
+    EXPECT_THAT(help.out, ContainsRegex(std::string("\n  ") + name + " +" + description + "\n"));
+  }
+}
+
+TEST_F(CommandListTest, EveryNameIsGivenOnce) {
+  for (const CommandEntry& entry : CommandList()) {
+    EXPECT_EQ(std::ranges::count(CommandList(), std::string(entry.name), &CommandEntry::name), 1) << entry.name;
+  }
+}
+
+}  // namespace
+}  // namespace zevo::saft
