@@ -7,7 +7,7 @@
 
 namespace zevo {
 
-/// SipHash-2-4 under a key that the process draws once: nobody outside can choose texts that share a place in a table.
+/// SipHash-2-4 under a key that the process draws once: nobody outside can choose texts that share a slot of a table.
 /// Differs from process to process. The first call may raise what std::random_device does.
 uint64_t KeyedHash(std::string_view text);
 

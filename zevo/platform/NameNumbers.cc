@@ -7,35 +7,34 @@ namespace zevo {
 
 namespace {
 
-constexpr size_t kFirstPlaces = 1024;
+constexpr size_t kFirstSlots = 1024;
 
 }  // namespace
 
-NameNumbers::NameNumbers()
-    : multiplier_(KeyedHash("NameNumbers") | 1U), mask_(kFirstPlaces - 1), places_(kFirstPlaces) {}
+NameNumbers::NameNumbers() : multiplier_(KeyedHash("NameNumbers") | 1U), mask_(kFirstSlots - 1), slots_(kFirstSlots) {}
 
 // Where the name is, or where it would go.
-NameNumbers::Place& NameNumbers::PlaceOf(const char* local, const char* prefix) {
+NameNumbers::Slot& NameNumbers::SlotOf(const char* local, const char* prefix) {
   size_t at = HomeOf(local, prefix);
-  while (places_[at].number != 0 && (places_[at].local != local || places_[at].prefix != prefix)) {
+  while (slots_[at].number != 0 && (slots_[at].local != local || slots_[at].prefix != prefix)) {
     at = (at + 1) & mask_;
   }
-  return places_[at];
+  return slots_[at];
 }
 
 uint32_t NameNumbers::Search(const char* local, const char* prefix) {
-  Place* place = &PlaceOf(local, prefix);
-  if (place->number != 0) return place->number;
-  if (size_t{count_} * 4 >= places_.size()) {
-    std::vector<Place> places(places_.size() * 2);
-    places_.swap(places);
-    mask_ = places_.size() - 1;
-    for (const Place& known : places) {
-      if (known.number != 0) PlaceOf(known.local, known.prefix) = known;
+  Slot* slot = &SlotOf(local, prefix);
+  if (slot->number != 0) return slot->number;
+  if (size_t{count_} * 4 >= slots_.size()) {
+    std::vector<Slot> slots(slots_.size() * 2);
+    slots_.swap(slots);
+    mask_ = slots_.size() - 1;
+    for (const Slot& known : slots) {
+      if (known.number != 0) SlotOf(known.local, known.prefix) = known;
     }
-    place = &PlaceOf(local, prefix);
+    slot = &SlotOf(local, prefix);
   }
-  *place = {local, prefix, ++count_};
+  *slot = {local, prefix, ++count_};
   return count_;
 }
 

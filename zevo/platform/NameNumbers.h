@@ -15,12 +15,12 @@ class NameNumbers {
   NameNumbers();
 
   uint32_t Of(const char* local, const char* prefix = nullptr) {
-    const Place& place = places_[HomeOf(local, prefix)];
-    return place.local == local && place.prefix == prefix ? place.number : Search(local, prefix);
+    const Slot& slot = slots_[HomeOf(local, prefix)];
+    return slot.local == local && slot.prefix == prefix ? slot.number : Search(local, prefix);
   }
 
  private:
-  struct Place {
+  struct Slot {
     const char* local;
     const char* prefix;
     uint32_t number;  // 0 where there is none
@@ -32,12 +32,12 @@ class NameNumbers {
     return static_cast<size_t>(both * multiplier_ >> 32) & mask_;
   }
   uint32_t Search(const char* local, const char* prefix);
-  Place& PlaceOf(const char* local, const char* prefix);
+  Slot& SlotOf(const char* local, const char* prefix);
 
   uint64_t multiplier_;
   size_t mask_;
   uint32_t count_ = 0;
-  std::vector<Place> places_;
+  std::vector<Slot> slots_;
 };
 
 }  // namespace zevo

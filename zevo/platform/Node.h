@@ -29,7 +29,7 @@ struct Node {
   static constexpr uint32_t kHoldsText = 1U << 27;
   static constexpr uint32_t kPrefixed = 1U << 28;  // the name has a prefix
   static constexpr uint32_t kShortShift = 29;      // one more than the length of a short node's text
-  // The greatest lengths of a text in the place of the name, which a text node has not, and behind the node.
+  // The greatest lengths of a text in the bits of the name, which a text node has not, and behind the node.
   static constexpr size_t kShortest = 3;
   static constexpr size_t kShortText = 4;
 

@@ -204,9 +204,9 @@ size_t TextDecoder::DecodeSingleBytes(char* utf8, size_t size) {
   return length;
 }
 
-uint16_t TextDecoder::Utf16At(size_t place) const {
-  const unsigned first = Byte(buffer_[place]);
-  const unsigned second = Byte(buffer_[place + 1]);
+uint16_t TextDecoder::Utf16At(size_t position) const {
+  const unsigned first = Byte(buffer_[position]);
+  const unsigned second = Byte(buffer_[position + 1]);
   return static_cast<uint16_t>(encoding_ == Encoding::kUtf16LittleEndian ? first | (second << 8)
                                                                          : (first << 8) | second);
 }

@@ -48,7 +48,7 @@ class TextDecoder {
   size_t DecodeUtf8(char* utf8, size_t size);
   size_t DecodeSingleBytes(char* utf8, size_t size);
   size_t DecodeUtf16(char* utf8, size_t size);
-  uint16_t Utf16At(size_t place) const;
+  uint16_t Utf16At(size_t position) const;
 
   ByteSource& input_;
   uint64_t bytes_taken_ = 0;
