@@ -5,6 +5,7 @@
 // Everything that a host program needs.
 
 #include <zevo/Error.h>
+#include <zevo/FilePlace.h>
 #include <zevo/TextHash.h>
 #include <zevo/Utf8.h>
 #include <zevo/facades/AuditFile.h>

@@ -495,7 +495,7 @@ TEST_F(DocumentTest, WhatWasNotWindows1252IsForgottenWhenCleared) {
 }
 
 TEST_F(DocumentTest, ClearedItFindsTheSameAnswersInOtherContent) {
-  // The same places of memory hold other elements now.
+  // The same memory holds other elements now.
   AddJournal("A");
   EXPECT_TRUE(JournalOf("A"));
   document_.Clear();

@@ -261,7 +261,7 @@ TEST_F(FileFailureTest, AReadThatFailsIsToldByParserAndValidatorAlike) {
     };
     fail([&] {
       testing::NoEvents events;
-      Parser(file, "S").Parse(events);
+      Raise(Parser(file).Parse(events), "S");
     });
     fail([&] { validator.Validate(file); });
     EXPECT_FALSE(validator.IsSchemaAtFault());
@@ -289,7 +289,7 @@ TEST_F(FileFailureTest, SlowAndInterruptedReadsGiveTheSameContent) {
   {
     const testing::Interruptions interruptions;
     const testing::ShortTransfers transfers;
-    Parser(file, "S").Parse(events);
+    Raise(Parser(file).Parse(events), "S");
   }
   EXPECT_TRUE(events.log == content + "</a>");
 }

@@ -72,7 +72,7 @@ TEST(NameTableTest, AddingANameTakesNoLongerTheMoreThereAre) {
   EXPECT_LT(best(40'000), 40 * best(5'000));
 }
 
-// Names that differ at their very end alone, which a hash that multiplies has in one place.
+// Names that differ at their very end alone, which a hash that multiplies has in one slot.
 TEST(NameTableTest, ChosenNamesTakeNoLongerThanOthers) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
   constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";

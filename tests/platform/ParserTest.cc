@@ -89,7 +89,7 @@ TEST(ParserTest, EqualNamesAreTheSamePointers) {
   } pointers;
   const testing::TemporaryFolder folder;
   const std::string body = Repeated("<p:b k='1'/>", 5000);
-  Parser(folder.Write("file", "<p:b xmlns:p='u' k='1'>" + body + "</p:b>"), "").Parse(pointers);
+  Raise(Parser(folder.Write("file", "<p:b xmlns:p='u' k='1'>" + body + "</p:b>")).Parse(pointers), "");
   EXPECT_EQ(pointers.locals.size(), 1u);
   EXPECT_EQ(pointers.prefixes.size(), 1u);
   EXPECT_EQ(pointers.names.size(), 2u);
@@ -107,7 +107,7 @@ TEST(ParserTest, NumbersNamesInTheirOrder) {
   } numbers;
   const testing::TemporaryFolder folder;
   const std::string file = folder.Write("file", "<a k='' xmlns:p='p'><p:a k=''/><a p:k=''/><b a='' c=''/></a>");
-  Parser(file, "").Parse(numbers);
+  Raise(Parser(file).Parse(numbers), "");
   EXPECT_EQ(numbers.log, "2,0,1 3,1 2,4 6,2,5 ");
 }
 
@@ -208,6 +208,32 @@ INSTANTIATE_TEST_SUITE_P(
                 XML_ERR_INVALID_ENCODING, 2, 2}),
     [](const auto& row) { return row.param.name; });
 
+TEST(ParserTest, GivesWhatStoppedItWithItsFaultAndItsPlace) {
+  using Fault = XmlProblem::Fault;
+  const testing::TemporaryFolder folder;
+  const auto problemWith = [&](const std::string& file) {
+    testing::NoEvents events;
+    return Parser(file).Parse(events);
+  };
+  EXPECT_EQ(problemWith(folder.Write("good", "<a/>")), std::nullopt);
+  const auto expect = [&](const std::string& file, int number, Fault fault, const FilePlace& place) {
+    const std::optional<XmlProblem> problem = problemWith(file);
+    ASSERT_TRUE(problem);
+    EXPECT_EQ(problem->number, number);
+    EXPECT_EQ(problem->fault, fault);
+    EXPECT_EQ(problem->place.line, place.line);
+    EXPECT_EQ(problem->place.column, place.column);
+    EXPECT_EQ(problem->place.offset, 0);
+    EXPECT_EQ(problem->reason.find("linha"), std::string::npos) << problem->reason;
+  };
+  const int missing = static_cast<int>(RunTimeError::kFileNotFound);
+  expect(folder.Path("none"), missing, Fault::kUnreadable, {});
+  expect(folder.Write("bad", "<a>\né</b>"), XML_ERR_TAG_NAME_MISMATCH, Fault::kNotWellFormed, {2, 6});
+  expect(folder.Write("nul", "<a>\né\0"s), XML_ERR_INVALID_CHAR, Fault::kNotWellFormed, {2, 2});
+  expect(folder.Write("type", "\n<!DOCTYPE a>\n<a/>"), XML_ERR_USER_STOP, Fault::kRefused, {2, 12});
+  expect(folder.Write("deep", Repeated("<a>", 300)), XML_ERR_USER_STOP, Fault::kRefused, {1, 257 * 3});
+}
+
 TEST(ParserTest, ANulFarFromTheFrontIsFoundAtItsPlace) {
   const Error error = Parsing().VerdictOn("<a>" + Repeated("<b>texto</b>\n", 70'000) + "xyz\0</a>"s);
   EXPECT_EQ(error.Number(), XML_ERR_INVALID_CHAR);
@@ -301,8 +327,8 @@ TEST(ParserTest, LinesBeyondSixteenBitsAreToldRight) {
 TEST(ParserTest, AFileThatCannotBeReadIsARunTimeErrorWithTheSourceOfParsing) {
   const testing::TemporaryFolder folder;
   testing::NoEvents events;
-  EXPECT_ERROR(Parser(folder.Path("none"), "S").Parse(events), RunTimeError::kFileNotFound, "S");
-  EXPECT_ERROR(Parser(folder.Path(""), "S").Parse(events), RunTimeError::kPathFileAccess, "S");
+  EXPECT_ERROR(Raise(Parser(folder.Path("none")).Parse(events), "S"), RunTimeError::kFileNotFound, "S");
+  EXPECT_ERROR(Raise(Parser(folder.Path("")).Parse(events), "S"), RunTimeError::kPathFileAccess, "S");
 }
 
 TEST(ParserTest, AFileCutOffAtAnyByteIsRefused) {
@@ -385,7 +411,7 @@ TEST(ParserTest, NoEventComesFromBehindADocumentType) {
   const testing::TemporaryFolder folder;
   testing::Events events;
   const std::string file = folder.Write("file", "<!--c--><!DOCTYPE a [<!ENTITY e 'x'><!--d-->]><!--e--><a>&e;</a>");
-  EXPECT_ERROR(Parser(file, "S").Parse(events), XML_ERR_USER_STOP, "S");
+  EXPECT_ERROR(Raise(Parser(file).Parse(events), "S"), XML_ERR_USER_STOP, "S");
   EXPECT_EQ(events.log, "[comment:c]");
 }
 
@@ -587,7 +613,7 @@ class ThrowingHandler : public ParserHandler {
 
 int EventCount(const std::string& file) {
   ThrowingHandler counter(-1);
-  Parser(file, "S").Parse(counter);
+  Raise(Parser(file).Parse(counter), "S");
   return counter.seen;
 }
 
@@ -602,7 +628,7 @@ TEST(ParserTest, WhatAHandlerThrowsComesOutUnchangedAndNoEventFollows) {
     for (const std::string& each : {file, broken}) {
       ThrowingHandler handler(at);
       try {
-        Parser(each, "S").Parse(handler);
+        Raise(Parser(each).Parse(handler), "S");
         ADD_FAILURE() << "nothing was thrown at " << at;
       } catch (const ThrowingHandler::Thrown& thrown) {
         EXPECT_EQ(thrown.event, at);
@@ -624,11 +650,11 @@ TEST(ParserTest, NothingLeaksWhenAHandlerThrowsOrAFileIsRefused) {
   const auto round = [&] {
     for (int at = 1; at <= count; ++at) {
       ThrowingHandler handler(at);
-      EXPECT_THROW(Parser(file, "S").Parse(handler), ThrowingHandler::Thrown);
+      EXPECT_THROW(Raise(Parser(file).Parse(handler), "S"), ThrowingHandler::Thrown);
     }
     testing::NoEvents events;
-    EXPECT_THROW(Parser(broken, "S").Parse(events), Error);
-    EXPECT_THROW(Parser(type, "S").Parse(events), Error);
+    EXPECT_THROW(Raise(Parser(broken).Parse(events), "S"), Error);
+    EXPECT_THROW(Raise(Parser(type).Parse(events), "S"), Error);
   };
   round();
   const size_t before = mallinfo2().uordblks;
@@ -656,7 +682,7 @@ TEST(ParserTest, AFileRemovedWhileItIsReadIsReadToItsEnd) {
   const testing::TemporaryFolder folder;
   const std::string file = folder.Write("file", "<a>" + Repeated("<b>texto</b>", 100'000) + "</a>");
   AtTheFirstEvent handler([&] { std::filesystem::remove(file); });
-  Parser(file, "S").Parse(handler);
+  Raise(Parser(file).Parse(handler), "S");
   EXPECT_EQ(handler.elements, 100'001);
 }
 
@@ -674,7 +700,7 @@ TEST(ParserTest, AFileCutShortWhileItIsReadIsRefused) {
   const testing::TemporaryFolder folder;
   const std::string file = folder.Write("file", "<a>" + Repeated("<b>texto</b>", 100'000) + "</a>");
   AtTheFirstEvent handler([&] { std::filesystem::resize_file(file, 600'000); });
-  EXPECT_THROW(Parser(file, "S").Parse(handler), Error);
+  EXPECT_THROW(Raise(Parser(file).Parse(handler), "S"), Error);
   EXPECT_LT(handler.elements, 100'001);
 }
 
@@ -736,7 +762,7 @@ TEST(ParserTest, MemoryDoesNotGrowWithTheFile) {
     };
     const long before = peak();
     testing::NoEvents events;
-    Parser(name, "S").Parse(events);
+    Raise(Parser(name).Parse(events), "S");
     return std::to_string(peak() - before);
   });
   ASSERT_EQ(result.status, 0) << result.text;
@@ -747,10 +773,10 @@ TEST(ParserTest, TellsHowManyBytesOfTheFileItHasTakenIn) {
   const testing::TemporaryFolder folder;
   // A byte each in the file, two in UTF-8.
   const std::string bytes = "<?xml version='1.0' encoding='windows-1252'?><a>" + std::string(100'000, '\xE9') + "</a>";
-  Parser parser(folder.Write("a.xml", bytes), "Test");
+  Parser parser(folder.Write("a.xml", bytes));
   EXPECT_EQ(parser.BytesRead(), 0U);
   testing::NoEvents events;
-  parser.Parse(events);
+  Raise(parser.Parse(events), "Test");
   EXPECT_EQ(parser.BytesRead(), bytes.size());
 }
 
@@ -775,9 +801,9 @@ TEST(ParserTest, PositionsAndCountsAreRightBeyondFourGigabytesOnOneLine) {
     file.close();
     _exit(0);
   }
-  Parser parser(pipe, "Test");
+  Parser parser(pipe);
   Counting counting;
-  const Error error = testing::ErrorOf([&] { parser.Parse(counting); });
+  const Error error = testing::ErrorOf([&] { Raise(parser.Parse(counting), "Test"); });
   waitpid(writer, nullptr, 0);
   EXPECT_THAT(error.Description(), EndsWith("(linha 1, coluna 4400000011)"));
   EXPECT_EQ(counting.elements, kPieces);

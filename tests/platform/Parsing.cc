@@ -45,13 +45,13 @@ Parsing::Parsing() : schema_(folder_.Write("any.xsd", kAnyContent)) {}
 
 std::string Parsing::EventsOf(std::string_view bytes) const {
   Events events;
-  Parser(FileOf(bytes), std::string(kParseSource)).Parse(events);
+  Raise(Parser(FileOf(bytes)).Parse(events), kParseSource);
   return events.log;
 }
 
 void Parsing::Load(Document& document, std::string_view bytes) const {
   DocumentBuilder builder(document);
-  Parser(FileOf(bytes), std::string(kParseSource)).Parse(builder);
+  Raise(Parser(FileOf(bytes)).Parse(builder), kParseSource);
 }
 
 void Parsing::Validate(std::string_view bytes) const {

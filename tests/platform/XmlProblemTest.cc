@@ -1,32 +1,40 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
-#include <zevo/platform/XmlError.h>
+#include <zevo/platform/XmlProblem.h>
+
+#include <string>
+
+#include "tests/support/Errors.h"
 
 namespace zevo {
 namespace {
 
-TEST(XmlErrorTest, CarriesNumberSourceAndTheReasonWithItsPlace) {
-  const Error error = XmlError(76, "MSXML2.DOMDocument.Load", "Opening and ending tag mismatch", 12, 34);
+std::string Sentence(std::string reason, FilePlace place) {
+  return AsError({.number = 1, .reason = std::move(reason), .place = place}, "S").Description();
+}
+
+TEST(XmlProblemTest, AsAnErrorItHasNumberSourceAndTheReasonWithItsPlace) {
+  const XmlProblem problem{.number = 76, .reason = "Opening and ending tag mismatch", .place = {12, 34, 567}};
+  const Error error = AsError(problem, "MSXML2.DOMDocument.Load");
   EXPECT_EQ(error.Number(), 76);
   EXPECT_EQ(error.Source(), "MSXML2.DOMDocument.Load");
   EXPECT_EQ(error.Description(), "Opening and ending tag mismatch (linha 12, coluna 34)");
 }
 
-TEST(XmlErrorTest, TrimsTheLineEndOffTheReason) {
-  EXPECT_EQ(XmlError(1, "", "Extra content \r\n\t", 1, 2).Description(), "Extra content (linha 1, coluna 2)");
+TEST(XmlProblemTest, TheLineEndBehindTheReasonIsNoPartOfTheSentence) {
+  EXPECT_EQ(Sentence("Extra content \r\n\t", {1, 2}), "Extra content (linha 1, coluna 2)");
 }
 
-TEST(XmlErrorTest, TellsThePlaceWhereThereIsNoReason) {
-  EXPECT_EQ(XmlError(1, "", "\n", 3, 4).Description(), "(linha 3, coluna 4)");
+TEST(XmlProblemTest, ThePlaceIsToldWhereThereIsNoReason) { EXPECT_EQ(Sentence("\n", {3, 4}), "(linha 3, coluna 4)"); }
+
+TEST(XmlProblemTest, WhatIsNotKnownOfThePlaceIsLeftOut) {
+  EXPECT_EQ(Sentence("Reason", {3}), "Reason (linha 3)");
+  EXPECT_EQ(Sentence("Reason", {}), "Reason");
 }
 
-TEST(XmlErrorTest, LeavesAColumnOutThatIsNotKnown) {
-  EXPECT_EQ(XmlError(1, "", "Reason", 3, 0).Description(), "Reason (linha 3)");
-}
-
-TEST(XmlErrorTest, InitialisingTwiceDoesNoHarm) {
-  InitialiseXml();
-  InitialiseXml();
+TEST(XmlProblemTest, OnlyAProblemIsRaised) {
+  EXPECT_NO_THROW(Raise({}, "S"));
+  EXPECT_ERROR(Raise(XmlProblem{.number = 4, .reason = "Reason"}, "S"), 4, "S");
 }
 
 }  // namespace

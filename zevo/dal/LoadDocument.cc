@@ -12,7 +12,7 @@ std::unique_ptr<Document> NewDocument() { return std::make_unique<Document>(kEle
 std::unique_ptr<Document> LoadDocument(const std::string& fileName) {
   auto document = NewDocument();
   DocumentBuilder builder(*document);
-  Parser(fileName, "MSXML2.DOMDocument.Load").Parse(builder);
+  Raise(Parser(fileName).Parse(builder), "MSXML2.DOMDocument.Load");
   return document;
 }
 

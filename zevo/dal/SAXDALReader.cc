@@ -19,8 +19,8 @@ void SAXDALReader::ReadFile() {
   in_entity_ = false;
   kinds_.clear();
   builder_.emplace(*entity_);
-  parser_.emplace(file_name_, "MSXML2.SAXXMLReader.ParseURL");
-  parser_->Parse(*this);
+  parser_.emplace(file_name_);
+  Raise(parser_->Parse(*this), "MSXML2.SAXXMLReader.ParseURL");
   if (FinishedReading) FinishedReading();
 }
 

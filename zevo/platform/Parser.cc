@@ -10,14 +10,12 @@
 #include <zevo/platform/NameNumbers.h>
 #include <zevo/platform/Text.h>
 #include <zevo/platform/TextDecoder.h>
-#include <zevo/platform/XmlError.h>
 
 #include <algorithm>
 #include <deque>
 #include <exception>
 #include <memory>
-#include <optional>
-#include <utility>
+#include <mutex>
 #include <vector>
 
 namespace zevo {
@@ -37,26 +35,31 @@ struct FreeContext {
   }
 };
 
-// Runs what reads the file, and gives its errors the source that the parser's own have.
-template <class Action>
-auto Reading(const std::string& source, Action&& action) {
-  try {
-    return action();
-  } catch (const Error& error) {
-    throw Error(error.Number(), source, error.Description());
-  }
+// Makes libxml2 ready for use, once in the process. The library never shuts it down: the host may use it too.
+void InitialiseXml() {
+  static std::once_flag once;
+  std::call_once(once, xmlInitParser);
 }
+
+// What the system says of a file that it does not give.
+XmlProblem Unreadable(const Error& error) {
+  return {.number = error.Number(), .reason = error.Description(), .fault = XmlProblem::Fault::kUnreadable};
+}
+
+constexpr std::string_view kTagTooLong = "Uma etiqueta tem mais de 64 KiB";
+
+// Thrown where a limit is passed, and caught before libxml2 gets to see it.
+struct BeyondLimit {
+  std::string_view reason;
+};
 
 // One run over one file: stands between libxml2's callbacks and the handler, keeps the limits and the first error.
 class Run {
  public:
-  Run(ByteSource& input, const std::string& source, ParserHandler& handler, uint64_t& bytesRead)
-      : source_(source),
-        handler_(handler),
-        bytes_read_(bytesRead),
-        decoder_(Reading(source, [&] { return TextDecoder(input); })) {}
+  Run(TextDecoder& decoder, ParserHandler& handler, uint64_t& bytesRead)
+      : decoder_(decoder), handler_(handler), bytes_read_(bytesRead) {}
 
-  void Parse(xmlSchemaValidCtxt* validation) {
+  std::optional<XmlProblem> Parse(xmlSchemaValidCtxt* validation) {
     xmlSAXHandler callbacks = Callbacks();
     context_.reset(xmlCreateIOParserCtxt(&callbacks, this, &Run::Read, nullptr, this, XML_CHAR_ENCODING_UTF8));
     if (!context_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
@@ -72,16 +75,16 @@ class Run {
       plug = xmlSchemaSAXPlug(validation, &context_->sax, &context_->userData);
       if (plug == nullptr) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
       context_->sax->serror = &Run::OnParserError;
-      xmlSchemaSetValidStructuredErrors(validation, &Run::OnError, this);
+      xmlSchemaSetValidStructuredErrors(validation, &Run::OnViolation, this);
     }
     xmlParseDocument(context_.get());
     if (plug != nullptr) {
       EndOpenElements();
       xmlSchemaSAXUnplug(plug);
     }
-    if (!thrown_ && context_->wellFormed == 0) Fail(XML_ERR_INTERNAL_ERROR, "O ficheiro não é XML bem formado");
+    if (context_->wellFormed == 0) FailAsIllFormed(XML_ERR_INTERNAL_ERROR, "O ficheiro não é XML bem formado");
     if (thrown_) std::rethrow_exception(thrown_);
-    if (error_) throw Error(*error_);
+    return problem_;
   }
 
  private:
@@ -110,7 +113,7 @@ class Run {
       });
     };
     sax.internalSubset = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
-      Of(self).Fail(XML_ERR_USER_STOP, "O ficheiro tem uma declaração DOCTYPE, que não é aceite");
+      Of(self).Refuse("O ficheiro tem uma declaração DOCTYPE, que não é aceite");
     };
     sax.serror = &Run::OnParserError;
     return sax;
@@ -131,9 +134,10 @@ class Run {
     const size_t position = Position();
     try {
       action(*this, position);
+    } catch (const BeyondLimit& limit) {
+      Refuse(limit.reason);
     } catch (...) {
-      thrown_ = std::current_exception();
-      Stop();
+      Keep(std::current_exception());
     }
     event_end_ = position;
   }
@@ -144,9 +148,9 @@ class Run {
     if (Of(self).validating_) Of(self).open_.push_back({local, prefix, uri});
     Of(self).Guard([&](Run& run, size_t position) {
       run.text_length_ = 0;
-      if (position - run.event_end_ > ParserLimits::kStartTag) return run.FailTagTooLong();
+      if (position - run.event_end_ > ParserLimits::kStartTag) throw BeyondLimit{kTagTooLong};
       if (++run.depth_ > ParserLimits::kDepth) {
-        return run.Fail(XML_ERR_USER_STOP, "Os elementos estão encaixados em mais de 256 níveis");
+        throw BeyondLimit{"Os elementos estão encaixados em mais de 256 níveis"};
       }
       std::span<const ParsedAttribute> collected;
       if (namespaces + attributes > 0) {
@@ -161,7 +165,7 @@ class Run {
                                                              int attributes, const xmlChar** attributeTexts) {
     attributes_.clear();
     attribute_texts_.clear();
-    if (attributes > ParserLimits::kAttributes) Refuse("Uma etiqueta tem mais de 256 atributos");
+    if (attributes > ParserLimits::kAttributes) throw BeyondLimit{"Uma etiqueta tem mais de 256 atributos"};
     CheckDeclarations();
     for (ptrdiff_t i = 0; i < namespaces; ++i) {
       const xmlChar* const* row = namespaceTexts + i * 2;
@@ -182,19 +186,20 @@ class Run {
 
   ParsedName Numbered(const xmlChar* local, const xmlChar* prefix) {
     const ParsedName name{Text(local), Text(prefix), names_.Of(Text(local), Text(prefix))};
-    if (name.number > ParserLimits::kNames) Refuse("O ficheiro tem mais de 10 000 nomes de elementos e atributos");
+    if (name.number > ParserLimits::kNames)
+      throw BeyondLimit{"O ficheiro tem mais de 10 000 nomes de elementos e atributos"};
     return name;
   }
 
   void CountOtherName(const char* name) {
     if (other_names_.Of(name) <= ParserLimits::kOtherNames) return;
-    Refuse("O ficheiro tem mais de 10 000 nomes de instruções, prefixos e espaços de nomes");
+    throw BeyondLimit{"O ficheiro tem mais de 10 000 nomes de instruções, prefixos e espaços de nomes"};
   }
 
   // libxml2 counts two pointers for each declaration, also while it is still in the tag.
   void CheckDeclarations() {
     if (context_->nsNr <= 2 * ParserLimits::kDeclarations) return;
-    Refuse("Mais de 64 declarações de espaços de nomes valem ao mesmo tempo");
+    throw BeyondLimit{"Mais de 64 declarações de espaços de nomes valem ao mesmo tempo"};
   }
 
   // In the value of an attribute libxml2 hands over an ampersand as a reference.
@@ -216,7 +221,7 @@ class Run {
     Guard([&](Run& run, size_t) {
       run.text_length_ += static_cast<size_t>(length);
       if (run.text_length_ > ParserLimits::kText) {
-        return run.Fail(XML_ERR_USER_STOP, "Um texto tem mais de 10 milhões de bytes");
+        throw BeyondLimit{"Um texto tem mais de 10 milhões de bytes"};
       }
       cdata ? run.handler_.CData(View(text, length)) : run.handler_.Characters(View(text, length));
     });
@@ -231,16 +236,19 @@ class Run {
     try {
       // The parser asks for bytes in the middle of a tag as well: without this it would first read all of it.
       if (run.context_ && run.InTag() && run.delivered_ - run.event_end_ > ParserLimits::kStartTag + kReadAhead) {
-        run.FailTagTooLong();
-        return 0;
+        throw BeyondLimit{kTagTooLong};
       }
       if (run.context_) run.CheckDeclarations();
-      length =
-          static_cast<int>(Reading(run.source_, [&] { return run.decoder_.Read(buffer, static_cast<size_t>(size)); }));
+      length = static_cast<int>(run.decoder_.Read(buffer, static_cast<size_t>(size)));
       if (length == 0) run.ReportFault();
+    } catch (const BeyondLimit& limit) {
+      run.Refuse(limit.reason);
+      return 0;
+    } catch (const Error& error) {
+      run.Keep(Unreadable(error));
+      return 0;
     } catch (...) {
-      run.thrown_ = std::current_exception();
-      run.Stop();
+      run.Keep(std::current_exception());
       return 0;
     }
     run.bytes_read_ = run.decoder_.BytesTaken();
@@ -265,56 +273,55 @@ class Run {
       case TextDecoder::Fault::kNone:
         return;
       case TextDecoder::Fault::kUnknownEncoding:
-        return Fail(XML_ERR_UNSUPPORTED_ENCODING, "A codificação declarada não é suportada");
+        return FailAsIllFormed(XML_ERR_UNSUPPORTED_ENCODING, "A codificação declarada não é suportada");
       case TextDecoder::Fault::kContradictoryEncoding:
-        return Fail(XML_ERR_UNSUPPORTED_ENCODING, "A codificação declarada contradiz a do início do ficheiro");
+        return FailAsIllFormed(XML_ERR_UNSUPPORTED_ENCODING,
+                               "A codificação declarada contradiz a do início do ficheiro");
       case TextDecoder::Fault::kNul:
-        return Fail(XML_ERR_INVALID_CHAR, "O carácter U+0000 não é permitido");
+        return FailAsIllFormed(XML_ERR_INVALID_CHAR, "O carácter U+0000 não é permitido");
       case TextDecoder::Fault::kUndecodable:
-        return Fail(XML_ERR_INVALID_ENCODING, "Bytes que a codificação não define");
+        return FailAsIllFormed(XML_ERR_INVALID_ENCODING, "Bytes que a codificação não define");
     }
   }
 
-  // A schema validation that listens in puts itself in the place of the user data, so the run is found by the context.
+  // A schema validation that listens in puts itself in front of the user data, so the run is found by the context.
   static void OnParserError(void*, xmlErrorPtr error) {
     auto* context = static_cast<xmlParserCtxt*>(error->ctxt);
-    if (context != nullptr && context->_private != nullptr) OnError(context->_private, error);
-  }
-
-  static void OnError(void* self, xmlErrorPtr error) {
-    Run& run = Of(self);
-    if (error->level < XML_ERR_ERROR) return;
-    // A namespace may have any name. libxml2 says this too where it had no memory to look whether the name is a URI.
-    if (error->code == XML_WAR_NS_URI) return;
-    if (error->code == XML_ERR_NO_MEMORY) run.out_of_memory_ = true;
-    run.Fail(error->code, error->message == nullptr ? "" : error->message);
-  }
-
-  void FailTagTooLong() { Fail(XML_ERR_USER_STOP, "Uma etiqueta tem mais de 64 KiB"); }
-
-  // The same where an exception may be thrown: in what runs under Guard.
-  [[noreturn, gnu::cold]] void Refuse(std::string_view reason) {
-    const auto [line, column] = Place();
-    throw XmlError(XML_ERR_USER_STOP, source_, reason, line, column);
-  }
-
-  // The first failure is the one that is told.
-  [[gnu::cold]] void Fail(int number, std::string_view reason) {
-    if (!error_ && !thrown_) {
-      try {
-        if (out_of_memory_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
-        const auto [line, column] = Place();
-        error_ = XmlError(number, source_, reason, line, column);
-      } catch (...) {
-        thrown_ = std::current_exception();
-      }
+    if (context != nullptr && context->_private != nullptr) {
+      Of(context->_private).OnError(*error, XmlProblem::Fault::kNotWellFormed);
     }
-    Stop();
   }
 
-  // From here on events are dropped and the file seems to end. Halting libxml2 itself would free its buffers under
-  // calls that are still using them.
-  void Stop() { stopped_ = true; }
+  static void OnViolation(void* self, xmlErrorPtr error) { Of(self).OnError(*error, XmlProblem::Fault::kInvalid); }
+
+  void OnError(const xmlError& error, XmlProblem::Fault fault) {
+    if (error.level < XML_ERR_ERROR) return;
+    // A namespace may have any name. libxml2 says this too where it had no memory to look whether the name is a URI.
+    if (error.code == XML_WAR_NS_URI) return;
+    Fail(error.code, error.message == nullptr ? "" : error.message, fault);
+  }
+
+  void Refuse(std::string_view reason) { Fail(XML_ERR_USER_STOP, reason, XmlProblem::Fault::kRefused); }
+
+  void FailAsIllFormed(int number, std::string_view reason) { Fail(number, reason, XmlProblem::Fault::kNotWellFormed); }
+
+  [[gnu::cold]] void Fail(int number, std::string_view reason, XmlProblem::Fault fault) {
+    try {
+      if (number == XML_ERR_NO_MEMORY) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+      Keep({.number = number, .reason = std::string(reason), .fault = fault, .place = Place()});
+    } catch (...) {
+      Keep(std::current_exception());
+    }
+  }
+
+  // The first failure is the one that is told. From then on events are dropped and the file seems to end: halting
+  // libxml2 itself would free its buffers under calls that are still using them.
+  void Keep(XmlProblem problem) {
+    if (!std::exchange(stopped_, true)) problem_ = std::move(problem);
+  }
+  void Keep(std::exception_ptr thrown) {
+    if (!std::exchange(stopped_, true)) thrown_ = std::move(thrown);
+  }
 
   // Bytes of UTF-8 that the parser has taken in.
   size_t Position() const {
@@ -337,8 +344,8 @@ class Run {
     last_column_ = column;
   }
 
-  // Line and column of the place that the parser has reached or, when decoding stopped, of the byte that stopped it.
-  std::pair<int64_t, int64_t> Place() {
+  // Where the parser is or, when decoding stopped, the byte that stopped it.
+  FilePlace Place() {
     const xmlParserInput* input = context_ ? context_->input : nullptr;
     if (input == nullptr) return {1, 1};
     FollowColumn();
@@ -362,10 +369,9 @@ class Run {
 
   static constexpr size_t kReadAhead = size_t{16} * 1024;
 
-  const std::string& source_;
+  TextDecoder& decoder_;
   ParserHandler& handler_;
   uint64_t& bytes_read_;
-  TextDecoder decoder_;
   std::unique_ptr<xmlParserCtxt, FreeContext> context_;
   NameNumbers names_;
   NameNumbers other_names_;
@@ -386,19 +392,23 @@ class Run {
   uint32_t last_column_ = 0;
   uint64_t column_base_ = 0;  // columns counted before the count began anew
   bool stopped_ = false;
-  bool out_of_memory_ = false;
-  std::optional<Error> error_;
+  std::optional<XmlProblem> problem_;
   std::exception_ptr thrown_;
 };
 
 }  // namespace
 
-void Parser::Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation) {
+std::optional<XmlProblem> Parser::Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation) {
   InitialiseXml();
   bytes_read_ = 0;
-  if (input_ != nullptr) return Run(*input_, source_, handler, bytes_read_).Parse(validation);
-  InputFile input = Reading(source_, [&] { return InputFile(file_); });
-  Run(input, source_, handler, bytes_read_).Parse(validation);
+  std::optional<InputFile> file;
+  std::optional<TextDecoder> decoder;
+  try {
+    decoder.emplace(input_ != nullptr ? *input_ : file.emplace(file_));
+  } catch (const Error& error) {
+    return Unreadable(error);
+  }
+  return Run(*decoder, handler, bytes_read_).Parse(validation);
 }
 
 }  // namespace zevo

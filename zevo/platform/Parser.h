@@ -2,11 +2,15 @@
 #ifndef ZEVO_PLATFORM_PARSER_H_
 #define ZEVO_PLATFORM_PARSER_H_
 
+#include <zevo/platform/XmlProblem.h>
+
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 struct _xmlSchemaValidCtxt;  // NOLINT(bugprone-reserved-identifier): libxml2's name
 
@@ -50,26 +54,26 @@ struct ParserLimits {
   static constexpr size_t kText = 10'000'000;
   static constexpr size_t kStartTag = size_t{64} * 1024;
   static constexpr int kAttributes = 256;   // of an element, apart from namespace declarations
-  static constexpr int kDeclarations = 64;  // of namespaces, in scope at one place
+  static constexpr int kDeclarations = 64;  // of namespaces, in scope at once
   /// Different names of elements and attributes in a file.
   static constexpr uint32_t kNames = 10'000;
   /// Different names of instructions, prefixes and namespaces in a file.
   static constexpr uint32_t kOtherNames = 10'000;
 };
 
-/// Parses a file and hands its content over as events. Raises the parser's number and reason, with line and column, for
-/// a file that is not well-formed, has a document type declaration or goes beyond the limits; a run-time error when the
-/// file cannot be read. `source` becomes the source of these errors.
+/// Parses a file and hands its content over as events.
 class Parser {
  public:
-  Parser(std::string file, std::string source) : file_(std::move(file)), source_(std::move(source)) {}
+  explicit Parser(std::string file) : file_(std::move(file)) {}
   /// Parses, once, what comes from elsewhere than a file. `input` must outlive the parser.
-  Parser(ByteSource& input, std::string source) : input_(&input), source_(std::move(source)) {}
+  explicit Parser(ByteSource& input) : input_(&input) {}
 
-  void Parse(ParserHandler& handler) { Parse(handler, nullptr); }
+  /// Gives what stopped the parse before the end: a file that cannot be read, is not well-formed or is refused. Raises
+  /// error 7 when libxml2 has no memory, and what the handler raises.
+  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler) { return Parse(handler, nullptr); }
 
-  /// The same with a libxml2 schema validation listening in.
-  void Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation);
+  /// The same with a libxml2 schema validation listening in, whose first violation ends the parse too.
+  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation);
 
   /// How many bytes of the file the running or the last parse has taken in.
   uint64_t BytesRead() const { return bytes_read_; }
@@ -77,7 +81,6 @@ class Parser {
  private:
   ByteSource* input_ = nullptr;  // none: the file is opened for each parse
   std::string file_;
-  std::string source_;
   uint64_t bytes_read_ = 0;
 };
 

@@ -81,7 +81,7 @@ class Declarations : public ParserHandler {
 void LoadSchemaDocument(std::string_view bytes, std::string_view errorSource, Document& document) {
   Declarations declarations(document);
   InputBytes input(bytes);
-  Parser(input, std::string(errorSource)).Parse(declarations);
+  Raise(Parser(input).Parse(declarations), errorSource);
 }
 
 }  // namespace zevo

@@ -6,7 +6,7 @@
 #include <zevo/TextHash.h>
 #include <zevo/platform/AutomatonSize.h>
 #include <zevo/platform/Text.h>
-#include <zevo/platform/XmlError.h>
+#include <zevo/platform/XmlProblem.h>
 
 #include <algorithm>
 #include <cmath>
@@ -70,7 +70,7 @@ class Restrictions {
     ForEachElement([&](Element element) {
       if (++elements > SchemaLimits::kElements) Refuse("tem mais de 10 000 elementos");
       if (IsOneOf(element.Name(), {"include", "import", "redefine"}) && element.Attribute("schemaLocation")) {
-        throw XmlError(XML_SCHEMAP_SRC_INCLUDE, source_, "O esquema remete para outro ficheiro", 0, 0);
+        Raise(XML_SCHEMAP_SRC_INCLUDE, "O esquema remete para outro ficheiro");
       }
     });
     CollectGlobals();
@@ -83,14 +83,19 @@ class Restrictions {
   }
 
  private:
-  [[noreturn]] void Refuse(std::string_view reason, Element place = {}) const {
+  [[noreturn]] void Raise(int number, std::string reason) const {
+    throw AsError({.number = number, .reason = std::move(reason), .fault = XmlProblem::Fault::kSchema}, source_);
+  }
+
+  // Names the definition that an element stands in, if one is given.
+  [[noreturn]] void Refuse(std::string_view reason, Element within = {}) const {
     std::string text = "O esquema ";
     text.append(reason);
-    if (place) {
-      while (place.Parent() != schema_) place = place.Parent();
-      text.append(", em «").append(ValueOf(place, "name")).append("»");
+    if (within) {
+      while (within.Parent() != schema_) within = within.Parent();
+      text.append(", em «").append(ValueOf(within, "name")).append("»");
     }
-    throw XmlError(XML_ERR_USER_STOP, source_, text, 0, 0);
+    Raise(XML_ERR_USER_STOP, std::move(text));
   }
 
   template <class Action>
@@ -122,14 +127,14 @@ class Restrictions {
     return found == globals.end() ? Element() : found->second;
   }
 
-  // Chains of references, and what comes out where definitions are put in each other's places. Chains may be long, so
+  // Chains of references, and what comes out where definitions are put for each other's names. Chains may be long, so
   // none of this calls itself.
 
   struct Global {
     struct Reference {
       Global* to;
-      int depth;      // of the place it stands at
-      bool takes_in;  // what it refers to is put in its place
+      int depth;      // of the element that refers
+      bool takes_in;  // what it refers to is put for it
     };
     enum class State { kUnseen, kOpen, kDone };
 
@@ -220,7 +225,7 @@ class Restrictions {
     order_.push_back(&global);
   }
 
-  // How many elements may stand in the place of another, also by way of others: members come before their heads.
+  // How many elements may stand for another, also by way of others: members come before their heads.
   void CountSubstitutions() {
     double pairs = 0;
     std::for_each(order_.rbegin(), order_.rend(), [&](const Global* global) {
@@ -272,9 +277,9 @@ class Restrictions {
     bytes_ += bytes;
   }
 
-  void SpendOnAutomaton(const AutomatonSize& size, Element place) {
+  void SpendOnAutomaton(const AutomatonSize& size, Element within) {
     if (size.EmptyRepetitions() > SchemaLimits::kEmptyRepetitions) {
-      Refuse("repete em mais de 8 sítios do mesmo conteúdo, ou do mesmo padrão, o que pode estar vazio", place);
+      Refuse("repete em mais de 8 sítios do mesmo conteúdo, ou do mesmo padrão, o que pode estar vazio", within);
     }
     // Wildcards take longer to compare, and more ways from state to state are more to compare.
     const double ways = (size.EmptyRepetitions() + 1.0) * (size.Letters() > size.States() ? 2 : 1);

@@ -11,7 +11,7 @@ namespace zevo {
 /// How far a schema may go. Beyond it libxml2 would take too long for it, or too much memory: what the limits let pass
 /// is compiled in 2 seconds and 64 MB. The shipped schema stays far below them.
 struct SchemaLimits {
-  /// Elements of the schema document, and those that its definitions come to, put in each other's places.
+  /// Elements of the schema document, and those that its definitions come to, put for each other's names.
   static constexpr int kElements = 10'000;
   static constexpr int kGrownElements = 100'000;
   /// Definitions that refer to each other, one after the other, and the elements of the document around them.

@@ -5,7 +5,7 @@
 #include <zevo/Error.h>
 #include <zevo/platform/BuiltInSchema.h>
 #include <zevo/platform/File.h>
-#include <zevo/platform/XmlError.h>
+#include <zevo/platform/XmlProblem.h>
 
 namespace zevo {
 
@@ -27,7 +27,10 @@ std::string SchemaSource::Read() const {
   std::string bytes(kLargest + 1, '\0');
   bytes.resize(input.Read(bytes.data(), bytes.size()));
   if (bytes.size() > kLargest) {
-    throw XmlError(XML_ERR_USER_STOP, {}, std::string(Name()).append(": O esquema tem mais de 256 KiB"), 0, 0);
+    const XmlProblem too_large{.number = XML_ERR_USER_STOP,
+                               .reason = std::string(Name()).append(": O esquema tem mais de 256 KiB"),
+                               .fault = XmlProblem::Fault::kSchema};
+    throw AsError(too_large, {});
   }
   return bytes;
 }

@@ -13,7 +13,7 @@
 #include <zevo/platform/SchemaRestrictions.h>
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/TextDecoder.h>
-#include <zevo/platform/XmlError.h>
+#include <zevo/platform/XmlProblem.h>
 
 #include <mutex>
 #include <optional>
@@ -32,14 +32,15 @@ struct Deleter {
 
 // The first error that compiling a schema reports.
 struct FirstError {
-  const std::string& source;
-  std::optional<Error> error;
+  std::optional<XmlProblem> problem;
 
   static void Take(void* self, xmlErrorPtr reported) {
     auto& first = *static_cast<FirstError*>(self);
-    if (first.error || reported->level < XML_ERR_ERROR) return;
-    first.error = XmlError(reported->code, first.source, reported->message == nullptr ? "" : reported->message,
-                           reported->line, reported->int2);
+    if (first.problem || reported->level < XML_ERR_ERROR) return;
+    first.problem = {.number = reported->code,
+                     .reason = reported->message == nullptr ? "" : reported->message,
+                     .fault = XmlProblem::Fault::kSchema,
+                     .place = {reported->line, reported->int2}};
   }
 };
 
@@ -103,22 +104,21 @@ void SchemaValidator::Compile(std::string_view bytes) {
   static std::once_flag once;
   std::call_once(once, xmlSchemaInitTypes);
   // Read by our own parser first, so that a schema meets the same refusals as any file.
-  const std::string source(source_);
   {
     Document document;
-    LoadSchemaDocument(bytes, source, document);
-    RequireModestSchema(document, target_namespace_, source);
+    LoadSchemaDocument(bytes, source_, document);
+    RequireModestSchema(document, target_namespace_, source_);
   }
   const std::string text = Utf8Of(bytes);
   const HostErrorHandlers aside;
 
-  FirstError first{source, std::nullopt};
+  FirstError first;
   const std::unique_ptr<xmlSchemaParserCtxt, Deleter<xmlSchemaFreeParserCtxt>> context(
       xmlSchemaNewMemParserCtxt(text.data(), static_cast<int>(text.size())));
   if (!context) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
   xmlSchemaSetParserStructuredErrors(context.get(), &FirstError::Take, &first);
   schema_->compiled.reset(xmlSchemaParse(context.get()));
-  if (first.error) throw Error(*first.error);
+  Raise(first.problem, source_);
   if (!schema_->compiled) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
 }
 
@@ -131,9 +131,12 @@ void SchemaValidator::Validate(const std::string& file) {
   schema_at_fault_ = false;
   try {
     NoEvents events;
-    Parser(file, std::string(source_)).Parse(events, context.get());
+    Raise(Parser(file).Parse(events, context.get()), source_);
     if (xmlSchemaIsValid(context.get()) != 1) {
-      throw XmlError(XML_SCHEMAV_INTERNAL, source_, "A validação não chegou ao fim", 0, 0);
+      const XmlProblem unfinished{.number = XML_SCHEMAV_INTERNAL,
+                                  .reason = "A validação não chegou ao fim",
+                                  .fault = XmlProblem::Fault::kSchema};
+      throw AsError(unfinished, source_);
     }
   } catch (const Error& error) {
     if (error.Number() != XML_SCHEMAV_INTERNAL) throw;
