@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <zevo/platform/CompiledSchema.h>
 #include <zevo/platform/Document.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/SchemaSource.h>
@@ -243,13 +244,11 @@ TEST_F(FileFailureTest, AReadThatFailsIsToldByParserAndValidatorAlike) {
   const std::string file = folder_.Write("file", content + "</a>");
   const std::string schema = folder_.Write(
       "schema", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='a'/></xs:schema>");
-  SchemaValidator validator("S", {});
   {
     const FailingCall failing("read", 1, EIO);
-    EXPECT_ERROR(validator.Compile(SchemaSource(schema)), RunTimeError::kDeviceIO, "S");
-    EXPECT_TRUE(validator.IsSchemaAtFault());
+    EXPECT_ERROR(CompiledSchema(SchemaSource(schema), {}, "S"), RunTimeError::kDeviceIO, "S");
   }
-  validator.Compile(SchemaSource(schema));
+  const CompiledSchema compiled(SchemaSource(schema), {}, "S");
   for (int nth = 1; nth <= 5; ++nth) {
     const auto fail = [&](auto&& code) {
       const FailingCall failing("read", nth, EIO);
@@ -263,8 +262,11 @@ TEST_F(FileFailureTest, AReadThatFailsIsToldByParserAndValidatorAlike) {
       testing::NoEvents events;
       Raise(Parser(file).Parse(events), "S");
     });
-    fail([&] { validator.Validate(file); });
-    EXPECT_FALSE(validator.IsSchemaAtFault());
+    fail([&] {
+      const std::optional<XmlProblem> problem = SchemaValidator(compiled).FirstProblem(file);
+      EXPECT_EQ(problem->fault, XmlProblem::Fault::kUnreadable);
+      Raise(problem, "S");
+    });
   }
 }
 

@@ -7,10 +7,10 @@
 #include <malloc.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <zevo/platform/CompiledSchema.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/SchemaSource.h>
-#include <zevo/platform/SchemaValidator.h>
 
 #include <cstdarg>
 #include <filesystem>
@@ -733,7 +733,7 @@ TEST(ParserTest, TheHostsOwnUseOfTheParserIsLeftAlone) {
   EXPECT_ERROR(parsing.Validate("<unknown/>"), XML_SCHEMAV_CVC_ELT_1, testing::kParseSource);
   const std::string bad = parsing.Folder().Write(
       "bad.xsd", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element/></xs:schema>");
-  EXPECT_THROW(SchemaValidator("S", {}).Compile(SchemaSource(bad)), Error);
+  EXPECT_THROW(CompiledSchema(SchemaSource(bad), {}, "S"), Error);
 
   EXPECT_EQ(GlobalState(), before);
   EXPECT_EQ(g_host_calls, 0);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <iconv.h>
+#include <zevo/platform/CompiledSchema.h>
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/SchemaSource.h>
@@ -55,9 +56,8 @@ void Parsing::Load(Document& document, std::string_view bytes) const {
 }
 
 void Parsing::Validate(std::string_view bytes) const {
-  SchemaValidator validator(kParseSource, {});
-  validator.Compile(SchemaSource(schema_));
-  validator.Validate(FileOf(bytes));
+  const CompiledSchema schema(SchemaSource(schema_), {}, kParseSource);
+  Raise(SchemaValidator(schema).FirstProblem(FileOf(bytes)), kParseSource);
 }
 
 Error Parsing::VerdictOn(std::string_view bytes) const {

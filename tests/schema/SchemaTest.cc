@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <zevo/Error.h>
+#include <zevo/platform/CompiledSchema.h>
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaValidator.h>
 
@@ -167,23 +167,26 @@ struct Case {
 class SchemaTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    validator_.Compile(SchemaSource(ZEVO_SCHEMA_FILE));
+    schema_.emplace(SchemaSource(ZEVO_SCHEMA_FILE), "urn:OECD:StandardAuditFile-Tax:PT_1.01_01", "SchemaTest");
+    validator_.emplace(*schema_);
     folder_ = std::make_unique<testing::TemporaryFolder>();
   }
-  static void TearDownTestSuite() { folder_.reset(); }
+  static void TearDownTestSuite() {
+    folder_.reset();
+    validator_.reset();
+    schema_.reset();
+  }
 
   // The description of the first violation, or nothing for a valid document.
   std::optional<std::string> FirstViolation(std::string_view document) {
-    try {
-      validator_.Validate(folder_->Write("document.xml", document));
-    } catch (const Error& error) {
-      return error.Description();
-    }
-    return std::nullopt;
+    const std::optional<XmlProblem> problem = validator_->FirstProblem(folder_->Write("document.xml", document));
+    if (!problem) return std::nullopt;
+    return AsError(*problem, "SchemaTest").Description();
   }
 
  private:
-  static inline SchemaValidator validator_{"SchemaTest", "urn:OECD:StandardAuditFile-Tax:PT_1.01_01"};
+  static inline std::optional<CompiledSchema> schema_;
+  static inline std::optional<SchemaValidator> validator_;
   static inline std::unique_ptr<testing::TemporaryFolder> folder_;
 };
 

@@ -8,8 +8,12 @@
 #include <zevo/model/Options.h>
 #include <zevo/model/Totals.h>
 #include <zevo/model/internal/OptionsMapping.h>
+#include <zevo/platform/CompiledSchema.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/SchemaValidator.h>
+#include <zevo/platform/XmlProblem.h>
+
+#include <optional>
 
 namespace zevo {
 namespace {
@@ -73,14 +77,18 @@ bool AuditFile::DeleteAuditFile() {
 
 bool AuditFile::ValidateAuditFile() {
   constexpr std::string_view kMember = "ValidateAuditFile";
-  SchemaValidator validator("MSXML2.FreeThreadedDOMDocument40.Load", kNamespace);
-  const bool valid = Attempt([&] {
+  constexpr std::string_view kSource = "MSXML2.FreeThreadedDOMDocument40.Load";
+  schema_at_fault_ = false;
+  return Attempt([&] {
     RequireFile(AuditFileName(), Input::kFileOrStandardInput, kMember);
-    validator.Compile(OptionsMapping::OfThisThread().Schema());
-    validator.Validate(AuditFileName());
+    schema_at_fault_ = true;
+    const CompiledSchema schema(OptionsMapping::OfThisThread().Schema(), kNamespace, kSource);
+    SchemaValidator validator(schema);
+    schema_at_fault_ = false;
+    const std::optional<XmlProblem> problem = validator.FirstProblem(AuditFileName());
+    schema_at_fault_ = problem && problem->fault == XmlProblem::Fault::kSchema;
+    Raise(problem, kSource);
   });
-  schema_at_fault_ = validator.IsSchemaAtFault();
-  return valid;
 }
 
 bool AuditFile::CreateHeader(const Header& value) { return Write("CreateHeader", *writer_, value); }

@@ -56,8 +56,8 @@ struct BeyondLimit {
 // One run over one file: stands between libxml2's callbacks and the handler, keeps the limits and the first error.
 class Run {
  public:
-  Run(TextDecoder& decoder, ParserHandler& handler, uint64_t& bytesRead)
-      : decoder_(decoder), handler_(handler), bytes_read_(bytesRead) {}
+  Run(TextDecoder& decoder, ParserHandler& handler, const ProblemSink& violated, uint64_t& bytesRead)
+      : decoder_(decoder), handler_(handler), violated_(violated), bytes_read_(bytesRead) {}
 
   std::optional<XmlProblem> Parse(xmlSchemaValidCtxt* validation) {
     xmlSAXHandler callbacks = Callbacks();
@@ -288,18 +288,43 @@ class Run {
   static void OnParserError(void*, xmlErrorPtr error) {
     auto* context = static_cast<xmlParserCtxt*>(error->ctxt);
     if (context != nullptr && context->_private != nullptr) {
-      Of(context->_private).OnError(*error, XmlProblem::Fault::kNotWellFormed);
+      Of(context->_private).OnError(*error);
     }
   }
 
-  static void OnViolation(void* self, xmlErrorPtr error) { Of(self).OnError(*error, XmlProblem::Fault::kInvalid); }
-
-  void OnError(const xmlError& error, XmlProblem::Fault fault) {
-    if (error.level < XML_ERR_ERROR) return;
+  void OnError(const xmlError& error) {
     // A namespace may have any name. libxml2 says this too where it had no memory to look whether the name is a URI.
-    if (error.code == XML_WAR_NS_URI) return;
-    Fail(error.code, error.message == nullptr ? "" : error.message, fault);
+    if (error.level < XML_ERR_ERROR || error.code == XML_WAR_NS_URI) return;
+    FailAsIllFormed(error.code, ReasonOf(error));
   }
+
+  static void OnViolation(void* self, xmlErrorPtr error) {
+    Run& run = Of(self);
+    if (error->level < XML_ERR_ERROR || run.stopped_) return;
+    switch (error->code) {
+      case XML_SCHEMAV_INTERNAL:
+      case XML_ERR_NO_MEMORY:
+        return run.Fail(error->code, ReasonOf(*error), XmlProblem::Fault::kSchema);
+      default:
+        return run.TellViolation(*error);
+    }
+  }
+
+  void TellViolation(const xmlError& error) {
+    try {
+      if (violated_({.number = error.code,
+                     .reason = std::string(ReasonOf(error)),
+                     .fault = XmlProblem::Fault::kInvalid,
+                     .place = Place()})) {
+        return;
+      }
+      stopped_ = true;
+    } catch (...) {
+      Keep(std::current_exception());
+    }
+  }
+
+  static std::string_view ReasonOf(const xmlError& error) { return error.message == nullptr ? "" : error.message; }
 
   void Refuse(std::string_view reason) { Fail(XML_ERR_USER_STOP, reason, XmlProblem::Fault::kRefused); }
 
@@ -371,6 +396,7 @@ class Run {
 
   TextDecoder& decoder_;
   ParserHandler& handler_;
+  const ProblemSink& violated_;
   uint64_t& bytes_read_;
   std::unique_ptr<xmlParserCtxt, FreeContext> context_;
   NameNumbers names_;
@@ -398,7 +424,8 @@ class Run {
 
 }  // namespace
 
-std::optional<XmlProblem> Parser::Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation) {
+std::optional<XmlProblem> Parser::Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation,
+                                        const ProblemSink& violated) {
   InitialiseXml();
   bytes_read_ = 0;
   std::optional<InputFile> file;
@@ -408,7 +435,7 @@ std::optional<XmlProblem> Parser::Parse(ParserHandler& handler, _xmlSchemaValidC
   } catch (const Error& error) {
     return Unreadable(error);
   }
-  return Run(*decoder, handler, bytes_read_).Parse(validation);
+  return Run(*decoder, handler, violated, bytes_read_).Parse(validation);
 }
 
 }  // namespace zevo

@@ -70,10 +70,12 @@ class Parser {
 
   /// Gives what stopped the parse before the end: a file that cannot be read, is not well-formed or is refused. Raises
   /// error 7 when libxml2 has no memory, and what the handler raises.
-  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler) { return Parse(handler, nullptr); }
+  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler) { return Parse(handler, nullptr, {}); }
 
-  /// The same with a libxml2 schema validation listening in, whose first violation ends the parse too.
-  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation);
+  /// The same with a libxml2 schema validation listening in. Violations go to `violated`, which may end the parse: then
+  /// there is no other problem. Where the validation breaks down, that is what stopped the parse.
+  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler, _xmlSchemaValidCtxt* validation,
+                                                const ProblemSink& violated);
 
   /// How many bytes of the file the running or the last parse has taken in.
   uint64_t BytesRead() const { return bytes_read_; }

@@ -2,49 +2,40 @@
 #ifndef ZEVO_PLATFORM_SCHEMAVALIDATOR_H_
 #define ZEVO_PLATFORM_SCHEMAVALIDATOR_H_
 
+#include <zevo/platform/XmlProblem.h>
+
 #include <memory>
+#include <optional>
 #include <string>
-#include <string_view>
+
+struct _xmlSchemaValidCtxt;  // NOLINT(bugprone-reserved-identifier): libxml2's name
 
 namespace zevo {
 
-class Error;
-class SchemaSource;
+class CompiledSchema;
 
-/// A compiled XML schema and the validation of files against it. Validation reads a file front to back; its memory
-/// grows with the keys that the schema makes unique, not with the file. A schema must be a single file without a
-/// document type declaration.
+/// Validates files against a schema, one after the other. A file is read front to back; the memory that it takes grows
+/// with the keys that the schema makes unique, not with the file.
 class SchemaValidator {
  public:
-  /// `source` is the source of errors, and `targetNamespace` what schemas must declare for, empty for no namespace.
-  /// Both must outlive the validator.
-  SchemaValidator(std::string_view source, std::string_view targetNamespace);
-  SchemaValidator(const SchemaValidator&) = delete;
-  SchemaValidator& operator=(const SchemaValidator&) = delete;
-  ~SchemaValidator();
+  /// `schema` must outlive the validator. Raises error 7 without memory.
+  explicit SchemaValidator(const CompiledSchema& schema);
 
-  /// Reads and compiles the schema. Raises the error that stops it, with a description that names the schema.
-  void Compile(const SchemaSource& schema);
+  /// Hands over what is wrong with a file as it is found, until `found` has enough; a file about which nothing comes is
+  /// valid. After a problem of another fault than kInvalid there is no going on; one whose fault is the schema's names
+  /// it. Raises error 7 when libxml2 has no memory, and what `found` raises.
+  void Validate(const std::string& file, const ProblemSink& found);
 
-  /// Raises the first violation, with line and column, or what the parser raises for a file that is not well-formed.
-  /// There must be a compiled schema.
-  void Validate(const std::string& file);
-
-  /// Whether the last of these calls failed for a reason that lies in the schema, or in what was made of it, rather
-  /// than in the file.
-  bool IsSchemaAtFault() const { return schema_at_fault_; }
+  /// The first of these problems, nothing for a valid file.
+  std::optional<XmlProblem> FirstProblem(const std::string& file);
 
  private:
-  struct Schema;
+  struct Free {
+    void operator()(_xmlSchemaValidCtxt* context) const;
+  };
 
-  void Compile(std::string_view bytes);
-  [[noreturn]] void Blame(const Error& error) const;
-
-  std::unique_ptr<Schema> schema_;
-  std::string_view source_;
-  std::string_view target_namespace_;
-  std::string name_;
-  bool schema_at_fault_ = false;
+  const CompiledSchema& schema_;
+  std::unique_ptr<_xmlSchemaValidCtxt, Free> context_;
 };
 
 }  // namespace zevo

@@ -6,6 +6,7 @@
 #include <zevo/FilePlace.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,9 @@ struct XmlProblem {
   /// not known: the parser counts what the file's bytes were turned into.
   FilePlace place = {};
 };
+
+/// Takes problems in the order in which they are found, and says whether to go on.
+using ProblemSink = std::function<bool(const XmlProblem&)>;
 
 /// The sentence for bookkeepers: the reason, then the line and the column as far as they are known.
 Error AsError(const XmlProblem& problem, std::string_view source);

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_PLATFORM_COMPILEDSCHEMA_H_
+#define ZEVO_PLATFORM_COMPILEDSCHEMA_H_
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+struct _xmlSchema;  // NOLINT(bugprone-reserved-identifier): libxml2's name
+
+namespace zevo {
+
+class SchemaSource;
+
+/// A compiled XML schema. A schema must be a single file without a document type declaration, and within the limits of
+/// SchemaLimits.
+class CompiledSchema {
+ public:
+  /// Reads and compiles a schema, which must declare for `targetNamespace`, empty for no namespace. Raises what stops
+  /// it as the error of `errorSource`, with a description that names the schema.
+  CompiledSchema(const SchemaSource& schema, std::string_view targetNamespace, std::string_view errorSource);
+
+  /// What errors call the schema.
+  const std::string& Name() const { return name_; }
+  /// libxml2's, which lives as long as this.
+  _xmlSchema* Get() const { return compiled_.get(); }
+
+ private:
+  struct Free {
+    void operator()(_xmlSchema* schema) const;
+  };
+
+  void Compile(std::string_view bytes, std::string_view targetNamespace, std::string_view errorSource);
+
+  std::string name_;
+  std::unique_ptr<_xmlSchema, Free> compiled_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_COMPILEDSCHEMA_H_
