@@ -6,62 +6,48 @@
 #include <zevo/model/AddressStructure.h>
 
 #include <memory>
+#include <utility>
 
 namespace zevo {
 
 /// Writes and reads an address under any element name.
 class AddressDALC {
  public:
-  void CreateAddress(ElementName name, Element parent, IDALHelper& helper, const AddressStructure& address);
+  void CreateAddress(ElementName name, Element parent, IDALHelper& writer, const AddressStructure& address);
   /// Fills the address, made first when it is null. Where there is no such element, it stays as it was.
-  void ReadAddress(ElementName name, std::shared_ptr<AddressStructure>& address, Element parent, IDALReader& helper);
+  void ReadAddress(ElementName name, std::shared_ptr<AddressStructure>& address, Element parent, IDALReader& reader);
 };
 
 /// An owned address: always written.
-template <class Getter>
-struct OwnedAddressRow {
-  ElementName name;
-  Getter get;
+struct OwnedAddress {
+  static constexpr Written kWritten = kAlways;
 
-  template <class R>
-  void Write(const R& record, Element parent, IDALHelper& helper) const {
-    AddressDALC().CreateAddress(name, parent, helper, *(record.*get)());
+  static void Write(const std::shared_ptr<AddressStructure>& address, ElementName name, Element parent,
+                    IDALHelper& writer) {
+    AddressDALC().CreateAddress(name, parent, writer, *address);
   }
-  template <class R>
-  void Read(R& record, ElementTexts&, Element element, IDALReader& helper) const {
-    std::shared_ptr<AddressStructure> address = (record.*get)();
-    AddressDALC().ReadAddress(name, address, element, helper);
+  template <class R, class Handle>
+  static void Read(R& record, const Handle& property, ElementName name, Element parent, IDALReader& reader) {
+    std::shared_ptr<AddressStructure> address = property.get(record);
+    AddressDALC().ReadAddress(name, address, parent, reader);
   }
 };
-
-template <class Getter>
-constexpr auto OwnedAddress(ElementName name, Getter get) {
-  return OwnedAddressRow<Getter>{name, get};
-}
 
 /// An address assigned by reference: written when there is one.
-template <class Getter, class Setter>
-struct SharedAddressRow {
-  ElementName name;
-  Getter get;
-  Setter set;
+struct SharedAddress {
+  static constexpr Written kWritten = Written::kIfSet;
 
-  template <class R>
-  void Write(const R& record, Element parent, IDALHelper& helper) const {
-    if (const auto& address = (record.*get)()) AddressDALC().CreateAddress(name, parent, helper, *address);
+  static void Write(const std::shared_ptr<AddressStructure>& address, ElementName name, Element parent,
+                    IDALHelper& writer) {
+    if (address) AddressDALC().CreateAddress(name, parent, writer, *address);
   }
-  template <class R>
-  void Read(R& record, ElementTexts&, Element element, IDALReader& helper) const {
+  template <class R, class Handle>
+  static void Read(R& record, const Handle& property, ElementName name, Element parent, IDALReader& reader) {
     std::shared_ptr<AddressStructure> address;
-    AddressDALC().ReadAddress(name, address, element, helper);
-    (record.*set)(std::move(address));
+    AddressDALC().ReadAddress(name, address, parent, reader);
+    property.set(record, std::move(address));
   }
 };
-
-template <class Getter, class Setter>
-constexpr auto SharedAddress(ElementName name, Getter get, Setter set) {
-  return SharedAddressRow<Getter, Setter>{name, get, set};
-}
 
 }  // namespace zevo
 

@@ -7,31 +7,38 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "Customer";
+constexpr ElementName kCustomer = "Customer";
 
-using R = Customer;
-constexpr Layout kCustomer(
-    Row("CustomerID", kAlways, &R::CustomerID, &R::set_CustomerID),
-    Row("AccountID", kAlways, &R::AccountID, &R::set_AccountID),
-    Row("CustomerTaxID", kAlways, &R::CustomerTaxID, &R::set_CustomerTaxID),
-    Row("CompanyName", kAlways, &R::CompanyName, &R::set_CompanyName),
-    Row("Contact", kIfNotEmpty, &R::Contact, &R::set_Contact), OwnedAddress("BillingAddress", &R::BillingAddress),
-    SharedAddress("ShipToAddress", &R::ShipToAddress, &R::set_ShipToAddress),
-    Row("Telephone", kIfNotEmpty, &R::Telephone, &R::set_Telephone),  //
-    Row("Fax", kIfNotEmpty, &R::Fax, &R::set_Fax),                    //
-    Row("Email", kIfNotEmpty, &R::Email, &R::set_Email), Row("Website", kIfNotEmpty, &R::Website, &R::set_Website),
-    Row("SelfBillingIndicator", kAlways, &R::SelfBillingIndicator, &R::set_SelfBillingIndicator));
+constexpr auto kCustomerLayout = LayoutFor<Customer>(Rows{
+    ZEVO_ROW(CustomerID, kAlways),
+    ZEVO_ROW(AccountID, kAlways),
+    ZEVO_ROW(CustomerTaxID, kAlways),
+    ZEVO_ROW(CompanyName, kAlways),
+    ZEVO_ROW(Contact, kIfNotEmpty),
+    ZEVO_ROW(BillingAddress, OwnedAddress()),
+    ZEVO_ROW(ShipToAddress, SharedAddress()),
+    ZEVO_ROW(Telephone, kIfNotEmpty),
+    ZEVO_ROW(Fax, kIfNotEmpty),
+    ZEVO_ROW(Email, kIfNotEmpty),
+    ZEVO_ROW(Website, kIfNotEmpty),
+    ZEVO_ROW(SelfBillingIndicator, kAlways),
+});
 
 }  // namespace
 
-void CustomerDALC::CreateCustomer(const Customer& value, IDALHelper& helper) {
-  CreateMasterRecord(kCustomer, kElement, value, helper);
+template <>
+std::span<const LayoutRow> LayoutOf<Customer>() {
+  return DataOf<kCustomerLayout>();
 }
 
-void CustomerDALC::ReadCustomer(std::shared_ptr<Customer>& value, IDALReader& helper, bool first) {
-  ReadMasterRecord(kCustomer, kElement, value, helper, first);
+void CustomerDALC::CreateCustomer(const Customer& value, IDALHelper& writer) {
+  CreateMasterRecord(kCustomerLayout, kCustomer, value, writer);
 }
 
-int32_t CustomerDALC::Customers(IDALReader& helper) { return CountMasterRecords(kElement, helper); }
+void CustomerDALC::ReadCustomer(std::shared_ptr<Customer>& value, IDALReader& reader, bool first) {
+  ReadMasterRecord(kCustomerLayout, kCustomer, value, reader, first);
+}
+
+int32_t CustomerDALC::Customers(IDALReader& reader) { return CountMasterRecords(kCustomer, reader); }
 
 }  // namespace zevo

@@ -14,11 +14,11 @@ namespace zevo {
 /// Writes, reads and counts the customers of the file.
 class CustomerDALC {
  public:
-  void CreateCustomer(const Customer& value, IDALHelper& helper);
+  void CreateCustomer(const Customer& value, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left.
   /// Raises error 13 when SelfBillingIndicator is missing or no flag.
-  void ReadCustomer(std::shared_ptr<Customer>& value, IDALReader& helper, bool first);
-  int32_t Customers(IDALReader& helper);
+  void ReadCustomer(std::shared_ptr<Customer>& value, IDALReader& reader, bool first);
+  int32_t Customers(IDALReader& reader);
 };
 
 }  // namespace zevo

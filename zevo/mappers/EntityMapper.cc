@@ -7,11 +7,15 @@
 #include <zevo/mappers/HeaderDALC.h>
 #include <zevo/mappers/InvoiceDALC.h>
 #include <zevo/mappers/JournalDALC.h>
+#include <zevo/mappers/Layouts.h>
 #include <zevo/mappers/ProductDALC.h>
 #include <zevo/mappers/SalesInvoicesDALC.h>
 #include <zevo/mappers/SupplierDALC.h>
 #include <zevo/mappers/TaxTableDALC.h>
 #include <zevo/mappers/TransactionDALC.h>
+
+#include <array>
+#include <cstddef>
 
 namespace zevo {
 namespace {
@@ -19,53 +23,65 @@ namespace {
 // How the mappers read: a record that stands alone, one of several, one of a journal.
 
 template <class Mapper, class R>
-std::shared_ptr<Record> Read(void (Mapper::*read)(std::shared_ptr<R>&, IDALReader&), IDALReader& helper) {
+std::shared_ptr<Record> ReadWith(void (Mapper::*read)(std::shared_ptr<R>&, IDALReader&), IDALReader& reader) {
   std::shared_ptr<R> record;
-  (Mapper().*read)(record, helper);
+  (Mapper().*read)(record, reader);
   return record;
 }
 template <class Mapper, class R>
-std::shared_ptr<Record> Read(void (Mapper::*read)(std::shared_ptr<R>&, IDALReader&, bool), IDALReader& helper) {
+std::shared_ptr<Record> ReadWith(void (Mapper::*read)(std::shared_ptr<R>&, IDALReader&, bool), IDALReader& reader) {
   std::shared_ptr<R> record;
-  (Mapper().*read)(record, helper, false);
+  (Mapper().*read)(record, reader, false);
   return record;
 }
 template <class Mapper, class R>
-std::shared_ptr<Record> Read(void (Mapper::*read)(std::shared_ptr<R>&, const Journal*, IDALReader&, bool),
-                             IDALReader& helper) {
+std::shared_ptr<Record> ReadWith(void (Mapper::*read)(std::shared_ptr<R>&, const Journal*, IDALReader&, bool),
+                                 IDALReader& reader) {
   std::shared_ptr<R> record;
-  (Mapper().*read)(record, nullptr, helper, false);
+  (Mapper().*read)(record, nullptr, reader, false);
   return record;
 }
+
+template <auto kRead>
+std::shared_ptr<Record> Read(IDALReader& reader) {
+  return ReadWith(kRead, reader);
+}
+
+struct Mapping {
+  EntityKind kind;
+  std::shared_ptr<Record> (*read)(IDALReader& reader);
+  std::span<const LayoutRow> (*layout)();
+};
+
+constexpr auto kMappings = std::to_array<Mapping>({
+    {EntityKind::kHeader, &Read<&HeaderDALC::ReadHeader>, &LayoutOf<Header>},
+    {EntityKind::kGeneralLedger, &Read<&GeneralLedgerDALC::ReadGeneralLedger>, &LayoutOf<GeneralLedger>},
+    {EntityKind::kCustomer, &Read<&CustomerDALC::ReadCustomer>, &LayoutOf<Customer>},
+    {EntityKind::kSupplier, &Read<&SupplierDALC::ReadSupplier>, &LayoutOf<Supplier>},
+    {EntityKind::kProduct, &Read<&ProductDALC::ReadProduct>, &LayoutOf<Product>},
+    {EntityKind::kTaxTable, &Read<&TaxTableDALC::ReadTaxTable>, &LayoutOf<TaxTable>},
+    {EntityKind::kGeneralLedgerEntries, &Read<&GeneralLedgerEntriesDALC::ReadGeneralLedgerEntries>,
+     &LayoutOf<GeneralLedgerEntries>},
+    {EntityKind::kJournal, &Read<&JournalDALC::ReadJournal>, &LayoutOf<Journal>},
+    {EntityKind::kTransaction, &Read<&TransactionDALC::ReadTransaction>, &LayoutOf<Transaction>},
+    {EntityKind::kSalesInvoices, &Read<&SalesInvoicesDALC::ReadSalesInvoices>, &LayoutOf<SalesInvoices>},
+    {EntityKind::kInvoice, &Read<&InvoiceDALC::ReadFlatInvoice>, &LayoutOf<Invoice>},
+});
+
+consteval bool MappingsInOrderOfKinds() {
+  for (size_t i = 0; i < kMappings.size(); ++i) {
+    if (static_cast<size_t>(kMappings[i].kind) != i) return false;
+  }
+  return kMappings.size() == kEntityKinds;
+}
+static_assert(MappingsInOrderOfKinds());
+
+const Mapping& MappingOf(EntityKind kind) { return kMappings[static_cast<size_t>(kind)]; }
 
 }  // namespace
 
-std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& helper) {
-  switch (kind) {
-    case EntityKind::kHeader:
-      return Read(&HeaderDALC::ReadHeader, helper);
-    case EntityKind::kGeneralLedger:
-      return Read(&GeneralLedgerDALC::ReadGeneralLedger, helper);
-    case EntityKind::kCustomer:
-      return Read(&CustomerDALC::ReadCustomer, helper);
-    case EntityKind::kSupplier:
-      return Read(&SupplierDALC::ReadSupplier, helper);
-    case EntityKind::kProduct:
-      return Read(&ProductDALC::ReadProduct, helper);
-    case EntityKind::kTaxTable:
-      return Read(&TaxTableDALC::ReadTaxTable, helper);
-    case EntityKind::kGeneralLedgerEntries:
-      return Read(&GeneralLedgerEntriesDALC::ReadGeneralLedgerEntries, helper);
-    case EntityKind::kJournal:
-      return Read(&JournalDALC::ReadJournal, helper);
-    case EntityKind::kTransaction:
-      return Read(&TransactionDALC::ReadTransaction, helper);
-    case EntityKind::kSalesInvoices:
-      return Read(&SalesInvoicesDALC::ReadSalesInvoices, helper);
-    case EntityKind::kInvoice:
-      return Read(&InvoiceDALC::ReadFlatInvoice, helper);
-  }
-  return nullptr;
-}
+std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& reader) { return MappingOf(kind).read(reader); }
+
+std::span<const LayoutRow> LayoutOf(EntityKind kind) { return MappingOf(kind).layout(); }
 
 }  // namespace zevo

@@ -3,16 +3,21 @@
 #define ZEVO_MAPPERS_ENTITYMAPPER_H_
 
 #include <zevo/dal/IDALReader.h>
+#include <zevo/mappers/LayoutRow.h>
 #include <zevo/model/EntityKind.h>
 #include <zevo/model/Record.h>
 
 #include <memory>
+#include <span>
 
 namespace zevo {
 
 /// Makes the record of an entity of any kind with the mapper of its kind. The reader holds that very entity, so it is
 /// always "the next" one. Raises what the mapper raises.
-std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& helper);
+std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& reader);
+
+/// The layout of the records of a kind.
+std::span<const LayoutRow> LayoutOf(EntityKind kind);
 
 }  // namespace zevo
 

@@ -6,26 +6,30 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "GeneralLedger";
+constexpr ElementName kGeneralLedger = "GeneralLedger";
 
-using R = GeneralLedger;
-constexpr Layout kGeneralLedger(Row("AccountID", kAlways, &R::AccountID, &R::set_AccountID),
-                                Row("AccountDescription", kAlways, &R::AccountDescription, &R::set_AccountDescription),
-                                Row<PointAmountCodec>("OpeningDebitBalance", kAlways, &R::OpeningDebitBalance,
-                                                      &R::set_OpeningDebitBalance),
-                                Row<PointAmountCodec>("OpeningCreditBalance", kAlways, &R::OpeningCreditBalance,
-                                                      &R::set_OpeningCreditBalance));
+constexpr auto kGeneralLedgerLayout = LayoutFor<GeneralLedger>(Rows{
+    ZEVO_ROW(AccountID, kAlways),
+    ZEVO_ROW(AccountDescription, kAlways),
+    ZEVO_ROW(OpeningDebitBalance, kAlways, PointAmountCodec()),
+    ZEVO_ROW(OpeningCreditBalance, kAlways, PointAmountCodec()),
+});
 
 }  // namespace
 
-void GeneralLedgerDALC::CreateGeneralLedger(const GeneralLedger& value, IDALHelper& helper) {
-  CreateMasterRecord(kGeneralLedger, kElement, value, helper);
+template <>
+std::span<const LayoutRow> LayoutOf<GeneralLedger>() {
+  return DataOf<kGeneralLedgerLayout>();
 }
 
-void GeneralLedgerDALC::ReadGeneralLedger(std::shared_ptr<GeneralLedger>& value, IDALReader& helper, bool first) {
-  ReadMasterRecord(kGeneralLedger, kElement, value, helper, first);
+void GeneralLedgerDALC::CreateGeneralLedger(const GeneralLedger& value, IDALHelper& writer) {
+  CreateMasterRecord(kGeneralLedgerLayout, kGeneralLedger, value, writer);
 }
 
-int32_t GeneralLedgerDALC::GeneralLedgers(IDALReader& helper) { return CountMasterRecords(kElement, helper); }
+void GeneralLedgerDALC::ReadGeneralLedger(std::shared_ptr<GeneralLedger>& value, IDALReader& reader, bool first) {
+  ReadMasterRecord(kGeneralLedgerLayout, kGeneralLedger, value, reader, first);
+}
+
+int32_t GeneralLedgerDALC::GeneralLedgers(IDALReader& reader) { return CountMasterRecords(kGeneralLedger, reader); }
 
 }  // namespace zevo

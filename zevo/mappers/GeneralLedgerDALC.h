@@ -14,10 +14,10 @@ namespace zevo {
 /// Writes, reads and counts the ledger accounts of the file.
 class GeneralLedgerDALC {
  public:
-  void CreateGeneralLedger(const GeneralLedger& value, IDALHelper& helper);
+  void CreateGeneralLedger(const GeneralLedger& value, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left.
-  void ReadGeneralLedger(std::shared_ptr<GeneralLedger>& value, IDALReader& helper, bool first);
-  int32_t GeneralLedgers(IDALReader& helper);
+  void ReadGeneralLedger(std::shared_ptr<GeneralLedger>& value, IDALReader& reader, bool first);
+  int32_t GeneralLedgers(IDALReader& reader);
 };
 
 }  // namespace zevo

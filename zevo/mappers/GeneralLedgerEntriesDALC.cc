@@ -6,28 +6,33 @@
 
 namespace zevo {
 
-void GeneralLedgerEntriesDALC::CreateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& helper) {
-  if (helper.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
-    throw LibraryError(Message::kEntriesMissingText, "GeneralLedgerEntriesDALC.CreateGeneralLedgerEntries");
-  }
-  helper.CreateElement(kGeneralLedgerEntries.Text(), {}, {}, true);
-  UpdateGeneralLedgerEntries(value, helper);
+template <>
+std::span<const LayoutRow> LayoutOf<GeneralLedgerEntries>() {
+  return DataOf<kTotalsLayout<GeneralLedgerEntries>>();
 }
 
-void GeneralLedgerEntriesDALC::UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& helper) {
-  const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+void GeneralLedgerEntriesDALC::CreateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& writer) {
+  if (writer.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
+    throw LibraryError(Message::kEntriesMissingText, "GeneralLedgerEntriesDALC.CreateGeneralLedgerEntries");
+  }
+  writer.CreateElement(kGeneralLedgerEntries.Text(), {}, {}, true);
+  UpdateGeneralLedgerEntries(value, writer);
+}
+
+void GeneralLedgerEntriesDALC::UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& writer) {
+  const Element section = writer.GetElement(kGeneralLedgerEntries.Text(), {}, {});
   if (!section) {
     throw LibraryError(Message::kEntriesExistText, "GeneralLedgerEntriesDALC.UpdateGeneralLedgerEntries");
   }
-  UpdateTotals(value, section, helper);
+  kTotalsLayout<GeneralLedgerEntries>.Update(value, section, writer);
 }
 
 void GeneralLedgerEntriesDALC::ReadGeneralLedgerEntries(std::shared_ptr<GeneralLedgerEntries>& value,
-                                                        IDALReader& helper) {
-  const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+                                                        IDALReader& reader) {
+  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
   if (!section) throw LibraryError(Message::kEntriesExistText, "GeneralLedgerEntriesDALC.ReadGeneralLedgerEntries");
   value = std::make_shared<GeneralLedgerEntries>();
-  ReadTotals(*value, section);
+  kTotalsLayout<GeneralLedgerEntries>.Read(*value, section, reader);
 }
 
 }  // namespace zevo

@@ -17,11 +17,11 @@ class GeneralLedgerEntriesDALC {
   // The messages of the errors say the reverse of when they are raised; hosts test the numbers.
 
   /// Begins the section. Raises message 201 when the file has it already.
-  void CreateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& helper);
+  void CreateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& writer);
   /// Brings the totals in the file up to date. Raises message 202 when the section is missing.
-  void UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& helper);
+  void UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& writer);
   /// Raises message 202 when the section is missing, error 13 when the number of entries is no number.
-  void ReadGeneralLedgerEntries(std::shared_ptr<GeneralLedgerEntries>& value, IDALReader& helper);
+  void ReadGeneralLedgerEntries(std::shared_ptr<GeneralLedgerEntries>& value, IDALReader& reader);
 };
 
 }  // namespace zevo

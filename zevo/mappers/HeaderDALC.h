@@ -14,9 +14,9 @@ namespace zevo {
 class HeaderDALC {
  public:
   /// Raises message 101 when the file has a header already.
-  void CreateHeader(const Header& value, IDALHelper& helper);
+  void CreateHeader(const Header& value, IDALHelper& writer);
   /// Raises message 102 when the file has none; the slot is null then.
-  void ReadHeader(std::shared_ptr<Header>& value, IDALReader& helper);
+  void ReadHeader(std::shared_ptr<Header>& value, IDALReader& reader);
 };
 
 }  // namespace zevo

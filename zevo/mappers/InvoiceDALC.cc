@@ -9,103 +9,102 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "Invoice";
+constexpr ElementName kInvoice = "Invoice";
 
 /// A shipping point, there only when it is set.
-template <class Getter, class Setter>
-struct ShippingPointRow {
-  ElementName name;
-  Getter get;
-  Setter set;
+struct ShippingPoint {
+  static constexpr Written kWritten = Written::kIfSet;
 
-  void Write(const Invoice& value, Element invoice, IDALHelper& helper) const {
-    if (const auto& point = (value.*get)()) {
-      ShippingPointDALC().CreateShippingPointStructure(name, *point, invoice, helper);
-    }
+  static void Write(const std::shared_ptr<ShippingPointStructure>& point, ElementName name, Element invoice,
+                    IDALHelper& writer) {
+    if (point) ShippingPointDALC().CreateShippingPointStructure(name, *point, invoice, writer);
   }
-  void Read(Invoice& value, ElementTexts&, Element invoice, IDALReader& helper) const {
-    (value.*set)(ShippingPointDALC().ReadShippingPointStructure(name, invoice, helper));
+  template <class Handle>
+  static void Read(Invoice& value, const Handle& property, ElementName name, Element invoice, IDALReader& reader) {
+    property.set(value, ShippingPointDALC().ReadShippingPointStructure(name, invoice, reader));
   }
 };
 
-template <class Getter, class Setter>
-constexpr auto ShippingPoint(ElementName name, Getter get, Setter set) {
-  return ShippingPointRow<Getter, Setter>{name, get, set};
-}
+constexpr auto kCurrencyLayout = LayoutFor<CurrencyStructure>(Rows{
+    ZEVO_ROW(CurrencyCode, kIfNotEmpty),
+    Either{
+        ZEVO_ROW(CurrencyDebitAmount, kIfNotEmpty),
+        ZEVO_ROW(CurrencyCreditAmount, kIfNotEmpty),
+    },
+});
 
-struct LinesRow {
-  void Write(const Invoice& value, Element invoice, IDALHelper& helper) const {
-    InvoiceLineDALC lines;
-    for (const auto& line : *value.Line()) lines.CreateInvoiceLine(*line, invoice, helper);
-  }
-  void Read(Invoice& value, ElementTexts&, Element invoice, IDALReader& helper) const {
-    InvoiceLineDALC lines;
-    std::shared_ptr<InvoiceLine> line;
-    for (lines.ReadInvoiceLine(line, invoice, helper, true); line;
-         lines.ReadInvoiceLine(line, invoice, helper, false)) {
-      value.Line()->Add(line);
-    }
-  }
-};
+constexpr auto kSettlementLayout = LayoutFor<Settlement>(Rows{
+    ZEVO_ROW(SettlementDiscount, kIfNotEmpty),
+    ZEVO_ROW(SettlementAmount, kIfNotEmpty),
+    ZEVO_ROW(SettlementDate, kIfNotEmpty),
+    ZEVO_ROW(PaymentMechanism, kIfNotEmpty),
+});
 
-using C = CurrencyStructure;
-constexpr Layout kCurrency(
-    Row("CurrencyCode", kIfNotEmpty, &C::CurrencyCode, &C::set_CurrencyCode),
-    Either(Row("CurrencyDebitAmount", kIfNotEmpty, &C::CurrencyDebitAmount, &C::set_CurrencyDebitAmount),
-           Row("CurrencyCreditAmount", kIfNotEmpty, &C::CurrencyCreditAmount, &C::set_CurrencyCreditAmount)));
+constexpr auto kDocumentTotalsLayout = LayoutFor<DocumentTotals>(Rows{
+    ZEVO_ROW(TaxPayable, kAlways),
+    ZEVO_ROW(NetTotal, kAlways),
+    ZEVO_ROW(GrossTotal, kAlways),
+    ZEVO_ROW_AS("Currency", CurrencyValue, SharedGroup{kCurrencyLayout}),
+    ZEVO_ROW(Settlement, SharedGroup{kSettlementLayout}),
+});
 
-using S = Settlement;
-constexpr Layout kSettlement(Row("SettlementDiscount", kIfNotEmpty, &S::SettlementDiscount, &S::set_SettlementDiscount),
-                             Row("SettlementAmount", kIfNotEmpty, &S::SettlementAmount, &S::set_SettlementAmount),
-                             Row("SettlementDate", kIfNotEmpty, &S::SettlementDate, &S::set_SettlementDate),
-                             Row("PaymentMechanism", kIfNotEmpty, &S::PaymentMechanism, &S::set_PaymentMechanism));
-
-using D = DocumentTotals;
-constexpr Layout kDocumentTotals(Row("TaxPayable", kAlways, &D::TaxPayable, &D::set_TaxPayable),
-                                 Row("NetTotal", kAlways, &D::NetTotal, &D::set_NetTotal),
-                                 Row("GrossTotal", kAlways, &D::GrossTotal, &D::set_GrossTotal),
-                                 SharedGroup("Currency", &D::CurrencyValue, &D::set_CurrencyValue, kCurrency),
-                                 SharedGroup("Settlement", &D::Settlement, &D::set_Settlement, kSettlement));
-
-using R = Invoice;
-constexpr Layout kInvoice(Row("InvoiceNo", kAlways, &R::InvoiceNo, &R::set_InvoiceNo),
-                          Row("InvoiceStatus", kAlways, &R::InvoiceStatus, &R::set_InvoiceStatus),
-                          Row("Hash", kAlways, &R::Hash),  //
-                          Row("HashControl", kIfNotEmpty, &R::HashControl),
-                          Row("Period", kIfNotEmpty, &R::Period, &R::set_Period),
-                          Row("InvoiceDate", kAlways, &R::InvoiceDate, &R::set_InvoiceDate),
-                          Row("InvoiceType", kAlways, &R::InvoiceType, &R::set_InvoiceType),
-                          Row("SelfBillingIndicator", kAlways, &R::SelfBillingIndicator),
-                          Row("SystemEntryDate", kAlways, &R::SystemEntryDate, &R::set_SystemEntryDate),
-                          Row("TransactionID", kIfNotEmpty, &R::TransactionID, &R::set_TransactionID),
-                          Row("CustomerID", kAlways, &R::CustomerID, &R::set_CustomerID),
-                          ShippingPoint("ShipTo", &R::ShipTo, &R::set_ShipTo),
-                          ShippingPoint("ShipFrom", &R::ShipFrom, &R::set_ShipFrom),  //
-                          LinesRow(),                                                 //
-                          OwnedGroup("DocumentTotals", &R::DocumentTotals, kDocumentTotals));
+constexpr auto kInvoiceLayout = LayoutFor<Invoice>(Rows{
+    ZEVO_ROW(InvoiceNo, kAlways),
+    ZEVO_ROW(InvoiceStatus, kAlways),
+    ZEVO_ROW(Hash, kAlways, NotReadBack::kKeepsDefault),
+    ZEVO_ROW(HashControl, kIfNotEmpty, NotReadBack::kKeepsDefault),
+    ZEVO_ROW(Period, kIfNotEmpty),
+    ZEVO_ROW(InvoiceDate, kAlways),
+    ZEVO_ROW(InvoiceType, kAlways),
+    ZEVO_ROW(SelfBillingIndicator, kAlways, NotReadBack::kKeepsDefault),
+    ZEVO_ROW(SystemEntryDate, kAlways),
+    ZEVO_ROW(TransactionID, kIfNotEmpty),
+    ZEVO_ROW(CustomerID, kAlways),
+    ZEVO_ROW(ShipTo, ShippingPoint()),
+    ZEVO_ROW(ShipFrom, ShippingPoint()),
+    ZEVO_ROW(Line, ItemsOf(&InvoiceLineDALC::CreateInvoiceLine, &InvoiceLineDALC::ReadInvoiceLine)),
+    ZEVO_ROW(DocumentTotals, OwnedGroup{kDocumentTotalsLayout}),
+});
 
 }  // namespace
 
-void InvoiceDALC::CreateInvoice(const Invoice& value, IDALHelper& helper) {
-  const Element section = SalesInvoicesSection(helper);
+template <>
+std::span<const LayoutRow> LayoutOf<CurrencyStructure>() {
+  return DataOf<kCurrencyLayout>();
+}
+template <>
+std::span<const LayoutRow> LayoutOf<Settlement>() {
+  return DataOf<kSettlementLayout>();
+}
+template <>
+std::span<const LayoutRow> LayoutOf<DocumentTotals>() {
+  return DataOf<kDocumentTotalsLayout>();
+}
+template <>
+std::span<const LayoutRow> LayoutOf<Invoice>() {
+  return DataOf<kInvoiceLayout>();
+}
+
+void InvoiceDALC::CreateInvoice(const Invoice& value, IDALHelper& writer) {
+  const Element section = SalesInvoicesSection(writer);
   if (!section) throw LibraryError(Message::kSalesInvoicesMissing, "InvoiceDALC.CreateInvoice");
-  kInvoice.Write(value, helper.CreateElement(kElement.Text(), {}, section, true), helper);
-  helper.EndElement(kElement.Text());
+  kInvoiceLayout.Write(value, writer.CreateElement(kInvoice.Text(), {}, section, true), writer);
+  writer.EndElement(kInvoice.Text());
 }
 
-void InvoiceDALC::ReadInvoice(std::shared_ptr<Invoice>& value, IDALReader& helper, bool first) {
-  const Element section = SalesInvoicesSection(helper);
+void InvoiceDALC::ReadInvoice(std::shared_ptr<Invoice>& value, IDALReader& reader, bool first) {
+  const Element section = SalesInvoicesSection(reader);
   if (!section) throw LibraryError(Message::kSalesInvoicesMissing, "InvoiceDALC.ReadInvoice");
-  ReadRecord(kInvoice, FirstOrNext(helper, kElement, section, first), value, helper);
+  ReadRecord(kInvoiceLayout, FirstOrNext(reader, kInvoice, section, first), value, reader);
 }
 
-void InvoiceDALC::ReadFlatInvoice(std::shared_ptr<Invoice>& value, IDALReader& helper) {
-  ReadRecord(kInvoice, helper.GetElement(kElement.Text(), {}, {}), value, helper);
+void InvoiceDALC::ReadFlatInvoice(std::shared_ptr<Invoice>& value, IDALReader& reader) {
+  ReadRecord(kInvoiceLayout, reader.GetElement(kInvoice.Text(), {}, {}), value, reader);
 }
 
-int32_t InvoiceDALC::Invoices(IDALReader& helper) {
-  const Element section = SalesInvoicesSection(helper);
-  return section ? CountOf(helper, kElement, section) : 0;
+int32_t InvoiceDALC::Invoices(IDALReader& reader) {
+  const Element section = SalesInvoicesSection(reader);
+  return section ? CountOf(reader, kInvoice, section) : 0;
 }
 
 }  // namespace zevo

@@ -15,13 +15,13 @@ namespace zevo {
 class InvoiceDALC {
  public:
   /// Raises message 301 when the section is missing.
-  void CreateInvoice(const Invoice& value, IDALHelper& helper);
+  void CreateInvoice(const Invoice& value, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left. Raises message 301 when
   /// the section is missing, and what reading a line raises.
-  void ReadInvoice(std::shared_ptr<Invoice>& value, IDALReader& helper, bool first);
+  void ReadInvoice(std::shared_ptr<Invoice>& value, IDALReader& reader, bool first);
   /// Fills the slot with the invoice directly under the root of what the reader holds, or with nothing.
-  void ReadFlatInvoice(std::shared_ptr<Invoice>& value, IDALReader& helper);
-  int32_t Invoices(IDALReader& helper);
+  void ReadFlatInvoice(std::shared_ptr<Invoice>& value, IDALReader& reader);
+  int32_t Invoices(IDALReader& reader);
 };
 
 }  // namespace zevo

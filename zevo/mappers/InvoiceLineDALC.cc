@@ -6,69 +6,91 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "Line";
 constexpr ElementName kCreditNote = "CreditNote";
 
-constexpr Layout kCreditNoteLayout(Row("Reference", kIfNotEmpty, &CreditNote::Reference, &CreditNote::set_Reference),
-                                   Row("Reason", kIfNotEmpty, &CreditNote::Reason, &CreditNote::set_Reason));
+constexpr auto kCreditNoteLayout = LayoutFor<CreditNote>(Rows{
+    ZEVO_ROW(Reference, kIfNotEmpty),
+    ZEVO_ROW(Reason, kIfNotEmpty),
+});
 
-// The corrected invoices, each an element of its own.
-struct CreditNotesRow {
-  void Write(const References& value, Element parent, IDALHelper& helper) const {
-    for (const auto& note : *value.CreditNote()) {
-      kCreditNoteLayout.Write(*note, helper.CreateElement(kCreditNote.Text(), {}, parent, true), helper);
-    }
-  }
-  void Read(References& value, ElementTexts&, Element parent, IDALReader& helper) const {
-    for (Element found = helper.GetFirstElement(kCreditNote.Text(), parent); found;
-         found = helper.GetNextElement(kCreditNote.Text())) {
-      std::shared_ptr<CreditNote> note;
-      ReadRecord(kCreditNoteLayout, found, note, helper);
-      value.CreditNote()->Add(note);
-    }
-  }
-};
+constexpr auto kReferencesLayout = LayoutFor<References>(Rows{
+    // The corrected invoices, each an element of its own.
+    ZEVO_ROW(CreditNote,
+             Items{[](const CreditNote& note, Element references, IDALHelper& writer) {
+                     const Element element = writer.CreateElement(kCreditNote.Text(), {}, references, true);
+                     kCreditNoteLayout.Write(note, element, writer);
+                   },
+                   [](std::shared_ptr<CreditNote>& note, Element references, IDALReader& reader, bool first) {
+                     ReadRecord(kCreditNoteLayout, FirstOrNext(reader, kCreditNote, references, first), note, reader);
+                   }}),
+});
 
-constexpr Layout kOrderReferences(Row("OriginatingON", kIfNotEmpty, &OrderReferences::OriginatingOn,
-                                      &OrderReferences::set_OriginatingOn),
-                                  Row("OrderDate", kIfNotEmpty, &OrderReferences::OrderDate,
-                                      &OrderReferences::set_OrderDate));
+constexpr auto kOrderReferencesLayout = LayoutFor<OrderReferences>(Rows{
+    ZEVO_ROW_AS("OriginatingON", OriginatingOn, kIfNotEmpty),
+    ZEVO_ROW(OrderDate, kIfNotEmpty),
+});
 
-constexpr Layout kReferences{CreditNotesRow()};
+constexpr auto kTaxLayout = LayoutFor<Tax>(Rows{
+    ZEVO_ROW(TaxType, kAlways, NotReadBack::kConstant),
+    ZEVO_ROW(TaxCountryRegion, kAlways),
+    ZEVO_ROW(TaxCode, kIfNotEmpty),
+    Either{
+        ZEVO_ROW(TaxPercentage, kAlways),
+        ZEVO_ROW(TaxAmount, kAlways),
+    },
+});
 
-constexpr Layout kTax(Row("TaxType", kAlways, &Tax::TaxType),
-                      Row("TaxCountryRegion", kAlways, &Tax::TaxCountryRegion, &Tax::set_TaxCountryRegion),
-                      Row("TaxCode", kIfNotEmpty, &Tax::TaxCode, &Tax::set_TaxCode),
-                      Either(Row("TaxPercentage", kAlways, &Tax::TaxPercentage, &Tax::set_TaxPercentage),
-                             Row("TaxAmount", kAlways, &Tax::TaxAmount, &Tax::set_TaxAmount)));
-
-using R = InvoiceLine;
-constexpr Layout kLine(Row("LineNumber", kAlways, &R::LineNumber, &R::set_LineNumber),
-                       SharedGroup("OrderReferences", &R::OrderReferences, &R::set_OrderReferences, kOrderReferences),
-                       Row("ProductCode", kAlways, &R::ProductCode, &R::set_ProductCode),
-                       Row("ProductDescription", kAlways, &R::ProductDescription, &R::set_ProductDescription),
-                       Row<QuantityCodec>("Quantity", kAlways, &R::Quantity, &R::set_Quantity),
-                       Row("UnitOfMeasure", kIfNotEmpty, &R::UnitOfMeasure, &R::set_UnitOfMeasure),
-                       Row("UnitPrice", kAlways, &R::UnitPrice, &R::set_UnitPrice),
-                       Row("TaxPointDate", kAlways, &R::TaxPointDate, &R::set_TaxPointDate),
-                       SharedGroup("References", &R::References, &R::set_References, kReferences),
-                       Row("Description", kAlways, &R::Description, &R::set_Description),
-                       Either(Row("DebitAmount", kAlways, &R::DebitAmount, &R::set_DebitAmount),
-                              Row("CreditAmount", kAlways, &R::CreditAmount, &R::set_CreditAmount)),
-                       ReadLast(SharedGroup("Tax", &R::Tax, &R::set_Tax, kTax)),
-                       Row("TaxExemptionReason", kIfNotEmpty, &R::TaxExemptionReason, &R::set_TaxExemptionReason),
-                       Row("SettlementAmount", kAlways, &R::SettlementAmount, &R::set_SettlementAmount));
+constexpr auto kInvoiceLineLayout = LayoutFor<InvoiceLine>(Rows{
+    ZEVO_ROW(LineNumber, kAlways),
+    ZEVO_ROW(OrderReferences, SharedGroup{kOrderReferencesLayout}),
+    ZEVO_ROW(ProductCode, kAlways),
+    ZEVO_ROW(ProductDescription, kAlways),
+    ZEVO_ROW(Quantity, kAlways, QuantityCodec()),
+    ZEVO_ROW(UnitOfMeasure, kIfNotEmpty),
+    ZEVO_ROW(UnitPrice, kAlways),
+    ZEVO_ROW(TaxPointDate, kAlways),
+    ZEVO_ROW(References, SharedGroup{kReferencesLayout}),
+    ZEVO_ROW(Description, kAlways),
+    Either{
+        ZEVO_ROW(DebitAmount, kAlways),
+        ZEVO_ROW(CreditAmount, kAlways),
+    },
+    ReadLast{ZEVO_ROW(Tax, SharedGroup{kTaxLayout})},
+    ZEVO_ROW(TaxExemptionReason, kIfNotEmpty),
+    ZEVO_ROW(SettlementAmount, kAlways),
+});
 
 }  // namespace
 
-void InvoiceLineDALC::CreateInvoiceLine(const InvoiceLine& value, Element invoice, IDALHelper& helper) {
-  kLine.Write(value, helper.CreateElement(kElement.Text(), {}, invoice, true), helper);
-  helper.EndElement(kElement.Text());
+template <>
+std::span<const LayoutRow> LayoutOf<CreditNote>() {
+  return DataOf<kCreditNoteLayout>();
+}
+template <>
+std::span<const LayoutRow> LayoutOf<References>() {
+  return DataOf<kReferencesLayout>();
+}
+template <>
+std::span<const LayoutRow> LayoutOf<OrderReferences>() {
+  return DataOf<kOrderReferencesLayout>();
+}
+template <>
+std::span<const LayoutRow> LayoutOf<Tax>() {
+  return DataOf<kTaxLayout>();
+}
+template <>
+std::span<const LayoutRow> LayoutOf<InvoiceLine>() {
+  return DataOf<kInvoiceLineLayout>();
 }
 
-void InvoiceLineDALC::ReadInvoiceLine(std::shared_ptr<InvoiceLine>& value, Element invoice, IDALReader& helper,
+void InvoiceLineDALC::CreateInvoiceLine(const InvoiceLine& value, Element invoice, IDALHelper& writer) {
+  kInvoiceLineLayout.Write(value, writer.CreateElement(kLine.Text(), {}, invoice, true), writer);
+  writer.EndElement(kLine.Text());
+}
+
+void InvoiceLineDALC::ReadInvoiceLine(std::shared_ptr<InvoiceLine>& value, Element invoice, IDALReader& reader,
                                       bool first) {
-  ReadRecord(kLine, FirstOrNext(helper, kElement, invoice, first), value, helper);
+  ReadRecord(kInvoiceLineLayout, FirstOrNext(reader, kLine, invoice, first), value, reader);
 }
 
 }  // namespace zevo

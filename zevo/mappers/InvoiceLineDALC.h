@@ -14,10 +14,10 @@ namespace zevo {
 /// Writes and reads the lines of a sales document.
 class InvoiceLineDALC {
  public:
-  void CreateInvoiceLine(const InvoiceLine& value, Element invoice, IDALHelper& helper);
+  void CreateInvoiceLine(const InvoiceLine& value, Element invoice, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left. Raises error 13 when
   /// LineNumber or Quantity is missing or no number.
-  void ReadInvoiceLine(std::shared_ptr<InvoiceLine>& value, Element invoice, IDALReader& helper, bool first);
+  void ReadInvoiceLine(std::shared_ptr<InvoiceLine>& value, Element invoice, IDALReader& reader, bool first);
 };
 
 }  // namespace zevo

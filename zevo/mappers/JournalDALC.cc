@@ -7,29 +7,33 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "Journal";
-
-using R = Journal;
-constexpr Layout kJournal(Row("JournalID", kAlways, &R::JournalID, &R::set_JournalID),
-                          Row("Description", kAlways, &R::Description, &R::set_Description));
+constexpr auto kJournalLayout = LayoutFor<Journal>(Rows{
+    ZEVO_ROW(JournalID, kAlways),
+    ZEVO_ROW(Description, kAlways),
+});
 
 }  // namespace
 
-void JournalDALC::CreateJournal(const Journal& value, IDALHelper& helper) {
-  const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+template <>
+std::span<const LayoutRow> LayoutOf<Journal>() {
+  return DataOf<kJournalLayout>();
+}
+
+void JournalDALC::CreateJournal(const Journal& value, IDALHelper& writer) {
+  const Element section = writer.GetElement(kGeneralLedgerEntries.Text(), {}, {});
   if (!section) throw LibraryError(Message::kEntriesMissingText, "JournalDALC.CreateJournal");
-  kJournal.Write(value, helper.CreateElement(kElement.Text(), {}, section, true), helper);
+  kJournalLayout.Write(value, writer.CreateElement(kJournal.Text(), {}, section, true), writer);
 }
 
-void JournalDALC::ReadJournal(std::shared_ptr<Journal>& value, IDALReader& helper, bool first) {
-  const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+void JournalDALC::ReadJournal(std::shared_ptr<Journal>& value, IDALReader& reader, bool first) {
+  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
   if (!section) throw LibraryError(Message::kEntriesMissingText, "JournalDALC.ReadJournal");
-  ReadRecord(kJournal, FirstOrNext(helper, kElement, section, first), value, helper);
+  ReadRecord(kJournalLayout, FirstOrNext(reader, kJournal, section, first), value, reader);
 }
 
-int32_t JournalDALC::Journals(IDALReader& helper) {
-  const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {});
-  return section ? CountOf(helper, kElement, section) : 0;
+int32_t JournalDALC::Journals(IDALReader& reader) {
+  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  return section ? CountOf(reader, kJournal, section) : 0;
 }
 
 }  // namespace zevo

@@ -15,11 +15,11 @@ namespace zevo {
 class JournalDALC {
  public:
   /// Begins a journal; its transactions are written into it later. Raises message 201 when the section is missing.
-  void CreateJournal(const Journal& value, IDALHelper& helper);
+  void CreateJournal(const Journal& value, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left. Raises message 201 when
   /// the section is missing.
-  void ReadJournal(std::shared_ptr<Journal>& value, IDALReader& helper, bool first);
-  int32_t Journals(IDALReader& helper);
+  void ReadJournal(std::shared_ptr<Journal>& value, IDALReader& reader, bool first);
+  int32_t Journals(IDALReader& reader);
 };
 
 }  // namespace zevo

@@ -6,25 +6,31 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "Product";
+constexpr ElementName kProduct = "Product";
 
-using R = Product;
-constexpr Layout kProduct(Row("ProductType", kAlways, &R::ProductType, &R::set_ProductType),
-                          Row("ProductCode", kAlways, &R::ProductCode, &R::set_ProductCode),
-                          Row("ProductGroup", kIfNotEmpty, &R::ProductGroup, &R::set_ProductGroup),
-                          Row("ProductDescription", kAlways, &R::ProductDescription, &R::set_ProductDescription),
-                          Row("ProductNumberCode", kAlways, &R::ProductNumberCode, &R::set_ProductNumberCode));
+constexpr auto kProductLayout = LayoutFor<Product>(Rows{
+    ZEVO_ROW(ProductType, kAlways),
+    ZEVO_ROW(ProductCode, kAlways),
+    ZEVO_ROW(ProductGroup, kIfNotEmpty),
+    ZEVO_ROW(ProductDescription, kAlways),
+    ZEVO_ROW(ProductNumberCode, kAlways),
+});
 
 }  // namespace
 
-void ProductDALC::CreateProduct(const Product& value, IDALHelper& helper) {
-  CreateMasterRecord(kProduct, kElement, value, helper);
+template <>
+std::span<const LayoutRow> LayoutOf<Product>() {
+  return DataOf<kProductLayout>();
 }
 
-void ProductDALC::ReadProduct(std::shared_ptr<Product>& value, IDALReader& helper, bool first) {
-  ReadMasterRecord(kProduct, kElement, value, helper, first);
+void ProductDALC::CreateProduct(const Product& value, IDALHelper& writer) {
+  CreateMasterRecord(kProductLayout, kProduct, value, writer);
 }
 
-int32_t ProductDALC::Products(IDALReader& helper) { return CountMasterRecords(kElement, helper); }
+void ProductDALC::ReadProduct(std::shared_ptr<Product>& value, IDALReader& reader, bool first) {
+  ReadMasterRecord(kProductLayout, kProduct, value, reader, first);
+}
+
+int32_t ProductDALC::Products(IDALReader& reader) { return CountMasterRecords(kProduct, reader); }
 
 }  // namespace zevo

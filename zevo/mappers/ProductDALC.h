@@ -14,10 +14,10 @@ namespace zevo {
 /// Writes, reads and counts the products of the file.
 class ProductDALC {
  public:
-  void CreateProduct(const Product& value, IDALHelper& helper);
+  void CreateProduct(const Product& value, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left.
-  void ReadProduct(std::shared_ptr<Product>& value, IDALReader& helper, bool first);
-  int32_t Products(IDALReader& helper);
+  void ReadProduct(std::shared_ptr<Product>& value, IDALReader& reader, bool first);
+  int32_t Products(IDALReader& reader);
 };
 
 }  // namespace zevo

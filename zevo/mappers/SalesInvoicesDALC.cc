@@ -6,26 +6,31 @@
 
 namespace zevo {
 
-void SalesInvoicesDALC::CreateSalesInvoices(const SalesInvoices& value, IDALHelper& helper) {
-  const Element sourceDocuments = GetOrCreate(helper, kSourceDocuments, {});
-  if (helper.GetElement(kSalesInvoices.Text(), sourceDocuments, {})) {
+template <>
+std::span<const LayoutRow> LayoutOf<SalesInvoices>() {
+  return DataOf<kTotalsLayout<SalesInvoices>>();
+}
+
+void SalesInvoicesDALC::CreateSalesInvoices(const SalesInvoices& value, IDALHelper& writer) {
+  const Element sourceDocuments = GetOrCreate(writer, kSourceDocuments, {});
+  if (writer.GetElement(kSalesInvoices.Text(), sourceDocuments, {})) {
     throw LibraryError(Message::kSalesInvoicesExist, "SalesInvoicesDALC.CreateSalesInvoices");
   }
-  helper.CreateElement(kSalesInvoices.Text(), {}, sourceDocuments, true);
-  UpdateSalesInvoices(value, helper);
+  writer.CreateElement(kSalesInvoices.Text(), {}, sourceDocuments, true);
+  UpdateSalesInvoices(value, writer);
 }
 
-void SalesInvoicesDALC::UpdateSalesInvoices(const SalesInvoices& value, IDALHelper& helper) {
-  const Element section = SalesInvoicesSection(helper);
+void SalesInvoicesDALC::UpdateSalesInvoices(const SalesInvoices& value, IDALHelper& writer) {
+  const Element section = SalesInvoicesSection(writer);
   if (!section) throw LibraryError(Message::kSalesInvoicesMissing, "SalesInvoicesDALC.UpdateSalesInvoices");
-  UpdateTotals(value, section, helper);
+  kTotalsLayout<SalesInvoices>.Update(value, section, writer);
 }
 
-void SalesInvoicesDALC::ReadSalesInvoices(std::shared_ptr<SalesInvoices>& value, IDALReader& helper) {
-  const Element section = SalesInvoicesSection(helper);
+void SalesInvoicesDALC::ReadSalesInvoices(std::shared_ptr<SalesInvoices>& value, IDALReader& reader) {
+  const Element section = SalesInvoicesSection(reader);
   if (!section) throw LibraryError(Message::kSalesInvoicesMissing, "SalesInvoicesDALC.ReadSalesInvoices");
   value = std::make_shared<SalesInvoices>();
-  ReadTotals(*value, section);
+  kTotalsLayout<SalesInvoices>.Read(*value, section, reader);
 }
 
 }  // namespace zevo

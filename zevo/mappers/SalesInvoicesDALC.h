@@ -15,11 +15,11 @@ namespace zevo {
 class SalesInvoicesDALC {
  public:
   /// Begins the section. Raises message 302 when the file has it already.
-  void CreateSalesInvoices(const SalesInvoices& value, IDALHelper& helper);
+  void CreateSalesInvoices(const SalesInvoices& value, IDALHelper& writer);
   /// Brings the totals in the file up to date. Raises message 301 when the section is missing.
-  void UpdateSalesInvoices(const SalesInvoices& value, IDALHelper& helper);
+  void UpdateSalesInvoices(const SalesInvoices& value, IDALHelper& writer);
   /// Raises message 301 when the section is missing, error 13 when the number of entries is no number.
-  void ReadSalesInvoices(std::shared_ptr<SalesInvoices>& value, IDALReader& helper);
+  void ReadSalesInvoices(std::shared_ptr<SalesInvoices>& value, IDALReader& reader);
 };
 
 }  // namespace zevo

@@ -7,23 +7,29 @@
 namespace zevo {
 namespace {
 
-using R = ShippingPointStructure;
-constexpr Layout kShippingPoint(Row("DeliveryID", kIfNotEmpty, &R::DeliveryID, &R::set_DeliveryID),
-                                Row("DeliveryDate", kIfNotEmpty, &R::DeliveryDate, &R::set_DeliveryDate),
-                                SharedAddress("Address", &R::Address, &R::set_Address));
+constexpr auto kShippingPointLayout = LayoutFor<ShippingPointStructure>(Rows{
+    ZEVO_ROW(DeliveryID, kIfNotEmpty),
+    ZEVO_ROW(DeliveryDate, kIfNotEmpty),
+    ZEVO_ROW(Address, SharedAddress()),
+});
 
 }  // namespace
 
+template <>
+std::span<const LayoutRow> LayoutOf<ShippingPointStructure>() {
+  return DataOf<kShippingPointLayout>();
+}
+
 void ShippingPointDALC::CreateShippingPointStructure(ElementName name, const ShippingPointStructure& value,
-                                                     Element parent, IDALHelper& helper) {
-  kShippingPoint.Write(value, helper.CreateElement(name.Text(), {}, parent, true), helper);
-  helper.EndElement(name.Text());
+                                                     Element parent, IDALHelper& writer) {
+  kShippingPointLayout.Write(value, writer.CreateElement(name.Text(), {}, parent, true), writer);
+  writer.EndElement(name.Text());
 }
 
 std::shared_ptr<ShippingPointStructure> ShippingPointDALC::ReadShippingPointStructure(ElementName name, Element parent,
-                                                                                      IDALReader& helper) {
+                                                                                      IDALReader& reader) {
   std::shared_ptr<ShippingPointStructure> value;
-  ReadRecord(kShippingPoint, helper.GetElement(name.Text(), parent, {}), value, helper);
+  ReadRecord(kShippingPointLayout, reader.GetElement(name.Text(), parent, {}), value, reader);
   return value;
 }
 

@@ -15,10 +15,10 @@ namespace zevo {
 class ShippingPointDALC {
  public:
   void CreateShippingPointStructure(ElementName name, const ShippingPointStructure& value, Element parent,
-                                    IDALHelper& helper);
+                                    IDALHelper& writer);
   /// Nothing when there is no such element.
   std::shared_ptr<ShippingPointStructure> ReadShippingPointStructure(ElementName name, Element parent,
-                                                                     IDALReader& helper);
+                                                                     IDALReader& reader);
 };
 
 }  // namespace zevo

@@ -7,32 +7,38 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "Supplier";
+constexpr ElementName kSupplier = "Supplier";
 
-using R = Supplier;
-constexpr Layout kSupplier(Row("SupplierID", kAlways, &R::SupplierID, &R::set_SupplierID),
-                           Row("AccountID", kAlways, &R::AccountID),
-                           Row("SupplierTaxID", kAlways, &R::SupplierTaxID, &R::set_SupplierTaxID),
-                           Row("CompanyName", kAlways, &R::CompanyName, &R::set_CompanyName),
-                           Row("Contact", kIfNotEmpty, &R::Contact, &R::set_Contact),
-                           OwnedAddress("BillingAddress", &R::BillingAddress),
-                           SharedAddress("ShipFromAddress", &R::ShipFromAddress, &R::set_ShipFromAddress),
-                           Row("Telephone", kIfNotEmpty, &R::Telephone, &R::set_Telephone),  //
-                           Row("Fax", kIfNotEmpty, &R::Fax, &R::set_Fax),                    //
-                           Row("Email", kIfNotEmpty, &R::Email, &R::set_Email),
-                           Row("Website", kIfNotEmpty, &R::Website, &R::set_Website),
-                           Row("SelfBillingIndicator", kAlways, &R::SelfBillingIndicator));
+constexpr auto kSupplierLayout = LayoutFor<Supplier>(Rows{
+    ZEVO_ROW(SupplierID, kAlways),
+    ZEVO_ROW(AccountID, kAlways, NotReadBack::kKeepsDefault),
+    ZEVO_ROW(SupplierTaxID, kAlways),
+    ZEVO_ROW(CompanyName, kAlways),
+    ZEVO_ROW(Contact, kIfNotEmpty),
+    ZEVO_ROW(BillingAddress, OwnedAddress()),
+    ZEVO_ROW(ShipFromAddress, SharedAddress()),
+    ZEVO_ROW(Telephone, kIfNotEmpty),
+    ZEVO_ROW(Fax, kIfNotEmpty),
+    ZEVO_ROW(Email, kIfNotEmpty),
+    ZEVO_ROW(Website, kIfNotEmpty),
+    ZEVO_ROW(SelfBillingIndicator, kAlways, NotReadBack::kKeepsDefault),
+});
 
 }  // namespace
 
-void SupplierDALC::CreateSupplier(const Supplier& value, IDALHelper& helper) {
-  CreateMasterRecord(kSupplier, kElement, value, helper);
+template <>
+std::span<const LayoutRow> LayoutOf<Supplier>() {
+  return DataOf<kSupplierLayout>();
 }
 
-void SupplierDALC::ReadSupplier(std::shared_ptr<Supplier>& value, IDALReader& helper, bool first) {
-  ReadMasterRecord(kSupplier, kElement, value, helper, first);
+void SupplierDALC::CreateSupplier(const Supplier& value, IDALHelper& writer) {
+  CreateMasterRecord(kSupplierLayout, kSupplier, value, writer);
 }
 
-int32_t SupplierDALC::Suppliers(IDALReader& helper) { return CountMasterRecords(kElement, helper); }
+void SupplierDALC::ReadSupplier(std::shared_ptr<Supplier>& value, IDALReader& reader, bool first) {
+  ReadMasterRecord(kSupplierLayout, kSupplier, value, reader, first);
+}
+
+int32_t SupplierDALC::Suppliers(IDALReader& reader) { return CountMasterRecords(kSupplier, reader); }
 
 }  // namespace zevo

@@ -14,10 +14,10 @@ namespace zevo {
 /// Writes, reads and counts the suppliers of the file.
 class SupplierDALC {
  public:
-  void CreateSupplier(const Supplier& value, IDALHelper& helper);
+  void CreateSupplier(const Supplier& value, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left.
-  void ReadSupplier(std::shared_ptr<Supplier>& value, IDALReader& helper, bool first);
-  int32_t Suppliers(IDALReader& helper);
+  void ReadSupplier(std::shared_ptr<Supplier>& value, IDALReader& reader, bool first);
+  int32_t Suppliers(IDALReader& reader);
 };
 
 }  // namespace zevo

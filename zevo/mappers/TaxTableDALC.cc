@@ -1,21 +1,36 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/mappers/TaxTableDALC.h>
 
+#include <zevo/mappers/Layout.h>
 #include <zevo/mappers/TaxTableEntryDALC.h>
 
 namespace zevo {
+namespace {
 
-void TaxTableDALC::CreateTaxTable(const TaxTable& value, IDALHelper& helper) {
-  for (const auto& entry : *value.TaxTableEntry()) TaxTableEntryDALC().CreateTaxTableEntry(*entry, helper);
+// The entries find their place in the file themselves.
+constexpr auto kTaxTableLayout = LayoutFor<TaxTable>(Rows{
+    ZEVO_ROW(TaxTableEntry, Items{[](const TaxTableEntry& entry, Element, IDALHelper& writer) {
+                                    TaxTableEntryDALC().CreateTaxTableEntry(entry, writer);
+                                  },
+                                  [](std::shared_ptr<TaxTableEntry>& entry, Element, IDALReader& reader, bool first) {
+                                    TaxTableEntryDALC().ReadTaxTableEntry(entry, reader, first);
+                                  }}),
+});
+
+}  // namespace
+
+template <>
+std::span<const LayoutRow> LayoutOf<TaxTable>() {
+  return DataOf<kTaxTableLayout>();
 }
 
-void TaxTableDALC::ReadTaxTable(std::shared_ptr<TaxTable>& value, IDALReader& helper) {
+void TaxTableDALC::CreateTaxTable(const TaxTable& value, IDALHelper& writer) {
+  kTaxTableLayout.Write(value, {}, writer);
+}
+
+void TaxTableDALC::ReadTaxTable(std::shared_ptr<TaxTable>& value, IDALReader& reader) {
   value = std::make_shared<TaxTable>();
-  TaxTableEntryDALC mapper;
-  std::shared_ptr<TaxTableEntry> entry;
-  for (mapper.ReadTaxTableEntry(entry, helper, true); entry; mapper.ReadTaxTableEntry(entry, helper, false)) {
-    value->TaxTableEntry()->Add(entry);
-  }
+  kTaxTableLayout.Read(*value, {}, reader);
 }
 
 }  // namespace zevo

@@ -14,9 +14,9 @@ namespace zevo {
 class TaxTableDALC {
  public:
   /// Writes nothing for a table without entries.
-  void CreateTaxTable(const TaxTable& value, IDALHelper& helper);
+  void CreateTaxTable(const TaxTable& value, IDALHelper& writer);
   /// Fills the slot with a table, without entries when the file has none.
-  void ReadTaxTable(std::shared_ptr<TaxTable>& value, IDALReader& helper);
+  void ReadTaxTable(std::shared_ptr<TaxTable>& value, IDALReader& reader);
 };
 
 }  // namespace zevo

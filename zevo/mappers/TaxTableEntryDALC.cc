@@ -6,42 +6,46 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kTaxTable = "TaxTable";
-constexpr ElementName kElement = "TaxTableEntry";
-
-using R = TaxTableEntry;
-constexpr Layout kTaxTableEntry(
-    Row("TaxType", kAlways, &R::TaxType),
-    Row("TaxCountryRegion", kAlways, &R::TaxCountryRegion, &R::set_TaxCountryRegion),
-    Row("TaxCode", kAlways, &R::TaxCode, &R::set_TaxCode),
-    Row("Description", kAlways, &R::Description, &R::set_Description),
-    Row<DateCodec>("TaxExpirationDate", kIfNotEmpty, &R::TaxExpirationDate, &R::set_TaxExpirationDate),
-    Either(Row<StrictPointAmountCodec>("TaxPercentage", kAlways, &R::TaxPercentage, &R::set_TaxPercentage),
-           Row<StrictAmountCodec>("TaxAmount", kAlways, &R::TaxAmount, &R::set_TaxAmount)));
+constexpr auto kTaxTableEntryLayout = LayoutFor<TaxTableEntry>(Rows{
+    ZEVO_ROW(TaxType, kAlways, NotReadBack::kConstant),
+    ZEVO_ROW(TaxCountryRegion, kAlways),
+    ZEVO_ROW(TaxCode, kAlways),
+    ZEVO_ROW(Description, kAlways),
+    ZEVO_ROW(TaxExpirationDate, kIfNotEmpty, DateCodec()),
+    Either{
+        ZEVO_ROW(TaxPercentage, kAlways, StrictPointAmountCodec()),
+        ZEVO_ROW(TaxAmount, kAlways, StrictAmountCodec()),
+    },
+});
 
 }  // namespace
 
-void TaxTableEntryDALC::CreateTaxTableEntry(const TaxTableEntry& value, IDALHelper& helper) {
-  const Element table = GetOrCreate(helper, kTaxTable, GetOrCreate(helper, kMasterFiles, {}));
-  kTaxTableEntry.Write(value, helper.CreateElement(kElement.Text(), {}, table, true), helper);
-  helper.EndElement(kElement.Text());
+template <>
+std::span<const LayoutRow> LayoutOf<TaxTableEntry>() {
+  return DataOf<kTaxTableEntryLayout>();
 }
 
-void TaxTableEntryDALC::ReadTaxTableEntry(std::shared_ptr<TaxTableEntry>& value, IDALReader& helper, bool first) {
+void TaxTableEntryDALC::CreateTaxTableEntry(const TaxTableEntry& value, IDALHelper& writer) {
+  const Element table = GetOrCreate(writer, kTaxTable, GetOrCreate(writer, kMasterFiles, {}));
+  kTaxTableEntryLayout.Write(value, writer.CreateElement(kTaxTableEntry.Text(), {}, table, true), writer);
+  writer.EndElement(kTaxTableEntry.Text());
+}
+
+void TaxTableEntryDALC::ReadTaxTableEntry(std::shared_ptr<TaxTableEntry>& value, IDALReader& reader, bool first) {
   Element element;
   if (!first) {
-    element = helper.GetNextElement(kElement.Text());
-  } else if (const Element masterFiles = helper.GetElement(kMasterFiles.Text(), {}, {})) {
-    const Element table = helper.GetElement(kTaxTable.Text(), masterFiles, {});
-    if (table) element = helper.GetFirstElement(kElement.Text(), table);
+    element = reader.GetNextElement(kTaxTableEntry.Text());
+  } else if (const Element masterFiles = reader.GetElement(kMasterFiles.Text(), {}, {})) {
+    const Element table = reader.GetElement(kTaxTable.Text(), masterFiles, {});
+    if (table) element = reader.GetFirstElement(kTaxTableEntry.Text(), table);
   }
-  ReadRecord(kTaxTableEntry, element, value, helper);
+  ReadRecord(kTaxTableEntryLayout, element, value, reader);
 }
 
-int32_t TaxTableEntryDALC::TaxTableEntrys(IDALReader& helper) {
-  const Element masterFiles = helper.GetElement(kMasterFiles.Text(), {}, {});
-  const Element table = masterFiles ? helper.GetElement(kTaxTable.Text(), masterFiles, {}) : Element();
-  return table ? CountOf(helper, kElement, table) : 0;
+int32_t TaxTableEntryDALC::TaxTableEntrys(IDALReader& reader) {
+  const Element masterFiles = reader.GetElement(kMasterFiles.Text(), {}, {});
+  const Element table = masterFiles ? reader.GetElement(kTaxTable.Text(), masterFiles, {}) : Element();
+  return table ? CountOf(reader, kTaxTableEntry, table) : 0;
 }
 
 }  // namespace zevo

@@ -14,11 +14,11 @@ namespace zevo {
 /// Writes, reads and counts the entries of the tax table.
 class TaxTableEntryDALC {
  public:
-  void CreateTaxTableEntry(const TaxTableEntry& value, IDALHelper& helper);
+  void CreateTaxTableEntry(const TaxTableEntry& value, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left. Raises error 13 unless the
   /// entry has both a percentage and an amount; what CreateTaxTableEntry writes has one of them.
-  void ReadTaxTableEntry(std::shared_ptr<TaxTableEntry>& value, IDALReader& helper, bool first);
-  int32_t TaxTableEntrys(IDALReader& helper);
+  void ReadTaxTableEntry(std::shared_ptr<TaxTableEntry>& value, IDALReader& reader, bool first);
+  int32_t TaxTableEntrys(IDALReader& reader);
 };
 
 }  // namespace zevo

@@ -10,71 +10,67 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kJournalElement = "Journal";
-constexpr ElementName kElement = "Transaction";
+constexpr ElementName kTransaction = "Transaction";
 
-using R = Transaction;
-constexpr Layout kTransaction(Row("TransactionID", kAlways, &R::TransactionID, &R::set_TransactionID),
-                              Row("Period", kAlways, &R::Period, &R::set_Period),
-                              Row("TransactionDate", kAlways, &R::TransactionDate, &R::set_TransactionDate),
-                              Row("SourceID", kIfNotEmpty, &R::SourceID, &R::set_SourceID),
-                              Row("Description", kAlways, &R::Description, &R::set_Description),
-                              Row("DocArchivalNumber", kAlways, &R::DocArchivalNumber, &R::set_DocArchivalNumber),
-                              Row("TransactionType", kAlways, &R::TransactionType, &R::set_TransactionType),
-                              Row("GLPostingDate", kAlways, &R::GLPostingDate, &R::set_GLPostingDate),
-                              Row("CustomerID", kIfNotEmpty, &R::CustomerID, &R::set_CustomerID),
-                              Row("SupplierID", kIfNotEmpty, &R::SupplierID, &R::set_SupplierID));
+constexpr auto kTransactionLayout = LayoutFor<Transaction>(Rows{
+    ZEVO_ROW(TransactionID, kAlways),
+    ZEVO_ROW(Period, kAlways),
+    ZEVO_ROW(TransactionDate, kAlways),
+    ZEVO_ROW(SourceID, kIfNotEmpty),
+    ZEVO_ROW(Description, kAlways),
+    ZEVO_ROW(DocArchivalNumber, kAlways),
+    ZEVO_ROW(TransactionType, kAlways),
+    ZEVO_ROW(GLPostingDate, kAlways),
+    ZEVO_ROW(CustomerID, kIfNotEmpty),
+    ZEVO_ROW(SupplierID, kIfNotEmpty),
+    ZEVO_ROW(Line, ItemsOf(&TransactionLineDALC::CreateTransactionLine, &TransactionLineDALC::ReadTransactionLine)),
+});
 
 // The identifier goes in as it is: one with a double quote makes the query invalid.
 std::string QueryFor(const Journal& journal) { return "[JournalID = \"" + journal.JournalID() + "\"]"; }
 
 }  // namespace
 
+template <>
+std::span<const LayoutRow> LayoutOf<Transaction>() {
+  return DataOf<kTransactionLayout>();
+}
+
 void TransactionDALC::CreateTransaction(const Transaction& value, const Journal* transactionJournal,
-                                        IDALHelper& helper) {
+                                        IDALHelper& writer) {
   Element journal;
-  if (const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
+  if (const Element section = writer.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
     const std::string query = transactionJournal == nullptr ? std::string() : QueryFor(*transactionJournal);
-    journal = helper.GetElement(kJournalElement.Text(), section, query);
+    journal = writer.GetElement(kJournal.Text(), section, query);
   }
   if (!journal) throw LibraryError(Message::kJournalMissing, "TransactionDALC.CreateTransaction");
-  const Element transaction = helper.CreateElement(kElement.Text(), {}, journal, true);
-  kTransaction.Write(value, transaction, helper);
-  TransactionLineDALC lines;
-  for (const auto& line : *value.Line()) lines.CreateTransactionLine(*line, transaction, helper);
-  helper.EndElement(kElement.Text());
+  const Element transaction = writer.CreateElement(kTransaction.Text(), {}, journal, true);
+  kTransactionLayout.Write(value, transaction, writer);
+  writer.EndElement(kTransaction.Text());
 }
 
 void TransactionDALC::ReadTransaction(std::shared_ptr<Transaction>& value, const Journal* transactionJournal,
-                                      IDALReader& helper, bool first) {
+                                      IDALReader& reader, bool first) {
   Element journal;
   if (transactionJournal == nullptr) {
     // Directly under the root, where a whole file has no journal but a reader that holds one entity has.
-    journal = helper.GetElement(kJournalElement.Text(), {}, {});
-  } else if (const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
-    journal = helper.GetElement(kJournalElement.Text(), section, QueryFor(*transactionJournal));
+    journal = reader.GetElement(kJournal.Text(), {}, {});
+  } else if (const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
+    journal = reader.GetElement(kJournal.Text(), section, QueryFor(*transactionJournal));
   }
   if (!journal) throw LibraryError(Message::kJournalMissing, "TransactionDALC.ReadTransaction");
-  const Element transaction = FirstOrNext(helper, kElement, journal, first);
-  ReadRecord(kTransaction, transaction, value, helper);
-  if (!value) return;
-  TransactionLineDALC lines;
-  std::shared_ptr<TransactionLine> line;
-  for (lines.ReadTransactionLine(line, transaction, helper, true); line;
-       lines.ReadTransactionLine(line, transaction, helper, false)) {
-    value->Line()->Add(line);
-  }
+  ReadRecord(kTransactionLayout, FirstOrNext(reader, kTransaction, journal, first), value, reader);
 }
 
-int32_t TransactionDALC::Transactions(const Journal* transactionJournal, IDALReader& helper) {
+int32_t TransactionDALC::Transactions(const Journal* transactionJournal, IDALReader& reader) {
   if (transactionJournal == nullptr) {
-    const auto everywhere = helper.GetElements("//Transaction", {}, {});
+    const auto everywhere = reader.GetElements("//Transaction", {}, {});
     return everywhere ? static_cast<int32_t>(everywhere->size()) : 0;
   }
-  const Element section = helper.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
   const Element journal =
-      section ? helper.GetElement(kJournalElement.Text(), section, QueryFor(*transactionJournal)) : Element();
-  return journal ? CountOf(helper, kElement, journal) : 0;
+      section ? reader.GetElement(kJournal.Text(), section, QueryFor(*transactionJournal)) : Element();
+  return journal ? CountOf(reader, kTransaction, journal) : 0;
 }
 
 }  // namespace zevo

@@ -17,13 +17,13 @@ class TransactionDALC {
  public:
   /// Writes a transaction under its journal, or under the first one when `transactionJournal` is null. Raises message
   /// 251 when there is no such journal.
-  void CreateTransaction(const Transaction& value, const Journal* transactionJournal, IDALHelper& helper);
+  void CreateTransaction(const Transaction& value, const Journal* transactionJournal, IDALHelper& writer);
   /// Fills the slot with the first or the next transaction of a journal, or with nothing when there is none left.
   /// Raises message 251 when there is no such journal.
-  void ReadTransaction(std::shared_ptr<Transaction>& value, const Journal* transactionJournal, IDALReader& helper,
+  void ReadTransaction(std::shared_ptr<Transaction>& value, const Journal* transactionJournal, IDALReader& reader,
                        bool first);
   /// The transactions of a journal, or of the whole file.
-  int32_t Transactions(const Journal* transactionJournal, IDALReader& helper);
+  int32_t Transactions(const Journal* transactionJournal, IDALReader& reader);
 };
 
 }  // namespace zevo

@@ -6,27 +6,33 @@
 namespace zevo {
 namespace {
 
-constexpr ElementName kElement = "Line";
-
-using R = TransactionLine;
-constexpr Layout kLine(Row("RecordID", kAlways, &R::RecordID, &R::set_RecordID),
-                       Row("AccountID", kAlways, &R::AccountID, &R::set_AccountID),
-                       Row("SourceDocumentID", kIfNotEmpty, &R::SourceDocumentID, &R::set_SourceDocumentID),
-                       Row("SystemEntryDate", kAlways, &R::SystemEntryDate, &R::set_SystemEntryDate),
-                       Row("Description", kAlways, &R::Description, &R::set_Description),
-                       Either(Row("DebitAmount", kAlways, &R::DebitAmount, &R::set_DebitAmount),
-                              Row("CreditAmount", kAlways, &R::CreditAmount, &R::set_CreditAmount)));
+constexpr auto kTransactionLineLayout = LayoutFor<TransactionLine>(Rows{
+    ZEVO_ROW(RecordID, kAlways),
+    ZEVO_ROW(AccountID, kAlways),
+    ZEVO_ROW(SourceDocumentID, kIfNotEmpty),
+    ZEVO_ROW(SystemEntryDate, kAlways),
+    ZEVO_ROW(Description, kAlways),
+    Either{
+        ZEVO_ROW(DebitAmount, kAlways),
+        ZEVO_ROW(CreditAmount, kAlways),
+    },
+});
 
 }  // namespace
 
-void TransactionLineDALC::CreateTransactionLine(const TransactionLine& value, Element transaction, IDALHelper& helper) {
-  kLine.Write(value, helper.CreateElement(kElement.Text(), {}, transaction, true), helper);
-  helper.EndElement(kElement.Text());
+template <>
+std::span<const LayoutRow> LayoutOf<TransactionLine>() {
+  return DataOf<kTransactionLineLayout>();
+}
+
+void TransactionLineDALC::CreateTransactionLine(const TransactionLine& value, Element transaction, IDALHelper& writer) {
+  kTransactionLineLayout.Write(value, writer.CreateElement(kLine.Text(), {}, transaction, true), writer);
+  writer.EndElement(kLine.Text());
 }
 
 void TransactionLineDALC::ReadTransactionLine(std::shared_ptr<TransactionLine>& value, Element transaction,
-                                              IDALReader& helper, bool first) {
-  ReadRecord(kLine, FirstOrNext(helper, kElement, transaction, first), value, helper);
+                                              IDALReader& reader, bool first) {
+  ReadRecord(kTransactionLineLayout, FirstOrNext(reader, kLine, transaction, first), value, reader);
 }
 
 }  // namespace zevo

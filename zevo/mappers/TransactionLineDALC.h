@@ -14,9 +14,9 @@ namespace zevo {
 /// Writes and reads the lines of a transaction.
 class TransactionLineDALC {
  public:
-  void CreateTransactionLine(const TransactionLine& value, Element transaction, IDALHelper& helper);
+  void CreateTransactionLine(const TransactionLine& value, Element transaction, IDALHelper& writer);
   /// Fills the slot with the first or the next one, or with nothing when there is none left.
-  void ReadTransactionLine(std::shared_ptr<TransactionLine>& value, Element transaction, IDALReader& helper,
+  void ReadTransactionLine(std::shared_ptr<TransactionLine>& value, Element transaction, IDALReader& reader,
                            bool first);
 };
 
