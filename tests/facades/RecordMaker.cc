@@ -61,10 +61,6 @@ const std::vector<TextRule>& TextRules() {
       {"Transaction.Period", [](int serial) { return Digits(1 + serial % 16); }},
       {"Invoice.Period", [](int serial) { return Digits(1 + serial % 12); }},
       {".InvoiceNo", [](int serial) { return Padded("FT A/", serial, 5); }},
-      {".SystemEntryDate", [](int serial) { return Day(serial) + "T10:20:30"; }},
-      {".GLPostingDate", [](int serial) { return Day(serial) + "T10:20:30"; }},
-      {".DateCreated", Day},
-      {"Date", Day},
       // A double quote would break the look-up of the journal.
       {".JournalID", [](int serial) { return Padded("D<&>é", serial, 4); }},
       // With characters that are escaped and that are not ASCII; ten characters, the least that any element takes.
@@ -102,7 +98,7 @@ PropertyValue RecordMaker::ValueFor(const Property& property, const std::string&
       side_ == Side::kCreditAlone && (property.name.ends_with("DebitAmount") || property.name == "TaxPercentage");
   switch (property.type) {
     case PropertyType::kText:
-      return TextFor(path);
+      return TextFor(property, path);
     case PropertyType::kAmount:
       // A quantity passes through single precision, which holds quarters exactly.
       return zero ? Amount()
@@ -124,7 +120,9 @@ PropertyValue RecordMaker::ValueFor(const Property& property, const std::string&
   throw std::logic_error("no value");
 }
 
-std::string RecordMaker::TextFor(std::string_view path) {
+std::string RecordMaker::TextFor(const Property& property, std::string_view path) {
+  if (property.text_kind == TextKind::kDate) return Day(serial_);
+  if (property.text_kind == TextKind::kDateTime) return Day(serial_) + "T10:20:30";
   for (const TextRule& rule : TextRules()) {
     if (path.ends_with(rule.path)) return rule.text(serial_);
   }

@@ -32,7 +32,7 @@ class RecordMaker {
   void Fill(Record& record, std::span<const Property> properties, const std::string& path);
   void FillProperty(Record& record, const Property& property, const std::string& path);
   PropertyValue ValueFor(const Property& property, const std::string& path);
-  std::string TextFor(std::string_view path);
+  std::string TextFor(const Property& property, std::string_view path);
 
   Side side_;
   int serial_ = 100;
