@@ -21,7 +21,7 @@ void WalkProperties(const Record& record, std::string& path, const Visit& visit)
   const size_t above = path.size();
   for (const Property& property : PropertiesOf(record)) {
     path.append(property.name);
-    visit(std::string_view(path), property, record);
+    visit(std::string_view{path}, property, record);
     if (property.type == PropertyType::kRecord) {
       const auto child = std::get<std::shared_ptr<Record>>(property.get(record));
       path.push_back('.');
@@ -43,7 +43,7 @@ void WalkProperties(std::span<const Property> properties, std::string& path, con
   const size_t above = path.size();
   for (const Property& property : properties) {
     path.append(property.name);
-    visit(std::string_view(path), property);
+    visit(std::string_view{path}, property);
     if (property.type == PropertyType::kRecord) WalkProperties(property.properties(), path.append("."), visit);
     path.resize(above);
   }
