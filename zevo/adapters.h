@@ -13,6 +13,7 @@
 #include <zevo/facades/AuditFileStreamWriter.h>
 #include <zevo/facades/AuditFileStreamer.h>
 #include <zevo/facades/Facade.h>
+#include <zevo/facades/WrittenForm.h>
 #include <zevo/model/AddressStructure.h>
 #include <zevo/model/Amount.h>
 #include <zevo/model/AuditException.h>
@@ -47,6 +48,7 @@
 #include <zevo/model/TaxTable.h>
 #include <zevo/model/TaxTableEntry.h>
 #include <zevo/model/TaxTableEntryCollection.h>
+#include <zevo/model/TextForm.h>
 #include <zevo/model/Totals.h>
 #include <zevo/model/Transaction.h>
 #include <zevo/model/TransactionLine.h>

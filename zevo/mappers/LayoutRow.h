@@ -2,6 +2,8 @@
 #ifndef ZEVO_MAPPERS_LAYOUTROW_H_
 #define ZEVO_MAPPERS_LAYOUTROW_H_
 
+#include <zevo/model/TextForm.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -25,15 +27,6 @@ using enum Written;
 enum class NotReadBack : uint8_t {
   kConstant,      ///< The record has one value for good; there is no setter.
   kKeepsDefault,  ///< On purpose: hosts know it so.
-};
-
-/// How a value becomes the text of its element.
-enum class TextForm : uint8_t {
-  kPlain,            ///< As its type says; numbers with the regional separator.
-  kWithPoint,        ///< An amount with a point, whatever the regional settings.
-  kTwoDecimals,      ///< An amount rounded to two decimals, with the regional separator.
-  kSinglePrecision,  ///< An amount that passes through a 32-bit float: about seven digits are left of it.
-  kDate,             ///< A text that is brought to yyyy-mm-dd where it is a date.
 };
 
 /// A row of a layout as data: a child of a record's element, and what the writers and the readers make of it.

@@ -21,6 +21,7 @@ class InvoiceLine;
 class Journal;
 class OrderReferences;
 class Product;
+class Record;
 class References;
 class SalesInvoices;
 class Settlement;
@@ -84,6 +85,9 @@ template <>
 std::span<const LayoutRow> LayoutOf<Transaction>();
 template <>
 std::span<const LayoutRow> LayoutOf<TransactionLine>();
+
+/// The layout of a record, whatever its class.
+std::span<const LayoutRow> LayoutOf(const Record& record);
 
 }  // namespace zevo
 
