@@ -48,19 +48,6 @@ class ParserHandler {
   virtual void Standalone() {}
 };
 
-/// How far a parse may go; beyond it the file is refused.
-struct ParserLimits {
-  static constexpr int kDepth = 256;
-  static constexpr size_t kText = 10'000'000;
-  static constexpr size_t kStartTag = size_t{64} * 1024;
-  static constexpr int kAttributes = 256;   // of an element, apart from namespace declarations
-  static constexpr int kDeclarations = 64;  // of namespaces, in scope at once
-  /// Different names of elements and attributes in a file.
-  static constexpr uint32_t kNames = 10'000;
-  /// Different names of instructions, prefixes and namespaces in a file.
-  static constexpr uint32_t kOtherNames = 10'000;
-};
-
 /// Parses a file and hands its content over as events.
 class Parser {
  public:
@@ -68,7 +55,8 @@ class Parser {
   /// Parses, once, what comes from elsewhere than a file. `input` must outlive the parser.
   explicit Parser(ByteSource& input) : input_(&input) {}
 
-  /// Gives what stopped the parse before the end: a file that cannot be read, is not well-formed or is refused. Raises
+  /// Gives what stopped the parse before the end: a file that cannot be read, is not well-formed or is refused, because
+  /// it has a document type declaration or goes beyond ParserLimits. Raises
   /// error 7 when libxml2 has no memory, and what the handler raises.
   [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler) { return Parse(handler, nullptr, {}); }
 
