@@ -2,8 +2,24 @@
 #include <zevo/Utf8.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace zevo {
+namespace {
+
+// The bytes of ASCII at the front of a text, found eight at a time.
+size_t AsciiFront(std::string_view text) {
+  size_t front = 0;
+  for (uint64_t eight; front + sizeof eight <= text.size(); front += sizeof eight) {
+    std::memcpy(&eight, text.data() + front, sizeof eight);
+    if ((eight & 0x8080808080808080U) != 0) break;
+  }
+  while (front < text.size() && static_cast<unsigned char>(text[front]) < 0x80) ++front;
+  return front;
+}
+
+}  // namespace
 
 char32_t TakeCharacter(std::string_view& text) {
   const unsigned char lead = static_cast<unsigned char>(text.front());
@@ -34,10 +50,11 @@ char32_t TakeCharacter(std::string_view& text) {
 }
 
 bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
+  for (;;) {
+    text.remove_prefix(AsciiFront(text));
+    if (text.empty()) return true;
     if (TakeCharacter(text) == kNotUtf8) return false;
   }
-  return true;
 }
 
 size_t CharactersIn(std::string_view text) {

@@ -71,6 +71,7 @@ bool CsvFile::IsEmptyRow() const {
 bool CsvFile::ReadRow() {
   cell_count_ = 0;
   row_ended_ = false;
+  is_utf8_ = true;
   bool begun = false;
   while (!row_ended_ && !finished_) {
     if (!ReadLine()) {
@@ -93,6 +94,7 @@ bool CsvFile::ReadLine() {
   if (!file_.eof()) line_ += '\n';
   if (lines_ == 0 && line_.starts_with(kByteOrderMark)) line_.erase(0, kByteOrderMark.size());
   ++lines_;
+  is_utf8_ = is_utf8_ && IsUtf8(line_);
   return true;
 }
 
@@ -137,7 +139,9 @@ void CsvFile::CheckColumns() const {
   }
 }
 
+// What parts cells is ASCII: where the lines of a row are UTF-8, so are its cells.
 void CsvFile::CheckText() const {
+  if (is_utf8_) return;
   for (size_t column = 0; column < cell_count_; ++column) {
     if (!IsUtf8(cells_[column])) Fail(column, "not UTF-8");
   }

@@ -61,6 +61,7 @@ class CsvFile {
   int64_t lines_ = 0;
   int64_t row_ = 0;
   bool finished_ = false;
+  bool is_utf8_ = true;  // whether the lines of the row are
   // Set by the parser's calls while it is given a line. The cells are reused from row to row.
   bool row_ended_ = false;
   bool lone_return_ = false;
