@@ -35,6 +35,7 @@
 #include <zevo/model/OrderReferences.h>
 #include <zevo/model/Product.h>
 #include <zevo/model/Property.h>
+#include <zevo/model/PropertyText.h>
 #include <zevo/model/PropertyWalk.h>
 #include <zevo/model/Record.h>
 #include <zevo/model/References.h>

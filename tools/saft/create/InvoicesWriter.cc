@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "tools/saft/dataset/PropertyText.h"
+#include "tools/saft/dataset/CellValue.h"
 #include "tools/saft/dataset/RecordFile.h"
 
 namespace zevo::saft {
@@ -13,7 +13,7 @@ namespace {
 // The line of an invoice that a credit note names in its second parent column.
 InvoiceLine& LineOf(const Invoice& invoice, const RecordFile& notes) {
   try {
-    return *invoice.Line()->Item(std::to_string(CountFromText(notes.Parent(1))));
+    return *invoice.Line()->Item(std::to_string(CountFromCell(notes.Parent(1))));
   } catch (const BadValue& bad) {
     notes.FailAtParent(1, bad.what());
   } catch (const Error&) {

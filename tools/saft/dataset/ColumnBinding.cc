@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "tools/saft/dataset/PropertyText.h"
+#include "tools/saft/dataset/CellValue.h"
 
 namespace zevo::saft {
 namespace {
@@ -30,7 +30,7 @@ ColumnBinding::ColumnBinding(std::string_view column, std::span<const Property> 
 }
 
 void ColumnBinding::Set(Record& record, const std::string& text) const {
-  const PropertyValue value = ValueFromText(*property_, text);
+  const PropertyValue value = ValueFromCell(*property_, text);
   Record* owner = &record;
   std::shared_ptr<Record> child;
   // From the top: a child learns from its owner where it stands in the file.

@@ -2,8 +2,6 @@
 #include "tools/saft/dataset/DecimalText.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cstddef>
 
 namespace zevo::saft {
@@ -35,27 +33,6 @@ Value ValueOf(std::string_view text) {
 
 bool IsSameNumber(std::string_view left, std::string_view right) {
   return left == right || ValueOf(left) == ValueOf(right);
-}
-
-std::string TextFromSingle(float value) {
-  if (value == 0) return "0";
-  // As d.ddde±xx: in fixed notation, the digits of a large number would go on to those that the float does not tell.
-  std::array<char, 32> scientific{};
-  const char* const end =
-      std::to_chars(scientific.data(), scientific.data() + scientific.size(), value, std::chars_format::scientific).ptr;
-  const std::string_view all(scientific.data(), static_cast<size_t>(end - scientific.data()));
-  const size_t e = all.find('e');
-  int exponent = 0;
-  std::from_chars(all.data() + e + (all[e + 1] == '+' ? 2 : 1), end, exponent);
-  std::string digits;
-  for (const char c : all.substr(0, e)) {
-    if (c >= '0' && c <= '9') digits += c;
-  }
-  const std::string sign = value < 0 ? "-" : "";
-  if (exponent < 0) return sign + "0." + std::string(static_cast<size_t>(-exponent - 1), '0') + digits;
-  const size_t whole = static_cast<size_t>(exponent) + 1;
-  if (digits.size() <= whole) return sign + digits + std::string(whole - digits.size(), '0');
-  return sign + digits.insert(whole, ".");
 }
 
 }  // namespace zevo::saft

@@ -2,7 +2,6 @@
 #ifndef ZEVO_TOOLS_SAFT_DATASET_DECIMALTEXT_H_
 #define ZEVO_TOOLS_SAFT_DATASET_DECIMALTEXT_H_
 
-#include <string>
 #include <string_view>
 
 namespace zevo::saft {
@@ -10,10 +9,6 @@ namespace zevo::saft {
 /// Whether two decimal texts, of digits with at most a sign and a point, are the same number. Nothing is rounded: they
 /// may have any number of digits.
 bool IsSameNumber(std::string_view left, std::string_view right);
-
-/// The shortest digits that tell a number of single precision from all others, without an exponent, as an audit file
-/// has them.
-std::string TextFromSingle(float value);
 
 }  // namespace zevo::saft
 

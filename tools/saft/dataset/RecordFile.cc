@@ -5,8 +5,8 @@
 #include <array>
 #include <filesystem>
 
+#include "tools/saft/dataset/CellValue.h"
 #include "tools/saft/dataset/DecimalText.h"
-#include "tools/saft/dataset/PropertyText.h"
 #include "tools/saft/errors/Interruption.h"
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"

@@ -9,7 +9,6 @@
 #include <span>
 #include <utility>
 
-#include "tools/saft/dataset/PropertyText.h"
 #include "tools/saft/terminal/VisibleText.h"
 
 namespace zevo::saft {

@@ -5,7 +5,6 @@
 #include <array>
 #include <utility>
 
-#include "tools/saft/dataset/PropertyText.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/terminal/VisibleText.h"
 

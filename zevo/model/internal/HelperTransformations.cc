@@ -46,6 +46,49 @@ NumberText ShortestText(Amount value, std::string_view separator) {
   return text;
 }
 
+// Few texts need the separator, so it is asked for when one does.
+template <class Separator>
+NumberText ShortestText(float value, const Separator& separator) {
+  if (!std::isfinite(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+  NumberText text;
+  if (value == 0) {
+    text.Append('0');
+    return text;
+  }
+  // The shortest digits, as d.ddde±xx, then laid out without the exponent.
+  std::array<char, 32> scientific;
+  const char* const end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), std::fabs(value),
+                                        std::chars_format::scientific)
+                              .ptr;
+  std::string_view digits(scientific.data(), static_cast<size_t>(end - scientific.data()));
+  const size_t e = digits.find('e');
+  int exponent = 0;
+  std::from_chars(digits.data() + e + (digits[e + 1] == '+' ? 2 : 1), end, exponent);
+  std::array<char, 16> significant;
+  size_t count = 0;
+  for (const char c : digits.substr(0, e)) {
+    if (c != '.') significant[count++] = c;
+  }
+  const std::string_view all(significant.data(), count);
+  if (value < 0) text.Append('-');
+  if (exponent < 0) {
+    text.Append('0');
+    text.Append(separator());
+    text.Append(static_cast<size_t>(-exponent - 1), '0');
+    text.Append(all);
+    return text;
+  }
+  const size_t whole = static_cast<size_t>(exponent) + 1;
+  text.Append(all.substr(0, whole));
+  if (count <= whole) {
+    text.Append(whole - count, '0');
+  } else {
+    text.Append(separator());
+    text.Append(all.substr(whole));
+  }
+  return text;
+}
+
 std::string_view Trim(std::string_view text, std::string_view blanks) {
   const size_t first = text.find_first_not_of(blanks);
   if (first == std::string_view::npos) return {};
@@ -147,45 +190,10 @@ NumberText TwoDecimalsText(Amount value) {
   return text;
 }
 
-NumberText SingleText(float value) {
-  if (!std::isfinite(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall);
-  NumberText text;
-  if (value == 0) {
-    text.Append('0');
-    return text;
-  }
-  // The shortest digits, as d.ddde±xx, then laid out without the exponent.
-  std::array<char, 32> scientific;
-  const char* const end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), std::fabs(value),
-                                        std::chars_format::scientific)
-                              .ptr;
-  std::string_view digits(scientific.data(), static_cast<size_t>(end - scientific.data()));
-  const size_t e = digits.find('e');
-  int exponent = 0;
-  std::from_chars(digits.data() + e + (digits[e + 1] == '+' ? 2 : 1), end, exponent);
-  std::array<char, 16> significant;
-  size_t count = 0;
-  for (const char c : digits.substr(0, e)) {
-    if (c != '.') significant[count++] = c;
-  }
-  const std::string_view all(significant.data(), count);
-  if (value < 0) text.Append('-');
-  if (exponent < 0) {
-    text.Append('0');
-    text.Append(DecimalSeparator());
-    text.Append(static_cast<size_t>(-exponent - 1), '0');
-    text.Append(all);
-    return text;
-  }
-  const size_t whole = static_cast<size_t>(exponent) + 1;
-  text.Append(all.substr(0, whole));
-  if (count <= whole) {
-    text.Append(whole - count, '0');
-  } else {
-    text.Append(DecimalSeparator());
-    text.Append(all.substr(whole));
-  }
-  return text;
+NumberText SingleText(float value) { return ShortestText(value, &DecimalSeparator); }
+
+NumberText SingleTextWithPoint(float value) {
+  return ShortestText(value, [] { return kPoint; });
 }
 
 NumberText IntegerText(int32_t value) {

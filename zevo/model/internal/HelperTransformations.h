@@ -45,6 +45,8 @@ NumberText TwoDecimalsText(Amount value);
 /// Shortest decimal text that reads back the same, never with an exponent; regional. Raises error 5 for what is no
 /// number.
 NumberText SingleText(float value);
+/// The same with a point.
+NumberText SingleTextWithPoint(float value);
 NumberText IntegerText(int32_t value);
 std::string_view FlagText(bool value);
 

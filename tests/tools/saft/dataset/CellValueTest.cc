@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/dataset/CellValue.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "tests/tools/saft/ToolTest.h"
+#include "tools/saft/dataset/DecimalText.h"
 
 namespace zevo {
 namespace {
 
 using ::testing::ElementsAre;
 
-class PropertyTextTest : public testing::ToolTest {};
+class CellValueTest : public testing::ToolTest {};
 
-TEST_F(PropertyTextTest, AmountsHaveAPoint) {
+TEST_F(CellValueTest, AmountsHaveAPoint) {
   Write("general_ledger.csv",
         "AccountID,OpeningDebitBalance,OpeningCreditBalance\n11,12.50,0\n12,-0.0001,922337203685477.5807\n13,,7\n");
   ExpectCreated();
@@ -20,13 +23,13 @@ TEST_F(PropertyTextTest, AmountsHaveAPoint) {
   EXPECT_THAT(Texts("OpeningCreditBalance"), ElementsAre("0", "922337203685477.5807", "7"));
 }
 
-TEST_F(PropertyTextTest, FlagsAreZeroOrOne) {
+TEST_F(CellValueTest, FlagsAreZeroOrOne) {
   Write("customers.csv", "CustomerID,SelfBillingIndicator\nC1,1\nC2,0\nC3,\n");
   ExpectCreated();
   EXPECT_THAT(Texts("SelfBillingIndicator"), ElementsAre("1", "0", "0"));
 }
 
-TEST_F(PropertyTextTest, CodesAreThoseOfTheFile) {
+TEST_F(CellValueTest, CodesAreThoseOfTheFile) {
   Write("header.csv", "TaxAccountingBasis\nI\n");
   Write("products.csv", "ProductCode,ProductType\n1,P\n2,S\n3,O\n4,I\n");
   Write("invoices.csv",
@@ -39,12 +42,27 @@ TEST_F(PropertyTextTest, CodesAreThoseOfTheFile) {
   EXPECT_THAT(Texts("PaymentMechanism"), ElementsAre("NU", "TR"));
 }
 
-TEST_F(PropertyTextTest, SinglesAndCounts) {
+TEST_F(CellValueTest, SinglesAndCounts) {
   Write("invoices.csv", "InvoiceNo\nFT 1\n");
   Write("invoice_lines.csv", "InvoiceNo,LineNumber,Tax.TaxPercentage\nFT 1,1,6.5\nFT 1,2147483647,23\n");
   ExpectCreated();
   EXPECT_THAT(Texts("LineNumber"), ElementsAre("1", "2147483647"));
   EXPECT_THAT(Texts("TaxPercentage"), ElementsAre("6.5", "23"));
+}
+
+// Numbers of six digits with up to four decimals, and of seven digits.
+TEST_F(CellValueTest, SinglePrecisionKeepsFewDigits) {
+  const Property property{.name = "TaxPercentage", .type = PropertyType::kSingle};
+  const auto expectKept = [&](const std::string& text) {
+    ASSERT_TRUE(saft::HasFewDigits(property, text)) << text;
+    const PropertyValue value = saft::ValueFromCell(property, text);
+    ASSERT_TRUE(saft::IsSameNumber(text, saft::WrittenText(property, value))) << text;
+  };
+  for (int digits = 100000; digits < 1000000; digits += 3) {
+    const std::string all = std::to_string(digits);
+    for (size_t decimals = 0; decimals <= 4; ++decimals) expectKept(std::string(all).insert(6 - decimals, "."));
+  }
+  for (int digits = 1000000; digits < 10000000; digits += 7) expectKept(std::to_string(digits));
 }
 
 struct BadCell {
@@ -54,9 +72,9 @@ struct BadCell {
   const char* reason;
 };
 
-class PropertyTextBadCellTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
+class CellValueBadCellTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
 
-TEST_P(PropertyTextBadCellTest, IsRefused) {
+TEST_P(CellValueBadCellTest, IsRefused) {
   const auto& [file, column, value, reason] = GetParam();
   // The columns that a file must have stand before the one in question.
   const std::string name(file);
@@ -75,7 +93,7 @@ constexpr const char* kNoAmount = "not an amount with a decimal point";
 constexpr const char* kNoSingle = "not a number with a decimal point";
 
 INSTANTIATE_TEST_SUITE_P(
-    All, PropertyTextBadCellTest,
+    All, CellValueBadCellTest,
     ::testing::Values(
         BadCell{"general_ledger.csv", "OpeningDebitBalance", "12,50", kNoAmount},
         BadCell{"general_ledger.csv", "OpeningDebitBalance", "1.000,00", kNoAmount},
@@ -96,15 +114,15 @@ INSTANTIATE_TEST_SUITE_P(
         BadCell{"invoice_lines.csv", "Tax.TaxAmount", "1e3", kNoSingle},
         BadCell{"invoice_lines.csv", "Tax.TaxAmount", "999999999999999999999999999999999999999", "out of range"}));
 
-class PropertyTextBadCountTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
+class CellValueBadCountTest : public testing::ToolTest, public ::testing::WithParamInterface<BadCell> {};
 
-TEST_P(PropertyTextBadCountTest, IsRefused) {
+TEST_P(CellValueBadCountTest, IsRefused) {
   Write("invoices.csv", "InvoiceNo\nk\n");
   Write("invoice_lines.csv", std::string("InvoiceNo,LineNumber\nk,") + GetParam().value + "\n");
   ExpectRefused(In("invoice_lines.csv") + ":2: LineNumber: \"" + GetParam().value + "\": " + GetParam().reason);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, PropertyTextBadCountTest,
+INSTANTIATE_TEST_SUITE_P(All, CellValueBadCountTest,
                          ::testing::Values(BadCell{"", "", "1.0", "not a whole number"},
                                            BadCell{"", "", "um", "not a whole number"},
                                            BadCell{"", "", "+1", "not a whole number"},

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_TOOLS_SAFT_DATASET_PROPERTYTEXT_H_
-#define ZEVO_TOOLS_SAFT_DATASET_PROPERTYTEXT_H_
+#ifndef ZEVO_TOOLS_SAFT_DATASET_CELLVALUE_H_
+#define ZEVO_TOOLS_SAFT_DATASET_CELLVALUE_H_
 
 #include <zevo/adapters.h>
 
@@ -11,23 +11,17 @@
 
 namespace zevo::saft {
 
-/// What is wrong with a text that should be the value of a property.
+/// What is wrong with a cell that should hold the value of a property.
 class BadValue : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Whether a property holds a value that stands in one cell.
-bool IsPlain(const Property& property);
+/// The value of a plain property from its text in a dataset. Throws `BadValue`.
+PropertyValue ValueFromCell(const Property& property, std::string_view cell);
 
 /// The value of a property that is a count. Throws `BadValue`.
-int32_t CountFromText(const std::string& text);
-
-/// The value of a plain property from its text in a dataset. Throws `BadValue`.
-PropertyValue ValueFromText(const Property& property, const std::string& text);
-
-/// The text of a plain property's value as a dataset has it.
-std::string TextFromValue(const Property& property, const PropertyValue& value);
+int32_t CountFromCell(std::string_view cell);
 
 /// The text of a plain property's value as an audit file has it, which keeps quantities in single precision.
 std::string WrittenText(const Property& property, const PropertyValue& value);
@@ -41,4 +35,4 @@ bool IsDecimal(const Property& property);
 
 }  // namespace zevo::saft
 
-#endif  // ZEVO_TOOLS_SAFT_DATASET_PROPERTYTEXT_H_
+#endif  // ZEVO_TOOLS_SAFT_DATASET_CELLVALUE_H_
