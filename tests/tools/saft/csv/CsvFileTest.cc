@@ -125,6 +125,8 @@ INSTANTIATE_TEST_SUITE_P(
         Faulty{"CarriageReturnAtTheEnd", "CustomerID,Contact\nC1,a\r",
                ":2: malformed CSV, a carriage return without a line feed"},
         Faulty{"Latin1", "CustomerID,Contact\nC1,Jos\xE9\n", ":2: Contact: \"Jos\\xE9\": not UTF-8"},
+        Faulty{"Latin1BeforeALineFeed", "CustomerID,Contact\nC1,\"Jos\xE9\nNeves\"\n",
+               ":2: Contact: \"Jos\\xE9\\nNeves\": not UTF-8"},
         Faulty{"Latin1InTheHeader", "CustomerID,Contact\xE9\n", ":1: cell 2: \"Contact\\xE9\": not UTF-8"},
         Faulty{"Utf16",
                std::string("\xFF\xFE"
