@@ -23,16 +23,11 @@ namespace zevo {
 
 namespace {
 
-constexpr const char* kFiles[] = {
-    saft::Dataset::kHeader,    saft::Dataset::kGeneralLedger, saft::Dataset::kCustomers,
-    saft::Dataset::kSuppliers, saft::Dataset::kProducts,      saft::Dataset::kTaxTable,
-    saft::Dataset::kJournals,  saft::Dataset::kTransactions,  saft::Dataset::kTransactionLines,
-    saft::Dataset::kInvoices,  saft::Dataset::kInvoiceLines,  saft::Dataset::kCreditNotes};
-
 // Lays the files out; a name that no file of a dataset has is passed over with what follows it.
 void WriteFiles(std::string_view text, const testing::TemporaryFolder& folder) {
-  for (const char* name : kFiles) {
-    const std::string heading = "#" + std::string(name) + "\n";
+  for (const saft::DatasetFile& file : saft::Dataset::Files()) {
+    const std::string name(file.name);
+    const std::string heading = "#" + name + "\n";
     const size_t begin = text.find(heading);
     if (begin == std::string_view::npos) {
       std::filesystem::remove(folder.Path(name));

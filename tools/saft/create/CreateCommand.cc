@@ -14,22 +14,8 @@
 namespace zevo::saft {
 namespace {
 
-constexpr const char* kDatasetHelp = R"(The dataset is a folder of CSV files, each of which may be absent:
-
-  header.csv             the company and the period, one row
-  general_ledger.csv     ledger accounts
-  customers.csv          customers
-  suppliers.csv          suppliers
-  products.csv           products and services
-  tax_table.csv          tax rates
-  journals.csv           journals
-  transactions.csv       transactions; JournalID tells the journal
-  transaction_lines.csv  their lines; TransactionID tells the transaction
-  invoices.csv           sales documents
-  invoice_lines.csv      their lines; InvoiceNo tells the document
-  credit_notes.csv       documents corrected; InvoiceNo and LineNumber tell the line
-
-The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
+constexpr const char* kContentHelp =
+    R"(The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
 column is a property of the record, such as CustomerID; a dot leads into a child: BillingAddress.City. Codes are
 written as in the audit file (FT), flags as 0 or 1, numbers with a point. Spaces at the ends of a cell do not count. An
 empty cell leaves the default. The totals of the sections are computed. Without transactions.csv there is no ledger section, without invoices no sales section.
@@ -49,6 +35,15 @@ Told and counted on standard error:
       a second number where the file holds only one: CreditAmount beside DebitAmount, TaxAmount beside TaxPercentage,
       CurrencyCreditAmount beside CurrencyDebitAmount, neither of them 0. The first of them is written.)";
 
+std::string DatasetHelp() {
+  constexpr size_t kNameWidth = 23;
+  std::string help = "The dataset is a folder of CSV files, each of which may be absent:\n\n";
+  for (const DatasetFile& file : Dataset::Files()) {
+    help.append("  ").append(file.name).append(kNameWidth - file.name.size(), ' ').append(file.description) += '\n';
+  }
+  return help.append("\n").append(kContentHelp);
+}
+
 }  // namespace
 
 CreateCommand::CreateCommand(CLI::App& options) : schema_(options) {
@@ -56,7 +51,7 @@ CreateCommand::CreateCommand(CLI::App& options) : schema_(options) {
   options.add_option("FILE.xml", file_, "Audit file to write; it must not exist yet")->required()->option_text(" ");
   options.add_flag("--stream", stream_, "Write the file from front to back instead of building it in memory first");
   options.add_flag("--round", round_, "Write numbers that the file does not hold as given all the same, see below");
-  options.footer(kDatasetHelp);
+  options.footer(DatasetHelp());
 }
 
 ExitCode CreateCommand::Run() const {

@@ -15,23 +15,20 @@
 namespace zevo::saft {
 namespace {
 
-struct KnownFile {
-  std::string_view name;
-  std::string_view in_portuguese;  // which a user may have called it
-};
-
-constexpr std::array<KnownFile, 12> kFiles{{{Dataset::kHeader, "cabecalho.csv"},
-                                            {Dataset::kGeneralLedger, "contas.csv"},
-                                            {Dataset::kCustomers, "clientes.csv"},
-                                            {Dataset::kSuppliers, "fornecedores.csv"},
-                                            {Dataset::kProducts, "produtos.csv"},
-                                            {Dataset::kTaxTable, "impostos.csv"},
-                                            {Dataset::kJournals, "diarios.csv"},
-                                            {Dataset::kTransactions, "movimentos.csv"},
-                                            {Dataset::kTransactionLines, "linhas_movimentos.csv"},
-                                            {Dataset::kInvoices, "faturas.csv"},
-                                            {Dataset::kInvoiceLines, "linhas_faturas.csv"},
-                                            {Dataset::kCreditNotes, "notas_credito.csv"}}};
+constexpr std::array<DatasetFile, 12> kFiles{{
+    {Dataset::kHeader, "cabecalho.csv", "the company and the period, one row"},
+    {Dataset::kGeneralLedger, "contas.csv", "ledger accounts"},
+    {Dataset::kCustomers, "clientes.csv", "customers"},
+    {Dataset::kSuppliers, "fornecedores.csv", "suppliers"},
+    {Dataset::kProducts, "produtos.csv", "products and services"},
+    {Dataset::kTaxTable, "impostos.csv", "tax rates"},
+    {Dataset::kJournals, "diarios.csv", "journals"},
+    {Dataset::kTransactions, "movimentos.csv", "transactions; JournalID tells the journal"},
+    {Dataset::kTransactionLines, "linhas_movimentos.csv", "their lines; TransactionID tells the transaction"},
+    {Dataset::kInvoices, "faturas.csv", "sales documents"},
+    {Dataset::kInvoiceLines, "linhas_faturas.csv", "their lines; InvoiceNo tells the document"},
+    {Dataset::kCreditNotes, "notas_credito.csv", "documents corrected; InvoiceNo and LineNumber tell the line"},
+}};
 
 char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -56,13 +53,15 @@ double Distance(std::string_view from, std::string_view to) {
 
 std::string_view NearestTo(std::string_view name) {
   return std::ranges::min_element(kFiles, {},
-                                  [&](const KnownFile& file) {
+                                  [&](const DatasetFile& file) {
                                     return std::min(Distance(name, file.name), Distance(name, file.in_portuguese));
                                   })
       ->name;
 }
 
 }  // namespace
+
+std::span<const DatasetFile> Dataset::Files() { return kFiles; }
 
 Dataset::Dataset(std::string folder) : folder_(std::move(folder)) {
   if (!std::filesystem::exists(folder_)) throw Failure(folder_, "no such folder");
@@ -76,7 +75,7 @@ void Dataset::CheckNames() const {
   std::error_code error;
   for (const auto& entry : std::filesystem::directory_iterator(folder_, error)) {
     const std::string name = entry.path().filename().string();
-    if (std::ranges::find(kFiles, name, &KnownFile::name) != kFiles.end()) {
+    if (std::ranges::find(kFiles, name, &DatasetFile::name) != kFiles.end()) {
       known = true;
     } else if (EqualIgnoringAsciiCase(entry.path().extension().string(), ".csv")) {
       unknown.push_back(name);

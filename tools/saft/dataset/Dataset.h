@@ -4,6 +4,7 @@
 
 #include <zevo/adapters.h>
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,13 @@
 #include "tools/saft/dataset/RecordFile.h"
 
 namespace zevo::saft {
+
+/// A file that a dataset may have.
+struct DatasetFile {
+  std::string_view name;
+  std::string_view in_portuguese;  ///< which a user may have called it
+  std::string_view description;    ///< what its rows are, for the help
+};
 
 /// A folder of CSV files that hold the records of one audit file.
 class Dataset {
@@ -27,6 +35,9 @@ class Dataset {
   static constexpr const char* kInvoices = "invoices.csv";
   static constexpr const char* kInvoiceLines = "invoice_lines.csv";
   static constexpr const char* kCreditNotes = "credit_notes.csv";
+
+  /// The files of a dataset, in the order of the audit file.
+  static std::span<const DatasetFile> Files();
 
   /// Fails when there is no such folder, none of the files in it, or a CSV file of another name: it would be left out
   /// unseen.

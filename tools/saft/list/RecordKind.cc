@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/list/RecordKind.h"
 
+#include <utility>
+
 namespace zevo::saft {
 namespace {
 
@@ -13,8 +15,15 @@ void VisitTransaction(const Record& entity, const std::string& journalID, const 
 }
 
 template <class R>
+RecordKind Kind(std::string_view name, EntityKind entity, std::vector<std::string_view> parents,
+                decltype(RecordKind::visit) visit) {
+  return {
+      .name = name, .entity = entity, .parents = std::move(parents), .properties = &PropertiesOf<R>, .visit = visit};
+}
+
+template <class R>
 RecordKind Entity(EntityKind kind) {
-  return {.name = NameOf(kind), .entity = kind, .parents = {}, .properties = &PropertiesOf<R>, .visit = &VisitEntity};
+  return Kind<R>(NameOf(kind), kind, {}, &VisitEntity);
 }
 
 void VisitTaxTableEntries(const Record& entity, const std::string&, const Taker& take) {
@@ -50,35 +59,15 @@ std::span<const RecordKind> RecordKinds() {
       Entity<Customer>(EntityKind::kCustomer),
       Entity<Supplier>(EntityKind::kSupplier),
       Entity<Product>(EntityKind::kProduct),
-      {.name = "TaxTableEntry",
-       .entity = EntityKind::kTaxTable,
-       .parents = {},
-       .properties = &PropertiesOf<TaxTableEntry>,
-       .visit = &VisitTaxTableEntries},
+      Kind<TaxTableEntry>("TaxTableEntry", EntityKind::kTaxTable, {}, &VisitTaxTableEntries),
       Entity<GeneralLedgerEntries>(EntityKind::kGeneralLedgerEntries),
       Entity<Journal>(EntityKind::kJournal),
-      {.name = NameOf(EntityKind::kTransaction),
-       .entity = EntityKind::kTransaction,
-       .parents = {"JournalID"},
-       .properties = &PropertiesOf<Transaction>,
-       .visit = &VisitTransaction},
-      {.name = "TransactionLine",
-       .entity = EntityKind::kTransaction,
-       .parents = {"TransactionID"},
-       .properties = &PropertiesOf<TransactionLine>,
-       .visit = &VisitTransactionLines},
+      Kind<Transaction>(NameOf(EntityKind::kTransaction), EntityKind::kTransaction, {"JournalID"}, &VisitTransaction),
+      Kind<TransactionLine>("TransactionLine", EntityKind::kTransaction, {"TransactionID"}, &VisitTransactionLines),
       Entity<SalesInvoices>(EntityKind::kSalesInvoices),
       Entity<Invoice>(EntityKind::kInvoice),
-      {.name = "InvoiceLine",
-       .entity = EntityKind::kInvoice,
-       .parents = {"InvoiceNo"},
-       .properties = &PropertiesOf<InvoiceLine>,
-       .visit = &VisitInvoiceLines},
-      {.name = "CreditNote",
-       .entity = EntityKind::kInvoice,
-       .parents = {"InvoiceNo", "LineNumber"},
-       .properties = &PropertiesOf<CreditNote>,
-       .visit = &VisitCreditNotes},
+      Kind<InvoiceLine>("InvoiceLine", EntityKind::kInvoice, {"InvoiceNo"}, &VisitInvoiceLines),
+      Kind<CreditNote>("CreditNote", EntityKind::kInvoice, {"InvoiceNo", "LineNumber"}, &VisitCreditNotes),
   };
   return kinds;
 }
