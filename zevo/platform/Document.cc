@@ -34,8 +34,7 @@ void Document::Clear() {
   standalone = false;
   needs_unicode = false;
   default_namespaces = 0;
-  found_ = {};
-  index_ = {};
+  children_.Forget();
   top_ = NewFullNode(NodeKind::kDocument, NameTable::kNone, 0);
 }
 
@@ -141,7 +140,7 @@ void Document::AppendAdoptedText(Element parent, std::string_view text) {
 
 void Document::SetText(Element element, std::string_view text) {
   Node* node = element.node();
-  ForgetIndexOf(node);
+  children_.OnChange(node);
   if (node->HoldsText() && text.size() <= node->Text().size()) {
     if (node->IsShort()) return;
     // Text that shrinks or stays as long is written over: totals are brought up to date again and again.
@@ -166,8 +165,7 @@ void Document::RemoveContent(Node* parent) {
   for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = Next(child)) lastAttribute = child;
   if (child != nullptr) {
     // Children go away that may be known from earlier questions.
-    found_ = {};
-    index_ = {};
+    children_.Forget();
   }
   uint32_t* const children = ChildrenOf(parent);
   if (lastAttribute == nullptr) {
@@ -176,19 +174,6 @@ void Document::RemoveContent(Node* parent) {
     lastAttribute->next = 0;
     children[1] = Reference(lastAttribute);
   }
-}
-
-// Forgets the index when what is about to change has gone into it. A key whose parent is yet to be looked at has not.
-void Document::ForgetIndexOf(const Node* key) {
-  if (index_.parent == 0 || names_.Local(key->Name()) != index_.key) return;
-  const bool below = At(key->parent)->parent == index_.parent;
-  if (below && (index_.unsettled.empty() || index_.unsettled.back() != key->parent)) index_ = {};
-}
-
-// Has a parent that is about to get a key looked at again.
-void Document::IndexAgain(const Node* parent, uint32_t name) {
-  const bool asked = names_.Local(name) == index_.key && parent->parent == index_.parent;
-  if (asked) index_.unsettled.push_back(Reference(parent));
 }
 
 bool Document::IsNamed(const Node* node, uint32_t local) const {
@@ -210,14 +195,7 @@ Element Document::FirstChild(Element parent, uint32_t local) const {
   for (size_t passed = 0; node != nullptr && passed < kPassedQuickly; ++passed, node = Next(node)) {
     if (IsNamed(node, local)) return Element(node);
   }
-  if (node == nullptr) return Element();
-  const uint32_t reference = Reference(above);
-  for (const FoundChild& found : found_) {
-    if (found.parent == reference && found.name == local) return Element(At(found.child));
-  }
-  node = FirstNamed(node, local);
-  if (node != nullptr) found_[next_found_++ % found_.size()] = {reference, local, Reference(node)};
-  return Element(node);
+  return Element(node == nullptr ? nullptr : children_.First(above, node, local));
 }
 
 Element Document::FirstChildByKey(Element parent, std::string_view name, std::string_view key,
@@ -225,34 +203,7 @@ Element Document::FirstChildByKey(Element parent, std::string_view name, std::st
   const uint32_t local = names_.Find(name);
   const uint32_t keyLocal = names_.Find(key);
   if (local == NameTable::kNone || keyLocal == NameTable::kNone || parent.node()->HoldsText()) return Element();
-  const uint32_t reference = Reference(parent.node());
-  if (index_.parent != reference || index_.name != local || index_.key != keyLocal) {
-    index_ = {};
-    index_.parent = reference;
-    index_.name = local;
-    index_.key = keyLocal;
-  }
-  while (!index_.unsettled.empty()) {
-    IndexKeys(At(index_.unsettled.back()));
-    index_.unsettled.pop_back();
-  }
-  const Node* const from = index_.last_seen == 0 ? First(parent.node()) : Next(At(index_.last_seen));
-  for (const Node* child = from; child != nullptr; child = Next(child)) {
-    IndexKeys(child);
-    index_.last_seen = Reference(child);
-  }
-  const auto found = index_.first.find(text);
-  return found == index_.first.end() ? Element() : Element(At(found->second));
-}
-
-void Document::IndexKeys(const Node* child) const {
-  if (child->Kind() != NodeKind::kElement || names_.Local(child->Name()) != index_.name || child->HoldsText()) return;
-  const uint32_t reference = Reference(child);
-  for (Node* node = FirstNamed(First(child), index_.key); node != nullptr; node = FirstNamed(Next(node), index_.key)) {
-    const auto [entry, added] = index_.first.emplace(Element(node).AllText(), reference);
-    // Children are numbered in their order.
-    if (!added) entry->second = std::min(entry->second, reference);
-  }
+  return Element(children_.FirstByKey(parent.node(), local, keyLocal, text));
 }
 
 ElementRange::ElementRange(const Element& parent) {

@@ -2,7 +2,7 @@
 #ifndef ZEVO_PLATFORM_DOCUMENT_H_
 #define ZEVO_PLATFORM_DOCUMENT_H_
 
-#include <zevo/TextHash.h>
+#include <zevo/platform/ChildIndex.h>
 #include <zevo/platform/NameTable.h>
 #include <zevo/platform/Node.h>
 
@@ -137,11 +137,16 @@ class Document {
     auto* const chunk = reinterpret_cast<uint32_t*>(chunks_[reference >> kWordBits]);
     return reinterpret_cast<Node*>(chunk + (reference & kWordMask));
   }
+  /// What At finds a node by.
+  static inline uint32_t Reference(const Node* node);
   /// The first node under one that holds no text, attributes included; null when there is none.
   [[gnu::always_inline]] Node* First(const Node* parent) const { return At(ChildrenOf(parent)[0]); }
   [[gnu::always_inline]] Node* Last(const Node* parent) const { return At(ChildrenOf(parent)[1]); }
   /// The next node under the same parent, or null.
   inline Node* Next(const Node* node) const;
+  /// The first element of a local name among a node and those that follow it under the same parent, or null. `from` may
+  /// be null.
+  Node* FirstNamed(const Node* from, uint32_t local) const;
   Node* Top() const { return top_; }
   static Document& Of(const Node* node);
 
@@ -185,23 +190,7 @@ class Document {
     std::unique_ptr<char[]> bytes;
     size_t size;
   };
-  // What FirstChild found after a long search: it stays true, since nothing is ever removed or put in front.
-  struct FoundChild {
-    uint32_t parent;
-    uint32_t name;
-    uint32_t child;
-  };
-  struct KeyIndex {
-    uint32_t parent = 0;
-    uint32_t name = 0;
-    uint32_t key = 0;
-    uint32_t last_seen = 0;           // the last child looked at
-    std::vector<uint32_t> unsettled;  // children to look at again, because a key was added to them since
-    TextMap<uint32_t> first;
-  };
-
   static Chunk* ChunkOf(const Node* node);
-  static uint32_t Reference(const Node* node);
   Node* NewNode(NodeKind kind, uint32_t name, uint32_t parent, uint32_t words);
   FullNode* NewFullNode(NodeKind kind, uint32_t name, uint32_t parent);
   [[gnu::always_inline]] const uint32_t* ChildrenOf(const Node* parent) const {
@@ -223,10 +212,6 @@ class Document {
   void AddBlock(size_t size);
   [[gnu::cold]] void MakeRoomForChildren(Node* parent);
   bool IsNamed(const Node* node, uint32_t local) const;
-  Node* FirstNamed(const Node* from, uint32_t local) const;
-  void IndexKeys(const Node* child) const;
-  void ForgetIndexOf(const Node* key);
-  void IndexAgain(const Node* parent, uint32_t name);
 
   NameTable names_;
   std::vector<std::unique_ptr<void, FreeChunks>> memory_;  // of several chunks each
@@ -241,9 +226,7 @@ class Document {
   char* next_text_ = nullptr;  // in the last block in use
   char* texts_end_ = nullptr;
   Node* top_ = nullptr;
-  mutable std::array<FoundChild, 16> found_{};
-  mutable size_t next_found_ = 0;
-  mutable KeyIndex index_;
+  mutable ChildIndex children_{*this};
 };
 
 inline Document::Chunk* Document::ChunkOf(const Node* node) {
@@ -292,8 +275,8 @@ inline FullNode* Document::NewFullNode(NodeKind kind, uint32_t name, uint32_t pa
 }
 
 inline void Document::PrepareFor(Node* parent) {
-  if (index_.parent != 0) [[unlikely]] {
-    ForgetIndexOf(parent);
+  if (children_.KnowsKeys()) [[unlikely]] {
+    children_.OnChange(parent);
   }
   if (parent->HoldsText()) [[unlikely]] {
     MakeRoomForChildren(parent);
@@ -320,15 +303,15 @@ inline FullNode* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
 
 inline Element Document::AppendElement(Element parent, uint32_t name) {
   Node* above = parent ? parent.node() : top_;
-  if (index_.parent != 0) [[unlikely]] {
-    IndexAgain(above, name);
+  if (children_.KnowsKeys()) [[unlikely]] {
+    children_.OnAppend(above, name);
   }
   return Element(Append(above, NodeKind::kElement, name));
 }
 
 inline void Document::AdoptText(Element element, std::string_view text) {
-  if (index_.parent != 0) [[unlikely]] {
-    ForgetIndexOf(element.node());
+  if (children_.KnowsKeys()) [[unlikely]] {
+    children_.OnChange(element.node());
   }
   static_cast<FullNode*>(element.node())->Hold(text);
 }
