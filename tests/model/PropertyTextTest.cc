@@ -69,7 +69,10 @@ TEST(PropertyTextTest, RegionalSettingsMakeNoDifference) {
   ExpectTextsOfValues();
 }
 
-TEST(PropertyTextTest, ACodeOfNoEnumerationIsEmpty) { EXPECT_EQ(TextFromValue(kCode, int32_t{0}), ""); }
+TEST(PropertyTextTest, ACodeOfNoEnumerationIsEmpty) {
+  EXPECT_EQ(TextFromValue(kCode, int32_t{0}), "");
+  EXPECT_EQ(TextFromCode(CodesOf<InvoiceTypes>(), 0), "");
+}
 
 TEST(PropertyTextTest, AnAmountIsRoundedToFourDecimals) {
   EXPECT_EQ(ValueFromText(kAmount, "0.00005"), PropertyValue(Amount::FromScaled(1)));

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 #include <system_error>
 #include <utility>
 
@@ -45,12 +44,6 @@ int32_t ValueOfCode(const Property& property, std::string_view text) {
   return found->value;
 }
 
-std::string TextOfCode(const Property& property, int32_t value) {
-  const auto codes = property.codes();
-  const auto found = std::ranges::find(codes, value, &Code::value);
-  return found == codes.end() ? "" : std::string(found->text);
-}
-
 }  // namespace
 
 std::string TextFromValue(const Property& property, const PropertyValue& value) {
@@ -64,7 +57,7 @@ std::string TextFromValue(const Property& property, const PropertyValue& value) 
     case PropertyType::kSingle:
       return TextFromSingle(std::get<float>(value));
     case PropertyType::kCode:
-      return TextOfCode(property, std::get<int32_t>(value));
+      return std::string(TextFromCode(property.codes(), std::get<int32_t>(value)));
     default:
       return std::get<std::string>(value);
   }
@@ -88,5 +81,10 @@ PropertyValue ValueFromText(const Property& property, std::string_view text) {
 }
 
 std::string TextFromSingle(float value) { return std::string(std::string_view(SingleTextWithPoint(value))); }
+
+std::string_view TextFromCode(std::span<const Code> codes, int32_t value) {
+  const auto found = std::ranges::find(codes, value, &Code::value);
+  return found == codes.end() ? std::string_view() : found->text;
+}
 
 }  // namespace zevo

@@ -4,7 +4,10 @@
 
 #include <zevo/Api.h>
 #include <zevo/model/Property.h>
+#include <zevo/model/SAFTConstants.h>
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -31,6 +34,9 @@ ZEVO_API PropertyValue ValueFromText(const Property& property, std::string_view 
 /// The shortest decimal text, with a point and without an exponent, that tells a number in single precision from all
 /// others. Raises error 5 for what is infinite or no number.
 ZEVO_API std::string TextFromSingle(float value);
+
+/// The code of an enumeration's value as the audit file has it, empty when the value is none of the enumeration.
+ZEVO_API std::string_view TextFromCode(std::span<const Code> codes, int32_t value);
 
 }  // namespace zevo
 

@@ -25,12 +25,6 @@ void CollectValues(const Record& record, const std::string& prefix, Summary::Val
   }
 }
 
-std::string CodeOf(InvoiceTypes type) {
-  const auto codes = CodesOf<InvoiceTypes>();
-  const auto found = std::ranges::find(codes, static_cast<int32_t>(type), &Code::value);
-  return found == codes.end() ? "" : std::string(found->text);
-}
-
 // What is of no more interest than its number.
 constexpr std::array kOnlyCounted{EntityKind::kGeneralLedger, EntityKind::kCustomer, EntityKind::kSupplier,
                                   EntityKind::kProduct};
@@ -54,7 +48,7 @@ Summary SummaryReader::Read() {
   summary_.counts.emplace_back("TaxTableEntry", tax_entries_);
   for (const EntityKind kind : {EntityKind::kJournal, EntityKind::kTransaction, EntityKind::kInvoice}) count(kind);
   for (auto& [type, figures] : types_) {
-    figures.type = CodeOf(type);
+    figures.type = TextFromCode(CodesOf<InvoiceTypes>(), type);
     summary_.invoices->types.push_back(std::move(figures));
   }
   return std::move(summary_);
