@@ -34,7 +34,7 @@
 
 #include "tests/dal/XmlTree.h"
 #include "tests/mappers/MapperTest.h"
-#include "tests/support/PropertyWalk.h"
+#include "tests/support/RecordValues.h"
 
 namespace zevo {
 namespace {
@@ -42,7 +42,6 @@ namespace {
 using testing::ParseXml;
 using testing::ReadBytes;
 using testing::TextOf;
-using testing::WalkProperties;
 using testing::XmlNode;
 
 // ---- The table ----
@@ -734,10 +733,10 @@ class LayoutTest : public testing::MapperTest, public ::testing::WithParamInterf
     }
     const std::shared_ptr<Record> record = GetParam().read(Reading(content));
     Values values;
-    WalkProperties(*record, PropertiesOf(*record), {},
-                   [&](const std::string& name, const Property&, const PropertyValue& value) {
-                     values.emplace_back(name, TextOf(value));
-                   });
+    WalkProperties(*record, [&](std::string_view path, const Property& property, const Record& owner) {
+      const bool isCollection = property.type == PropertyType::kCollection;
+      values.emplace_back(path, isCollection ? std::to_string(property.count(owner)) : TextOf(property.get(owner)));
+    });
     return values;
   }
 
