@@ -64,9 +64,8 @@ struct DefaultCodec<V> {
   static V FromText(std::string_view text) { return ValueFromCode<V>(text); }
 };
 
-/// The plain codec of whatever type the property has.
-struct PlainCodec {
-  static constexpr TextForm kForm = TextForm::kPlain;
+/// What DefaultCodec does for whatever type the property has.
+struct CodecOfItsType {
   template <class V>
   static decltype(auto) ToText(const V& value) {
     return DefaultCodec<V>::ToText(value);
@@ -76,8 +75,11 @@ struct PlainCodec {
     return DefaultCodec<V>::FromText(text);
   }
 };
+struct PlainCodec : CodecOfItsType {
+  static constexpr TextForm kForm = TextForm::kPlain;
+};
 /// An amount with a point, whatever the regional settings.
-struct PointAmountCodec : PlainCodec {
+struct PointAmountCodec : CodecOfItsType {
   static constexpr TextForm kForm = TextForm::kWithPoint;
   static NumberText ToText(Amount value) { return AmountTextWithPoint(value); }
 };
@@ -109,12 +111,12 @@ struct QuantityCodec {
   }
 };
 /// An amount of two decimals.
-struct TwoDecimalsCodec : PlainCodec {
+struct TwoDecimalsCodec : CodecOfItsType {
   static constexpr TextForm kForm = TextForm::kTwoDecimals;
   static NumberText ToText(Amount value) { return TwoDecimalsText(value); }
 };
 /// A date is brought to yyyy-mm-dd on its way out.
-struct DateCodec : PlainCodec {
+struct DateCodec : CodecOfItsType {
   static constexpr TextForm kForm = TextForm::kDate;
   static std::string ToText(std::string_view value) { return DateText(value); }
 };
@@ -210,14 +212,12 @@ constexpr auto Row(ElementName element, Handle property, Written written, ReadAs
 /// peculiar about it; or which child stands there, such as OwnedGroup(layout).
 #define ZEVO_ROW(Name, ...) ZEVO_ROW_AS(#Name, Name, __VA_ARGS__)
 /// The same for an element of another name.
-#define ZEVO_ROW_AS(element, Name, ...)                                                                               \
-  zevo::Row(element,                                                                                                  \
-            zevo::PropertyHandle{                                                                                     \
-                #Name, [](const auto& record) -> decltype(auto) { return record.Name(); },                            \
-                [](auto& record, auto&& value) -> decltype(record.set_##Name(std::forward<decltype(value)>(value))) { \
-                  record.set_##Name(std::forward<decltype(value)>(value));                                            \
-                }},                                                                                                   \
-            __VA_ARGS__)
+#define ZEVO_ROW_AS(element, Name, ...) \
+  zevo::Row(element, zevo::PropertyHandle{#Name, ZEVO_GETTER(Name), ZEVO_SETTER(Name)}, __VA_ARGS__)
+#define ZEVO_GETTER(Name) [](const auto& record) -> decltype(auto) { return record.Name(); }
+#define ZEVO_SETTER(Name)                                                        \
+  [](auto& record, auto&& value) requires requires { record.set_##Name(value); } \
+  { record.set_##Name(std::forward<decltype(value)>(value)); }
 
 /// Two children of which exactly one is written: the first, unless its value is 0. Both are read.
 template <class First, class Second>
