@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/Utf8.h>
 
+#include <zevo/platform/ByteScan.h>
+
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
 
 namespace zevo {
 namespace {
 
-// The bytes of ASCII at the front of a text, found eight at a time.
-size_t AsciiFront(std::string_view text) {
-  size_t front = 0;
-  for (uint64_t eight; front + sizeof eight <= text.size(); front += sizeof eight) {
-    std::memcpy(&eight, text.data() + front, sizeof eight);
-    if ((eight & 0x8080808080808080U) != 0) break;
-  }
-  while (front < text.size() && static_cast<unsigned char>(text[front]) < 0x80) ++front;
-  return front;
-}
+using Ascii = ByteScan<StopBytes<0, true>>;
 
 }  // namespace
 
@@ -51,7 +42,7 @@ char32_t TakeCharacter(std::string_view& text) {
 
 bool IsUtf8(std::string_view text) {
   for (;;) {
-    text.remove_prefix(AsciiFront(text));
+    text.remove_prefix(Ascii::Run(text));
     if (text.empty()) return true;
     if (TakeCharacter(text) == kNotUtf8) return false;
   }

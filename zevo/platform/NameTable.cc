@@ -2,35 +2,22 @@
 #include <zevo/platform/NameTable.h>
 
 #include <zevo/Error.h>
+#include <zevo/platform/ByteScan.h>
 #include <zevo/platform/KeyedHash.h>
 #include <zevo/platform/Windows1252.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace zevo {
 namespace {
 
 // A quick hash. Anyone can make names for which it is the same, so nothing is searched for by it.
-// Eight bytes at a time, the last eight once more where they overlap.
 size_t QuickHash(std::string_view text) {
   uint64_t hash = text.size();
-  const auto mix = [&hash](uint64_t word) {
+  ForEachWord(text, [&](uint64_t word) {
     hash = (hash ^ word) * uint64_t{0x9E3779B97F4A7C15};
     hash ^= hash >> 32;
-  };
-  uint64_t word = 0;
-  if (text.size() < sizeof word) {
-    for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
-    mix(word);
-  } else {
-    for (size_t i = 0; i + sizeof word < text.size(); i += sizeof word) {
-      std::memcpy(&word, text.data() + i, sizeof word);
-      mix(word);
-    }
-    std::memcpy(&word, text.data() + text.size() - sizeof word, sizeof word);
-    mix(word);
-  }
+  });
   return static_cast<size_t>(hash);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/Serializer.h>
 
+#include <zevo/platform/ByteScan.h>
 #include <zevo/platform/Text.h>
 #include <zevo/platform/Windows1252.h>
 
@@ -10,9 +11,6 @@
 #include <cstring>
 #include <string>
 #include <utility>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 namespace zevo {
 namespace {
@@ -76,57 +74,8 @@ const Kinds& KindsFor(Escapes escapes) {
   return kAll[static_cast<size_t>(escapes)];
 }
 
-#ifdef __SSE2__
-// Which of the bytes in a block need a look: controls, & < > " and what is outside ASCII.
-unsigned Special(__m128i block) {
-  const auto is = [&](char c) { return _mm_cmpeq_epi8(block, _mm_set1_epi8(c)); };
-  // Signed: controls and what is outside ASCII are both below the space.
-  const __m128i below = _mm_cmplt_epi8(block, _mm_set1_epi8(' '));
-  const __m128i special =
-      _mm_or_si128(_mm_or_si128(below, is('&')), _mm_or_si128(_mm_or_si128(is('<'), is('>')), is('"')));
-  return static_cast<unsigned>(_mm_movemask_epi8(special));
-}
-
-// Copies 16, 8 or 4 bytes, and gives how many of them, from the front, need no look. The bytes go straight into the
-// register: to put them together in memory first would take longer than to look at each by itself.
-template <size_t kBytes>
-size_t CopyBlock(const char* from, char* to) {
-  __m128i block;
-  if constexpr (kBytes == 16) {
-    block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), block);
-  } else if constexpr (kBytes == 8) {
-    block = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(from));
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(to), block);
-  } else {
-    int32_t bytes = 0;
-    std::memcpy(&bytes, from, sizeof bytes);
-    std::memcpy(to, &bytes, sizeof bytes);
-    block = _mm_cvtsi32_si128(bytes);
-  }
-  return static_cast<size_t>(__builtin_ctz(Special(block) | 1U << kBytes));
-}
-
-// The same for as many bytes as there are: block after block, and a last one that may overlap the one before it.
-template <size_t kBytes>
-size_t CopyBlocks(const char* from, size_t size, char* to) {
-  for (size_t at = 0;;) {
-    const size_t plain = CopyBlock<kBytes>(from + at, to + at);
-    if (plain < kBytes || at + kBytes == size) return at + plain;
-    at = std::min(at + kBytes, size - kBytes);
-  }
-}
-#endif
-
-// Copies what needs no look at single characters from the front of `from`, and gives how much that is.
-size_t CopyPlain([[maybe_unused]] const char* from, [[maybe_unused]] size_t size, [[maybe_unused]] char* to) {
-#ifdef __SSE2__
-  if (size >= 16) return CopyBlocks<16>(from, size, to);
-  if (size >= 8) return CopyBlocks<8>(from, size, to);
-  if (size >= 4) return CopyBlocks<4>(from, size, to);
-#endif
-  return 0;
-}
+// What needs no look at single characters, however a text is escaped and encoded.
+using PlainBytes = ByteScan<StopBytes<0x20, true, '&', '<', '>', '"'>>;
 
 class StringSink : public ByteSink {
  public:
@@ -183,7 +132,7 @@ void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
   const char* from = text.data();
   const char* const end = from + text.size();
   while (from < end) {
-    const size_t plain = CopyPlain(from, static_cast<size_t>(end - from), to);
+    const size_t plain = PlainBytes::CopyRun(from, static_cast<size_t>(end - from), to);
     from += plain;
     to += plain;
     if (from == end) break;

@@ -2,25 +2,12 @@
 #include <zevo/platform/Text.h>
 
 #include <zevo/Error.h>
-
-#include <cstring>
+#include <zevo/platform/ByteScan.h>
 
 namespace zevo {
 namespace {
 
-constexpr uint64_t Repeat(uint8_t byte) { return 0x0101010101010101U * byte; }
-
-// Length of the run of printable ASCII at the front, found eight bytes at a time.
-size_t PrintableAscii(std::string_view text) {
-  size_t i = 0;
-  for (; i + 8 <= text.size(); i += 8) {
-    uint64_t word;
-    std::memcpy(&word, text.data() + i, 8);
-    if (((word - Repeat(0x20)) | word) & Repeat(0x80)) break;
-  }
-  while (i < text.size() && Byte(text[i]) >= 0x20 && Byte(text[i]) < 0x80) ++i;
-  return i;
-}
+using PrintableAscii = ByteScan<StopBytes<0x20, true>>;
 
 bool IsXmlCharacter(char32_t c) {
   if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
@@ -75,7 +62,7 @@ void AppendCharacter(char32_t c, std::string& text) {
 
 bool IsXmlText(std::string_view text) {
   for (;;) {
-    text.remove_prefix(PrintableAscii(text));
+    text.remove_prefix(PrintableAscii::Run(text));
     if (text.empty()) return true;
     if (!IsXmlCharacter(TakeCharacter(text))) return false;
   }

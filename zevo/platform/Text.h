@@ -3,9 +3,8 @@
 #define ZEVO_PLATFORM_TEXT_H_
 
 #include <zevo/Utf8.h>
+#include <zevo/platform/ByteScan.h>
 
-#include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -23,27 +22,10 @@ std::string_view Leftmost(std::string_view text, int characters);
 std::string_view TrimSpaces(std::string_view text);
 
 /// Whether a text holds a control character, such as a tab or a line break, or one of some other ASCII characters, of
-/// which the space is none. Looked at eight bytes at a time: texts are many and short.
+/// which the space is none.
 template <char... kCharacters>
 bool HoldsControlOrAnyOf(std::string_view text) {
-  constexpr auto repeat = [](char byte) { return 0x0101010101010101U * static_cast<uint8_t>(byte); };
-  const auto holds = [&](uint64_t word) {
-    const auto hasBelow = [&](uint64_t bytes, char limit) { return (bytes - repeat(limit)) & ~bytes & repeat('\x80'); };
-    return (hasBelow(word, ' ') | ... | hasBelow(word ^ repeat(kCharacters), 1)) != 0;
-  };
-  // The bytes left over by a short text are spaces.
-  uint64_t word = repeat(' ');
-  if (text.size() < sizeof word) {
-    for (const char c : text) word = word << 8 | static_cast<uint8_t>(c);
-    return holds(word);
-  }
-  for (size_t i = 0; i + sizeof word < text.size(); i += sizeof word) {
-    std::memcpy(&word, text.data() + i, sizeof word);
-    if (holds(word)) return true;
-  }
-  // The last eight, whether looked at before or not.
-  std::memcpy(&word, text.data() + text.size() - sizeof word, sizeof word);
-  return holds(word);
+  return ByteScan<StopBytes<0x20, false, kCharacters...>>::Finds(text);
 }
 
 /// The text with every `from` in it, taken from left to right, replaced by `to`.

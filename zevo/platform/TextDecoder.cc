@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/TextDecoder.h>
 
+#include <zevo/platform/ByteScan.h>
 #include <zevo/platform/Text.h>
 #include <zevo/platform/Windows1252.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 namespace zevo {
 namespace {
@@ -41,21 +39,8 @@ constexpr std::array<Utf8Sequence, 128> MakeUpperHalf() {
 constexpr auto kWindows1252Sequences = MakeUpperHalf<true>();
 constexpr auto kLatin1Sequences = MakeUpperHalf<false>();
 
-// Copies the run of bytes 0x01 to 0x7F at the front of `from`; gives its length.
-size_t CopyAscii(const char* from, size_t size, char* to) {
-  size_t i = 0;
-#ifdef __SSE2__
-  const __m128i zero = _mm_setzero_si128();
-  for (; i + 16 <= size; i += 16) {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + i));
-    // Signed: what is not above zero is a NUL or outside ASCII.
-    if (_mm_movemask_epi8(_mm_cmpgt_epi8(block, zero)) != 0xFFFF) break;
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + i), block);
-  }
-#endif
-  for (; i < size && Byte(from[i]) - 1U < 0x7FU; ++i) to[i] = from[i];
-  return i;
-}
+// What needs no decoding: ASCII but for NUL.
+using PlainBytes = ByteScan<StopBytes<0x01, true>>;
 
 // Copies the run of bytes that are not NUL.
 size_t CopyUntilNul(const char* from, size_t size, char* to) {
@@ -186,7 +171,8 @@ size_t TextDecoder::DecodeSingleBytes(char* utf8, size_t size) {
   const auto& upperHalf = encoding_ == Encoding::kWindows1252 ? kWindows1252Sequences : kLatin1Sequences;
   size_t length = 0;
   while (position_ < end_ && length < size) {
-    const size_t run = CopyAscii(buffer_.get() + position_, std::min(size - length, end_ - position_), utf8 + length);
+    const size_t run =
+        PlainBytes::CopyRun(buffer_.get() + position_, std::min(size - length, end_ - position_), utf8 + length);
     position_ += run;
     length += run;
     if (position_ == end_ || length == size) break;
