@@ -13,7 +13,7 @@ using Ascii = ByteScan<StopBytes<0, true>>;
 }  // namespace
 
 char32_t TakeCharacter(std::string_view& text) {
-  const unsigned char lead = static_cast<unsigned char>(text.front());
+  const auto lead = static_cast<unsigned char>(text.front());
   size_t length = 1;
   char32_t character = lead;
   char32_t least = 0;
