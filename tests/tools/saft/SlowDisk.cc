@@ -21,7 +21,7 @@ Function* Next(const char* name) {
 
 extern "C" ssize_t read(int descriptor, void* bytes, size_t size) {
   static const auto real = Next<ssize_t(int, void*, size_t)>("read");
-  constexpr size_t kPiece = 4 * 1024;
+  constexpr size_t kPiece = size_t{4} * 1024;
   if (size >= kPiece) Wait();
   return real(descriptor, bytes, size);
 }

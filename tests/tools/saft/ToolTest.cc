@@ -16,7 +16,7 @@ ToolTest::ToolTest() { std::filesystem::create_directory(folder_.Path(kDataset))
 Outcome ToolTest::Run(const std::vector<std::string>& arguments) const {
   std::vector<std::string> command{SAFT_PROGRAM};
   command.insert(command.end(), arguments.begin(), arguments.end());
-  const Outcome outcome = Execute(command);
+  Outcome outcome = Execute(command);
   EXPECT_LT(outcome.code, 128) << "ended by a signal";
   return outcome;
 }

@@ -11,8 +11,6 @@
 namespace zevo {
 namespace {
 
-using ::testing::HasSubstr;
-
 // The file that a command reads.
 class InputNameTest : public testing::ToolTest, public ::testing::WithParamInterface<const char*> {
  protected:
