@@ -40,7 +40,7 @@ constexpr auto kWindows1252Sequences = MakeUpperHalf<true>();
 constexpr auto kLatin1Sequences = MakeUpperHalf<false>();
 
 // What needs no decoding: ASCII but for NUL.
-using PlainBytes = ByteScan<StopBytes<0x01, true>>;
+using AsciiButNul = ByteScan<StopBytes<0x01, true>>;
 
 // Copies the run of bytes that are not NUL.
 size_t CopyUntilNul(const char* from, size_t size, char* to) {
@@ -172,7 +172,7 @@ size_t TextDecoder::DecodeSingleBytes(char* utf8, size_t size) {
   size_t length = 0;
   while (position_ < end_ && length < size) {
     const size_t run =
-        PlainBytes::CopyRun(buffer_.get() + position_, std::min(size - length, end_ - position_), utf8 + length);
+        AsciiButNul::CopyRun(buffer_.get() + position_, std::min(size - length, end_ - position_), utf8 + length);
     position_ += run;
     length += run;
     if (position_ == end_ || length == size) break;
