@@ -23,9 +23,6 @@ std::string Wanted(const Property& property) {
   }
 }
 
-// An amount that is written in single precision.
-bool IsQuantity(const Property& property) { return property.name == "Quantity"; }
-
 }  // namespace
 
 PropertyValue ValueFromCell(const Property& property, std::string_view cell) {
@@ -42,18 +39,18 @@ int32_t CountFromCell(std::string_view cell) {
   return std::get<int32_t>(ValueFromCell(kCount, cell));
 }
 
-bool HasFewDigits(const Property& property, std::string_view text) {
+bool HasFewDigits(const Property& property, TextForm form, std::string_view text) {
   constexpr size_t kDecimals = 4;  // that an amount has
   // Six digits and a point, or seven digits: single precision keeps them all.
   constexpr size_t kCharacters = 7;
   const size_t point = text.find('.');
   if (point != std::string_view::npos && text.size() - point - 1 > kDecimals) return false;
-  const bool single = property.type == PropertyType::kSingle || IsQuantity(property);
+  const bool single = property.type == PropertyType::kSingle || form == TextForm::kSinglePrecision;
   return !single || text.size() <= kCharacters;
 }
 
-std::string WrittenText(const Property& property, const PropertyValue& value) {
-  if (IsQuantity(property)) return TextFromSingle(static_cast<float>(std::get<Amount>(value).ToDouble()));
+std::string WrittenText(const Property& property, TextForm form, const PropertyValue& value) {
+  if (form == TextForm::kSinglePrecision) return TextFromSingle(static_cast<float>(std::get<Amount>(value).ToDouble()));
   return TextFromValue(property, value);
 }
 

@@ -23,12 +23,13 @@ PropertyValue ValueFromCell(const Property& property, std::string_view cell);
 /// The value of a property that is a count. Throws `BadValue`.
 int32_t CountFromCell(std::string_view cell);
 
-/// The text of a plain property's value as an audit file has it, which keeps quantities in single precision.
-std::string WrittenText(const Property& property, const PropertyValue& value);
+/// The text of a plain property's value as an audit file has it, for which it is written in a form: some amounts pass
+/// through single precision.
+std::string WrittenText(const Property& property, TextForm form, const PropertyValue& value);
 
 /// Whether a number has so few digits that an audit file holds it as given, which is soon seen. One that has more may
 /// be held too: its `WrittenText` tells.
-bool HasFewDigits(const Property& property, std::string_view text);
+bool HasFewDigits(const Property& property, TextForm form, std::string_view text);
 
 /// Whether a property is a number that may have decimals.
 bool IsDecimal(const Property& property);

@@ -2,13 +2,15 @@
 #include "tools/saft/dataset/ColumnBinding.h"
 
 #include <algorithm>
+#include <span>
 
 #include "tools/saft/dataset/CellValue.h"
 
 namespace zevo::saft {
 namespace {
 
-const Property& Named(std::string_view name, std::span<const Property> properties) {
+const Property& Named(std::string_view name, const Record& record) {
+  const std::span<const Property> properties = PropertiesOf(record);
   const auto found = std::ranges::find(properties, name, &Property::name);
   if (found == properties.end() || found->type == PropertyType::kCollection) throw BadValue("unknown column");
   return *found;
@@ -16,17 +18,21 @@ const Property& Named(std::string_view name, std::span<const Property> propertie
 
 }  // namespace
 
-ColumnBinding::ColumnBinding(std::string_view column, std::span<const Property> properties) {
+ColumnBinding::ColumnBinding(std::string_view column, const Record& sample) {
+  const Record* owner = &sample;
+  std::shared_ptr<Record> child;
   for (size_t dot = column.find('.'); dot != std::string_view::npos; dot = column.find('.')) {
-    const Property& child = Named(column.substr(0, dot), properties);
-    if (IsPlain(child)) throw BadValue("unknown column");
-    children_.push_back(&child);
-    properties = child.properties();
+    const Property& property = Named(column.substr(0, dot), *owner);
+    if (IsPlain(property)) throw BadValue("unknown column");
+    children_.push_back(&property);
+    child = property.make();
+    owner = child.get();
     column.remove_prefix(dot + 1);
   }
-  property_ = &Named(column, properties);
+  property_ = &Named(column, *owner);
   if (!IsPlain(*property_)) throw BadValue("a column must name one of its properties, after a dot");
   if (property_->set == nullptr) throw BadValue("constant, it cannot be set");
+  form_ = WrittenFormOf(*owner, property_->name).value_or(zevo::WrittenForm());
 }
 
 void ColumnBinding::Set(Record& record, const std::string& text) const {
@@ -46,23 +52,28 @@ void ColumnBinding::Set(Record& record, const std::string& text) const {
 }
 
 bool ColumnBinding::MayChange(std::string_view number) const {
-  return IsDecimal(*property_) && !HasFewDigits(*property_, number);
+  return IsDecimal(*property_) && !HasFewDigits(*property_, form_.form, number);
 }
 
-std::string ColumnBinding::Text(const Record& record) const { return TextBy(&TextFromValue, record); }
+std::string ColumnBinding::Text(const Record& record) const {
+  const std::optional<PropertyValue> value = Value(record);
+  return value ? TextFromValue(*property_, *value) : std::string();
+}
 
-std::string ColumnBinding::WrittenText(const Record& record) const { return TextBy(&saft::WrittenText, record); }
+std::string ColumnBinding::WrittenText(const Record& record) const {
+  const std::optional<PropertyValue> value = Value(record);
+  return value ? saft::WrittenText(*property_, form_.form, *value) : std::string();
+}
 
-std::string ColumnBinding::TextBy(std::string (*textOf)(const Property&, const PropertyValue&),
-                                  const Record& record) const {
+std::optional<PropertyValue> ColumnBinding::Value(const Record& record) const {
   const Record* owner = &record;
   std::shared_ptr<Record> child;
   for (const Property* property : children_) {
     child = Child(*property, *owner);
-    if (!child) return {};
+    if (!child) return std::nullopt;
     owner = child.get();
   }
-  return textOf(*property_, property_->get(*owner));
+  return property_->get(*owner);
 }
 
 std::shared_ptr<Record> ColumnBinding::Child(const Property& property, const Record& record) {

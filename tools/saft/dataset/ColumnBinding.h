@@ -5,7 +5,7 @@
 #include <zevo/adapters.h>
 
 #include <memory>
-#include <span>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,12 +15,14 @@ namespace zevo::saft {
 /// The property that a column of a dataset stands for, in a record or, after dots, in one of its children.
 class ColumnBinding {
  public:
-  /// Throws `BadValue` when the column is none that can be filled.
-  ColumnBinding(std::string_view column, std::span<const Property> properties);
+  /// `sample` is any record of the class. Throws `BadValue` when the column is none that can be filled.
+  ColumnBinding(std::string_view column, const Record& sample);
 
   /// Sets the property from a cell's text, making the children on the way. Throws `BadValue`.
   void Set(Record& record, const std::string& text) const;
 
+  /// How the audit file has it.
+  const zevo::WrittenForm& Form() const { return form_; }
   bool IsText() const { return property_->type == PropertyType::kText; }
   /// Whether it is a number that the audit file may not hold as a cell gives it.
   bool MayChange(std::string_view number) const;
@@ -30,11 +32,12 @@ class ColumnBinding {
   std::string WrittenText(const Record& record) const;
 
  private:
-  std::string TextBy(std::string (*textOf)(const Property&, const PropertyValue&), const Record& record) const;
+  std::optional<PropertyValue> Value(const Record& record) const;
   static std::shared_ptr<Record> Child(const Property& property, const Record& record);
 
   std::vector<const Property*> children_;
   const Property* property_;
+  zevo::WrittenForm form_;
 };
 
 }  // namespace zevo::saft

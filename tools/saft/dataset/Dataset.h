@@ -46,7 +46,7 @@ class Dataset {
   /// The records of class `T`.
   template <class T>
   RecordFile Open(const char* file, const KeyColumns& keys) {
-    return RecordFile(PathOf(file), PropertiesOf<T>(), keys, alterations_);
+    return RecordFile(PathOf(file), T(), keys, alterations_);
   }
 
   /// What the audit file has otherwise than the rows read so far.

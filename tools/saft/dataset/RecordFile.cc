@@ -2,7 +2,6 @@
 #include "tools/saft/dataset/RecordFile.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 
 #include "tools/saft/dataset/CellValue.h"
@@ -12,35 +11,22 @@
 #include "tools/saft/terminal/VisibleText.h"
 
 namespace zevo::saft {
-namespace {
-
-// The elements of one record that the file holds only one of: the first unless it is 0.
-struct ElementPair {
-  std::string_view first;
-  std::string_view second;
-};
-constexpr std::array<ElementPair, 3> kPairs{
-    {{"DebitAmount", "CreditAmount"}, {"CurrencyDebitAmount", "CurrencyCreditAmount"}, {"TaxPercentage", "TaxAmount"}}};
-
-}  // namespace
-
-RecordFile::RecordFile(const std::string& path, std::span<const Property> properties, const KeyColumns& keys,
-                       Alterations& alterations)
+RecordFile::RecordFile(const std::string& path, const Record& sample, const KeyColumns& keys, Alterations& alterations)
     : path_(path), alterations_(alterations) {
   RequireRegularFile(path);
   if (!std::filesystem::exists(path)) return;
   csv_.emplace(path);
-  if (!csv_->Columns().empty()) Bind(properties, keys);
+  if (!csv_->Columns().empty()) Bind(sample, keys);
 }
 
-void RecordFile::Bind(std::span<const Property> properties, const KeyColumns& keys) {
+void RecordFile::Bind(const Record& sample, const KeyColumns& keys) {
   for (const std::string_view parent : keys.parents) parents_.push_back(PlaceOf(parent));
   if (!keys.key.empty()) key_ = PlaceOf(keys.key);
   for (size_t place = 0; place < csv_->Columns().size(); ++place) {
     if (std::ranges::find(parents_, place) != parents_.end()) continue;
     const std::string& name = csv_->Columns()[place];
     try {
-      columns_.push_back({place, ColumnBinding(name, properties)});
+      columns_.push_back({place, ColumnBinding(name, sample)});
     } catch (const BadValue& bad) {
       csv_->Fail("column " + Quoted(name) + ": " + bad.what());
     }
@@ -49,16 +35,14 @@ void RecordFile::Bind(std::span<const Property> properties, const KeyColumns& ke
 }
 
 void RecordFile::FindRivals() {
-  for (size_t first = 0; first < columns_.size(); ++first) {
-    const std::string& name = csv_->Columns()[columns_[first].place];
-    const size_t begin = name.rfind('.') + 1;
-    const std::string_view element = std::string_view{name}.substr(begin);
-    const auto pair = std::ranges::find(kPairs, element, &ElementPair::first);
-    if (pair == kPairs.end()) continue;
-    const std::string rival = name.substr(0, begin).append(pair->second);
-    const auto second = std::ranges::find(
+  for (size_t second = 0; second < columns_.size(); ++second) {
+    const WrittenForm& form = columns_[second].binding.Form();
+    if (!form.yields) continue;
+    const std::string& name = csv_->Columns()[columns_[second].place];
+    const std::string rival = name.substr(0, name.rfind('.') + 1).append(form.partner);
+    const auto first = std::ranges::find(
         columns_, rival, [&](const Column& column) -> const std::string& { return csv_->Columns()[column.place]; });
-    if (second != columns_.end()) rivals_.push_back({first, static_cast<size_t>(second - columns_.begin())});
+    if (first != columns_.end()) rivals_.push_back({static_cast<size_t>(first - columns_.begin()), second});
   }
 }
 

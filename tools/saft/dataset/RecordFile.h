@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,8 +28,8 @@ struct KeyColumns {
 /// A file of a dataset whose rows are records of one class. A file that does not exist has no rows.
 class RecordFile {
  public:
-  RecordFile(const std::string& path, std::span<const Property> properties, const KeyColumns& keys,
-             Alterations& alterations);
+  /// `sample` is any record of the class.
+  RecordFile(const std::string& path, const Record& sample, const KeyColumns& keys, Alterations& alterations);
 
   bool Exists() const { return csv_.has_value(); }
   /// Goes to the next row that has a value; false when there is none left.
@@ -64,7 +63,7 @@ class RecordFile {
     size_t second;
   };
 
-  void Bind(std::span<const Property> properties, const KeyColumns& keys);
+  void Bind(const Record& sample, const KeyColumns& keys);
   size_t PlaceOf(std::string_view column) const;
   void FindRivals();
   void Note(const Column& column, const Record& record);

@@ -17,8 +17,11 @@ void VisitTransaction(const Record& entity, const std::string& journalID, const 
 template <class R>
 RecordKind Kind(std::string_view name, EntityKind entity, std::vector<std::string_view> parents,
                 decltype(RecordKind::visit) visit) {
-  return {
-      .name = name, .entity = entity, .parents = std::move(parents), .properties = &PropertiesOf<R>, .visit = visit};
+  return {.name = name,
+          .entity = entity,
+          .parents = std::move(parents),
+          .make = +[]() -> std::shared_ptr<Record> { return std::make_shared<R>(); },
+          .visit = visit};
 }
 
 template <class R>

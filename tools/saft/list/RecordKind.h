@@ -5,6 +5,7 @@
 #include <zevo/adapters.h>
 
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,7 +21,7 @@ struct RecordKind {
   std::string_view name;
   EntityKind entity;                      ///< the entity it is, or is a part of
   std::vector<std::string_view> parents;  ///< names of the identifiers, as a dataset has them
-  std::span<const Property> (*properties)();
+  std::shared_ptr<Record> (*make)();      ///< an empty record
   /// Gives the records in an entity; `journalID` is that of the journal it stands in, if any.
   void (*visit)(const Record& entity, const std::string& journalID, const Taker& take);
 };

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <span>
 #include <utility>
 
 #include "tools/saft/terminal/VisibleText.h"
@@ -16,27 +15,14 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// The columns that a record's properties make, those of its children after a dot.
-void CollectColumns(std::span<const Property> properties, const std::string& prefix,
-                    std::vector<std::string>& columns) {
-  for (const Property& property : properties) {
-    const std::string name = prefix + std::string(property.name);
-    if (property.type == PropertyType::kRecord) {
-      CollectColumns(property.properties(), name + ".", columns);
-    } else if (IsPlain(property) && property.set != nullptr) {
-      columns.push_back(name);
-    }
-  }
-}
-
-Json ToJson(const Record& record, std::span<const Property> properties);
+Json ToJson(const Record& record);
 
 Json ToJson(const Property& property, const Record& record) {
   if (property.type == PropertyType::kCollection) {
     Json items = Json::array();
     const int32_t count = property.count(record);
     for (int32_t position = 1; position <= count; ++position) {
-      items.push_back(ToJson(*property.item(record, position), property.properties()));
+      items.push_back(ToJson(*property.item(record, position)));
     }
     return items;
   }
@@ -44,7 +30,7 @@ Json ToJson(const Property& property, const Record& record) {
   switch (property.type) {
     case PropertyType::kRecord: {
       const auto child = std::get<std::shared_ptr<Record>>(value);
-      return child ? ToJson(*child, property.properties()) : Json();
+      return child ? ToJson(*child) : Json();
     }
     case PropertyType::kFlag:
       return std::get<bool>(value);
@@ -58,9 +44,9 @@ Json ToJson(const Property& property, const Record& record) {
   }
 }
 
-Json ToJson(const Record& record, std::span<const Property> properties) {
+Json ToJson(const Record& record) {
   Json json = Json::object();
-  for (const Property& property : properties) json[property.name] = ToJson(property, record);
+  for (const Property& property : PropertiesOf(record)) json[property.name] = ToJson(property, record);
   return json;
 }
 
@@ -76,8 +62,12 @@ void RecordPrinter::Put(const std::string& row) {
 
 CsvPrinter::CsvPrinter(const RecordKind& kind, std::ostream& out, Reader reader) : RecordPrinter(out, reader) {
   std::vector<std::string> names;
-  CollectColumns(kind.properties(), "", names);
-  for (const std::string& name : names) columns_.emplace_back(name, kind.properties());
+  const std::shared_ptr<Record> sample = kind.make();
+  WalkProperties(PropertiesOf(*sample), [&](std::string_view path, const Property& property) {
+    if (!IsPlain(property) || property.set == nullptr) return;
+    names.emplace_back(path);
+    columns_.emplace_back(path, *sample);
+  });
   for (const std::string_view parent : kind.parents) AddCell(std::string(parent));
   for (const std::string& name : names) AddCell(name);
   EndRow();
@@ -109,7 +99,7 @@ void CsvPrinter::EndRow() {
 void JsonPrinter::Print(const std::vector<std::string>& parents, const Record& record) {
   Json json = Json::object();
   for (size_t i = 0; i < parents.size(); ++i) json[kind_.parents[i]] = parents[i];
-  json.update(ToJson(record, kind_.properties()));
+  json.update(ToJson(record));
   Put(json.dump());
 }
 

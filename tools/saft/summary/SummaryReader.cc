@@ -11,18 +11,15 @@
 namespace zevo::saft {
 namespace {
 
-// The filled properties of a record and its children. Constants say nothing about a file.
-void CollectValues(const Record& record, const std::string& prefix, Summary::Values& values) {
-  for (const Property& property : PropertiesOf(record)) {
-    const std::string name = prefix + std::string(property.name);
-    if (property.type == PropertyType::kRecord) {
-      const auto child = std::get<std::shared_ptr<Record>>(property.get(record));
-      if (child) CollectValues(*child, name + ".", values);
-    } else if (IsPlain(property) && property.set != nullptr) {
-      std::string text = TextFromValue(property, property.get(record));
-      if (!text.empty()) values.emplace_back(name, std::move(text));
-    }
-  }
+// The filled properties of the header and its children. Constants say nothing about a file.
+Summary::Values ValuesOf(const Header& header) {
+  Summary::Values values;
+  WalkProperties(header, [&](std::string_view path, const Property& property, const Record& owner) {
+    if (!IsPlain(property) || property.set == nullptr) return;
+    std::string text = TextFromValue(property, property.get(owner));
+    if (!text.empty()) values.emplace_back(path, std::move(text));
+  });
+  return values;
 }
 
 // What is of no more interest than its number.
@@ -89,7 +86,7 @@ void SummaryReader::TakeRecord(EntityKind kind, const Record& record) {
   }
 }
 
-void SummaryReader::Take(const Header& header) { CollectValues(header, "", summary_.header.emplace()); }
+void SummaryReader::Take(const Header& header) { summary_.header = ValuesOf(header); }
 
 void SummaryReader::Take(const TaxTable& table) {
   if (tax_entries_) *tax_entries_ += table.TaxTableEntry()->Count();

@@ -54,9 +54,9 @@ TEST_F(CellValueTest, SinglesAndCounts) {
 TEST_F(CellValueTest, SinglePrecisionKeepsFewDigits) {
   const Property property{.name = "TaxPercentage", .type = PropertyType::kSingle};
   const auto expectKept = [&](const std::string& text) {
-    ASSERT_TRUE(saft::HasFewDigits(property, text)) << text;
+    ASSERT_TRUE(saft::HasFewDigits(property, TextForm::kPlain, text)) << text;
     const PropertyValue value = saft::ValueFromCell(property, text);
-    ASSERT_TRUE(saft::IsSameNumber(text, saft::WrittenText(property, value))) << text;
+    ASSERT_TRUE(saft::IsSameNumber(text, saft::WrittenText(property, TextForm::kPlain, value))) << text;
   };
   for (int digits = 100000; digits < 1000000; digits += 3) {
     const std::string all = std::to_string(digits);
