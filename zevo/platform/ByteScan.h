@@ -142,13 +142,13 @@ class ByteScan {
   static size_t Scan(const char* from, size_t size, char* to) {
     size_t at = 0;
     for (; at + B::kBytes <= size; at += B::kBytes) {
-      if (const auto stops = Look<kCopy>(from + at, to + at)) return at + B::First(stops);
+      if (const auto stops = Look<kCopy>(from, at, to)) return at + B::First(stops);
     }
     if (at == size) return size;
     if (at > 0) {
       // The last block overlaps the one before it.
       at = size - B::kBytes;
-      const auto stops = Look<kCopy>(from + at, to + at);
+      const auto stops = Look<kCopy>(from, at, to);
       return stops == 0 ? size : at + B::First(stops);
     }
     if constexpr (B::kBytes > 8) {
@@ -162,9 +162,9 @@ class ByteScan {
   }
 
   template <bool kCopy>
-  static auto Look(const char* from, [[maybe_unused]] char* to) {
-    const auto block = B::Load(from);
-    if constexpr (kCopy) B::Store(block, to);
+  static auto Look(const char* from, size_t at, [[maybe_unused]] char* to) {
+    const auto block = B::Load(from + at);
+    if constexpr (kCopy) B::Store(block, to + at);
     return B::Find(block, Stops());
   }
 
