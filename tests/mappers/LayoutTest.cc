@@ -388,9 +388,9 @@ TEST_P(LayoutTableTest, HasALineForEachRowAndARowForEachLine) {
 TEST_P(LayoutTableTest, EveryPropertyOfTheRecordHasOneRowThatTellsItsPlace) {
   std::vector<std::string_view> names(GetParam().properties().size());
   for (const LayoutRow& row : GetParam().layout()) {
-    ASSERT_LT(row.place, names.size());
-    EXPECT_EQ(names[row.place], "") << row.property;
-    names[row.place] = row.property;
+    ASSERT_LT(row.slot, names.size());
+    EXPECT_EQ(names[row.slot], "") << row.property;
+    names[row.slot] = row.property;
   }
   for (size_t place = 0; place < names.size(); ++place) {
     EXPECT_EQ(names[place], GetParam().properties()[place].name) << GetParam().record;
@@ -400,7 +400,7 @@ TEST_P(LayoutTableTest, EveryPropertyOfTheRecordHasOneRowThatTellsItsPlace) {
 TEST_P(LayoutTableTest, OnlyAConstantHasATextAndNoSetter) {
   for (const LayoutRow& row : GetParam().layout()) {
     if (row.children != nullptr) continue;
-    const bool settable = GetParam().properties()[row.place].set != nullptr;
+    const bool settable = GetParam().properties()[row.slot].set != nullptr;
     EXPECT_EQ(settable, row.not_read_back != kConstant) << row.property;
   }
 }

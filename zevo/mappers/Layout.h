@@ -121,9 +121,9 @@ struct DateCodec : CodecOfItsType {
   static std::string ToText(std::string_view value) { return DateText(value); }
 };
 
-/// Where a property stands in `PropertiesOf` its record.
+/// The slot of a property of a record.
 template <class R>
-constexpr size_t PlaceOf(std::string_view property) {
+constexpr size_t SlotOf(std::string_view property) {
   constexpr auto kProperties = internal::CollectProperties<R>();
   const auto found = std::ranges::find(kProperties, property, &Property::name);
   if (found == kProperties.end()) throw "not the name of a property";
@@ -188,7 +188,7 @@ struct ElementRow {
     return {LayoutRow{.element = element.Text(),
                       .read_as = read_as.Text(),
                       .property = property.name,
-                      .place = PlaceOf<R>(property.name),
+                      .slot = SlotOf<R>(property.name),
                       .written = written,
                       .not_read_back = not_read_back,
                       .form = Codec::kForm}};
@@ -294,7 +294,7 @@ struct ChildRow {
         LayoutRow{.element = element.Text(),
                   .read_as = element.Text(),
                   .property = property.name,
-                  .place = PlaceOf<R>(property.name),
+                  .slot = SlotOf<R>(property.name),
                   .written = Kind::kWritten,
                   .children = &LayoutOf<typename RecordIn<typename Handle::template ValueIn<R>::element_type>::Type>}};
   }

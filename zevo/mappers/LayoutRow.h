@@ -35,8 +35,8 @@ struct LayoutRow {
   /// The name under which the readers look for it: that of the element but for one row.
   std::string_view read_as;
   std::string_view property;
-  /// Where the property stands in `PropertiesOf` its record, which tells whether there is a setter.
-  size_t place = 0;
+  /// Of the property in `PropertiesOf` its record, which tells whether there is a setter.
+  size_t slot = 0;
   Written written = kAlways;
   /// Nothing when the readers set the property.
   std::optional<NotReadBack> not_read_back = std::nullopt;
