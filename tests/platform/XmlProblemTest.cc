@@ -32,6 +32,13 @@ TEST(XmlProblemTest, WhatIsNotKnownOfThePlaceIsLeftOut) {
   EXPECT_EQ(Sentence("Reason", {}), "Reason");
 }
 
+TEST(XmlProblemTest, AFileThatCannotBeReadHasTheNumberAndTheReasonOfTheSystem) {
+  const XmlProblem problem = UnreadableFile(Error(53, "System", "Reason"));
+  EXPECT_EQ(problem.fault, XmlProblem::Fault::kUnreadable);
+  EXPECT_ERROR(Raise(problem, "S"), 53, "S");
+  EXPECT_EQ(AsError(problem, "S").Description(), "Reason");
+}
+
 TEST(XmlProblemTest, OnlyAProblemIsRaised) {
   EXPECT_NO_THROW(Raise({}, "S"));
   EXPECT_ERROR(Raise(XmlProblem{.number = 4, .reason = "Reason"}, "S"), 4, "S");

@@ -5,6 +5,10 @@
 
 namespace zevo {
 
+XmlProblem UnreadableFile(const Error& error) {
+  return {.number = error.Number(), .reason = error.Description(), .fault = XmlProblem::Fault::kUnreadable};
+}
+
 Error AsError(const XmlProblem& problem, std::string_view source) {
   constexpr std::string_view kBlanks = " \t\r\n";
   const auto& [line, column, offset] = problem.place;

@@ -37,6 +37,9 @@ struct XmlProblem {
 /// Takes problems in the order in which they are found, and says whether to go on.
 using ProblemSink = std::function<bool(const XmlProblem&)>;
 
+/// The problem of a file that the system does not give, from the error that opening or reading it raised.
+XmlProblem UnreadableFile(const Error& error);
+
 /// The sentence for bookkeepers: the reason, then the line and the column as far as they are known.
 Error AsError(const XmlProblem& problem, std::string_view source);
 
