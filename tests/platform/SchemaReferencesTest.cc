@@ -15,6 +15,8 @@
 #include "tests/platform/SchemaLimit.h"
 #include "tests/platform/SchemaPieces.h"
 #include "tests/support/Errors.h"
+#include "tests/support/ProcessorTime.h"
+#include "tests/support/Sanitizers.h"
 
 namespace zevo {
 namespace {
@@ -76,6 +78,14 @@ TEST_F(SchemaReferencesTest, ADefinitionIsFoundByItsNameAndItsKind) {
   EXPECT_EQ(references.Find("n", {"simpleType", "complexType"}).Name(), "complexType");
   EXPECT_FALSE(references.Find("n", {"group"}));
   EXPECT_FALSE(references.Find("other", {"element"}));
+}
+
+TEST_F(SchemaReferencesTest, ElementsThatDefineNothingAreNotReferredTo) {
+  std::string content =
+      "<xs:element name='n'/><xs:simpleType name='t'><xs:union memberTypes='" + Repeated("n ", 30'000);
+  content += "'/></xs:simpleType>" + Each(5'000, "<xs:k# name='n'/>");
+  const double seconds = testing::ProcessorSeconds([&] { EXPECT_EQ(OrderOf(content).size(), 5'002u); });
+  EXPECT_LT(seconds, testing::kSanitized ? 2 : 0.3);
 }
 
 TEST_F(SchemaReferencesTest, WhatGoesBeyondIsToldWithItsDefinition) {

@@ -8,6 +8,14 @@
 #include <string>
 
 namespace zevo {
+namespace {
+
+// Nothing else can be referred to. There are as many names of elements as a schema likes.
+bool MayBeReferredTo(Element definition) {
+  return IsOneOf(definition.Name(), {"element", "attribute", "simpleType", "complexType", "group", "attributeGroup"});
+}
+
+}  // namespace
 
 SchemaReferences::SchemaReferences(Element schema) {
   Collect(schema);
@@ -28,6 +36,7 @@ void SchemaReferences::Collect(Element schema) {
   for (const Element node : schema.Children()) {
     Definition& definition = definitions_.emplace_back();
     definition.node = node;
+    if (!MayBeReferredTo(node)) continue;
     std::vector<Definition*>& named = by_name_[std::string(ValueOf(node, "name"))];
     if (std::ranges::none_of(named, [&](const Definition* other) { return other->node.Name() == node.Name(); })) {
       named.push_back(&definition);
