@@ -20,7 +20,7 @@ class SampleRecords {
   SampleRecords(int64_t invoices, uint64_t seed) : invoices_(invoices), seed_(seed) {}
 
   int64_t Invoices() const { return invoices_; }
-  /// The first invoice of a month, 0 to 11, or of the one after it; invoices are numbered from 0.
+  /// The number, from 0, of the first invoice of a month, 0 to 11; for 12, the number of invoices.
   int64_t FirstOfMonth(int month) const { return invoices_ * month / kMonths; }
 
   std::unique_ptr<Header> TheHeader() const;

@@ -18,11 +18,12 @@
 namespace zevo::saft {
 namespace {
 
-// A file that is opened must not take the place of an output that is closed: messages would go into it.
+// Where the program starts with an output closed, the next file opened would get its descriptor, and messages would go
+// into that file.
 void KeepOutputs() {
   for (const int output : {STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(output, F_GETFD) >= 0) continue;
-    // Nothing can be written to it, as to one that is closed.
+    // Open for reading only, so that writing fails as it does on a closed output.
     const int nothing = open("/dev/null", O_RDONLY);
     if (nothing != output) dup2(nothing, output);
   }
@@ -65,7 +66,7 @@ ExitCode Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   zevo::saft::KeepOutputs();
 #ifdef SIGXFSZ
-  // A file that grows too large is an error of writing it, as a full disk is.
+  // With the signal ignored, a file that grows too large is an ordinary write error, like a full disk.
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
   try {

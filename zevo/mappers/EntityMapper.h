@@ -12,8 +12,8 @@
 
 namespace zevo {
 
-/// Makes the record of an entity of any kind with the mapper of its kind. The reader holds that very entity, so it is
-/// always "the next" one. Raises what the mapper raises.
+/// Makes the record of an entity of any kind with the mapper of its kind. The reader holds nothing but that entity, so
+/// asking for the next record gives it. Raises what the mapper raises.
 std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& reader);
 
 /// The layout of the records of a kind.

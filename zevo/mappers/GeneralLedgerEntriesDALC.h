@@ -14,7 +14,7 @@ namespace zevo {
 /// Writes and reads the totals of the ledger entries section.
 class GeneralLedgerEntriesDALC {
  public:
-  // The messages of the errors say the reverse of when they are raised; hosts test the numbers.
+  // The texts of messages 201 and 202 say the reverse of what happened. They stay: hosts test the numbers.
 
   /// Begins the section. Raises message 201 when the file has it already.
   void CreateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& writer);

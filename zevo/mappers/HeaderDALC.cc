@@ -32,7 +32,7 @@ constexpr auto kHeaderLayout = LayoutFor<Header>(Rows{
     ZEVO_ROW(Telephone, kIfNotEmpty),
     ZEVO_ROW(Fax, kIfNotEmpty),
     ZEVO_ROW(Email, kIfNotEmpty),
-    // Never written under the name that is read, so it reads back empty; hosts know it so.
+    // Written under one name and read under another, so it always reads back empty. It stays: hosts rely on it.
     ZEVO_ROW(Website, kIfNotEmpty, ReadAs{"WebSite"}),
 });
 

@@ -25,8 +25,8 @@
 namespace zevo {
 
 // The layout of a record's element: a table with a row for each child, in the order of the file. The same table writes
-// the element and reads it back, in that order but for rows that are read last; a read that fails leaves in the record
-// what was read before. `LayoutOf` gives the table as data.
+// the element and reads it back. Rows are read in that order, except those marked to be read last; a read that fails
+// leaves in the record what was read before. `LayoutOf` gives the table as data.
 
 // How a value goes into the text of an element and comes back. The plain codec of a type is DefaultCodec.
 
@@ -83,7 +83,7 @@ struct PointAmountCodec : CodecOfItsType {
   static constexpr TextForm kForm = TextForm::kWithPoint;
   static NumberText ToText(Amount value) { return AmountTextWithPoint(value); }
 };
-/// An amount with a point that must be there to be read, and is read with the regional separator.
+/// An amount that must be there to be read. It is written with a point and read with the regional separator.
 struct StrictPointAmountCodec {
   static constexpr TextForm kForm = TextForm::kWithPoint;
   static NumberText ToText(Amount value) { return AmountTextWithPoint(value); }
@@ -101,7 +101,7 @@ struct StrictAmountCodec {
     return CurrencyFromText(text);
   }
 };
-/// A quantity passes through a 32-bit float on its way out, on purpose: it keeps about seven digits.
+/// A quantity is converted to a 32-bit float before it is written, on purpose: about seven digits remain.
 struct QuantityCodec {
   static constexpr TextForm kForm = TextForm::kSinglePrecision;
   static NumberText ToText(Amount value) { return SingleText(static_cast<float>(value.ToDouble())); }
@@ -115,7 +115,7 @@ struct TwoDecimalsCodec : CodecOfItsType {
   static constexpr TextForm kForm = TextForm::kTwoDecimals;
   static NumberText ToText(Amount value) { return TwoDecimalsText(value); }
 };
-/// A date is brought to yyyy-mm-dd on its way out.
+/// A date is written as yyyy-mm-dd.
 struct DateCodec : CodecOfItsType {
   static constexpr TextForm kForm = TextForm::kDate;
   static std::string ToText(std::string_view value) { return DateText(value); }

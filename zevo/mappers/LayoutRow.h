@@ -23,16 +23,16 @@ enum class Written : uint8_t {
 };
 using enum Written;
 
-/// Why the readers leave a property of the record as they made it, whatever the element says.
+/// Why the readers do not set a property, whatever the element says.
 enum class NotReadBack : uint8_t {
   kConstant,      ///< The record has one value for good; there is no setter.
-  kKeepsDefault,  ///< On purpose: hosts know it so.
+  kKeepsDefault,  ///< On purpose: hosts rely on it.
 };
 
 /// A row of a layout as data: a child of a record's element, and what the writers and the readers make of it.
 struct LayoutRow {
   std::string_view element;
-  /// The name under which the readers look for it: that of the element but for one row.
+  /// The name under which the readers look for it. Only one row has another than that of its element.
   std::string_view read_as;
   std::string_view property;
   /// Of the property in `PropertiesOf` its record, which tells whether there is a setter.

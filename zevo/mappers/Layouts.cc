@@ -50,7 +50,7 @@ constexpr auto kRecordLayouts =
 }  // namespace
 
 std::span<const LayoutRow> LayoutOf(const Record& record) {
-  // A class has its table of properties at one place.
+  // Each class has one table of properties, so its address identifies the class.
   const Property* properties = PropertiesOf(record).data();
   const auto found = std::ranges::find_if(
       kRecordLayouts, [&](const RecordLayout& layout) { return layout.properties().data() == properties; });

@@ -7,7 +7,7 @@
 namespace zevo {
 namespace {
 
-// The entries find their place in the file themselves.
+// The mapper of the entries finds the table in the file itself.
 constexpr auto kTaxTableLayout = LayoutFor<TaxTable>(Rows{
     ZEVO_ROW(TaxTableEntry, Items{[](const TaxTableEntry& entry, Element, IDALHelper& writer) {
                                     TaxTableEntryDALC().CreateTaxTableEntry(entry, writer);

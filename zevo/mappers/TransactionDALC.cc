@@ -26,7 +26,7 @@ constexpr auto kTransactionLayout = LayoutFor<Transaction>(Rows{
     ZEVO_ROW(Line, ItemsOf(&TransactionLineDALC::CreateTransactionLine, &TransactionLineDALC::ReadTransactionLine)),
 });
 
-// The identifier goes in as it is: one with a double quote makes the query invalid.
+// The identifier is not escaped: one with a double quote makes the query invalid, which is an error.
 std::string QueryFor(const Journal& journal) { return "[JournalID = \"" + journal.JournalID() + "\"]"; }
 
 }  // namespace
@@ -53,7 +53,7 @@ void TransactionDALC::ReadTransaction(std::shared_ptr<Transaction>& value, const
                                       IDALReader& reader, bool first) {
   Element journal;
   if (transactionJournal == nullptr) {
-    // Directly under the root, where a whole file has no journal but a reader that holds one entity has.
+    // Looks directly under the root: there a reader that holds one entity has its journal, and a whole file has none.
     journal = reader.GetElement(kJournal.Text(), {}, {});
   } else if (const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
     journal = reader.GetElement(kJournal.Text(), section, QueryFor(*transactionJournal));

@@ -15,7 +15,7 @@ class Expression {
 
   AutomatonSize Read() {
     AutomatonSize size = Alternatives(0);
-    // A bracket too many: libxml2 refuses it.
+    // What stops the reading early is a closing bracket too many, which libxml2 refuses.
     while (!left_.empty()) {
       left_.remove_prefix(1);
       size.Then(Alternatives(0));
@@ -24,7 +24,7 @@ class Expression {
   }
 
  private:
-  // libxml2 refuses deeper ones.
+  // libxml2 refuses expressions that are nested deeper.
   static constexpr int kDeepest = 100;
 
   AutomatonSize Alternatives(int depth) {
@@ -61,7 +61,7 @@ class Expression {
     return AutomatonSize::Symbols(1);
   }
 
-  // Classes may be taken off each other, each in brackets of its own.
+  // A class may subtract another, which stands inside it in brackets of its own: [a-z-[aeiou]].
   void SkipClass() {
     int open = 0;
     do {
@@ -129,7 +129,7 @@ void AutomatonSize::Then(const AutomatonSize& next) {
   }
   states_ += next.states_;
   letters_ += next.letters_;
-  // What may be last here goes on to what may be first there.
+  // Each state that may end this part gets a transition to each symbol that may begin the next.
   comparisons_ += 2 * next.first_ * last_transitions_ + last_ * next.first_ * next.first_ + next.comparisons_;
   transitions_ += last_ * next.first_ + next.transitions_;
   last_transitions_ += last_ * next.first_;
@@ -165,7 +165,7 @@ void AutomatonSize::Or(const AutomatonSize& other) {
   repeated_ = false;
 }
 
-// One state, to which every part leads back.
+// libxml2 makes one state of it, to which every part leads back.
 void AutomatonSize::InAnyOrder() {
   states_ = last_ = 1;
   transitions_ = last_transitions_ = last_widest_ = widest_ = first_;
@@ -174,7 +174,7 @@ void AutomatonSize::InAnyOrder() {
 
 void AutomatonSize::Repeated() {
   if (may_be_empty_ && states_ > 0) ++empty_repetitions_;
-  // Those ways are there already.
+  // What is repeated already has these transitions.
   if (repeated_) return;
   comparisons_ += 2 * first_ * last_transitions_ + last_ * first_ * first_;
   transitions_ += last_ * first_;
@@ -184,7 +184,7 @@ void AutomatonSize::Repeated() {
   repeated_ = true;
 }
 
-// Two ways to the same symbol are one in the end: no state has more transitions than there are symbols.
+// Transitions of a state by the same symbol are merged, so it has at most one for each symbol.
 double AutomatonSize::Transitions() const { return std::min(first_ + transitions_, (states_ + 1) * letters_); }
 
 double AutomatonSize::Comparisons() const {

@@ -6,7 +6,7 @@
 
 namespace zevo {
 
-/// The bytes of schema/SAF-T-PT_1_01.xsd, as they were when the library was built. CMake writes the source of it.
+/// The bytes of schema/SAF-T-PT_1_01.xsd when the library was built. CMake generates the source file.
 std::string_view BuiltInSchema();
 
 }  // namespace zevo

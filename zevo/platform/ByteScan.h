@@ -13,7 +13,7 @@
 
 namespace zevo {
 
-// Looks at many bytes of a text at once. Texts are many and short: what a scan does before its first byte counts.
+// Looks at many bytes of a text at once. Most texts are short, so what a scan does before its first byte counts.
 
 /// The bytes that end a scan: those below `kBelow`, which is 0x80 at most, those outside ASCII, and some of ASCII.
 template <unsigned char kBelow, bool kBeyondAscii, char... kOthers>
@@ -43,7 +43,7 @@ struct WordBlocks {
     std::memcpy(reinterpret_cast<char*>(&block) + kEach, last, kEach);
     return block;
   }
-  /// Bits, some for each byte that is a stop.
+  /// Non-zero bits in each byte of the word that is a stop.
   template <unsigned char kBelow, bool kBeyondAscii, char... kOthers>
   static uint64_t Find(uint64_t block, StopBytes<kBelow, kBeyondAscii, kOthers...>) {
     // Each byte by itself: nothing is carried over into the next.
@@ -76,7 +76,7 @@ struct RegisterBlocks {
   static __m128i Load(const char* from) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from)); }
   static void Store(__m128i block, char* to) { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), block); }
   /// The first and the last eight bytes of a text, one behind the other, or the first and the last four of it twice.
-  /// They go straight into the register: to put them together in memory would take longer than to look at each.
+  /// They are loaded straight into the register, which is quicker than to join them in memory first.
   template <size_t kEach>
   static __m128i LoadEnds(const char* first, const char* last) {
     if constexpr (kEach == 8) {
@@ -115,8 +115,8 @@ class ByteScan {
  public:
   /// How many bytes at the front are no stops.
   static size_t Run(std::string_view text) { return Scan<false>(text.data(), text.size(), nullptr); }
-  /// Whether there is a stop. By words, whatever the blocks: short texts take fewer branches so, which counts for more
-  /// than instructions.
+  /// Whether there is a stop. Always looks at words, even where blocks are larger: that takes fewer branches for short
+  /// texts, which counts for more than the number of instructions.
   static bool Finds(std::string_view text) {
     uint64_t word = 0;
     if (text.size() < sizeof word) {

@@ -46,18 +46,19 @@ void ChildIndex::TakeKeysOf(const Node* child) {
   for (Node* node = document_.FirstNamed(document_.First(child), keys_.key); node != nullptr;
        node = document_.FirstNamed(document_.Next(node), keys_.key)) {
     const auto [entry, added] = keys_.first.emplace(Element(node).AllText(), reference);
-    // Children are numbered in their order.
+    // A smaller reference is that of an earlier child.
     if (!added) entry->second = std::min(entry->second, reference);
   }
 }
 
-// A parent that is about to get a key is looked at again.
+// A child that gets another key has to be looked at again.
 void ChildIndex::OnAppend(const Node* parent, uint32_t name) {
   const bool asked = document_.Names().Local(name) == keys_.key && parent->parent == keys_.parent;
   if (asked) keys_.unsettled.push_back(Document::Reference(parent));
 }
 
-// All is forgotten when what is about to change was taken for a key. A key whose parent is yet to be looked at was not.
+// Forgets all keys when the element is one of those remembered. It is not remembered yet while its parent waits to be
+// looked at again.
 void ChildIndex::OnChange(const Node* element) {
   if (!KnowsKeys() || document_.Names().Local(element->Name()) != keys_.key) return;
   const bool below = document_.At(element->parent)->parent == keys_.parent;

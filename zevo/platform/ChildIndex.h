@@ -15,21 +15,21 @@ namespace zevo {
 
 class Document;
 
-/// Remembers the children that were searched for in a document, so that each question takes one search only. What was
-/// found stays true while nodes are but appended; of all else the document tells it.
+/// Remembers the children that were searched for in a document, so that each is searched for only once. What was found
+/// stays true while nodes are only appended; the document reports every other change.
 class ChildIndex {
  public:
   explicit ChildIndex(const Document& document) : document_(document) {}
 
-  /// The first child of a local name that is `from` or comes after it, and before which there is none; null without
-  /// one.
+  /// The first child of a local name, or null. The search begins at the child `from`, before which there is none of
+  /// that name.
   Node* First(const Node* parent, Node* from, uint32_t local);
 
-  /// The first child of a local name that itself has a child `key` whose whole text is `text`, or null. The first
-  /// question about a parent and its names looks at all its children, later ones only at those that came since.
+  /// The first child of a local name that itself has a child `key` whose whole text is `text`, or null. The first call
+  /// for a parent and these names looks at all its children, later calls only at those that were added since.
   Node* FirstByKey(const Node* parent, uint32_t local, uint32_t key, std::string_view text);
 
-  /// Whether there is anything to tell about keys.
+  /// Whether keys are remembered, so that OnAppend and OnChange have to be called.
   bool KnowsKeys() const { return keys_.parent != 0; }
   /// An element of a name is about to be appended under `parent`.
   void OnAppend(const Node* parent, uint32_t name);

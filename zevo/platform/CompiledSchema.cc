@@ -40,7 +40,7 @@ struct FirstError {
   }
 };
 
-// The text of a schema in UTF-8, which its declaration then tells too.
+// The text of a schema in UTF-8, with an XML declaration that says so.
 std::string Utf8Of(std::string_view bytes) {
   InputBytes input(bytes);
   TextDecoder decoder(input);
@@ -81,7 +81,7 @@ CompiledSchema::CompiledSchema(const SchemaSource& schema, std::string_view targ
 }
 
 void CompiledSchema::Compile(std::string_view bytes, std::string_view targetNamespace, std::string_view errorSource) {
-  // libxml2 makes its table of built-in types when it is first wanted, with no thought of threads.
+  // libxml2 makes its table of built-in types at its first use, without a lock.
   static std::once_flag once;
   std::call_once(once, xmlSchemaInitTypes);
   // Read by our own parser first, so that a schema meets the same refusals as any file.

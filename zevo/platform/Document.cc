@@ -13,9 +13,9 @@ namespace zevo {
 namespace {
 
 constexpr size_t kBlockSize = size_t{64} * 1024;
-// Memory for so many chunks at a time, once there are as many.
+// A document asks for memory for as many chunks as it has, but for no more than this at once.
 constexpr size_t kMostChunksAtOnce = 64;
-// Passing over so many children takes no longer than remembering where one of them is.
+// Up to so many children are searched at least as fast as one is looked up in the index.
 constexpr size_t kPassedQuickly = 16;
 
 }  // namespace
@@ -49,7 +49,7 @@ void Document::AddChunk() {
   nodes_end_ = words + (kWordMask + 2 - kFullNodeWords);
 }
 
-// Several chunks together: aligned one by one, each would leave as much unused.
+// Several chunks are allocated together: aligned one by one, each would waste as much memory as it uses.
 void Document::AddMemory() {
   const size_t count = std::clamp(chunks_.size(), size_t{1}, kMostChunksAtOnce);
   if (chunks_.size() + count > size_t{1} << (32 - kWordBits)) throw std::bad_alloc();
@@ -86,7 +86,7 @@ Element Document::Root() const {
   return Element();
 }
 
-// An element that holds its text itself gets it as its first child.
+// Turns the text that an element holds itself into its first child.
 void Document::MakeRoomForChildren(Node* parent) {
   if (parent->IsShort()) {
     grown_.insert({parent, {0, 0}});
@@ -95,7 +95,7 @@ void Document::MakeRoomForChildren(Node* parent) {
   }
   auto* const full = static_cast<FullNode*>(parent);
   const std::string_view text = full->Text();
-  // Made first: for want of memory nothing is lost.
+  // The child is made before anything changes: if memory runs out here, the text is still where it was.
   FullNode* const child = text.empty() ? nullptr : NewFullNode(NodeKind::kText, NameTable::kNone, Reference(parent));
   full->HoldChildren();
   if (child == nullptr) return;
@@ -143,7 +143,8 @@ void Document::SetText(Element element, std::string_view text) {
   children_.OnChange(node);
   if (node->HoldsText() && text.size() <= node->Text().size()) {
     if (node->IsShort()) return;
-    // Text that shrinks or stays as long is written over: totals are brought up to date again and again.
+    // A text that does not grow is overwritten in place: totals are updated again and again, and the arena must not
+    // grow each time.
     auto* const full = static_cast<FullNode*>(node);
     if (!text.empty()) std::memmove(full->Address(), text.data(), text.size());
     full->length = static_cast<uint32_t>(text.size());
@@ -158,13 +159,13 @@ void Document::SetText(Element element, std::string_view text) {
   }
 }
 
-// Leaves its attributes.
+// Removes all children but the attributes.
 void Document::RemoveContent(Node* parent) {
   Node* lastAttribute = nullptr;
   Node* child = First(parent);
   for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = Next(child)) lastAttribute = child;
   if (child != nullptr) {
-    // Children go away that may be known from earlier questions.
+    // The index may remember children that go away.
     children_.Forget();
   }
   uint32_t* const children = ChildrenOf(parent);

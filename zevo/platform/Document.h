@@ -118,12 +118,12 @@ class Document {
   /// Replaces the content of an element; its attributes stay.
   void SetText(Element element, std::string_view text);
 
-  /// The first child of a name, or nothing. Asked again, the answer takes no search.
+  /// The first child of a name, or nothing. The answer is remembered.
   Element FirstChild(Element parent, std::string_view name) const { return FirstChild(parent, names_.Find(name)); }
   Element FirstChild(Element parent, uint32_t localName) const;
-  /// The first child of a name that itself has a child `key` whose whole text is `text`. The first question about a
-  /// parent looks at all its children, later ones only at those that came since.
-  /// Elements inside a key must not change from the first question on.
+  /// The first child of a name that itself has a child `key` whose whole text is `text`. The first call for a parent
+  /// looks at all its children, later calls only at those that were added since. Elements inside a key must not change
+  /// after the first call.
   Element FirstChildByKey(Element parent, std::string_view name, std::string_view key, std::string_view text) const;
 
   /// The node that follows in the order of the file, within the tree under `root`; null after the last. Attributes are
@@ -137,7 +137,7 @@ class Document {
     auto* const chunk = reinterpret_cast<uint32_t*>(chunks_[reference >> kWordBits]);
     return reinterpret_cast<Node*>(chunk + (reference & kWordMask));
   }
-  /// What At finds a node by.
+  /// The number by which At finds a node.
   static inline uint32_t Reference(const Node* node);
   /// The first node under one that holds no text, attributes included; null when there is none.
   [[gnu::always_inline]] Node* First(const Node* parent) const { return At(ChildrenOf(parent)[0]); }
@@ -218,7 +218,7 @@ class Document {
   std::vector<Chunk*> chunks_;
   size_t chunks_used_ = 0;
   uint32_t* next_node_ = nullptr;  // in the last chunk in use
-  uint32_t* nodes_end_ = nullptr;  // from here on there is no room for one
+  uint32_t* nodes_end_ = nullptr;  // from here on there is no room for a node
   // The first and the last child of short nodes that got content after all.
   std::map<const Node*, std::array<uint32_t, 2>> grown_;
   std::vector<TextBlock> blocks_;
@@ -241,14 +241,14 @@ inline uint32_t Document::Reference(const Node* node) {
   return ChunkOf(node)->first_reference + static_cast<uint32_t>(within / sizeof(uint32_t));
 }
 
-// Leaves one after the other are neighbours in memory. The processor guesses so, and goes on to the neighbour before it
-// has followed the reference: a walk over children takes half the time.
+// Leaves that follow each other are mostly neighbours in memory. Testing for that lets the processor predict the branch
+// and go on with the neighbour before it has read the reference: a walk over children takes half the time.
 inline Node* Document::Next(const Node* node) const {
   if (node->next == Reference(node) + kFullNodeWords) return static_cast<FullNode*>(const_cast<Node*>(node)) + 1;
   return At(node->next);
 }
 
-// What is done for every node that is read stands here, so that it becomes one piece of code with its callers.
+// What is done for every node that is read is defined here, so that it is inlined.
 
 inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent, uint32_t words) {
   if (next_node_ >= nodes_end_) [[unlikely]] {

@@ -52,7 +52,7 @@ void DocumentBuilder::EndElement(const ParsedName&) {
 }
 
 void DocumentBuilder::Characters(std::string_view text) {
-  // So comes an empty section, for which there may be no room yet.
+  // An empty CDATA section comes as an empty text, for which `text_` may still be null.
   if (text.empty()) return;
   if (length_ + text.size() > room_) {
     room_ = std::max(length_ + text.size(), 2 * room_);
@@ -80,7 +80,7 @@ void DocumentBuilder::EndText() {
 std::string_view DocumentBuilder::Shared(std::string_view text) {
   if (text.size() >= white_space_.size() || text.find_first_not_of(" \t\n\r") != std::string_view::npos) return text;
   std::string_view& known = white_space_[text.size()];
-  // An equal text may lie elsewhere: the first is kept.
+  // The same characters may lie at two addresses: those that came first are kept.
   // cppcheck-suppress duplicateConditionalAssign
   if (known != text) known = text;
   return known;

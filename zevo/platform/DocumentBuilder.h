@@ -32,7 +32,7 @@ class DocumentBuilder final : public ParserHandler {
 
  private:
   Element Open() const { return open_.empty() ? Element() : open_.back(); }
-  // Apart from what every element takes.
+  // Kept apart from the code that every element runs through.
   [[gnu::noinline]] void AppendAttributes(std::span<const ParsedAttribute> attributes);
   void EndText();
   std::string_view Shared(std::string_view text);
@@ -43,7 +43,7 @@ class DocumentBuilder final : public ParserHandler {
   char* text_ = nullptr;
   size_t length_ = 0;
   size_t room_ = 0;
-  // White space between elements, by length: it is the same again and again.
+  // The last white space between elements of each length: indentation repeats itself, so equal ones share one text.
   std::array<std::string_view, 64> white_space_;
 };
 

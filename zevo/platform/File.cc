@@ -51,13 +51,13 @@ std::string Reason(int systemError, const std::string& name) {
   throw MakeRunTimeError(NumberFor(systemError), Reason(systemError, name));
 }
 
-// A new file that is not found lacks its folder.
+// Where a file to be created is "not found", it is its folder that is missing.
 [[noreturn]] void FailToCreate(int systemError, const std::string& name) {
   if (systemError == ENOENT) throw MakeRunTimeError(RunTimeError::kPathNotFound, Reason(systemError, name));
   Fail(systemError, name);
 }
 
-// The system would take what stands before a NUL for the whole name.
+// The system would end the name at a NUL.
 bool IsName(const std::string& name) { return name.find('\0') == std::string::npos; }
 
 const std::string& RequireName(const std::string& name) {
@@ -72,8 +72,8 @@ std::string NameOf(const std::filesystem::path& path) {
   return std::string(name.begin(), name.end());
 }
 
-// The file that a name leads to, there or not, so that replacing it does not turn a link into a file. As many links are
-// followed as Linux follows.
+// The file that a name leads to through links, whether or not it exists: a replacement goes there and leaves the links.
+// Follows as many links as Linux does.
 std::string Resolved(const std::string& name) {
   std::filesystem::path path = PathOf(RequireName(name));
   std::error_code error;
@@ -96,7 +96,7 @@ std::string FolderOf(const std::string& name) {
   return folder.empty() ? "." : folder;
 }
 
-// The names of temporary files, such as zevo-4711-0.tmp: of the process and, in it, of the replacement.
+// Names of temporary files, such as zevo-4711-0.tmp: the number of the process, then that of the replacement within it.
 constexpr std::string_view kTemporaryStart = "zevo-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
 
@@ -120,8 +120,8 @@ bool IsTemporaryName(std::string_view name) {
   return dash != std::string_view::npos && is_number(name.substr(0, dash)) && is_number(name.substr(dash + 1));
 }
 
-// Deletes what processes that died in the middle of a save left beside a target. That fails in silence: the files are
-// in nobody's way.
+// Deletes what processes that died in the middle of a save left beside a target. Failures are ignored: such files do no
+// harm.
 void DeleteAbandoned(const std::string& target) {
   constexpr size_t kMost = 1000;
   for (const std::string& name : NamesIn(FolderOf(target), IsTemporaryName, kMost)) {
@@ -203,7 +203,7 @@ void OutputFile::Close() {
   RequireWhole();
 }
 
-// In braces, the name is copied before anything is opened.
+// Braces fix the order: the name is copied before anything is opened, so no descriptor is lost when memory runs out.
 FileReplacement::FileReplacement(const std::string& name)
     : target_(Resolved(name)), output_{std::string(target_), OpenOutput()} {}
 
@@ -214,7 +214,7 @@ int FileReplacement::OpenOutput() {
     if (descriptor < 0) Fail(errno, target_);
     return descriptor;
   }
-  // Renaming would get around the protection of a file that may not be written.
+  // Renaming needs no right to write the old file, so that is checked here.
   if (old_.exists && CheckWritable(target_) != 0) Fail(errno, target_);
   DeleteAbandoned(target_);
   return CreateTemporary();
@@ -222,7 +222,7 @@ int FileReplacement::OpenOutput() {
 
 int FileReplacement::CreateTemporary() {
   for (;;) {
-    // Not made from the target's name, which may be as long as a name can be.
+    // Not the target's name with something added: that may be as long as a name can be already.
     temporary_ = Beside(target_, NewTemporaryName());
     const int descriptor = Open(temporary_, old_.exists ? OpenMode::kCreatePrivate : OpenMode::kCreate);
     if (descriptor >= 0) {
@@ -250,7 +250,7 @@ void FileReplacement::Commit() {
   if (ChangeHeldName(hold_, temporary_, target_) != 0) Fail(errno, target_);
   temporary_.clear();
   if (hold_ >= 0) CloseDescriptor(std::exchange(hold_, -1));
-  // The content is safe by now: a folder that cannot be flushed only delays when the new name is seen after a crash.
+  // The content is on the disk by now. Where a folder cannot be flushed, a crash may only bring back the old file.
   FlushFolder(folder);
 }
 

@@ -124,7 +124,7 @@ class FileReplacement : public ByteSink {
   std::string target_;
   FileStatus old_;
   std::string temporary_;  // empty when the target is written to directly
-  int hold_ = -1;          // on the temporary file; -1 where the system cannot hold files
+  int hold_ = -1;          // see Hold; -1 where the system cannot hold files
   OutputFile output_;
 };
 

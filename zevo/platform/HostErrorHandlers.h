@@ -7,8 +7,8 @@ struct _xmlError;  // NOLINT(bugprone-reserved-identifier): libxml2's name
 namespace zevo {
 
 /// Puts libxml2's error handlers of this thread, which the host may have set, aside for as long as it lives, and then
-/// back. What libxml2 reports to nobody in particular, such as of regular expressions, goes nowhere meanwhile; else it
-/// would be printed, or reach a host that knows nothing of it. To be destroyed by the thread that made it.
+/// back. Errors that libxml2 reports only to them, such as those of regular expressions, are dropped meanwhile; they
+/// would be printed otherwise, or reach a host that does not expect them. To be destroyed by the thread that made it.
 class HostErrorHandlers {
  public:
   HostErrorHandlers();

@@ -7,7 +7,7 @@
 
 namespace zevo {
 
-// Letter case of the letters that Windows-1252 has; others stand for themselves. Texts are UTF-8.
+// Letter case of the letters that Windows-1252 has; all other characters have none. Texts are UTF-8.
 
 std::string FoldCase(std::string_view text);
 

@@ -26,7 +26,7 @@ class NameNumbers {
     uint32_t number;  // 0 where there is none
   };
 
-  // Where a name lies in memory is up to who made the file; where it lies here is not.
+  // A file can influence the addresses of its names, but not the multiplier that mixes them.
   size_t HomeOf(const char* local, const char* prefix) const {
     const uint64_t both = reinterpret_cast<uintptr_t>(local) + uint64_t{31} * reinterpret_cast<uintptr_t>(prefix);
     return static_cast<size_t>(both * multiplier_ >> 32) & mask_;

@@ -11,7 +11,8 @@
 namespace zevo {
 namespace {
 
-// A quick hash. Anyone can make names for which it is the same, so nothing is searched for by it.
+// A quick hash for the cache of recent answers only. A file can be made whose names all have the same one, so no search
+// may depend on it.
 size_t QuickHash(std::string_view text) {
   uint64_t hash = text.size();
   ForEachWord(text, [&](uint64_t word) {
@@ -73,7 +74,7 @@ uint32_t NameTable::Insert(std::string_view text) {
 }
 
 void NameTable::Grow() {
-  // Made first: for want of memory nothing is lost.
+  // Made before anything changes: if memory runs out here, the old slots are still in place.
   std::vector<uint32_t> slots(slots_.size() * 2);
   slots_.swap(slots);
   for (uint32_t name = 1; name < entries_.size(); ++name) slots_[SlotOf(entries_[name].text)] = name;

@@ -17,7 +17,7 @@ namespace zevo {
 class NameTable {
  public:
   static constexpr uint32_t kNone = 0;
-  /// As many names as a node has room to number.
+  /// The greatest number that a node has room for.
   static constexpr uint32_t kMostNames = (1U << 24) - 1;
 
   explicit NameTable(std::span<const std::string_view> first);
@@ -32,7 +32,8 @@ class NameTable {
   }
   void ForgetParsed() { parsed_.clear(); }
 
-  /// Whether it is known to be ASCII and to have no prefix, as the names that the table started with are, or no name.
+  /// Whether a name is one of the first that the table started with, all of them ASCII without a prefix, or no name.
+  /// Others may be so too.
   bool IsPlain(uint32_t name) const { return name <= plain_; }
   std::string_view Text(uint32_t name) const { return entries_[name].text; }
   /// The name without its prefix; the name itself when it has none.
@@ -57,9 +58,9 @@ class NameTable {
   std::vector<Entry> entries_;
   std::deque<std::string> texts_;
   std::vector<uint32_t> slots_;  // open addressing by the keyed hash of the text
-  // The names that were found last, by a hash that takes no time.
+  // A cache of recent answers, by QuickHash.
   mutable std::array<uint32_t, 1024> asked_{};
-  std::vector<uint32_t> parsed_;  // the names of the parse by their numbers there
+  std::vector<uint32_t> parsed_;  // the name for each number given to AddParsed
 };
 
 }  // namespace zevo

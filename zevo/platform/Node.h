@@ -19,8 +19,8 @@ enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, k
 struct Node {
   uint32_t parent;
   uint32_t next;
-  // One word, not bit-fields: those are stored in pieces, and to read back as a whole what was stored in pieces takes a
-  // processor longer than all else that a new node takes.
+  // One word, not bit-fields: those are stored in pieces, and a processor that reads a word just stored in pieces
+  // stalls for longer than all else takes that is done for a new node.
   uint32_t tag;
 
   static constexpr uint32_t kNameMask = NameTable::kMostNames;
@@ -29,7 +29,8 @@ struct Node {
   static constexpr uint32_t kHoldsText = 1U << 27;
   static constexpr uint32_t kPrefixed = 1U << 28;  // the name has a prefix
   static constexpr uint32_t kShortShift = 29;      // one more than the length of a short node's text
-  // The greatest lengths of a text in the bits of the name, which a text node has not, and behind the node.
+  // The greatest lengths of a text that lies in the bits for the name, as a text node has no name, and of one that lies
+  // behind the node.
   static constexpr size_t kShortest = 3;
   static constexpr size_t kShortText = 4;
 
@@ -39,7 +40,7 @@ struct Node {
   /// A text node has none.
   uint32_t Name() const { return tag & kNameMask; }
   NodeKind Kind() const { return static_cast<NodeKind>((tag & kKindMask) >> kKindShift); }
-  /// Otherwise it has children, or none.
+  /// Whether it holds a text itself; if not, it may have children.
   bool HoldsText() const { return (tag & kHoldsText) != 0; }
   bool IsPrefixed() const { return (tag & kPrefixed) != 0; }
   bool IsShort() const { return (tag >> kShortShift) != 0; }

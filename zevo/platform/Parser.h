@@ -34,7 +34,7 @@ struct ParsedAttribute {
 };
 
 /// Receives the content of a file in its order. Texts are UTF-8, entities are resolved, line ends are LF, and a long
-/// text may come in pieces. What a handler throws stops the parse and leaves Parse as it is.
+/// text may come in pieces. What a handler throws stops the parse and comes out of Parse unchanged.
 class ParserHandler {
  public:
   virtual ~ParserHandler() = default;
@@ -55,8 +55,8 @@ class Parser {
   /// Parses, once, what comes from elsewhere than a file. `input` must outlive the parser.
   explicit Parser(ByteSource& input) : input_(&input) {}
 
-  /// Gives what stopped the parse before the end: a file that cannot be read, is not well-formed or is refused, because
-  /// it has a document type declaration or goes beyond ParserLimits. Raises
+  /// Gives what stopped the parse before the end, nothing when the whole file was parsed: a file that cannot be read,
+  /// is not well-formed or is refused, because it has a document type declaration or goes beyond ParserLimits. Raises
   /// error 7 when libxml2 has no memory, and what the handler raises.
   [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler) { return Parse(handler, nullptr, {}); }
 

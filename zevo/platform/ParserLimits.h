@@ -42,8 +42,8 @@ class ParserLimits {
     text_ += length;
     if (text_ > kText) RefuseText();
   }
-  /// The bytes that the parser was given since the last event, while it is in a tag: with what it reads ahead they are
-  /// more than it has looked at.
+  /// `given` are the bytes that the parser got since the last event, while it is in a tag. It reads ahead, so they may
+  /// be more than belong to the tag.
   static void CheckUnfinishedTag(size_t given) {
     if (given > kStartTag + kReadAhead) RefuseTag();
   }

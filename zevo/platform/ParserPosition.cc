@@ -28,7 +28,7 @@ FilePlace ParserPosition::PlaceOfMore() {
   FilePlace place = Place();
   const xmlParserInput* const input = Input();
   if (input == nullptr) return place;
-  // While the parser asks for bytes, its pointers may be into a buffer that has been replaced by a larger one.
+  // While the parser asks for bytes, its pointers may still point into a buffer that was replaced by a larger one.
   const xmlChar* const content = xmlBufContent(input->buf->buffer);
   const xmlChar* const end = content + xmlBufUse(input->buf->buffer);
   for (const xmlChar* c = content + (input->cur - input->base); c < end; ++c) {

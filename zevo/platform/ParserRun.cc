@@ -54,7 +54,7 @@ std::span<const ParsedAttribute> ParserRun::Attributes::Collect(ParserLimits& li
   return collected_;
 }
 
-// libxml2 hands over an ampersand as a reference here.
+// In an attribute libxml2 hands over an ampersand as a reference.
 std::string_view ParserRun::Attributes::WithAmpersands(std::string_view value) {
   if (value.find('&') == std::string_view::npos) return value;
   return changed_.emplace_back(ReplaceAll(value, "&#38;", "&"));
@@ -118,7 +118,7 @@ void ParserRun::Begin(xmlParserCtxt* parser, xmlSchemaValidCtxt* validation) {
   parser_.reset(parser);
   position_.Watch(*parser);
   parser->_private = this;
-  // The bytes are UTF-8 by now, whatever the declaration or their beginning says.
+  // The decoder has made UTF-8 of the bytes, whatever their declaration or their byte order mark says.
   parser->encoding = xmlStrdup(BAD_CAST "UTF-8");
   xmlCtxtUseOptions(parser, XML_PARSE_NONET | XML_PARSE_IGNORE_ENC);
   if (validation == nullptr) return;
@@ -132,7 +132,7 @@ int ParserRun::Deliver(char* buffer, int size) {
   size_t length = 0;
   Guard([&] {
     if (parser_) {
-      // The parser asks for bytes in the middle of a tag as well: without this it would first read all of it.
+      // A tag is limited while it is read: its own event comes only at its end, after all of it is in memory.
       if (InTag()) ParserLimits::CheckUnfinishedTag(delivered_ - event_end_);
       CheckDeclarations();
     }
@@ -186,11 +186,11 @@ void ParserRun::OnText(const xmlChar* text, int length, bool cdata) {
   });
 }
 
-// A validation that listens in puts itself in front of the user data, so the run is found by the parser.
+// A validation that listens in replaces the user data by its own, so the run is found through the parser.
 void ParserRun::OnParserError(void*, xmlErrorPtr error) {
   auto* const parser = static_cast<xmlParserCtxt*>(error->ctxt);
   if (parser == nullptr || parser->_private == nullptr) return;
-  // A namespace may have any name. libxml2 says this too where it had no memory to look whether the name is a URI.
+  // A namespace may have any name, be it no URI. libxml2 also gives this error where it has no memory to check that.
   if (error->level < XML_ERR_ERROR || error->code == XML_WAR_NS_URI) return;
   Of(parser->_private).FailAsIllFormed(error->code, ReasonOf(*error));
 }

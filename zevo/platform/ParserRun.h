@@ -67,7 +67,7 @@ class ParserRun {
     std::deque<std::string> changed_;
   };
 
-  // libxml2 makes a document for the entities that a file declares, and forgets it where the file breaks off.
+  // libxml2 makes a document for the entities that a file declares, and does not free it where the file breaks off.
   struct FreeParser {
     void operator()(xmlParserCtxt* parser) const {
       xmlFreeDoc(parser->myDoc);
@@ -80,7 +80,8 @@ class ParserRun {
   // Runs what may throw between libxml2's frames, which no exception may cross.
   template <class Action>
   void Guard(Action&& action);
-  // The same for an event of the parser, with the bytes since the one before.
+  // The same for an event of the parser. `action` gets the run and the bytes since the last event. Does nothing once
+  // the run has stopped.
   template <class Action>
   void GuardEvent(Action&& action);
 
@@ -93,7 +94,7 @@ class ParserRun {
   static void OnViolation(void* self, xmlErrorPtr error);
   void TellViolation(const xmlError& error);
 
-  // libxml2 counts two pointers for each declaration, also while it is still in the tag.
+  // libxml2 keeps two pointers for each declaration, those of an unfinished tag included.
   void CheckDeclarations() const { ParserLimits::CheckDeclarations(parser_->nsNr / 2); }
   bool InTag() const;
 
@@ -111,7 +112,7 @@ class ParserRun {
     if (!std::exchange(stopped_, true)) thrown_ = std::move(thrown);
   }
 
-  // Where the parser is or, when decoding stopped, the byte that stopped it.
+  // Where the parser is or, once decoding has stopped, where the byte is that stopped it.
   FilePlace Place();
 
   TextDecoder& decoder_;

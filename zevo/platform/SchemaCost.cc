@@ -12,12 +12,12 @@ namespace {
 
 bool IsModelGroup(std::string_view name) { return IsOneOf(name, {"sequence", "choice", "all", "group"}); }
 
-// Facets whose values are values of the type that is restricted.
+// Facets whose values must be valid for the type that is restricted: libxml2 validates each.
 bool HasValueOfBase(std::string_view facet) {
   return IsOneOf(facet, {"enumeration", "minInclusive", "maxInclusive", "minExclusive", "maxExclusive"});
 }
 
-// Nothing of a definition that leads back to itself, which is an error of its own that libxml2 finds.
+// What is known of a definition; empty for one that leads back to itself, which libxml2 refuses.
 template <class Value>
 Value KnownOf(const std::unordered_map<const Node*, Value>& known, Element definition) {
   const auto found = known.find(definition.node());
@@ -33,7 +33,8 @@ SchemaCost::SchemaCost(Element schema, const SchemaReferences& references)
   ForEachElement(schema, [&](Element element) { Weigh(element); });
 }
 
-// How many elements may stand for another, also by way of others: members come before their heads.
+// Counts how many elements may stand for each other one, directly or through others. The order is followed backwards,
+// so that members come before their heads.
 void SchemaCost::CountSubstitutions() {
   double pairs = 0;
   const std::vector<Element>& order = references_.InOrder();
@@ -56,7 +57,7 @@ void SchemaCost::Measure(Element definition) {
   if (IsOneOf(kind, {"simpleType", "complexType"})) scopes_.emplace(definition.node(), ScopeOf(definition));
 }
 
-// Content models, patterns and values: what makes work of its own.
+// Adds what an element costs: a content model, a pattern or values to be validated.
 void SchemaCost::Weigh(Element element) {
   const std::string_view name = element.Name();
   if (name == "complexType") {
@@ -156,7 +157,7 @@ SchemaCost::Scope SchemaCost::ScopeOf(Element type) const {
   return scope;
 }
 
-// That of the types which a restriction, a list or a union is made of.
+// The scope of the types that a restriction, a list or a union is made of.
 SchemaCost::Scope SchemaCost::BaseOf(Element variety) const {
   Scope scope;
   for (const std::string_view attribute : kBaseAttributes) {
@@ -191,7 +192,7 @@ void SchemaCost::SpendOnAutomaton(const AutomatonSize& size, Element within) {
     throw SchemaLimits::Passed{
         "repete em mais de 8 sítios do mesmo conteúdo, ou do mesmo padrão, o que pode estar vazio", within};
   }
-  // Wildcards take longer to compare, and more ways from state to state are more to compare.
+  // Wildcards take longer to compare, and each repetition of empty parts adds transitions to compare.
   const double ways = (size.EmptyRepetitions() + 1.0) * (size.Letters() > size.States() ? 2 : 1);
   Spend(size.Comparisons() * ways * 6.5e-9 + size.States() * 1e-6, size.Transitions() * 70 + size.States() * 450);
 }
@@ -201,11 +202,11 @@ void SchemaCost::SpendOnModel(const Model& model, Element type) {
     throw SchemaLimits::Passed{"tem um conteúdo de mais de 500 elementos", type};
   }
   SpendOnAutomaton(model.size, type);
-  // A table of every state and every name.
+  // libxml2 makes a table with a cell for every state and every name.
   Spend(0, (model.size.States() + 1) * (model.size.Letters() + 1) * 12);
 }
 
-// libxml2 tries every way through a pattern, up to so many steps.
+// libxml2 tries every way through a pattern, up to kMostSteps steps.
 void SchemaCost::SpendOnValue(std::string_view value, const Scope& scope) {
   constexpr double kMostSteps = 1e7;
   const auto length = static_cast<double>(value.size());

@@ -30,7 +30,7 @@ class SchemaCost {
     double particles = 0;
   };
 
-  // What a value of a simple type is looked up in.
+  // What a value of a simple type is validated against.
   struct Scope {
     double types = 0;  // and their facets
     double patterns = 0;

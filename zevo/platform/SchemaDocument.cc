@@ -47,7 +47,7 @@ class Declarations : public ParserHandler {
   void Characters(std::string_view) override {}
 
  private:
-  // What a prefix stands for in an element and all that is in it. Names last as long as the parse.
+  // What a prefix means in an element and all that is inside it. The texts of names last as long as the parse.
   struct Binding {
     std::string_view prefix;
     bool of_schemas;
@@ -56,7 +56,9 @@ class Declarations : public ParserHandler {
 
   static constexpr std::string_view kDeclaration = "xmlns";
 
-  // The same name may be one of the schema's here and a foreign one there, as its prefix goes: numbers are given anew.
+  // The parser gives a name one number, but its prefix may mean XML Schema here and something else there; and elements
+  // lose their prefixes. So the numbers for the builder are made here: 1 for all foreign elements, even ones for
+  // elements of the schema, odd ones for attributes.
   static constexpr uint32_t kForeignNumber = 1;
   static uint32_t ElementNumber(uint32_t parsed) { return parsed * 2; }
   static uint32_t AttributeNumber(uint32_t parsed) { return parsed * 2 + 1; }

@@ -8,9 +8,9 @@
 
 namespace zevo {
 
-/// Fills an empty document with the declarations of a schema. The elements of XML Schema's namespace have their local
-/// names there, whatever their prefix; others are there, but have a name that no element of a schema has. Attributes
-/// with a prefix, texts and comments are left out. Raises what the parser raises, with the source `errorSource`.
+/// Fills an empty document with the declarations of a schema. Elements of XML Schema's namespace get their local names,
+/// whatever their prefix; all others get one name that no element of a schema has. Attributes with a prefix, texts and
+/// comments are left out. Raises what the parser raises, with the source `errorSource`.
 void LoadSchemaDocument(std::string_view bytes, std::string_view errorSource, Document& document);
 
 }  // namespace zevo

@@ -10,7 +10,7 @@
 namespace zevo {
 namespace {
 
-// Nothing else can be referred to. There are as many names of elements as a schema likes.
+// References lead to nothing else. A schema may have definitions of any number of other, unknown kinds.
 bool MayBeReferredTo(Element definition) {
   return IsOneOf(definition.Name(), {"element", "attribute", "simpleType", "complexType", "group", "attributeGroup"});
 }
@@ -88,7 +88,7 @@ void SchemaReferences::RequireShortChains() {
   }
 }
 
-// Once all that it refers to is finished, save what leads back to it.
+// Sums up a definition once all that it refers to is finished, except what leads back to it.
 void SchemaReferences::Finish(Definition& definition) {
   for (const auto& [to, depth, takesIn] : definition.references) {
     if (to->state != Definition::State::kDone) continue;

@@ -14,17 +14,18 @@
 namespace zevo {
 
 /// The definitions of a schema, what is directly under its root, and how they refer to each other. Chains of references
-/// may be long, so nothing here calls itself.
+/// may be long, so no function here is recursive.
 class SchemaReferences {
  public:
-  /// Throws SchemaLimits::Passed where chains of references are too long, or what comes out, where definitions are put
-  /// for each other's names, is too large. `schema` is the root of a document that must outlive this.
+  /// Throws SchemaLimits::Passed where a chain of references is too long, or where there would be too many elements
+  /// once every reference is replaced by the definition it names. `schema` is the root of a document that must outlive
+  /// this.
   explicit SchemaReferences(Element schema);
   SchemaReferences(const SchemaReferences&) = delete;
   SchemaReferences& operator=(const SchemaReferences&) = delete;
 
-  /// All definitions, what is referred to before what refers to it. Where references lead in a circle, one of them is
-  /// left out of account.
+  /// All definitions, each after those that it refers to. Where references lead in a circle, the one that closes it
+  /// does not count.
   const std::vector<Element>& InOrder() const { return order_; }
 
   /// The first definition of a name whose kind is one of `kinds`, such as "simpleType", or nothing. The name may have a
@@ -36,7 +37,7 @@ class SchemaReferences {
     struct Reference {
       Definition* to;
       int depth;      // of the element that refers
-      bool takes_in;  // what it refers to is put for it
+      bool takes_in;  // the reference is replaced by the definition: a group, a base type
     };
     enum class State { kUnseen, kOpen, kDone };
 
@@ -44,7 +45,7 @@ class SchemaReferences {
     std::vector<Reference> references;
     State state = State::kUnseen;
     size_t next = 0;  // the reference to follow
-    // With what is referred to. Before that, without.
+    // Of the definition alone until it is finished; then with all that it refers to.
     int chain = 0;
     int nesting = 0;
     double elements = 0;

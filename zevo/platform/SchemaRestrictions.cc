@@ -60,7 +60,7 @@ void RequireModestCost(Element schema) {
 
 void RequireModestSchema(const Document& document, std::string_view targetNamespace, std::string_view errorSource) {
   const Element schema = document.Root();
-  // Whatever else it may be, libxml2 refuses it.
+  // What is no schema is left to libxml2, which refuses it.
   if (schema.Name() != "schema") return;
   try {
     RequireNamespace(schema, targetNamespace);

@@ -156,7 +156,7 @@ std::vector<Element> Selection::All(Element base) const {
 Element SelectFirst(Element base, std::string_view name, std::string_view query) {
   const NameTable& names = base.Owner().Names();
   const uint32_t number = names.Find(name);
-  // A local name that the document holds needs no further look.
+  // A local name that the document knows needs no expression to be parsed.
   if (query.empty() && number != NameTable::kNone && names.Local(number) == number) {
     return base.Owner().FirstChild(base, number);
   }

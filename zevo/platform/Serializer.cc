@@ -74,7 +74,7 @@ const Kinds& KindsFor(Escapes escapes) {
   return kAll[static_cast<size_t>(escapes)];
 }
 
-// What needs no look at single characters, however a text is escaped and encoded.
+// Bytes that are written as they are, however a text is escaped and encoded.
 using PlainBytes = ByteScan<StopBytes<0x20, true, '&', '<', '>', '"'>>;
 
 class StringSink : public ByteSink {
@@ -98,7 +98,7 @@ Serializer::Serializer(ByteSink& sink, Encoding encoding)
 
 void Serializer::Flush() {
   const std::string_view bytes(buffer_.get(), used_);
-  // While the sink refuses, the buffer counts as full: whatever is written next meets the sink again.
+  // The buffer counts as full until the sink has taken it: if the sink throws, the next write calls it again.
   used_ = kBufferSize;
   sink_.Write(bytes);
   used_ = 0;
@@ -241,7 +241,8 @@ void Serializer::Close(const Document& document, const Node* node) {
   WriteAscii(">");
 }
 
-// A reference means nothing inside a section, so the section is interrupted for it.
+// A character that Windows-1252 lacks is written as a reference, which means nothing inside a CDATA section: the
+// section is closed before it and begun again after it.
 void Serializer::WriteCData(std::string_view text) {
   constexpr std::string_view kStart = "<![CDATA[";
   constexpr std::string_view kEnd = "]]>";

@@ -24,7 +24,7 @@ enum class OpenMode {
 struct FileStatus {
   bool exists = false;
   bool regular = false;  ///< neither a folder nor a device
-  // Who may do what; 0 where the system keeps that elsewhere.
+  // Owner, group and permissions; 0 where the system has them in another form.
   unsigned mode = 0;
   unsigned owner = 0;
   unsigned group = 0;
@@ -32,7 +32,7 @@ struct FileStatus {
 
 FileStatus StatusOf(const std::string& name);
 
-/// 0 when the file may be written, by what protects the file itself.
+/// 0 when the permissions of the file itself allow writing to it.
 int CheckWritable(const std::string& name);
 
 /// The descriptor of the open file. The standard input, by its name, is read on from where it stands.
@@ -47,9 +47,9 @@ std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size);
 std::ptrdiff_t WriteSome(int descriptor, const char* bytes, size_t size);
 
 /// Gives an open file, which must be private until then, the owner and the group of another, as far as this process
-/// may, and its permissions. Nobody gets more of them than the other file gave him: what was its group's goes to the
-/// group of the open file only where that is the same. To run as the owner or the group is no permission that is passed
-/// on.
+/// may, and its permissions. Nobody gets more of them than the other file gave him: the permissions of its group are
+/// given to the group of the open file only where that is the same group. The bits that run a program as its owner or
+/// its group are never passed on.
 int SetPermissions(int descriptor, const FileStatus& like);
 
 /// Waits until the bytes are on the disk.
@@ -59,7 +59,7 @@ int CloseDescriptor(int descriptor);
 int DeleteName(const std::string& name);
 /// Another file of the new name is replaced, in one step.
 int ChangeName(const std::string& from, const std::string& to);
-/// Puts names that changed in a folder on the disk, where the system can be told to and as far as it does.
+/// Flushes the names in a folder to the disk, where the system can do that. Failures are ignored.
 void FlushFolder(const std::string& name);
 
 /// The name that opens the process's standard input, whatever stands behind it; empty where there is none.
@@ -68,12 +68,12 @@ std::string_view StandardInputName();
 /// Some of a folder's names, at most so many; none when it cannot be read.
 std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::string_view name), size_t most);
 
-// A process holds the temporary file that it writes, until it ends, in whatever way. What nobody holds was left behind
-// by a process that died, on this machine or another.
+// A process holds (locks) the temporary file that it writes for as long as it lives. A temporary file that nobody holds
+// was left behind by a process that died, on this machine or another.
 
 /// Holds a file that was just created, under a name that is used only once: gives a descriptor to be closed when the
-/// file has its final name or none. -1 with EEXIST where another process took the file for one left behind, in the
-/// moment before; with another reason where the system cannot hold files.
+/// file has its final name or none. Gives -1 with EEXIST where another process, just before, took the file for one left
+/// behind, and -1 with another reason where the system cannot hold files.
 int Hold(int descriptor, const std::string& name);
 /// Renames and deletes a file that is held, or could not be (-1).
 int ChangeHeldName(int hold, const std::string& from, const std::string& to);

@@ -39,7 +39,7 @@ constexpr std::array<Utf8Sequence, 128> MakeUpperHalf() {
 constexpr auto kWindows1252Sequences = MakeUpperHalf<true>();
 constexpr auto kLatin1Sequences = MakeUpperHalf<false>();
 
-// What needs no decoding: ASCII but for NUL.
+// Bytes that need no decoding: ASCII but for NUL.
 using AsciiButNul = ByteScan<StopBytes<0x01, true>>;
 
 // Copies the run of bytes that are not NUL.

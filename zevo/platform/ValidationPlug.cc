@@ -10,12 +10,13 @@
 namespace zevo {
 
 ValidationPlug::ValidationPlug(xmlParserCtxt& parser, xmlSchemaValidCtxt& validation) : parser_(parser) {
-  // Deeper elements are refused, so that nothing is thrown where libxml2 calls.
+  // The parser refuses files before they get so deep: StartElement, which libxml2 calls, never has to allocate and
+  // throw.
   open_.reserve(size_t{2} * ParserLimits::kDepth);
   const xmlStructuredErrorFunc errors = parser.sax->serror;
   plug_ = xmlSchemaSAXPlug(&validation, &parser.sax, &parser.userData);
   if (plug_ == nullptr) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
-  // The plug takes over all of the handler but this.
+  // The plug puts a handler of its own in place, which passes on all but this.
   parser.sax->serror = errors;
 }
 

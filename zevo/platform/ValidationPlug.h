@@ -10,8 +10,8 @@
 namespace zevo {
 
 /// Has a schema validation listen in on a parser for as long as it lives. The handler, which gets its events first,
-/// tells which elements are open: what the validation keeps of an element it frees only where the element ends, which a
-/// parse that stops does not reach, so the end of the plug ends what is open then.
+/// tells which elements are open: the validation frees what it keeps of an element only where the element ends. A parse
+/// that stops does not get there, so the destructor ends all elements that are still open.
 class ValidationPlug {
  public:
   /// The parser and the validation must outlive this. Raises error 7 without memory.
@@ -24,7 +24,7 @@ class ValidationPlug {
   void StartElement(const xmlChar* local, const xmlChar* prefix, const xmlChar* uri) {
     open_.push_back({local, prefix, uri});
   }
-  /// None is open any more when the end of the plug ends them.
+  /// Does nothing without an open element: the destructor has none left when it ends them.
   void EndElement() {
     if (!open_.empty()) open_.pop_back();
   }

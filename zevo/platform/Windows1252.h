@@ -8,8 +8,8 @@
 
 namespace zevo {
 
-// The code page of the files. The five bytes that it leaves undefined are read as the C1 controls of the same number,
-// as on Windows, but never written: other software refuses them.
+// The code page of the files. Five bytes have no character there. They are read as the C1 controls of the same number,
+// as Windows does, but never written: other software refuses them.
 
 /// The characters of the bytes 0x80 to 0x9F; the other bytes stand for the character of the same number.
 inline constexpr std::array<char16_t, 32> kWindows1252Upper = {

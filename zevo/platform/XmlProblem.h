@@ -15,7 +15,7 @@ namespace zevo {
 
 /// What the parser or the validator has against a file or a schema.
 struct XmlProblem {
-  /// Whose fault it is: the file's, save for the last.
+  /// What is wrong. All but the last are faults of the file.
   enum class Fault {
     kUnreadable,     // the system does not give its bytes
     kNotWellFormed,  // its bytes are no XML, or mean nothing in its encoding

@@ -30,7 +30,7 @@ void SchemaChoice::Use() const {
 
 void SchemaChoice::RequireUsable() const {
   if (named_.empty()) return;
-  // The verdict on the file does not matter, so any file will do: the schema itself is there.
+  // Only the schema is of interest, so the schema itself serves as the file to validate: it is known to exist.
   AuditFile file;
   file.set_AuditFileName(named_);
   if (file.ValidateAuditFile() || !file.IsSchemaAtFault()) return;
@@ -41,7 +41,7 @@ void SchemaChoice::Fail(const AuditException& error) {
   const std::string location = Options().SchemaLocation();
   const std::string name = location.empty() ? "built-in schema" : location;
   AuditException unnamed = error;
-  // The library names the schema wherever it can.
+  // The name is added below, so the one that the library puts in front is cut off.
   if (const std::string prefix = name + ": "; error.Description().starts_with(prefix)) {
     unnamed.set_Description(std::string_view{error.Description()}.substr(prefix.size()));
   }

@@ -18,7 +18,7 @@ class SchemaChoice {
 
   /// Has the library use it. Fails when a schema is named that is not there.
   void Use() const;
-  /// Fails when the schema that the user names is no schema of an audit file: the library uses none then.
+  /// Fails when the schema that the user names is no schema of an audit file: the library would ignore it and use none.
   void RequireUsable() const;
   /// Fails with an error for which the schema in use is at fault.
   [[noreturn]] static void Fail(const AuditException& error);

@@ -10,7 +10,7 @@
 namespace zevo::saft {
 namespace {
 
-// What the two classes call differently.
+// Operations that have different names in the two classes.
 
 bool BeginEntries(AuditFile& file, const GeneralLedgerEntries& totals) {
   return file.CreateGeneralLedgerEntries(totals);
@@ -52,10 +52,10 @@ AuditFileOutput::~AuditFileOutput() {
   try {
     std::visit([](auto& file) { file.CloseAuditFile(); }, file_);
   } catch (...) {
-    // The file goes away.
+    // The file is deleted anyway.
   }
   std::error_code ignored;
-  // A device is there before and after.
+  // What is written to may be a device, which must not be deleted.
   if (std::filesystem::is_regular_file(unfinished_path_, ignored)) std::filesystem::remove(unfinished_path_, ignored);
 }
 
@@ -68,7 +68,8 @@ template <class Operation>
 void AuditFileOutput::Do(Operation&& operation, const Origin& origin) {
   Interruption::ThrowIfRequested();
   if (std::visit(operation, file_)) return;
-  // Anything but a text that XML cannot hold is the fault of the file or the disk.
+  // Error 5 is a text that XML cannot hold, which the row is to blame for. All others are faults of the file or the
+  // disk.
   if (Exception().Number() != static_cast<int32_t>(RunTimeError::kInvalidCall)) FailAtFile();
   throw Failure(origin.path, origin.row, Exception().Description());
 }

@@ -59,7 +59,7 @@ class AuditFileOutput {
 
   std::variant<AuditFile, AuditFileStreamWriter> file_;
   std::string path_;
-  std::filesystem::path unfinished_path_;  // made ahead: removing it needs no memory
+  std::filesystem::path unfinished_path_;  // as a path already, so that removing the file allocates nothing
   bool unfinished_ = false;
 };
 

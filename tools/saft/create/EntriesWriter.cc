@@ -64,7 +64,7 @@ void EntriesWriter::WriteSection(Journals& journals, Transactions& transactions)
     for (const size_t place : places[i]) {
       auto& [transaction, row] = table.Rows()[place];
       output_.Write(*transaction, *journal, {table.Path(), row});
-      transaction.reset();  // The file has it now; not both need the memory.
+      transaction.reset();  // Frees its memory: the file holds it from here on.
     }
   }
 }

@@ -68,7 +68,7 @@ void InvoicesWriter::WriteSection(Invoices& invoices) {
   output_.Begin(section);
   for (auto& [invoice, row] : invoices.Rows()) {
     output_.Write(*invoice, {invoices.Path(), row});
-    invoice.reset();  // The file has it now; not both need the memory.
+    invoice.reset();  // Frees its memory: the file holds it from here on.
   }
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// Blanks belong to their cell; the parser would strip them.
+// Given to the parser so that it does not strip blanks, which belong to their cell.
 int NothingIsBlank(unsigned char) { return 0; }
 
 std::string Cells(size_t count) { return std::to_string(count).append(count == 1 ? " cell" : " cells"); }
@@ -29,7 +29,7 @@ CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
   RequireRegularFile(path_);
   file_.open(path_, std::ios::binary);
   if (!file_) throw Failure(path_, std::strerror(errno));
-  // So that memory that runs out is not taken for a disk that cannot be read.
+  // Lets std::bad_alloc through, which would look like a read error otherwise.
   file_.exceptions(std::ios::badbit);
   if (csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_APPEND_NULL) != 0) throw std::bad_alloc();
   csv_set_space_func(&parser_, NothingIsBlank);
@@ -45,7 +45,7 @@ CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
   }
 }
 
-// Files have no spaces at the ends of texts.
+// The library trims all texts, so spaces at the ends of a cell mean nothing.
 std::string_view CsvFile::WithoutSpaces(std::string_view cell) {
   cell.remove_prefix(std::min(cell.find_first_not_of(' '), cell.size()));
   return cell.substr(0, cell.find_last_not_of(' ') + 1);
@@ -67,7 +67,7 @@ bool CsvFile::IsEmptyRow() const {
                      [](const std::string& cell) { return cell.empty(); });
 }
 
-// The parser tells no positions. It is given one line at a time, which ends one row at most.
+// The parser reports no positions, so it is given one line at a time: a line ends one row at most.
 bool CsvFile::ReadRow() {
   cell_count_ = 0;
   row_ended_ = false;
@@ -139,7 +139,7 @@ void CsvFile::CheckColumns() const {
   }
 }
 
-// What parts cells is ASCII: where the lines of a row are UTF-8, so are its cells.
+// Cells are separated by ASCII characters, so lines in UTF-8 have cells in UTF-8.
 void CsvFile::CheckText() const {
   if (is_utf8_) return;
   for (size_t column = 0; column < cell_count_; ++column) {

@@ -15,8 +15,8 @@
 
 namespace zevo::saft {
 
-/// What an audit file has otherwise than the dataset that it is made of: how much of each kind, and where the first few
-/// stand.
+/// How an audit file differs from the dataset that it is made of: how many differences there are of each kind, and
+/// where the first few are.
 class Alterations {
  public:
   /// A text that is longer than the schema allows, and what the property holds of it.
@@ -27,7 +27,7 @@ class Alterations {
   void AddLeftOut(const CsvFile& file, size_t column, size_t other);
   /// A row without a value.
   void AddEmptyRow(const CsvFile& file);
-  /// The totals that a section has for the sums of its entries, where they are other numbers: they have two decimals.
+  /// The totals of a section, where their two decimals make them differ from the sums of its entries.
   void AddTotals(std::string_view section, const Totals& sums);
 
   /// Whether there are numbers that the file does not hold as given.

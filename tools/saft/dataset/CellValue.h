@@ -23,12 +23,12 @@ PropertyValue ValueFromCell(const Property& property, std::string_view cell);
 /// The value of a property that is a count. Throws `BadValue`.
 int32_t CountFromCell(std::string_view cell);
 
-/// The text of a plain property's value as an audit file has it, for which it is written in a form: some amounts pass
-/// through single precision.
+/// The text of a plain property's value in an audit file. To get it, the value is written as the file would be: some
+/// amounts pass through single precision.
 std::string WrittenText(const Property& property, TextForm form, const PropertyValue& value);
 
-/// Whether a number has so few digits that an audit file holds it as given, which is soon seen. One that has more may
-/// be held too: its `WrittenText` tells.
+/// A quick test: true when a number has so few digits that an audit file holds it as given. Where it is false, the file
+/// may hold it all the same: compare its `WrittenText`.
 bool HasFewDigits(const Property& property, TextForm form, std::string_view text);
 
 /// Whether a property is a number that may have decimals.

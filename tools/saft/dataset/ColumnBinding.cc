@@ -39,7 +39,7 @@ void ColumnBinding::Set(Record& record, const std::string& text) const {
   const PropertyValue value = ValueFromCell(*property_, text);
   Record* owner = &record;
   std::shared_ptr<Record> child;
-  // From the top: a child learns from its owner where it stands in the file.
+  // Begins at the outermost record: a child learns from its owner where it is in the file.
   for (const Property* property : children_) {
     child = Child(*property, *owner);
     if (!child) {

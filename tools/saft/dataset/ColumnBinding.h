@@ -21,7 +21,7 @@ class ColumnBinding {
   /// Sets the property from a cell's text, making the children on the way. Throws `BadValue`.
   void Set(Record& record, const std::string& text) const;
 
-  /// How the audit file has it.
+  /// The text of the property in the audit file.
   const zevo::WrittenForm& Form() const { return form_; }
   bool IsText() const { return property_->type == PropertyType::kText; }
   /// Whether it is a number that the audit file may not hold as a cell gives it.

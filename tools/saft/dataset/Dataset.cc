@@ -36,9 +36,9 @@ bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
   return std::ranges::equal(left, right, {}, &AsciiLower, &AsciiLower);
 }
 
-// The share of letters to put in, to take out or to change that make one name of the other, whatever their case.
+// The edit distance of two names, whatever their case, divided by the length of the longer one.
 double Distance(std::string_view from, std::string_view to) {
-  std::vector<size_t> row(to.size() + 1);  // of what is seen of `from`, to each beginning of `to`
+  std::vector<size_t> row(to.size() + 1);  // distances from the letters of `from` seen so far to each beginning of `to`
   std::iota(row.begin(), row.end(), 0);
   for (const char letter : from) {
     size_t before = row[0]++;

@@ -88,7 +88,7 @@ void RecordFile::Note(const Column& column, const Record& record) {
   }
 }
 
-// As the writer does, so that the totals are of what the file has.
+// Decides as the writer of the file does, so that totals are the sums of what it writes.
 void RecordFile::Decide(Record& record) {
   const auto isZero = [&](const Column& column) { return IsSameNumber(column.binding.Text(record), "0"); };
   for (const auto& [first, second] : rivals_) {

@@ -57,7 +57,7 @@ class RecordFile {
     ColumnBinding binding;
   };
 
-  /// Two columns of whose elements the file holds the first that is not 0.
+  /// Two columns of which the file holds only one: the first, unless it is 0.
   struct Rivals {
     size_t first;
     size_t second;

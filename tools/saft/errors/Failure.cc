@@ -10,7 +10,7 @@
 namespace zevo::saft {
 namespace {
 
-// The parser has the same number for something else.
+// The number alone does not tell: the parser uses it for something else.
 template <class LibraryError>
 bool IsOfMemory(const LibraryError& error) {
   return error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory) && error.Source() == kRunTimeSource;

@@ -4,7 +4,7 @@
 namespace zevo::saft {
 namespace {
 
-// A signal handler can reach nothing else.
+// Global because a signal handler has no other way to reach it.
 volatile std::sig_atomic_t requested = 0;  // the signal
 
 void Note(int signal) { requested = signal; }
@@ -25,7 +25,7 @@ Interruption::Interruption(During during) : noted_(during == During::kReading ? 
   requested = 0;
   for (size_t i = 0; i < noted_; ++i) {
     before_[i] = std::signal(kSignals[i], during == During::kReading ? &NoteOnce : &Note);
-    // Who starts a program in the background may have it ignore a signal.
+    // A signal that was ignored when the program started, as for one in the background, stays ignored.
     if (before_[i] == SIG_IGN) std::signal(kSignals[i], SIG_IGN);
   }
 }

@@ -51,7 +51,7 @@ class Interruption {
       SIGHUP,
 #endif
   };
-  size_t noted_;  // so many of the signals
+  size_t noted_;  // how many of the signals are noted
   std::array<Handler, kSignals.size()> before_{};
 };
 

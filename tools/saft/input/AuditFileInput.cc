@@ -18,7 +18,7 @@
 namespace zevo::saft {
 namespace {
 
-// Where the output is a pipe, another program may be drawing on the terminal.
+// No progress bar where the output is a pipe: the program at its other end may be writing to the same terminal.
 bool IsProgressWelcome(OutputWhile output) {
   struct stat standardOutput {};
   const bool piped = fstat(STDOUT_FILENO, &standardOutput) == 0 && S_ISFIFO(standardOutput.st_mode);
@@ -40,7 +40,8 @@ void AuditFileInput::Read(const Visitor& visit) {
   const auto size = std::filesystem::file_size(file_.AuditFileName(), unknown);
   if (!unknown) {
     if (IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
-    // Where a pipe or a terminal is read, a signal that is noted would only be seen once there is something to read.
+    // Signals are noted only for files of a known size: reading from a pipe or a terminal may wait, and the signal
+    // would be seen only after that.
     interruption.emplace(Interruption::During::kReading);
   }
   std::exception_ptr thrown;
@@ -58,7 +59,7 @@ void AuditFileInput::Read(const Visitor& visit) {
   const bool read = file_.ReadAuditFile();
   progress.reset();
   if (thrown) std::rethrow_exception(thrown);
-  // Without a reason it was only that some records could not be read, which the visitor knows.
+  // Without an exception only some records could not be read, and the visitor was told of those.
   if (!read && file_.AuditException()) Fail();
 }
 

@@ -37,7 +37,7 @@ Json ToJson(const Property& property, const Record& record) {
     case PropertyType::kCount:
       return std::get<int32_t>(value);
     case PropertyType::kSingle:
-      // Through its text: as a double it would have digits that the float does not have.
+      // Converted through its text: a double made of a float shows digits that the float does not have.
       return Json::parse(TextFromValue(property, value), nullptr, false);
     default:
       return TextFromValue(property, value);

@@ -22,11 +22,11 @@ Summary::Values ValuesOf(const Header& header) {
   return values;
 }
 
-// What is of no more interest than its number.
+// Kinds of which only the number is told.
 constexpr std::array kOnlyCounted{EntityKind::kGeneralLedger, EntityKind::kCustomer, EntityKind::kSupplier,
                                   EntityKind::kProduct};
 
-// The figures of a section, also of one whose entries stand outside of it.
+// The figures of a section, created where its entries come without the section around them.
 template <class Figures>
 Figures& Of(std::optional<Figures>& section) {
   return section ? *section : section.emplace();

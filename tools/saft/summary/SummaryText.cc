@@ -11,7 +11,7 @@
 namespace zevo::saft {
 namespace {
 
-// At least two decimals, so that points stand under each other where no amount has more.
+// Gives at least two decimals, so that the decimal points are aligned unless an amount has more.
 std::string Money(Amount amount) {
   std::string text = amount.Text();
   const size_t point = text.find('.');

@@ -16,7 +16,7 @@
 namespace zevo::saft {
 namespace {
 
-// The library does not tell a file that cannot be read from one that is not valid.
+// The library reports a file that cannot be read just as one that is not valid, so this is checked here.
 void RequireReadable(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (file) file.peek();

@@ -19,7 +19,8 @@ std::string LoadedFile() {
     const char* const name = static_cast<const link_map*>(loaded)->l_name;
     if (name != nullptr && *name != '\0') return name;
   }
-  // The program itself. Of that the loader tells how it was called, which is for anybody to choose.
+  // The code is part of the program itself. For that the loader gives the name by which it was called, which the caller
+  // chooses freely.
   std::error_code error;
   return std::filesystem::read_symlink("/proc/self/exe", error).string();
 }
@@ -28,7 +29,7 @@ std::string LoadedFile() {
 
 std::string CommonFilesFolder() { return {}; }
 
-// A relative path leads to wherever the process happens to stand.
+// A relative path depends on the current folder of the process.
 std::string LibraryFolder() {
   const std::string file = LoadedFile();
   return file.starts_with('/') ? file.substr(0, std::max<size_t>(file.rfind('/'), 1)) : std::string();

@@ -64,7 +64,7 @@ FileStatus StatusOf(const std::string& name) {
 int CheckWritable(const std::string& name) { return faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS); }
 
 int OpenDescriptor(const std::string& name, OpenMode mode) {
-  // Opened by its name it would be read from its beginning, and by who may open the file behind it alone.
+  // Opened by its name, the file behind it would be read from its beginning, and only by users who may open it.
   if (mode == OpenMode::kRead && name == StandardInputName()) return fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0);
   const mode_t permissions = mode == OpenMode::kCreatePrivate ? 0600 : 0666;
   return Uninterrupted([&] { return open(name.c_str(), FlagsOf(mode) | O_CLOEXEC, permissions); });
@@ -87,14 +87,15 @@ int SetPermissions(int descriptor, const FileStatus& like) {
   constexpr auto kSame = static_cast<uid_t>(-1);
   struct stat own {};
   if (fstat(descriptor, &own) != 0) return -1;
-  // The permissions come last: until then the file is open to its owner alone, whoever that is by now.
+  // The permissions come last: until then only the owner may open the file, be it the old or the new one.
   const bool same_group = own.st_gid == like.group || fchown(descriptor, kSame, like.group) == 0;
   if (own.st_uid != like.owner && fchown(descriptor, like.owner, kSame) != 0) {
-    // The file is then whose who saves it.
+    // Not allowed: the file then belongs to the user who saves it.
   }
   unsigned mode = like.mode;
   if (!same_group) {
-    // The old group are others now, and the new one were others before.
+    // Members of the old group count as others for the new file, and those of its group counted as others for the old
+    // file: both get what group and others had in common.
     const unsigned others = mode & (mode >> 3) & 07;
     mode = (mode & 0700) | others << 3 | others;
   }
@@ -105,7 +106,7 @@ int FlushToDisk(int descriptor) {
   return Uninterrupted([&] { return fsync(descriptor); });
 }
 
-// The descriptor is gone also when a signal interrupts its closing.
+// EINTR counts as success: the descriptor is closed then too.
 int CloseDescriptor(int descriptor) { return close(descriptor) == 0 || errno == EINTR ? 0 : -1; }
 
 int DeleteName(const std::string& name) { return unlink(name.c_str()); }
@@ -126,7 +127,7 @@ std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::
   const std::unique_ptr<DIR, CloseFolder> entries(opendir(folder.c_str()));
   if (!entries) return names;
   while (names.size() < most) {
-    // What is read belongs to the folder that was opened here, not to the process.
+    // readdir is safe with threads here: each call has its own DIR.
     const dirent* entry = readdir(entries.get());  // NOLINT(concurrency-mt-unsafe)
     if (entry == nullptr) break;
     if (wanted(entry->d_name)) names.emplace_back(entry->d_name);
@@ -134,7 +135,7 @@ std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::
   return names;
 }
 
-// The lock belongs to the open file, which ends with its last descriptor.
+// The lock lasts until the last descriptor of the open file is closed, so a second one keeps it.
 int Hold(int descriptor, const std::string& name) {
   const int hold = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
   if (hold < 0) return -1;
@@ -160,7 +161,7 @@ void DeleteUnlessHeld(const std::string& name) {
   if (descriptor < 0) return;
   struct stat file {};
   const bool ours = fstat(descriptor, &file) == 0 && S_ISREG(file.st_mode) && file.st_uid == geteuid();
-  // Asked only under the lock, so that the name cannot come to be another file's.
+  // The name is checked under the lock, so that it cannot become that of another file in between.
   if (ours && flock(descriptor, LOCK_EX | LOCK_NB) == 0 && IsOnlyNameOf(name, file)) unlink(name.c_str());
   close(descriptor);
 }

@@ -16,7 +16,7 @@ struct Calls {
   Calls(const Calls&) = delete;
   Calls& operator=(const Calls&) = delete;
   ~Calls() {
-    // In case a call asks for another one.
+    // A loop of this form because a call may add another one.
     while (!calls.empty()) {
       const Call call = calls.back();
       calls.pop_back();

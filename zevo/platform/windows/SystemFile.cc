@@ -69,8 +69,8 @@ int FailUnless(bool success) {
   return -1;
 }
 
-// Makes a call again while it fails because somebody has the file: scanners of viruses and indexers hold one for a
-// moment after it was written.
+// Repeats a call while it fails because another process has the file open: virus scanners and indexers do so for a
+// moment after a file was written.
 template <class Call>
 bool Patiently(Call&& call) {
   constexpr int kAttempts = 20;
@@ -118,7 +118,7 @@ int CheckWritable(const std::string& name) { return _waccess(WideFromUtf8(name).
 
 int OpenDescriptor(const std::string& name, OpenMode mode) {
   if (mode == OpenMode::kCreate || mode == OpenMode::kCreatePrivate) {
-    // So that it can be held, which forbids others to delete it.
+    // Needed by Hold, whose handle may delete the file.
     constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     return DescriptorOf(CreateFileW(WideFromUtf8(name).c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr),
@@ -164,7 +164,7 @@ std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::
   std::vector<std::string> names;
   WIN32_FIND_DATAW entry;
   const std::wstring all = WideFromUtf8(folder + "\\*");
-  // The short names of old are not asked for: they take the longest.
+  // FindExInfoBasic leaves out the short 8.3 names, which take the longest.
   const std::unique_ptr<void, CloseSearch> search(
       FindFirstFileExW(all.c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch, nullptr, 0));
   if (search.get() == INVALID_HANDLE_VALUE) return names;
@@ -175,8 +175,8 @@ std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::
   return names;
 }
 
-// Another handle, which may delete the file and does not share that. Renaming the file by its name would be deleting
-// it.
+// Opens a second handle that may delete the file and does not let others do so. Renaming by name counts as deleting, so
+// the file is renamed through this handle.
 int Hold(int descriptor, const std::string& name) {
   const std::wstring wide_name = WideFromUtf8(name);
   HANDLE hold = INVALID_HANDLE_VALUE;

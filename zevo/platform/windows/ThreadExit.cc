@@ -8,8 +8,8 @@
 #include <mutex>
 #include <new>
 
-// Objects of C++ that live as long as a thread would keep the library loaded until the thread ends, and have it unload
-// itself from inside. The system's own storage for threads has no hold on the library.
+// thread_local objects with destructors would keep the library loaded until the thread ends, and then have it unload
+// itself from inside. The system's own thread storage does not keep the library loaded.
 
 namespace zevo {
 namespace {

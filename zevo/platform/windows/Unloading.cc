@@ -5,7 +5,7 @@
 // After windows.h.
 #include <libxml/parser.h>
 
-// Its header has it only for its own build.
+// The header declares it only for the build of libxml2 itself.
 extern "C" int XMLCALL xmlDllMain(void* library, DWORD reason, void* reserved);
 
 namespace zevo {

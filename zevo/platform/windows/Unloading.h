@@ -13,7 +13,7 @@ void EndThread(void* library);
 /// Frees what is kept for every thread and for the process, as the library is unloaded.
 void EndLibrary(void* library);
 
-/// The part of that which `AtThreadExit` was told.
+/// The part of this that runs what was given to `AtThreadExit`.
 void RunThreadExits();
 
 }  // namespace zevo
