@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace zevo {
@@ -136,6 +137,8 @@ inline constexpr auto kElementNames = std::to_array<std::string_view>({
     "WebSite",
     "Website",
 });
+static_assert(std::ranges::adjacent_find(kElementNames, std::ranges::greater_equal{}) == kElementNames.end(),
+              "in alphabetical order, each once");
 
 /// One of those names; a literal that is none of them does not compile.
 class ElementName {
