@@ -854,6 +854,22 @@ TEST_P(LayoutTest, EachElementIsReadIntoItsOwnPropertyUnlessItIsLeftOut) {
   }
 }
 
+TEST_P(LayoutTest, TheLayoutOfEachRecordInItIsFoundByTheRecord) {
+  const auto record = Filled();
+  WalkProperties(*record, [](std::string_view path, const Property& property, const Record& owner) {
+    const auto layout = LayoutOf(owner);
+    EXPECT_EQ(std::ranges::count(layout, property.name, &LayoutRow::property), 1) << path;
+  });
+}
+
+TEST(LayoutEntitiesTest, AreTheKindsOfEntities) {
+  std::vector<std::string_view> kinds;
+  for (const EntityKind kind : EntityKinds()) kinds.push_back(zevo::NameOf(kind));
+  std::vector<std::string_view> entities;
+  for (const Entity& entity : kEntities) entities.push_back(entity.record);
+  EXPECT_EQ(entities, kinds);
+}
+
 INSTANTIATE_TEST_SUITE_P(Entities, LayoutTest, ::testing::ValuesIn(kEntities),
                          [](const auto& test) { return std::string(test.param.record); });
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <zevo/dal/LoadDocument.h>
+#include <zevo/model/EntityKind.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/Property.h>
 #include <zevo/platform/LetterCase.h>
@@ -9,6 +10,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -161,6 +163,22 @@ bool IsUnlimitedText(const PropertyRow& row) { return IsText(row) && row.limit =
 
 INSTANTIATE_TEST_SUITE_P(EveryRecord, PropertyTest, ::testing::ValuesIn(RecordClasses().begin(), RecordClasses().end()),
                          [](const auto& info) { return std::string(info.param.name); });
+
+TEST(RecordClassesTest, EveryKindOfEntityAndEveryChildHasAClass) {
+  std::set<const Property*> tables;
+  std::set<std::string_view> names;
+  for (const RecordClass& recordClass : RecordClasses()) {
+    tables.insert(recordClass.properties().data());
+    names.insert(recordClass.name);
+  }
+  for (const EntityKind kind : EntityKinds()) EXPECT_TRUE(names.contains(NameOf(kind))) << NameOf(kind);
+  for (const RecordClass& recordClass : RecordClasses()) {
+    for (const Property& property : recordClass.properties()) {
+      if (property.properties == nullptr) continue;
+      EXPECT_TRUE(tables.contains(property.properties().data())) << recordClass.name << "." << property.name;
+    }
+  }
+}
 
 TEST_P(PropertyTest, TheTableHoldsNamesAndTypesInSlotOrder) {
   const auto properties = GetParam().properties();
