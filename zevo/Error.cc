@@ -1,56 +1,82 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/Error.h>
 
-#include <array>
 #include <utility>
 
 namespace zevo {
 namespace {
 
-struct MessageRow {
-  Message number;
-  std::string_view text;
-};
+// Without a default, so that the compiler names what has no text.
 
-constexpr std::array kMessages = {
-    MessageRow{Message::kNoFileName, "Não foi indicado o nome do ficheiro SAFT-PT."},
-    MessageRow{Message::kFileNotFound, "Ficheiro SAFT-PT não encontrado."},
-    MessageRow{Message::kFileExists, "Ficheiro SAFT-PT já existente."},
-    MessageRow{Message::kAlreadyStarted, "O processo de exportação já foi iniciado."},
-    MessageRow{Message::kNotStarted, "O processo de exportação ainda não foi iniciado."},
-    MessageRow{Message::kHeaderExists, "Já existe um Header associado ao ficheiro."},
-    MessageRow{Message::kHeaderMissing, "Ainda não existe um Header associado ao ficheiro."},
-    MessageRow{Message::kEntriesMissingText, "Ainda não existe um GeneralLedgerEntries associado ao ficheiro."},
-    MessageRow{Message::kEntriesExistText, "Já existe um GeneralLedgerEntries associado ao ficheiro."},
-    MessageRow{Message::kJournalMissing, "Ainda não existe o Journal associado à Transaction."},
-    MessageRow{Message::kSalesInvoicesMissing, "Ainda não existe um SalesInvoices associado ao ficheiro."},
-    MessageRow{Message::kSalesInvoicesExist, "Já existe um SalesInvoices associado ao ficheiro."},
-    MessageRow{Message::kEntityNotXml, "O conteúdo da entidade não é XML válido."},
-    MessageRow{Message::kReadingAborted, "Leitura do ficheiro abortada pelo utilizador."},
-};
+std::string_view TextOf(Message message) {
+  switch (message) {
+    case Message::kNoFileName:
+      return "Não foi indicado o nome do ficheiro SAFT-PT.";
+    case Message::kFileNotFound:
+      return "Ficheiro SAFT-PT não encontrado.";
+    case Message::kFileExists:
+      return "Ficheiro SAFT-PT já existente.";
+    case Message::kAlreadyStarted:
+      return "O processo de exportação já foi iniciado.";
+    case Message::kNotStarted:
+      return "O processo de exportação ainda não foi iniciado.";
+    case Message::kHeaderExists:
+      return "Já existe um Header associado ao ficheiro.";
+    case Message::kHeaderMissing:
+      return "Ainda não existe um Header associado ao ficheiro.";
+    case Message::kEntriesMissingText:
+      return "Ainda não existe um GeneralLedgerEntries associado ao ficheiro.";
+    case Message::kEntriesExistText:
+      return "Já existe um GeneralLedgerEntries associado ao ficheiro.";
+    case Message::kJournalMissing:
+      return "Ainda não existe o Journal associado à Transaction.";
+    case Message::kSalesInvoicesMissing:
+      return "Ainda não existe um SalesInvoices associado ao ficheiro.";
+    case Message::kSalesInvoicesExist:
+      return "Já existe um SalesInvoices associado ao ficheiro.";
+    case Message::kEntityNotXml:
+      return "O conteúdo da entidade não é XML válido.";
+    case Message::kReadingAborted:
+      return "Leitura do ficheiro abortada pelo utilizador.";
+  }
+  return {};
+}
 
-struct RunTimeRow {
-  RunTimeError number;
-  std::string_view text;
-};
-
-constexpr std::array kRunTimeTexts = {
-    RunTimeRow{RunTimeError::kInvalidCall, "Chamada ou argumento inválido"},
-    RunTimeRow{RunTimeError::kOverflow, "Capacidade excedida"},
-    RunTimeRow{RunTimeError::kOutOfMemory, "Memória insuficiente"},
-    RunTimeRow{RunTimeError::kSubscriptOutOfRange, "Índice fora dos limites"},
-    RunTimeRow{RunTimeError::kDivisionByZero, "Divisão por zero"},
-    RunTimeRow{RunTimeError::kTypeMismatch, "Tipos incompatíveis"},
-    RunTimeRow{RunTimeError::kBadFileName, "Nome ou número de ficheiro incorreto"},
-    RunTimeRow{RunTimeError::kFileNotFound, "Ficheiro não encontrado"},
-    RunTimeRow{RunTimeError::kDeviceIO, "Erro de leitura ou escrita no dispositivo"},
-    RunTimeRow{RunTimeError::kDiskFull, "Disco cheio"},
-    RunTimeRow{RunTimeError::kPermissionDenied, "Permissão negada"},
-    RunTimeRow{RunTimeError::kPathFileAccess, "Erro de acesso ao caminho ou ficheiro"},
-    RunTimeRow{RunTimeError::kPathNotFound, "Caminho não encontrado"},
-    RunTimeRow{RunTimeError::kObjectNotSet, "Variável de objeto não definida"},
-    RunTimeRow{RunTimeError::kDuplicateKey, "Esta chave já está associada a um elemento da coleção"},
-};
+std::string_view TextOf(RunTimeError number) {
+  switch (number) {
+    case RunTimeError::kInvalidCall:
+      return "Chamada ou argumento inválido";
+    case RunTimeError::kOverflow:
+      return "Capacidade excedida";
+    case RunTimeError::kOutOfMemory:
+      return "Memória insuficiente";
+    case RunTimeError::kSubscriptOutOfRange:
+      return "Índice fora dos limites";
+    case RunTimeError::kDivisionByZero:
+      return "Divisão por zero";
+    case RunTimeError::kTypeMismatch:
+      return "Tipos incompatíveis";
+    case RunTimeError::kBadFileName:
+      return "Nome ou número de ficheiro incorreto";
+    case RunTimeError::kFileNotFound:
+      return "Ficheiro não encontrado";
+    case RunTimeError::kDeviceIO:
+      return "Erro de leitura ou escrita no dispositivo";
+    case RunTimeError::kDiskFull:
+      return "Disco cheio";
+    case RunTimeError::kPermissionDenied:
+      return "Permissão negada";
+    case RunTimeError::kPathFileAccess:
+      return "Erro de acesso ao caminho ou ficheiro";
+    case RunTimeError::kPathNotFound:
+      return "Caminho não encontrado";
+    case RunTimeError::kObjectNotSet:
+      return "Variável de objeto não definida";
+    case RunTimeError::kDuplicateKey:
+      return "Esta chave já está associada a um elemento da coleção";
+  }
+  return {};
+}
 
 }  // namespace
 
@@ -67,10 +93,7 @@ Error LibraryError(Message message, std::string_view source) {
 }
 
 Error MakeRunTimeError(RunTimeError number, std::string_view detail) {
-  std::string description;
-  for (const RunTimeRow& row : kRunTimeTexts) {
-    if (row.number == number) description = row.text;
-  }
+  std::string description(TextOf(number));
   if (!detail.empty()) description.append(" (").append(detail).append(")");
   description.append(".");
   return Error(static_cast<int32_t>(number), std::string(kRunTimeSource), std::move(description));
@@ -78,11 +101,8 @@ Error MakeRunTimeError(RunTimeError number, std::string_view detail) {
 
 std::string_view MessageText(int32_t errorNumber) {
   // Unsigned, so that a number far from the base wraps around instead of overflowing.
-  const uint32_t key = static_cast<uint32_t>(errorNumber) - static_cast<uint32_t>(kErrorBase);
-  for (const MessageRow& row : kMessages) {
-    if (static_cast<uint32_t>(row.number) == key) return row.text;
-  }
-  return {};
+  const uint32_t number = static_cast<uint32_t>(errorNumber) - static_cast<uint32_t>(kErrorBase);
+  return TextOf(static_cast<Message>(number));
 }
 
 }  // namespace zevo
