@@ -89,10 +89,10 @@ TEST(PropertyTextTest, ATextThatTellsNoValueIsError13) {
       {kSingle, {"", "23,0", "23%", " 1", "nan", "inf", "-inf", "1e3"}},
       {kCode, {"", "ft", "XX", "49", " FT"}},
   };
-  for (const auto& [property, texts] : kRows) {
-    for (const std::string_view text : texts) {
-      SCOPED_TRACE(std::string(property.name).append(" ").append(text));
-      EXPECT_ERROR(ValueFromText(property, text), RunTimeError::kTypeMismatch, kRunTimeSource);
+  for (const auto& row : kRows) {
+    for (const std::string_view text : row.texts) {
+      SCOPED_TRACE(std::string(row.property.name).append(" ").append(text));
+      EXPECT_ERROR(ValueFromText(row.property, text), RunTimeError::kTypeMismatch, kRunTimeSource);
     }
   }
 }
@@ -106,8 +106,8 @@ TEST(PropertyTextTest, ANumberOutOfRangeIsError6) {
       {kCount, "2147483648"},
       {kSingle, "1" + std::string(39, '0')},
   };
-  for (const auto& [property, text] : kRows) {
-    EXPECT_ERROR(ValueFromText(property, text), RunTimeError::kOverflow, kRunTimeSource);
+  for (const auto& row : kRows) {
+    EXPECT_ERROR(ValueFromText(row.property, row.text), RunTimeError::kOverflow, kRunTimeSource);
   }
 }
 
