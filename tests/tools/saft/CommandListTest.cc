@@ -36,6 +36,13 @@ TEST_F(CommandListTest, TheHelpOfTheProgramHasALineForEveryCommand) {
   }
 }
 
+TEST_F(CommandListTest, TheReadmeShowsEveryCommand) {
+  const std::string readme = testing::ReadBytes(README_FILE);
+  for (const CommandEntry& entry : CommandList()) {
+    EXPECT_THAT(readme, HasSubstr(std::string("\nsaft ") + entry.name + " ")) << entry.name;
+  }
+}
+
 TEST_F(CommandListTest, EveryNameIsGivenOnce) {
   for (const CommandEntry& entry : CommandList()) {
     EXPECT_EQ(std::ranges::count(CommandList(), std::string(entry.name), &CommandEntry::name), 1) << entry.name;
