@@ -427,8 +427,8 @@ class Layout {
     auto* end = data.data();
     const auto append = [&end](const auto& rows) { end = std::ranges::copy(rows, end).out; };
     std::apply([&](const Row&... row) { (append(row.template AsData<R>()), ...); }, rows_);
-    for (size_t place = 0; place < internal::CollectProperties<R>().size(); ++place) {
-      if (std::ranges::count(data, place, &LayoutRow::place) != 1) throw "a property has not one row";
+    for (size_t slot = 0; slot < internal::CollectProperties<R>().size(); ++slot) {
+      if (std::ranges::count(data, slot, &LayoutRow::slot) != 1) throw "a property has not one row";
     }
     return data;
   }
