@@ -3,6 +3,11 @@
 
 namespace zevo {
 
+// As the texts below, README.md and docs/reliability.md tell them.
+static_assert(ParserLimits::kAttributes == 256 && ParserLimits::kDeclarations == 64 &&
+              ParserLimits::kOtherNames == 10'000 && ParserLimits::kStartTag == 64 * 1024 &&
+              ParserLimits::kDepth == 256 && ParserLimits::kText == 10'000'000 && ParserLimits::kNames == 10'000);
+
 void ParserLimits::CheckAttributes(int count) {
   if (count > kAttributes) throw Passed{"Uma etiqueta tem mais de 256 atributos"};
 }
