@@ -33,6 +33,12 @@ ParsedName Numbered(ParserLimits& limits, const xmlChar* local, const xmlChar* p
 
 }  // namespace
 
+// In an attribute libxml2 hands over an ampersand as a reference.
+inline std::string_view ParserRun::Attributes::WithAmpersands(std::string_view value) {
+  if (value.find('&') == std::string_view::npos) return value;
+  return changed_.emplace_back(ReplaceAll(value, "&#38;", "&"));
+}
+
 std::span<const ParsedAttribute> ParserRun::Attributes::Collect(ParserLimits& limits, int declarations,
                                                                 const xmlChar** declared, int attributes,
                                                                 const xmlChar** given) {
@@ -52,12 +58,6 @@ std::span<const ParsedAttribute> ParserRun::Attributes::Collect(ParserLimits& li
     collected_.push_back({Numbered(limits, row[0], row[1]), WithAmpersands(value)});
   }
   return collected_;
-}
-
-// In an attribute libxml2 hands over an ampersand as a reference.
-std::string_view ParserRun::Attributes::WithAmpersands(std::string_view value) {
-  if (value.find('&') == std::string_view::npos) return value;
-  return changed_.emplace_back(ReplaceAll(value, "&#38;", "&"));
 }
 
 ParserRun::ParserRun(TextDecoder& decoder, ParserHandler& handler, const ProblemSink& violated, uint64_t& bytesRead)
