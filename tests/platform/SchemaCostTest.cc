@@ -5,6 +5,7 @@
 #include <zevo/platform/SchemaDocument.h>
 #include <zevo/platform/SchemaLimits.h>
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -128,7 +129,7 @@ const std::function<SchemaLimit()> kLimits[] = {
       return SchemaLimit{Pattern(Repeated("(a|b)?", 150)), Pattern(Repeated("(a|b)?", 1'000)), kTime};
     },
     [] {
-      const auto wild = [](int types) {
+      const auto wild = [](size_t types) {
         return Repeated(Type("c", Sequence("<xs:any namespace='" + Each(8'500, "u# ") + "'/>")), types);
       };
       return SchemaLimit{wild(1), wild(2), kTime};
@@ -161,21 +162,21 @@ const std::function<SchemaLimit()> kLimits[] = {
     },
     // Values are looked up in the types that they are restricted from, and tried in their patterns.
     [] {
-      const auto values = [](int count) {
+      const auto values = [](size_t count) {
         return Pattern("(a|aa)*b") +
                Restriction("u", "t", Repeated("<xs:enumeration value='" + std::string(60, 'a') + "'/>", count));
       };
       return SchemaLimit{values(3), values(50), kTime};
     },
     [] {
-      const auto values = [](int count) {
+      const auto values = [](size_t count) {
         return Pattern("(a|aa)*b") + "<xs:attribute name='a' type='t'/>" +
                Type("c", Repeated("<xs:attribute ref='a' default='" + std::string(60, 'a') + "'/>", count));
       };
       return SchemaLimit{values(3), values(50), kTime};
     },
     [] {
-      const auto values = [](int members, int count) {
+      const auto values = [](size_t members, size_t count) {
         std::string text = Restriction("t", "xs:int", "") + "<xs:simpleType name='u'><xs:union memberTypes='" +
                            Repeated("t ", members) + "'/></xs:simpleType>";
         return text + Restriction("w", "u", Repeated("<xs:enumeration value='1'/>", count));

@@ -5,6 +5,7 @@
 #include <zevo/platform/SchemaLimits.h>
 #include <zevo/platform/SchemaReferences.h>
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -145,7 +146,7 @@ const std::function<SchemaLimit()> kLimits[] = {
     },
     // The names in a wildcard are taken in too.
     [] {
-      const auto wild = [](int references) {
+      const auto wild = [](size_t references) {
         return "<xs:attributeGroup name='g'><xs:anyAttribute namespace='" + Each(500, "u# ") +
                "'/></xs:attributeGroup>" + Type("c", Repeated("<xs:attributeGroup ref='g'/>", references));
       };
