@@ -5,7 +5,7 @@ namespace zevo {
 
 // As the texts below, README.md and docs/reliability.md tell them.
 static_assert(ParserLimits::kAttributes == 256 && ParserLimits::kDeclarations == 64 &&
-              ParserLimits::kOtherNames == 10'000 && ParserLimits::kStartTag == 64 * 1024 &&
+              ParserLimits::kOtherNames == 10'000 && ParserLimits::kStartTag == size_t{64} * 1024 &&
               ParserLimits::kDepth == 256 && ParserLimits::kText == 10'000'000 && ParserLimits::kNames == 10'000);
 
 void ParserLimits::CheckAttributes(int count) {
