@@ -196,6 +196,9 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"NulAfterTheRoot", "<a/>\n\0"s, XML_ERR_INVALID_CHAR, 2, 1},
         Refusal{"NulInWindows1252", Declared("windows-1252", "<a>\0</a>"s), XML_ERR_INVALID_CHAR, 2, 4},
         Refusal{"NulBehindAccents", "<a>éé€\0</a>"s, XML_ERR_INVALID_CHAR, 1, 7},
+        // The parser has given up and let its bytes go when the file is found not to be well-formed either.
+        Refusal{"NulBehindAByteThatIsNotUtf8", "<a>\xFF\0"s, XML_ERR_INVALID_CHAR, 1, 5},
+        Refusal{"NulInADocumentType", "<!DOCTYPE a [<!ENTITY e \"x\"\0"s, XML_ERR_INVALID_CHAR, 1, 28},
         Refusal{"NulInUtf16", testing::InUtf16LittleEndian("<a>\n") + "\0\0"s + testing::InUtf16LittleEndian("</a>"),
                 XML_ERR_INVALID_CHAR, 2, 1},
         Refusal{"UpperByteInAscii", Declared("US-ASCII", "<a>xy\xE9</a>"), XML_ERR_INVALID_ENCODING, 2, 6},

@@ -247,6 +247,8 @@ void ParserRun::FailAsIllFormed(int number, std::string_view reason) { Fail(numb
 void ParserRun::Refuse(std::string_view reason) { Fail(XML_ERR_USER_STOP, reason, Fault::kRefused); }
 
 void ParserRun::Fail(int number, std::string_view reason, Fault fault) {
+  // After a failure the parser may have let its bytes go: there is no place to be told any more.
+  if (stopped_) return;
   try {
     if (number == XML_ERR_NO_MEMORY) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
     Keep({.number = number, .reason = std::string(reason), .fault = fault, .place = Place()});
