@@ -21,10 +21,12 @@ class Parsing {
 
   /// What the parser delivers of a file, as Events takes it down.
   std::string EventsOf(std::string_view bytes) const;
-  /// The error that all three ways raise alike: a plain handler, the document builder and the schema validator, whose
-  /// schema takes any content of the root `a`. Fails the test when one raises none or they differ.
+  /// The same of a parse in pieces.
+  std::string PulledEventsOf(std::string_view bytes) const;
+  /// The error that all ways raise alike: a plain handler, whole and in pieces, the document builder and the schema
+  /// validator, whose schema takes any content of the root `a`. Fails the test when one raises none or they differ.
   Error VerdictOn(std::string_view bytes) const;
-  /// Fails the test unless all three ways take the file.
+  /// Fails the test unless all ways take the file, and the parse in pieces gives the same events.
   void ExpectAccepted(std::string_view bytes) const;
 
   void Load(Document& document, std::string_view bytes) const;

@@ -124,11 +124,12 @@ class ByteScan {
       for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
       return WordBlocks::Find(word, Stops()) != 0;
     }
-    const size_t last = text.size() - sizeof word;
-    for (size_t at = 0; at < last; at += sizeof word) {
-      if (WordBlocks::Find(WordBlocks::Load(text.data() + at), Stops()) != 0) return true;
+    const char* at = text.data();
+    const char* const last = at + (text.size() - sizeof word);
+    for (; at < last; at += sizeof word) {
+      if (WordBlocks::Find(WordBlocks::Load(at), Stops()) != 0) return true;
     }
-    return WordBlocks::Find(WordBlocks::Load(text.data() + last), Stops()) != 0;
+    return WordBlocks::Find(WordBlocks::Load(last), Stops()) != 0;
   }
   /// Copies them too. `to` has room for `size` bytes; those behind the run may be anything afterwards.
   static size_t CopyRun(const char* from, size_t size, char* to) { return Scan<true>(from, size, to); }

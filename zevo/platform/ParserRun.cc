@@ -127,15 +127,17 @@ void ParserRun::Begin(xmlParserCtxt* parser, xmlSchemaValidCtxt* validation) {
 }
 
 int ParserRun::Deliver(char* buffer, int size) {
+  // A tag is limited while it is read: its own event comes only at its end, after all of it is in memory.
+  if (!stopped_ && parser_ && InTag()) Guard([&] { ParserLimits::CheckUnfinishedTag(delivered_ - event_end_); });
+  return Decode(buffer, size);
+}
+
+int ParserRun::Decode(char* buffer, int size) {
   if (stopped_) return 0;
   position_.Follow();
   size_t length = 0;
   Guard([&] {
-    if (parser_) {
-      // A tag is limited while it is read: its own event comes only at its end, after all of it is in memory.
-      if (InTag()) ParserLimits::CheckUnfinishedTag(delivered_ - event_end_);
-      CheckDeclarations();
-    }
+    if (parser_) CheckDeclarations();
     try {
       length = decoder_.Read(buffer, static_cast<size_t>(size));
     } catch (const Error& error) {

@@ -47,6 +47,15 @@ class ParserRun {
   /// run has stopped. Raises nothing, so that libxml2 may call it.
   int Deliver(char* buffer, int size);
 
+  // For a driver that gives the parser whole tags before it asks for them.
+
+  /// Deliver, without its look at how long an unfinished tag is.
+  int Decode(char* buffer, int size);
+  bool HasStopped() const { return stopped_; }
+  /// How many decoded bytes the parser has taken in.
+  size_t Position() const { return position_.Bytes(); }
+  xmlParserCtxt& Context() { return *parser_; }
+
   /// To be called once the parser has been told that there is no more. Gives what stopped the run, or raises what was
   /// thrown in it.
   std::optional<XmlProblem> End();

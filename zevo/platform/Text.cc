@@ -4,6 +4,8 @@
 #include <zevo/Error.h>
 #include <zevo/platform/ByteScan.h>
 
+#include <algorithm>
+
 namespace zevo {
 namespace {
 
@@ -30,6 +32,12 @@ std::string_view TrimSpaces(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   return text;
+}
+
+std::string_view TrimWhiteSpace(std::string_view text) {
+  constexpr std::string_view kWhiteSpace = " \t\r\n";
+  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {

@@ -21,6 +21,9 @@ std::string_view Leftmost(std::string_view text, int characters);
 /// Without the spaces (nothing but U+0020) at both ends.
 std::string_view TrimSpaces(std::string_view text);
 
+/// Without the white space of XML at both ends: spaces, tabs and line ends.
+std::string_view TrimWhiteSpace(std::string_view text);
+
 /// Whether a text holds a control character, such as a tab or a line break, or one of some other ASCII characters, of
 /// which the space is none.
 template <char... kCharacters>

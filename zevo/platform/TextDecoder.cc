@@ -98,6 +98,8 @@ void TextDecoder::DetectEncoding() {
     position_ = start.starts_with("\0"sv) ? 0 : 2;
   }
 
+  start_ = static_cast<int64_t>(position_);
+
   std::string declaration;
   if (width == Width::kUtf16) {
     for (size_t i = position_; i + 1 < start.size() && !declaration.ends_with('>'); i += 2) {
@@ -141,6 +143,18 @@ void TextDecoder::DetectEncoding() {
     fault_ = Fault::kContradictoryEncoding;
   } else {
     encoding_ = row->encoding;
+  }
+}
+
+CharacterWidth TextDecoder::Width() const {
+  switch (encoding_) {
+    case Encoding::kUtf8:
+      return CharacterWidth::kAsUtf8;
+    case Encoding::kUtf16LittleEndian:
+    case Encoding::kUtf16BigEndian:
+      return CharacterWidth::kUtf16;
+    default:
+      return CharacterWidth::kOne;
   }
 }
 

@@ -3,6 +3,7 @@
 #define ZEVO_PLATFORM_TEXTDECODER_H_
 
 #include <zevo/platform/File.h>
+#include <zevo/platform/PlaceCounter.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -37,6 +38,9 @@ class TextDecoder {
   size_t Read(char* utf8, size_t size);
 
   Fault fault() const { return fault_; }
+  /// How many bytes of the file a character takes, and where the first one stands.
+  CharacterWidth Width() const;
+  int64_t Start() const { return start_; }
   /// How many bytes were taken from the input so far.
   uint64_t BytesTaken() const { return bytes_taken_; }
 
@@ -54,6 +58,7 @@ class TextDecoder {
   uint64_t bytes_taken_ = 0;
   std::unique_ptr<char[]> buffer_;
   size_t position_ = 0;
+  int64_t start_ = 0;
   size_t end_ = 0;
   Encoding encoding_ = Encoding::kUtf8;
   Fault fault_ = Fault::kNone;
