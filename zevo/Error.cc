@@ -38,6 +38,9 @@ std::string_view TextOf(Message message) {
       return "O conteúdo da entidade não é XML válido.";
     case Message::kReadingAborted:
       return "Leitura do ficheiro abortada pelo utilizador.";
+    case Message::kOtherVersion:
+    case Message::kNoAuditFile:
+      return {};  // the error itself says it
   }
   return {};
 }

@@ -53,6 +53,9 @@ enum class Message : int32_t {
   kSalesInvoicesExist = 302,
   kEntityNotXml = 401,
   kReadingAborted = 501,
+  // Of these two the error itself has the text.
+  kOtherVersion = 601,
+  kNoAuditFile = 602,
 };
 
 /// Numbers of the run-time errors.

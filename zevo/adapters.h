@@ -10,6 +10,7 @@
 #include <zevo/Utf8.h>
 #include <zevo/facades/AuditFile.h>
 #include <zevo/facades/AuditFileReader.h>
+#include <zevo/facades/AuditFileScanner.h>
 #include <zevo/facades/AuditFileStreamWriter.h>
 #include <zevo/facades/AuditFileStreamer.h>
 #include <zevo/facades/Facade.h>
@@ -30,9 +31,11 @@
 #include <zevo/model/InvoiceLine.h>
 #include <zevo/model/InvoiceLineCollection.h>
 #include <zevo/model/Journal.h>
+#include <zevo/model/Language.h>
 #include <zevo/model/LineCollection.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/OrderReferences.h>
+#include <zevo/model/Problem.h>
 #include <zevo/model/Product.h>
 #include <zevo/model/Property.h>
 #include <zevo/model/PropertyText.h>
@@ -41,6 +44,7 @@
 #include <zevo/model/References.h>
 #include <zevo/model/SAFTConstants.h>
 #include <zevo/model/SalesInvoices.h>
+#include <zevo/model/ScannedElement.h>
 #include <zevo/model/Settlement.h>
 #include <zevo/model/ShippingPointStructure.h>
 #include <zevo/model/SnakeCase.h>

@@ -250,6 +250,23 @@ TEST(RecordCollectionTest, TwoLinesWithoutAnIdentifierCollide) {
   EXPECT_EQ(lines.Item(""), lines.Item(1));
 }
 
+TEST(RecordCollectionTest, AppendingKeepsAnItemWhoseKeyIsTaken) {
+  // More than are searched through, so that the index of keys is met too.
+  for (const int before : {1, 40}) {
+    LineCollection lines;
+    for (int number = 1; number <= before; ++number) EXPECT_TRUE(lines.Append(Lines::Item(number)));
+    const auto again = Lines::Item(1);
+    EXPECT_FALSE(lines.Append(again));
+    ASSERT_EQ(lines.Count(), before + 1);
+    EXPECT_EQ(lines.Item(before + 1), again);
+    EXPECT_EQ(lines.Item("l1"), lines.Item(1));
+    EXPECT_ERROR(lines.Add(Lines::Item(1)), RunTimeError::kDuplicateKey, kRunTimeSource);
+    lines.Remove(1);
+    EXPECT_EQ(lines.Item("L1"), again);
+  }
+  EXPECT_ERROR(LineCollection().Append(nullptr), RunTimeError::kInvalidCall, kRunTimeSource);
+}
+
 TEST(RecordCollectionTest, EntriesWithoutAKeyMayBeEqualAndTheSame) {
   TaxTableEntryCollection entries;
   const auto entry = std::make_shared<TaxTableEntry>();

@@ -51,21 +51,27 @@ struct Mapping {
   EntityKind kind;
   std::shared_ptr<Record> (*read)(IDALReader& reader);
   std::span<const LayoutRow> (*layout)();
+  std::shared_ptr<Record> (*make)();
 };
 
+template <class R, auto kRead>
+constexpr Mapping MappingFor(EntityKind kind) {
+  return {kind, &Read<kRead>, &LayoutOf<R>, +[]() -> std::shared_ptr<Record> { return std::make_shared<R>(); }};
+}
+
 constexpr auto kMappings = std::to_array<Mapping>({
-    {EntityKind::kHeader, &Read<&HeaderDALC::ReadHeader>, &LayoutOf<Header>},
-    {EntityKind::kGeneralLedger, &Read<&GeneralLedgerDALC::ReadGeneralLedger>, &LayoutOf<GeneralLedger>},
-    {EntityKind::kCustomer, &Read<&CustomerDALC::ReadCustomer>, &LayoutOf<Customer>},
-    {EntityKind::kSupplier, &Read<&SupplierDALC::ReadSupplier>, &LayoutOf<Supplier>},
-    {EntityKind::kProduct, &Read<&ProductDALC::ReadProduct>, &LayoutOf<Product>},
-    {EntityKind::kTaxTable, &Read<&TaxTableDALC::ReadTaxTable>, &LayoutOf<TaxTable>},
-    {EntityKind::kGeneralLedgerEntries, &Read<&GeneralLedgerEntriesDALC::ReadGeneralLedgerEntries>,
-     &LayoutOf<GeneralLedgerEntries>},
-    {EntityKind::kJournal, &Read<&JournalDALC::ReadJournal>, &LayoutOf<Journal>},
-    {EntityKind::kTransaction, &Read<&TransactionDALC::ReadTransaction>, &LayoutOf<Transaction>},
-    {EntityKind::kSalesInvoices, &Read<&SalesInvoicesDALC::ReadSalesInvoices>, &LayoutOf<SalesInvoices>},
-    {EntityKind::kInvoice, &Read<&InvoiceDALC::ReadFlatInvoice>, &LayoutOf<Invoice>},
+    MappingFor<Header, &HeaderDALC::ReadHeader>(EntityKind::kHeader),
+    MappingFor<GeneralLedger, &GeneralLedgerDALC::ReadGeneralLedger>(EntityKind::kGeneralLedger),
+    MappingFor<Customer, &CustomerDALC::ReadCustomer>(EntityKind::kCustomer),
+    MappingFor<Supplier, &SupplierDALC::ReadSupplier>(EntityKind::kSupplier),
+    MappingFor<Product, &ProductDALC::ReadProduct>(EntityKind::kProduct),
+    MappingFor<TaxTable, &TaxTableDALC::ReadTaxTable>(EntityKind::kTaxTable),
+    MappingFor<GeneralLedgerEntries, &GeneralLedgerEntriesDALC::ReadGeneralLedgerEntries>(
+        EntityKind::kGeneralLedgerEntries),
+    MappingFor<Journal, &JournalDALC::ReadJournal>(EntityKind::kJournal),
+    MappingFor<Transaction, &TransactionDALC::ReadTransaction>(EntityKind::kTransaction),
+    MappingFor<SalesInvoices, &SalesInvoicesDALC::ReadSalesInvoices>(EntityKind::kSalesInvoices),
+    MappingFor<Invoice, &InvoiceDALC::ReadFlatInvoice>(EntityKind::kInvoice),
 });
 
 consteval bool MappingsInOrderOfKinds() {
@@ -81,6 +87,8 @@ const Mapping& MappingOf(EntityKind kind) { return kMappings[static_cast<size_t>
 }  // namespace
 
 std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& reader) { return MappingOf(kind).read(reader); }
+
+std::shared_ptr<Record> NewRecord(EntityKind kind) { return MappingOf(kind).make(); }
 
 std::span<const LayoutRow> LayoutOf(EntityKind kind) { return MappingOf(kind).layout(); }
 

@@ -16,6 +16,9 @@ namespace zevo {
 /// asking for the next record gives it. Raises what the mapper raises.
 std::shared_ptr<Record> ReadEntity(EntityKind kind, IDALReader& reader);
 
+/// An empty record of a kind.
+std::shared_ptr<Record> NewRecord(EntityKind kind);
+
 /// The layout of the records of a kind.
 std::span<const LayoutRow> LayoutOf(EntityKind kind);
 

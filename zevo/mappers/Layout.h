@@ -186,6 +186,7 @@ struct ElementRow {
   constexpr std::array<LayoutRow, 1> AsData() const {
     if (Handle::template kSettableIn<R> == (not_read_back == NotReadBack::kConstant)) throw "a constant has no setter";
     return {LayoutRow{.element = element.Text(),
+                      .number = static_cast<uint8_t>(element.Number()),
                       .read_as = read_as.Text(),
                       .property = property.name,
                       .slot = SlotOf<R>(property.name),
@@ -292,6 +293,7 @@ struct ChildRow {
   constexpr std::array<LayoutRow, 1> AsData() const {
     return {
         LayoutRow{.element = element.Text(),
+                  .number = static_cast<uint8_t>(element.Number()),
                   .read_as = element.Text(),
                   .property = property.name,
                   .slot = SlotOf<R>(property.name),

@@ -32,6 +32,8 @@ enum class NotReadBack : uint8_t {
 /// A row of a layout as data: a child of a record's element, and what the writers and the readers make of it.
 struct LayoutRow {
   std::string_view element;
+  /// Of the element's name among kElementNames.
+  uint8_t number = 0;
   /// The name under which the readers look for it. Only one row has another than that of its element.
   std::string_view read_as;
   std::string_view property;

@@ -6,12 +6,15 @@
 #include <zevo/model/RecordCollection.h>
 
 #include <string>
+#include <string_view>
 
 namespace zevo {
 
 /// The corrected invoices of a line, found by position or by `Reference`.
 class CreditNoteCollection : public RecordCollection<CreditNoteCollection, CreditNote> {
  public:
+  /// The property that gives the key.
+  static constexpr std::string_view kKey = "Reference";
   /// The key under which an item is added.
   static std::string KeyOf(const CreditNote& value) { return value.Reference(); }
 };

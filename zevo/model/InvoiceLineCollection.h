@@ -6,12 +6,15 @@
 #include <zevo/model/RecordCollection.h>
 
 #include <string>
+#include <string_view>
 
 namespace zevo {
 
 /// The lines of an invoice, found by position or by the text of `LineNumber`.
 class InvoiceLineCollection : public RecordCollection<InvoiceLineCollection, InvoiceLine> {
  public:
+  /// The property that gives the key.
+  static constexpr std::string_view kKey = "LineNumber";
   /// The key under which an item is added.
   static std::string KeyOf(const InvoiceLine& value) { return std::to_string(value.LineNumber()); }
 };

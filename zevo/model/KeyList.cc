@@ -36,6 +36,17 @@ size_t KeyList::PlaceOf(std::string_view folded) const {
 void KeyList::Add(std::string_view key) {
   std::string folded = FoldCase(key);
   if (PlaceOf(folded) != kUnknown) throw MakeRunTimeError(RunTimeError::kDuplicateKey, key);
+  AppendFolded(std::move(folded));
+}
+
+bool KeyList::Append(std::string_view key) {
+  std::string folded = FoldCase(key);
+  const bool isNew = PlaceOf(folded) == kUnknown;
+  AppendFolded(std::move(folded));
+  return isNew;
+}
+
+void KeyList::AppendFolded(std::string folded) {
   folded_.push_back(folded);
   if (places_.empty()) return;
   try {

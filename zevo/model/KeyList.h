@@ -20,6 +20,8 @@ class ZEVO_API KeyList {
 
   /// Appends a key. Raises error 457 when it is there already, and changes nothing.
   void Add(std::string_view key);
+  /// Appends a key that may be there already, and tells whether it was new. Of equal keys the first is found.
+  bool Append(std::string_view key);
   /// 0-based place of the key. Raises error 5 when it is unknown.
   size_t Find(std::string_view key) const;
   /// Removes the key at a 0-based place, which must exist; later ones move up.
@@ -30,6 +32,7 @@ class ZEVO_API KeyList {
  private:
   static constexpr size_t kUnknown = static_cast<size_t>(-1);
   size_t PlaceOf(std::string_view folded) const;
+  void AppendFolded(std::string folded);
 
   std::vector<std::string> folded_;
   // Built when the list outgrows what is quicker to search through, dropped when places move.

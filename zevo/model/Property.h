@@ -54,6 +54,8 @@ struct Property {
   PropertyValue (*get)(const Record&) = nullptr;
   /// Null for a constant, an owned record and a collection. The value must be of the property's type.
   void (*set)(Record&, const PropertyValue&) = nullptr;
+  /// The same for a text, which is copied no more than it must.
+  void (*set_text)(Record&, std::string_view) = nullptr;
   /// The values of the enumeration with their texts in the file.
   std::span<const Code> (*codes)() = nullptr;
   /// The properties of the record, or of the collection's items.
@@ -66,6 +68,10 @@ struct Property {
   std::shared_ptr<Record> (*item)(const Record&, int32_t position) = nullptr;
   /// Adds an item, which must be of the class that `make` gives. Raises what the collection raises.
   void (*add)(const Record&, const std::shared_ptr<Record>&) = nullptr;
+  /// Adds an item whatever its key, and tells whether the key was free.
+  bool (*append)(const Record&, const std::shared_ptr<Record>&) = nullptr;
+  /// The property of the items that gives their key; empty for a collection without.
+  std::string_view key = {};
 };
 
 /// The properties of a record class in slot order.
@@ -136,6 +142,10 @@ constexpr Property ReadOnlyProperty(std::string_view name) {
     property.add = +[](const Record& record, const std::shared_ptr<Record>& value) {
       (static_cast<const C&>(record).*kGetter)()->Add(std::static_pointer_cast<Item>(value));
     };
+    property.append = +[](const Record& record, const std::shared_ptr<Record>& value) {
+      return (static_cast<const C&>(record).*kGetter)()->Append(std::static_pointer_cast<Item>(value));
+    };
+    if constexpr (requires { Child::kKey; }) property.key = Child::kKey;
   } else {
     property.get = +[](const Record& record) -> PropertyValue {
       if constexpr (std::is_enum_v<V>) {
@@ -161,6 +171,9 @@ constexpr Property ReadWriteProperty(std::string_view name) {
   static_assert(kKind == TextKind::kPlain || TypeFor<V>() == PropertyType::kText);
   Property property = ReadOnlyProperty<kGetter>(name);
   property.text_kind = kKind;
+  if constexpr (TypeFor<V>() == PropertyType::kText) {
+    property.set_text = +[](Record& record, std::string_view value) { (static_cast<C&>(record).*kSetter)(value); };
+  }
   property.set = +[](Record& record, const PropertyValue& value) {
     C& target = static_cast<C&>(record);
     if constexpr (std::is_enum_v<V>) {

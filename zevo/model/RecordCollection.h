@@ -40,6 +40,22 @@ class RecordCollection {
     }
   }
 
+  /// Appends an item whatever its key, and tells whether the key was free. Of items with one key the first is found by
+  /// it. Raises error 5 for null.
+  bool Append(std::shared_ptr<T> value) {
+    if (!value) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+    items_.push_back(std::move(value));
+    if constexpr (kKeyed) {
+      try {
+        return keys_.Append(Derived::KeyOf(*items_.back()));
+      } catch (...) {
+        items_.pop_back();
+        throw;
+      }
+    }
+    return true;
+  }
+
   /// Removes the item at a position; later ones move up. Raises error 9 when there is none.
   void Remove(int32_t position) { RemoveAt(PlaceOf(position)); }
   /// Removes the item under a key. Raises error 5 when it is unknown.

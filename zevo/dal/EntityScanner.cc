@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/dal/EntityScanner.h>
+
+#include <zevo/Error.h>
+#include <zevo/dal/ElementName.h>
+#include <zevo/platform/Text.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace zevo {
+namespace {
+
+constexpr std::string_view kRoot = "AuditFile";
+constexpr std::string_view kVersion = "1.01_01";
+// What a namespace of the audit file begins with; the version follows.
+constexpr std::string_view kNamespaceStart = "urn:OECD:StandardAuditFile-Tax:PT_";
+
+// Beyond this much, what stands between two entities is not kept: no file of any program has it.
+constexpr size_t kMostBetween = size_t{1} << 20;
+
+// Where entities stand: the element around them and how many elements are around.
+struct StandRow {
+  EntityKind kind;
+  std::string_view parent;
+  size_t depth;
+};
+constexpr auto kStandRows = std::to_array<StandRow>({
+    {EntityKind::kHeader, "AuditFile", 1},
+    {EntityKind::kGeneralLedger, "MasterFiles", 2},
+    {EntityKind::kCustomer, "MasterFiles", 2},
+    {EntityKind::kSupplier, "MasterFiles", 2},
+    {EntityKind::kProduct, "MasterFiles", 2},
+    {EntityKind::kTaxTable, "MasterFiles", 2},
+    {EntityKind::kGeneralLedgerEntries, "AuditFile", 1},
+    {EntityKind::kJournal, "GeneralLedgerEntries", 2},
+    {EntityKind::kTransaction, "Journal", 3},
+    {EntityKind::kSalesInvoices, "SourceDocuments", 2},
+    {EntityKind::kInvoice, "SalesInvoices", 3},
+});
+consteval bool StandsInOrderOfValues() {
+  for (size_t i = 0; i < kStandRows.size(); ++i) {
+    if (static_cast<size_t>(kStandRows[i].kind) != i) return false;
+  }
+  return kStandRows.size() == kEntityKinds;
+}
+static_assert(StandsInOrderOfValues());
+
+// Elements around entities that are none themselves.
+bool IsContainer(std::string_view name, size_t depth) {
+  return (depth == 1 && (name == "MasterFiles" || name == "SourceDocuments"));
+}
+
+bool IsDeclaration(const ParsedName& name) {
+  return name.prefix == nullptr ? name.local == std::string_view("xmlns") : name.prefix == std::string_view("xmlns");
+}
+
+void RequireVersion(std::string_view version) {
+  if (version == kVersion) return;
+  throw Error(kErrorBase + static_cast<int32_t>(Message::kOtherVersion), "AuditFileScanner.OpenAuditFile",
+              std::string("O ficheiro é da versão ").append(version).append("; só a versão 1.01_01 é lida"));
+}
+
+[[noreturn]] void RefuseRoot() {
+  throw Error(kErrorBase + static_cast<int32_t>(Message::kNoAuditFile), "AuditFileScanner.OpenAuditFile",
+              "O ficheiro não é um ficheiro de auditoria");
+}
+
+}  // namespace
+
+EntityScanner::EntityScanner(const std::string& fileName) : parse_(fileName, *this) {}
+EntityScanner::~EntityScanner() = default;
+
+void EntityScanner::Open(std::string_view source) {
+  while (!version_known_ && finished_.empty() && !at_end_) Feed();
+  if (!version_known_ && finished_.empty()) RaiseWhatStoppedIt(source);
+}
+
+ScannedEntity* EntityScanner::Next(std::string_view source) {
+  if (current_) free_.push_back(std::move(current_));
+  while (finished_.empty() && !at_end_) Feed();
+  if (finished_.empty()) {
+    RaiseWhatStoppedIt(source);
+    return nullptr;
+  }
+  current_ = std::move(finished_.front());
+  finished_.pop_front();
+  return current_.get();
+}
+
+void EntityScanner::Feed() {
+  try {
+    at_end_ = !parse_.Feed();
+  } catch (...) {
+    thrown_ = std::current_exception();
+    at_end_ = true;
+  }
+}
+
+void EntityScanner::RaiseWhatStoppedIt(std::string_view source) const {
+  if (thrown_) std::rethrow_exception(thrown_);
+  Raise(parse_.Problem(), source);
+}
+
+const EntityScanner::Name& EntityScanner::NameOf(const ParsedName& parsed) {
+  if (parsed.number < by_number_.size() && by_number_[parsed.number] != nullptr) [[likely]] {
+    return *by_number_[parsed.number];
+  }
+  return AddName(parsed);
+}
+
+const EntityScanner::Name& EntityScanner::AddName(const ParsedName& parsed) {
+  if (by_number_.size() <= parsed.number) by_number_.resize(parsed.number + 1);
+  Name& name = names_.emplace_back();
+  by_number_[parsed.number] = &name;
+  name.own_text = parsed.local;
+  name.text = name.own_text;
+  name.number = parsed.number;
+  const auto element = std::ranges::find(kElementNames, name.text);
+  if (element != kElementNames.end()) name.element = static_cast<uint8_t>(element - kElementNames.begin() + 1);
+  const std::optional<EntityKind> kind = EntityKindOf(name.text);
+  if (kind && zevo::NameOf(*kind) == name.text) name.kind = kind;
+  return name;
+}
+
+void EntityScanner::StartElement(const ParsedName& parsed, std::span<const ParsedAttribute> attributes) {
+  const Name& name = NameOf(parsed);
+  const FilePlace place = parse_.StartTagPlace(name.text);
+  if (open_.empty()) {
+    StartRoot(parsed, attributes, place);
+  } else if (entity_ && name.kind && HoldsEntries(entity_->Kind()) && ParentOf(*name.kind) == entity_->Kind()) {
+    FinishEntity();
+    BeginEntity(name, place);
+  } else if (!entity_ && name.kind) {
+    BeginEntity(name, place);
+  }
+  OpenElement open{&name, {}};
+  if (entity_) {
+    entity_->BeginElement(name, place);
+    NoteAttributes(attributes, place);
+  } else if (!open_.empty() && !IsContainer(name.text, open_.size())) {
+    open.problem = NoteBetween(Fault::kUnknownElement, OpenPath().append("/").append(name.text), place);
+  }
+  open_.push_back(open);
+}
+
+void EntityScanner::EndElement(const ParsedName&) {
+  open_.pop_back();
+  if (!entity_) return;
+  if (open_.size() == entity_depth_) return FinishEntity();
+  entity_->EndElement();
+}
+
+void EntityScanner::Characters(std::string_view text) {
+  if (entity_) return entity_->AppendText(text);
+  if (open_.empty() || (!open_.back().problem && TrimWhiteSpace(text).empty())) return;
+  if (!open_.back().problem) {
+    open_.back().problem = NoteBetween(Fault::kUnknownElement, OpenPath().append("/text()"), {});
+  }
+  AddTextBetween(*open_.back().problem, text);
+}
+
+void EntityScanner::StartRoot(const ParsedName& name, std::span<const ParsedAttribute> attributes,
+                              const FilePlace& place) {
+  if (name.local != kRoot) RefuseRoot();
+  root_place_ = place;
+  for (const ParsedAttribute& attribute : attributes) {
+    // The declaration of the root's own namespace.
+    const bool prefixed = name.prefix != nullptr;
+    if (!IsDeclaration(attribute.name) || (attribute.name.prefix != nullptr) != prefixed) continue;
+    if (prefixed && attribute.name.local != std::string_view(name.prefix)) continue;
+    if (!attribute.value.starts_with(kNamespaceStart)) RefuseRoot();
+    RequireVersion(attribute.value.substr(kNamespaceStart.size()));
+    version_known_ = true;
+  }
+}
+
+void EntityScanner::BeginEntity(const Name& name, const FilePlace& place) {
+  if (free_.empty()) {
+    entity_ = std::make_unique<ScannedEntity>();
+  } else {
+    entity_ = std::move(free_.back());
+    free_.pop_back();
+  }
+  const EntityKind kind = *name.kind;
+  entity_depth_ = open_.size();
+  entity_->Begin(kind, kind == EntityKind::kTransaction ? journal_id_ : std::string());
+  for (Problem& problem : between_) entity_->Add(std::move(problem));
+  between_.clear();
+  between_size_ = 0;
+  for (OpenElement& open : open_) open.problem.reset();
+  const StandRow& stand = kStandRows[static_cast<size_t>(kind)];
+  if (open_.size() != stand.depth || open_.back().name->text != stand.parent) {
+    entity_->Add({Fault::kOutOfOrder, {}, place, OpenPath()});
+  }
+}
+
+void EntityScanner::FinishEntity() {
+  entity_->Finish();
+  if (!version_known_) CheckVersion();
+  if (entity_->Kind() == EntityKind::kJournal) {
+    const auto id = entity_->Find("JournalID");
+    journal_id_ = id ? entity_->TextOf(*id) : std::string_view();
+  }
+  finished_.push_back(std::move(entity_));
+}
+
+// A file of no namespace tells its version in the header; where neither does, it counts as the one that is read.
+void EntityScanner::CheckVersion() {
+  const auto version = entity_->Find("AuditFileVersion");
+  if (version) {
+    RequireVersion(TrimWhiteSpace(entity_->TextOf(*version)));
+  } else {
+    entity_->Add({Fault::kConstant, "/AuditFile", root_place_, {}});
+  }
+  version_known_ = true;
+}
+
+void EntityScanner::NoteAttributes(std::span<const ParsedAttribute> attributes, const FilePlace& place) {
+  for (const ParsedAttribute& attribute : attributes) {
+    if (IsDeclaration(attribute.name)) continue;
+    std::string path = entity_->PathOf(entity_->Count() - 1);
+    if (!path.empty()) path += '/';
+    path += '@';
+    if (attribute.name.prefix != nullptr) path.append(attribute.name.prefix).append(":");
+    entity_->Add({Fault::kUnknownElement, path += attribute.name.local, place, std::string(attribute.value)});
+  }
+}
+
+// Where the problem stands among those between entities; nothing when there are too many.
+std::optional<size_t> EntityScanner::NoteBetween(Fault fault, std::string path, const FilePlace& place) {
+  between_size_ += sizeof(Problem) + path.size();
+  if (between_size_ > kMostBetween) return std::nullopt;
+  between_.push_back({fault, std::move(path), place, {}});
+  return between_.size() - 1;
+}
+
+void EntityScanner::AddTextBetween(size_t problem, std::string_view text) {
+  between_size_ += text.size();
+  if (between_size_ <= kMostBetween) between_[problem].text += text;
+}
+
+std::string EntityScanner::OpenPath() const {
+  std::string path;
+  for (const OpenElement& open : open_) path.append("/").append(open.name->text);
+  return path;
+}
+
+}  // namespace zevo

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/model/Problem.h>
+
+#include <array>
+#include <string_view>
+
+namespace zevo {
+namespace {
+
+struct FaultRow {
+  Fault fault;
+  std::string_view portuguese;
+  std::string_view english;
+};
+
+constexpr auto kFaultRows = std::to_array<FaultRow>({
+    {Fault::kUnreadable, "o elemento não pode ter este valor", "the element cannot have this value"},
+    {Fault::kUnknownCode, "o código não é conhecido", "the code is unknown"},
+    {Fault::kInexact, "o registo só tem o número arredondado", "the record has the number rounded"},
+    {Fault::kRepeated, "está repetido; conta o primeiro", "is repeated; the first one counts"},
+    {Fault::kUnknownElement, "não é conhecido neste sítio", "is not known here"},
+    {Fault::kOutOfOrder, "está fora do seu lugar", "is out of place"},
+    {Fault::kKeyTaken, "a chave já é a de outra linha", "the key is that of another line already"},
+    {Fault::kConstant, "o registo tem sempre outro valor", "the record always has another value"},
+});
+
+consteval bool FaultsInOrderOfValues() {
+  for (size_t i = 0; i < kFaultRows.size(); ++i) {
+    if (static_cast<size_t>(kFaultRows[i].fault) != i) return false;
+  }
+  return kFaultRows.size() == kFaults;
+}
+static_assert(FaultsInOrderOfValues());
+
+}  // namespace
+
+std::string Describe(const Problem& problem, Language language) {
+  const bool portuguese = language == Language::kPortuguese;
+  const FaultRow& row = kFaultRows[static_cast<size_t>(problem.fault)];
+  std::string sentence = problem.path;
+  if (sentence.empty()) sentence = portuguese ? "O registo" : "The record";
+  if (!problem.text.empty()) sentence.append(", \"").append(problem.text).append("\"");
+  sentence.append(": ").append(portuguese ? row.portuguese : row.english);
+  if (problem.place.line > 0) {
+    sentence.append(portuguese ? " (linha " : " (line ").append(std::to_string(problem.place.line));
+    sentence.append(portuguese ? ", coluna " : ", column ").append(std::to_string(problem.place.column)).append(")");
+  }
+  return sentence += '.';
+}
+
+}  // namespace zevo
