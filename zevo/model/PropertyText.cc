@@ -80,7 +80,7 @@ PropertyValue ValueFromText(const Property& property, std::string_view text) {
   }
 }
 
-std::string TextFromSingle(float value) { return std::string(std::string_view(SingleTextWithPoint(value))); }
+std::string TextFromSingle(float value) { return std::string(std::string_view{SingleTextWithPoint(value)}); }
 
 std::string_view TextFromCode(std::span<const Code> codes, int32_t value) {
   const auto found = std::ranges::find(codes, value, &Code::value);
