@@ -140,7 +140,7 @@ void EntityScanner::StartElement(const ParsedName& parsed, std::span<const Parse
     entity_->BeginElement(name, place);
     NoteAttributes(attributes, place);
   } else if (!open_.empty() && !IsContainer(name.text, open_.size())) {
-    open.problem = NoteBetween(Fault::kUnknownElement, OpenPath().append("/").append(name.text), place);
+    open.problem = NoteBetween(OpenPath().append("/").append(name.text), place);
   }
   open_.push_back(open);
 }
@@ -156,7 +156,7 @@ void EntityScanner::Characters(std::string_view text) {
   if (entity_) return entity_->AppendText(text);
   if (open_.empty() || (!open_.back().problem && TrimWhiteSpace(text).empty())) return;
   if (!open_.back().problem) {
-    open_.back().problem = NoteBetween(Fault::kUnknownElement, OpenPath().append("/text()"), {});
+    open_.back().problem = NoteBetween(OpenPath().append("/text()"), {});
   }
   AddTextBetween(*open_.back().problem, text);
 }
@@ -229,10 +229,10 @@ void EntityScanner::NoteAttributes(std::span<const ParsedAttribute> attributes, 
 }
 
 // Where the problem stands among those between entities; nothing when there are too many.
-std::optional<size_t> EntityScanner::NoteBetween(Fault fault, std::string path, const FilePlace& place) {
+std::optional<size_t> EntityScanner::NoteBetween(std::string path, const FilePlace& place) {
   between_size_ += sizeof(Problem) + path.size();
   if (between_size_ > kMostBetween) return std::nullopt;
-  between_.push_back({fault, std::move(path), place, {}});
+  between_.push_back({Fault::kUnknownElement, std::move(path), place, {}});
   return between_.size() - 1;
 }
 

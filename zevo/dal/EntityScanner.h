@@ -37,8 +37,7 @@ class EntityScanner final : private ParserHandler {
   /// that is known.
   void Open(std::string_view source);
 
-  /// Goes on to the next entity; null after the last, and where the file was found to be no audit file of the version.
-  /// Raises the same as Open where the file is not well-formed, once the entities before are through.
+  /// Goes on to the next entity; null after the last. Raises the same as Open, once the entities before are through.
   ScannedEntity* Next(std::string_view source);
   /// What Next gave last.
   const ScannedEntity* Current() const { return current_.get(); }
@@ -68,7 +67,7 @@ class EntityScanner final : private ParserHandler {
   void FinishEntity();
   void CheckVersion();
   void NoteAttributes(std::span<const ParsedAttribute> attributes, const FilePlace& place);
-  std::optional<size_t> NoteBetween(Fault fault, std::string path, const FilePlace& place);
+  std::optional<size_t> NoteBetween(std::string path, const FilePlace& place);
   void AddTextBetween(size_t problem, std::string_view text);
   std::string OpenPath() const;
 
