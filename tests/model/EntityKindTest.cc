@@ -26,6 +26,13 @@ TEST(EntityKindTest, AKindIsFoundByItsNameInAnyLetterCase) {
   }
 }
 
+TEST(EntityKindTest, KindsOfSeveralRecordsHaveAKey) {
+  std::vector<std::string> keys;
+  for (const EntityKind kind : EntityKinds()) keys.emplace_back(KeyOf(kind));
+  EXPECT_THAT(keys, ElementsAre("", "AccountID", "CustomerID", "SupplierID", "ProductCode", "", "", "JournalID",
+                                "TransactionID", "", "InvoiceNo"));
+}
+
 TEST(EntityKindTest, EntriesStandInTheirParents) {
   EXPECT_EQ(ParentOf(EntityKind::kJournal), EntityKind::kGeneralLedgerEntries);
   EXPECT_EQ(ParentOf(EntityKind::kTransaction), EntityKind::kJournal);

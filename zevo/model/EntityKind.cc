@@ -11,21 +11,22 @@ namespace {
 struct EntityRow {
   EntityKind kind;
   std::string_view name;
+  std::string_view key = {};
   std::optional<EntityKind> parent = std::nullopt;
 };
 
 constexpr auto kEntityRows = std::to_array<EntityRow>({
     {EntityKind::kHeader, "Header"},
-    {EntityKind::kGeneralLedger, "GeneralLedger"},
-    {EntityKind::kCustomer, "Customer"},
-    {EntityKind::kSupplier, "Supplier"},
-    {EntityKind::kProduct, "Product"},
+    {EntityKind::kGeneralLedger, "GeneralLedger", "AccountID"},
+    {EntityKind::kCustomer, "Customer", "CustomerID"},
+    {EntityKind::kSupplier, "Supplier", "SupplierID"},
+    {EntityKind::kProduct, "Product", "ProductCode"},
     {EntityKind::kTaxTable, "TaxTable"},
     {EntityKind::kGeneralLedgerEntries, "GeneralLedgerEntries"},
-    {EntityKind::kJournal, "Journal", EntityKind::kGeneralLedgerEntries},
-    {EntityKind::kTransaction, "Transaction", EntityKind::kJournal},
+    {EntityKind::kJournal, "Journal", "JournalID", EntityKind::kGeneralLedgerEntries},
+    {EntityKind::kTransaction, "Transaction", "TransactionID", EntityKind::kJournal},
     {EntityKind::kSalesInvoices, "SalesInvoices"},
-    {EntityKind::kInvoice, "Invoice", EntityKind::kSalesInvoices},
+    {EntityKind::kInvoice, "Invoice", "InvoiceNo", EntityKind::kSalesInvoices},
 });
 
 consteval auto AllKinds() {
@@ -59,6 +60,8 @@ const EntityRow& EntityRowOf(EntityKind kind) { return kEntityRows[static_cast<s
 std::span<const EntityKind> EntityKinds() { return kAllKinds; }
 
 std::string_view NameOf(EntityKind kind) { return EntityRowOf(kind).name; }
+
+std::string_view KeyOf(EntityKind kind) { return EntityRowOf(kind).key; }
 
 std::optional<EntityKind> EntityKindOf(std::string_view name) {
   for (const EntityRow& row : kEntityRows) {

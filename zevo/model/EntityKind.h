@@ -39,6 +39,10 @@ ZEVO_API std::string_view NameOf(EntityKind kind);
 /// The kind of an element's or a class's name, in any letter case; none for another name.
 ZEVO_API std::optional<EntityKind> EntityKindOf(std::string_view name);
 
+/// The name of the element by which a file tells its records of a kind apart, such as "CustomerID"; empty for a kind of
+/// which it has one.
+ZEVO_API std::string_view KeyOf(EntityKind kind);
+
 /// The kind whose entries are of this kind: a transaction stands in a journal, a journal in the section of ledger
 /// entries. Where the first entry begins, what is told of the parent itself ends. None for the others.
 ZEVO_API std::optional<EntityKind> ParentOf(EntityKind kind);

@@ -36,6 +36,11 @@ static_assert(FaultsInOrderOfValues());
 
 std::string Describe(const Problem& problem, Language language) {
   const bool portuguese = language == Language::kPortuguese;
+  // The one thing that a file as a whole can lack.
+  if (problem.fault == Fault::kConstant && problem.path.starts_with('/')) {
+    return portuguese ? "O ficheiro não diz de que versão é; conta como 1.01_01."
+                      : "The file does not say which version it is; it counts as 1.01_01.";
+  }
   const FaultRow& row = kFaultRows[static_cast<size_t>(problem.fault)];
   std::string sentence = problem.path;
   if (sentence.empty()) sentence = portuguese ? "O registo" : "The record";

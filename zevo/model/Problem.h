@@ -20,7 +20,8 @@ enum class Fault {
   kUnknownElement,  ///< The record has no property for the element, attribute or text.
   kOutOfOrder,      ///< The element does not stand where the version has it; the record has its value all the same.
   kKeyTaken,        ///< A line before has the same key; the record has both, this one by its position only.
-  kConstant,        ///< The property is the same in every record, and the file has something else.
+  kConstant,        ///< The property is the same in every record, and the file has something else. Of "/AuditFile": the
+                    ///< file does not say its version.
 };
 /// How many there are.
 inline constexpr size_t kFaults = static_cast<size_t>(Fault::kConstant) + 1;

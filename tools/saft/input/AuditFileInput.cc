@@ -4,9 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <exception>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <system_error>
 
@@ -44,23 +44,16 @@ void AuditFileInput::Read(const Visitor& visit) {
     // would be seen only after that.
     interruption.emplace(Interruption::During::kReading);
   }
-  std::exception_ptr thrown;
-  file_.ReadEntity = [&](const std::string& entityName, const std::shared_ptr<Record>& record) {
-    if (thrown) return;
-    try {
-      if (!record && IsOutOfMemory(*file_.AuditException())) Fail();
-      visit(*EntityKindOf(entityName), record);
-    } catch (...) {
-      thrown = std::current_exception();
-    }
+  for (std::shared_ptr<Record> record; ReadNext(record);) {
+    visit(file_, *record);
     if (progress) progress->Show(file_.BytesRead());
-    if (thrown || Interruption::IsRequested()) file_.AbortReading();
-  };
-  const bool read = file_.ReadAuditFile();
-  progress.reset();
-  if (thrown) std::rethrow_exception(thrown);
-  // Without an exception only some records could not be read, and the visitor was told of those.
-  if (!read && file_.AuditException()) Fail();
+    if (Interruption::IsRequested()) file_.AbortReading();
+  }
+}
+
+bool AuditFileInput::ReadNext(std::shared_ptr<Record>& record) {
+  if (!file_.ReadNext(record)) Fail();
+  return record != nullptr;
 }
 
 void AuditFileInput::Fail() const { FailWith(*file_.AuditException(), name_); }

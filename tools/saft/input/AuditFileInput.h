@@ -13,26 +13,29 @@ namespace zevo::saft {
 /// Where a command puts what it finds: it decides whether a progress bar would be in the way.
 enum class OutputWhile { kReading, kAfterReading };
 
-/// An audit file that is read record by record, in memory that does not grow with it. On a terminal a progress bar is
-/// shown; Ctrl-C ends the reading.
+/// An audit file that is read record by record, whole, in memory that does not grow with it. On a terminal a progress
+/// bar is shown; Ctrl-C ends the reading.
 class AuditFileInput {
  public:
-  /// `record` is null when it cannot be read, and `Reason` then tells why.
-  using Visitor = std::function<void(EntityKind kind, const std::shared_ptr<Record>& record)>;
+  /// Takes the scanner, which stands at the record that was read, and the record.
+  using Visitor = std::function<void(const AuditFileScanner& scanner, const Record& record)>;
 
-  /// Takes "-" for the standard input. Fails when there is no such file.
+  /// Takes "-" for the standard input. Fails when there is no such file, when it is no audit file, and when it is one
+  /// of another version.
   AuditFileInput(const std::string& file, OutputWhile output);
 
   /// Hands over every record in the order of the file. What the visitor throws ends the reading and comes out; anything
   /// else that ends it before the end of the file is a `Failure`.
   void Read(const Visitor& visit);
 
-  const std::string& Reason() const { return file_.AuditException()->Description(); }
+  /// Once the file is read: what stands in it after the last record.
+  const AuditFileScanner& Scanner() const { return file_; }
 
  private:
+  bool ReadNext(std::shared_ptr<Record>& record);
   [[noreturn]] void Fail() const;
 
-  AuditFileStreamer file_;
+  AuditFileScanner file_;
   std::string name_;
   OutputWhile output_;
 };

@@ -12,6 +12,7 @@
 
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/input/AuditFileInput.h"
+#include "tools/saft/input/ProblemReport.h"
 #include "tools/saft/list/RecordKind.h"
 #include "tools/saft/list/RecordPrinter.h"
 
@@ -23,23 +24,6 @@ std::vector<std::string> NamesOfKinds() {
   for (const RecordKind& kind : RecordKinds()) names.emplace_back(kind.name);
   return names;
 }
-
-// The entities that could not be read; the others are listed all the same.
-class Unreadable {
- public:
-  void Add(int64_t number, const std::string& reason) {
-    if (count_++ == 0) first_ = std::to_string(number) + ": " + reason;
-  }
-  void Report(const std::string& file, const RecordKind& kind, int64_t entities) const {
-    if (count_ == 0) return;
-    throw Failure(file, std::to_string(count_) + " of " + std::to_string(entities) + " " +
-                            std::string(NameOf(kind.entity)) + " cannot be read, the first is number " + first_);
-  }
-
- private:
-  int64_t count_ = 0;
-  std::string first_;
-};
 
 }  // namespace
 
@@ -69,18 +53,15 @@ ExitCode ListCommand::Run() const {
   } else {
     printer = std::make_unique<CsvPrinter>(kind, std::cout, reader);
   }
-  std::string journalID;
-  int64_t entities = 0;
-  Unreadable unreadable;
-  file.Read([&](EntityKind entity, const std::shared_ptr<Record>& record) {
-    if (entity == EntityKind::kJournal && record) journalID = static_cast<const Journal&>(*record).JournalID();
-    if (entity != kind.entity) return;
-    ++entities;
-    if (!record) return unreadable.Add(entities, file.Reason());
-    kind.visit(*record, journalID, [&](const auto& parents, const Record& row) { printer->Print(parents, row); });
+  ProblemReport problems(file_);
+  file.Read([&](const AuditFileScanner& scanner, const Record& record) {
+    if (scanner.Kind() != kind.entity) return;
+    for (const Problem& problem : scanner.Problems()) problems.Add(scanner, problem);
+    kind.visit(record, scanner.JournalID(),
+               [&](const auto& parents, const Record& row) { printer->Print(parents, row); });
     if (!std::cout) throw Failure("standard output cannot be written");
   });
-  unreadable.Report(file_, kind, entities);
+  problems.Report(std::cerr);
   return kDone;
 }
 

@@ -39,7 +39,10 @@ SummaryReader::SummaryReader(const std::string& file) : file_(file, OutputWhile:
 }
 
 Summary SummaryReader::Read() {
-  file_.Read([this](EntityKind kind, const std::shared_ptr<Record>& record) { Take(kind, record); });
+  file_.Read([this](const AuditFileScanner& scanner, const Record& record) {
+    ++counts_[*scanner.Kind()];
+    TakeRecord(*scanner.Kind(), record);
+  });
   const auto count = [this](EntityKind kind) { summary_.counts.emplace_back(NameOf(kind), counts_[kind]); };
   std::ranges::for_each(kOnlyCounted, count);
   summary_.counts.emplace_back("TaxTableEntry", tax_entries_);
@@ -49,17 +52,6 @@ Summary SummaryReader::Read() {
     summary_.invoices->types.push_back(std::move(figures));
   }
   return std::move(summary_);
-}
-
-void SummaryReader::Take(EntityKind kind, const std::shared_ptr<Record>& record) {
-  ++counts_[kind];
-  if (record) {
-    TakeRecord(kind, *record);
-  } else if (kind == EntityKind::kTaxTable) {
-    tax_entries_ = std::nullopt;
-  } else if (std::ranges::find(kOnlyCounted, kind) == kOnlyCounted.end()) {
-    throw Failure(summary_.file, PlaceOf(kind) + ": " + file_.Reason());
-  }
 }
 
 void SummaryReader::TakeRecord(EntityKind kind, const Record& record) {
@@ -116,16 +108,6 @@ void SummaryReader::Take(const Invoice& invoice) {
   type.tax += invoice.DocumentTotals()->TaxPayable();
   type.net += invoice.DocumentTotals()->NetTotal();
   type.gross += invoice.DocumentTotals()->GrossTotal();
-}
-
-// Which record of its kind, in words for a message.
-std::string SummaryReader::PlaceOf(EntityKind kind) {
-  if (kind == EntityKind::kInvoice) return "invoice " + std::to_string(counts_[kind]);
-  if (kind != EntityKind::kTransaction) return std::string(NameOf(kind));
-  const EntriesFigures& figures = Of(summary_.entries);
-  if (figures.journals.empty()) return "transaction " + std::to_string(counts_[kind]);
-  const JournalFigures& journal = figures.journals.back();
-  return "journal " + Quoted(journal.id) + ", transaction " + std::to_string(journal.totals.entries + 1);
 }
 
 }  // namespace zevo::saft

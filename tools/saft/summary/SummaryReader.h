@@ -23,7 +23,6 @@ class SummaryReader {
   Summary Read();
 
  private:
-  void Take(EntityKind kind, const std::shared_ptr<Record>& record);
   void TakeRecord(EntityKind kind, const Record& record);
   void Take(const Header& header);
   void Take(const TaxTable& table);
@@ -32,7 +31,6 @@ class SummaryReader {
   void Take(const Transaction& transaction);
   void Take(const SalesInvoices& section);
   void Take(const Invoice& invoice);
-  std::string PlaceOf(EntityKind kind);
 
   Summary summary_;
   AuditFileInput file_;

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/input/ProblemReport.h"
+
+#include <optional>
+#include <string_view>
+
+#include "tools/saft/terminal/VisibleText.h"
+
+namespace zevo::saft {
+namespace {
+
+constexpr size_t kTold = 5;
+
+// Such as: Invoice "FT A/12":
+std::string Subject(const AuditFileScanner& scanner, const Problem& problem) {
+  const std::optional<EntityKind> kind = scanner.Kind();
+  if (!kind || problem.path.starts_with('/')) return {};
+  std::string subject{NameOf(*kind)};
+  if (const auto key = scanner.TextOf(KeyOf(*kind)); key && !KeyOf(*kind).empty()) {
+    subject.append(" ").append(Quoted(*key));
+  }
+  return subject.append(": ");
+}
+
+}  // namespace
+
+void ProblemReport::Add(const AuditFileScanner& scanner, const Problem& problem) {
+  Places& places = places_[static_cast<size_t>(problem.fault)];
+  if (++places.count > static_cast<int64_t>(kTold)) return;
+  places.first.push_back(Subject(scanner, problem).append(Abridged(Describe(problem, Language::kEnglish))));
+}
+
+void ProblemReport::Report(std::ostream& out) const {
+  for (const auto& [count, first] : places_) {
+    if (count == 0) continue;
+    out << "saft: " << Visible(file_) << ": " << count << (count == 1 ? " problem\n" : " problems of one kind\n");
+    for (const std::string& place : first) out << "  " << place << '\n';
+    const int64_t more = count - static_cast<int64_t>(first.size());
+    if (more > 0) out << "  and " << more << " more\n";
+  }
+}
+
+}  // namespace zevo::saft
