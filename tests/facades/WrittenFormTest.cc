@@ -56,6 +56,15 @@ TEST(WrittenFormTest, ElementMayHaveAnotherName) {
   Expect(DocumentTotals(), {"CurrencyValue", "Currency"});
 }
 
+TEST(WrittenFormTest, ThePositionIsThatInTheFile) {
+  const auto positionOf = [](std::string_view property) { return WrittenFormOf(Tax(), property)->position; };
+  EXPECT_EQ(positionOf("TaxType"), 0U);
+  EXPECT_EQ(positionOf("TaxCountryRegion"), 1U);
+  EXPECT_EQ(positionOf("TaxCode"), 2U);
+  EXPECT_EQ(positionOf("TaxPercentage"), 3U);
+  EXPECT_EQ(positionOf("TaxAmount"), 4U);
+}
+
 TEST(WrittenFormTest, NothingOfANameThatIsNoProperty) {
   EXPECT_FALSE(WrittenFormOf(Customer(), "customerid"));
   EXPECT_FALSE(WrittenFormOf(Customer(), ""));

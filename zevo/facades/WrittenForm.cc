@@ -11,7 +11,8 @@ std::optional<WrittenForm> WrittenFormOf(const Record& record, std::string_view 
   const auto layout = LayoutOf(record);
   const auto row = std::ranges::find(layout, property, &LayoutRow::property);
   if (row == layout.end()) return std::nullopt;
-  return WrittenForm{row->element, row->form, row->partner, row->written == Written::kIfPartnerIsZero};
+  const auto position = static_cast<size_t>(row - layout.begin());
+  return WrittenForm{row->element, position, row->form, row->partner, row->written == Written::kIfPartnerIsZero};
 }
 
 }  // namespace zevo

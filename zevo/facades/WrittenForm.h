@@ -6,6 +6,7 @@
 #include <zevo/model/Record.h>
 #include <zevo/model/TextForm.h>
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -15,6 +16,8 @@ namespace zevo {
 struct WrittenForm {
   /// Name of the element, such as "OriginatingON" for `OrderReferences::OriginatingOn`.
   std::string_view element;
+  /// Its place among the elements of the record, from 0: they stand in this order in the file.
+  size_t position = 0;
   /// How the value becomes the text of the element. A record or a collection has none: kPlain.
   TextForm form = TextForm::kPlain;
   /// The other property of two of which the file holds only one, such as "CreditAmount" for "DebitAmount"; empty for

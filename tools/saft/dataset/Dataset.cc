@@ -4,18 +4,18 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <numeric>
 #include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/NearestName.h"
 
 namespace zevo::saft {
 namespace {
 
-constexpr std::array<DatasetFile, 12> kFiles{{
+constexpr std::array<DatasetFile, 13> kFiles{{
     {Dataset::kHeader, "cabecalho.csv", "the company and the period, one row"},
     {Dataset::kGeneralLedger, "contas.csv", "ledger accounts"},
     {Dataset::kCustomers, "clientes.csv", "customers"},
@@ -27,6 +27,7 @@ constexpr std::array<DatasetFile, 12> kFiles{{
     {Dataset::kTransactionLines, "linhas_movimentos.csv", "their lines; TransactionID tells the transaction"},
     {Dataset::kInvoices, "faturas.csv", "sales documents"},
     {Dataset::kInvoiceLines, "linhas_faturas.csv", "their lines; InvoiceNo tells the document"},
+    {Dataset::kOrderReferences, "encomendas.csv", "orders; InvoiceNo and LineNumber tell the line"},
     {Dataset::kCreditNotes, "notas_credito.csv", "documents corrected; InvoiceNo and LineNumber tell the line"},
 }};
 
@@ -36,27 +37,15 @@ bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
   return std::ranges::equal(left, right, {}, &AsciiLower, &AsciiLower);
 }
 
-// The edit distance of two names, whatever their case, divided by the length of the longer one.
-double Distance(std::string_view from, std::string_view to) {
-  std::vector<size_t> row(to.size() + 1);  // distances from the letters of `from` seen so far to each beginning of `to`
-  std::iota(row.begin(), row.end(), 0);
-  for (const char letter : from) {
-    size_t before = row[0]++;
-    for (size_t i = 0; i < to.size(); ++i) {
-      const size_t same = before + (AsciiLower(letter) == AsciiLower(to[i]) ? 0 : 1);
-      before = row[i + 1];
-      row[i + 1] = std::min({same, before + 1, row[i] + 1});
-    }
-  }
-  return static_cast<double>(row.back()) / static_cast<double>(std::max(from.size(), to.size()));
-}
-
+// The file whose name, in either language, is nearest.
 std::string_view NearestTo(std::string_view name) {
-  return std::ranges::min_element(kFiles, {},
-                                  [&](const DatasetFile& file) {
-                                    return std::min(Distance(name, file.name), Distance(name, file.in_portuguese));
-                                  })
-      ->name;
+  std::array<std::string_view, 2 * kFiles.size()> names;
+  for (size_t i = 0; i < kFiles.size(); ++i) {
+    names[2 * i] = kFiles[i].name;
+    names[2 * i + 1] = kFiles[i].in_portuguese;
+  }
+  const std::string_view nearest = NearestName(name, names);
+  return kFiles[static_cast<size_t>(std::ranges::find(names, nearest) - names.begin()) / 2].name;
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ class Dataset {
   static constexpr const char* kTransactionLines = "transaction_lines.csv";
   static constexpr const char* kInvoices = "invoices.csv";
   static constexpr const char* kInvoiceLines = "invoice_lines.csv";
+  static constexpr const char* kOrderReferences = "order_references.csv";
   static constexpr const char* kCreditNotes = "credit_notes.csv";
 
   /// The files of a dataset, in the order of the audit file.

@@ -31,6 +31,14 @@ Value ValueOf(std::string_view text) {
 
 }  // namespace
 
+bool IsDecimalText(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const auto digits = std::ranges::count_if(text, isDigit);
+  const auto points = std::ranges::count(text, '.');
+  return digits > 0 && points <= 1 && static_cast<size_t>(digits + points) == text.size();
+}
+
 bool IsSameNumber(std::string_view left, std::string_view right) {
   return left == right || ValueOf(left) == ValueOf(right);
 }

@@ -22,6 +22,7 @@ namespace {
 bool IsProgressWelcome(OutputWhile output) {
   struct stat standardOutput {};
   const bool piped = fstat(STDOUT_FILENO, &standardOutput) == 0 && S_ISFIFO(standardOutput.st_mode);
+  if (output == OutputWhile::kIntoFiles) return isatty(STDERR_FILENO) == 1;
   const bool inTheWay = output == OutputWhile::kReading && isatty(STDOUT_FILENO) == 1;
   return isatty(STDERR_FILENO) == 1 && !piped && !inTheWay;
 }
@@ -42,11 +43,13 @@ void AuditFileInput::Read(const Visitor& visit) {
     if (IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
     // Signals are noted only for files of a known size: reading from a pipe or a terminal may wait, and the signal
     // would be seen only after that.
-    interruption.emplace(Interruption::During::kReading);
+    interruption.emplace(output_ == OutputWhile::kIntoFiles ? Interruption::During::kWriting
+                                                            : Interruption::During::kReading);
   }
   for (std::shared_ptr<Record> record; ReadNext(record);) {
     visit(file_, *record);
     if (progress) progress->Show(file_.BytesRead());
+    if (output_ == OutputWhile::kIntoFiles) Interruption::ThrowIfRequested();
     if (Interruption::IsRequested()) file_.AbortReading();
   }
 }

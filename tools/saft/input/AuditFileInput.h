@@ -11,7 +11,11 @@
 namespace zevo::saft {
 
 /// Where a command puts what it finds: it decides whether a progress bar would be in the way.
-enum class OutputWhile { kReading, kAfterReading };
+enum class OutputWhile {
+  kReading,       ///< on standard output
+  kAfterReading,  ///< on standard output
+  kIntoFiles,     ///< into files that must not stay when a signal ends the program
+};
 
 /// An audit file that is read record by record, whole, in memory that does not grow with it. On a terminal a progress
 /// bar is shown; Ctrl-C ends the reading.
@@ -25,7 +29,7 @@ class AuditFileInput {
   AuditFileInput(const std::string& file, OutputWhile output);
 
   /// Hands over every record in the order of the file. What the visitor throws ends the reading and comes out; anything
-  /// else that ends it before the end of the file is a `Failure`.
+  /// else that ends it before the end of the file is a `Failure`, or `Interrupted` where files are written.
   void Read(const Visitor& visit);
 
   /// Once the file is read: what stands in it after the last record.

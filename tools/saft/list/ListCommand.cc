@@ -5,16 +5,16 @@
 #include <zevo/adapters.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <iostream>
-#include <memory>
-#include <vector>
+#include <sstream>
 
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/input/AuditFileInput.h"
 #include "tools/saft/input/ProblemReport.h"
-#include "tools/saft/list/RecordKind.h"
-#include "tools/saft/list/RecordPrinter.h"
+#include "tools/saft/list/DatasetFolder.h"
+#include "tools/saft/list/ListFile.h"
+#include "tools/saft/list/UnfinishedPath.h"
+#include "tools/saft/terminal/VisibleText.h"
 
 namespace zevo::saft {
 namespace {
@@ -25,44 +25,165 @@ std::vector<std::string> NamesOfKinds() {
   return names;
 }
 
+// A list of texts has what a record holds otherwise, or in another order. What it lacks is a second element where it
+// has room for one, and an element that it does not know; a text that is no value of its element misleads.
+bool IsTold(Fault fault) {
+  switch (fault) {
+    case Fault::kUnreadable:
+    case Fault::kRepeated:
+    case Fault::kUnknownElement:
+      return true;
+    case Fault::kConstant:
+    case Fault::kUnknownCode:
+    case Fault::kInexact:
+    case Fault::kOutOfOrder:
+    case Fault::kKeyTaken:
+      return false;
+  }
+  return true;
+}
+
+bool IsOfTheFile(const Problem& problem) { return problem.path.starts_with('/'); }
+
+// Whether it is a record of its own that a list has although there is no room for a second one in the record around it.
+bool IsListedAll(const AuditFileScanner& scanner, const Problem& problem) {
+  return problem.fault == Fault::kRepeated &&
+         RecordKindAt(*scanner.Kind(), problem.path).path == WithoutNumbers(problem.path);
+}
+
+// Those problems of an entity that make a list lack something.
+template <class Concerns>
+void AddProblems(const AuditFileScanner& scanner, ProblemReport& report, const Concerns& concerns) {
+  for (const Problem& problem : scanner.Problems()) {
+    if (IsOfTheFile(problem)) {
+      report.Add(scanner, problem);
+    } else if (IsTold(problem.fault) && !IsListedAll(scanner, problem) && concerns(problem)) {
+      report.Add(scanner, problem);
+    }
+  }
+}
+
+ExitCode End(const AuditFileInput& file, ProblemReport& problems) {
+  AddProblems(file.Scanner(), problems, [](const Problem&) { return true; });
+  problems.Report(std::cerr);
+  return problems.HasUnreadable() ? kError : kDone;
+}
+
+// A list on standard output. What goes to a terminal is made visible.
+class ShownList {
+ public:
+  ShownList(const RecordKind& kind, const ListChoice& choice)
+      : terminal_(isatty(STDOUT_FILENO) == 1), list_(kind, choice, terminal_ ? shown_ : std::cout) {
+    Show();
+  }
+  void Take(const AuditFileScanner& scanner) {
+    list_.Take(scanner);
+    Show();
+  }
+
+ private:
+  void Show() {
+    if (terminal_) std::cout << VisibleLines(shown_.str());
+    shown_.str({});
+    if (!std::cout) throw Failure("standard output cannot be written");
+  }
+
+  bool terminal_;
+  std::ostringstream shown_;
+  RecordList list_;
+};
+
 }  // namespace
 
 ListCommand::ListCommand(CLI::App& options) {
   options.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
-  options.add_option("KIND", kind_, "Class of the records, see below")
-      ->required()
-      ->check(CLI::IsMember(NamesOfKinds()))
-      ->option_text(" ");
-  options.add_flag("--json", json_, "Write a JSON object a line, with amounts as texts, instead of CSV");
+  CLI::Option* const kind = options.add_option("KIND", kind_, "Class of the records, see below");
+  kind->check(CLI::IsMember(NamesOfKinds()))->option_text(" ");
+  options.add_option("--all", folder_, "Write all records into a new folder, as a dataset for \"saft create\"")
+      ->option_text("DIR")
+      ->excludes(kind);
+  CLI::Option* const all = options.get_option("--all");
+  options.add_option("--columns", columns_, "List these columns, in this order, with commas between them")
+      ->delimiter(',')
+      ->option_text("A,B,...")
+      ->excludes(all);
+  options.add_option("--where", conditions_, "List the records that have this value; may be given several times")
+      ->option_text("COLUMN=VALUE")
+      ->excludes(all);
+  options.add_option("-o,--output", output_, "Write into a new file instead of standard output")
+      ->option_text("FILE")
+      ->excludes(all);
+  CLI::Option* const json = options.add_flag("--json", json_, "Write a JSON object a line instead of CSV");
+  json->excludes(all);
+  options.add_flag("--excel", spreadsheet_, "Write CSV for Portuguese spreadsheet programs, see below")->excludes(json);
   std::string footer = "Kinds:";
-  for (const RecordKind& kind : RecordKinds()) footer.append("\n  ").append(kind.name);
-  options.footer(
-      footer +
-      "\n\nThe CSV is a file of a dataset as \"saft create\" takes it. The file is read in one pass and may be of any\n"
-      "size. A record that cannot be read is left out, told at the end, and makes the exit code 2: among those are\n"
-      "tax tables, unless each entry has both a percentage and an amount.");
+  for (const RecordKind& each : RecordKinds()) footer.append("\n  ").append(each.name);
+  options.footer(footer + R"(
+
+The file is read in one pass and may be of any size. A list has the texts of the elements as they stand in the file,
+without white space at their ends; an element that is not there is an empty cell, in JSON null. Columns are named as the
+properties of the records, a dot leads into a child: BillingAddress.City. The CSV of a kind is a file of a dataset.
+
+In JSON every value is a text, so that numbers keep all their digits; children are objects, lines and the like are lists.
+
+--where compares amounts as numbers, all else letter by letter: --where InvoiceType=NC --where DocumentTotals.NetTotal=0.
+--excel writes semicolons, decimal commas and a byte order mark. A text that a spreadsheet program would calculate or
+take for a number or a date, such as =1+1, 007 or 1-2, begins with an apostrophe.
+
+A text that cannot be the value of its element, such as an amount of 12x, is listed as it stands, told at the end, and
+makes the exit code 2. So are told elements that are not known where they stand, and those that stand there once more,
+which are left out; the exit code is 0 then. An audit file of another version, or a file that is none, is an error.)");
+}
+
+ListForm ListCommand::Form() const {
+  if (json_) return ListForm::kJson;
+  return spreadsheet_ ? ListForm::kSpreadsheet : ListForm::kCsv;
 }
 
 ExitCode ListCommand::Run() const {
-  const RecordKind& kind = *std::ranges::find(RecordKinds(), kind_, &RecordKind::name);
-  AuditFileInput file(file_, OutputWhile::kReading);
-  std::unique_ptr<RecordPrinter> printer;
-  const Reader reader = isatty(STDOUT_FILENO) == 1 ? Reader::kTerminal : Reader::kProgram;
-  if (json_) {
-    printer = std::make_unique<JsonPrinter>(kind, std::cout, reader);
-  } else {
-    printer = std::make_unique<CsvPrinter>(kind, std::cout, reader);
-  }
+  if (!folder_.empty()) return ListAll();
+  if (kind_.empty()) throw Failure("list takes a KIND, or --all DIR\nRun \"saft list --help\" for help.");
+  return ListKind(*std::ranges::find(RecordKinds(), kind_, &RecordKind::name));
+}
+
+ExitCode ListCommand::ListAll() const {
+  AuditFileInput file(file_, OutputWhile::kIntoFiles);
+  DatasetFolder folder(folder_, Form());
   ProblemReport problems(file_);
-  file.Read([&](const AuditFileScanner& scanner, const Record& record) {
-    if (scanner.Kind() != kind.entity) return;
-    for (const Problem& problem : scanner.Problems()) problems.Add(scanner, problem);
-    kind.visit(record, scanner.JournalID(),
-               [&](const auto& parents, const Record& row) { printer->Print(parents, row); });
-    if (!std::cout) throw Failure("standard output cannot be written");
+  file.Read([&](const AuditFileScanner& scanner, const Record&) {
+    AddProblems(scanner, problems, [](const Problem&) { return true; });
+    folder.Take(scanner);
   });
-  problems.Report(std::cerr);
-  return kDone;
+  folder.Finish();
+  return End(file, problems);
+}
+
+ExitCode ListCommand::ListKind(const RecordKind& kind) const {
+  const ListChoice choice{.columns = columns_, .conditions = conditions_, .form = Form()};
+  AuditFileInput file(file_, output_.empty() ? OutputWhile::kReading : OutputWhile::kIntoFiles);
+  ProblemReport problems(file_);
+  const auto concerns = [&](const Problem& problem) {
+    const RecordKind& told = RecordKindAt(kind.entity, problem.path);
+    return &told == &kind || (json_ && told.path.starts_with(kind.path));
+  };
+  const auto read = [&](auto& list) {
+    file.Read([&](const AuditFileScanner& scanner, const Record&) {
+      const bool listed = scanner.Kind() == kind.entity;
+      AddProblems(scanner, problems, [&](const Problem& problem) { return listed && concerns(problem); });
+      if (listed) list.Take(scanner);
+    });
+  };
+  if (output_.empty()) {
+    ShownList list(kind, choice);
+    read(list);
+  } else {
+    UnfinishedPath path(output_, UnfinishedPath::kFile);
+    ListFile list(path.Path(), output_, kind, choice);
+    read(list);
+    list.Finish();
+    path.PutInPlace();
+  }
+  return End(file, problems);
 }
 
 }  // namespace zevo::saft

@@ -4,21 +4,33 @@
 
 #include <CLI/CLI.hpp>
 #include <string>
+#include <vector>
 
 #include "tools/saft/command/Command.h"
+#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/list/RecordList.h"
 
 namespace zevo::saft {
 
-/// Lists the records of one kind that an audit file holds.
+/// Lists the records of an audit file: those of one kind, or all as a dataset.
 class ListCommand : public Command {
  public:
   explicit ListCommand(CLI::App& options);
   ExitCode Run() const override;
 
  private:
+  ExitCode ListAll() const;
+  ExitCode ListKind(const RecordKind& kind) const;
+  ListForm Form() const;
+
   std::string file_;
   std::string kind_;
+  std::string folder_;
+  std::string output_;
+  std::vector<std::string> columns_;
+  std::vector<std::string> conditions_;
   bool json_ = false;
+  bool spreadsheet_ = false;
 };
 
 }  // namespace zevo::saft

@@ -1,78 +1,84 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/list/RecordKind.h"
 
-#include <utility>
+#include <algorithm>
+
+#include "tools/saft/dataset/Dataset.h"
 
 namespace zevo::saft {
 namespace {
 
-using Taker = RecordKind::Taker;
-
-void VisitEntity(const Record& entity, const std::string&, const Taker& take) { take({}, entity); }
-
-void VisitTransaction(const Record& entity, const std::string& journalID, const Taker& take) {
-  take({journalID}, entity);
-}
-
 template <class R>
-RecordKind Kind(std::string_view name, EntityKind entity, std::vector<std::string_view> parents,
-                decltype(RecordKind::visit) visit) {
-  return {.name = name,
-          .entity = entity,
-          .parents = std::move(parents),
-          .make = +[]() -> std::shared_ptr<Record> { return std::make_shared<R>(); },
-          .visit = visit};
+std::shared_ptr<Record> Make() {
+  return std::make_shared<R>();
 }
 
-template <class R>
-RecordKind Entity(EntityKind kind) {
-  return Kind<R>(NameOf(kind), kind, {}, &VisitEntity);
-}
+constexpr auto kKinds = std::to_array<RecordKind>({
+    {"Header", EntityKind::kHeader, "", &Make<Header>, Dataset::kHeader},
+    {"GeneralLedger", EntityKind::kGeneralLedger, "", &Make<GeneralLedger>, Dataset::kGeneralLedger},
+    {"Customer", EntityKind::kCustomer, "", &Make<Customer>, Dataset::kCustomers},
+    {"Supplier", EntityKind::kSupplier, "", &Make<Supplier>, Dataset::kSuppliers},
+    {"Product", EntityKind::kProduct, "", &Make<Product>, Dataset::kProducts},
+    {"TaxTableEntry", EntityKind::kTaxTable, "TaxTableEntry", &Make<TaxTableEntry>, Dataset::kTaxTable},
+    {"GeneralLedgerEntries", EntityKind::kGeneralLedgerEntries, "", &Make<GeneralLedgerEntries>, ""},
+    {"Journal", EntityKind::kJournal, "", &Make<Journal>, Dataset::kJournals},
+    {"Transaction", EntityKind::kTransaction, "", &Make<Transaction>, Dataset::kTransactions, {"JournalID"}},
+    {"TransactionLine",
+     EntityKind::kTransaction,
+     "Line",
+     &Make<TransactionLine>,
+     Dataset::kTransactionLines,
+     {"TransactionID"}},
+    {"SalesInvoices", EntityKind::kSalesInvoices, "", &Make<SalesInvoices>, ""},
+    {"Invoice", EntityKind::kInvoice, "", &Make<Invoice>, Dataset::kInvoices},
+    {"InvoiceLine", EntityKind::kInvoice, "Line", &Make<InvoiceLine>, Dataset::kInvoiceLines, {"InvoiceNo"}},
+    {"OrderReferences",
+     EntityKind::kInvoice,
+     "Line/OrderReferences",
+     &Make<OrderReferences>,
+     Dataset::kOrderReferences,
+     {"InvoiceNo", "LineNumber"}},
+    {"CreditNote",
+     EntityKind::kInvoice,
+     "Line/References/CreditNote",
+     &Make<CreditNote>,
+     Dataset::kCreditNotes,
+     {"InvoiceNo", "LineNumber"}},
+});
 
-void VisitTaxTableEntries(const Record& entity, const std::string&, const Taker& take) {
-  for (const auto& entry : *static_cast<const TaxTable&>(entity).TaxTableEntry()) take({}, *entry);
-}
-
-void VisitTransactionLines(const Record& entity, const std::string&, const Taker& take) {
-  const auto& transaction = static_cast<const Transaction&>(entity);
-  for (const auto& line : *transaction.Line()) take({transaction.TransactionID()}, *line);
-}
-
-void VisitInvoiceLines(const Record& entity, const std::string&, const Taker& take) {
-  const auto& invoice = static_cast<const Invoice&>(entity);
-  for (const auto& line : *invoice.Line()) take({invoice.InvoiceNo()}, *line);
-}
-
-void VisitCreditNotes(const Record& entity, const std::string&, const Taker& take) {
-  const auto& invoice = static_cast<const Invoice&>(entity);
-  for (const auto& line : *invoice.Line()) {
-    if (!line->References()) continue;
-    for (const auto& note : *line->References()->CreditNote()) {
-      take({invoice.InvoiceNo(), std::to_string(line->LineNumber())}, *note);
-    }
-  }
+bool LeadsTo(std::string_view path, std::string_view element) {
+  return path.empty() || (element.starts_with(path) && (element.size() == path.size() || element[path.size()] == '/'));
 }
 
 }  // namespace
 
-std::span<const RecordKind> RecordKinds() {
-  static const std::vector<RecordKind> kinds{
-      Entity<Header>(EntityKind::kHeader),
-      Entity<GeneralLedger>(EntityKind::kGeneralLedger),
-      Entity<Customer>(EntityKind::kCustomer),
-      Entity<Supplier>(EntityKind::kSupplier),
-      Entity<Product>(EntityKind::kProduct),
-      Kind<TaxTableEntry>("TaxTableEntry", EntityKind::kTaxTable, {}, &VisitTaxTableEntries),
-      Entity<GeneralLedgerEntries>(EntityKind::kGeneralLedgerEntries),
-      Entity<Journal>(EntityKind::kJournal),
-      Kind<Transaction>(NameOf(EntityKind::kTransaction), EntityKind::kTransaction, {"JournalID"}, &VisitTransaction),
-      Kind<TransactionLine>("TransactionLine", EntityKind::kTransaction, {"TransactionID"}, &VisitTransactionLines),
-      Entity<SalesInvoices>(EntityKind::kSalesInvoices),
-      Entity<Invoice>(EntityKind::kInvoice),
-      Kind<InvoiceLine>("InvoiceLine", EntityKind::kInvoice, {"InvoiceNo"}, &VisitInvoiceLines),
-      Kind<CreditNote>("CreditNote", EntityKind::kInvoice, {"InvoiceNo", "LineNumber"}, &VisitCreditNotes),
-  };
-  return kinds;
+size_t RecordKind::Parents() const {
+  return static_cast<size_t>(std::ranges::count_if(parents, [](std::string_view name) { return !name.empty(); }));
+}
+
+std::span<const RecordKind> RecordKinds() { return kKinds; }
+
+const RecordKind& RecordKindAt(EntityKind entity, std::string_view path) {
+  const std::string element = WithoutNumbers(path);
+  const RecordKind* innermost = nullptr;
+  for (const RecordKind& kind : kKinds) {
+    if (kind.entity != entity) continue;
+    if (innermost == nullptr || (LeadsTo(kind.path, element) && kind.path.size() > innermost->path.size())) {
+      innermost = &kind;
+    }
+  }
+  return *innermost;
+}
+
+std::string WithoutNumbers(std::string_view path) {
+  std::string names;
+  bool number = false;
+  for (const char c : path) {
+    if (c == '[') number = true;
+    if (!number) names += c;
+    if (c == ']') number = false;
+  }
+  return names;
 }
 
 }  // namespace zevo::saft

@@ -4,30 +4,41 @@
 
 #include <zevo/adapters.h>
 
-#include <functional>
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zevo::saft {
 
 /// A kind of record that can be listed: an entity of the file, or a part of one.
 struct RecordKind {
-  /// Takes a record and the identifiers of what it belongs to, outermost first.
-  using Taker = std::function<void(const std::vector<std::string>& parents, const Record& record)>;
+  static constexpr size_t kMostParents = 2;
 
   std::string_view name;
-  EntityKind entity;                      ///< the entity it is, or is a part of
-  std::vector<std::string_view> parents;  ///< names of the identifiers, as a dataset has them
-  std::shared_ptr<Record> (*make)();      ///< an empty record
-  /// Gives the records in an entity; `journalID` is that of the journal it stands in, if any.
-  void (*visit)(const Record& entity, const std::string& journalID, const Taker& take);
+  EntityKind entity;      ///< the entity it is, or is a part of
+  std::string_view path;  ///< the elements that lead from the entity to it, such as "Line"; empty for the entity itself
+  std::shared_ptr<Record> (*make)();  ///< an empty record
+  /// The file of a dataset that has these records; empty when none has.
+  std::string_view file;
+  /// Names of the identifiers of what it belongs to, as a dataset has them. The first is that of the entity, the second
+  /// that of the first element on the path; an entity has that of the entity it stands in.
+  std::array<std::string_view, kMostParents> parents = {};
+
+  size_t Parents() const;
 };
 
 /// All kinds, in the order of the file.
 std::span<const RecordKind> RecordKinds();
+
+/// The kind that an element of an entity is told in: the innermost one that it is, or is a part of. `path` is one of
+/// element names and, as in a `Problem`, numbers.
+const RecordKind& RecordKindAt(EntityKind entity, std::string_view path);
+
+/// A path without the numbers in it: "Line/TaxPercentage" of "Line[2]/TaxPercentage".
+std::string WithoutNumbers(std::string_view path);
 
 }  // namespace zevo::saft
 

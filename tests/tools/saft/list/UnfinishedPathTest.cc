@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/list/UnfinishedPath.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tools/saft/errors/Failure.h"
+
+namespace zevo::saft {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class UnfinishedPathTest : public ::testing::Test {
+ protected:
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path("."))) {
+      names.push_back(entry.path().filename().string());
+    }
+    return names;
+  }
+  std::string Refusal(const std::string& place, UnfinishedPath::What what) const {
+    try {
+      const UnfinishedPath path(folder_.Path(place), what);
+    } catch (const Failure& failure) {
+      return std::string(failure.what()).substr(folder_.Path(place).size());
+    }
+    return {};
+  }
+
+  testing::TemporaryFolder folder_;
+};
+
+TEST_F(UnfinishedPathTest, AFileIsThereWhenItIsPutInPlace) {
+  UnfinishedPath file(folder_.Path("list.csv"), UnfinishedPath::kFile);
+  std::ofstream(file.Path()) << "whole";
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path("list.csv")));
+  file.PutInPlace();
+  EXPECT_THAT(Names(), ElementsAre("list.csv"));
+  EXPECT_EQ(testing::ReadBytes(folder_.Path("list.csv")), "whole");
+}
+
+TEST_F(UnfinishedPathTest, AFolderIsThereWithAllThatIsInIt) {
+  for (const std::string place : {"new", "slash/"}) {
+    UnfinishedPath folder(folder_.Path(place), UnfinishedPath::kFolder);
+    std::ofstream(folder.Path() / "a.csv") << "a";
+    folder.PutInPlace();
+    EXPECT_EQ(testing::ReadBytes(folder_.Path(place + "/a.csv")), "a");
+  }
+}
+
+TEST_F(UnfinishedPathTest, NothingStaysOfWhatIsNotPutInPlace) {
+  {
+    const UnfinishedPath file(folder_.Path("list.csv"), UnfinishedPath::kFile);
+    const UnfinishedPath folder(folder_.Path("new"), UnfinishedPath::kFolder);
+    std::ofstream(folder.Path() / "a.csv") << "a";
+  }
+  EXPECT_THAT(Names(), IsEmpty());
+}
+
+TEST_F(UnfinishedPathTest, WhatIsThereIsNeverReplaced) {
+  folder_.Write("there", "old");
+  EXPECT_EQ(Refusal("there", UnfinishedPath::kFile), ": is there already");
+  EXPECT_EQ(Refusal("there", UnfinishedPath::kFolder), ": is there already and is no folder");
+  std::filesystem::create_directory(folder_.Path("full"));
+  folder_.Write("full/a", "old");
+  EXPECT_EQ(Refusal("full", UnfinishedPath::kFolder), ": is there already and is not empty");
+  EXPECT_EQ(Refusal("full", UnfinishedPath::kFile), ": is there already");
+  EXPECT_EQ(Refusal("missing/new", UnfinishedPath::kFolder), ": No such file or directory");
+}
+
+TEST_F(UnfinishedPathTest, AnEmptyFolderGivesWay) {
+  std::filesystem::create_directory(folder_.Path("empty"));
+  UnfinishedPath folder(folder_.Path("empty"), UnfinishedPath::kFolder);
+  std::ofstream(folder.Path() / "a.csv") << "a";
+  folder.PutInPlace();
+  EXPECT_EQ(testing::ReadBytes(folder_.Path("empty/a.csv")), "a");
+}
+
+}  // namespace
+}  // namespace zevo::saft

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_CSV_CSVWRITER_H_
+#define ZEVO_TOOLS_SAFT_CSV_CSVWRITER_H_
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace zevo::saft {
+
+enum class CsvForm {
+  kDataset,      ///< RFC 4180 in UTF-8 with line feeds: what programs read, "saft create" among them
+  kSpreadsheet,  ///< what a Portuguese spreadsheet program opens rightly: semicolons, decimal commas, a byte order mark
+};
+
+enum class CellKind {
+  kText,
+  kNumber,  ///< digits with at most a sign and a point
+  kDate,
+};
+
+/// Writes rows of CSV. A spreadsheet program calculates what begins as a formula, and takes for a number or a date what
+/// looks like one: such texts begin with an apostrophe in its form, so that they stay texts. Numbers and dates do not.
+class CsvWriter {
+ public:
+  /// The stream must outlive the writer. A row goes to it as a whole.
+  CsvWriter(std::ostream& out, CsvForm form);
+
+  void Add(std::string_view text, CellKind kind);
+  void EndRow();
+
+ private:
+  void AddSpreadsheetCell(std::string_view text, CellKind kind);
+  void AddQuoted(std::string_view text);
+
+  std::ostream& out_;
+  CsvForm form_;
+  std::string row_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_CSV_CSVWRITER_H_

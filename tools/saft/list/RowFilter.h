@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_LIST_ROWFILTER_H_
+#define ZEVO_TOOLS_SAFT_LIST_ROWFILTER_H_
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "tools/saft/list/RecordColumns.h"
+#include "tools/saft/list/RowReader.h"
+
+namespace zevo::saft {
+
+/// Lets those records pass that have all of some values.
+class RowFilter {
+ public:
+  /// Each condition is COLUMN=VALUE. Fails with one that is not, or that names no column.
+  RowFilter(const std::vector<std::string>& conditions, const RecordColumns& columns);
+
+  /// An amount is compared as a number, all else letter by letter. An element that is not there is as an empty one.
+  bool Passes(const Row& row) const;
+
+ private:
+  struct Condition {
+    size_t column;
+    bool number;
+    std::string value;
+  };
+
+  std::vector<Condition> conditions_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_LIST_ROWFILTER_H_

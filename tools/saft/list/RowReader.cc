@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/list/RowReader.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace zevo::saft {
+
+std::string_view TextIn(const ScannedElement& element) {
+  constexpr std::string_view kWhiteSpace = " \t\r\n";
+  std::string_view text = element.text;
+  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
+}
+
+const ListedElement* ListedElements::Find(std::string_view name) {
+  for (size_t tried = 0; tried < listed_.size(); ++tried) {
+    const size_t place = (expected_ + tried) % listed_.size();
+    if (listed_[place].name != name) continue;
+    expected_ = place + 1;
+    return &listed_[place];
+  }
+  return nullptr;
+}
+
+RowReader::RowReader(const RecordKind& kind, const RecordColumns& columns)
+    : kind_(kind), columns_(columns), cells_(columns.Columns().size()) {}
+
+void RowReader::Read(const AuditFileScanner& scanner, const Taker& take) {
+  elements_ = scanner.Elements();
+  std::ranges::fill(cells_, std::nullopt);
+  if (!kind_.path.empty()) return ReadInside(0, kind_.path, 0, take);
+  // The only entities with an identifier of something else are those in a journal.
+  if (kind_.Parents() > 0) cells_[0] = scanner.JournalID();
+  Take(0, take);
+}
+
+void RowReader::ReadInside(size_t element, std::string_view path, size_t parent, const Taker& take) {
+  const std::string_view step = path.substr(0, path.find('/'));
+  path.remove_prefix(std::min(path.size(), step.size() + 1));
+  if (parent < kind_.Parents()) {
+    cells_[parent] = std::nullopt;
+    ForEachChild(elements_, element, [&](size_t child) {
+      if (!cells_[parent] && elements_[child].name == kind_.parents[parent]) cells_[parent] = TextIn(elements_[child]);
+    });
+  }
+  ForEachChild(elements_, element, [&](size_t child) {
+    if (elements_[child].name != step) return;
+    path.empty() ? Take(child, take) : ReadInside(child, path, parent + 1, take);
+  });
+}
+
+void RowReader::Take(size_t element, const Taker& take) {
+  std::fill(cells_.begin() + static_cast<std::ptrdiff_t>(kind_.Parents()), cells_.end(), std::nullopt);
+  Fill(element, columns_.Elements());
+  take({cells_, elements_, element});
+}
+
+void RowReader::Fill(size_t element, std::span<const ListedElement> children) {
+  ListedElements listed(children);
+  uint64_t seen = 0;
+  ForEachChild(elements_, element, [&](size_t child) {
+    const ListedElement* const found = listed.Find(elements_[child].name);
+    if (found == nullptr || found->is == ListedElement::kList) return;
+    const uint64_t bit = uint64_t{1} << (found - children.data());
+    if ((seen & bit) != 0) return;
+    seen |= bit;
+    if (found->is == ListedElement::kRecord) return Fill(child, found->children);
+    cells_[found->column] = TextIn(elements_[child]);
+  });
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/list/UnfinishedPath.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+#include "tools/saft/errors/Failure.h"
+
+namespace zevo::saft {
+namespace {
+
+// With the permissions that the user's mask leaves.
+bool Make(const std::filesystem::path& path, UnfinishedPath::What what) {
+  if (what == UnfinishedPath::kFolder) return mkdir(path.c_str(), 0777) == 0;
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (file >= 0) close(file);
+  return file >= 0;
+}
+
+// With the name of the folder itself at its end, not a "/".
+std::filesystem::path PlaceAt(const std::string& given) {
+  std::filesystem::path place(given);
+  return place.has_filename() ? place : place.parent_path();
+}
+
+void RequireFree(const std::filesystem::path& place, UnfinishedPath::What what) {
+  std::error_code error;
+  const auto status = std::filesystem::symlink_status(place, error);
+  if (!std::filesystem::exists(status)) return;
+  if (what == UnfinishedPath::kFile) throw Failure(place.string(), "is there already");
+  if (!std::filesystem::is_directory(status)) throw Failure(place.string(), "is there already and is no folder");
+  if (!std::filesystem::is_empty(place, error)) throw Failure(place.string(), "is there already and is not empty");
+}
+
+}  // namespace
+
+UnfinishedPath::UnfinishedPath(const std::string& place, What what) : place_(PlaceAt(place)) {
+  RequireFree(place_, what);
+  const std::string beside = place_.string() + "." + std::to_string(getpid()) + ".";
+  for (int number = 0; path_.empty(); ++number) {
+    const std::filesystem::path path = beside + std::to_string(number);
+    if (Make(path, what)) {
+      path_ = path;
+    } else if (errno != EEXIST) {
+      throw Failure(place, std::strerror(errno));
+    }
+  }
+}
+
+UnfinishedPath::~UnfinishedPath() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+void UnfinishedPath::PutInPlace() {
+  std::error_code error;
+  // An empty folder that is there gives way.
+  std::filesystem::rename(path_, place_, error);
+  if (error) throw Failure(place_.string(), error.message());
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_LIST_UNFINISHEDPATH_H_
+#define ZEVO_TOOLS_SAFT_LIST_UNFINISHEDPATH_H_
+
+#include <filesystem>
+#include <string>
+
+namespace zevo::saft {
+
+/// A new file or folder that is written beside its place and put there when it is whole: until then, and after a
+/// failure, there is nothing.
+class UnfinishedPath {
+ public:
+  enum What { kFile, kFolder };
+
+  /// Makes an empty one beside `place`. Fails when something is there already, save an empty folder for a folder.
+  UnfinishedPath(const std::string& place, What what);
+  UnfinishedPath(const UnfinishedPath&) = delete;
+  UnfinishedPath& operator=(const UnfinishedPath&) = delete;
+  ~UnfinishedPath();
+
+  /// Where to write.
+  const std::filesystem::path& Path() const { return path_; }
+  /// To be called once everything is written and closed.
+  void PutInPlace();
+
+ private:
+  std::filesystem::path place_;
+  std::filesystem::path path_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_LIST_UNFINISHEDPATH_H_
