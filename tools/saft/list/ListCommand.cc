@@ -47,7 +47,7 @@ bool IsOfTheFile(const Problem& problem) { return problem.path.starts_with('/');
 
 // Whether it is a record of its own that a list has although there is no room for a second one in the record around it.
 bool IsListedAll(const AuditFileScanner& scanner, const Problem& problem) {
-  return problem.fault == Fault::kRepeated &&
+  return problem.fault == Fault::kRepeated && scanner.Kind() &&
          RecordKindAt(*scanner.Kind(), problem.path).path == WithoutNumbers(problem.path);
 }
 
@@ -55,11 +55,8 @@ bool IsListedAll(const AuditFileScanner& scanner, const Problem& problem) {
 template <class Concerns>
 void AddProblems(const AuditFileScanner& scanner, ProblemReport& report, const Concerns& concerns) {
   for (const Problem& problem : scanner.Problems()) {
-    if (IsOfTheFile(problem)) {
-      report.Add(scanner, problem);
-    } else if (IsTold(problem.fault) && !IsListedAll(scanner, problem) && concerns(problem)) {
-      report.Add(scanner, problem);
-    }
+    const bool lost = IsTold(problem.fault) && !IsListedAll(scanner, problem) && concerns(problem);
+    if (IsOfTheFile(problem) || lost) report.Add(scanner, problem);
   }
 }
 

@@ -60,14 +60,12 @@ std::span<const RecordKind> RecordKinds() { return kKinds; }
 
 const RecordKind& RecordKindAt(EntityKind entity, std::string_view path) {
   const std::string element = WithoutNumbers(path);
-  const RecordKind* innermost = nullptr;
-  for (const RecordKind& kind : kKinds) {
-    if (kind.entity != entity) continue;
-    if (innermost == nullptr || (LeadsTo(kind.path, element) && kind.path.size() > innermost->path.size())) {
-      innermost = &kind;
-    }
-  }
-  return *innermost;
+  // How far in a kind is: at least that the entity is its own.
+  const auto depth = [&](const RecordKind& kind) {
+    if (kind.entity != entity) return -1;
+    return LeadsTo(kind.path, element) ? static_cast<int>(kind.path.size()) : 0;
+  };
+  return *std::ranges::max_element(kKinds, {}, depth);
 }
 
 std::string WithoutNumbers(std::string_view path) {

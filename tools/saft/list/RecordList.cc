@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/list/RecordList.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <numeric>
 
@@ -8,11 +9,12 @@ namespace zevo::saft {
 namespace {
 
 std::vector<size_t> PlacesOf(const std::vector<std::string>& names, const RecordColumns& columns) {
-  std::vector<size_t> places;
-  for (const std::string& name : names) places.push_back(columns.PlaceOf(name));
-  if (!names.empty()) return places;
-  places.resize(columns.Columns().size());
-  std::iota(places.begin(), places.end(), 0);
+  std::vector<size_t> places(names.empty() ? columns.Columns().size() : names.size());
+  if (names.empty()) {
+    std::iota(places.begin(), places.end(), 0);
+  } else {
+    std::ranges::transform(names, places.begin(), [&](const std::string& name) { return columns.PlaceOf(name); });
+  }
   return places;
 }
 

@@ -15,7 +15,7 @@ RowFilter::RowFilter(const std::vector<std::string>& conditions, const RecordCol
   for (const std::string& condition : conditions) {
     const size_t equals = condition.find('=');
     if (equals == std::string::npos) throw Failure("--where takes COLUMN=VALUE, not " + Quoted(condition));
-    const size_t column = columns.PlaceOf(std::string_view(condition).substr(0, equals));
+    const size_t column = columns.PlaceOf(condition.substr(0, equals));
     const Property* const property = columns.Columns()[column].property;
     conditions_.push_back({column, property != nullptr && IsDecimal(*property), condition.substr(equals + 1)});
   }
