@@ -23,7 +23,7 @@ std::span<const CommandEntry> CommandList() {
       CommandEntry{"create", "Turn a dataset of CSV files into an audit file", &Make<CreateCommand>},
       CommandEntry{"validate", "Check an audit file against the schema", &Make<ValidateCommand>},
       CommandEntry{"summary", "Tell what an audit file holds: header, counts and totals", &Make<SummaryCommand>},
-      CommandEntry{"list", "Write the records of one kind to standard output", &Make<ListCommand>},
+      CommandEntry{"list", "Write the records of a file as CSV or JSON", &Make<ListCommand>},
   };
   return kCommands;
 }

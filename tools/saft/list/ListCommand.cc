@@ -111,8 +111,10 @@ ListCommand::ListCommand(CLI::App& options) {
       ->option_text("FILE")
       ->excludes(all);
   CLI::Option* const json = options.add_flag("--json", json_, "Write a JSON object a line instead of CSV");
-  json->excludes(all);
-  options.add_flag("--excel", spreadsheet_, "Write CSV for Portuguese spreadsheet programs, see below")->excludes(json);
+  json->excludes(all)->option_text(" ");
+  options.add_flag("--excel", spreadsheet_, "Write CSV for Portuguese spreadsheet programs, see below")
+      ->excludes(json)
+      ->option_text(" ");
   std::string footer = "Kinds:";
   for (const RecordKind& each : RecordKinds()) footer.append("\n  ").append(each.name);
   options.footer(footer + R"(
@@ -128,8 +130,8 @@ In JSON every value is a text, so that numbers keep all their digits; children a
 take for a number or a date, such as =1+1, 007 or 1-2, begins with an apostrophe.
 
 A text that cannot be the value of its element, such as an amount of 12x, is listed as it stands, told at the end, and
-makes the exit code 2. So are told elements that are not known where they stand, and those that stand there once more,
-which are left out; the exit code is 0 then. An audit file of another version, or a file that is none, is an error.)");
+makes the exit code 2. Elements that are not known where they stand, and those that stand there once more, are left out
+and told too; they leave the exit code 0. An audit file of another version, or a file that is none, is an error.)");
 }
 
 ListForm ListCommand::Form() const {
