@@ -148,9 +148,29 @@ TEST_F(PulledParseTest, WhatTheHandlerThrowsEndsIt) {
   EXPECT_FALSE(parse.Problem());
 }
 
-TEST_F(PulledParseTest, AFileThatIsNotThereIsARunTimeError) {
+TEST_F(PulledParseTest, AFileThatIsNotThereIsAProblem) {
   Thrower nobody;
-  EXPECT_ERROR(PulledParse(parsing_.Folder().Path("none.xml"), nobody), RunTimeError::kFileNotFound, kRunTimeSource);
+  const std::string file = parsing_.Folder().Path("none.xml");
+  PulledParse parse(file, nobody);
+  EXPECT_FALSE(parse.Feed());
+  EXPECT_EQ(parse.BytesRead(), 0u);
+  const auto whole = Parser(file).Parse(nobody);
+  ASSERT_TRUE(parse.Problem() && whole);
+  EXPECT_EQ(parse.Problem()->number, static_cast<int32_t>(RunTimeError::kFileNotFound));
+  EXPECT_EQ(parse.Problem()->reason, whole->reason);
+  EXPECT_EQ(parse.Problem()->fault, XmlProblem::Fault::kUnreadable);
+}
+
+// Where a tag is broken, the parser tells of it before it fails, and the tag may have begun in a piece before.
+TEST_F(PulledParseTest, ABrokenTagHasNoPlaceInThePieceBehindIt) {
+  for (const std::string_view bytes : {"<H\x01<", "<a><b\x01<c/></a>", "<a b='<", "<a><b c<d></a>"}) {
+    Places places;
+    PulledParse parse(parsing_.Folder().Write("file.xml", bytes), places);
+    places.parse = &parse;
+    while (parse.Feed()) continue;
+    EXPECT_TRUE(parse.Problem()) << bytes;
+    for (const FilePlace& place : places.places) EXPECT_LE(place.offset, static_cast<int64_t>(bytes.size())) << bytes;
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
+#include <zevo/Error.h>
 #include <zevo/Utf8.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/ParserLimits.h>
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace zevo {
 namespace {
@@ -114,14 +116,21 @@ class PulledParse::Skipper final : public ParserHandler {
   uint64_t text_;
 };
 
+/// A file that can be read.
+struct PulledParse::Input {
+  explicit Input(const std::string& name) : file(name) {}
+
+  InputFile file;
+  TextDecoder decoder{file};
+};
+
 class PulledParse::State {
  public:
-  State(const std::string& file, ParserHandler& handler)
+  State(const std::string& file, std::unique_ptr<Input> input, ParserHandler& handler)
       : file_(file),
         handler_(handler),
-        input_(file),
-        decoder_(input_),
-        run_(decoder_, counter_, violated_, bytes_read_) {
+        input_(std::move(input)),
+        run_(input_->decoder, counter_, violated_, bytes_read_) {
     xmlSAXHandler callbacks = ParserRun::Callbacks();
     run_.Begin(xmlCreatePushParserCtxt(&callbacks, &run_, nullptr, 0, nullptr), nullptr);
     // Otherwise the parser looks at the first bytes to tell the encoding.
@@ -146,7 +155,8 @@ class PulledParse::State {
   }
 
   FilePlace StartTagPlace(std::string_view localName) {
-    if (whole_) return {};
+    // The parser may give a tag that it then finds broken: that one may have begun in a piece before.
+    if (whole_ || run_.Position() < before_) return {};
     const size_t end = run_.Position() - before_;
     // Most tags have nothing but their name.
     size_t tag = end - std::min(end, localName.size());
@@ -219,8 +229,7 @@ class PulledParse::State {
   std::string file_;
   ParserHandler& handler_;
   Counter counter_{handler_};
-  InputFile input_;
-  TextDecoder decoder_;
+  std::unique_ptr<Input> input_;
   ProblemSink violated_ = &GoesOn;
   uint64_t bytes_read_ = 0;
   ParserRun run_;
@@ -229,19 +238,27 @@ class PulledParse::State {
   size_t piece_ = 0;    // what the parser has of them
   size_t before_ = 0;   // bytes of the pieces before
   size_t counted_ = 0;  // of the piece
-  PlaceCounter places_{decoder_.Width(), decoder_.Start()};
+  PlaceCounter places_{input_->decoder.Width(), input_->decoder.Start()};
   bool ended_ = false;
   bool whole_ = false;
   std::optional<XmlProblem> problem_;
 };
 
-PulledParse::PulledParse(const std::string& file, ParserHandler& handler)
-    : state_(std::make_unique<State>(file, handler)) {}
+PulledParse::PulledParse(const std::string& file, ParserHandler& handler) {
+  std::unique_ptr<Input> input;
+  try {
+    input = std::make_unique<Input>(file);
+  } catch (const Error& error) {
+    unreadable_ = UnreadableFile(error);
+    return;
+  }
+  state_ = std::make_unique<State>(file, std::move(input), handler);
+}
 PulledParse::~PulledParse() = default;
 
-bool PulledParse::Feed() { return state_->Feed(); }
-const std::optional<XmlProblem>& PulledParse::Problem() const { return state_->Problem(); }
+bool PulledParse::Feed() { return state_ && state_->Feed(); }
+const std::optional<XmlProblem>& PulledParse::Problem() const { return state_ ? state_->Problem() : unreadable_; }
 FilePlace PulledParse::StartTagPlace(std::string_view localName) { return state_->StartTagPlace(localName); }
-uint64_t PulledParse::BytesRead() const { return state_->BytesRead(); }
+uint64_t PulledParse::BytesRead() const { return state_ ? state_->BytesRead() : 0; }
 
 }  // namespace zevo

@@ -17,7 +17,7 @@ namespace zevo {
 /// A parse that goes on when it is asked to: the same as Parser's, a piece of the file at a time.
 class PulledParse {
  public:
-  /// Opens the file. Raises a run-time error when it cannot be read.
+  /// Opens the file. One that cannot be read is a problem at once. Raises error 7 when libxml2 has no memory.
   PulledParse(const std::string& file, ParserHandler& handler);
   PulledParse(const PulledParse&) = delete;
   PulledParse& operator=(const PulledParse&) = delete;
@@ -40,8 +40,10 @@ class PulledParse {
  private:
   class Counter;
   class Skipper;
+  struct Input;
   class State;
-  std::unique_ptr<State> state_;
+  std::unique_ptr<State> state_;  // null for a file that cannot be read
+  std::optional<XmlProblem> unreadable_;
 };
 
 }  // namespace zevo
