@@ -37,7 +37,7 @@ TEST_F(ScannedEntityTest, NumbersTheElementsOfOneNameWhereThereAreSeveral) {
     Leaf(kTax, text);
     entity_.EndElement();
   }
-  entity_.Finish();
+  entity_.EndElement();
   ASSERT_EQ(entity_.Count(), 6u);
   EXPECT_EQ(entity_.PathOf(0), "");
   EXPECT_EQ(entity_.PathOf(1), "Tax");
@@ -57,7 +57,7 @@ TEST_F(ScannedEntityTest, WhiteSpaceAroundElementsIsNoText) {
   entity_.AppendText("\n  ");
   Leaf(kTax, "  kept\n");
   entity_.AppendText("\n");
-  entity_.Finish();
+  entity_.EndElement();
   EXPECT_EQ(entity_.TextOf(0), "");
   EXPECT_EQ(entity_.TextOf(1), "  kept\n");
   EXPECT_TRUE(entity_.Problems().empty());
@@ -68,7 +68,7 @@ TEST_F(ScannedEntityTest, OtherTextAroundElementsIsAProblem) {
   entity_.AppendText("one");
   Leaf(kTax, "");
   entity_.AppendText("two");
-  entity_.Finish();
+  entity_.EndElement();
   EXPECT_EQ(entity_.TextOf(0), "one");
   ASSERT_EQ(entity_.Problems().size(), 2u);
   EXPECT_EQ(entity_.Problems()[0], (Problem{Fault::kUnknownElement, "text()", {1, 1, 0}, "one"}));
@@ -80,11 +80,11 @@ TEST_F(ScannedEntityTest, BegunAnewItHasNothingOfTheOneBefore) {
   Leaf(kLine, "1");
   Leaf(kLine, "2");
   entity_.Add(Fault::kRepeated, 2);
-  entity_.Finish();
+  entity_.EndElement();
   ASSERT_EQ(entity_.Elements().size(), 3u);
   Begin();
   Leaf(kLine, "3");
-  entity_.Finish();
+  entity_.EndElement();
   EXPECT_EQ(entity_.PathOf(1), "Line");
   EXPECT_EQ(entity_.TextOf(1), "3");
   EXPECT_EQ(entity_.Elements().size(), 2u);

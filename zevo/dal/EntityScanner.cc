@@ -56,15 +56,24 @@ bool IsDeclaration(const ParsedName& name) {
   return name.prefix == nullptr ? name.local == std::string_view("xmlns") : name.prefix == std::string_view("xmlns");
 }
 
-void RequireVersion(std::string_view version) {
-  if (version == kVersion) return;
-  throw Error(kErrorBase + static_cast<int32_t>(Message::kOtherVersion), "AuditFileScanner.OpenAuditFile",
-              std::string("O ficheiro é da versão ").append(version).append("; só a versão 1.01_01 é lida"));
+// The step of a path that leads to an attribute.
+std::string PathOf(const ParsedAttribute& attribute) {
+  std::string path = "@";
+  if (attribute.name.prefix != nullptr) path.append(attribute.name.prefix).append(":");
+  return path.append(attribute.name.local);
 }
 
-[[noreturn]] void RefuseRoot() {
-  throw Error(kErrorBase + static_cast<int32_t>(Message::kNoAuditFile), "AuditFileScanner.OpenAuditFile",
-              "O ficheiro não é um ficheiro de auditoria");
+Error OtherRoot() {
+  return Error(kErrorBase + static_cast<int32_t>(Message::kNoAuditFile), "AuditFileScanner.OpenAuditFile",
+               "O ficheiro não é um ficheiro de auditoria");
+}
+
+Error OtherVersion(std::string_view version) {
+  constexpr int kMostCharacters = 40;
+  return Error(kErrorBase + static_cast<int32_t>(Message::kOtherVersion), "AuditFileScanner.OpenAuditFile",
+               std::string("O ficheiro é da versão ")
+                   .append(Leftmost(version, kMostCharacters))
+                   .append("; só a versão 1.01_01 é lida"));
 }
 
 }  // namespace
@@ -127,52 +136,72 @@ const EntityScanner::Name& EntityScanner::AddName(const ParsedName& parsed) {
 void EntityScanner::StartElement(const ParsedName& parsed, std::span<const ParsedAttribute> attributes) {
   const Name& name = NameOf(parsed);
   const FilePlace place = parse_.StartTagPlace(name.text);
-  if (open_.empty()) {
-    StartRoot(parsed, attributes, place);
-  } else if (entity_ && name.kind && HoldsEntries(entity_->Kind()) && ParentOf(*name.kind) == entity_->Kind()) {
-    FinishEntity();
-    BeginEntity(name, place);
-  } else if (!entity_ && name.kind) {
+  if (entity_ && name.kind && HoldsEntries(entity_->Kind()) && ParentOf(*name.kind) == entity_->Kind()) CutEntity();
+  if (!entity_) {
+    if (open_.empty()) return StartRoot(parsed, attributes, place);
+    if (refusal_) throw *refusal_;
+    open_.back().has_children = true;
+    EndTextBetween();
+    if (!name.kind) return StartBetween(name, attributes, place);
     BeginEntity(name, place);
   }
-  OpenElement open{&name, {}};
-  if (entity_) {
-    entity_->BeginElement(name, place);
-    NoteAttributes(attributes, place);
-  } else if (!open_.empty() && !IsContainer(name.text, open_.size())) {
-    open.problem = NoteBetween(OpenPath().append("/").append(name.text), place);
-  }
-  open_.push_back(open);
+  entity_->BeginElement(name, place);
+  if (!attributes.empty()) NoteAttributes(attributes, place);
 }
 
 void EntityScanner::EndElement(const ParsedName&) {
+  if (entity_) {
+    entity_->EndElement();
+    if (entity_->Depth() == 0) FinishEntity();
+    return;
+  }
+  if (refusal_) throw *refusal_;
+  EndTextBetween();
   open_.pop_back();
-  if (!entity_) return;
-  if (open_.size() == entity_depth_) return FinishEntity();
-  entity_->EndElement();
+  if (!journals_.empty() && journals_.back().depth == open_.size()) journals_.pop_back();
+  if (open_.empty() && !version_known_) between_.push_back({Fault::kConstant, "/AuditFile", root_place_, {}});
 }
 
 void EntityScanner::Characters(std::string_view text) {
   if (entity_) return entity_->AppendText(text);
-  if (open_.empty() || (!open_.back().problem && TrimWhiteSpace(text).empty())) return;
-  if (!open_.back().problem) {
-    open_.back().problem = NoteBetween(OpenPath().append("/text()"), {});
-  }
-  AddTextBetween(*open_.back().problem, text);
+  if (between_size_ + text_between_.size() + text.size() <= kMostBetween) text_between_ += text;
 }
 
 void EntityScanner::StartRoot(const ParsedName& name, std::span<const ParsedAttribute> attributes,
                               const FilePlace& place) {
-  if (name.local != kRoot) RefuseRoot();
   root_place_ = place;
+  open_.push_back({&NameOf(name), place});
+  if (name.local != kRoot) {
+    refusal_ = OtherRoot();
+    return;
+  }
   for (const ParsedAttribute& attribute : attributes) {
     // The declaration of the root's own namespace.
     const bool prefixed = name.prefix != nullptr;
     if (!IsDeclaration(attribute.name) || (attribute.name.prefix != nullptr) != prefixed) continue;
     if (prefixed && attribute.name.local != std::string_view(name.prefix)) continue;
-    if (!attribute.value.starts_with(kNamespaceStart)) RefuseRoot();
-    RequireVersion(attribute.value.substr(kNamespaceStart.size()));
-    version_known_ = true;
+    // xmlns="" is no namespace.
+    if (attribute.value.empty()) continue;
+    if (!attribute.value.starts_with(kNamespaceStart)) {
+      refusal_ = OtherRoot();
+    } else if (const auto version = attribute.value.substr(kNamespaceStart.size()); version != kVersion) {
+      refusal_ = OtherVersion(version);
+    } else {
+      version_known_ = true;
+    }
+  }
+}
+
+// An element around entities, or one that belongs to none.
+void EntityScanner::StartBetween(const Name& name, std::span<const ParsedAttribute> attributes,
+                                 const FilePlace& place) {
+  const bool container = IsContainer(name.text, open_.size());
+  open_.push_back({&name, place});
+  if (!container) open_.back().problem = NoteBetween(OpenPath(), place);
+  for (const ParsedAttribute& attribute : attributes) {
+    if (IsDeclaration(attribute.name)) continue;
+    const auto problem = NoteBetween(OpenPath().append("/").append(PathOf(attribute)), place);
+    if (problem) between_[*problem].text = attribute.value;
   }
 }
 
@@ -184,8 +213,8 @@ void EntityScanner::BeginEntity(const Name& name, const FilePlace& place) {
     free_.pop_back();
   }
   const EntityKind kind = *name.kind;
-  entity_depth_ = open_.size();
-  entity_->Begin(kind, kind == EntityKind::kTransaction ? journal_id_ : std::string());
+  const bool in_journal = kind == EntityKind::kTransaction && !journals_.empty();
+  entity_->Begin(kind, in_journal ? journals_.back().id : std::string());
   for (Problem& problem : between_) entity_->Add(std::move(problem));
   between_.clear();
   between_size_ = 0;
@@ -196,13 +225,22 @@ void EntityScanner::BeginEntity(const Name& name, const FilePlace& place) {
   }
 }
 
-void EntityScanner::FinishEntity() {
-  entity_->Finish();
-  if (!version_known_) CheckVersion();
+// Ends a section or a journal at the first entry inside.
+void EntityScanner::CutEntity() {
+  const size_t depth = open_.size();
+  for (const size_t element : entity_->OpenElements()) {
+    open_.push_back({static_cast<const Name*>(&entity_->NameOf(element)), entity_->PlaceOf(element)});
+  }
+  entity_->Cut();
   if (entity_->Kind() == EntityKind::kJournal) {
     const auto id = entity_->Find("JournalID");
-    journal_id_ = id ? entity_->TextOf(*id) : std::string_view();
+    journals_.push_back({depth, std::string(id ? entity_->TextOf(*id) : std::string_view())});
   }
+  FinishEntity();
+}
+
+void EntityScanner::FinishEntity() {
+  if (!version_known_) CheckVersion();
   finished_.push_back(std::move(entity_));
 }
 
@@ -210,7 +248,8 @@ void EntityScanner::FinishEntity() {
 void EntityScanner::CheckVersion() {
   const auto version = entity_->Find("AuditFileVersion");
   if (version) {
-    RequireVersion(TrimWhiteSpace(entity_->TextOf(*version)));
+    const std::string_view found = TrimWhiteSpace(entity_->TextOf(*version));
+    if (found != kVersion) throw OtherVersion(found);
   } else {
     entity_->Add({Fault::kConstant, "/AuditFile", root_place_, {}});
   }
@@ -222,9 +261,7 @@ void EntityScanner::NoteAttributes(std::span<const ParsedAttribute> attributes, 
     if (IsDeclaration(attribute.name)) continue;
     std::string path = entity_->PathOf(entity_->Count() - 1);
     if (!path.empty()) path += '/';
-    path += '@';
-    if (attribute.name.prefix != nullptr) path.append(attribute.name.prefix).append(":");
-    entity_->Add({Fault::kUnknownElement, path += attribute.name.local, place, std::string(attribute.value)});
+    entity_->Add({Fault::kUnknownElement, path += PathOf(attribute), place, std::string(attribute.value)});
   }
 }
 
@@ -236,9 +273,20 @@ std::optional<size_t> EntityScanner::NoteBetween(std::string path, const FilePla
   return between_.size() - 1;
 }
 
-void EntityScanner::AddTextBetween(size_t problem, std::string_view text) {
-  between_size_ += text.size();
-  if (between_size_ <= kMostBetween) between_[problem].text += text;
+// Nothing but white space around elements is no text.
+void EntityScanner::EndTextBetween() {
+  if (text_between_.empty()) return;
+  OpenElement& open = open_.back();
+  if (!TrimWhiteSpace(text_between_).empty()) {
+    if (!open.problem) open.problem = NoteBetween(OpenPath().append("/text()"), open.place);
+  } else if (open.has_children) {
+    return text_between_.clear();
+  }
+  if (open.problem) {
+    between_[*open.problem].text += text_between_;
+    between_size_ += text_between_.size();
+  }
+  text_between_.clear();
 }
 
 std::string EntityScanner::OpenPath() const {

@@ -2,6 +2,7 @@
 #ifndef ZEVO_DAL_ENTITYSCANNER_H_
 #define ZEVO_DAL_ENTITYSCANNER_H_
 
+#include <zevo/Error.h>
 #include <zevo/FilePlace.h>
 #include <zevo/dal/ScannedEntity.h>
 #include <zevo/model/EntityKind.h>
@@ -26,15 +27,15 @@ namespace zevo {
 /// that is asked for takes.
 class EntityScanner final : private ParserHandler {
  public:
-  /// Opens the file. Raises a run-time error when it cannot be read.
+  /// Opens the file. Raises error 7 when there is no memory.
   explicit EntityScanner(const std::string& fileName);
   EntityScanner(const EntityScanner&) = delete;
   EntityScanner& operator=(const EntityScanner&) = delete;
   ~EntityScanner() override;
 
   /// Reads as far as it takes to know what file this is. Raises message 602 for another root than an audit file's, 601
-  /// for another version, and the parser's number and reason with the source `source` where the file breaks off before
-  /// that is known.
+  /// for another version, and the parser's number and reason with the source `source` where the file cannot be read or
+  /// breaks off before that is known.
   void Open(std::string_view source);
 
   /// Goes on to the next entity; null after the last. Raises the same as Open, once the entities before are through.
@@ -51,9 +52,17 @@ class EntityScanner final : private ParserHandler {
     std::string own_text;
     std::optional<EntityKind> kind;
   };
+  /// An element around entities, or one that belongs to none.
   struct OpenElement {
     const Name* name;
-    std::optional<size_t> problem;  // among those between entities, of which it is one
+    FilePlace place;
+    bool has_children = false;
+    std::optional<size_t> problem = {};  // of the element or of its text, among those between entities
+  };
+  /// A journal whose transactions are being read.
+  struct OpenJournal {
+    size_t depth;
+    std::string id;
   };
 
   void StartElement(const ParsedName& parsed, std::span<const ParsedAttribute> attributes) override;
@@ -63,12 +72,14 @@ class EntityScanner final : private ParserHandler {
   const Name& NameOf(const ParsedName& parsed);
   const Name& AddName(const ParsedName& parsed);
   void StartRoot(const ParsedName& name, std::span<const ParsedAttribute> attributes, const FilePlace& place);
+  void StartBetween(const Name& name, std::span<const ParsedAttribute> attributes, const FilePlace& place);
   void BeginEntity(const Name& name, const FilePlace& place);
+  void CutEntity();
   void FinishEntity();
   void CheckVersion();
   void NoteAttributes(std::span<const ParsedAttribute> attributes, const FilePlace& place);
   std::optional<size_t> NoteBetween(std::string path, const FilePlace& place);
-  void AddTextBetween(size_t problem, std::string_view text);
+  void EndTextBetween();
   std::string OpenPath() const;
 
   void Feed();
@@ -78,14 +89,16 @@ class EntityScanner final : private ParserHandler {
   bool at_end_ = false;
   std::exception_ptr thrown_;  // by the handler
   std::deque<Name> names_;
-  std::vector<const Name*> by_number_;  // in the parse; null for those of attributes
-  std::vector<OpenElement> open_;
-  std::unique_ptr<ScannedEntity> entity_;  // that is being read; null between entities
-  size_t entity_depth_ = 0;                // elements around it
-  std::string journal_id_;
+  std::vector<const Name*> by_number_;     // in the parse; null for those of attributes
+  std::vector<OpenElement> open_;          // around the entity that is being read
+  std::unique_ptr<ScannedEntity> entity_;  // null between entities
+  std::vector<OpenJournal> journals_;
+  // What the root is refused for. It is told by what follows: the parser gives the root also where its tag is broken.
+  std::optional<Error> refusal_;
   bool version_known_ = false;
   FilePlace root_place_;
   std::vector<Problem> between_;
+  std::string text_between_;  // since the last tag
   size_t between_size_ = 0;
 
   std::deque<std::unique_ptr<ScannedEntity>> finished_;

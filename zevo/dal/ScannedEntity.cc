@@ -80,7 +80,14 @@ void ScannedEntity::EndText(Open& open) {
   }
 }
 
-void ScannedEntity::Finish() {
+std::vector<size_t> ScannedEntity::OpenElements() const {
+  std::vector<size_t> elements;
+  for (const Open& open : open_) elements.push_back(open.element);
+  return elements;
+}
+
+void ScannedEntity::Cut() {
+  if (!open_.empty()) open_.back().has_children = true;
   while (!open_.empty()) EndElement();
 }
 

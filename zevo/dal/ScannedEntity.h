@@ -65,8 +65,10 @@ class ScannedEntity {
   void AppendText(std::string_view text) { texts_.append(text); }
   /// How many elements are open.
   size_t Depth() const { return open_.size(); }
-  /// Ends what is open.
-  void Finish();
+  /// Those, from the outside in.
+  std::vector<size_t> OpenElements() const;
+  /// Ends what is open, where an element begins that is not taken in.
+  void Cut();
 
  private:
   struct Node {
