@@ -42,6 +42,7 @@ class Filler {
 
  private:
   size_t FillChild(Record& record, const LayoutRow& row, const Property& property, size_t element);
+  static void Empty(Record& record, std::span<const LayoutRow> layout, uint64_t seen);
   void FillText(Record& record, const Property& property, size_t element);
   template <class T>
   void Set(Record& record, const Property& property, size_t element, const std::optional<WholeValue<T>>& value);
@@ -83,7 +84,22 @@ size_t Filler::Fill(Record& record, std::span<const LayoutRow> layout, size_t el
     expected = items ? row : row + 1;
     child = FillChild(record, layout[row], properties[layout[row].slot], child);
   }
+  Empty(record, layout, seen);
   return child;
+}
+
+// Takes away what a new record has of its own, such as today's date, where the file has no such element.
+void Filler::Empty(Record& record, std::span<const LayoutRow> layout, uint64_t seen) {
+  const std::span<const Property> properties = PropertiesOf(record);
+  for (size_t row = 0; row < layout.size(); ++row) {
+    const Property& property = properties[layout[row].slot];
+    if ((seen & (uint64_t{1} << row)) != 0) continue;
+    if (property.set_text != nullptr) {
+      property.set_text(record, {});
+    } else if (property.type == PropertyType::kRecord && property.set == nullptr) {
+      Empty(*std::get<std::shared_ptr<Record>>(property.get(record)), layout[row].children(), 0);
+    }
+  }
 }
 
 // What follows an element and all that is inside it.
