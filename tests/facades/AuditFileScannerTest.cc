@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "tests/facades/SampleFile.h"
+#include "tests/support/ElementPaths.h"
 #include "tests/support/Errors.h"
 #include "tests/support/RecordValues.h"
 #include "tests/support/TemporaryFolder.h"
@@ -47,29 +48,6 @@ struct Scanned {
   std::vector<Problem> problems;
 };
 
-/// The path of each element, with numbers where a parent has several of a name.
-std::vector<std::string> PathsOf(std::span<const ScannedElement> elements) {
-  std::vector<size_t> parents;
-  std::vector<size_t> open;
-  std::map<std::pair<size_t, std::string_view>, int> several;
-  for (size_t i = 0; i < elements.size(); ++i) {
-    open.resize(static_cast<size_t>(elements[i].depth));
-    parents.push_back(open.empty() ? 0 : open.back());
-    open.push_back(i);
-    ++several[{parents[i], elements[i].name}];
-  }
-  std::map<std::pair<size_t, std::string_view>, int> counts;
-  std::vector<std::string> paths{""};
-  for (size_t i = 1; i < elements.size(); ++i) {
-    const std::pair<size_t, std::string_view> kind{parents[i], elements[i].name};
-    std::string path = paths[parents[i]];
-    path.append(path.empty() ? "" : "/").append(elements[i].name);
-    if (several[kind] > 1) path += "[" + std::to_string(++counts[kind]) + "]";
-    paths.push_back(path);
-  }
-  return paths;
-}
-
 class AuditFileScannerTest : public ::testing::Test {
  protected:
   void Open(std::string_view content) {
@@ -100,7 +78,7 @@ class AuditFileScannerTest : public ::testing::Test {
       scanned.journal = scanner_.JournalID();
       scanned.record = record;
       scanned.problems = scanner_.Problems();
-      const std::vector<std::string> paths = PathsOf(scanner_.Elements());
+      const std::vector<std::string> paths = testing::PathsOf(scanner_.Elements()).paths;
       for (size_t i = 0; i < paths.size(); ++i) {
         const ScannedElement& element = scanner_.Elements()[i];
         const std::string& name = paths[i];
@@ -197,7 +175,7 @@ TEST_F(AuditFileScannerTest, ARecordHoldsTheTextOfEveryElementOrAProblemTells) {
   EXPECT_GT(leaves, 150);
 }
 
-// What the contract's readers leave out is read too.
+// What the other readers leave out is read too.
 TEST_F(AuditFileScannerTest, NoTextOfACompleteFileIsLost) {
   for (const Scanned& scanned : Scan(ReadBytes(ZEVO_COMPLETE_FILE))) {
     for (const auto& entry : scanned.texts) {
