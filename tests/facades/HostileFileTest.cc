@@ -242,6 +242,9 @@ struct Access {
   const char* name;
   std::string_view source;
   std::function<bool(const std::string& path, std::shared_ptr<const AuditException>& exception)> run;
+  std::string_view other_source = {};  // of one that fails in either of two operations
+
+  bool IsSource(std::string_view found) const { return found == source || found == other_source; }
 };
 
 template <class Facade>
@@ -262,6 +265,23 @@ bool Stream(const std::string& path, std::shared_ptr<const AuditException>& exce
   return exception == nullptr;
 }
 
+// To the end of the file, or to what fails.
+bool ScanOn(AuditFileScanner& scanner) {
+  std::shared_ptr<Record> record;
+  while (scanner.ReadNext(record)) {
+    if (record == nullptr) return true;
+  }
+  return false;
+}
+
+bool Scan(const std::string& path, std::shared_ptr<const AuditException>& exception) {
+  AuditFileScanner scanner;
+  scanner.set_AuditFileName(path);
+  const bool scanned = scanner.OpenAuditFile() && ScanOn(scanner);
+  exception = scanner.AuditException();
+  return scanned;
+}
+
 bool Validate(const std::string& path, std::shared_ptr<const AuditException>& exception) {
   AuditFile file;
   file.set_AuditFileName(path);
@@ -274,6 +294,7 @@ const Access kAccesses[] = {
     {"AuditFile.OpenAuditFile", kLoadSource, Open<AuditFile>},
     {"AuditFileReader.OpenAuditFile", kLoadSource, Open<AuditFileReader>},
     {"AuditFileStreamer.ReadAuditFile", kStreamSource, Stream},
+    {"AuditFileScanner.ReadNext", "AuditFileScanner.ReadNext", Scan, "AuditFileScanner.OpenAuditFile"},
     {"AuditFile.ValidateAuditFile", kValidationSource, Validate},
 };
 
@@ -308,7 +329,7 @@ class HostileFileTest : public ::testing::Test {
       EXPECT_FALSE(access.run(path, exception)) << access.name;
       ASSERT_NE(exception, nullptr) << access.name;
       EXPECT_GT(exception->Number(), 0) << access.name << ": " << Told(exception);
-      EXPECT_EQ(exception->Source(), access.source) << access.name << ": " << Told(exception);
+      EXPECT_TRUE(access.IsSource(exception->Source())) << access.name << ": " << Told(exception);
       EXPECT_THAT(exception->Description(), HasSubstr("linha ")) << access.name;
     }
   }
@@ -359,6 +380,14 @@ TEST_P(HostileFileContentTest, LeavesTheFacadesClosedAndUsable) {
   reader.set_AuditFileName(good);
   EXPECT_TRUE(reader.OpenAuditFile()) << Told(reader.AuditException());
   EXPECT_EQ(reader.Customers(), 3);
+
+  AuditFileScanner scanner;
+  scanner.set_AuditFileName(bad);
+  EXPECT_FALSE(scanner.OpenAuditFile() && ScanOn(scanner));
+  EXPECT_EQ(scanner.Kind(), std::nullopt);
+  scanner.CloseAuditFile();
+  scanner.set_AuditFileName(good);
+  EXPECT_TRUE(scanner.OpenAuditFile() && ScanOn(scanner)) << Told(scanner.AuditException());
 }
 
 // Fifty milliseconds and what reading the bytes takes; a few megabytes and a few times the file.
@@ -532,7 +561,7 @@ TEST_F(HostileFileTest, SchemaThatMultipliesItselfIsRefused) {
               "name='e'/></xs:sequence></xs:extension></xs:complexContent></xs:complexType>")}) {
     Options().set_SchemaLocation(folder_.Write("own.xsd", schema));
     if (!kSanitized) {
-      EXPECT_EQ(InChildProcess([&] { return CostBeyond(schema.size(), kAccesses[3], path); }), "")
+      EXPECT_EQ(InChildProcess([&] { return CostBeyond(schema.size(), kAccesses[4], path); }), "")
           << schema.substr(190, 80);
     }
     std::shared_ptr<const AuditException> exception;
@@ -677,7 +706,7 @@ TEST_F(HostileFileTest, FileOfTheLibrarysOwnCutAtAnyByteIsNotOpened) {
       if (access.source == kValidationSource) continue;
       std::shared_ptr<const AuditException> exception;
       ASSERT_FALSE(access.run(path, exception)) << access.name << " cut at byte " << size;
-      ASSERT_EQ(exception->Source(), access.source) << Told(exception);
+      ASSERT_TRUE(access.IsSource(exception->Source())) << Told(exception);
       ASSERT_GT(exception->Number(), 0);
     }
   }
@@ -699,6 +728,10 @@ TEST_F(HostileFileTest, MissingFileIsNotFound) {
     reader.set_AuditFileName(path);
     EXPECT_FALSE(reader.OpenAuditFile());
     EXPECT_THAT(reader, Recorded(kFileNotFound, "AuditFileReader.OpenAuditFile"));
+    AuditFileScanner scanner;
+    scanner.set_AuditFileName(path);
+    EXPECT_FALSE(scanner.OpenAuditFile());
+    EXPECT_THAT(scanner, Recorded(kFileNotFound, "AuditFileScanner.OpenAuditFile"));
   }
 }
 
@@ -729,7 +762,7 @@ TEST_F(HostileFileTest, UnreadableFileIsReportedWithTheSystemsReason) {
       std::shared_ptr<const AuditException> exception;
       const bool succeeded = access.run(path, exception);
       if (succeeded || exception == nullptr || exception->Number() != kPermissionDenied ||
-          exception->Source() != access.source ||
+          !access.IsSource(exception->Source()) ||
           exception->Description().find("Permission denied") == std::string::npos) {
         failures += std::string(access.name) + ": " + Told(exception) + "\n";
       }
