@@ -1,8 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/dataset/CellValue.h"
 
+#include <algorithm>
+
 namespace zevo::saft {
 namespace {
+
+constexpr Property kCount{.name = {}, .type = PropertyType::kCount};
+
+std::string_view WithoutWhiteSpace(std::string_view cell) {
+  constexpr std::string_view kWhiteSpace = " \t\r\n";
+  cell.remove_prefix(std::min(cell.find_first_not_of(kWhiteSpace), cell.size()));
+  return cell.substr(0, cell.find_last_not_of(kWhiteSpace) + 1);
+}
+
+// The library's texts of numbers have no plus.
+std::string_view WithoutPlus(std::string_view number) {
+  const bool signed_once = number.size() > 1 && number[0] == '+' && number[1] != '+' && number[1] != '-';
+  return number.substr(signed_once ? 1 : 0);
+}
+
+PropertyValue FlagFromCount(int32_t count) {
+  if (count != 0 && count != 1) throw MakeRunTimeError(RunTimeError::kTypeMismatch);
+  return count == 1;
+}
 
 // What a cell of a property should have been, in words for a message.
 std::string Wanted(const Property& property) {
@@ -25,19 +46,29 @@ std::string Wanted(const Property& property) {
 
 }  // namespace
 
+std::string_view ToldBy(const Property& property, std::string_view cell) {
+  return property.type == PropertyType::kText ? cell : WithoutWhiteSpace(cell);
+}
+
 PropertyValue ValueFromCell(const Property& property, std::string_view cell) {
+  const std::string_view told = ToldBy(property, cell);
   try {
-    return ValueFromText(property, cell);
+    switch (property.type) {
+      case PropertyType::kText:
+      case PropertyType::kCode:
+        return ValueFromText(property, told);
+      case PropertyType::kFlag:
+        return FlagFromCount(std::get<int32_t>(ValueFromText(kCount, WithoutPlus(told))));
+      default:
+        return ValueFromText(property, WithoutPlus(told));
+    }
   } catch (const Error& error) {
     if (error.Number() == static_cast<int32_t>(RunTimeError::kOverflow)) throw BadValue("out of range");
     throw BadValue("not " + Wanted(property));
   }
 }
 
-int32_t CountFromCell(std::string_view cell) {
-  static constexpr Property kCount{.name = {}, .type = PropertyType::kCount};
-  return std::get<int32_t>(ValueFromCell(kCount, cell));
-}
+int32_t CountFromCell(std::string_view cell) { return std::get<int32_t>(ValueFromCell(kCount, cell)); }
 
 bool HasFewDigits(const Property& property, TextForm form, std::string_view text) {
   constexpr size_t kDecimals = 4;  // that an amount has

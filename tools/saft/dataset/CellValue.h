@@ -17,7 +17,12 @@ class BadValue : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The value of a plain property from its text in a dataset. Throws `BadValue`.
+/// What a cell tells of a property. A text is taken as it is. Of anything else white space around it counts for
+/// nothing, as in the file.
+std::string_view ToldBy(const Property& property, std::string_view cell);
+
+/// The value of a plain property from its text in a dataset: a number as the schema has it, such as "+1.5", ".5", "5."
+/// and "007". Throws `BadValue`.
 PropertyValue ValueFromCell(const Property& property, std::string_view cell);
 
 /// The value of a property that is a count. Throws `BadValue`.

@@ -35,7 +35,7 @@ ColumnBinding::ColumnBinding(std::string_view column, const Record& sample) {
   form_ = WrittenFormOf(*owner, property_->name).value_or(zevo::WrittenForm());
 }
 
-void ColumnBinding::Set(Record& record, const std::string& text) const {
+void ColumnBinding::Set(Record& record, std::string_view text) const {
   const PropertyValue value = ValueFromCell(*property_, text);
   Record* owner = &record;
   std::shared_ptr<Record> child;

@@ -18,8 +18,11 @@ class ColumnBinding {
   /// `sample` is any record of the class. Throws `BadValue` when the column is none that can be filled.
   ColumnBinding(std::string_view column, const Record& sample);
 
-  /// Sets the property from a cell's text, making the children on the way. Throws `BadValue`.
-  void Set(Record& record, const std::string& text) const;
+  /// Sets the property from a cell's text, making the children on the way. Throws
+  /// `BadValue`.
+  void Set(Record& record, std::string_view text) const;
+
+  const Property& Target() const { return *property_; }
 
   /// The text of the property in the audit file.
   const zevo::WrittenForm& Form() const { return form_; }

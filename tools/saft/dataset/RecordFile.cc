@@ -64,27 +64,29 @@ bool RecordFile::Next() {
 
 void RecordFile::Fill(Record& record) {
   for (const Column& column : columns_) {
-    const auto& [place, binding] = column;
-    const std::string& cell = csv_->Cell(place);
-    if (cell.empty()) continue;
-    try {
-      binding.Set(record, cell);
-    } catch (const BadValue& bad) {
-      csv_->Fail(place, bad.what());
-    }
-    Note(column, record);
+    const std::string_view text = ToldBy(column.binding.Target(), csv_->Cell(column.place));
+    if (text.empty()) continue;
+    SetFrom(column, text, record);
+    Note(column, text, record);
   }
   Decide(record);
 }
 
-void RecordFile::Note(const Column& column, const Record& record) {
+void RecordFile::SetFrom(const Column& column, std::string_view text, Record& record) {
+  try {
+    column.binding.Set(record, text);
+  } catch (const BadValue& bad) {
+    csv_->Fail(column.place, bad.what());
+  }
+}
+
+void RecordFile::Note(const Column& column, std::string_view text, const Record& record) {
   const auto& [place, binding] = column;
-  const std::string& cell = csv_->Cell(place);
   if (binding.IsText()) {
-    if (const std::string kept = binding.Text(record); kept != cell) alterations_.AddShortened(*csv_, place, kept);
-  } else if (binding.MayChange(cell)) {
+    if (const std::string kept = binding.Text(record); kept != text) alterations_.AddShortened(*csv_, place, kept);
+  } else if (binding.MayChange(text)) {
     const std::string written = binding.WrittenText(record);
-    if (!IsSameNumber(cell, written)) alterations_.AddRounded(*csv_, place, written);
+    if (!IsSameNumber(text, written)) alterations_.AddRounded(*csv_, place, written);
   }
 }
 

@@ -66,7 +66,8 @@ class RecordFile {
   void Bind(const Record& sample, const KeyColumns& keys);
   size_t PlaceOf(std::string_view column) const;
   void FindRivals();
-  void Note(const Column& column, const Record& record);
+  void SetFrom(const Column& column, std::string_view text, Record& record);
+  void Note(const Column& column, std::string_view text, const Record& record);
   void Decide(Record& record);
 
   std::string path_;

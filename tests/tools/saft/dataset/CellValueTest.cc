@@ -50,6 +50,33 @@ TEST_F(CellValueTest, SinglesAndCounts) {
   EXPECT_THAT(Texts("TaxPercentage"), ElementsAre("6.5", "23"));
 }
 
+// As other software writes them: what xs:decimal and xs:integer allow.
+TEST_F(CellValueTest, NumbersAreThoseOfTheSchema) {
+  Write("general_ledger.csv",
+        "AccountID,OpeningDebitBalance\n1,+1.5\n2,.5\n3,5.\n4,007\n5,1.50\n6,\"\n\t 1.5\r\n \"\n7,-.5\n8,+.50000\n");
+  Write("customers.csv", "CustomerID,SelfBillingIndicator\n1,+1\n2,01\n3,\"\n1\t\"\n4,-0\n5,000\n");
+  Write("invoices.csv", "InvoiceNo,InvoiceType\nFT 1,\"\n FT\t\"\n");
+  Write("invoice_lines.csv",
+        "InvoiceNo,LineNumber,Quantity,Tax.TaxPercentage\nFT 1,+7,+1.50,+06.50\nFT 1,008,.5,.5\nFT 1,\"\n9\",5.,5.\n");
+  Write("credit_notes.csv", "InvoiceNo,LineNumber,Reference\nFT 1,\" +07 \",E\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("OpeningDebitBalance"), ElementsAre("1.5", "0.5", "5", "7", "1.5", "1.5", "-0.5", "0.5"));
+  EXPECT_THAT(Texts("SelfBillingIndicator"), ElementsAre("1", "1", "1", "0", "0", "0"));
+  EXPECT_THAT(Texts("InvoiceType"), ElementsAre("FT"));
+  EXPECT_THAT(Texts("LineNumber"), ElementsAre("7", "8", "9"));
+  EXPECT_THAT(Texts("Quantity"), ElementsAre("1.5", "0.5", "5"));
+  EXPECT_THAT(Texts("TaxPercentage"), ElementsAre("6.5", "0.5", "5"));
+  EXPECT_THAT(Texts("Reference"), ElementsAre("E"));
+}
+
+TEST_F(CellValueTest, WhiteSpaceAloneIsNoValueButInATextItIs) {
+  Write("customers.csv", "CustomerID,SelfBillingIndicator,Contact,CompanyName\nC1,\"\n\t\",\"\n\",\"a\n  b\"\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("SelfBillingIndicator"), ElementsAre("0"));
+  EXPECT_THAT(Texts("Contact"), ElementsAre("\n"));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("a\n  b"));
+}
+
 // Numbers of six digits with up to four decimals, and of seven digits.
 TEST_F(CellValueTest, SinglePrecisionKeepsFewDigits) {
   const Property property{.name = "TaxPercentage", .type = PropertyType::kSingle};
@@ -122,11 +149,11 @@ TEST_P(CellValueBadCountTest, IsRefused) {
   ExpectRefused(In("invoice_lines.csv") + ":2: LineNumber: \"" + GetParam().value + "\": " + GetParam().reason);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, CellValueBadCountTest,
-                         ::testing::Values(BadCell{"", "", "1.0", "not a whole number"},
-                                           BadCell{"", "", "um", "not a whole number"},
-                                           BadCell{"", "", "+1", "not a whole number"},
-                                           BadCell{"", "", "2147483648", "out of range"}));
+INSTANTIATE_TEST_SUITE_P(
+    All, CellValueBadCountTest,
+    ::testing::Values(BadCell{"", "", "1.0", "not a whole number"}, BadCell{"", "", "um", "not a whole number"},
+                      BadCell{"", "", "++1", "not a whole number"}, BadCell{"", "", "+-1", "not a whole number"},
+                      BadCell{"", "", "1 2", "not a whole number"}, BadCell{"", "", "2147483648", "out of range"}));
 
 }  // namespace
 }  // namespace zevo
