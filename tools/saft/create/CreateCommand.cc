@@ -18,16 +18,20 @@ constexpr const char* kContentHelp =
     R"(The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
 column is a property of the record, such as CustomerID; a dot leads into a child: BillingAddress.City. Codes are
 written as in the audit file (FT), flags as 0 or 1, numbers with a point. Spaces at the ends of a cell do not count. An
-empty cell leaves the default. The totals of the sections are computed. Without transactions.csv there is no ledger section, without invoices no sales section.
+empty cell leaves the default; a child that may be absent is there when one of its cells is filled. Without
+transactions.csv there is no ledger section, without invoices no sales section.
 
 The names are these, letter for letter: a CSV file of another name is an error, files that are no CSV are left alone. A
-row whose parent is not there is an error too.
+row whose parent is not there is an error too, and so is an AuditFileVersion other than 1.01_01.
 
 Told and counted on standard error:
 
   - texts that are longer than the schema allows, which are shortened
   - rows whose cells are all empty, which are skipped
   - section totals of more than two decimals, which are rounded: the file has them with two
+  - values of TaxType and ProductCompanyTaxId other than those that are the same in every file, which are written
+  - the InvoiceType FS, for which the library has no code: the element is empty
+  - a header without a BusinessName: the element is empty
   - numbers that the file does not hold as given; with them nothing is written, unless --round is given:
       amounts and quantities of more than four decimals, which are rounded
       quantities, and tax percentages and amounts of invoice lines, that single precision changes: it keeps about

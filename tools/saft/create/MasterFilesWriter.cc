@@ -23,6 +23,7 @@ void MasterFilesWriter::WriteHeader() {
   if (!rows.Next()) return;
   Header header;
   rows.Fill(header);
+  if (header.BusinessName().empty()) rows.NoteAbsent("BusinessName");
   output_.Write(header, {rows.Path(), rows.Row()});
   if (rows.Next()) rows.Fail("a second header");
 }

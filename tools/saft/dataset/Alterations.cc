@@ -15,13 +15,16 @@ struct Wording {
   std::string_view refused;  // told of what would be written
 };
 
-constexpr std::array<Wording, 5> kWordings{{
+constexpr std::array<Wording, 8> kWordings{{
     {"text", "texts", "shortened to what the schema allows", ""},
     {"number", "numbers", "rounded to what the file holds", "would be rounded to what the file holds"},
     {"number", "numbers", "left out, the file holds only one of the two",
      "would be left out, the file holds only one of the two"},
     {"row", "rows", "without any value skipped", ""},
     {"total", "totals", "rounded to two decimals", ""},
+    {"value", "values", "replaced by the constant that the file has there", ""},
+    {"code", "codes", "left out, the element is empty: the library has no such code", ""},
+    {"absent text", "absent texts", "written as an empty element", ""},
 }};
 
 std::string PlaceOf(const CsvFile& file) { return Visible(file.Path()) + ":" + std::to_string(file.Row()); }
@@ -61,6 +64,20 @@ void Alterations::AddLeftOut(const CsvFile& file, size_t column, size_t other) {
 
 void Alterations::AddEmptyRow(const CsvFile& file) {
   Add(kEmptyRow, [&] { return PlaceOf(file); });
+}
+
+void Alterations::AddConstant(const CsvFile& file, size_t column, std::string_view constant) {
+  Add(kConstant, [&] { return PlaceOf(file, column) + Quoted(file.Cell(column)) + " to " + Quoted(constant); });
+}
+
+void Alterations::AddUnknownCode(const CsvFile& file, size_t column) { AddCell(kUnknownCode, file, column); }
+
+void Alterations::AddAbsent(const CsvFile& file, std::string_view column) {
+  Add(kAbsent, [&] { return PlaceOf(file).append(": ").append(column); });
+}
+
+void Alterations::AddCell(Kind kind, const CsvFile& file, size_t column) {
+  Add(kind, [&] { return PlaceOf(file, column) + Quoted(file.Cell(column)); });
 }
 
 void Alterations::AddTotal(std::string_view section, std::string_view element, Amount sum) {

@@ -27,6 +27,12 @@ class Alterations {
   void AddLeftOut(const CsvFile& file, size_t column, size_t other);
   /// A row without a value.
   void AddEmptyRow(const CsvFile& file);
+  /// A value beside which the file has a constant.
+  void AddConstant(const CsvFile& file, size_t column, std::string_view constant);
+  /// A code that the schema allows and the library has no value for.
+  void AddUnknownCode(const CsvFile& file, size_t column);
+  /// A row without a value in a column, which the file need not have, whose element is written all the same.
+  void AddAbsent(const CsvFile& file, std::string_view column);
   /// The totals of a section, where their two decimals make them differ from the sums of its entries.
   void AddTotals(std::string_view section, const Totals& sums);
 
@@ -39,7 +45,7 @@ class Alterations {
   void ReportLostNumbers(std::ostream& out) const;
 
  private:
-  enum Kind { kShortened, kRounded, kLeftOut, kEmptyRow, kTotal, kKinds };
+  enum Kind { kShortened, kRounded, kLeftOut, kEmptyRow, kTotal, kConstant, kUnknownCode, kAbsent, kKinds };
   struct Places {
     size_t count = 0;
     std::vector<std::string> first;
@@ -48,6 +54,7 @@ class Alterations {
   /// Counts one. Its place, which `describe` gives, is told of the first few.
   template <class Describe>
   void Add(Kind kind, Describe&& describe);
+  void AddCell(Kind kind, const CsvFile& file, size_t column);
   void AddTotal(std::string_view section, std::string_view element, Amount sum);
   bool IsIn(Kind kind) const { return places_[kind].count > 0; }
   void Report(Kind kind, std::string_view verb, std::ostream& out) const;

@@ -2,11 +2,22 @@
 #include "tools/saft/dataset/CellValue.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zevo::saft {
 namespace {
 
 constexpr Property kCount{.name = {}, .type = PropertyType::kCount};
+
+/// A code that the schema allows for a property, and for which the library has no value.
+struct CodeOfSchema {
+  std::string_view property;
+  std::string_view code;
+};
+
+constexpr std::array<CodeOfSchema, 1> kCodesOfSchemaOnly{{{"InvoiceType", "FS"}}};
+
+constexpr std::string_view kBindingConstant = "AuditFileVersion";
 
 std::string_view WithoutWhiteSpace(std::string_view cell) {
   constexpr std::string_view kWhiteSpace = " \t\r\n";
@@ -88,5 +99,14 @@ std::string WrittenText(const Property& property, TextForm form, const PropertyV
 bool IsDecimal(const Property& property) {
   return property.type == PropertyType::kAmount || property.type == PropertyType::kSingle;
 }
+
+bool IsCodeOfSchemaOnly(const Property& property, std::string_view cell) {
+  if (property.type != PropertyType::kCode) return false;
+  return std::ranges::any_of(kCodesOfSchemaOnly, [&](const CodeOfSchema& known) {
+    return known.property == property.name && known.code == ToldBy(property, cell);
+  });
+}
+
+bool IsBindingConstant(const Property& property) { return property.name == kBindingConstant; }
 
 }  // namespace zevo::saft

@@ -39,6 +39,14 @@ bool HasFewDigits(const Property& property, TextForm form, std::string_view text
 /// Whether a property is a number that may have decimals.
 bool IsDecimal(const Property& property);
 
+/// Whether the schema allows a code for the property that the library has no value for: the property is left unset, and
+/// its element gets no text.
+bool IsCodeOfSchemaOnly(const Property& property, std::string_view cell);
+
+/// Whether a dataset must not have another value for a constant property than the constant: the version tells how all
+/// the rest is meant.
+bool IsBindingConstant(const Property& property);
+
 }  // namespace zevo::saft
 
 #endif  // ZEVO_TOOLS_SAFT_DATASET_CELLVALUE_H_

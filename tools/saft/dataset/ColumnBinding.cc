@@ -31,7 +31,7 @@ ColumnBinding::ColumnBinding(std::string_view column, const Record& sample) {
   }
   property_ = &Named(column, *owner);
   if (!IsPlain(*property_)) throw BadValue("a column must name one of its properties, after a dot");
-  if (property_->set == nullptr) throw BadValue("constant, it cannot be set");
+  if (property_->set == nullptr) constant_ = TextFromValue(*property_, property_->get(*owner));
   form_ = WrittenFormOf(*owner, property_->name).value_or(zevo::WrittenForm());
 }
 
@@ -48,7 +48,7 @@ void ColumnBinding::Set(Record& record, std::string_view text) const {
     }
     owner = child.get();
   }
-  property_->set(*owner, value);
+  if (!constant_) property_->set(*owner, value);
 }
 
 bool ColumnBinding::MayChange(std::string_view number) const {

@@ -15,14 +15,16 @@ namespace zevo::saft {
 /// The property that a column of a dataset stands for, in a record or, after dots, in one of its children.
 class ColumnBinding {
  public:
-  /// `sample` is any record of the class. Throws `BadValue` when the column is none that can be filled.
+  /// `sample` is any record of the class. Throws `BadValue` when the column is none that a dataset may have.
   ColumnBinding(std::string_view column, const Record& sample);
 
-  /// Sets the property from a cell's text, making the children on the way. Throws
+  /// Sets the property from a cell's text, making the children on the way. A constant stays as it is. Throws
   /// `BadValue`.
   void Set(Record& record, std::string_view text) const;
 
   const Property& Target() const { return *property_; }
+  /// The value of a property that is the same in every record; nothing for all others.
+  const std::optional<std::string>& Constant() const { return constant_; }
 
   /// The text of the property in the audit file.
   const zevo::WrittenForm& Form() const { return form_; }
@@ -41,6 +43,7 @@ class ColumnBinding {
   std::vector<const Property*> children_;
   const Property* property_;
   zevo::WrittenForm form_;
+  std::optional<std::string> constant_;
 };
 
 }  // namespace zevo::saft

@@ -66,6 +66,10 @@ void RecordFile::Fill(Record& record) {
   for (const Column& column : columns_) {
     const std::string_view text = ToldBy(column.binding.Target(), csv_->Cell(column.place));
     if (text.empty()) continue;
+    if (IsCodeOfSchemaOnly(column.binding.Target(), text)) {
+      alterations_.AddUnknownCode(*csv_, column.place);
+      continue;
+    }
     SetFrom(column, text, record);
     Note(column, text, record);
   }
@@ -82,7 +86,11 @@ void RecordFile::SetFrom(const Column& column, std::string_view text, Record& re
 
 void RecordFile::Note(const Column& column, std::string_view text, const Record& record) {
   const auto& [place, binding] = column;
-  if (binding.IsText()) {
+  if (const auto& constant = binding.Constant()) {
+    if (text == *constant) return;
+    if (IsBindingConstant(binding.Target())) csv_->Fail(place, "only " + *constant + " can be written");
+    alterations_.AddConstant(*csv_, place, *constant);
+  } else if (binding.IsText()) {
     if (const std::string kept = binding.Text(record); kept != text) alterations_.AddShortened(*csv_, place, kept);
   } else if (binding.MayChange(text)) {
     const std::string written = binding.WrittenText(record);

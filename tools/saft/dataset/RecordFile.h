@@ -40,6 +40,11 @@ class RecordFile {
   /// Sets the properties that the row has a value for.
   void Fill(Record& record);
 
+  // What becomes of the row otherwise than it says.
+
+  /// It has no value for a property whose element is written all the same.
+  void NoteAbsent(std::string_view column) { alterations_.AddAbsent(*csv_, column); }
+
   /// The cell of a parent column, by its place among them.
   const std::string& Parent(size_t place) const { return csv_->Cell(parents_[place]); }
   /// The key as the row has it.

@@ -18,7 +18,7 @@ class CreateCommandTest : public testing::ToolTest {
  protected:
   // A dataset with every file, one record in each.
   void WriteEverything() const {
-    Write("header.csv", "CompanyName\nCasa\n");
+    Write("header.csv", "BusinessName\nCasa\n");
     Write("general_ledger.csv", "AccountID\n11\n");
     Write("customers.csv", "CustomerID\nC1\n");
     Write("suppliers.csv", "SupplierID\nF1\n");
@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Absence{{"credit_notes.csv"}, {"References"}}));
 
 TEST_F(CreateCommandTest, WithoutMasterFilesThereIsNoSuchSection) {
-  Write("header.csv", "CompanyName\nCasa\n");
+  Write("header.csv", "BusinessName\nCasa\n");
   ExpectCreated();
   EXPECT_FALSE(Has("MasterFiles"));
 }
@@ -143,6 +143,19 @@ TEST_F(CreateCommandTest, EmptySectionsAreLeftOut) {
   EXPECT_FALSE(Has("Header"));
   EXPECT_FALSE(Has("GeneralLedgerEntries"));
   EXPECT_FALSE(Has("SourceDocuments"));
+}
+
+TEST_F(CreateCommandTest, AHeaderWithoutABusinessNameIsTold) {
+  const std::string told =
+      "saft: 1 absent text written as an empty element\n  " + In("header.csv") + ":2: BusinessName\n";
+  for (const char* header : {"CompanyName\nCasa\n", "CompanyName,BusinessName\nCasa,\n"}) {
+    Write("header.csv", header);
+    const testing::Outcome outcome = Create();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.err, told);
+    EXPECT_TRUE(Has("BusinessName"));
+    std::filesystem::remove(Output());
+  }
 }
 
 TEST_F(CreateCommandTest, ThereIsOneHeader) {

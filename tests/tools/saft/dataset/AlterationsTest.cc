@@ -250,13 +250,47 @@ TEST_F(AlterationsTest, TotalsAreThoseOfWhatIsWritten) {
 
 TEST_F(AlterationsTest, RowsWithoutAValueAreSkippedAndCounted) {
   Write("customers.csv", "CustomerID,CompanyName\nC1,Um\n,\n\"\",\nC2,Dois\n,,,,\n");
-  Write("header.csv", "CompanyName,Fax\n,\nCasa,\n,\n");
+  Write("header.csv", "BusinessName,Fax\n,\nCasa,\n,\n");
   const testing::Outcome outcome = Create();
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.err, "saft: 5 rows without any value skipped\n  " + In("header.csv") + ":2\n  " + In("header.csv") +
                              ":4\n  " + In("customers.csv") + ":3\n  " + In("customers.csv") + ":4\n  " +
                              In("customers.csv") + ":6\n");
   EXPECT_THAT(Texts("CustomerID"), ElementsAre("C1", "C2"));
+}
+
+TEST_F(AlterationsTest, ValuesOfConstantsThatTheFileDoesNotHoldAreTold) {
+  Write("header.csv", "BusinessName,AuditFileVersion,ProductCompanyTaxId\nCasa,1.01_01,501964843\n");
+  Write("tax_table.csv", "TaxType,TaxCode,TaxPercentage\nIVA,NOR,23\nIS,1.1,2\n,RED,6\n");
+  Write("invoices.csv", "InvoiceNo\nFT 1\n");
+  Write("invoice_lines.csv", "InvoiceNo,LineNumber,Tax.TaxType,Tax.TaxCode\nFT 1,1,IS,1.1\nFT 1,2,,\nFT 1,3,IVA,NOR\n");
+  const testing::Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.err, "saft: 3 values replaced by the constant that the file has there\n  " + In("header.csv") +
+                             ":2: ProductCompanyTaxId: \"501964843\" to \"500000000\"\n  " + In("tax_table.csv") +
+                             ":3: TaxType: \"IS\" to \"IVA\"\n  " + In("invoice_lines.csv") +
+                             ":2: Tax.TaxType: \"IS\" to \"IVA\"\n");
+  EXPECT_THAT(Texts("ProductCompanyTaxID"), ElementsAre("500000000"));
+  EXPECT_THAT(Texts("TaxType"), ElementsAre("IVA", "IVA", "IVA", "IVA", "IVA"));
+}
+
+TEST_F(AlterationsTest, AnotherVersionIsRefused) {
+  Write("header.csv", "AuditFileVersion,CompanyName\n1.04_01,Casa\n");
+  ExpectRefused(In("header.csv") + ":2: AuditFileVersion: \"1.04_01\": only 1.01_01 can be written");
+}
+
+TEST_F(AlterationsTest, ACodeThatTheSchemaAloneKnowsIsToldAndLeavesTheElementEmpty) {
+  Write("invoices.csv", "InvoiceNo,InvoiceType\nFT 1,FT\nFS 1,FS\nNC 1,NC\n");
+  for (const auto& options : {std::vector<std::string>{}, {"--stream"}}) {
+    const testing::Outcome outcome = Create(options);
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.err, "saft: 1 code left out, the element is empty: the library has no such code\n  " +
+                               In("invoices.csv") + ":3: InvoiceType: \"FS\"\n");
+    EXPECT_TRUE(Has("InvoiceType"));
+    std::filesystem::remove(Output());
+  }
+  Write("invoices.csv", "InvoiceNo,InvoiceStatus\nFS 1,FS\n");
+  ExpectRefused(In("invoices.csv") + ":2: InvoiceStatus: \"FS\": not one of N, A, F, S");
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ TEST_F(CellValueTest, FlagsAreZeroOrOne) {
 }
 
 TEST_F(CellValueTest, CodesAreThoseOfTheFile) {
-  Write("header.csv", "TaxAccountingBasis\nI\n");
+  Write("header.csv", "TaxAccountingBasis,BusinessName\nI,Casa\n");
   Write("products.csv", "ProductCode,ProductType\n1,P\n2,S\n3,O\n4,I\n");
   Write("invoices.csv",
         "InvoiceNo,InvoiceType,InvoiceStatus,DocumentTotals.Settlement.PaymentMechanism\n1,FT,N,NU\n2,RA,A,TR\n");

@@ -49,7 +49,7 @@ TEST_F(ColumnBindingTest, ColumnsComeInAnyOrder) {
 }
 
 TEST_F(ColumnBindingTest, AnEmptyCellLeavesTheDefault) {
-  Write("header.csv", "CompanyName,CurrencyCode,CompanyAddress.Country\nCasa,,\n");
+  Write("header.csv", "BusinessName,CurrencyCode,CompanyAddress.Country\nCasa,,\n");
   ExpectCreated();
   EXPECT_THAT(Texts("CurrencyCode"), ElementsAre("EUR"));
   EXPECT_THAT(Texts("Country"), ElementsAre("PT"));
@@ -83,11 +83,22 @@ INSTANTIATE_TEST_SUITE_P(
         BadColumn{"suppliers.csv", "SupplierID,ShipToAddress.City", "\"ShipToAddress.City\": unknown column"},
         BadColumn{"invoices.csv", "InvoiceNo,Line", "\"Line\": unknown column"},
         BadColumn{"invoices.csv", "InvoiceNo,Line.LineNumber", "\"Line.LineNumber\": unknown column"},
-        BadColumn{"header.csv", "AuditFileVersion", "\"AuditFileVersion\": constant, it cannot be set"},
-        BadColumn{"header.csv", "ProductCompanyTaxId", "\"ProductCompanyTaxId\": constant, it cannot be set"},
-        BadColumn{"tax_table.csv", "TaxCode,TaxType", "\"TaxType\": constant, it cannot be set"},
-        BadColumn{"invoice_lines.csv", "InvoiceNo,LineNumber,Tax.TaxType",
-                  "\"Tax.TaxType\": constant, it cannot be set"}));
+        BadColumn{"tax_table.csv", "TaxCode,TaxType.Code", "\"TaxType.Code\": unknown column"}));
+
+TEST_F(ColumnBindingTest, AConstantMayHaveItsValueOrNone) {
+  Write("header.csv", "AuditFileVersion,BusinessName,ProductCompanyTaxId\n1.01_01,Casa,500000000\n");
+  Write("tax_table.csv", "TaxType,TaxCode,TaxPercentage\nIVA,NOR,23\n,RED,6\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("AuditFileVersion"), ElementsAre("1.01_01"));
+  EXPECT_THAT(Texts("TaxType"), ElementsAre("IVA", "IVA"));
+}
+
+TEST_F(ColumnBindingTest, AConstantBringsItsRecordIntoBeing) {
+  Write("invoices.csv", "InvoiceNo\nFT 1\n");
+  Write("invoice_lines.csv", "InvoiceNo,LineNumber,Tax.TaxType\nFT 1,1,\nFT 1,2,IVA\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("TaxType"), ElementsAre("IVA"));
+}
 
 }  // namespace
 }  // namespace zevo
