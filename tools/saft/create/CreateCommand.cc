@@ -22,7 +22,11 @@ empty cell leaves the default; a child that may be absent is there when one of i
 transactions.csv there is no ledger section, without invoices no sales section.
 
 The names are these, letter for letter: a CSV file of another name is an error, files that are no CSV are left alone. A
-row whose parent is not there is an error too, and so is an AuditFileVersion other than 1.01_01.
+row whose parent is not there is an error too, and so are an AuditFileVersion other than 1.01_01 and records with the
+same key, but for those of one document: lines with one LineNumber or RecordID and credit notes of a line with one
+Reference are all kept. Orders and credit notes that name such a line go to the lines of that number in turn, and what
+is left over to the first. An order may also stand in invoice_lines.csv, as OrderReferences.OriginatingOn and
+OrderReferences.OrderDate.
 
 Told and counted on standard error:
 
@@ -32,6 +36,8 @@ Told and counted on standard error:
   - values of TaxType and ProductCompanyTaxId other than those that are the same in every file, which are written
   - the InvoiceType FS, for which the library has no code: the element is empty
   - a header without a BusinessName: the element is empty
+  - a second order of a line, which is left out
+  - keys that repeat in one document, and orders and credit notes that name one of several lines of the same number
   - numbers that the file does not hold as given; with them nothing is written, unless --round is given:
       amounts and quantities of more than four decimals, which are rounded
       quantities, and tax percentages and amounts of invoice lines, that single precision changes: it keeps about

@@ -15,7 +15,7 @@ struct Wording {
   std::string_view refused;  // told of what would be written
 };
 
-constexpr std::array<Wording, 8> kWordings{{
+constexpr std::array<Wording, 11> kWordings{{
     {"text", "texts", "shortened to what the schema allows", ""},
     {"number", "numbers", "rounded to what the file holds", "would be rounded to what the file holds"},
     {"number", "numbers", "left out, the file holds only one of the two",
@@ -25,6 +25,9 @@ constexpr std::array<Wording, 8> kWordings{{
     {"value", "values", "replaced by the constant that the file has there", ""},
     {"code", "codes", "left out, the element is empty: the library has no such code", ""},
     {"absent text", "absent texts", "written as an empty element", ""},
+    {"row", "rows", "left out, a line holds only one order", ""},
+    {"key", "keys", "repeated in one document and kept", ""},
+    {"row", "rows", "given to one of several lines of the same number", ""},
 }};
 
 std::string PlaceOf(const CsvFile& file) { return Visible(file.Path()) + ":" + std::to_string(file.Row()); }
@@ -75,6 +78,12 @@ void Alterations::AddUnknownCode(const CsvFile& file, size_t column) { AddCell(k
 void Alterations::AddAbsent(const CsvFile& file, std::string_view column) {
   Add(kAbsent, [&] { return PlaceOf(file).append(": ").append(column); });
 }
+
+void Alterations::AddSecond(const CsvFile& file, size_t column) { AddCell(kSecond, file, column); }
+
+void Alterations::AddRepeatedKey(const CsvFile& file, size_t column) { AddCell(kRepeatedKey, file, column); }
+
+void Alterations::AddGuess(const CsvFile& file, size_t column) { AddCell(kGuess, file, column); }
 
 void Alterations::AddCell(Kind kind, const CsvFile& file, size_t column) {
   Add(kind, [&] { return PlaceOf(file, column) + Quoted(file.Cell(column)); });

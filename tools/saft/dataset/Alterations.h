@@ -33,6 +33,12 @@ class Alterations {
   void AddUnknownCode(const CsvFile& file, size_t column);
   /// A row without a value in a column, which the file need not have, whose element is written all the same.
   void AddAbsent(const CsvFile& file, std::string_view column);
+  /// A row that is left out because the record that it names in a column holds one already.
+  void AddSecond(const CsvFile& file, size_t column);
+  /// A key that another record of the same parent has.
+  void AddRepeatedKey(const CsvFile& file, size_t column);
+  /// A row that names in a column a record that is there several times, and is given to one of them.
+  void AddGuess(const CsvFile& file, size_t column);
   /// The totals of a section, where their two decimals make them differ from the sums of its entries.
   void AddTotals(std::string_view section, const Totals& sums);
 
@@ -45,7 +51,20 @@ class Alterations {
   void ReportLostNumbers(std::ostream& out) const;
 
  private:
-  enum Kind { kShortened, kRounded, kLeftOut, kEmptyRow, kTotal, kConstant, kUnknownCode, kAbsent, kKinds };
+  enum Kind {
+    kShortened,
+    kRounded,
+    kLeftOut,
+    kEmptyRow,
+    kTotal,
+    kConstant,
+    kUnknownCode,
+    kAbsent,
+    kSecond,
+    kRepeatedKey,
+    kGuess,
+    kKinds
+  };
   struct Places {
     size_t count = 0;
     std::vector<std::string> first;

@@ -27,7 +27,7 @@ constexpr std::array<DatasetFile, 13> kFiles{{
     {Dataset::kTransactionLines, "linhas_movimentos.csv", "their lines; TransactionID tells the transaction"},
     {Dataset::kInvoices, "faturas.csv", "sales documents"},
     {Dataset::kInvoiceLines, "linhas_faturas.csv", "their lines; InvoiceNo tells the document"},
-    {Dataset::kOrderReferences, "encomendas.csv", "orders; InvoiceNo and LineNumber tell the line"},
+    {Dataset::kOrderReferences, "encomendas.csv", "their orders; InvoiceNo and LineNumber tell the line"},
     {Dataset::kCreditNotes, "notas_credito.csv", "documents corrected; InvoiceNo and LineNumber tell the line"},
 }};
 

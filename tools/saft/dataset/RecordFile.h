@@ -42,8 +42,14 @@ class RecordFile {
 
   // What becomes of the row otherwise than it says.
 
+  /// Its key is that of another record of the same parent.
+  void NoteRepeatedKey() { alterations_.AddRepeatedKey(*csv_, *key_); }
   /// It has no value for a property whose element is written all the same.
   void NoteAbsent(std::string_view column) { alterations_.AddAbsent(*csv_, column); }
+  /// Its record is left out: that which the last parent column names has one already.
+  void NoteSecond() { alterations_.AddSecond(*csv_, parents_.back()); }
+  /// Several records are what the last parent column names: one of them is taken.
+  void NoteGuess() { alterations_.AddGuess(*csv_, parents_.back()); }
 
   /// The cell of a parent column, by its place among them.
   const std::string& Parent(size_t place) const { return csv_->Cell(parents_[place]); }

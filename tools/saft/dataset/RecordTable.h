@@ -68,15 +68,13 @@ class RecordTable {
   std::vector<Row> rows_;
 };
 
-/// Adds a row's record to a collection of its parent. Fails when the parent has another one with that key.
+/// Adds a row's record to a collection of its parent. When the parent has another one with that key, notes it and is
+/// false: the record is there all the same.
 template <class Collection, class T>
-void AddToParent(Collection& collection, std::shared_ptr<T> record, const RecordFile& file) {
-  try {
-    collection.Add(std::move(record));
-  } catch (const Error& error) {
-    if (error.Number() != static_cast<int32_t>(RunTimeError::kDuplicateKey)) throw;
-    file.FailAtKey("duplicate, an earlier row with the same parent has it already");
-  }
+bool AddToParent(Collection& collection, std::shared_ptr<T> record, RecordFile& file) {
+  const bool is_free = collection.Append(std::move(record));
+  if (!is_free) file.NoteRepeatedKey();
+  return is_free;
 }
 
 }  // namespace zevo::saft

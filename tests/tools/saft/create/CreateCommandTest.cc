@@ -29,6 +29,7 @@ class CreateCommandTest : public testing::ToolTest {
     Write("transaction_lines.csv", "TransactionID,RecordID,DebitAmount,CreditAmount\nT1,1,10.25,\nT1,2,,10.25\n");
     Write("invoices.csv", "InvoiceNo\nNC 1\n");
     Write("invoice_lines.csv", "InvoiceNo,LineNumber,DebitAmount\nNC 1,1,5\n");
+    Write("order_references.csv", "InvoiceNo,LineNumber,OriginatingOn\nNC 1,1,E 1\n");
     Write("credit_notes.csv", "InvoiceNo,LineNumber,Reference\nNC 1,1,FT 1\n");
   }
   void Remove(std::string_view name) const { std::filesystem::remove(In(name)); }
@@ -84,7 +85,7 @@ TEST_P(CreateCommandAbsentFileTest, LeavesOutItsRecords) {
   ExpectCreated();
   for (const char* element :
        {"Header", "GeneralLedger", "Customer", "Supplier", "Product", "TaxTable", "GeneralLedgerEntries", "Journal",
-        "Transaction", "RecordID", "SourceDocuments", "Invoice", "LineNumber", "References"}) {
+        "Transaction", "RecordID", "SourceDocuments", "Invoice", "LineNumber", "OrderReferences", "References"}) {
     const bool absent = std::ranges::count(GetParam().elements, element) > 0;
     EXPECT_EQ(Has(element), !absent) << element;
   }
@@ -99,9 +100,11 @@ INSTANTIATE_TEST_SUITE_P(
                       Absence{{"journals.csv", "transactions.csv", "transaction_lines.csv"},
                               {"GeneralLedgerEntries", "Journal", "Transaction", "RecordID"}},
                       Absence{{"transaction_lines.csv"}, {"RecordID"}},
-                      Absence{{"invoices.csv", "invoice_lines.csv", "credit_notes.csv"},
-                              {"SourceDocuments", "Invoice", "LineNumber", "References"}},
-                      Absence{{"invoice_lines.csv", "credit_notes.csv"}, {"LineNumber", "References"}},
+                      Absence{{"invoices.csv", "invoice_lines.csv", "order_references.csv", "credit_notes.csv"},
+                              {"SourceDocuments", "Invoice", "LineNumber", "OrderReferences", "References"}},
+                      Absence{{"invoice_lines.csv", "order_references.csv", "credit_notes.csv"},
+                              {"LineNumber", "OrderReferences", "References"}},
+                      Absence{{"order_references.csv"}, {"OrderReferences"}},
                       Absence{{"credit_notes.csv"}, {"References"}}));
 
 TEST_F(CreateCommandTest, WithoutMasterFilesThereIsNoSuchSection) {
@@ -155,6 +158,64 @@ TEST_F(CreateCommandTest, AHeaderWithoutABusinessNameIsTold) {
     EXPECT_EQ(outcome.err, told);
     EXPECT_TRUE(Has("BusinessName"));
     std::filesystem::remove(Output());
+  }
+}
+
+class CreateCommandOrdersTest : public CreateCommandTest {
+ protected:
+  void WriteOrders(const std::string& lines, const std::string& orders) const {
+    Write("invoices.csv", "InvoiceNo\nFT 1\nFT 2\n");
+    Write("invoice_lines.csv", lines);
+    Write("order_references.csv", "InvoiceNo,LineNumber,OriginatingOn,OrderDate\n" + orders);
+  }
+  std::string Told(std::string_view what) const { return "saft: " + std::string(what); }
+};
+
+TEST_F(CreateCommandOrdersTest, RowsFindTheirLine) {
+  WriteOrders("InvoiceNo,LineNumber\nFT 1,1\nFT 1,2\nFT 2,1\n", "FT 2,1,E 3,2012-03-01\nFT 1,2,E 2,\nFT 1,1,,\n");
+  ExpectCreated();
+  EXPECT_EQ(Texts("OrderReferences").size(), 2U);
+  EXPECT_TRUE(Has("OrderReferences"));
+  EXPECT_THAT(Texts("OriginatingON"), ElementsAre("E 2", "E 3"));
+  EXPECT_THAT(Texts("OrderDate"), ElementsAre("2012-03-01"));
+}
+
+TEST_F(CreateCommandOrdersTest, ASecondOneOfALineIsToldAndLeftOut) {
+  WriteOrders("InvoiceNo,LineNumber,OrderReferences.OriginatingOn\nFT 1,1,\nFT 2,1,E 3\n",
+              "FT 1,1,E 1,\nFT 1,01,E 2,2012-03-01\nFT 2,1,E 4,\n");
+  const testing::Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.err, Told("2 rows left out, a line holds only one order\n  ") + In("order_references.csv") +
+                             ":3: LineNumber: \"01\"\n  " + In("order_references.csv") + ":4: LineNumber: \"1\"\n");
+  EXPECT_THAT(Texts("OriginatingON"), ElementsAre("E 1", "E 3"));
+}
+
+TEST_F(CreateCommandOrdersTest, ALineThatIsNotThereIsAnError) {
+  WriteOrders("InvoiceNo,LineNumber\nFT 1,1\n", "FT 1,2,E 1,\n");
+  ExpectRefused(In("order_references.csv") + ":2: LineNumber: \"2\": no such line in its invoice");
+}
+
+TEST_F(CreateCommandOrdersTest, RowsOfLinesWithOneNumberGoToThemInTurn) {
+  WriteOrders("InvoiceNo,LineNumber,ProductCode\nFT 1,1,a\nFT 1,1,b\nFT 1,1,c\n",
+              "FT 1,1,E 1,\nFT 1,1,E 2,\nFT 1,1,E 3,\nFT 1,1,E 4,\n");
+  Write("credit_notes.csv", "InvoiceNo,LineNumber,Reference\nFT 1,1,N 1\nFT 1,1,N 2\nFT 1,1,N 3\nFT 1,1,N 4\n");
+  const std::string orders = In("order_references.csv");
+  const std::string notes = In("credit_notes.csv");
+  const std::string one = ": LineNumber: \"1\"\n";
+  const testing::Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.err, Told("1 row left out, a line holds only one order\n  ") + orders + ":5" + one +
+                             "saft: 2 keys repeated in one document and kept\n  " + In("invoice_lines.csv") + ":3" +
+                             one + "  " + In("invoice_lines.csv") + ":4" + one +
+                             "saft: 8 rows given to one of several lines of the same number\n  " + orders + ":2" + one +
+                             "  " + orders + ":3" + one + "  " + orders + ":4" + one + "  " + orders + ":5" + one +
+                             "  " + notes + ":2" + one + "  and 3 more\n");
+  const std::string bytes = testing::ReadBytes(Output());
+  size_t last = 0;
+  for (const char* part : {">E 1<", ">a<", ">N 1<", ">N 4<", ">E 2<", ">b<", ">N 2<", ">E 3<", ">c<", ">N 3<"}) {
+    const size_t at = bytes.find(part, last);
+    ASSERT_NE(at, std::string::npos) << part;
+    last = at;
   }
 }
 

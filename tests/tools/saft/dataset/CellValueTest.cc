@@ -58,7 +58,7 @@ TEST_F(CellValueTest, NumbersAreThoseOfTheSchema) {
   Write("invoices.csv", "InvoiceNo,InvoiceType\nFT 1,\"\n FT\t\"\n");
   Write("invoice_lines.csv",
         "InvoiceNo,LineNumber,Quantity,Tax.TaxPercentage\nFT 1,+7,+1.50,+06.50\nFT 1,008,.5,.5\nFT 1,\"\n9\",5.,5.\n");
-  Write("credit_notes.csv", "InvoiceNo,LineNumber,Reference\nFT 1,\" +07 \",E\n");
+  Write("order_references.csv", "InvoiceNo,LineNumber,OriginatingOn\nFT 1,\" +07 \",E\n");
   ExpectCreated();
   EXPECT_THAT(Texts("OpeningDebitBalance"), ElementsAre("1.5", "0.5", "5", "7", "1.5", "1.5", "-0.5", "0.5"));
   EXPECT_THAT(Texts("SelfBillingIndicator"), ElementsAre("1", "1", "1", "0", "0", "0"));
@@ -66,7 +66,7 @@ TEST_F(CellValueTest, NumbersAreThoseOfTheSchema) {
   EXPECT_THAT(Texts("LineNumber"), ElementsAre("7", "8", "9"));
   EXPECT_THAT(Texts("Quantity"), ElementsAre("1.5", "0.5", "5"));
   EXPECT_THAT(Texts("TaxPercentage"), ElementsAre("6.5", "0.5", "5"));
-  EXPECT_THAT(Texts("Reference"), ElementsAre("E"));
+  EXPECT_THAT(Texts("OriginatingON"), ElementsAre("E"));
 }
 
 TEST_F(CellValueTest, WhiteSpaceAloneIsNoValueButInATextItIs) {

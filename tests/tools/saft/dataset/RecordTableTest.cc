@@ -100,21 +100,31 @@ TEST_F(RecordTableTest, TheLineOfACreditNoteIsANumber) {
   ExpectRefused(In("credit_notes.csv") + ":3: LineNumber: \"um\": not a whole number");
 }
 
-constexpr const char* kDuplicate = "duplicate, an earlier row with the same parent has it already";
+class RecordTableRepeatedKeyTest : public RecordTableTest {
+ protected:
+  void ExpectToldAt(const std::string& place) const {
+    const testing::Outcome outcome = Create();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.err, "saft: 1 key repeated in one document and kept\n  " + place + "\n");
+  }
+};
 
-TEST_F(RecordTableTest, ARecordIDIsUniqueInItsTransaction) {
-  WriteEntries("T1,1\nT2,1\nT1,1\n");
-  ExpectRefused(In("transaction_lines.csv") + ":4: RecordID: \"1\": " + kDuplicate);
+TEST_F(RecordTableRepeatedKeyTest, ARecordIDIsKept) {
+  WriteEntries("T1,a\nT2,a\nT1,b\nT1,A\n");
+  ExpectToldAt(In("transaction_lines.csv") + ":5: RecordID: \"A\"");
+  EXPECT_THAT(Texts("RecordID"), ElementsAre("a", "b", "A", "a"));
 }
 
-TEST_F(RecordTableTest, ALineNumberIsUniqueInItsInvoice) {
-  WriteInvoices("NC 1,1\nNC 2,1\nNC 2,01\n");
-  ExpectRefused(In("invoice_lines.csv") + ":4: LineNumber: \"01\": " + kDuplicate);
+TEST_F(RecordTableRepeatedKeyTest, ALineNumberIsKept) {
+  WriteInvoices("NC 1,1\nNC 2,1\nNC 2,2\nNC 2,01\n");
+  ExpectToldAt(In("invoice_lines.csv") + ":5: LineNumber: \"01\"");
+  EXPECT_THAT(Texts("LineNumber"), ElementsAre("1", "1", "2", "1"));
 }
 
-TEST_F(RecordTableTest, AReferenceIsUniqueInItsLine) {
+TEST_F(RecordTableRepeatedKeyTest, AReferenceIsKept) {
   WriteInvoices("NC 1,1\nNC 1,2\n", "NC 1,1,FT 1\nNC 1,2,FT 1\nNC 1,1,FT 1\n");
-  ExpectRefused(In("credit_notes.csv") + ":4: Reference: \"FT 1\": " + kDuplicate);
+  ExpectToldAt(In("credit_notes.csv") + ":4: Reference: \"FT 1\"");
+  EXPECT_THAT(Texts("Reference"), ElementsAre("FT 1", "FT 1", "FT 1"));
 }
 
 struct Missing {
@@ -136,6 +146,7 @@ INSTANTIATE_TEST_SUITE_P(All, RecordTableMissingColumnTest,
                                            Missing{"transaction_lines.csv", "RecordID", "TransactionID"},
                                            Missing{"transaction_lines.csv", "TransactionID", "RecordID"},
                                            Missing{"invoice_lines.csv", "LineNumber", "InvoiceNo"},
+                                           Missing{"order_references.csv", "LineNumber", "InvoiceNo"},
                                            Missing{"credit_notes.csv", "InvoiceNo,Reference", "LineNumber"}));
 
 }  // namespace
