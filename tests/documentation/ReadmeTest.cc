@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,6 +44,22 @@ TEST(ReadmeTest, TheExampleCountsInvoices) {
   EXPECT_EQ(InvoicesIn(file), 2);
   EXPECT_EQ(InvoicesIn(folder.Write("b.xml", "<AuditFile><Invoice/>")), -1);
   EXPECT_EQ(InvoicesIn(folder.Path("none.xml")), -1);
+}
+
+TEST(ReadmeTest, TheExamplePrintsHashesAndProblems) {
+  const TemporaryFolder folder;
+  const auto printed = [&](std::string_view invoices) {
+    std::ostringstream out;
+    PrintHashes(folder.Write("a.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01">
+<SourceDocuments><SalesInvoices>)" + std::string(invoices) +
+                                          "</SalesInvoices></SourceDocuments></AuditFile>"),
+                out);
+    return out.str();
+  };
+  EXPECT_EQ(printed("<Invoice><Hash>abc=</Hash></Invoice>\n<Invoice><Period>x</Period></Invoice>"),
+            "2: abc=\n3: none\n");
+  EXPECT_EQ(printed("<Invoice><InvoiceType>FS</InvoiceType></Invoice>"),
+            "2: none\nInvoiceType, \"FS\": the code is unknown (line 2, column 42).\n");
 }
 
 TEST(ReadmeTest, TheCMakeLinesAreThoseOfTheConsumerThatIsTested) {
