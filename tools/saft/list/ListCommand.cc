@@ -107,7 +107,7 @@ ListCommand::ListCommand(CLI::App& options) {
   options.add_option("--where", conditions_, "List the records that have this value; may be given several times")
       ->option_text("COLUMN=VALUE")
       ->excludes(all);
-  options.add_option("-o,--output", output_, "Write into a new file instead of standard output")
+  options.add_option("-o,--output", output_, "Write into a new file, - for standard output")
       ->option_text("FILE")
       ->excludes(all);
   CLI::Option* const json = options.add_flag("--json", json_, "Write a JSON object a line instead of CSV");
@@ -139,6 +139,8 @@ ListForm ListCommand::Form() const {
   return spreadsheet_ ? ListForm::kSpreadsheet : ListForm::kCsv;
 }
 
+bool ListCommand::IsToStandardOutput() const { return output_.empty() || output_ == "-"; }
+
 ExitCode ListCommand::Run() const {
   if (!folder_.empty()) return ListAll();
   if (kind_.empty()) throw Failure("list takes a KIND, or --all DIR\nRun \"saft list --help\" for help.");
@@ -159,7 +161,7 @@ ExitCode ListCommand::ListAll() const {
 
 ExitCode ListCommand::ListKind(const RecordKind& kind) const {
   const ListChoice choice{.columns = columns_, .conditions = conditions_, .form = Form()};
-  AuditFileInput file(file_, output_.empty() ? OutputWhile::kReading : OutputWhile::kIntoFiles);
+  AuditFileInput file(file_, IsToStandardOutput() ? OutputWhile::kReading : OutputWhile::kIntoFiles);
   ProblemReport problems(file_);
   const auto concerns = [&](const Problem& problem) {
     const RecordKind& told = RecordKindAt(kind.entity, problem.path);
@@ -172,7 +174,7 @@ ExitCode ListCommand::ListKind(const RecordKind& kind) const {
       if (listed) list.Take(scanner);
     });
   };
-  if (output_.empty()) {
+  if (IsToStandardOutput()) {
     ShownList list(kind, choice);
     read(list);
   } else {

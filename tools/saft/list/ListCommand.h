@@ -22,6 +22,7 @@ class ListCommand : public Command {
   ExitCode ListAll() const;
   ExitCode ListKind(const RecordKind& kind) const;
   ListForm Form() const;
+  bool IsToStandardOutput() const;
 
   std::string file_;
   std::string kind_;

@@ -200,6 +200,7 @@ TEST_F(ListCommandTest, OutputGoesIntoANewFile) {
   const std::string list = folder_.Path("list.csv");
   EXPECT_EQ(List("Product", {"-o", list}), "");
   EXPECT_EQ(testing::ReadBytes(list), List("Product"));
+  EXPECT_EQ(List("Product", {"-o", "-"}), List("Product"));
   const testing::Outcome again = Run({"list", Output(), "Customer", "--output", list});
   EXPECT_EQ(again.code, 2);
   EXPECT_EQ(again.err, "saft: " + list + ": is there already\n");
