@@ -129,7 +129,10 @@ class RecordCheck {
       const bool at_wrong_place = problem.path.empty() && problem.fault == Fault::kOutOfOrder;
       Expect(at_wrong_place || problem.text == there.text, problem.path + " is told with another text");
     } else {
-      const std::string_view last = std::string_view{problem.path}.substr(problem.path.rfind('/') + 1);
+      const size_t slash = problem.path.rfind('/');
+      const std::string_view last = std::string_view{problem.path}.substr(slash + 1);
+      const std::string owner = slash == std::string::npos ? "" : problem.path.substr(0, slash);
+      Expect(std::ranges::count(where_.paths, owner) == 1, "what is told is nowhere: " + problem.path);
       Expect(last == "text()" || last.starts_with("@"), "what is told is not there: " + problem.path);
       Expect(problem.fault == Fault::kUnknownElement, problem.path);
     }

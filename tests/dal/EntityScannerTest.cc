@@ -167,6 +167,11 @@ TEST_F(EntityScannerTest, BetweenTwoEntitiesIsNoMoreKeptThanAMegabyte) {
   }
 }
 
+TEST_F(EntityScannerTest, PathsCountElementsOfOneNameWhateverTheirPrefix) {
+  EXPECT_EQ(ScanOfRoot("<Header xmlns:n='u'><a x='1'/><n:a x='2'/><n:b/></Header>"),
+            "= Header\nHeader \"\"\n a \"\"\n a \"\"\n b \"\"\n! a[1]/@x \"1\"\n! a[2]/@x \"2\"\n");
+}
+
 // ---- Places ----
 
 TEST_F(EntityScannerTest, ElementsAndProblemsStandWhereTheirStartTagsBegin) {

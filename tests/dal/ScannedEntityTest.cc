@@ -2,17 +2,21 @@
 #include <zevo/dal/ScannedEntity.h>
 
 #include <gtest/gtest.h>
+#include <zevo/Error.h>
 
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "tests/support/Errors.h"
 
 namespace zevo {
 namespace {
 
 const ScannedName kInvoice{"Invoice", 1, 0};
 const ScannedName kLine{"Line", 2, 0};
-const ScannedName kTax{"Tax", 3, ElementName("Tax").Number()};
+const ScannedName kTax{"Tax", 3, 0};
 
 class ScannedEntityTest : public ::testing::Test {
  protected:
@@ -75,11 +79,64 @@ TEST_F(ScannedEntityTest, OtherTextAroundElementsIsAProblem) {
   EXPECT_EQ(entity_.Problems()[1].text, "two");
 }
 
+// What comes later counts for the path, too.
+TEST_F(ScannedEntityTest, AttributesAreProblemsOfTheirElement) {
+  Begin();
+  entity_.NoteAttribute("@a", "1");
+  for (const char* text : {"x", ""}) {
+    entity_.BeginElement(kLine, {2, 1, 9});
+    entity_.NoteAttribute("@n:id", "2");
+    entity_.AppendText(text);
+    entity_.EndElement();
+  }
+  entity_.EndElement();
+  EXPECT_EQ(entity_.TextOf(0), "");
+  EXPECT_EQ(entity_.TextOf(1), "x");
+  EXPECT_EQ(entity_.TextOf(2), "");
+  const std::vector<Problem> expected{{Fault::kUnknownElement, "@a", {1, 1, 0}, "1"},
+                                      {Fault::kUnknownElement, "Line[1]/@n:id", {2, 1, 9}, "2"},
+                                      {Fault::kUnknownElement, "Line[2]/@n:id", {2, 1, 9}, "2"}};
+  EXPECT_EQ(entity_.Problems(), expected);
+  entity_.Note(Fault::kRepeated, 2);
+  EXPECT_EQ(entity_.Problems().size(), 4u);
+}
+
+TEST_F(ScannedEntityTest, PlacesAreThoseGivenAndNoneWhereNoneIsKnown) {
+  constexpr int64_t kFar = 5'000'000'000;
+  const std::vector<FilePlace> places{{kFar, kFar, kFar}, {kFar, kFar + 7, kFar + 7}, {}, {kFar + 1, 3, kFar + 99}};
+  entity_.Begin(EntityKind::kInvoice, "");
+  for (const FilePlace& place : places) entity_.BeginElement(kLine, place);
+  for (size_t i = 0; i < places.size(); ++i) EXPECT_EQ(entity_.PlaceOf(i), places[i]) << i;
+  EXPECT_EQ(entity_.Elements()[3].place, places[3]);
+  entity_.Begin(EntityKind::kInvoice, "");
+  entity_.BeginElement(kLine, {});
+  EXPECT_EQ(entity_.PlaceOf(0), FilePlace());
+  EXPECT_ERROR(entity_.BeginElement(kLine, {1, 1, kFar}), RunTimeError::kOutOfMemory, kRunTimeSource);
+}
+
+// One name with several prefixes is one name.
+TEST_F(ScannedEntityTest, NamesOfOneNumberAreCountedTogether) {
+  const ScannedName prefixed{"Line", 2, 0};
+  Begin();
+  Leaf(kLine, "1");
+  Leaf(prefixed, "2");
+  EXPECT_EQ(entity_.PathOf(2), "Line[2]");
+}
+
+TEST_F(ScannedEntityTest, WhatIsCutOffHasElementsInside) {
+  Begin();
+  entity_.AppendText(" \n");
+  EXPECT_EQ(entity_.OpenElements(), std::vector<size_t>{0});
+  entity_.Cut();
+  EXPECT_EQ(entity_.TextOf(0), "");
+  EXPECT_EQ(entity_.Depth(), 0u);
+}
+
 TEST_F(ScannedEntityTest, BegunAnewItHasNothingOfTheOneBefore) {
   Begin();
   Leaf(kLine, "1");
   Leaf(kLine, "2");
-  entity_.Add(Fault::kRepeated, 2);
+  entity_.Note(Fault::kRepeated, 2);
   entity_.EndElement();
   ASSERT_EQ(entity_.Elements().size(), 3u);
   Begin();

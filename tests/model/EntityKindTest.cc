@@ -33,6 +33,18 @@ TEST(EntityKindTest, KindsOfSeveralRecordsHaveAKey) {
                                 "TransactionID", "", "InvoiceNo"));
 }
 
+TEST(EntityKindTest, PathsLeadFromTheRootThroughTheParent) {
+  EXPECT_EQ(PathOf(EntityKind::kHeader), "/AuditFile/Header");
+  EXPECT_EQ(PathOf(EntityKind::kGeneralLedger), "/AuditFile/MasterFiles/GeneralLedger");
+  EXPECT_EQ(PathOf(EntityKind::kInvoice), "/AuditFile/SourceDocuments/SalesInvoices/Invoice");
+  for (const EntityKind kind : EntityKinds()) {
+    const std::string path(PathOf(kind));
+    EXPECT_TRUE(path.ends_with("/" + std::string(NameOf(kind)))) << path;
+    if (!ParentOf(kind)) continue;
+    EXPECT_EQ(path, std::string(PathOf(*ParentOf(kind))) + "/" + std::string(NameOf(kind)));
+  }
+}
+
 TEST(EntityKindTest, EntriesStandInTheirParents) {
   EXPECT_EQ(ParentOf(EntityKind::kJournal), EntityKind::kGeneralLedgerEntries);
   EXPECT_EQ(ParentOf(EntityKind::kTransaction), EntityKind::kJournal);

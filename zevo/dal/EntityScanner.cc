@@ -6,7 +6,6 @@
 #include <zevo/platform/Text.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace zevo {
@@ -20,44 +19,23 @@ constexpr std::string_view kNamespaceStart = "urn:OECD:StandardAuditFile-Tax:PT_
 // Beyond this much, what stands between two entities is not kept: no file of any program has it.
 constexpr size_t kMostBetween = size_t{1} << 20;
 
-// Where entities stand: the element around them and how many elements are around.
-struct StandRow {
-  EntityKind kind;
-  std::string_view parent;
-  size_t depth;
-};
-constexpr auto kStandRows = std::to_array<StandRow>({
-    {EntityKind::kHeader, "AuditFile", 1},
-    {EntityKind::kGeneralLedger, "MasterFiles", 2},
-    {EntityKind::kCustomer, "MasterFiles", 2},
-    {EntityKind::kSupplier, "MasterFiles", 2},
-    {EntityKind::kProduct, "MasterFiles", 2},
-    {EntityKind::kTaxTable, "MasterFiles", 2},
-    {EntityKind::kGeneralLedgerEntries, "AuditFile", 1},
-    {EntityKind::kJournal, "GeneralLedgerEntries", 2},
-    {EntityKind::kTransaction, "Journal", 3},
-    {EntityKind::kSalesInvoices, "SourceDocuments", 2},
-    {EntityKind::kInvoice, "SalesInvoices", 3},
-});
-consteval bool StandsInOrderOfValues() {
-  for (size_t i = 0; i < kStandRows.size(); ++i) {
-    if (static_cast<size_t>(kStandRows[i].kind) != i) return false;
-  }
-  return kStandRows.size() == kEntityKinds;
+// The elements around entities that are none themselves, which stand in the root.
+bool IsSection(std::string_view name) {
+  const std::string path = std::string("/").append(kRoot).append("/").append(name).append("/");
+  return !EntityKindOf(name) &&
+         std::ranges::any_of(EntityKinds(), [&](EntityKind kind) { return PathOf(kind).starts_with(path); });
 }
-static_assert(StandsInOrderOfValues());
 
-// Elements around entities that are none themselves.
-bool IsContainer(std::string_view name, size_t depth) {
-  return (depth == 1 && (name == "MasterFiles" || name == "SourceDocuments"));
-}
+// Of the entities that were read, so many are kept for others, unless they are larger than others will be.
+constexpr size_t kMostKept = 64;
+constexpr size_t kMostKeptOfOne = size_t{64} * 1024;
 
 bool IsDeclaration(const ParsedName& name) {
   return name.prefix == nullptr ? name.local == std::string_view("xmlns") : name.prefix == std::string_view("xmlns");
 }
 
-// The step of a path that leads to an attribute.
-std::string PathOf(const ParsedAttribute& attribute) {
+// That of a path.
+std::string StepOf(const ParsedAttribute& attribute) {
   std::string path = "@";
   if (attribute.name.prefix != nullptr) path.append(attribute.name.prefix).append(":");
   return path.append(attribute.name.local);
@@ -87,7 +65,10 @@ void EntityScanner::Open(std::string_view source) {
 }
 
 ScannedEntity* EntityScanner::Next(std::string_view source) {
-  if (current_) free_.push_back(std::move(current_));
+  if (current_ && free_.size() < kMostKept && current_->Capacity() <= kMostKeptOfOne) {
+    free_.push_back(std::move(current_));
+  }
+  current_ = nullptr;
   while (finished_.empty() && !at_end_) Feed();
   if (finished_.empty()) {
     RaiseWhatStoppedIt(source);
@@ -125,7 +106,7 @@ const EntityScanner::Name& EntityScanner::AddName(const ParsedName& parsed) {
   by_number_[parsed.number] = &name;
   name.own_text = parsed.local;
   name.text = name.own_text;
-  name.number = parsed.number;
+  name.number = numbers_.try_emplace(name.text, parsed.number).first->second;
   const auto element = std::ranges::find(kElementNames, name.text);
   if (element != kElementNames.end()) name.element = static_cast<uint8_t>(element - kElementNames.begin() + 1);
   const std::optional<EntityKind> kind = EntityKindOf(name.text);
@@ -146,7 +127,9 @@ void EntityScanner::StartElement(const ParsedName& parsed, std::span<const Parse
     BeginEntity(name, place);
   }
   entity_->BeginElement(name, place);
-  if (!attributes.empty()) NoteAttributes(attributes, place);
+  for (const ParsedAttribute& attribute : attributes) {
+    if (!IsDeclaration(attribute.name)) entity_->NoteAttribute(StepOf(attribute), attribute.value);
+  }
 }
 
 void EntityScanner::EndElement(const ParsedName&) {
@@ -195,12 +178,12 @@ void EntityScanner::StartRoot(const ParsedName& name, std::span<const ParsedAttr
 // An element around entities, or one that belongs to none.
 void EntityScanner::StartBetween(const Name& name, std::span<const ParsedAttribute> attributes,
                                  const FilePlace& place) {
-  const bool container = IsContainer(name.text, open_.size());
+  const bool section = open_.size() == 1 && IsSection(name.text);
   open_.push_back({&name, place});
-  if (!container) open_.back().problem = NoteBetween(OpenPath(), place);
+  if (!section) open_.back().problem = NoteBetween(OpenPath(), place);
   for (const ParsedAttribute& attribute : attributes) {
     if (IsDeclaration(attribute.name)) continue;
-    const auto problem = NoteBetween(OpenPath().append("/").append(PathOf(attribute)), place);
+    const auto problem = NoteBetween(OpenPath().append("/").append(StepOf(attribute)), place);
     if (problem) between_[*problem].text = attribute.value;
   }
 }
@@ -219,10 +202,7 @@ void EntityScanner::BeginEntity(const Name& name, const FilePlace& place) {
   between_.clear();
   between_size_ = 0;
   for (OpenElement& open : open_) open.problem.reset();
-  const StandRow& stand = kStandRows[static_cast<size_t>(kind)];
-  if (open_.size() != stand.depth || open_.back().name->text != stand.parent) {
-    entity_->Add({Fault::kOutOfOrder, {}, place, OpenPath()});
-  }
+  if (!IsPlaceOf(kind)) entity_->Add({Fault::kOutOfOrder, {}, place, OpenPath()});
 }
 
 // Ends a section or a journal at the first entry inside.
@@ -256,15 +236,6 @@ void EntityScanner::CheckVersion() {
   version_known_ = true;
 }
 
-void EntityScanner::NoteAttributes(std::span<const ParsedAttribute> attributes, const FilePlace& place) {
-  for (const ParsedAttribute& attribute : attributes) {
-    if (IsDeclaration(attribute.name)) continue;
-    std::string path = entity_->PathOf(entity_->Count() - 1);
-    if (!path.empty()) path += '/';
-    entity_->Add({Fault::kUnknownElement, path += PathOf(attribute), place, std::string(attribute.value)});
-  }
-}
-
 // Where the problem stands among those between entities; nothing when there are too many.
 std::optional<size_t> EntityScanner::NoteBetween(std::string path, const FilePlace& place) {
   between_size_ += sizeof(Problem) + path.size();
@@ -287,6 +258,18 @@ void EntityScanner::EndTextBetween() {
     between_size_ += text_between_.size();
   }
   text_between_.clear();
+}
+
+// Whether the open elements are those around entities of a kind.
+bool EntityScanner::IsPlaceOf(EntityKind kind) const {
+  std::string_view path = zevo::PathOf(kind);
+  for (const OpenElement& open : open_) {
+    path.remove_prefix(1);
+    if (!path.starts_with(open.name->text)) return false;
+    path.remove_prefix(open.name->text.size());
+    if (!path.starts_with('/')) return false;
+  }
+  return path.size() == 1 + zevo::NameOf(kind).size();
 }
 
 std::string EntityScanner::OpenPath() const {

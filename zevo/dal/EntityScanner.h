@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <deque>
 #include <exception>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -77,9 +78,9 @@ class EntityScanner final : private ParserHandler {
   void CutEntity();
   void FinishEntity();
   void CheckVersion();
-  void NoteAttributes(std::span<const ParsedAttribute> attributes, const FilePlace& place);
   std::optional<size_t> NoteBetween(std::string path, const FilePlace& place);
   void EndTextBetween();
+  bool IsPlaceOf(EntityKind kind) const;
   std::string OpenPath() const;
 
   void Feed();
@@ -89,9 +90,10 @@ class EntityScanner final : private ParserHandler {
   bool at_end_ = false;
   std::exception_ptr thrown_;  // by the handler
   std::deque<Name> names_;
-  std::vector<const Name*> by_number_;     // in the parse; null for those of attributes
-  std::vector<OpenElement> open_;          // around the entity that is being read
-  std::unique_ptr<ScannedEntity> entity_;  // null between entities
+  std::map<std::string_view, uint32_t> numbers_;  // of names without their prefixes
+  std::vector<const Name*> by_number_;            // in the parse; null for those of attributes
+  std::vector<OpenElement> open_;                 // around the entity that is being read
+  std::unique_ptr<ScannedEntity> entity_;         // null between entities
   std::vector<OpenJournal> journals_;
   // What the root is refused for. It is told by what follows: the parser gives the root also where its tag is broken.
   std::optional<Error> refusal_;

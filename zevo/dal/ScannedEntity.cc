@@ -7,50 +7,73 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <numeric>
 
 namespace zevo {
+namespace {
+
+constexpr size_t kMost = std::numeric_limits<uint32_t>::max();
+constexpr uint32_t kNowhere = std::numeric_limits<uint32_t>::max();
+
+// What is counted in 32 bits. More of it is far beyond what the record of such an entity could be held in.
+uint32_t Small(uint64_t count) {
+  if (count >= kMost) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+  return static_cast<uint32_t>(count);
+}
+
+}  // namespace
+
 void ScannedEntity::Begin(EntityKind kind, std::string_view journalId) {
-  begun_before_ += nodes_.size();
   kind_ = kind;
   journal_id_ = journalId;
   nodes_.clear();
   texts_.clear();
   open_.clear();
-  other_siblings_.clear();
+  noted_.clear();
   problems_.clear();
   elements_.clear();
+  ordinals_.clear();
 }
 
 void ScannedEntity::BeginElement(const ScannedName& name, const FilePlace& place) {
-  // Far beyond what the record of such an entity could be held in.
-  if (nodes_.size() >= std::numeric_limits<uint32_t>::max()) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
-  const auto element = static_cast<uint32_t>(nodes_.size());
+  const uint32_t element = Small(nodes_.size());
   uint32_t parent = 0;
-  uint32_t ordinal = 0;
-  if (!open_.empty()) {
+  if (open_.empty()) {
+    place_ = place;
+  } else {
     open_.back().has_children = true;
     EndText(open_.back());
     parent = open_.back().element;
-    ordinal = Number(name);
   }
-  nodes_.push_back({place, &name, parent, ordinal, 0, 0, static_cast<int>(open_.size())});
+  Node node{.name = &name, .parent = parent, .text = {}, .line = kNowhere, .column = 0, .offset = 0, .depth = 0};
+  node.depth = static_cast<uint16_t>(open_.size());
+  if (place.line > 0) {
+    node.line = static_cast<uint32_t>(place.line - place_.line);
+    node.column = static_cast<uint32_t>(place.column - (node.line == 0 ? place_.column : 0));
+    node.offset = Small(static_cast<uint64_t>(place.offset - place_.offset));
+  }
+  nodes_.push_back(node);
   open_.push_back({element, texts_.size(), false});
 }
 
-// The ordinal of the element that begins next in the one that is open. The first is told when the second comes.
-uint32_t ScannedEntity::Number(const ScannedName& name) {
-  Siblings& siblings = SiblingsOf(name);
-  const uint64_t parent = begun_before_ + open_.back().element;
-  if (siblings.parent != parent) siblings = {parent, static_cast<uint32_t>(nodes_.size()), 0};
-  if (++siblings.count == 1) return 0;
-  nodes_[siblings.first].ordinal = 1;
-  return siblings.count;
+FilePlace ScannedEntity::PlaceOf(size_t element) const {
+  const Node& node = nodes_[element];
+  if (node.line == kNowhere) return {};
+  return {place_.line + node.line, node.column + (node.line == 0 ? place_.column : 0), place_.offset + node.offset};
 }
 
-ScannedEntity::Siblings& ScannedEntity::SiblingsOf(const ScannedName& name) {
-  if (name.element == 0) return other_siblings_[{open_.back().element, name.number}];
-  if (siblings_.size() < open_.size()) siblings_.resize(open_.size());
-  return siblings_[open_.size() - 1][name.element];
+void ScannedEntity::NoteAttribute(std::string_view step, std::string_view value) {
+  Open& open = open_.back();
+  texts_ += step;
+  const Extent there = ExtentFrom(open.text);
+  const size_t begin = texts_.size();
+  texts_ += value;
+  Note(Fault::kUnknownElement, open.element, there, ExtentFrom(begin));
+  open.text = texts_.size();
+}
+
+ScannedEntity::Extent ScannedEntity::ExtentFrom(size_t begin) const {
+  return {Small(begin), Small(texts_.size()) - static_cast<uint32_t>(begin)};
 }
 
 void ScannedEntity::EndElement() {
@@ -61,23 +84,19 @@ void ScannedEntity::EndElement() {
 
 // Of an element with others inside, white space is nothing, and of other texts the first is the element's.
 void ScannedEntity::EndText(Open& open) {
-  const size_t length = texts_.size() - open.text;
-  if (length == 0) return;
+  if (texts_.size() == open.text) return;
   if (open.has_children && TrimWhiteSpace(std::string_view{texts_}.substr(open.text)).empty()) {
     texts_.resize(open.text);
     return;
   }
-  if (texts_.size() > std::numeric_limits<uint32_t>::max()) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+  const Extent text = ExtentFrom(open.text);
   Node& node = nodes_[open.element];
-  if (node.length == 0) {
-    node.text = static_cast<uint32_t>(open.text);
-    node.length = static_cast<uint32_t>(length);
-  }
-  if (open.has_children) {
-    std::string path = PathOf(open.element);
-    if (!path.empty()) path += '/';
-    Add({Fault::kUnknownElement, path.append("text()"), node.place, texts_.substr(open.text)});
-  }
+  if (node.text.length == 0) node.text = text;
+  if (!open.has_children) return;
+  constexpr std::string_view kStep = "text()";
+  const size_t begin = texts_.size();
+  texts_ += kStep;
+  Note(Fault::kUnknownElement, open.element, ExtentFrom(begin), text);
 }
 
 std::vector<size_t> ScannedEntity::OpenElements() const {
@@ -91,14 +110,44 @@ void ScannedEntity::Cut() {
   while (!open_.empty()) EndElement();
 }
 
+const std::vector<Problem>& ScannedEntity::Problems() const {
+  problems_.reserve(problems_.size() + noted_.size());
+  for (const Noted& noted : noted_) {
+    std::string path = PathOf(noted.element);
+    if (noted.step.length > 0) path.append(path.empty() ? "" : "/").append(TextAt(noted.step));
+    problems_.push_back({noted.fault, std::move(path), PlaceOf(noted.element), std::string(TextAt(noted.text))});
+  }
+  noted_.clear();
+  return problems_;
+}
+
 std::string ScannedEntity::PathOf(size_t element) const {
   if (element == 0) return {};
+  if (ordinals_.size() != nodes_.size()) NumberSiblings();
   const Node& node = nodes_[element];
   std::string path = PathOf(node.parent);
   if (!path.empty()) path += '/';
   path += node.name->text;
-  if (node.ordinal > 0) path.append("[").append(std::to_string(node.ordinal)).append("]");
+  if (ordinals_[element] > 0) path.append("[").append(std::to_string(ordinals_[element])).append("]");
   return path;
+}
+
+void ScannedEntity::NumberSiblings() const {
+  ordinals_.assign(nodes_.size(), 0);
+  std::vector<uint32_t> sorted(nodes_.size() - 1);
+  std::iota(sorted.begin(), sorted.end(), 1);
+  const auto siblings = [&](uint32_t element) {
+    return std::pair(nodes_[element].parent, nodes_[element].name->number);
+  };
+  std::ranges::sort(sorted, {}, [&](uint32_t element) { return std::pair(siblings(element), element); });
+  for (auto first = sorted.begin(); first != sorted.end();) {
+    const auto next =
+        std::find_if(first, sorted.end(), [&](uint32_t other) { return siblings(other) != siblings(*first); });
+    if (next - first > 1) {
+      for (uint32_t ordinal = 1; first != next; ++first) ordinals_[*first] = ordinal++;
+    }
+    first = next;
+  }
 }
 
 std::optional<size_t> ScannedEntity::Find(std::string_view path) const {
@@ -123,9 +172,10 @@ std::optional<size_t> ScannedEntity::Find(std::string_view path) const {
 
 std::optional<size_t> ScannedEntity::ChildOf(size_t element, std::string_view name, uint32_t ordinal) const {
   const int depth = nodes_[element].depth + 1;
+  uint32_t seen = 0;
   for (size_t child = element + 1; child < nodes_.size() && nodes_[child].depth >= depth; ++child) {
     const Node& node = nodes_[child];
-    if (node.depth == depth && node.name->text == name && std::max(node.ordinal, 1U) == ordinal) return child;
+    if (node.depth == depth && node.name->text == name && ++seen == ordinal) return child;
   }
   return std::nullopt;
 }
@@ -134,7 +184,7 @@ std::span<const ScannedElement> ScannedEntity::Elements() const {
   if (elements_.empty()) {
     elements_.reserve(nodes_.size());
     for (size_t i = 0; i < nodes_.size(); ++i) {
-      elements_.push_back({nodes_[i].name->text, nodes_[i].depth, TextOf(i), nodes_[i].place});
+      elements_.push_back({nodes_[i].name->text, nodes_[i].depth, TextOf(i), PlaceOf(i)});
     }
   }
   return elements_;

@@ -3,15 +3,12 @@
 #define ZEVO_DAL_SCANNEDENTITY_H_
 
 #include <zevo/FilePlace.h>
-#include <zevo/dal/ElementName.h>
 #include <zevo/model/EntityKind.h>
 #include <zevo/model/Problem.h>
 #include <zevo/model/ScannedElement.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -24,7 +21,7 @@ namespace zevo {
 /// The name of an element as a scan knows it, once for all elements of that name.
 struct ScannedName {
   std::string_view text;
-  uint32_t number = 0;  ///< in the scan, from 1 on
+  uint32_t number = 0;  ///< in the scan, from 1 on, the same for equal texts
   uint8_t element = 0;  ///< among kElementNames, from 1 on; 0 is none of them
 };
 
@@ -38,10 +35,8 @@ class ScannedEntity {
 
   size_t Count() const { return nodes_.size(); }
   const ScannedName& NameOf(size_t element) const { return *nodes_[element].name; }
-  std::string_view TextOf(size_t element) const {
-    return std::string_view{texts_}.substr(nodes_[element].text, nodes_[element].length);
-  }
-  const FilePlace& PlaceOf(size_t element) const { return nodes_[element].place; }
+  std::string_view TextOf(size_t element) const { return TextAt(nodes_[element].text); }
+  FilePlace PlaceOf(size_t element) const;
   int DepthOf(size_t element) const { return nodes_[element].depth; }
   /// From the entity down, such as "Line[2]/CreditAmount". The number is there where the parent has several of a name.
   std::string PathOf(size_t element) const;
@@ -50,17 +45,19 @@ class ScannedEntity {
   /// All of them. Valid until the entity is begun anew.
   std::span<const ScannedElement> Elements() const;
 
-  const std::vector<Problem>& Problems() const { return problems_; }
+  /// What Add was given, then what was noted.
+  const std::vector<Problem>& Problems() const;
   void Add(Problem problem) { problems_.push_back(std::move(problem)); }
-  void Add(Fault fault, size_t element) {
-    Add({fault, PathOf(element), PlaceOf(element), std::string(TextOf(element))});
-  }
+  /// Notes a problem of an element.
+  void Note(Fault fault, size_t element) { Note(fault, element, {}, nodes_[element].text); }
 
   // How it is put together.
 
   void Begin(EntityKind kind, std::string_view journalId);
   /// An element begins inside the one that is open. Its name must outlive the entity.
   void BeginElement(const ScannedName& name, const FilePlace& place);
+  /// Notes an attribute of the element that has just begun. `step` is that of a path, such as "@id".
+  void NoteAttribute(std::string_view step, std::string_view value);
   void EndElement();
   void AppendText(std::string_view text) { texts_.append(text); }
   /// How many elements are open.
@@ -70,44 +67,59 @@ class ScannedEntity {
   /// Ends what is open, where an element begins that is not taken in.
   void Cut();
 
+  /// About how many bytes of memory it keeps.
+  size_t Capacity() const { return nodes_.capacity() * sizeof(Node) + texts_.capacity(); }
+
  private:
+  // A piece of the texts.
+  struct Extent {
+    uint32_t begin = 0;
+    uint32_t length = 0;
+  };
+  // Files have many: it is as small as it can be. The place is told from that of the entity, which is why 32 bits do.
   struct Node {
-    FilePlace place;
     const ScannedName* name;
     uint32_t parent;
-    uint32_t ordinal;  // among those of its name in its parent, from 1 on; 0 where it is the only one
-    uint32_t text;
-    uint32_t length;
-    int depth;
+    Extent text;
+    uint32_t line;  // kNowhere for a place that is not known
+    uint32_t column;
+    uint32_t offset;
+    uint16_t depth;
+  };
+  // A problem, as small as it can be until somebody asks.
+  struct Noted {
+    Fault fault;
+    uint32_t element;
+    Extent step;  // behind the element's path
+    Extent text;
   };
   struct Open {
     uint32_t element;
     size_t text;  // where the text begins that has come since the last tag
     bool has_children;
   };
-  // The elements of one name in the parent that is open.
-  struct Siblings {
-    uint64_t parent = 0;
-    uint32_t first = 0;
-    uint32_t count = 0;
-  };
 
+  std::string_view TextAt(Extent extent) const { return std::string_view{texts_}.substr(extent.begin, extent.length); }
+  void Note(Fault fault, size_t element, Extent step, Extent text) {
+    noted_.push_back({fault, static_cast<uint32_t>(element), step, text});
+  }
+  Extent ExtentFrom(size_t begin) const;
   void EndText(Open& open);
-  uint32_t Number(const ScannedName& name);
+  void NumberSiblings() const;
   std::optional<size_t> ChildOf(size_t element, std::string_view name, uint32_t ordinal) const;
-  Siblings& SiblingsOf(const ScannedName& name);
 
   EntityKind kind_{};
   std::string journal_id_;
+  FilePlace place_;
   std::vector<Node> nodes_;
   std::string texts_;
   std::vector<Open> open_;
-  // By depth, then by the name's number among kElementNames.
-  std::vector<std::array<Siblings, kElementNames.size() + 1>> siblings_;
-  std::map<std::pair<uint32_t, uint32_t>, Siblings> other_siblings_;  // by parent and name
-  uint64_t begun_before_ = 1;                                         // elements of all entities before this one
-  std::vector<Problem> problems_;
-  mutable std::vector<ScannedElement> elements_;  // made when they are asked for
+
+  // Made when somebody asks.
+  mutable std::vector<Noted> noted_;
+  mutable std::vector<Problem> problems_;
+  mutable std::vector<ScannedElement> elements_;
+  mutable std::vector<uint32_t> ordinals_;  // among those of a name in a parent, from 1 on; 0 for the only one
 };
 
 }  // namespace zevo

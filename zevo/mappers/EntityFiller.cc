@@ -67,7 +67,7 @@ size_t Filler::Fill(Record& record, std::span<const LayoutRow> layout, size_t el
       row = 0;
       while (row < expected && !matches(layout[row])) ++row;
       if (row == expected) {
-        entity_.Add(Fault::kUnknownElement, child);
+        entity_.Note(Fault::kUnknownElement, child);
         child = Skip(child);
         continue;
       }
@@ -75,11 +75,11 @@ size_t Filler::Fill(Record& record, std::span<const LayoutRow> layout, size_t el
     const bool items = layout[row].written == Written::kForEachItem;
     const uint64_t bit = uint64_t{1} << row;
     if ((seen & bit) != 0 && !items) {
-      entity_.Add(Fault::kRepeated, child);
+      entity_.Note(Fault::kRepeated, child);
       child = Skip(child);
       continue;
     }
-    if (row < expected) entity_.Add(Fault::kOutOfOrder, child);
+    if (row < expected) entity_.Note(Fault::kOutOfOrder, child);
     seen |= bit;
     expected = items ? row : row + 1;
     child = FillChild(record, layout[row], properties[layout[row].slot], child);
@@ -123,7 +123,7 @@ size_t Filler::FillChild(Record& record, const LayoutRow& row, const Property& p
   if (property.type == PropertyType::kCollection) {
     const std::shared_ptr<Record> item = property.make();
     const size_t end = Fill(*item, row.children(), element);
-    if (!property.append(record, item)) entity_.Add(Fault::kKeyTaken, KeyIn(element, end, property.key));
+    if (!property.append(record, item)) entity_.Note(Fault::kKeyTaken, KeyIn(element, end, property.key));
     return end;
   }
   if (property.type == PropertyType::kRecord) {
@@ -137,22 +137,22 @@ size_t Filler::FillChild(Record& record, const LayoutRow& row, const Property& p
   FillText(record, property, element);
   const size_t end = Skip(element);
   for (size_t inside = element + 1; inside < end; inside = Skip(inside)) {
-    entity_.Add(Fault::kUnknownElement, inside);
+    entity_.Note(Fault::kUnknownElement, inside);
   }
   return end;
 }
 
 template <class T>
 void Filler::Set(Record& record, const Property& property, size_t element, const std::optional<WholeValue<T>>& value) {
-  if (!value) return entity_.Add(Fault::kUnreadable, element);
-  if (!value->exact) entity_.Add(Fault::kInexact, element);
+  if (!value) return entity_.Note(Fault::kUnreadable, element);
+  if (!value->exact) entity_.Note(Fault::kInexact, element);
   property.set(record, value->value);
 }
 
 void Filler::FillText(Record& record, const Property& property, size_t element) {
   const std::string_view text = entity_.TextOf(element);
   if (property.set == nullptr) {
-    if (std::get<std::string>(property.get(record)) != text) entity_.Add(Fault::kConstant, element);
+    if (std::get<std::string>(property.get(record)) != text) entity_.Note(Fault::kConstant, element);
     return;
   }
   switch (property.type) {
@@ -170,7 +170,7 @@ void Filler::FillText(Record& record, const Property& property, size_t element) 
       for (const Code& code : property.codes()) {
         if (code.text == text) return property.set(record, code.value);
       }
-      return entity_.Add(Fault::kUnknownCode, element);
+      return entity_.Note(Fault::kUnknownCode, element);
     case PropertyType::kRecord:
     case PropertyType::kCollection:
       return;

@@ -11,22 +11,26 @@ namespace {
 struct EntityRow {
   EntityKind kind;
   std::string_view name;
+  std::string_view path;
   std::string_view key = {};
   std::optional<EntityKind> parent = std::nullopt;
 };
 
 constexpr auto kEntityRows = std::to_array<EntityRow>({
-    {EntityKind::kHeader, "Header"},
-    {EntityKind::kGeneralLedger, "GeneralLedger", "AccountID"},
-    {EntityKind::kCustomer, "Customer", "CustomerID"},
-    {EntityKind::kSupplier, "Supplier", "SupplierID"},
-    {EntityKind::kProduct, "Product", "ProductCode"},
-    {EntityKind::kTaxTable, "TaxTable"},
-    {EntityKind::kGeneralLedgerEntries, "GeneralLedgerEntries"},
-    {EntityKind::kJournal, "Journal", "JournalID", EntityKind::kGeneralLedgerEntries},
-    {EntityKind::kTransaction, "Transaction", "TransactionID", EntityKind::kJournal},
-    {EntityKind::kSalesInvoices, "SalesInvoices"},
-    {EntityKind::kInvoice, "Invoice", "InvoiceNo", EntityKind::kSalesInvoices},
+    {EntityKind::kHeader, "Header", "/AuditFile/Header"},
+    {EntityKind::kGeneralLedger, "GeneralLedger", "/AuditFile/MasterFiles/GeneralLedger", "AccountID"},
+    {EntityKind::kCustomer, "Customer", "/AuditFile/MasterFiles/Customer", "CustomerID"},
+    {EntityKind::kSupplier, "Supplier", "/AuditFile/MasterFiles/Supplier", "SupplierID"},
+    {EntityKind::kProduct, "Product", "/AuditFile/MasterFiles/Product", "ProductCode"},
+    {EntityKind::kTaxTable, "TaxTable", "/AuditFile/MasterFiles/TaxTable"},
+    {EntityKind::kGeneralLedgerEntries, "GeneralLedgerEntries", "/AuditFile/GeneralLedgerEntries"},
+    {EntityKind::kJournal, "Journal", "/AuditFile/GeneralLedgerEntries/Journal", "JournalID",
+     EntityKind::kGeneralLedgerEntries},
+    {EntityKind::kTransaction, "Transaction", "/AuditFile/GeneralLedgerEntries/Journal/Transaction", "TransactionID",
+     EntityKind::kJournal},
+    {EntityKind::kSalesInvoices, "SalesInvoices", "/AuditFile/SourceDocuments/SalesInvoices"},
+    {EntityKind::kInvoice, "Invoice", "/AuditFile/SourceDocuments/SalesInvoices/Invoice", "InvoiceNo",
+     EntityKind::kSalesInvoices},
 });
 
 consteval auto AllKinds() {
@@ -62,6 +66,8 @@ std::span<const EntityKind> EntityKinds() { return kAllKinds; }
 std::string_view NameOf(EntityKind kind) { return EntityRowOf(kind).name; }
 
 std::string_view KeyOf(EntityKind kind) { return EntityRowOf(kind).key; }
+
+std::string_view PathOf(EntityKind kind) { return EntityRowOf(kind).path; }
 
 std::optional<EntityKind> EntityKindOf(std::string_view name) {
   for (const EntityRow& row : kEntityRows) {

@@ -36,6 +36,9 @@ ZEVO_API std::span<const EntityKind> EntityKinds();
 /// The name of the element and of the class of record, such as "Customer".
 ZEVO_API std::string_view NameOf(EntityKind kind);
 
+/// Where its elements stand in the file, such as "/AuditFile/MasterFiles/Customer".
+ZEVO_API std::string_view PathOf(EntityKind kind);
+
 /// The kind of an element's or a class's name, in any letter case; none for another name.
 ZEVO_API std::optional<EntityKind> EntityKindOf(std::string_view name);
 
