@@ -4,10 +4,13 @@
 #include <zevo/adapters.h>
 
 #include <filesystem>
+#include <fstream>
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "tests/facades/ChildProcess.h"
 #include "tests/facades/Expectations.h"
@@ -103,6 +106,96 @@ TEST(ScaleStreamTest, MemoryDoesNotGrowWithAFileThatIsStreamed) {
   EXPECT_LT(writing, kMostKilobytes);
   EXPECT_LT(reading, kMostKilobytes);
 }
+
+/// A file that is scanned, and how large its largest entity is.
+struct ScannedFile {
+  const char* name;
+  std::function<std::string()> entity;
+  int times = 1;
+  std::string_view between = {};  // many of them stand before each
+  int many = 0;
+};
+
+void PrintTo(const ScannedFile& file, std::ostream* out) { *out << file.name; }
+
+std::string Repeated(std::string_view text, int times) {
+  std::string repeated;
+  for (int i = 0; i < times; ++i) repeated += text;
+  return repeated;
+}
+
+std::string Invoice50000() {
+  std::string invoice = "<Invoice><InvoiceNo>F A/1</InvoiceNo>";
+  for (int i = 1; i <= 50'000; ++i) {
+    invoice.append("<Line><LineNumber>").append(std::to_string(i)).append("</LineNumber>");
+    invoice +=
+        "<ProductCode>P</ProductCode><ProductDescription>Parafusos</ProductDescription><Quantity>2</Quantity>"
+        "<UnitOfMeasure>UN</UnitOfMeasure><UnitPrice>1.25</UnitPrice><TaxPointDate>2010-05-04</TaxPointDate>"
+        "<Description>Parafusos</Description><CreditAmount>2.5</CreditAmount><Tax><TaxType>IVA</TaxType>"
+        "<TaxCountryRegion>PT</TaxCountryRegion><TaxCode>NOR</TaxCode><TaxPercentage>20</TaxPercentage></Tax></Line>";
+  }
+  return invoice + "</Invoice>";
+}
+
+class ScaleScanTest : public ::testing::TestWithParam<ScannedFile> {};
+
+// Whatever comes before it and how often it comes.
+TEST_P(ScaleScanTest, MemoryIsThatOfTheLargestEntity) {
+  if (kSanitized) GTEST_SKIP() << "a sanitizer distorts memory";
+  const TemporaryFolder folder;
+  const std::string path = folder.Path("saft.xml");
+  // This process stays small, because the one that scans begins as a copy of it.
+  const int64_t size = std::stoll(InChildProcess([&] {
+    const std::string entity = GetParam().entity();
+    std::ofstream file(path);
+    file << "<AuditFile xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'><MasterFiles>";
+    for (int i = 0; i < GetParam().times; ++i) {
+      for (int j = 0; j < GetParam().many; ++j) file << GetParam().between;
+      file << entity;
+    }
+    file << "</MasterFiles></AuditFile>";
+    return std::to_string(entity.size());
+  }));
+  const int64_t scanning = PeakOf([&] {
+    AuditFileScanner scanner;
+    scanner.set_AuditFileName(path);
+    std::shared_ptr<Record> record;
+    if (!scanner.OpenAuditFile()) throw std::runtime_error("not opened");
+    do {
+      if (!scanner.ReadNext(record)) throw std::runtime_error("not scanned");
+    } while (record != nullptr);
+  });
+  EXPECT_LT(scanning, 16'000 + 6 * size / 1'000);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryKind, ScaleScanTest,
+    ::testing::Values(
+        ScannedFile{"an invoice of 50,000 lines", Invoice50000},
+        ScannedFile{"a tax table of 100,000 entries",
+                    [] {
+                      return "<TaxTable>" +
+                             Repeated(
+                                 "<TaxTableEntry><TaxType>IVA</TaxType><TaxCountryRegion>PT</TaxCountryRegion>"
+                                 "<TaxCode>NOR</TaxCode><Description>Normal</Description>"
+                                 "<TaxPercentage>20</TaxPercentage></TaxTableEntry>",
+                                 100'000) +
+                             "</TaxTable>";
+                    }},
+        ScannedFile{"a text of ten million bytes",
+                    [] { return "<Header><Fax>" + std::string(9'999'999, 'x') + "</Fax></Header>"; }},
+        ScannedFile{"a problem in every element",
+                    [] { return "<Header>" + Repeated("<Mobile>912345678</Mobile>", 400'000) + "</Header>"; }},
+        ScannedFile{"an attribute in every element",
+                    [] { return "<Header>" + Repeated("<Pet name='A'>cat</Pet>", 400'000) + "</Header>"; }},
+        ScannedFile{"much that is no entity", [] { return "<Header/>"; }, 2, "<Extra>text</Extra>", 300'000},
+        ScannedFile{"many small entities", [] { return "<Customer><Fax>1</Fax></Customer>"; }, 100'000},
+        ScannedFile{"small entities that are deep",
+                    [] { return "<Invoice><Line><Tax><TaxCode>1</TaxCode></Tax></Line></Invoice>"; }, 60'000},
+        ScannedFile{
+            "large entities behind many small ones",
+            [] { return "<Product>" + Repeated("<ProductGroup>abc def</ProductGroup>", 25'000) + "</Product>"; }, 20,
+            "<Product><ProductCode>1</ProductCode></Product>", 20'000}));
 
 }  // namespace
 }  // namespace zevo
