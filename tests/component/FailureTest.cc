@@ -131,6 +131,34 @@ TEST_F(FailureTest, OutOfMemoryInACollection) {
   });
 }
 
+// None of the items at hand is lost: the next call gives them all.
+TEST_F(FailureTest, OutOfMemoryWhenItemsAreEnumerated) {
+  const auto collection = zevo::Invoice().Line();
+  for (const int number : {1, 2, 3}) {
+    const auto line = std::make_shared<zevo::InvoiceLine>();
+    line->set_LineNumber(number);
+    collection->Add(line);
+  }
+  const ComPtr<_InvoiceLineCollection> lines = FaceFor(collection);
+  ComPtr<IUnknown> items;
+  ASSERT_EQ(lines->NewEnum(&items), S_OK);
+  ComPtr<IEnumVARIANT> enumeration;
+  ASSERT_EQ(items.As(&enumeration), S_OK);
+  const long live = LiveObject::Count();
+  VARIANT given[3];
+  ULONG fetched = 0;
+  RunOutOfMemoryIn([&] {
+    EXPECT_EQ(LiveObject::Count(), live);
+    return enumeration->Next(3, given, &fetched);
+  });
+  EXPECT_EQ(fetched, 3U);
+  int number = 0;
+  for (VARIANT& item : given) {
+    EXPECT_EQ(Get(V_DISPATCH(&item), L"LineNumber").value.Number(), ++number);
+    VariantClear(&item);
+  }
+}
+
 TEST_F(FailureTest, OutOfMemoryWhenAnItemIsRead) {
   const auto collection = zevo::Invoice().Line();
   collection->Add(std::make_shared<zevo::InvoiceLine>());

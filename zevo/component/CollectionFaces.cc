@@ -2,18 +2,22 @@
 #include <zevo/component/Enumerator.h>
 #include <zevo/component/Face.h>
 
+#include <cstdint>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace zevo::component {
 namespace {
 
-using Microsoft::WRL::ComPtr;
-
-void CopyItem(const ComPtr<IDispatch>& item, VARIANT& element) {
+// A collection may have very many items: their faces are made as a host goes along.
+template <class Item>
+void CopyItem(const std::shared_ptr<Item>& item, VARIANT& element) {
+  V_DISPATCH(&element) = FaceFor(item).Detach();
   V_VT(&element) = VT_DISPATCH;
-  item.CopyTo(&V_DISPATCH(&element));
 }
-using ItemEnumerator = Enumerator<IEnumVARIANT, VARIANT, ComPtr<IDispatch>, &CopyItem>;
+template <class Item>
+using ItemEnumerator = Enumerator<IEnumVARIANT, VARIANT, std::shared_ptr<Item>, &CopyItem<Item>>;
 
 // A text is a key, a number a position.
 template <class Operation>
@@ -33,21 +37,13 @@ auto WithIndex(const VARIANT& index, Operation&& operation) {
   return operation(position);
 }
 
+// What every collection can: give its items.
 template <class Collection>
-class CollectionFace final : public Face<Collection> {
+class ListFace : public Face<Collection> {
  public:
   using Face<Collection>::Face;
   using Item = typename Collection::ItemType;
 
-  STDMETHODIMP Add(Interface<Item>* value) override {
-    return this->Do([&] { this->core().Add(CoreOf<Item>(value)); });
-  }
-  STDMETHODIMP Remove(VARIANT index) override {
-    return this->Do([&] { WithIndex(index, [&](auto place) { this->core().Remove(place); }); });
-  }
-  STDMETHODIMP Clear() override {
-    return this->Do([&] { this->core().Clear(); });
-  }
   STDMETHODIMP get_Item(VARIANT index, Interface<Item>** value) override {
     return this->Answer(value, [&] { return WithIndex(index, [&](auto place) { return this->core().Item(place); }); });
   }
@@ -58,10 +54,30 @@ class CollectionFace final : public Face<Collection> {
     if (value == nullptr) return E_POINTER;
     *value = nullptr;
     return this->Do([&] {
-      std::vector<ComPtr<IDispatch>> items;
-      for (const auto& item : this->core()) items.emplace_back(FaceFor(item));
-      *value = new ItemEnumerator(std::move(items));
+      const auto count = static_cast<int32_t>(this->core().Count());
+      std::vector<std::shared_ptr<Item>> items;
+      items.reserve(static_cast<size_t>(count));
+      for (int32_t i = 1; i <= count; ++i) items.push_back(this->core().Item(i));
+      *value = new ItemEnumerator<Item>(std::move(items));
     });
+  }
+};
+
+// Hosts may change the collections of records too.
+template <class Collection>
+class CollectionFace final : public ListFace<Collection> {
+ public:
+  using ListFace<Collection>::ListFace;
+  using typename ListFace<Collection>::Item;
+
+  STDMETHODIMP Add(Interface<Item>* value) override {
+    return this->Do([&] { this->core().Add(CoreOf<Item>(value)); });
+  }
+  STDMETHODIMP Remove(VARIANT index) override {
+    return this->Do([&] { WithIndex(index, [&](auto place) { this->core().Remove(place); }); });
+  }
+  STDMETHODIMP Clear() override {
+    return this->Do([&] { this->core().Clear(); });
   }
 };
 

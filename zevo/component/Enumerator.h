@@ -3,19 +3,22 @@
 #define ZEVO_COMPONENT_ENUMERATOR_H_
 
 #include <ocidl.h>
+#include <oleauto.h>
 #include <zevo/component/ErrorTranslation.h>
 #include <zevo/component/LiveObject.h>
 
 #include <algorithm>
 #include <atomic>
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace zevo::component {
 
 /// Walks over what was there when it was made. `Enum` is one of the system's enumerator interfaces, `Element` what it
-/// hands out, `Item` what is kept of each; `kCopy` makes an element of an item.
+/// hands out, `Item` what is kept of each; `kCopy` makes an element of an item when it is asked for, and may throw
+/// where elements are VARIANTs.
 template <class Enum, class Element, class Item, void (*kCopy)(const Item&, Element&)>
 class Enumerator final : public Enum {
  public:
@@ -39,9 +42,20 @@ class Enumerator final : public Enum {
 
   STDMETHODIMP Next(ULONG count, Element* elements, ULONG* fetched) override {
     if (elements == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
-    ULONG given = 0;
-    for (; given < count && place_ < items_.size(); ++given) kCopy(items_[place_++], elements[given]);
-    if (fetched != nullptr) *fetched = given;
+    if (fetched != nullptr) *fetched = 0;
+    const size_t given = std::min<size_t>(count, items_.size() - place_);
+    size_t copied = 0;
+    const HRESULT result = Guarded(__uuidof(Enum), [&] {
+      for (; copied < given; ++copied) kCopy(items_[place_ + copied], elements[copied]);
+    });
+    if (FAILED(result)) {
+      if constexpr (std::is_same_v<Element, VARIANT>) {
+        std::for_each(elements, elements + copied, [](VARIANT& element) { VariantClear(&element); });
+      }
+      return result;
+    }
+    place_ += given;
+    if (fetched != nullptr) *fetched = static_cast<ULONG>(given);
     return given == count ? S_OK : S_FALSE;
   }
   STDMETHODIMP Skip(ULONG count) override {
