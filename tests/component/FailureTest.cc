@@ -76,7 +76,8 @@ class FailureTest : public ::testing::Test {
 
 TEST_F(FailureTest, OutOfMemoryWhenAnObjectIsCreated) {
   for (const CLSID& id : {__uuidof(::Header), __uuidof(::Invoice), __uuidof(::AuditFile), __uuidof(::AuditFileReader),
-                          __uuidof(::AuditFileStreamWriter), __uuidof(::AuditFileStreamer), __uuidof(::Options)}) {
+                          __uuidof(::AuditFileScanner), __uuidof(::AuditFileStreamWriter),
+                          __uuidof(::AuditFileStreamer), __uuidof(::Options)}) {
     IClassFactory* factory = component::FactoryOf(id);
     RunOutOfMemoryIn([&] {
       ComPtr<IUnknown> object;
@@ -237,6 +238,120 @@ TEST_F(FailureTest, OutOfMemoryInAnEventEndsTheReading) {
   RunOutOfMemoryIn([&] {
     ComPtr<IEnumConnectionPoints> points;
     return container->EnumConnectionPoints(&points);
+  });
+}
+
+class ScanningFailureTest : public FailureTest {
+ protected:
+  // A scanner at the first record of a file, which has a problem.
+  ComPtr<_AuditFileScanner> NewScanner() {
+    const auto scanner = std::make_shared<zevo::AuditFileScanner>();
+    scanner->set_AuditFileName(path_);
+    EXPECT_TRUE(scanner->OpenAuditFile());
+    return FaceFor(scanner);
+  }
+  ComPtr<_AuditFileScanner> NewScannerAtRecord() {
+    const ComPtr<_AuditFileScanner> scanner = NewScanner();
+    ComPtr<IDispatch> record;
+    VARIANT_BOOL read = VARIANT_FALSE;
+    EXPECT_EQ(scanner->ReadNext(record.GetAddressOf(), &read), S_OK);
+    EXPECT_NE(record.Get(), nullptr);
+    return scanner;
+  }
+
+  TemporaryFolder folder_;
+  std::string path_ = folder_.Write(
+      "saft.xml",
+      "<AuditFile><MasterFiles><Customer><CustomerID>A text that is too long to be held without memory of its own"
+      "</CustomerID><Pet/></Customer></MasterFiles></AuditFile>");
+};
+
+// Where the reading fails, it is kept; where the record's object cannot be made, it is raised.
+TEST_F(ScanningFailureTest, OutOfMemoryWhenTheNextRecordIsRead) {
+  // What the library allocates once only is there then.
+  NewScannerAtRecord();
+  int kept = 0;
+  int raised = 0;
+  for (int allowed = 0;; ++allowed) {
+    ASSERT_LT(allowed, 10000);
+    const ComPtr<_AuditFileScanner> scanner = NewScanner();
+    ComPtr<IDispatch> record;
+    VARIANT_BOOL read = VARIANT_TRUE;
+    allocations_left = allowed;
+    const HRESULT result = scanner->ReadNext(record.GetAddressOf(), &read);
+    allocations_left = -1;
+    if (record) break;
+    EXPECT_EQ(read, VARIANT_FALSE);
+    if (FAILED(result)) {
+      EXPECT_EQ(result, E_OUTOFMEMORY);
+      ++raised;
+      continue;
+    }
+    ComPtr<_AuditException> exception;
+    LONG number = 0;
+    ASSERT_EQ(scanner->get_AuditException(exception.GetAddressOf()), S_OK);
+    ASSERT_NE(exception.Get(), nullptr);
+    EXPECT_EQ(exception->get_Number(&number), S_OK);
+    EXPECT_EQ(number, static_cast<LONG>(RunTimeError::kOutOfMemory));
+    ++kept;
+  }
+  EXPECT_GT(kept, 0);
+  EXPECT_GT(raised, 0);
+}
+
+// Each time from an object that has not been asked before: what was asked for is kept.
+TEST_F(ScanningFailureTest, OutOfMemoryInEachMemberOfTheScanner) {
+  const auto fails = [&]<class Result>(HRESULT (STDMETHODCALLTYPE _AuditFileScanner::*get)(Result**)) {
+    const ComPtr<_AuditFileScanner> scanner = NewScannerAtRecord();
+    RunOutOfMemoryIn([&] {
+      ComPtr<Result> result;
+      return (scanner.Get()->*get)(result.GetAddressOf());
+    });
+  };
+  fails(&_AuditFileScanner::get_Elements);
+  fails(&_AuditFileScanner::get_Problems);
+  fails(&_AuditFileScanner::get_Place);
+  const ComPtr<_AuditFileScanner> scanner = NewScannerAtRecord();
+  const Bstr path(L"A path that is too long to be held without memory of its own");
+  RunOutOfMemoryIn([&] {
+    Variant text;
+    return scanner->TextOf(path, &*text);
+  });
+  RunOutOfMemoryIn([&] {
+    ComPtr<_FilePlace> place;
+    return scanner->PlaceOf(path, place.GetAddressOf());
+  });
+}
+
+TEST_F(ScanningFailureTest, OutOfMemoryInEachMemberOfTheValues) {
+  const ComPtr<_AuditFileScanner> scanner = NewScannerAtRecord();
+  ComPtr<_ScannedElementCollection> elements;
+  ComPtr<_ProblemCollection> problems;
+  ASSERT_EQ(scanner->get_Elements(elements.GetAddressOf()), S_OK);
+  ASSERT_EQ(scanner->get_Problems(problems.GetAddressOf()), S_OK);
+  RunOutOfMemoryIn([&] {
+    ComPtr<_ScannedElement> element;
+    return elements->get_Item(*Variant(2), element.GetAddressOf());
+  });
+  RunOutOfMemoryIn([&] {
+    ComPtr<IUnknown> each;
+    return elements->NewEnum(each.GetAddressOf());
+  });
+  ComPtr<_ScannedElement> element;
+  ASSERT_EQ(elements->get_Item(*Variant(2), element.GetAddressOf()), S_OK);
+  RunOutOfMemoryIn([&] {
+    Bstr text;
+    return element->get_Text(text.Receive());
+  });
+  RunOutOfMemoryIn([&] {
+    ComPtr<_FilePlace> place;
+    return element->get_Place(place.GetAddressOf());
+  });
+  ComPtr<_Problem> problem;
+  ASSERT_EQ(problems->get_Item(*Variant(1), problem.GetAddressOf()), S_OK);
+  RunOutOfMemoryIn([&] {
+    Bstr text;
+    return problem->get_Description(languageEnglish, text.Receive());
   });
 }
 

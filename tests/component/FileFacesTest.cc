@@ -104,6 +104,20 @@ TEST(FileFacesMembersTest, MembersOfTheStreamerStandInTheirSlots) {
                                        L"ReadAuditFile", L"CloseAuditFile", L"AbortReading"}));
 }
 
+TEST(FileFacesMembersTest, MembersOfTheScannerStandInTheirSlots) {
+  EXPECT_EQ(MembersOf(__uuidof(_AuditFileScanner)),
+            (std::vector<std::wstring>{L"AuditException", L"AuditFileName", L"=AuditFileName", L"OpenAuditFile",
+                                       L"ReadNext", L"CloseAuditFile", L"AbortReading", L"BytesRead", L"Kind", L"Place",
+                                       L"JournalID", L"Elements", L"TextOf", L"PlaceOf", L"Problems"}));
+  EXPECT_EQ(MembersOf(__uuidof(_FilePlace)), (std::vector<std::wstring>{L"Line", L"Column", L"Offset"}));
+  EXPECT_EQ(MembersOf(__uuidof(_ScannedElement)), (std::vector<std::wstring>{L"Name", L"Depth", L"Text", L"Place"}));
+  EXPECT_EQ(MembersOf(__uuidof(_Problem)),
+            (std::vector<std::wstring>{L"Fault", L"Path", L"Place", L"Text", L"Description"}));
+  for (const IID& id : {__uuidof(_ScannedElementCollection), __uuidof(_ProblemCollection)}) {
+    EXPECT_EQ(MembersOf(id), (std::vector<std::wstring>{L"Item", L"Count", L"NewEnum"}));
+  }
+}
+
 TEST(FileFacesMembersTest, MembersOfTheOtherClassesStandInTheirSlots) {
   EXPECT_EQ(MembersOf(__uuidof(_AuditException)),
             (std::vector<std::wstring>{L"Number", L"=Number", L"Description", L"=Description", L"Source", L"=Source"}));
@@ -129,9 +143,9 @@ void PrintTo(const Default& value, std::ostream* out) {
 
 TEST(FileFacesMembersTest, ArgumentsThatMayBeLeftOutHaveTheirDefaults) {
   std::vector<Default> defaults;
-  for (const IID& id : {__uuidof(_AuditFile), __uuidof(_AuditFileStreamWriter), __uuidof(_AuditFileReader),
-                        __uuidof(_AuditFileStreamer)}) {
-    ForEachFunction(id, [&](const std::wstring& name, const FUNCDESC& function) {
+  ForEachType(TKIND_DISPATCH, [&](const std::wstring&, const TYPEATTR& type) {
+    if ((type.wTypeFlags & TYPEFLAG_FDUAL) == 0) return;
+    ForEachFunction(type.guid, [&](const std::wstring& name, const FUNCDESC& function) {
       for (SHORT i = 0; i < function.cParams; ++i) {
         const PARAMDESC& parameter = function.lprgelemdescParam[i].paramdesc;
         if ((parameter.wParamFlags & PARAMFLAG_FOPT) == 0) continue;
@@ -139,14 +153,15 @@ TEST(FileFacesMembersTest, ArgumentsThatMayBeLeftOutHaveTheirDefaults) {
         if ((parameter.wParamFlags & PARAMFLAG_FHASDEFAULT) == 0) continue;
         const VARIANT& value = parameter.pparamdescex->varDefaultValue;
         defaults.back().type = V_VT(&value);
-        defaults.back().value = V_BOOL(&value);
+        defaults.back().value = V_VT(&value) == VT_BOOL ? V_BOOL(&value) : V_I4(&value);
       }
     });
-  }
-  EXPECT_EQ(
-      defaults,
-      (std::vector<Default>{
-          {L"CreateTransaction"}, {L"CreateInvoice"}, {L"Transactions"}, {L"ReadAuditFile", VT_BOOL, VARIANT_TRUE}}));
+  });
+  EXPECT_EQ(defaults, (std::vector<Default>{{L"CreateTransaction"},
+                                            {L"CreateInvoice"},
+                                            {L"Transactions"},
+                                            {L"ReadAuditFile", VT_BOOL, VARIANT_TRUE},
+                                            {L"Description", VT_I4, languagePortuguese}}));
 }
 
 class FileFacesTest : public ::testing::Test {

@@ -46,6 +46,24 @@ void ForEachFunction(const IID& interfaceId, Visit&& visit) {
   }
 }
 
+/// Calls `visit` with each type of a kind that the type library has: its name and its attributes.
+template <class Visit>
+void ForEachType(TYPEKIND kind, Visit&& visit) {
+  const ComPtr<ITypeLib> library = component::LoadTypeLibrary();
+  for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+    ComPtr<ITypeInfo> type;
+    ASSERT_EQ(library->GetTypeInfo(i, &type), S_OK);
+    TYPEATTR* attributes = nullptr;
+    ASSERT_EQ(type->GetTypeAttr(&attributes), S_OK);
+    if (attributes->typekind == kind) {
+      Bstr name;
+      ASSERT_EQ(type->GetDocumentation(MEMBERID_NIL, name.Receive(), nullptr, nullptr, nullptr), S_OK);
+      visit(name.Text(), *attributes);
+    }
+    type->ReleaseTypeAttr(attributes);
+  }
+}
+
 inline std::vector<Slot> SlotsOf(const IID& interfaceId) {
   std::vector<Slot> slots;
   ForEachFunction(interfaceId, [&](const std::wstring& name, const FUNCDESC& function) {

@@ -86,11 +86,23 @@ using InvoiceLineCollectionFace = CollectionFace<zevo::InvoiceLineCollection>;
 using LineCollectionFace = CollectionFace<zevo::LineCollection>;
 using TaxTableEntryCollectionFace = CollectionFace<zevo::TaxTableEntryCollection>;
 
+// Those of values stay as they are.
+class ScannedElementCollectionFace final : public ListFace<ScannedElementCollection> {
+ public:
+  using ListFace::ListFace;
+};
+class ProblemCollectionFace final : public ListFace<ProblemCollection> {
+ public:
+  using ListFace::ListFace;
+};
+
 }  // namespace
 
 ZEVO_FACE_OF(CreditNoteCollection);
 ZEVO_FACE_OF(InvoiceLineCollection);
 ZEVO_FACE_OF(LineCollection);
 ZEVO_FACE_OF(TaxTableEntryCollection);
+ZEVO_FACE_OF(ScannedElementCollection);
+ZEVO_FACE_OF(ProblemCollection);
 
 }  // namespace zevo::component

@@ -3,13 +3,17 @@
 #define ZEVO_COMPONENT_CONVERSIONS_H_
 
 #include <ZevoAdapters11.h>
+#include <zevo/Error.h>
 #include <zevo/model/Amount.h>
+#include <zevo/model/Problem.h>
 #include <zevo/model/SAFTConstants.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 namespace zevo::component {
 
@@ -31,6 +35,23 @@ struct Conversion<std::string> {
   using Type = BSTR;
   static BSTR To(std::string_view value) { return NewBstr(value); }
   static std::string From(BSTR value) { return TextOf(value); }
+};
+
+template <>
+struct Conversion<std::string_view> : Conversion<std::string> {};
+
+/// A text that may not be there: Null, which is no text, not even an empty one.
+template <>
+struct Conversion<std::optional<std::string_view>> {
+  using Type = VARIANT;
+  static VARIANT To(const std::optional<std::string_view>& value) {
+    VARIANT result;
+    V_VT(&result) = VT_NULL;
+    if (!value) return result;
+    V_BSTR(&result) = NewBstr(*value);
+    V_VT(&result) = VT_BSTR;
+    return result;
+  }
 };
 
 template <>
@@ -63,6 +84,10 @@ struct Conversion<int32_t> : NumberConversion<int32_t, LONG> {};
 template <>
 struct Conversion<float> : NumberConversion<float, FLOAT> {};
 template <>
+struct Conversion<double> : NumberConversion<double, DOUBLE> {};
+template <>
+struct Conversion<zevo::Fault> : NumberConversion<zevo::Fault, ::Faults> {};
+template <>
 struct Conversion<zevo::InvoiceStatuses> : NumberConversion<zevo::InvoiceStatuses, ::InvoiceStatuses> {};
 template <>
 struct Conversion<zevo::InvoiceTypes> : NumberConversion<zevo::InvoiceTypes, ::InvoiceTypes> {};
@@ -74,6 +99,16 @@ template <>
 struct Conversion<zevo::TaxAccountingBasis> : NumberConversion<zevo::TaxAccountingBasis, ::TaxAccountingBasis> {};
 template <>
 struct Conversion<zevo::TransactionTypes> : NumberConversion<zevo::TransactionTypes, ::TransactionTypes> {};
+
+/// A number that may be too large for Automation: raises error 6.
+template <>
+struct Conversion<int64_t> {
+  using Type = LONG;
+  static LONG To(int64_t value) {
+    if (!std::in_range<LONG>(value)) throw MakeRunTimeError(RunTimeError::kOverflow, std::to_string(value));
+    return static_cast<LONG>(value);
+  }
+};
 
 template <class Value>
 using ConversionOf = Conversion<std::remove_cvref_t<Value>>;

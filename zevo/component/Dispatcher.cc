@@ -114,7 +114,7 @@ class Dispatcher::Call {
       Argument& result = arguments_[count++];
       result.type = VT_BYREF | function_.result;
       V_VT(&result.value) = result.type;
-      V_BYREF(&result.value) = &V_NONE(&answer_);
+      V_BYREF(&result.value) = function_.result == VT_VARIANT ? static_cast<void*>(&answer_) : &V_NONE(&answer_);
     }
     VARTYPE types[kMostArguments];
     VARIANT* values[kMostArguments];
@@ -138,7 +138,7 @@ class Dispatcher::Call {
       const bool unchanged = argument.object != nullptr && argument.object.Get() == argument.before;
       if (!unchanged && IsVariable(*argument.given)) Store(*argument.given, argument.object.Get());
     }
-    V_VT(&answer_) = function_.result;
+    if (function_.result != VT_VARIANT) V_VT(&answer_) = function_.result;
     if (result != nullptr) {
       *result = answer_;
     } else {
@@ -263,6 +263,8 @@ Dispatcher::Parameter Dispatcher::DescribeParameter(ITypeInfo& table, const ELEM
   const TYPEDESC* type = &element.tdesc;
   int pointers = 0;
   for (; type->vt == VT_PTR; type = type->lptdesc) ++pointers;
+  // These are pointers themselves.
+  if (type->vt == VT_DISPATCH || type->vt == VT_UNKNOWN) ++pointers;
   if (pointers == 0) {
     parameter.type = ValueType(table, *type);
   } else {

@@ -92,6 +92,7 @@ class Face : public Interface<T>, public ISupportErrorInfo, public IProvideClass
   virtual ~Face() { Identities::OfThisProcess().Remove(core_.get()); }
 
   T& core() const { return *core_; }
+  const std::shared_ptr<T>& shared_core() const { return core_; }
 
   /// The face as that interface; null when it does not have it.
   virtual void* Find(const IID& id) {
@@ -135,10 +136,10 @@ class Face : public Interface<T>, public ISupportErrorInfo, public IProvideClass
 // interface definition, and take their types from the getters of the library.
 
 /// Follows the class of a face: lets the server make it.
-#define ZEVO_FACE_OF(Class)                                                                         \
-  Microsoft::WRL::ComPtr<::_##Class> FaceOf<zevo::Class>::Make(std::shared_ptr<zevo::Class> core) { \
-    return Adopt<::_##Class>(new Class##Face(std::move(core)));                                     \
-  }                                                                                                 \
+#define ZEVO_FACE_OF(Class)                                                             \
+  Microsoft::WRL::ComPtr<::_##Class> FaceOf<Class>::Make(std::shared_ptr<Class> core) { \
+    return Adopt<::_##Class>(new Class##Face(std::move(core)));                         \
+  }                                                                                     \
   static_assert(true)
 
 #define ZEVO_TYPE(Name) zevo::component::ConversionOf<decltype(std::declval<const Core&>().Name())>

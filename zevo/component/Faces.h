@@ -7,6 +7,7 @@
 #include <zevo/adapters.h>
 #include <zevo/component/Conversions.h>
 #include <zevo/component/Identities.h>
+#include <zevo/component/ValueCollection.h>
 
 #include <memory>
 #include <utility>
@@ -21,17 +22,18 @@ template <class Core>
 using Interface = typename FaceOf<Core>::Interface;
 
 // One line for each class that hosts can hold.
-#define ZEVO_FACE(Class)                                                              \
-  template <>                                                                         \
-  struct FaceOf<zevo::Class> {                                                        \
-    using Interface = ::_##Class;                                                     \
-    using ComClass = ::Class;                                                         \
-    static Microsoft::WRL::ComPtr<Interface> Make(std::shared_ptr<zevo::Class> core); \
+#define ZEVO_FACE(Class)                                                        \
+  template <>                                                                   \
+  struct FaceOf<Class> {                                                        \
+    using Interface = ::_##Class;                                               \
+    using ComClass = ::Class;                                                   \
+    static Microsoft::WRL::ComPtr<Interface> Make(std::shared_ptr<Class> core); \
   }
 ZEVO_FACE(AddressStructure);
 ZEVO_FACE(AuditException);
 ZEVO_FACE(AuditFile);
 ZEVO_FACE(AuditFileReader);
+ZEVO_FACE(AuditFileScanner);
 ZEVO_FACE(AuditFileStreamWriter);
 ZEVO_FACE(AuditFileStreamer);
 ZEVO_FACE(CreditNote);
@@ -39,6 +41,7 @@ ZEVO_FACE(CreditNoteCollection);
 ZEVO_FACE(CurrencyStructure);
 ZEVO_FACE(Customer);
 ZEVO_FACE(DocumentTotals);
+ZEVO_FACE(FilePlace);
 ZEVO_FACE(GeneralLedger);
 ZEVO_FACE(GeneralLedgerEntries);
 ZEVO_FACE(Header);
@@ -49,10 +52,14 @@ ZEVO_FACE(Journal);
 ZEVO_FACE(LineCollection);
 ZEVO_FACE(Options);
 ZEVO_FACE(OrderReferences);
+ZEVO_FACE(Problem);
+ZEVO_FACE(ProblemCollection);
 ZEVO_FACE(Product);
 ZEVO_FACE(References);
 ZEVO_FACE(SAFTConstants);
 ZEVO_FACE(SalesInvoices);
+ZEVO_FACE(ScannedElement);
+ZEVO_FACE(ScannedElementCollection);
 ZEVO_FACE(Settlement);
 ZEVO_FACE(ShippingPointStructure);
 ZEVO_FACE(Supplier);

@@ -84,6 +84,27 @@ expect("transactions", reader.Transactions(), 0);
 check(reader, "header", reader.ReadHeader(null));
 check(reader, "close", reader.CloseAuditFile());
 
+// The record does not come back, but all that the file has of it can be asked for.
+var scanner = create("AuditFileScanner", { AuditFileName: path });
+check(scanner, "open", scanner.OpenAuditFile());
+var kinds = [];
+do {
+  check(scanner, "next", scanner.ReadNext(null));
+  kinds.push(scanner.Kind);
+  if (scanner.Kind !== "Invoice") continue;
+  expect("hash", scanner.TextOf("Hash"), "0");
+  expect("name in a line", scanner.TextOf("Line/ProductDescription"), name);
+  expect("no such element", scanner.TextOf("TransactionID"), null);
+  expect("second element", scanner.Elements(2).Name, "InvoiceNo");
+  for (var elements = new Enumerator(scanner.Elements), texts = ""; !elements.atEnd(); elements.moveNext()) {
+    if (elements.item().Name === "CustomerID") texts += elements.item().Text;
+  }
+  expect("customer", texts, "C1");
+  expect("problems", scanner.Problems.Count, 0);
+} while (scanner.Kind !== "");
+expect("kinds", kinds.join(" "), "Header Customer Product TaxTable SalesInvoices Invoice ");
+check(scanner, "close", scanner.CloseAuditFile());
+
 var events = [];
 var handler = {
   ReadEntity: function(entityName, entity) {

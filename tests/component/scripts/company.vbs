@@ -12,6 +12,7 @@ Set files = CreateObject("Scripting.FileSystemObject")
 
 WriteInMemory folder & "\Jo" & Chr(227) & "o's file.xml"
 ReadBack folder & "\Jo" & Chr(227) & "o's file.xml"
+Scan folder & "\Jo" & Chr(227) & "o's file.xml"
 Stream folder & "\Jo" & Chr(227) & "o's file.xml"
 AbortStream folder & "\Jo" & Chr(227) & "o's file.xml"
 FailInHandler folder & "\Jo" & Chr(227) & "o's file.xml"
@@ -319,6 +320,70 @@ Sub ReadBack(path)
   Loop
   Expect "invoices read", count, 2
   Check file, "close", file.CloseAuditFile
+End Sub
+
+Sub Scan(path)
+  Dim file, entity, first, element, problem, kinds, texts, number, source
+  Set file = CreateObject("ZevoAdapters11.AuditFileScanner")
+  file.AuditFileName = path
+  Expect "reading before opening", file.ReadNext(entity), False
+  Expect "its number", file.AuditException.Number, -2147221499
+  Check file, "open", file.OpenAuditFile
+  Expect "kind before the first", file.Kind, ""
+  Expect "text before the first", IsNull(file.TextOf("")), True
+  Do
+    Check file, "next", file.ReadNext(entity)
+    kinds = kinds & file.Kind & " "
+    Select Case file.Kind
+      Case "Header"
+        Set first = file.Elements
+        Expect "trading name", entity.BusinessName, "Caf" & Chr(233)
+        Expect "same elements", first Is file.Elements, True
+      Case "Transaction"
+        Expect "journal", file.JournalID, "VENDAS"
+      Case "Invoice"
+        Expect "hash", entity.Hash, "0"
+        Expect "its text", file.TextOf("Hash"), "0"
+        Expect "text in a line", file.TextOf("Line[1]/ProductDescription"), "Caf" & Chr(233)
+        Expect "no such line", IsNull(file.TextOf("Line[2]")), True
+        Expect "its place", file.PlaceOf("Line[2]").Line, 0
+        Expect "first element", file.Elements(1).Name, "Invoice"
+        Expect "its depth", file.Elements.Item(1).Depth, 0
+        Expect "its place", file.Elements(1).Place.Offset, file.Place.Offset
+        texts = 0
+        For Each element In file.Elements
+          If element.Text <> "" Then texts = texts + 1
+        Next
+        Expect "texts", texts, 27
+        On Error Resume Next
+        Set element = file.Elements(file.Elements.Count + 1)
+        number = Err.Number: source = Err.Source
+        Err.Clear
+        On Error Goto 0
+        Expect "bad position", number, 9
+        Expect "its source", source, "ZevoAdapters11"
+    End Select
+    For Each problem In file.Problems
+      WScript.Echo "wrong: " & problem.Description & " / " & problem.Description(1)
+      failures = failures + 1
+    Next
+  Loop Until entity Is Nothing
+  Expect "kinds", kinds, "Header GeneralLedger Customer Customer Supplier Product TaxTable " & _
+    "GeneralLedgerEntries Journal Transaction Transaction SalesInvoices Invoice Invoice  "
+  Expect "bytes", file.BytesRead, files.GetFile(path).Size
+  Check file, "close", file.CloseAuditFile
+  ' What was read before is still there.
+  Set file = Nothing
+  Expect "elements of the header", first(1).Name, "Header"
+
+  Set file = CreateObject("ZevoAdapters11.AuditFileScanner")
+  file.AuditFileName = path
+  Check file, "open", file.OpenAuditFile
+  Check file, "next", file.ReadNext(entity)
+  file.AbortReading
+  Expect "reading after an abort", file.ReadNext(entity), False
+  Expect "no record", entity Is Nothing, True
+  Expect "its number", file.AuditException.Number, -2147221003
 End Sub
 
 Class Handler
