@@ -1,7 +1,8 @@
 Attribute VB_Name = "AuditFiles"
 ' SPDX-License-Identifier: Apache-2.0
-' Exports the first invoices of the sample company and reads a file back. Needs a reference to "Zevo Adapters 11" (Tools,
-' References). In the Immediate window: ExportInvoices "C:\Temp\saft.xml" and ReadFile "C:\Temp\saft.xml".
+' Exports the first invoices of the sample company, reads a file back, and looks through all of one. Needs a reference to
+' "Zevo Adapters 11" (Tools, References). In the Immediate window: ExportInvoices "C:\Temp\saft.xml", and ReadFile or ScanFile
+' with the same name.
 Option Explicit
 
 Private file As AuditFile
@@ -70,6 +71,29 @@ Public Sub ReadFile(ByVal path As String)
     Check reader.ReadInvoice(sale), reader
   Loop
   Check reader.CloseAuditFile, reader
+End Sub
+
+' Lists the invoices with their signatures, and whatever the records of the file cannot hold.
+Public Sub ScanFile(ByVal path As String)
+  Dim scanner As AuditFileScanner
+  Dim entity As Object
+  Dim difference As Problem
+  Dim records As Long
+  Set scanner = New AuditFileScanner
+  scanner.AuditFileName = path
+  Check scanner.OpenAuditFile, scanner
+
+  ' Behind the last record there may be problems too.
+  Do
+    Check scanner.ReadNext(entity), scanner
+    If scanner.Kind <> "" Then records = records + 1
+    If scanner.Kind = "Invoice" Then Debug.Print entity.InvoiceNo & " is signed " & entity.Hash
+    For Each difference In scanner.Problems
+      Debug.Print scanner.Kind & ": " & difference.Description
+    Next
+  Loop Until entity Is Nothing
+  Debug.Print records & " records in " & scanner.BytesRead & " bytes"
+  Check scanner.CloseAuditFile, scanner
 End Sub
 
 ' Every operation tells whether it succeeded; what went wrong is in the AuditException of its object.
