@@ -22,6 +22,7 @@
 #include <zevo/model/CreditNoteCollection.h>
 #include <zevo/model/CurrencyStructure.h>
 #include <zevo/model/Customer.h>
+#include <zevo/model/Decimal.h>
 #include <zevo/model/DocumentTotals.h>
 #include <zevo/model/EntityKind.h>
 #include <zevo/model/GeneralLedger.h>
