@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 #include <zevo/Error.h>
 #include <zevo/model/GeneralLedgerEntries.h>
+#include <zevo/model/Property.h>
 #include <zevo/model/SalesInvoices.h>
 #include <zevo/model/Totals.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -46,6 +48,31 @@ TEST(TotalsTest, AnEntryCountsOnceAndAddsItsLines) {
   EXPECT_EQ(totals, (Totals{2, 5, 8}));
 }
 
+template <class Entry, class Line>
+void ExpectCountedAmountsAreThoseNamed() {
+  Entry entry;
+  EXPECT_TRUE(
+      std::ranges::any_of(PropertiesOf(entry), [](const Property& property) { return property.name == kCountedPart; }));
+  int counted = 0;
+  for (const Property& property : PropertiesOf<Line>()) {
+    if (property.type != PropertyType::kAmount) continue;
+    auto line = std::make_shared<Line>();
+    property.set(*line, Amount(1));
+    entry.Line()->Clear();
+    entry.Line()->Add(line);
+    const bool debits = property.name == kCountedDebit;
+    const bool credits = property.name == kCountedCredit;
+    EXPECT_EQ(TotalsOf(entry), (Totals{1, debits ? 1 : 0, credits ? 1 : 0})) << property.name;
+    counted += debits || credits;
+  }
+  EXPECT_EQ(counted, 2);
+}
+
+TEST(TotalsTest, TheAmountsThatCountAreThoseNamed) {
+  ExpectCountedAmountsAreThoseNamed<Transaction, TransactionLine>();
+  ExpectCountedAmountsAreThoseNamed<Invoice, InvoiceLine>();
+}
+
 TEST(TotalsTest, NothingIsAddedWhereASumIsOutOfRange) {
   for (const Totals& full : {Totals{1, Amount::FromScaled(kMost), 0}, Totals{1, 0, Amount::FromScaled(kMost)},
                              Totals{std::numeric_limits<int32_t>::max(), 0, 0}}) {
@@ -63,10 +90,12 @@ TEST(TotalsTest, AnInvoiceWithoutALedgerTransactionDoesNotCount) {
   for (const std::string_view id : {"Anulado", "ANULADO", "aNULADO"}) {
     invoice.set_TransactionID(id);
     EXPECT_FALSE(CountsInTotals(invoice)) << id;
+    EXPECT_FALSE(CountsInTotals(id)) << id;
   }
   for (const std::string_view id : {"", "Anulado ", "Anulada", "2010-01-01 V 1"}) {
     invoice.set_TransactionID(id);
     EXPECT_TRUE(CountsInTotals(invoice)) << id;
+    EXPECT_TRUE(CountsInTotals(id)) << id;
   }
   invoice.set_InvoiceStatus(isA);
   EXPECT_TRUE(CountsInTotals(invoice));

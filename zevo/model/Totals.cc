@@ -45,6 +45,7 @@ Totals TotalsOf(const Invoice& entry) {
   return totals;
 }
 
-bool CountsInTotals(const Invoice& invoice) { return !EqualIgnoringCase(invoice.TransactionID(), "Anulado"); }
+bool CountsInTotals(const Invoice& invoice) { return CountsInTotals(invoice.TransactionID()); }
+bool CountsInTotals(std::string_view transactionID) { return !EqualIgnoringCase(transactionID, "Anulado"); }
 
 }  // namespace zevo

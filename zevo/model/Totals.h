@@ -8,8 +8,17 @@
 #include <zevo/model/Transaction.h>
 
 #include <cstdint>
+#include <string_view>
 
 namespace zevo {
+
+/// What counts in the totals of a section, by the names that elements and properties share: of each such part of an
+/// entry the amount that it debits and the one that it credits. For programs that add up texts of a file.
+inline constexpr std::string_view kCountedPart = "Line";
+/// The amount of a part that goes into `TotalDebit`.
+inline constexpr std::string_view kCountedDebit = "DebitAmount";
+/// The amount of a part that goes into `TotalCredit`.
+inline constexpr std::string_view kCountedCredit = "CreditAmount";
 
 /// The totals of a section: how many entries there are, and what their lines debit and credit.
 struct ZEVO_API Totals {
@@ -38,6 +47,8 @@ ZEVO_API Totals TotalsOf(const Invoice& entry);
 /// Whether an invoice counts among the entries and sums of its section: one whose `TransactionID` is "Anulado", in any
 /// letter case, does not. It is this property that tells, not `InvoiceStatus`.
 ZEVO_API bool CountsInTotals(const Invoice& invoice);
+/// The same by the text of that property.
+ZEVO_API bool CountsInTotals(std::string_view transactionID);
 
 /// The totals that a `GeneralLedgerEntries` or `SalesInvoices` holds.
 template <class Section>
