@@ -30,6 +30,18 @@ void ProblemReport::Add(const AuditFileScanner& scanner, const Problem& problem)
   places.first.push_back(Subject(scanner, problem).append(Abridged(Describe(problem, Language::kEnglish))));
 }
 
+int64_t ProblemReport::Count() const {
+  int64_t count = 0;
+  for (const Places& places : places_) count += places.count;
+  return count;
+}
+
+std::vector<std::string> ProblemReport::First() const {
+  std::vector<std::string> all;
+  for (const Places& places : places_) all.insert(all.end(), places.first.begin(), places.first.end());
+  return all;
+}
+
 void ProblemReport::Report(std::ostream& out) const {
   for (const auto& [count, first] : places_) {
     if (count == 0) continue;

@@ -24,6 +24,10 @@ class ProblemReport {
 
   /// Whether a text is no value of its element, such as an amount that is no number.
   bool HasUnreadable() const { return places_[static_cast<size_t>(Fault::kUnreadable)].count > 0; }
+  /// How many there are.
+  int64_t Count() const;
+  /// The first few of each fault, in sentences.
+  std::vector<std::string> First() const;
   /// Tells everything; nothing when there is nothing.
   void Report(std::ostream& out) const;
 
