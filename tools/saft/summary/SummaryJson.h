@@ -9,7 +9,8 @@
 namespace zevo::saft {
 
 /// A summary as one JSON object for programs. Amounts are texts: as numbers they would lose digits in many
-/// readers. A header or section that the file does not have is null.
+/// readers. A header, section or total that the file does not have is null. What lacks amounts that cannot be read has
+/// their number, by the figure, in a member "Unreadable".
 std::string JsonOf(const Summary& summary);
 
 }  // namespace zevo::saft

@@ -2,29 +2,93 @@
 #include "tools/saft/summary/SummaryReader.h"
 
 #include <algorithm>
-#include <array>
+#include <optional>
+#include <span>
 #include <utility>
+#include <vector>
 
-#include "tools/saft/errors/Failure.h"
-#include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/summary/SummedElements.h"
 
 namespace zevo::saft {
 namespace {
 
-// The filled properties of the header and its children. Constants say nothing about a file.
-Summary::Values ValuesOf(const Header& header) {
-  Summary::Values values;
-  WalkProperties(header, [&](std::string_view path, const Property& property, const Record& owner) {
-    if (!IsPlain(property) || property.set == nullptr) return;
-    std::string text = TextFromValue(property, property.get(owner));
-    if (!text.empty()) values.emplace_back(path, std::move(text));
-  });
-  return values;
-}
-
 // Kinds of which only the number is told.
 constexpr std::array kOnlyCounted{EntityKind::kGeneralLedger, EntityKind::kCustomer, EntityKind::kSupplier,
                                   EntityKind::kProduct};
+// A header of the version has three dozen elements, with names of a few letters. No file makes a summary of any size.
+constexpr size_t kMostHeaderElements = 1000;
+constexpr size_t kMostName = 200;
+
+using Elements = std::span<const ScannedElement>;
+
+std::optional<std::string> TextIn(const AuditFileScanner& scanner, std::string_view element) {
+  const std::optional<std::string_view> text = scanner.TextOf(element);
+  return text ? std::optional<std::string>(Trimmed(*text)) : std::nullopt;
+}
+
+TotalsInFile TotalsIn(const AuditFileScanner& scanner) {
+  return {TextIn(scanner, kNumberOfEntries), TextIn(scanner, kTotalDebit), TextIn(scanner, kTotalCredit)};
+}
+
+template <class Visit>
+void ForEachIn(Elements elements, size_t parent, Visit visit) {
+  const int depth = elements[parent].depth + 1;
+  for (size_t i = parent + 1; i < elements.size() && elements[i].depth >= depth; ++i) {
+    if (elements[i].depth == depth) visit(i);
+  }
+}
+
+// An amount to add to a sum: of elements of a name, the first in their parent.
+struct Wanted {
+  std::string_view name;
+  Sum* sum;
+};
+template <size_t n>
+void AddAmounts(Elements elements, size_t parent, std::array<Wanted, n> wanted) {
+  ForEachIn(elements, parent, [&](size_t child) {
+    for (auto& [name, sum] : wanted) {
+      if (sum == nullptr || elements[child].name != name) continue;
+      sum->Add(elements[child].text);
+      sum = nullptr;
+    }
+  });
+}
+
+void AddLine(Elements elements, size_t line, EntrySums& sums) {
+  AddAmounts(elements, line, std::array{Wanted{kCountedDebit, &sums.debit}, Wanted{kCountedCredit, &sums.credit}});
+}
+
+// The elements of the header that hold no others, named by the way to them.
+Summary::Values ValuesIn(Elements elements) {
+  Summary::Values values;
+  std::vector<std::string> path;  // to the element of each depth
+  TextMap<int> seen;
+  size_t more = 0;
+  for (size_t i = 1; i < elements.size(); ++i) {
+    const ScannedElement& element = elements[i];
+    const bool holdsOthers = i + 1 < elements.size() && elements[i + 1].depth > element.depth;
+    if (values.size() == kMostHeaderElements) {
+      if (!holdsOthers) ++more;
+      continue;
+    }
+    path.resize(static_cast<size_t>(element.depth));
+    std::string& name = path.back();
+    name = path.size() > 1 ? path[path.size() - 2] + "." : "";
+    name += element.name;
+    if (name.size() > kMostName) name.resize(kMostName);
+    if (const int number = ++seen[name]; number > 1) name.append("[").append(std::to_string(number)).append("]");
+    if (!holdsOthers || !element.text.empty()) values.emplace_back(name, element.text);
+  }
+  if (more > 0) values.emplace_back("…", "and " + std::to_string(more) + " more");
+  return values;
+}
+
+// Where a type stands among the others.
+size_t RankOf(const InvoiceTypeFigures& type) {
+  const auto codes = CodesOf<InvoiceTypes>();
+  if (type.type.empty()) return 0;
+  return static_cast<size_t>(std::ranges::find(codes, type.type, &Code::text) - codes.begin()) + 1;
+}
 
 // The figures of a section, created where its entries come without the section around them.
 template <class Figures>
@@ -34,42 +98,46 @@ Figures& Of(std::optional<Figures>& section) {
 
 }  // namespace
 
-SummaryReader::SummaryReader(const std::string& file) : file_(file, OutputWhile::kAfterReading) {
+SummaryReader::SummaryReader(const std::string& file, ProblemReport& problems)
+    : problems_(problems), file_(file, OutputWhile::kAfterReading) {
   summary_.file = file;
 }
 
 Summary SummaryReader::Read() {
-  file_.Read([this](const AuditFileScanner& scanner, const Record& record) {
-    ++counts_[*scanner.Kind()];
-    TakeRecord(*scanner.Kind(), record);
+  file_.Read([this](const AuditFileScanner& scanner, const Record&) {
+    ++CountOf(*scanner.Kind());
+    Take(scanner);
+    TakeProblems(scanner);
   });
-  const auto count = [this](EntityKind kind) { summary_.counts.emplace_back(NameOf(kind), counts_[kind]); };
+  TakeProblems(file_.Scanner());
+  const auto count = [this](EntityKind kind) { summary_.counts.emplace_back(NameOf(kind), CountOf(kind)); };
   std::ranges::for_each(kOnlyCounted, count);
-  summary_.counts.emplace_back("TaxTableEntry", tax_entries_);
+  summary_.counts.emplace_back(kTaxTableEntry, tax_entries_);
   for (const EntityKind kind : {EntityKind::kJournal, EntityKind::kTransaction, EntityKind::kInvoice}) count(kind);
-  for (auto& [type, figures] : types_) {
-    figures.type = TextFromCode(CodesOf<InvoiceTypes>(), type);
-    summary_.invoices->types.push_back(std::move(figures));
-  }
+  if (summary_.invoices) std::ranges::stable_sort(summary_.invoices->types, {}, RankOf);
+  summary_.problems = problems_.Count();
+  summary_.first_problems = problems_.First();
   return std::move(summary_);
 }
 
-void SummaryReader::TakeRecord(EntityKind kind, const Record& record) {
-  switch (kind) {
+void SummaryReader::Take(const AuditFileScanner& scanner) {
+  switch (*scanner.Kind()) {
     case EntityKind::kHeader:
-      return Take(static_cast<const Header&>(record));
+      return TakeHeader(scanner);
     case EntityKind::kTaxTable:
-      return Take(static_cast<const TaxTable&>(record));
+      return TakeTaxTable(scanner);
     case EntityKind::kGeneralLedgerEntries:
-      return Take(static_cast<const GeneralLedgerEntries&>(record));
+      if (IsFirst(scanner)) Of(summary_.entries).in_file = TotalsIn(scanner);
+      return;
     case EntityKind::kJournal:
-      return Take(static_cast<const Journal&>(record));
+      return TakeJournal(scanner);
     case EntityKind::kTransaction:
-      return Take(static_cast<const Transaction&>(record));
+      return TakeTransaction(scanner);
     case EntityKind::kSalesInvoices:
-      return Take(static_cast<const SalesInvoices&>(record));
+      if (IsFirst(scanner)) Of(summary_.invoices).in_file = TotalsIn(scanner);
+      return;
     case EntityKind::kInvoice:
-      return Take(static_cast<const Invoice&>(record));
+      return TakeInvoice(scanner);
     case EntityKind::kGeneralLedger:
     case EntityKind::kCustomer:
     case EntityKind::kSupplier:
@@ -78,36 +146,82 @@ void SummaryReader::TakeRecord(EntityKind kind, const Record& record) {
   }
 }
 
-void SummaryReader::Take(const Header& header) { summary_.header = ValuesOf(header); }
-
-void SummaryReader::Take(const TaxTable& table) {
-  if (tax_entries_) *tax_entries_ += table.TaxTableEntry()->Count();
+void SummaryReader::TakeHeader(const AuditFileScanner& scanner) {
+  if (!IsFirst(scanner)) return;
+  summary_.header = ValuesIn(scanner.Elements());
+  summary_.version = scanner.TextOf("AuditFileVersion");
 }
 
-void SummaryReader::Take(const GeneralLedgerEntries& section) { Of(summary_.entries).in_file = TotalsIn(section); }
-
-void SummaryReader::Take(const Journal& journal) {
-  Of(summary_.entries).journals.push_back({journal.JournalID(), journal.Description(), {}});
+void SummaryReader::TakeTaxTable(const AuditFileScanner& scanner) {
+  const Elements elements = scanner.Elements();
+  ForEachIn(elements, 0, [&](size_t child) { tax_entries_ += elements[child].name == kTaxTableEntry; });
 }
 
-void SummaryReader::Take(const Transaction& transaction) {
+void SummaryReader::TakeJournal(const AuditFileScanner& scanner) {
+  JournalFigures& journal = Of(summary_.entries).journals.emplace_back();
+  journal.id = scanner.TextOf(kJournalID).value_or("");
+  journal.description = scanner.TextOf(kDescription).value_or("");
+}
+
+void SummaryReader::TakeTransaction(const AuditFileScanner& scanner) {
   EntriesFigures& figures = Of(summary_.entries);
-  const Totals totals = TotalsOf(transaction);
-  figures.as_summed += totals;
-  if (!figures.journals.empty()) figures.journals.back().totals += totals;
+  const Elements elements = scanner.Elements();
+  EntrySums sums{.entries = 1, .debit = {}, .credit = {}};
+  ForEachIn(elements, 0, [&](size_t child) {
+    if (elements[child].name == kCountedPart) AddLine(elements, child, sums);
+  });
+  figures.as_summed += sums;
+  if (!figures.journals.empty()) figures.journals.back().sums += sums;
 }
 
-void SummaryReader::Take(const SalesInvoices& section) { Of(summary_.invoices).in_file = TotalsIn(section); }
-
-void SummaryReader::Take(const Invoice& invoice) {
+void SummaryReader::TakeInvoice(const AuditFileScanner& scanner) {
   InvoicesFigures& figures = Of(summary_.invoices);
-  const Totals totals = TotalsOf(invoice);
-  (CountsInTotals(invoice) ? figures.as_summed : figures.left_out) += totals;
-  InvoiceTypeFigures& type = types_[invoice.InvoiceType()];
-  type.totals += totals;
-  type.tax += invoice.DocumentTotals()->TaxPayable();
-  type.net += invoice.DocumentTotals()->NetTotal();
-  type.gross += invoice.DocumentTotals()->GrossTotal();
+  InvoiceTypeFigures& type = FiguresOf(Trimmed(scanner.TextOf(kInvoiceType).value_or("")));
+  const Elements elements = scanner.Elements();
+  EntrySums sums{.entries = 1, .debit = {}, .credit = {}};
+  bool hasTotals = false;
+  ForEachIn(elements, 0, [&](size_t child) {
+    if (elements[child].name == kCountedPart) {
+      AddLine(elements, child, sums);
+    } else if (elements[child].name == kDocumentTotals && !std::exchange(hasTotals, true)) {
+      AddAmounts(
+          elements, child,
+          std::array{Wanted{kTaxPayable, &type.tax}, Wanted{kNetTotal, &type.net}, Wanted{kGrossTotal, &type.gross}});
+    }
+  });
+  type.sums += sums;
+  (CountsInTotals(scanner.TextOf(kTransactionID).value_or("")) ? figures.as_summed : figures.left_out) += sums;
+}
+
+InvoiceTypeFigures& SummaryReader::FiguresOf(std::string_view type) {
+  auto& types = summary_.invoices->types;
+  const auto known = types_.find(type);
+  if (known != types_.end()) return types[known->second];
+  types_.emplace(type, types.size());
+  InvoiceTypeFigures& added = types.emplace_back();
+  added.type = type;
+  return added;
+}
+
+// Of what a file has once, what is told is that of the first.
+bool SummaryReader::IsFirst(const AuditFileScanner& scanner) {
+  if (CountOf(*scanner.Kind()) == 1) return true;
+  problems_.Add(scanner, {Fault::kRepeated, {}, scanner.Place(), {}});
+  return false;
+}
+
+void SummaryReader::TakeProblems(const AuditFileScanner& scanner) {
+  for (const Problem& problem : scanner.Problems()) {
+    if (!TouchesFigures(scanner.Kind(), problem)) continue;
+    if (problem.fault == Fault::kUnknownElement && problem.path.starts_with('/')) {
+      // What is inside it is not told again.
+      const bool inside = !stray_.empty() && problem.path.size() > stray_.size() && problem.path.starts_with(stray_) &&
+                          problem.path[stray_.size()] == '/';
+      if (inside) continue;
+      stray_ = problem.path;
+    }
+    problems_.Add(scanner, problem);
+  }
 }
 
 }  // namespace zevo::saft

@@ -4,39 +4,45 @@
 
 #include <zevo/adapters.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <map>
-#include <memory>
-#include <optional>
 #include <string>
+#include <string_view>
 
 #include "tools/saft/input/AuditFileInput.h"
+#include "tools/saft/input/ProblemReport.h"
 #include "tools/saft/summary/Summary.h"
 
 namespace zevo::saft {
 
-/// Takes the figures of an audit file in one pass. A failure of the library is a `Failure`.
+/// Takes the figures of an audit file in one pass, from its texts. A failure of the library is a `Failure`.
 class SummaryReader {
  public:
-  explicit SummaryReader(const std::string& file);
+  SummaryReader(const std::string& file, ProblemReport& problems);
 
   Summary Read();
 
  private:
-  void TakeRecord(EntityKind kind, const Record& record);
-  void Take(const Header& header);
-  void Take(const TaxTable& table);
-  void Take(const GeneralLedgerEntries& section);
-  void Take(const Journal& journal);
-  void Take(const Transaction& transaction);
-  void Take(const SalesInvoices& section);
-  void Take(const Invoice& invoice);
+  void Take(const AuditFileScanner& scanner);
+  void TakeHeader(const AuditFileScanner& scanner);
+  void TakeTaxTable(const AuditFileScanner& scanner);
+  void TakeJournal(const AuditFileScanner& scanner);
+  void TakeTransaction(const AuditFileScanner& scanner);
+  void TakeInvoice(const AuditFileScanner& scanner);
+  InvoiceTypeFigures& FiguresOf(std::string_view type);
+  bool IsFirst(const AuditFileScanner& scanner);
+  void TakeProblems(const AuditFileScanner& scanner);
+
+  int64_t& CountOf(EntityKind kind) { return counts_[static_cast<size_t>(kind)]; }
 
   Summary summary_;
+  ProblemReport& problems_;
   AuditFileInput file_;
-  std::map<EntityKind, int32_t> counts_;    // of the elements of each kind
-  std::optional<int32_t> tax_entries_ = 0;  // none once a table cannot be read
-  std::map<InvoiceTypes, InvoiceTypeFigures> types_;
+  std::array<int64_t, kEntityKinds> counts_{};  // of the records of each kind
+  int64_t tax_entries_ = 0;
+  TextMap<size_t> types_;  // among those of the summary
+  std::string stray_;      // the path of the last element between records
 };
 
 }  // namespace zevo::saft

@@ -40,6 +40,23 @@ class SummaryCommandTest : public testing::ToolTest {
     return folder_.Write(
         "out.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01">)" + sections + "</AuditFile>");
   }
+  std::string WriteInvoices(const std::string& inside) const {
+    return WriteFile("<SourceDocuments><SalesInvoices>" + inside + "</SalesInvoices></SourceDocuments>");
+  }
+  std::string WriteEntries(const std::string& inside) const {
+    return WriteFile("<GeneralLedgerEntries>" + inside + "</GeneralLedgerEntries>");
+  }
+
+  // What goes to standard output where there are problems, which come after it.
+  std::string TextWithProblems(const std::string& problems) const {
+    const testing::Outcome outcome = Run({"summary", Output()});
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_EQ(outcome.err, problems);
+    return outcome.out;
+  }
+  std::string Told(const std::string& problem) const {
+    return "saft: " + Output() + ": 1 problem\n  " + problem + "\n";
+  }
 };
 
 TEST_F(SummaryCommandTest, TellsTheSampleCompany) {
@@ -47,37 +64,43 @@ TEST_F(SummaryCommandTest, TellsTheSampleCompany) {
   EXPECT_EQ(Text(), Output() + R"(
 
 Header
+  AuditFileVersion               1.01_01
   CompanyID                      Viseu 548807523
   TaxRegistrationNumber          548807523
   TaxAccountingBasis             I
   CompanyName                    Alforge & Candeia – Produtos Regionais, Lda.
-  FiscalYear                     2012
-  StartDate                      2012-01-01
-  EndDate                        2012-12-31
-  CurrencyCode                   EUR
-  DateCreated                    2013-03-14
-  ProductID                      Razão Aberta/Lousa Miúda Sistemas Lda
-  ProductVersion                 4.2.1
-  Telephone                      232000027
-  Fax                            232000028
-  Email                          geral@alforgecandeia.example
-  HeaderComment                  Exercício de 2012, faturação e contabilidade. Empresa, clientes e fornecedores fictícios.
+  BusinessName                   Alforge & Candeia
   CompanyAddress.BuildingNumber  Lote 27
   CompanyAddress.StreetName      Zona Industrial de Coimbrões
   CompanyAddress.AddressDetail   Zona Industrial de Coimbrões, Lote 27
   CompanyAddress.City            Viseu
   CompanyAddress.PostalCode      3500-618
   CompanyAddress.Country         PT
+  FiscalYear                     2012
+  StartDate                      2012-01-01
+  EndDate                        2012-12-31
+  CurrencyCode                   EUR
+  DateCreated                    2013-03-14
+  TaxEntity                      Global
+  ProductCompanyTaxID            500000000
+  SoftwareCertificateNumber      9871/AT
+  ProductID                      Razão Aberta/Lousa Miúda Sistemas Lda
+  ProductVersion                 4.2.1
+  HeaderComment                  Exercício de 2012, faturação e contabilidade. Empresa, clientes e fornecedores fictícios.
+  Telephone                      232000027
+  Fax                            232000028
+  Email                          geral@alforgecandeia.example
+  Website                        http://www.alforgecandeia.example
 
 Records
-  GeneralLedger         211
-  Customer               57
-  Supplier               23
-  Product                42
-  TaxTableEntry  unreadable
-  Journal                 6
-  Transaction          1183
-  Invoice               300
+  GeneralLedger   211
+  Customer         57
+  Supplier         23
+  Product          42
+  TaxTableEntry    15
+  Journal           6
+  Transaction    1183
+  Invoice         300
 
 General ledger entries
                Entries       Debit      Credit
@@ -112,13 +135,15 @@ TEST_F(SummaryCommandTest, TellsTheSampleCompanyToPrograms) {
   ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, Output()}).code, 0);
   const Json json = ParsedJson();
   EXPECT_EQ(json["File"], Output());
+  EXPECT_EQ(json["Version"], "1.01_01");
+  EXPECT_EQ(json["Header"]["AuditFileVersion"], "1.01_01");
   EXPECT_EQ(json["Header"]["CompanyName"], "Alforge & Candeia – Produtos Regionais, Lda.");
   EXPECT_EQ(json["Header"]["TaxAccountingBasis"], "I");
   EXPECT_EQ(json["Header"]["CompanyAddress.PostalCode"], "3500-618");
   EXPECT_EQ(json["Counts"], Json::parse(R"({"GeneralLedger": 211, "Customer": 57, "Supplier": 23, "Product": 42,
-      "TaxTableEntry": null, "Journal": 6, "Transaction": 1183, "Invoice": 300})"));
+      "TaxTableEntry": 15, "Journal": 6, "Transaction": 1183, "Invoice": 300})"));
   EXPECT_EQ(json["GeneralLedgerEntries"], Json::parse(R"({
-      "InFile": {"NumberOfEntries": 1183, "TotalDebit": "3710789.2", "TotalCredit": "3710789.2"},
+      "InFile": {"NumberOfEntries": "1183", "TotalDebit": "3710789.2", "TotalCredit": "3710789.2"},
       "AsSummed": {"NumberOfEntries": 1183, "TotalDebit": "3710789.2", "TotalCredit": "3710789.2"},
       "Journals": [
         {"JournalID": "VENDAS", "Description": "Diário de vendas",
@@ -134,7 +159,7 @@ TEST_F(SummaryCommandTest, TellsTheSampleCompanyToPrograms) {
         {"JournalID": "DIVERSOS", "Description": "Diário de operações diversas",
          "NumberOfEntries": 60, "TotalDebit": "1700041.99", "TotalCredit": "1700041.99"}]})"));
   EXPECT_EQ(json["SalesInvoices"], Json::parse(R"({
-      "InFile": {"NumberOfEntries": 300, "TotalDebit": "1943.73", "TotalCredit": "479372.3"},
+      "InFile": {"NumberOfEntries": "300", "TotalDebit": "1943.73", "TotalCredit": "479372.3"},
       "AsSummed": {"NumberOfEntries": 300, "TotalDebit": "1943.73", "TotalCredit": "479372.3"},
       "LeftOut": {"NumberOfEntries": 0, "TotalDebit": "0", "TotalCredit": "0"},
       "InvoiceTypes": [
@@ -148,6 +173,7 @@ TEST_F(SummaryCommandTest, TellsTheSampleCompanyToPrograms) {
          "TaxPayable": "666.69", "NetTotal": "4382.85", "GrossTotal": "5049.54"},
         {"InvoiceType": "TV", "NumberOfEntries": 24, "TotalDebit": "0", "TotalCredit": "956.01",
          "TaxPayable": "189.99", "NetTotal": "956.01", "GrossTotal": "1146"}]})"));
+  EXPECT_EQ(json["Problems"], Json::parse(R"({"Count": 0, "First": []})"));
 }
 
 TEST_F(SummaryCommandTest, AFileWithoutSectionsHasOnlyCounts) {
@@ -165,6 +191,7 @@ Records
   Invoice        0
 )");
   const Json json = ParsedJson();
+  EXPECT_TRUE(json["Version"].is_null());
   EXPECT_TRUE(json["Header"].is_null());
   EXPECT_TRUE(json["GeneralLedgerEntries"].is_null());
   EXPECT_TRUE(json["SalesInvoices"].is_null());
@@ -220,25 +247,253 @@ TEST_F(SummaryCommandTest, TextsOfTheFileStayOnTheirLine) {
   EXPECT_THAT(Text(), HasSubstr("  Uma\\u2028casa\\u0085\n"));
 }
 
+TEST_F(SummaryCommandTest, TheHeaderIsThatOfTheFile) {
+  WriteFile(
+      "<Header><Email>b@example</Email><AuditFileVersion>1.01_02</AuditFileVersion><Extra><Deep>d</Deep></Extra>"
+      "<ProductCompanyTaxID>\n 501234567 </ProductCompanyTaxID><Email>a@example</Email><Fax/><CompanyAddress>"
+      "<City>Faro</City></CompanyAddress><CompanyAddress><City>Beja</City></CompanyAddress></Header>");
+  EXPECT_THAT(Text(), HasSubstr(R"(
+Header
+  Email                   b@example
+  AuditFileVersion        1.01_02
+  Extra.Deep              d
+  ProductCompanyTaxID     501234567
+  Email[2]                a@example
+  Fax
+  CompanyAddress.City     Faro
+  CompanyAddress[2].City  Beja
+
+Records
+)"));
+  const Json json = ParsedJson();
+  EXPECT_EQ(json["Version"], "1.01_02");
+  EXPECT_EQ(json["Header"], Json::parse(R"({"Email": "b@example", "AuditFileVersion": "1.01_02", "Extra.Deep": "d",
+      "ProductCompanyTaxID": "\n 501234567 ", "Email[2]": "a@example", "Fax": "", "CompanyAddress.City": "Faro",
+      "CompanyAddress[2].City": "Beja"})"));
+}
+
+TEST_F(SummaryCommandTest, AHeaderWithoutEndIsToldInPart) {
+  std::string header = "<Header>";
+  for (int i = 0; i < 1200; ++i) header += "<a>1</a>";
+  WriteFile(header + "</Header>");
+  EXPECT_THAT(Text(), HasSubstr("\n  a[1000]  1\n  …        and 200 more\n"));
+}
+
+TEST_F(SummaryCommandTest, InvoiceTypesAreTextsOfTheFile) {
+  const auto invoice = [](const std::string& type) {
+    return "<Invoice>" + type + "<DocumentTotals><NetTotal>1.5</NetTotal></DocumentTotals></Invoice>";
+  };
+  WriteInvoices(invoice("<InvoiceType>FS</InvoiceType>") + invoice("<InvoiceType>VD</InvoiceType>") +
+                invoice("<InvoiceType>AA</InvoiceType>") + invoice("") + invoice("<InvoiceType/>") +
+                invoice("<InvoiceType>\n FT\n</InvoiceType>") + invoice("<InvoiceType>ZZ</InvoiceType>") +
+                invoice("<InvoiceType>A</InvoiceType>") + invoice("<InvoiceType>FS</InvoiceType>"));
+  EXPECT_THAT(Text(), HasSubstr(R"(
+Invoice types
+  Type  Entries  Debit  Credit   Tax   Net  Gross
+  none        2   0.00    0.00  0.00  3.00   0.00
+  FT          1   0.00    0.00  0.00  1.50   0.00
+  VD          1   0.00    0.00  0.00  1.50   0.00
+  AA          1   0.00    0.00  0.00  1.50   0.00
+  FS          2   0.00    0.00  0.00  3.00   0.00
+  ZZ          1   0.00    0.00  0.00  1.50   0.00
+  A           1   0.00    0.00  0.00  1.50   0.00
+)"));
+}
+
+TEST_F(SummaryCommandTest, SumsAreExact) {
+  const std::string lines =
+      "<Line><DebitAmount>0.00001</DebitAmount></Line><Line><DebitAmount>99999999999999999999</DebitAmount></Line>"
+      "<Line><CreditAmount>+.5</CreditAmount></Line><Line><CreditAmount>-0.123456789012345678901</CreditAmount></Line>";
+  WriteEntries(
+      "<NumberOfEntries>1</NumberOfEntries><TotalDebit>99999999999999999999</TotalDebit>"
+      "<TotalCredit> 0.376543210987654321099 </TotalCredit><Journal><JournalID>J</JournalID><Transaction>" +
+      lines + "</Transaction></Journal>");
+  EXPECT_THAT(Text(), HasSubstr(R"(
+               Entries                       Debit                   Credit
+  In the file        1     99999999999999999999.00  0.376543210987654321099
+  As summed          1  99999999999999999999.00001  0.376543210987654321099
+  Difference         0                    -0.00001                     0.00
+)"));
+  EXPECT_EQ(ParsedJson()["GeneralLedgerEntries"]["AsSummed"], Json::parse(R"({"NumberOfEntries": 1,
+      "TotalDebit": "99999999999999999999.00001", "TotalCredit": "0.376543210987654321099"})"));
+}
+
+TEST_F(SummaryCommandTest, AnAmountThatCannotBeReadIsNamedAndLeftOut) {
+  WriteInvoices(
+      "<NumberOfEntries>2</NumberOfEntries><TotalDebit>0</TotalDebit><TotalCredit>30</TotalCredit>\n"
+      "<Invoice><InvoiceNo>FT A/11</InvoiceNo><InvoiceType>FT</InvoiceType><Line><CreditAmount>10</CreditAmount></Line>"
+      "<DocumentTotals><TaxPayable>2.3</TaxPayable><GrossTotal>12.3</GrossTotal></DocumentTotals></Invoice>\n"
+      "<Invoice><InvoiceNo>FT A/12</InvoiceNo><InvoiceType>FT</InvoiceType><Line><CreditAmount>10</CreditAmount></Line>"
+      "<Line><CreditAmount>1,50</CreditAmount></Line>\n"
+      "<DocumentTotals><TaxPayable>2.3</TaxPayable><GrossTotal>12x</GrossTotal></DocumentTotals></Invoice>");
+  const std::string problems =
+      "saft: " + Output() +
+      ": 2 problems of one kind\n"
+      "  Invoice \"FT A/12\": Line[2]/CreditAmount, \"1,50\": the element cannot have this value (line 3, column "
+      "119).\n"
+      "  Invoice \"FT A/12\": DocumentTotals/GrossTotal, \"12x\": the element cannot have this value (line 4, column "
+      "45).\n";
+  EXPECT_THAT(TextWithProblems(problems), HasSubstr(R"(
+Sales invoices
+               Entries   Debit   Credit
+  In the file        2    0.00    30.00
+  As summed          2    0.00    20.00*
+  Difference         0    0.00    10.00*
+  * without the amounts that cannot be read
+
+Invoice types
+  Type  Entries   Debit   Credit    Tax    Net   Gross
+  FT          2    0.00    20.00*  4.60   0.00   12.30*
+  * without the amounts that cannot be read
+)"));
+  const testing::Outcome outcome = Run({"summary", "--json", Output()});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, problems);
+  const Json json = Json::parse(outcome.out);
+  EXPECT_EQ(json["SalesInvoices"], Json::parse(R"({
+      "InFile": {"NumberOfEntries": "2", "TotalDebit": "0", "TotalCredit": "30"},
+      "AsSummed": {"NumberOfEntries": 2, "TotalDebit": "0", "TotalCredit": "20", "Unreadable": {"TotalCredit": 1}},
+      "LeftOut": {"NumberOfEntries": 0, "TotalDebit": "0", "TotalCredit": "0"},
+      "InvoiceTypes": [{"InvoiceType": "FT", "NumberOfEntries": 2, "TotalDebit": "0", "TotalCredit": "20",
+          "TaxPayable": "4.6", "NetTotal": "0", "GrossTotal": "12.3",
+          "Unreadable": {"TotalCredit": 1, "GrossTotal": 1}}]})"));
+  EXPECT_EQ(json["Problems"]["Count"], 2);
+  EXPECT_EQ(json["Problems"]["First"][1],
+            "Invoice \"FT A/12\": DocumentTotals/GrossTotal, \"12x\": the element cannot have this value (line 4, "
+            "column 45).");
+}
+
+TEST_F(SummaryCommandTest, ATotalThatIsNoNumberStaysAndOneThatIsNotThereIsADash) {
+  WriteEntries("<TotalDebit>12x</TotalDebit><Journal><Transaction/></Journal>");
+  EXPECT_THAT(
+      TextWithProblems(Told("GeneralLedgerEntries: TotalDebit, \"12x\": the element cannot have this value (line "
+                            "1, column 84).")),
+      HasSubstr(R"(
+               Entries  Debit  Credit
+  In the file        –    12x       –
+  As summed          1   0.00    0.00
+
+Journals
+  Journal  Description  Entries  Debit  Credit
+                              1   0.00    0.00
+)"));
+  EXPECT_EQ(Json::parse(Run({"summary", "--json", Output()}).out)["GeneralLedgerEntries"]["InFile"],
+            Json::parse(R"({"NumberOfEntries": null, "TotalDebit": "12x", "TotalCredit": null,
+                "Unreadable": {"TotalDebit": 1}})"));
+}
+
+TEST_F(SummaryCommandTest, WhatMakesFiguresDifferIsTold) {
+  const auto sales = [](const std::string& inside) {
+    return "<SourceDocuments><SalesInvoices>" + inside + "</SalesInvoices></SourceDocuments>";
+  };
+  const struct {
+    std::string sections;
+    std::string told;  // begins so
+  } kRows[] = {
+      {sales("<Invoice><InvoiceNo>1</InvoiceNo><InvoiceType>FT</InvoiceType><InvoiceType>VD</InvoiceType></Invoice>"),
+       "Invoice \"1\": InvoiceType[2], \"VD\": is repeated; the first one counts ("},
+      {sales("<Invoice><Line><DebitAmount>1</DebitAmount><DebitAmount>x</DebitAmount></Line></Invoice>"),
+       "Invoice: Line/DebitAmount[2], \"x\": is repeated; the first one counts ("},
+      {sales("<Invoice><DocumentTotals/><DocumentTotals/></Invoice>"),
+       "Invoice: DocumentTotals[2]: is repeated; the first one counts ("},
+      {sales("<Invoice><line/></Invoice>"), "Invoice: line: is not known here ("},
+      {sales("<Invoice><GrossTotal>1</GrossTotal></Invoice>"), "Invoice: GrossTotal, \"1\": is not known here ("},
+      {sales("<Invoice/><invoice><InvoiceNo>2</InvoiceNo></invoice>"),
+       "/AuditFile/SourceDocuments/SalesInvoices/invoice: is not known here ("},
+      {sales("<invoice/><Invoice/>"), "SalesInvoices: invoice: is not known here ("},
+      {sales("<Invoice><Invoice/></Invoice>"), "Invoice: Invoice: is not known here ("},
+      {"<MasterFiles><Klient><CustomerID>1</CustomerID></Klient></MasterFiles>",
+       "/AuditFile/MasterFiles/Klient: is not known here ("},
+      {"<MasterFiles><TaxTable><Entry/></TaxTable></MasterFiles>", "TaxTable: Entry: is not known here ("},
+      {"<MasterFiles><Invoice/></MasterFiles>", "Invoice: The record"},
+      {"<GeneralLedgerEntries><Transaction/></GeneralLedgerEntries>",
+       "GeneralLedgerEntries: Transaction: is not known here ("},
+      {"<GeneralLedgerEntries><Journal><Transaction/><transaction/></Journal></GeneralLedgerEntries>",
+       "/AuditFile/GeneralLedgerEntries/Journal/transaction: is not known here ("},
+      {"<GeneralLedgerEntries><TotalDebit/></GeneralLedgerEntries>",
+       "GeneralLedgerEntries: TotalDebit: the element cannot have this value ("},
+      {"<GeneralLedgerEntries/><GeneralLedgerEntries/>",
+       "GeneralLedgerEntries: The record: is repeated; the first one counts ("},
+      {"<Header/><Header/>", "Header: The record: is repeated; the first one counts ("},
+  };
+  for (const auto& row : kRows) {
+    WriteFile(row.sections);
+    const testing::Outcome outcome = Run({"summary", Output()});
+    EXPECT_EQ(outcome.code, 2) << row.sections;
+    EXPECT_THAT(outcome.err, StartsWith("saft: " + Output() + ": 1 problem\n  " + row.told)) << row.sections;
+    EXPECT_THAT(outcome.out, HasSubstr("Records\n")) << row.sections;
+  }
+}
+
+TEST_F(SummaryCommandTest, WhatChangesNoFigureIsNotTold) {
+  for (const std::string sections :
+       {"<Header><AuditFileVersion>1.01</AuditFileVersion><Email>a</Email><Email>b</Email><Own/></Header>",
+        "<MasterFiles>text<Customer><own/><AccountID>1</AccountID><AccountID>2</AccountID></Customer></MasterFiles>",
+        "<MasterFiles><TaxTable><TaxTableEntry><TaxType>IS</TaxType><TaxPercentage>x</TaxPercentage></TaxTableEntry>"
+        "</TaxTable></MasterFiles>",
+        "<SourceDocuments><SalesInvoices><Invoice id='1'><InvoiceType>FS</InvoiceType><Period>1</Period>"
+        "<Period>2</Period><Own>1</Own><Line><LineNumber>1</LineNumber><Quantity>x</Quantity>"
+        "<CreditAmount>1.00001</CreditAmount></Line><Line><LineNumber>1</LineNumber>"
+        "<DebitAmount>12345678901234567890</DebitAmount></Line></Invoice></SalesInvoices></SourceDocuments>"}) {
+    WriteFile(sections);
+    const testing::Outcome outcome = Run({"summary", Output()});
+    EXPECT_EQ(outcome.code, 0) << sections;
+    EXPECT_EQ(outcome.err, "") << sections;
+  }
+}
+
+TEST_F(SummaryCommandTest, AnotherVersionIsAnError) {
+  for (const std::string version : {"1.04_01", "1.03_01"}) {
+    const std::string message = "O ficheiro é da versão " + version + "; só a versão 1.01_01 é lida\n";
+    ExpectError(folder_.Write("a.xml", "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_" + version + "\"/>"),
+                message);
+    ExpectError(folder_.Write("a.xml", "<AuditFile><Header><AuditFileVersion>" + version +
+                                           "</AuditFileVersion></Header></AuditFile>"),
+                message);
+  }
+}
+
+TEST_F(SummaryCommandTest, AFileWithoutNamespaceIsTakenByItsVersion) {
+  folder_.Write("out.xml",
+                "<AuditFile><Header><AuditFileVersion>1.01_01</AuditFileVersion></Header><MasterFiles><Product/>"
+                "</MasterFiles></AuditFile>");
+  EXPECT_EQ(ParsedJson()["Counts"]["Product"], 1);
+  folder_.Write("out.xml", "<AuditFile><Header/><MasterFiles><Product/></MasterFiles></AuditFile>");
+  EXPECT_THAT(TextWithProblems(Told("The file does not say which version it is; it counts as 1.01_01.")),
+              HasSubstr("  Product        1\n"));
+}
+
+TEST_F(SummaryCommandTest, WhatIsNoAuditFileIsAnError) {
+  ExpectError(folder_.Write("a.xml", "<a/>"), "O ficheiro não é um ficheiro de auditoria\n");
+  ExpectError(folder_.Write("empty.xml", ""), "");
+}
+
 TEST_F(SummaryCommandTest, AMissingFileIsAnError) {
   ExpectError(folder_.Path("none.xml"), "Ficheiro SAFT-PT não encontrado.\n");
 }
 
 TEST_F(SummaryCommandTest, AFileThatIsNotWellFormedIsAnError) {
   ExpectError(folder_.Write("bad.xml", "<AuditFile>\n<a></AuditFile>"), "");
+  const std::string file = WriteInvoices("<Invoice/>");
+  ExpectError(folder_.Write("cut.xml", testing::ReadBytes(file).substr(0, 120)), "");
 }
 
-TEST_F(SummaryCommandTest, AFailureTellsTheRecord) {
-  const std::string totals =
-      "<NumberOfEntries>0</NumberOfEntries><TotalDebit>0</TotalDebit><TotalCredit>0</TotalCredit>";
-  const std::string invoice = "<Invoice><Line><LineNumber>1</LineNumber><Quantity>1</Quantity></Line></Invoice>";
-  ExpectError(WriteFile("<SourceDocuments><SalesInvoices>" + totals + invoice +
-                        "<Invoice><Line><LineNumber>1</LineNumber></Line></Invoice></SalesInvoices></SourceDocuments>"),
-              "invoice 2: ");
-  ExpectError(WriteFile("<GeneralLedgerEntries>" + totals +
-                        "<Journal><JournalID>J</JournalID><Transaction><Line><RecordID>1</RecordID></Line>"
-                        "<Line><RecordID>1</RecordID></Line></Transaction></Journal></GeneralLedgerEntries>"),
-              "journal \"J\", transaction 1: ");
+TEST_F(SummaryCommandTest, StandardInputIsReadAsAFileIs) {
+  WriteInvoices("<NumberOfEntries>12x</NumberOfEntries><Invoice><InvoiceType>FS</InvoiceType></Invoice>");
+  const testing::Outcome file = Run({"summary", Output()});
+  const auto named = [&](std::string text, const std::string& name) {
+    const size_t at = text.find(Output());
+    return at == std::string::npos ? text : text.replace(at, Output().size(), name);
+  };
+  for (const std::string name : {"-", "/dev/stdin"}) {
+    for (const std::string& script :
+         {"saft summary " + name + " < '" + Output() + "'", "cat '" + Output() + "' | saft summary " + name}) {
+      const testing::Outcome outcome = RunInShell(script);
+      EXPECT_EQ(outcome.code, 2) << script;
+      EXPECT_EQ(outcome.out, named(file.out, name)) << script;
+      EXPECT_EQ(outcome.err, named(file.err, name)) << script;
+    }
+  }
 }
 
 TEST_F(SummaryCommandTest, ALongReasonIsToldInPart) {

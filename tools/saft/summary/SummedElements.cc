@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/summary/SummedElements.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace zevo::saft {
+namespace {
+
+// An element of a record, or of a group in it, that is summed or told.
+struct SummedRow {
+  EntityKind kind;
+  std::string_view group;
+  std::string_view element;
+};
+constexpr auto kSummedRows = std::to_array<SummedRow>({
+    {EntityKind::kTaxTable, {}, kTaxTableEntry},
+    {EntityKind::kGeneralLedgerEntries, {}, kNumberOfEntries},
+    {EntityKind::kGeneralLedgerEntries, {}, kTotalDebit},
+    {EntityKind::kGeneralLedgerEntries, {}, kTotalCredit},
+    {EntityKind::kJournal, {}, kJournalID},
+    {EntityKind::kJournal, {}, kDescription},
+    {EntityKind::kTransaction, {}, kCountedPart},
+    {EntityKind::kTransaction, kCountedPart, kCountedDebit},
+    {EntityKind::kTransaction, kCountedPart, kCountedCredit},
+    {EntityKind::kSalesInvoices, {}, kNumberOfEntries},
+    {EntityKind::kSalesInvoices, {}, kTotalDebit},
+    {EntityKind::kSalesInvoices, {}, kTotalCredit},
+    {EntityKind::kInvoice, {}, kInvoiceType},
+    {EntityKind::kInvoice, {}, kTransactionID},
+    {EntityKind::kInvoice, {}, kCountedPart},
+    {EntityKind::kInvoice, kCountedPart, kCountedDebit},
+    {EntityKind::kInvoice, kCountedPart, kCountedCredit},
+    {EntityKind::kInvoice, {}, kDocumentTotals},
+    {EntityKind::kInvoice, kDocumentTotals, kTaxPayable},
+    {EntityKind::kInvoice, kDocumentTotals, kNetTotal},
+    {EntityKind::kInvoice, kDocumentTotals, kGrossTotal},
+});
+
+bool IsSummed(EntityKind kind, std::string_view path) {
+  std::string plain;  // without positions
+  bool inside = false;
+  for (const char c : path) {
+    inside = inside || c == '[';
+    if (!inside) plain += c;
+    inside = inside && c != ']';
+  }
+  const size_t slash = plain.find('/');
+  const std::string_view group =
+      slash == std::string::npos ? std::string_view() : std::string_view(plain).substr(0, slash);
+  const std::string_view element = std::string_view(plain).substr(slash == std::string::npos ? 0 : slash + 1);
+  return std::ranges::any_of(kSummedRows, [&](const SummedRow& row) {
+    return row.kind == kind && row.group == group && row.element == element;
+  });
+}
+
+bool IsSameButForCase(std::string_view left, std::string_view right) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  return std::ranges::equal(left, right, {}, lower, lower);
+}
+
+// Whether what a record does not know may be a record, or an element of which figures are made.
+bool MayBeSummed(EntityKind kind, std::string_view path) {
+  const size_t slash = path.rfind('/');
+  const std::string_view step = slash == std::string_view::npos ? path : path.substr(slash + 1);
+  const std::string_view name = step.substr(0, step.find('['));
+  if (name.starts_with('@') || name == "text()") return false;
+  // What stands directly in these should be records and their totals.
+  const bool holdsRecords = HoldsEntries(kind) || kind == EntityKind::kTaxTable;
+  if (holdsRecords && slash == std::string_view::npos) return true;
+  return EntityKindOf(name) || std::ranges::any_of(kSummedRows, [&](const SummedRow& row) {
+           return row.kind == kind && IsSameButForCase(row.element, name);
+         });
+}
+
+}  // namespace
+
+bool TouchesFigures(std::optional<EntityKind> kind, const Problem& problem) {
+  const bool between = problem.path.starts_with('/');
+  if (!between && !kind) return false;
+  switch (problem.fault) {
+    case Fault::kUnreadable:
+      // A record also cannot hold numbers that are too large for an Amount.
+      return !between && IsSummed(*kind, problem.path) && !Decimal::FromText(problem.text);
+    case Fault::kRepeated:
+      return !between && IsSummed(*kind, problem.path);
+    case Fault::kUnknownElement:
+      return between ? !problem.path.ends_with("/text()") : MayBeSummed(*kind, problem.path);
+    case Fault::kOutOfOrder:
+      // The record itself: it counts among those of its kind, wherever it stands.
+      return problem.path.empty();
+    case Fault::kConstant:
+      // The file does not say its version.
+      return between;
+    case Fault::kUnknownCode:
+    case Fault::kInexact:
+    case Fault::kKeyTaken:
+      return false;
+  }
+  return false;
+}
+
+}  // namespace zevo::saft
