@@ -27,7 +27,8 @@ std::optional<std::string> TextIn(const AuditFileScanner& scanner, std::string_v
 }
 
 TotalsInFile TotalsIn(const AuditFileScanner& scanner) {
-  return {TextIn(scanner, kNumberOfEntries), TextIn(scanner, kTotalDebit), TextIn(scanner, kTotalCredit)};
+  return {TextIn(scanner, element::kNumberOfEntries), TextIn(scanner, element::kTotalDebit),
+          TextIn(scanner, element::kTotalCredit)};
 }
 
 template <class Visit>
@@ -112,7 +113,7 @@ Summary SummaryReader::Read() {
   TakeProblems(file_.Scanner());
   const auto count = [this](EntityKind kind) { summary_.counts.emplace_back(NameOf(kind), CountOf(kind)); };
   std::ranges::for_each(kOnlyCounted, count);
-  summary_.counts.emplace_back(kTaxTableEntry, tax_entries_);
+  summary_.counts.emplace_back(element::kTaxTableEntry, tax_entries_);
   for (const EntityKind kind : {EntityKind::kJournal, EntityKind::kTransaction, EntityKind::kInvoice}) count(kind);
   if (summary_.invoices) std::ranges::stable_sort(summary_.invoices->types, {}, RankOf);
   summary_.problems = problems_.Count();
@@ -154,13 +155,13 @@ void SummaryReader::TakeHeader(const AuditFileScanner& scanner) {
 
 void SummaryReader::TakeTaxTable(const AuditFileScanner& scanner) {
   const Elements elements = scanner.Elements();
-  ForEachIn(elements, 0, [&](size_t child) { tax_entries_ += elements[child].name == kTaxTableEntry; });
+  ForEachIn(elements, 0, [&](size_t child) { tax_entries_ += elements[child].name == element::kTaxTableEntry; });
 }
 
 void SummaryReader::TakeJournal(const AuditFileScanner& scanner) {
   JournalFigures& journal = Of(summary_.entries).journals.emplace_back();
-  journal.id = scanner.TextOf(kJournalID).value_or("");
-  journal.description = scanner.TextOf(kDescription).value_or("");
+  journal.id = scanner.TextOf(element::kJournalID).value_or("");
+  journal.description = scanner.TextOf(element::kDescription).value_or("");
 }
 
 void SummaryReader::TakeTransaction(const AuditFileScanner& scanner) {
@@ -176,21 +177,21 @@ void SummaryReader::TakeTransaction(const AuditFileScanner& scanner) {
 
 void SummaryReader::TakeInvoice(const AuditFileScanner& scanner) {
   InvoicesFigures& figures = Of(summary_.invoices);
-  InvoiceTypeFigures& type = FiguresOf(Trimmed(scanner.TextOf(kInvoiceType).value_or("")));
+  InvoiceTypeFigures& type = FiguresOf(Trimmed(scanner.TextOf(element::kInvoiceType).value_or("")));
   const Elements elements = scanner.Elements();
   EntrySums sums{.entries = 1, .debit = {}, .credit = {}};
   bool hasTotals = false;
   ForEachIn(elements, 0, [&](size_t child) {
     if (elements[child].name == kCountedPart) {
       AddLine(elements, child, sums);
-    } else if (elements[child].name == kDocumentTotals && !std::exchange(hasTotals, true)) {
-      AddAmounts(
-          elements, child,
-          std::array{Wanted{kTaxPayable, &type.tax}, Wanted{kNetTotal, &type.net}, Wanted{kGrossTotal, &type.gross}});
+    } else if (elements[child].name == element::kDocumentTotals && !std::exchange(hasTotals, true)) {
+      AddAmounts(elements, child,
+                 std::array{Wanted{element::kTaxPayable, &type.tax}, Wanted{element::kNetTotal, &type.net},
+                            Wanted{element::kGrossTotal, &type.gross}});
     }
   });
   type.sums += sums;
-  (CountsInTotals(scanner.TextOf(kTransactionID).value_or("")) ? figures.as_summed : figures.left_out) += sums;
+  (CountsInTotals(scanner.TextOf(element::kTransactionID).value_or("")) ? figures.as_summed : figures.left_out) += sums;
 }
 
 InvoiceTypeFigures& SummaryReader::FiguresOf(std::string_view type) {

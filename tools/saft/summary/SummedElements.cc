@@ -15,27 +15,27 @@ struct SummedRow {
   std::string_view element;
 };
 constexpr auto kSummedRows = std::to_array<SummedRow>({
-    {EntityKind::kTaxTable, {}, kTaxTableEntry},
-    {EntityKind::kGeneralLedgerEntries, {}, kNumberOfEntries},
-    {EntityKind::kGeneralLedgerEntries, {}, kTotalDebit},
-    {EntityKind::kGeneralLedgerEntries, {}, kTotalCredit},
-    {EntityKind::kJournal, {}, kJournalID},
-    {EntityKind::kJournal, {}, kDescription},
+    {EntityKind::kTaxTable, {}, element::kTaxTableEntry},
+    {EntityKind::kGeneralLedgerEntries, {}, element::kNumberOfEntries},
+    {EntityKind::kGeneralLedgerEntries, {}, element::kTotalDebit},
+    {EntityKind::kGeneralLedgerEntries, {}, element::kTotalCredit},
+    {EntityKind::kJournal, {}, element::kJournalID},
+    {EntityKind::kJournal, {}, element::kDescription},
     {EntityKind::kTransaction, {}, kCountedPart},
     {EntityKind::kTransaction, kCountedPart, kCountedDebit},
     {EntityKind::kTransaction, kCountedPart, kCountedCredit},
-    {EntityKind::kSalesInvoices, {}, kNumberOfEntries},
-    {EntityKind::kSalesInvoices, {}, kTotalDebit},
-    {EntityKind::kSalesInvoices, {}, kTotalCredit},
-    {EntityKind::kInvoice, {}, kInvoiceType},
-    {EntityKind::kInvoice, {}, kTransactionID},
+    {EntityKind::kSalesInvoices, {}, element::kNumberOfEntries},
+    {EntityKind::kSalesInvoices, {}, element::kTotalDebit},
+    {EntityKind::kSalesInvoices, {}, element::kTotalCredit},
+    {EntityKind::kInvoice, {}, element::kInvoiceType},
+    {EntityKind::kInvoice, {}, element::kTransactionID},
     {EntityKind::kInvoice, {}, kCountedPart},
     {EntityKind::kInvoice, kCountedPart, kCountedDebit},
     {EntityKind::kInvoice, kCountedPart, kCountedCredit},
-    {EntityKind::kInvoice, {}, kDocumentTotals},
-    {EntityKind::kInvoice, kDocumentTotals, kTaxPayable},
-    {EntityKind::kInvoice, kDocumentTotals, kNetTotal},
-    {EntityKind::kInvoice, kDocumentTotals, kGrossTotal},
+    {EntityKind::kInvoice, {}, element::kDocumentTotals},
+    {EntityKind::kInvoice, element::kDocumentTotals, element::kTaxPayable},
+    {EntityKind::kInvoice, element::kDocumentTotals, element::kNetTotal},
+    {EntityKind::kInvoice, element::kDocumentTotals, element::kGrossTotal},
 });
 
 bool IsSummed(EntityKind kind, std::string_view path) {
@@ -46,13 +46,14 @@ bool IsSummed(EntityKind kind, std::string_view path) {
     if (!inside) plain += c;
     inside = inside && c != ']';
   }
-  const size_t slash = plain.find('/');
-  const std::string_view group =
-      slash == std::string::npos ? std::string_view() : std::string_view(plain).substr(0, slash);
-  const std::string_view element = std::string_view(plain).substr(slash == std::string::npos ? 0 : slash + 1);
-  return std::ranges::any_of(kSummedRows, [&](const SummedRow& row) {
-    return row.kind == kind && row.group == group && row.element == element;
-  });
+  std::string_view group;
+  std::string_view name = plain;
+  if (const size_t slash = plain.find('/'); slash != std::string::npos) {
+    group = name.substr(0, slash);
+    name.remove_prefix(slash + 1);
+  }
+  return std::ranges::any_of(
+      kSummedRows, [&](const SummedRow& row) { return row.kind == kind && row.group == group && row.element == name; });
 }
 
 bool IsSameButForCase(std::string_view left, std::string_view right) {

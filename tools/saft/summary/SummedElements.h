@@ -9,8 +9,8 @@
 
 namespace zevo::saft {
 
-// The elements of which the figures of a summary are made, by name.
-
+/// The elements of which the figures of a summary are made, by name, beside what counts in totals.
+namespace element {
 inline constexpr std::string_view kNumberOfEntries = "NumberOfEntries";
 inline constexpr std::string_view kTotalDebit = "TotalDebit";
 inline constexpr std::string_view kTotalCredit = "TotalCredit";
@@ -23,6 +23,7 @@ inline constexpr std::string_view kDocumentTotals = "DocumentTotals";
 inline constexpr std::string_view kTaxPayable = "TaxPayable";
 inline constexpr std::string_view kNetTotal = "NetTotal";
 inline constexpr std::string_view kGrossTotal = "GrossTotal";
+}  // namespace element
 
 /// Whether a problem of a record makes the figures differ from what the file has, or may: an amount that is no number,
 /// an element of theirs that is there once more, and what may be a record or an element of theirs spelt otherwise or
