@@ -363,6 +363,33 @@ Invoice types
             "column 45).");
 }
 
+TEST_F(SummaryCommandTest, AmountsThatCannotBeReadAreMissingWhereTheyWouldCount) {
+  const std::string cancelled =
+      "<Invoice><TransactionID>ANULADO</TransactionID><Line><DebitAmount>x</DebitAmount></Line></Invoice>";
+  WriteFile(
+      "<GeneralLedgerEntries><Journal><JournalID>A</JournalID><Transaction><Line><DebitAmount/></Line></Transaction>"
+      "</Journal><Journal><JournalID>B</JournalID><Transaction><Line><DebitAmount>-1</DebitAmount></Line></Transaction>"
+      "</Journal></GeneralLedgerEntries><SourceDocuments><SalesInvoices>" +
+      cancelled + "</SalesInvoices></SourceDocuments>");
+  const testing::Outcome outcome = Run({"summary", Output()});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, StartsWith("saft: " + Output() + ": 2 problems of one kind\n"));
+  EXPECT_THAT(outcome.out, HasSubstr(R"(
+Journals
+  Journal  Description  Entries   Debit   Credit
+  A                           1    0.00*    0.00
+  B                           1   -1.00     0.00
+  * without the amounts that cannot be read
+
+Sales invoices
+                      Entries   Debit   Credit
+  In the file               –       –        –
+  As summed                 0    0.00     0.00
+  Left out (Anulado)        1    0.00*    0.00
+  * without the amounts that cannot be read
+)"));
+}
+
 TEST_F(SummaryCommandTest, ATotalThatIsNoNumberStaysAndOneThatIsNotThereIsADash) {
   WriteEntries("<TotalDebit>12x</TotalDebit><Journal><Transaction/></Journal>");
   EXPECT_THAT(
