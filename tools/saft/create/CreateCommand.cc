@@ -18,8 +18,8 @@ constexpr const char* kContentHelp =
     R"(The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
 column is a property of the record, such as CustomerID; a dot leads into a child: BillingAddress.City. Codes are
 written as in the audit file (FT), flags as 0 or 1, numbers with a point. Spaces at the ends of a cell do not count. An
-empty cell leaves the default; a child that may be absent is there when one of its cells is filled. Without
-transactions.csv there is no ledger section, without invoices no sales section.
+empty cell leaves the default; a child that may be absent is there when one of its cells is filled. The ledger section is
+there when journals.csv and transactions.csv are, even without rows, the sales section when there is an invoice.
 
 The names are these, letter for letter: a CSV file of another name is an error, files that are no CSV are left alone. A
 row whose parent is not there is an error too, and so are an AuditFileVersion other than 1.01_01 and records with the

@@ -10,25 +10,23 @@ namespace zevo::saft {
 
 void EntriesWriter::Write() {
   Journals journals = ReadJournals();
-  Transactions transactions = ReadTransactions(journals);
+  Transactions transactions = ReadTransactions(journals.table);
   ReadLines(transactions.table);
-  if (!transactions.has_file) {
-    if (!journals.Rows().empty()) {
-      notes_ << "saft: " << Visible(journals.Path()) << ": not written, there is no transactions.csv\n";
-    }
-  } else if (!journals.Rows().empty()) {
-    WriteSection(journals, transactions);
+  if (journals.has_file && transactions.has_file) {
+    WriteSection(journals.table, transactions);
+  } else if (!journals.table.Rows().empty()) {
+    notes_ << "saft: " << Visible(journals.table.Path()) << ": not written, there is no transactions.csv\n";
   }
 }
 
 EntriesWriter::Journals EntriesWriter::ReadJournals() {
   RecordFile rows = dataset_.Open<Journal>(Dataset::kJournals, {.key = "JournalID"});
-  Journals journals(rows);
-  while (rows.Next()) journals.Take(rows);
+  Journals journals{.table = RecordTable<Journal>(rows), .has_file = rows.Exists()};
+  while (rows.Next()) journals.table.Take(rows);
   return journals;
 }
 
-EntriesWriter::Transactions EntriesWriter::ReadTransactions(const Journals& journals) {
+EntriesWriter::Transactions EntriesWriter::ReadTransactions(const RecordTable<Journal>& journals) {
   RecordFile rows =
       dataset_.Open<Transaction>(Dataset::kTransactions, {.key = "TransactionID", .parents = {"JournalID"}});
   Transactions transactions{.table = RecordTable<Transaction>(rows), .journals = {}, .has_file = rows.Exists()};
@@ -50,7 +48,7 @@ void EntriesWriter::ReadLines(const RecordTable<Transaction>& transactions) {
   }
 }
 
-void EntriesWriter::WriteSection(Journals& journals, Transactions& transactions) {
+void EntriesWriter::WriteSection(RecordTable<Journal>& journals, Transactions& transactions) {
   RecordTable<Transaction>& table = transactions.table;
   GeneralLedgerEntries section;
   SetTotals(section, table.SumOf([](Totals& sum, const Transaction& transaction) { sum.Add(transaction); }));

@@ -24,7 +24,10 @@ class EntriesWriter {
   void Write();
 
  private:
-  using Journals = RecordTable<Journal>;
+  struct Journals {
+    RecordTable<Journal> table;
+    bool has_file;
+  };
   /// The transactions, and for each of them the place of its journal.
   struct Transactions {
     RecordTable<Transaction> table;
@@ -33,9 +36,9 @@ class EntriesWriter {
   };
 
   Journals ReadJournals();
-  Transactions ReadTransactions(const Journals& journals);
+  Transactions ReadTransactions(const RecordTable<Journal>& journals);
   void ReadLines(const RecordTable<Transaction>& transactions);
-  void WriteSection(Journals& journals, Transactions& transactions);
+  void WriteSection(RecordTable<Journal>& journals, Transactions& transactions);
 
   Dataset& dataset_;
   AuditFileOutput& output_;

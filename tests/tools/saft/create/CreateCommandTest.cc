@@ -138,7 +138,6 @@ TEST_F(CreateCommandTest, WithoutAFileOfTransactionsThereIsNoLedgerSection) {
 
 TEST_F(CreateCommandTest, EmptySectionsAreLeftOut) {
   Write("header.csv", "CompanyName\n");
-  Write("journals.csv", "JournalID\n");
   Write("transactions.csv", "JournalID,TransactionID\n");
   Write("invoices.csv", "InvoiceNo\n");
   Write("invoice_lines.csv", "InvoiceNo,LineNumber\n");
@@ -146,6 +145,15 @@ TEST_F(CreateCommandTest, EmptySectionsAreLeftOut) {
   EXPECT_FALSE(Has("Header"));
   EXPECT_FALSE(Has("GeneralLedgerEntries"));
   EXPECT_FALSE(Has("SourceDocuments"));
+}
+
+TEST_F(CreateCommandTest, JournalsAndTransactionsWithoutRowsMakeAnEmptyLedgerSection) {
+  Write("journals.csv", "JournalID\n");
+  Write("transactions.csv", "JournalID,TransactionID\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("NumberOfEntries"), ElementsAre("0"));
+  EXPECT_THAT(Texts("TotalDebit"), ElementsAre(".00"));
+  EXPECT_FALSE(Has("Journal"));
 }
 
 TEST_F(CreateCommandTest, AHeaderWithoutABusinessNameIsTold) {
