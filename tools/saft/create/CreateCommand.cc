@@ -43,7 +43,14 @@ Told and counted on standard error:
       quantities, and tax percentages and amounts of invoice lines, that single precision changes: it keeps about
       seven digits
       a second number where the file holds only one: CreditAmount beside DebitAmount, TaxAmount beside TaxPercentage,
-      CurrencyCreditAmount beside CurrencyDebitAmount, neither of them 0. The first of them is written.)";
+      CurrencyCreditAmount beside CurrencyDebitAmount, neither of them 0. The first of them is written.
+
+Not told, because it is how audit files are written here: totals of sections are computed. Customers stand together, and
+so do the records of every other kind; there is one tax table. Spaces at the ends of texts are left out, and so are
+elements without a text that may be absent. Numbers have no zeros to spare. Where there is no SettlementAmount it is
+added as 0, and so is the CurrencyCreditAmount of a currency without amount. A debit of 0 is written as a credit, a tax
+percentage of 0 as a tax amount, and the country of the company is PT where it is not given. With --stream, a carriage
+return in a text is written as it is, and reads back as a line feed.)";
 
 std::string DatasetHelp() {
   constexpr size_t kNameWidth = 23;
