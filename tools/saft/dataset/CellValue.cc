@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "tools/saft/input/ScannedElements.h"
+
 namespace zevo::saft {
 namespace {
 
@@ -18,12 +20,6 @@ struct CodeOfSchema {
 constexpr std::array<CodeOfSchema, 1> kCodesOfSchemaOnly{{{"InvoiceType", "FS"}}};
 
 constexpr std::string_view kBindingConstant = "AuditFileVersion";
-
-std::string_view WithoutWhiteSpace(std::string_view cell) {
-  constexpr std::string_view kWhiteSpace = " \t\r\n";
-  cell.remove_prefix(std::min(cell.find_first_not_of(kWhiteSpace), cell.size()));
-  return cell.substr(0, cell.find_last_not_of(kWhiteSpace) + 1);
-}
 
 // The library's texts of numbers have no plus.
 std::string_view WithoutPlus(std::string_view number) {
@@ -58,7 +54,7 @@ std::string Wanted(const Property& property) {
 }  // namespace
 
 std::string_view ToldBy(const Property& property, std::string_view cell) {
-  return property.type == PropertyType::kText ? cell : WithoutWhiteSpace(cell);
+  return property.type == PropertyType::kText ? cell : Trimmed(cell);
 }
 
 PropertyValue ValueFromCell(const Property& property, std::string_view cell) {

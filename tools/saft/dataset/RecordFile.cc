@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include "tools/saft/dataset/CellValue.h"
-#include "tools/saft/dataset/DecimalText.h"
 #include "tools/saft/errors/Interruption.h"
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"
@@ -94,13 +93,15 @@ void RecordFile::Note(const Column& column, std::string_view text, const Record&
     if (const std::string kept = binding.Text(record); kept != text) alterations_.AddShortened(*csv_, place, kept);
   } else if (binding.MayChange(text)) {
     const std::string written = binding.WrittenText(record);
-    if (!IsSameNumber(text, written)) alterations_.AddRounded(*csv_, place, written);
+    if (Decimal::FromText(text) != Decimal::FromText(written)) alterations_.AddRounded(*csv_, place, written);
   }
 }
 
 // Decides as the writer of the file does, so that totals are the sums of what it writes.
 void RecordFile::Decide(Record& record) {
-  const auto isZero = [&](const Column& column) { return IsSameNumber(column.binding.Text(record), "0"); };
+  const auto isZero = [&](const Column& column) {
+    return Decimal::FromText(column.binding.Text(record)).value_or(0).IsZero();
+  };
   for (const auto& [first, second] : rivals_) {
     if (csv_->Cell(columns_[first].place).empty() || csv_->Cell(columns_[second].place).empty()) continue;
     if (isZero(columns_[first]) || isZero(columns_[second])) continue;

@@ -25,9 +25,17 @@ std::string Subject(const AuditFileScanner& scanner, const Problem& problem) {
 }  // namespace
 
 void ProblemReport::Add(const AuditFileScanner& scanner, const Problem& problem) {
+  if (IsInsideStray(problem)) return;
   Places& places = places_[static_cast<size_t>(problem.fault)];
   if (++places.count > static_cast<int64_t>(kTold)) return;
   places.first.push_back(Subject(scanner, problem).append(Abridged(Describe(problem, Language::kEnglish))));
+}
+
+bool ProblemReport::IsInsideStray(const Problem& problem) {
+  if (problem.fault != Fault::kUnknownElement || !problem.path.starts_with('/')) return false;
+  if (!stray_.empty() && problem.path.starts_with(stray_ + "/")) return true;
+  stray_ = problem.path;
+  return false;
 }
 
 int64_t ProblemReport::Count() const {

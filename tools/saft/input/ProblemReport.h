@@ -19,11 +19,10 @@ class ProblemReport {
   /// `file` is the name that the user gave.
   explicit ProblemReport(std::string file) : file_(std::move(file)) {}
 
-  /// Counts a problem of the record at which the scanner stands.
+  /// Counts a problem of the record at which the scanner stands. What is inside an element that stands between records
+  /// is not counted again.
   void Add(const AuditFileScanner& scanner, const Problem& problem);
 
-  /// Whether a text is no value of its element, such as an amount that is no number.
-  bool HasUnreadable() const { return places_[static_cast<size_t>(Fault::kUnreadable)].count > 0; }
   /// How many there are.
   int64_t Count() const;
   /// The first few of each fault, in sentences.
@@ -37,8 +36,11 @@ class ProblemReport {
     std::vector<std::string> first;
   };
 
+  bool IsInsideStray(const Problem& problem);
+
   std::string file_;
   std::array<Places, kFaults> places_;
+  std::string stray_;  // the path of the last element that stands between records
 };
 
 }  // namespace zevo::saft

@@ -63,7 +63,7 @@ void AddProblems(const AuditFileScanner& scanner, ProblemReport& report, const C
 ExitCode End(const AuditFileInput& file, ProblemReport& problems) {
   AddProblems(file.Scanner(), problems, [](const Problem&) { return true; });
   problems.Report(std::cerr);
-  return problems.HasUnreadable() ? kError : kDone;
+  return problems.Count() > 0 ? kError : kDone;
 }
 
 // A list on standard output. What goes to a terminal is made visible.
@@ -129,9 +129,10 @@ In JSON every value is a text, so that numbers keep all their digits; children a
 --excel writes semicolons, decimal commas and a byte order mark. A text that a spreadsheet program would calculate or
 take for a number or a date, such as =1+1, 007 or 1-2, begins with an apostrophe.
 
-A text that cannot be the value of its element, such as an amount of 12x, is listed as it stands, told at the end, and
-makes the exit code 2. Elements that are not known where they stand, and those that stand there once more, are left out
-and told too; they leave the exit code 0. An audit file of another version, or a file that is none, is an error.)");
+What makes a list differ from the file, or mislead, is told at the end and makes the exit code 2: a text that cannot be
+the value of its element, such as an amount of 12x, which is listed as it stands; elements that are not known where they
+stand, and those that stand there once more, which are left out; a file that does not say its version. A file of another
+version, or one that is no audit file, is not listed at all.)");
 }
 
 ListForm ListCommand::Form() const {

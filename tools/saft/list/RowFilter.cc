@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "tools/saft/dataset/CellValue.h"
-#include "tools/saft/dataset/DecimalText.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/terminal/VisibleText.h"
 
@@ -17,7 +16,9 @@ RowFilter::RowFilter(const std::vector<std::string>& conditions, const RecordCol
     if (equals == std::string::npos) throw Failure("--where takes COLUMN=VALUE, not " + Quoted(condition));
     const size_t column = columns.PlaceOf(condition.substr(0, equals));
     const Property* const property = columns.Columns()[column].property;
-    conditions_.push_back({column, property != nullptr && IsDecimal(*property), condition.substr(equals + 1)});
+    std::string value = condition.substr(equals + 1);
+    const bool isAmount = property != nullptr && IsDecimal(*property);
+    conditions_.push_back({column, value, isAmount ? Decimal::FromText(value) : std::nullopt});
   }
 }
 
@@ -25,8 +26,7 @@ bool RowFilter::Passes(const Row& row) const {
   return std::ranges::all_of(conditions_, [&](const Condition& condition) {
     const std::string_view cell = row.cells[condition.column].value_or(std::string_view());
     if (cell == condition.value) return true;
-    return condition.number && IsDecimalText(cell) && IsDecimalText(condition.value) &&
-           IsSameNumber(cell, condition.value);
+    return condition.number && condition.number == Decimal::FromText(cell);
   });
 }
 

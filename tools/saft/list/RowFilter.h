@@ -2,7 +2,10 @@
 #ifndef ZEVO_TOOLS_SAFT_LIST_ROWFILTER_H_
 #define ZEVO_TOOLS_SAFT_LIST_ROWFILTER_H_
 
+#include <zevo/adapters.h>
+
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,8 +26,8 @@ class RowFilter {
  private:
   struct Condition {
     size_t column;
-    bool number;
     std::string value;
+    std::optional<Decimal> number;  // of an amount
   };
 
   std::vector<Condition> conditions_;

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "tools/saft/dataset/CellValue.h"
-#include "tools/saft/dataset/DecimalText.h"
+#include "tools/saft/input/ScannedElements.h"
 
 namespace zevo::saft {
 namespace {
@@ -37,7 +37,7 @@ CsvPrinter::CsvPrinter(const RecordColumns& columns, const std::vector<size_t>& 
 void CsvPrinter::Print(const Row& row) {
   for (const auto& [place, kind] : columns_) {
     const std::string_view text = row.cells[place].value_or(std::string_view());
-    csv_.Add(text, kind == CellKind::kNumber && !IsDecimalText(text) ? CellKind::kText : kind);
+    csv_.Add(text, kind == CellKind::kNumber && !Decimal::FromText(text) ? CellKind::kText : kind);
   }
   csv_.EndRow();
 }
@@ -86,7 +86,7 @@ Json JsonPrinter::ObjectOf(const Row& row, size_t element, std::span<const Liste
       value.push_back(ObjectOf(row, inside, child->children, true));
     } else if (value.is_null()) {
       value = child->is == ListedElement::kRecord ? ObjectOf(row, inside, child->children, isListed)
-                                                  : Json(TextIn(row.elements[inside]));
+                                                  : Json(Trimmed(row.elements[inside].text));
     }
   });
   return object;

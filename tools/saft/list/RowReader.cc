@@ -4,14 +4,9 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace zevo::saft {
+#include "tools/saft/input/ScannedElements.h"
 
-std::string_view TextIn(const ScannedElement& element) {
-  constexpr std::string_view kWhiteSpace = " \t\r\n";
-  std::string_view text = element.text;
-  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
-}
+namespace zevo::saft {
 
 const ListedElement* ListedElements::Find(std::string_view name) {
   for (size_t tried = 0; tried < listed_.size(); ++tried) {
@@ -41,7 +36,8 @@ void RowReader::ReadInside(size_t element, std::string_view path, size_t parent,
   if (parent < kind_.Parents()) {
     cells_[parent] = std::nullopt;
     ForEachChild(elements_, element, [&](size_t child) {
-      if (!cells_[parent] && elements_[child].name == kind_.parents[parent]) cells_[parent] = TextIn(elements_[child]);
+      if (!cells_[parent] && elements_[child].name == kind_.parents[parent])
+        cells_[parent] = Trimmed(elements_[child].text);
     });
   }
   ForEachChild(elements_, element, [&](size_t child) {
@@ -66,7 +62,7 @@ void RowReader::Fill(size_t element, std::span<const ListedElement> children) {
     if ((seen & bit) != 0) return;
     seen |= bit;
     if (found->is == ListedElement::kRecord) return Fill(child, found->children);
-    cells_[found->column] = TextIn(elements_[child]);
+    cells_[found->column] = Trimmed(elements_[child].text);
   });
 }
 

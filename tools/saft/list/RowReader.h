@@ -46,18 +46,6 @@ class RowReader {
   std::vector<std::optional<std::string_view>> cells_;
 };
 
-/// The text of an element without white space at its ends.
-std::string_view TextIn(const ScannedElement& element);
-
-/// Goes through the elements inside an element: calls `visit(size_t child)` with each.
-template <class Visit>
-void ForEachChild(std::span<const ScannedElement> elements, size_t element, const Visit& visit) {
-  const int depth = elements[element].depth;
-  for (size_t inside = element + 1; inside < elements.size() && elements[inside].depth > depth; ++inside) {
-    if (elements[inside].depth == depth + 1) visit(inside);
-  }
-}
-
 /// Finds what elements are told as. Most stand in the order in which they are looked for.
 class ListedElements {
  public:

@@ -14,13 +14,6 @@
 
 namespace zevo::saft {
 
-/// The text of an element for people, and as a value: white space at its ends is no part of it.
-inline std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kWhiteSpace = " \t\r\n";
-  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
-}
-
 /// The exact sum of the amounts of a file that can be read.
 struct Sum {
   Decimal value;

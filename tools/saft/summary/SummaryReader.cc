@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "tools/saft/input/ScannedElements.h"
 #include "tools/saft/summary/SummedElements.h"
 
 namespace zevo::saft {
@@ -31,14 +32,6 @@ TotalsInFile TotalsIn(const AuditFileScanner& scanner) {
           TextIn(scanner, element::kTotalCredit)};
 }
 
-template <class Visit>
-void ForEachIn(Elements elements, size_t parent, Visit visit) {
-  const int depth = elements[parent].depth + 1;
-  for (size_t i = parent + 1; i < elements.size() && elements[i].depth >= depth; ++i) {
-    if (elements[i].depth == depth) visit(i);
-  }
-}
-
 // An amount to add to a sum: of elements of a name, the first in their parent.
 struct Wanted {
   std::string_view name;
@@ -46,7 +39,7 @@ struct Wanted {
 };
 template <size_t n>
 void AddAmounts(Elements elements, size_t parent, std::array<Wanted, n> wanted) {
-  ForEachIn(elements, parent, [&](size_t child) {
+  ForEachChild(elements, parent, [&](size_t child) {
     for (auto& [name, sum] : wanted) {
       if (sum == nullptr || elements[child].name != name) continue;
       sum->Add(elements[child].text);
@@ -155,7 +148,7 @@ void SummaryReader::TakeHeader(const AuditFileScanner& scanner) {
 
 void SummaryReader::TakeTaxTable(const AuditFileScanner& scanner) {
   const Elements elements = scanner.Elements();
-  ForEachIn(elements, 0, [&](size_t child) { tax_entries_ += elements[child].name == element::kTaxTableEntry; });
+  ForEachChild(elements, 0, [&](size_t child) { tax_entries_ += elements[child].name == element::kTaxTableEntry; });
 }
 
 void SummaryReader::TakeJournal(const AuditFileScanner& scanner) {
@@ -168,7 +161,7 @@ void SummaryReader::TakeTransaction(const AuditFileScanner& scanner) {
   EntriesFigures& figures = Of(summary_.entries);
   const Elements elements = scanner.Elements();
   EntrySums sums{.entries = 1, .debit = {}, .credit = {}};
-  ForEachIn(elements, 0, [&](size_t child) {
+  ForEachChild(elements, 0, [&](size_t child) {
     if (elements[child].name == kCountedPart) AddLine(elements, child, sums);
   });
   figures.as_summed += sums;
@@ -181,7 +174,7 @@ void SummaryReader::TakeInvoice(const AuditFileScanner& scanner) {
   const Elements elements = scanner.Elements();
   EntrySums sums{.entries = 1, .debit = {}, .credit = {}};
   bool hasTotals = false;
-  ForEachIn(elements, 0, [&](size_t child) {
+  ForEachChild(elements, 0, [&](size_t child) {
     if (elements[child].name == kCountedPart) {
       AddLine(elements, child, sums);
     } else if (elements[child].name == element::kDocumentTotals && !std::exchange(hasTotals, true)) {
@@ -213,15 +206,7 @@ bool SummaryReader::IsFirst(const AuditFileScanner& scanner) {
 
 void SummaryReader::TakeProblems(const AuditFileScanner& scanner) {
   for (const Problem& problem : scanner.Problems()) {
-    if (!TouchesFigures(scanner.Kind(), problem)) continue;
-    if (problem.fault == Fault::kUnknownElement && problem.path.starts_with('/')) {
-      // What is inside it is not told again.
-      const bool inside = !stray_.empty() && problem.path.size() > stray_.size() && problem.path.starts_with(stray_) &&
-                          problem.path[stray_.size()] == '/';
-      if (inside) continue;
-      stray_ = problem.path;
-    }
-    problems_.Add(scanner, problem);
+    if (TouchesFigures(scanner.Kind(), problem)) problems_.Add(scanner, problem);
   }
 }
 

@@ -42,7 +42,6 @@ class SummaryReader {
   std::array<int64_t, kEntityKinds> counts_{};  // of the records of each kind
   int64_t tax_entries_ = 0;
   TextMap<size_t> types_;  // among those of the summary
-  std::string stray_;      // the path of the last element between records
 };
 
 }  // namespace zevo::saft

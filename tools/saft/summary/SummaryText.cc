@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "tools/saft/input/ScannedElements.h"
 #include "tools/saft/terminal/Table.h"
 #include "tools/saft/terminal/VisibleText.h"
 

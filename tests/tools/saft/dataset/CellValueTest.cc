@@ -6,7 +6,6 @@
 #include <string>
 
 #include "tests/tools/saft/ToolTest.h"
-#include "tools/saft/dataset/DecimalText.h"
 
 namespace zevo {
 namespace {
@@ -83,7 +82,7 @@ TEST_F(CellValueTest, SinglePrecisionKeepsFewDigits) {
   const auto expectKept = [&](const std::string& text) {
     ASSERT_TRUE(saft::HasFewDigits(property, TextForm::kPlain, text)) << text;
     const PropertyValue value = saft::ValueFromCell(property, text);
-    ASSERT_TRUE(saft::IsSameNumber(text, saft::WrittenText(property, TextForm::kPlain, value))) << text;
+    ASSERT_EQ(Decimal::FromText(text), Decimal::FromText(saft::WrittenText(property, TextForm::kPlain, value))) << text;
   };
   for (int digits = 100000; digits < 1000000; digits += 3) {
     const std::string all = std::to_string(digits);

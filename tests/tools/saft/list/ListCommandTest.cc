@@ -323,7 +323,7 @@ TEST_F(ListCommandTest, WhatHasNoColumnIsTold) {
       "<MasterFiles><Product><ProductCode>a</ProductCode><ProductCode>b</ProductCode><Cor>azul</Cor></Product>"
       "<Produto/></MasterFiles>");
   const testing::Outcome outcome = Run({"list", Output(), "Product", "--columns", "ProductCode"});
-  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "ProductCode\na\n");
   EXPECT_THAT(outcome.err,
               ::testing::AllOf(::testing::HasSubstr("Product \"a\": ProductCode[2], \"b\": is repeated"),
