@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string_view>
 
 namespace zevo::testing {
 namespace {
@@ -51,6 +52,11 @@ void AddAsOneOf(FileRecords& found, const std::string& name, const std::shared_p
   if (!(AddIf<Classes>(found, name, record) || ...)) found.records.emplace_back(name, RecordValues());
 }
 
+void AddOfAnyKind(FileRecords& found, std::string_view name, const std::shared_ptr<Record>& record) {
+  AddAsOneOf<Header, GeneralLedger, Customer, Supplier, Product, TaxTable, GeneralLedgerEntries, Journal, Transaction,
+             SalesInvoices, Invoice>(found, std::string(name), record);
+}
+
 }  // namespace
 
 FileRecords ReadOneByOne(const std::string& file) {
@@ -85,13 +91,24 @@ FileRecords ReadOneByOne(const std::string& file) {
   return found;
 }
 
+FileRecords ReadScanned(const std::string& file) {
+  FileRecords found;
+  AuditFileScanner scanner;
+  scanner.set_AuditFileName(file);
+  std::shared_ptr<Record> record;
+  const bool opened = scanner.OpenAuditFile();
+  while (opened && scanner.ReadNext(record) && record != nullptr) AddOfAnyKind(found, NameOf(*record->Kind()), record);
+  found.failure = scanner.AuditException();
+  SortByKind(found);
+  return found;
+}
+
 FileRecords ReadStreamed(const std::string& file) {
   FileRecords found;
   AuditFileStreamer streamer;
   streamer.set_AuditFileName(file);
   streamer.ReadEntity = [&found](const std::string& name, const std::shared_ptr<Record>& record) {
-    AddAsOneOf<Header, GeneralLedger, Customer, Supplier, Product, TaxTable, GeneralLedgerEntries, Journal, Transaction,
-               SalesInvoices, Invoice>(found, name, record);
+    AddOfAnyKind(found, name, record);
   };
   if (streamer.OpenAuditFile()) streamer.ReadAuditFile();
   found.failure = streamer.AuditException();

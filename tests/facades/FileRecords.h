@@ -26,6 +26,8 @@ struct FileRecords {
 FileRecords ReadOneByOne(const std::string& file);
 /// By `AuditFileStreamer`.
 FileRecords ReadStreamed(const std::string& file);
+/// By `AuditFileScanner`. Its records hold more, and its tax tables are one to an element.
+FileRecords ReadScanned(const std::string& file);
 
 /// The first record or value in which two readings differ; empty when they found the same.
 std::string Difference(const FileRecords& one, const FileRecords& other);

@@ -280,6 +280,43 @@ TEST_P(OutOfMemoryTest, ReadingFailsRecordByRecordAndGoesOn) {
   });
 }
 
+TEST_P(OutOfMemoryTest, ScanningTellsEveryFailureUntilTheFileIsClosed) {
+  // With problems: elements that repeat, are unknown, or have attributes.
+  const std::string content =
+      "<AuditFile xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'><Extra>a text that is longer than a few</Extra>"
+      "<MasterFiles><Customer a='1'><CustomerID>C1</CustomerID><Fax>1</Fax><Fax>another that is longer than a few</Fax>"
+      "<Pet>cat</Pet></Customer></MasterFiles></AuditFile>";
+  folder_.Write("saft.xml", content);
+  ForEveryAllocation([&] {
+    AuditFileScanner scanner;
+    scanner.set_AuditFileName(path_);
+    if (!Run(scanner, "open", [](AuditFileScanner& s) { return s.OpenAuditFile(); })) {
+      Disarm();
+      EXPECT_TRUE(scanner.OpenAuditFile()) << Told(scanner.AuditException());
+      return;
+    }
+    std::shared_ptr<Record> record;
+    const bool read = Run(scanner, "read", [&](AuditFileScanner& s) { return s.ReadNext(record); });
+    if (read) {
+      try {
+        Armed([&] { scanner.Problems(); });
+      } catch (const std::bad_alloc&) {
+        EXPECT_TRUE(failed_one);
+      }
+      Disarm();
+      ASSERT_NE(record, nullptr);
+      EXPECT_EQ(scanner.Problems().size(), 4u);
+      EXPECT_EQ(scanner.Problems()[2].path, "Fax[2]");
+      EXPECT_EQ(scanner.Elements().size(), 5u);
+    } else {
+      Disarm();
+      EXPECT_EQ(record, nullptr);
+      EXPECT_FALSE(scanner.ReadNext(record));
+      EXPECT_EQ(scanner.AuditException()->Number(), kOutOfMemory);
+    }
+  });
+}
+
 TEST_P(OutOfMemoryTest, ValidationFailsWithoutAVerdict) {
   SaveSampleFile(path_);
   ForEveryAllocation([&] {

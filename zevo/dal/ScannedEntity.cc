@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <limits>
 #include <numeric>
 
@@ -15,9 +16,12 @@ namespace {
 constexpr size_t kMost = std::numeric_limits<uint32_t>::max();
 constexpr uint32_t kNowhere = std::numeric_limits<uint32_t>::max();
 
-// What is counted in 32 bits. More of it is far beyond what the record of such an entity could be held in.
-uint32_t Small(uint64_t count) {
-  if (count >= kMost) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+// Far beyond what the record of such an entity could be held in.
+[[noreturn, gnu::cold]] void RefuseSize() { throw MakeRunTimeError(RunTimeError::kOutOfMemory); }
+
+// What is counted in 32 bits.
+inline uint32_t Small(uint64_t count) {
+  if (count >= kMost) RefuseSize();
   return static_cast<uint32_t>(count);
 }
 
@@ -111,12 +115,17 @@ void ScannedEntity::Cut() {
 }
 
 const std::vector<Problem>& ScannedEntity::Problems() const {
-  problems_.reserve(problems_.size() + noted_.size());
+  if (noted_.empty()) return problems_;
+  std::vector<Problem> made;
+  made.reserve(problems_.size() + noted_.size());
   for (const Noted& noted : noted_) {
     std::string path = PathOf(noted.element);
     if (noted.step.length > 0) path.append(path.empty() ? "" : "/").append(TextAt(noted.step));
-    problems_.push_back({noted.fault, std::move(path), PlaceOf(noted.element), std::string(TextAt(noted.text))});
+    made.push_back({noted.fault, std::move(path), PlaceOf(noted.element), std::string(TextAt(noted.text))});
   }
+  // Where there was no memory for all of them, nothing has changed.
+  made.insert(made.begin(), std::make_move_iterator(problems_.begin()), std::make_move_iterator(problems_.end()));
+  problems_ = std::move(made);
   noted_.clear();
   return problems_;
 }
@@ -133,13 +142,13 @@ std::string ScannedEntity::PathOf(size_t element) const {
 }
 
 void ScannedEntity::NumberSiblings() const {
-  ordinals_.assign(nodes_.size(), 0);
   std::vector<uint32_t> sorted(nodes_.size() - 1);
   std::iota(sorted.begin(), sorted.end(), 1);
   const auto siblings = [&](uint32_t element) {
     return std::pair(nodes_[element].parent, nodes_[element].name->number);
   };
   std::ranges::sort(sorted, {}, [&](uint32_t element) { return std::pair(siblings(element), element); });
+  ordinals_.assign(nodes_.size(), 0);
   for (auto first = sorted.begin(); first != sorted.end();) {
     const auto next =
         std::find_if(first, sorted.end(), [&](uint32_t other) { return siblings(other) != siblings(*first); });
