@@ -32,6 +32,10 @@ class ScannedEntity;
 /// section of sales invoices with its totals only; each invoice. Of each there is, until the next one is read, all that
 /// the file has: its elements with their texts and places, and the problems, where the record differs from them.
 ///
+/// What the file does not have is empty in the record, also where a new record has a value of its own. Names are those
+/// of the schema, letter case included. Memory is that of a few megabytes and of the largest record, however long the
+/// file; the lists of elements and problems take more once they are asked for.
+///
 /// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
 /// success makes `AuditException` null. An object is used by one thread at a time.
 class ZEVO_API AuditFileScanner : public Facade {
@@ -47,9 +51,9 @@ class ZEVO_API AuditFileScanner : public Facade {
   void set_AuditFileName(std::string_view value);
 
   /// Opens the file and reads as far as it takes to know it. Fails with message 4 when a file is open, 1 without a file
-  /// name, 2 when there is no such file, 602 when it is no audit file and 601 when it is one of another version: by the
-  /// namespace of its root or, where it has none, by the first AuditFileVersion. A file that tells neither counts as
-  /// 1.01_01 and has a problem.
+  /// name, 2 when there is no such file, the parser's number and reason when it cannot be read, 602 when it is no audit
+  /// file and 601 when it is one of another version: by the namespace of its root or, where it has none, by the first
+  /// AuditFileVersion. A file that tells neither counts as 1.01_01 and has a problem.
   bool OpenAuditFile();
   /// Reads the next record, a new one each time; null after the last. Fails with message 5 while no file is open, 501
   /// after `AbortReading`, and with the parser's number and reason where the file is not well-formed: the records up to
@@ -79,7 +83,8 @@ class ZEVO_API AuditFileScanner : public Facade {
   /// Where that element stands; zeros when there is none.
   FilePlace PlaceOf(std::string_view path) const;
   /// What the record holds otherwise than the file, and what stands in the file between the record before and this one
-  /// without being part of a record; after the last record, what stands behind it.
+  /// without being part of a record, of which the first megabyte is told; after the last record, what stands behind it.
+  /// Attributes of the root count for nothing.
   const std::vector<Problem>& Problems() const;
 
   /// The records that are left, for a loop: `for (const auto& record : scanner.Entities())`. Where reading fails,
