@@ -7,6 +7,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -71,6 +72,20 @@ const Reading kReadings[] = {
        if (!streamer.ReadAuditFile() && streamer.AuditException()) return Told(streamer.AuditException());
        return customers == 2 ? std::string() : "customers: " + std::to_string(customers);
      }},
+    {"scanner",
+     [](const std::string& path) {
+       int customers = 0;
+       AuditFileScanner scanner;
+       scanner.set_AuditFileName(path);
+       if (!scanner.OpenAuditFile()) return Told(scanner.AuditException());
+       for (;;) {
+         std::shared_ptr<Record> record;
+         if (!scanner.ReadNext(record)) return Told(scanner.AuditException());
+         if (record == nullptr) break;
+         if (record->Kind() == EntityKind::kCustomer) ++customers;
+       }
+       return customers == 2 ? std::string() : "customers: " + std::to_string(customers);
+     }},
 };
 
 class StandardInputTest : public ::testing::Test {
@@ -111,6 +126,19 @@ TEST_F(StandardInputTest, AFileThatIsCutOffIsNoneThere) {
       return reading.run(kStandardInput);
     });
     EXPECT_NE(report, "") << reading.name;
+  }
+}
+
+TEST_F(StandardInputTest, ATagThatDoesNotEndIsRefusedAsOneThatIsTooLong) {
+  const std::string path =
+      folder_.Write("tag.xml", "<AuditFile xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.01_01'><Header><a b='" +
+                                   std::string(300'000, 'x'));
+  for (const Reading& reading : kReadings) {
+    const std::string report = InChildProcess([&] {
+      ReadFrom(open(path.c_str(), O_RDONLY));
+      return reading.run(kStandardInput);
+    });
+    EXPECT_NE(report.find("Uma etiqueta tem mais de 64 KiB"), std::string::npos) << reading.name << ": " << report;
   }
 }
 

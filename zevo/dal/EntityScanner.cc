@@ -120,7 +120,7 @@ void EntityScanner::StartElement(const ParsedName& parsed, std::span<const Parse
   if (entity_ && name.kind && HoldsEntries(entity_->Kind()) && ParentOf(*name.kind) == entity_->Kind()) CutEntity();
   if (!entity_) {
     if (open_.empty()) return StartRoot(parsed, attributes, place);
-    if (refusal_) throw *refusal_;
+    if (refusal_) throw Error(*refusal_);
     open_.back().has_children = true;
     EndTextBetween();
     if (!name.kind) return StartBetween(name, attributes, place);
@@ -138,7 +138,7 @@ void EntityScanner::EndElement(const ParsedName&) {
     if (entity_->Depth() == 0) FinishEntity();
     return;
   }
-  if (refusal_) throw *refusal_;
+  if (refusal_) throw Error(*refusal_);
   EndTextBetween();
   open_.pop_back();
   if (!journals_.empty() && journals_.back().depth == open_.size()) journals_.pop_back();

@@ -126,8 +126,8 @@ struct PulledParse::Input {
 
 class PulledParse::State {
  public:
-  State(const std::string& file, std::unique_ptr<Input> input, ParserHandler& handler)
-      : file_(file),
+  State(std::string file, std::unique_ptr<Input> input, ParserHandler& handler)
+      : file_(std::move(file)),
         handler_(handler),
         input_(std::move(input)),
         run_(input_->decoder, counter_, violated_, bytes_read_) {
@@ -215,13 +215,24 @@ class PulledParse::State {
   // once, without places.
   void ParseWhole() {
     if (IsStandardInput(file_)) {
-      if (problem_) return;
-      problem_ = {.number = XML_ERR_INVALID_ENCODING, .reason = "Bytes que não são UTF-8", .place = places_.Place()};
+      if (!problem_) problem_ = OwnProblem();
       return;
     }
     whole_ = true;
     Skipper skipper(handler_, counter_);
     problem_ = Parser(file_).Parse(skipper);
+  }
+
+  // What was noticed here, and not by the parser.
+  XmlProblem OwnProblem() {
+    XmlProblem problem{.number = XML_ERR_INVALID_ENCODING, .reason = "Bytes que não são UTF-8"};
+    try {
+      if (IsTagTooLong()) ParserLimits::CheckUnfinishedTag(kRoom);
+    } catch (const ParserLimits::Passed& limit) {
+      problem = {.number = XML_ERR_USER_STOP, .reason = limit.reason, .fault = XmlProblem::Fault::kRefused};
+    }
+    problem.place = places_.Place();
+    return problem;
   }
 
   static constexpr size_t kLongestCharacter = 4;
