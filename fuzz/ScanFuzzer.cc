@@ -295,10 +295,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Expect(failure->Number() == refused->Number() && failure->Description() == refused->Description(),
            "the readers refuse the file for unlike reasons");
   }
-  // Where a file breaks off, the scan may come further: to the end of the entity, or of what is read ahead.
   if (!IsCutUpAlike(streamed, streamed.entities.size())) return 0;
-  Expect(streamed.failure ? count >= streamed.entities.size() : count == streamed.entities.size(),
-         std::to_string(count) + " entities, but " + std::to_string(streamed.entities.size()) + " were streamed");
+  if (streamed.failure == nullptr) {
+    Expect(count == streamed.entities.size(), "another number of entities than was streamed");
+    return 0;
+  }
+  // Where a file breaks off, the scan may come further: to the end of the entity, or of what is read ahead. A section
+  // may have been cut off at an entry, in other letter case, that never ended.
+  const bool last_may_lack = !streamed.entities.empty() && HoldsEntries(*EntityKindOf(streamed.entities.back().name));
+  Expect(count + (last_may_lack ? 1 : 0) >= streamed.entities.size(), "fewer entities than were streamed");
   return 0;
 }
 
