@@ -107,10 +107,12 @@ const EntityScanner::Name& EntityScanner::AddName(const ParsedName& parsed) {
   name.own_text = parsed.local;
   name.text = name.own_text;
   name.number = numbers_.try_emplace(name.text, parsed.number).first->second;
-  const auto element = std::ranges::find(kElementNames, name.text);
-  if (element != kElementNames.end()) name.element = static_cast<uint8_t>(element - kElementNames.begin() + 1);
+  const auto element = std::ranges::lower_bound(kElementNames, name.text);
+  if (element == kElementNames.end() || *element != name.text) return name;
+  name.element = static_cast<uint8_t>(element - kElementNames.begin() + 1);
   const std::optional<EntityKind> kind = EntityKindOf(name.text);
   if (kind && zevo::NameOf(*kind) == name.text) name.kind = kind;
+  name.is_section = IsSection(name.text);
   return name;
 }
 
@@ -178,12 +180,12 @@ void EntityScanner::StartRoot(const ParsedName& name, std::span<const ParsedAttr
 // An element around entities, or one that belongs to none.
 void EntityScanner::StartBetween(const Name& name, std::span<const ParsedAttribute> attributes,
                                  const FilePlace& place) {
-  const bool section = open_.size() == 1 && IsSection(name.text);
+  const bool section = open_.size() == 1 && name.is_section;
   open_.push_back({&name, place});
-  if (!section) open_.back().problem = NoteBetween(OpenPath(), place);
+  if (!section) open_.back().problem = NoteBetween({}, place);
   for (const ParsedAttribute& attribute : attributes) {
     if (IsDeclaration(attribute.name)) continue;
-    const auto problem = NoteBetween(OpenPath().append("/").append(StepOf(attribute)), place);
+    const auto problem = NoteBetween("/" + StepOf(attribute), place);
     if (problem) between_[*problem].text = attribute.value;
   }
 }
@@ -236,10 +238,12 @@ void EntityScanner::CheckVersion() {
   version_known_ = true;
 }
 
-// Where the problem stands among those between entities; nothing when there are too many.
-std::optional<size_t> EntityScanner::NoteBetween(std::string path, const FilePlace& place) {
-  between_size_ += sizeof(Problem) + path.size();
+// Where the problem stands among those between entities; nothing when there are too many. `step` is what follows the
+// path of the innermost element.
+std::optional<size_t> EntityScanner::NoteBetween(std::string_view step, const FilePlace& place) {
   if (between_size_ > kMostBetween) return std::nullopt;
+  std::string path = OpenPath().append(step);
+  between_size_ += sizeof(Problem) + path.size();
   between_.push_back({Fault::kUnknownElement, std::move(path), place, {}});
   return between_.size() - 1;
 }
@@ -249,7 +253,7 @@ void EntityScanner::EndTextBetween() {
   if (text_between_.empty()) return;
   OpenElement& open = open_.back();
   if (!TrimWhiteSpace(text_between_).empty()) {
-    if (!open.problem) open.problem = NoteBetween(OpenPath().append("/text()"), open.place);
+    if (!open.problem) open.problem = NoteBetween("/text()", open.place);
   } else if (open.has_children) {
     return text_between_.clear();
   }

@@ -52,6 +52,7 @@ class EntityScanner final : private ParserHandler {
   struct Name : ScannedName {
     std::string own_text;
     std::optional<EntityKind> kind;
+    bool is_section = false;  // in the root, that is
   };
   /// An element around entities, or one that belongs to none.
   struct OpenElement {
@@ -78,7 +79,7 @@ class EntityScanner final : private ParserHandler {
   void CutEntity();
   void FinishEntity();
   void CheckVersion();
-  std::optional<size_t> NoteBetween(std::string path, const FilePlace& place);
+  std::optional<size_t> NoteBetween(std::string_view step, const FilePlace& place);
   void EndTextBetween();
   bool IsPlaceOf(EntityKind kind) const;
   std::string OpenPath() const;
