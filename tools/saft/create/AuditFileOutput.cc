@@ -109,6 +109,10 @@ void AuditFileOutput::Begin(const GeneralLedgerEntries& totals) {
 }
 
 void AuditFileOutput::Begin(const Journal& value, const Origin& origin) {
+  // The library would not find it again for its transactions.
+  if (std::holds_alternative<AuditFile>(file_) && value.JournalID().find('"') != std::string::npos) {
+    throw Failure(origin.path, origin.row, "a JournalID with a quotation mark is written with --stream only");
+  }
   Do([&](auto& file) { return BeginJournal(file, value); }, origin);
 }
 

@@ -227,6 +227,14 @@ TEST_F(CreateCommandOrdersTest, RowsOfLinesWithOneNumberGoToThemInTurn) {
   }
 }
 
+TEST_F(CreateCommandTest, AJournalIDWithAQuotationMarkNeedsTheOtherWay) {
+  Write("journals.csv", "JournalID\nJ1\n\"J\"\"2\"\n");
+  Write("transactions.csv", "JournalID,TransactionID\n\"J\"\"2\",T1\n");
+  ExpectRefused(In("journals.csv") + ":3: a JournalID with a quotation mark is written with --stream only");
+  EXPECT_EQ(Create({"--stream"}).code, 0);
+  EXPECT_THAT(Texts("JournalID"), ElementsAre("J1", "J&quot;2"));
+}
+
 TEST_F(CreateCommandTest, ThereIsOneHeader) {
   Write("header.csv", "CompanyName\nCasa\nLoja\n");
   ExpectRefused(In("header.csv") + ":3: a second header");
