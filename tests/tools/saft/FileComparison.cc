@@ -147,6 +147,7 @@ constexpr auto kRules = std::to_array<Rule>({
     {.change = Rule::kText,
      .path = "*",
      .holds = [](std::string_view before, std::string_view after) { return WithLineFeeds(before) == after; },
+     .told = Told::kReturns,
      .streamed = true},
     // An absent one is told with the header.
     {.change = Rule::kAdded,
@@ -397,8 +398,8 @@ void Comparer::CompareTexts(const Tree& before, const Tree& after, const std::st
     if (rule.streamed && way_ != WrittenBy::kStream) continue;
     if (rule.told) {
       std::string what = rule.column.empty() ? ColumnOf(before.row, path) : std::string(rule.column);
-      what += ": \"" + before.text + "\"";
-      if (*rule.told != Told::kUnknownCode) what += " to \"" + after.text + "\"";
+      if (*rule.told != Told::kReturns) what += ": \"" + before.text + "\"";
+      if (*rule.told == Told::kRounded || *rule.told == Told::kConstant) what += " to \"" + after.text + "\"";
       Add(*rule.told, before.row, what);
     }
     return;
@@ -424,7 +425,7 @@ struct Wording {
   std::string_view done;
 };
 
-constexpr std::array<Wording, 8> kWordings{{
+constexpr std::array<Wording, 9> kWordings{{
     {Told::kRounded, "number", "numbers", "rounded to what the file holds"},
     {Told::kTotal, "total", "totals", "rounded to two decimals"},
     {Told::kConstant, "value", "values", "replaced by the constant that the file has there"},
@@ -433,6 +434,7 @@ constexpr std::array<Wording, 8> kWordings{{
     {Told::kSecond, "row", "rows", "left out, a line holds only one order"},
     {Told::kRepeatedKey, "key", "keys", "repeated in one document and kept"},
     {Told::kGuess, "row", "rows", "given to one of several lines of the same number"},
+    {Told::kReturns, "text", "texts", "with carriage returns, which read back as line feeds"},
 }};
 
 }  // namespace

@@ -11,7 +11,7 @@
 namespace zevo::testing {
 
 /// What `saft create` tells, in the order in which it does. This is the whole list of what may be lost.
-enum class Told { kRounded, kTotal, kConstant, kUnknownCode, kAbsent, kSecond, kRepeatedKey, kGuess };
+enum class Told { kRounded, kTotal, kConstant, kUnknownCode, kAbsent, kSecond, kRepeatedKey, kGuess, kReturns };
 
 /// Something that must be told, with the row where it is; totals have none.
 struct Note {

@@ -15,7 +15,7 @@ struct Wording {
   std::string_view refused;  // told of what would be written
 };
 
-constexpr std::array<Wording, 11> kWordings{{
+constexpr std::array<Wording, 12> kWordings{{
     {"text", "texts", "shortened to what the schema allows", ""},
     {"number", "numbers", "rounded to what the file holds", "would be rounded to what the file holds"},
     {"number", "numbers", "left out, the file holds only one of the two",
@@ -28,6 +28,7 @@ constexpr std::array<Wording, 11> kWordings{{
     {"row", "rows", "left out, a line holds only one order", ""},
     {"key", "keys", "repeated in one document and kept", ""},
     {"row", "rows", "given to one of several lines of the same number", ""},
+    {"text", "texts", "with carriage returns, which read back as line feeds", ""},
 }};
 
 std::string PlaceOf(const CsvFile& file) { return Visible(file.Path()) + ":" + std::to_string(file.Row()); }
@@ -84,6 +85,10 @@ void Alterations::AddSecond(const CsvFile& file, size_t column) { AddCell(kSecon
 void Alterations::AddRepeatedKey(const CsvFile& file, size_t column) { AddCell(kRepeatedKey, file, column); }
 
 void Alterations::AddGuess(const CsvFile& file, size_t column) { AddCell(kGuess, file, column); }
+
+void Alterations::AddReturns(const CsvFile& file, size_t column) {
+  Add(kReturns, [&] { return PlaceOf(file).append(": ").append(file.Columns()[column]); });
+}
 
 void Alterations::AddCell(Kind kind, const CsvFile& file, size_t column) {
   Add(kind, [&] { return PlaceOf(file, column) + Quoted(file.Cell(column)); });

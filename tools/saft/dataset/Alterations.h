@@ -39,6 +39,10 @@ class Alterations {
   void AddRepeatedKey(const CsvFile& file, size_t column);
   /// A row that names in a column a record that is there several times, and is given to one of them.
   void AddGuess(const CsvFile& file, size_t column);
+  /// A text with carriage returns.
+  void AddReturns(const CsvFile& file, size_t column);
+  /// To be called when the file is written in the way that keeps carriage returns.
+  void ForgetReturns() { places_[kReturns] = {}; }
   /// The totals of a section, where their two decimals make them differ from the sums of its entries.
   void AddTotals(std::string_view section, const Totals& sums);
 
@@ -63,6 +67,7 @@ class Alterations {
     kSecond,
     kRepeatedKey,
     kGuess,
+    kReturns,
     kKinds
   };
   struct Places {

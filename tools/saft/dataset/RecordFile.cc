@@ -91,6 +91,7 @@ void RecordFile::Note(const Column& column, std::string_view text, const Record&
     alterations_.AddConstant(*csv_, place, *constant);
   } else if (binding.IsText()) {
     if (const std::string kept = binding.Text(record); kept != text) alterations_.AddShortened(*csv_, place, kept);
+    if (text.find('\r') != std::string_view::npos) alterations_.AddReturns(*csv_, place);
   } else if (binding.MayChange(text)) {
     const std::string written = binding.WrittenText(record);
     if (Decimal::FromText(text) != Decimal::FromText(written)) alterations_.AddRounded(*csv_, place, written);

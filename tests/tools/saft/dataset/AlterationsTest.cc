@@ -274,6 +274,15 @@ TEST_F(AlterationsTest, ValuesOfConstantsThatTheFileDoesNotHoldAreTold) {
   EXPECT_THAT(Texts("TaxType"), ElementsAre("IVA", "IVA", "IVA", "IVA", "IVA"));
 }
 
+TEST_F(AlterationsTest, CarriageReturnsAreToldWhereTheyAreLost) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,\"um\r\ndois\"\nC2,\"um\ndois\"\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("um&#13;\ndois", "um\ndois"));
+  std::filesystem::remove(Output());
+  EXPECT_EQ(Create({"--stream"}).err, "saft: 1 text with carriage returns, which read back as line feeds\n  " +
+                                          In("customers.csv") + ":2: CompanyName\n");
+}
+
 TEST_F(AlterationsTest, AnotherVersionIsRefused) {
   Write("header.csv", "AuditFileVersion,CompanyName\n1.04_01,Casa\n");
   ExpectRefused(In("header.csv") + ":2: AuditFileVersion: \"1.04_01\": only 1.01_01 can be written");
