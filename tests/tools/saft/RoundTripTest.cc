@@ -153,7 +153,7 @@ TEST_F(RoundTripTest, TheSampleCompanyComesBack) {
 }
 
 TEST_F(RoundTripTest, GeneratedFilesComeBack) {
-  for (const uint64_t seed : {1, 2}) {
+  for (const uint64_t seed : {1U, 2U}) {
     AuditFileStreamWriter file;
     file.set_AuditFileName(First());
     generate::WriteTo(file, generate::SampleRecords(200, seed));
