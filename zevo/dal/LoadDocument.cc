@@ -3,6 +3,7 @@
 
 #include <zevo/dal/ElementName.h>
 #include <zevo/platform/DocumentBuilder.h>
+#include <zevo/platform/HostErrorHandlers.h>
 #include <zevo/platform/Parser.h>
 
 namespace zevo {
@@ -12,6 +13,7 @@ std::unique_ptr<Document> NewDocument() { return std::make_unique<Document>(kEle
 std::unique_ptr<Document> LoadDocument(const std::string& fileName) {
   auto document = NewDocument();
   DocumentBuilder builder(*document);
+  const HostErrorHandlers aside;
   Raise(Parser(fileName).Parse(builder), "MSXML2.DOMDocument.Load");
   return document;
 }

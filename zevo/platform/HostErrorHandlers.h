@@ -7,8 +7,9 @@ struct _xmlError;  // NOLINT(bugprone-reserved-identifier): libxml2's name
 namespace zevo {
 
 /// Puts libxml2's error handlers of this thread, which the host may have set, aside for as long as it lives, and then
-/// back. Errors that libxml2 reports only to them, such as those of regular expressions, are dropped meanwhile; they
-/// would be printed otherwise, or reach a host that does not expect them. To be destroyed by the thread that made it.
+/// back. Errors that libxml2 reports only to them, such as those of regular expressions and of memory that runs out
+/// while it reports another error, are dropped meanwhile; they would be printed otherwise, or reach a host that does
+/// not expect them. To be destroyed by the thread that made it.
 class HostErrorHandlers {
  public:
   HostErrorHandlers();

@@ -6,6 +6,7 @@
 #include <zevo/Error.h>
 #include <zevo/Utf8.h>
 #include <zevo/platform/File.h>
+#include <zevo/platform/HostErrorHandlers.h>
 #include <zevo/platform/ParserLimits.h>
 #include <zevo/platform/ParserRun.h>
 #include <zevo/platform/PlaceCounter.h>
@@ -131,6 +132,7 @@ class PulledParse::State {
         handler_(handler),
         input_(std::move(input)),
         run_(input_->decoder, counter_, violated_, bytes_read_) {
+    const HostErrorHandlers aside;
     xmlSAXHandler callbacks = ParserRun::Callbacks();
     run_.Begin(xmlCreatePushParserCtxt(&callbacks, &run_, nullptr, 0, nullptr), nullptr);
     // Otherwise the parser looks at the first bytes to tell the encoding.
@@ -139,6 +141,7 @@ class PulledParse::State {
 
   bool Feed() {
     if (ended_) return false;
+    const HostErrorHandlers aside;
     NextPiece();
     // Fed in pieces, the parser does not look at every byte of UTF-8.
     bool stops = run_.HasStopped() || !IsUtf8({bytes_.get(), piece_});

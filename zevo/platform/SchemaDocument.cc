@@ -3,6 +3,7 @@
 
 #include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/File.h>
+#include <zevo/platform/HostErrorHandlers.h>
 #include <zevo/platform/Parser.h>
 
 #include <algorithm>
@@ -83,6 +84,7 @@ class Declarations : public ParserHandler {
 void LoadSchemaDocument(std::string_view bytes, std::string_view errorSource, Document& document) {
   Declarations declarations(document);
   InputBytes input(bytes);
+  const HostErrorHandlers aside;
   Raise(Parser(input).Parse(declarations), errorSource);
 }
 
