@@ -13,6 +13,7 @@
 #include <zevo/facades/AuditFileScanner.h>
 #include <zevo/facades/AuditFileStreamWriter.h>
 #include <zevo/facades/AuditFileStreamer.h>
+#include <zevo/facades/AuditFileValidator.h>
 #include <zevo/facades/Facade.h>
 #include <zevo/facades/WrittenForm.h>
 #include <zevo/model/AddressStructure.h>
@@ -58,5 +59,6 @@
 #include <zevo/model/Totals.h>
 #include <zevo/model/Transaction.h>
 #include <zevo/model/TransactionLine.h>
+#include <zevo/model/Violation.h>
 
 #endif  // ZEVO_ADAPTERS_H_

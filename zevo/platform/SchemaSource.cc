@@ -15,12 +15,19 @@ SchemaSource SchemaSource::BuiltIn() {
   return source;
 }
 
+SchemaSource SchemaSource::Held() const {
+  SchemaSource held = *this;
+  held.bytes_ = Read();
+  return held;
+}
+
 std::string_view SchemaSource::Name() const {
   if (built_in_) return "o esquema incluído na biblioteca";
   return file_;
 }
 
 std::string SchemaSource::Read() const {
+  if (bytes_) return *bytes_;
   if (built_in_) return std::string(BuiltInSchema());
   if (file_.empty()) throw MakeRunTimeError(RunTimeError::kFileNotFound, "não foi indicado nenhum esquema");
   InputFile input(file_, InputFile::Kind::kRegular);

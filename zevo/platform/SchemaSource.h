@@ -3,6 +3,7 @@
 #define ZEVO_PLATFORM_SCHEMASOURCE_H_
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,6 +18,9 @@ class SchemaSource {
   /// A file of that name; no schema at all where it is empty.
   explicit SchemaSource(std::string file = {}) : file_(std::move(file)) {}
   static SchemaSource BuiltIn();
+  /// The same schema with its bytes, read once: whoever reads it gets these. Raises what Read does, where the schema
+  /// cannot be read when it first is.
+  SchemaSource Held() const;
 
   bool IsBuiltIn() const { return built_in_; }
   /// The name of the file; empty without one.
@@ -32,6 +36,7 @@ class SchemaSource {
  private:
   std::string file_;
   bool built_in_ = false;
+  std::optional<std::string> bytes_;
 };
 
 }  // namespace zevo

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/facades/AuditFileValidator.h>
+
+#include <zevo/Error.h>
+#include <zevo/dal/LoadDocument.h>
+#include <zevo/model/Options.h>
+#include <zevo/model/internal/OptionsMapping.h>
+#include <zevo/platform/CompiledSchema.h>
+#include <zevo/platform/File.h>
+#include <zevo/platform/SchemaDiagnosis.h>
+#include <zevo/platform/SchemaSource.h>
+#include <zevo/platform/SchemaTables.h>
+#include <zevo/platform/SchemaValidator.h>
+#include <zevo/platform/Text.h>
+#include <zevo/platform/XmlProblem.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zevo {
+namespace {
+
+std::vector<RecordElement> AuditRecords() {
+  std::vector<RecordElement> records;
+  for (const EntityKind kind : EntityKinds()) {
+    const std::optional<EntityKind> parent = ParentOf(kind);
+    records.push_back({.name = NameOf(kind), .key = KeyOf(kind), .parent = {}});
+    if (parent) records.back().parent = static_cast<size_t>(*parent);
+  }
+  return records;
+}
+
+Violation ViolationOf(const SchemaViolation& told) {
+  Violation violation{.number = told.number,
+                      .kind = {},
+                      .key = told.key,
+                      .path = told.path,
+                      .place = told.place,
+                      .value = told.value,
+                      .allowed = told.allowed};
+  if (told.record) violation.kind = EntityKinds()[*told.record];
+  return violation;
+}
+
+Violation ViolationOf(const XmlProblem& told) {
+  Violation violation;
+  violation.number = told.number;
+  violation.place = told.place;
+  violation.value = TrimWhiteSpace(told.reason);
+  return violation;
+}
+
+// The schema in use, read once for all that is made of it.
+SchemaSource ReadSchema(std::string_view errorSource) {
+  try {
+    return OptionsMapping::OfThisThread().Schema().Held();
+  } catch (const Error& error) {
+    throw Error(error.Number(), std::string(errorSource), error.Description());
+  }
+}
+
+bool IsBefore(const FilePlace& one, const FilePlace& other) {
+  return one.line != other.line ? one.line < other.line : one.column < other.column;
+}
+
+}  // namespace
+
+/// One validation of one file.
+class AuditFileValidator::Run {
+ public:
+  Run(AuditFileValidator& owner, const SchemaSource& source, const CompiledSchema& schema)
+      : owner_(owner), source_(source), validator_(schema) {}
+
+  /// The problem for which the file cannot be judged, if there is one.
+  std::optional<XmlProblem> Judge() {
+    if (IsStandardInput(owner_.file_name_)) return TellAsLibxml2({});
+    const std::optional<XmlProblem> first = validator_.FirstProblem(owner_.file_name_);
+    if (!first || first->fault != XmlProblem::Fault::kInvalid) return first;
+    const auto tables = SchemaTables::Of(source_.Read());
+    if (!tables) return TellAsLibxml2({});
+    const std::vector<RecordElement> records = AuditRecords();
+    SchemaDiagnosis diagnosis(*tables, records, [&](const SchemaViolation& told) { return Tell(ViolationOf(told)); });
+    const SchemaDiagnosis::Outcome outcome = diagnosis.Run(owner_.file_name_);
+    if (outcome.ended) return std::nullopt;
+    if (outcome.left_off) return TellAsLibxml2(*outcome.left_off);
+    if (owner_.violations_ == 0 && !outcome.problem) return TellAsLibxml2({});
+    return outcome.problem;
+  }
+
+ private:
+  // From a place on.
+  std::optional<XmlProblem> TellAsLibxml2(const FilePlace& from) {
+    std::optional<XmlProblem> fatal;
+    validator_.Validate(owner_.file_name_, [&](const XmlProblem& problem) {
+      if (problem.fault == XmlProblem::Fault::kInvalid) {
+        return IsBefore(problem.place, from) || Tell(ViolationOf(problem));
+      }
+      fatal = problem;
+      return false;
+    });
+    return fatal;
+  }
+
+  bool Tell(const Violation& violation) {
+    ++owner_.violations_;
+    return !owner_.Found || owner_.Found(violation);
+  }
+
+  AuditFileValidator& owner_;
+  const SchemaSource& source_;
+  SchemaValidator validator_;
+};
+
+AuditFileValidator::AuditFileValidator() : Facade("AuditFileValidator", true) {}
+AuditFileValidator::~AuditFileValidator() = default;
+
+const std::string& AuditFileValidator::AuditFileName() const { return file_name_; }
+void AuditFileValidator::set_AuditFileName(std::string_view value) { file_name_ = value; }
+std::string AuditFileValidator::AuditFileSchema() const { return Options().SchemaLocation(); }
+void AuditFileValidator::set_AuditFileSchema(std::string_view value) { Options().set_SchemaLocation(value); }
+
+bool AuditFileValidator::ValidateAuditFile() {
+  constexpr std::string_view kMember = "ValidateAuditFile";
+  constexpr std::string_view kSource = "AuditFileValidator.ValidateAuditFile";
+  schema_at_fault_ = false;
+  violations_ = 0;
+  return Attempt([&] {
+    RequireFile(file_name_, Input::kFileOrStandardInput, kMember);
+    schema_at_fault_ = true;
+    const SchemaSource source = ReadSchema(kSource);
+    const CompiledSchema schema(source, kNamespace, kSource);
+    Run run(*this, source, schema);
+    schema_at_fault_ = false;
+    const std::optional<XmlProblem> problem = run.Judge();
+    schema_at_fault_ = problem && problem->fault == XmlProblem::Fault::kSchema;
+    Raise(problem, kSource);
+  });
+}
+
+bool AuditFileValidator::IsSchemaAtFault() const { return schema_at_fault_; }
+int64_t AuditFileValidator::Violations() const { return violations_; }
+
+}  // namespace zevo

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_PLATFORM_SIMPLETYPE_H_
+#define ZEVO_PLATFORM_SIMPLETYPE_H_
+
+#include <zevo/platform/Document.h>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct _xmlSchemaType;   // NOLINT(bugprone-reserved-identifier): libxml2's name
+struct _xmlSchemaFacet;  // NOLINT(bugprone-reserved-identifier): libxml2's name
+
+namespace zevo {
+
+/// What a schema demands of a text: a type of XML Schema's own, and what restricts it. libxml2 judges each.
+class SimpleType {
+ public:
+  /// A type of XML Schema's own, such as "decimal". Nothing for a name of none, for lists, and for types whose texts
+  /// mean something only where they stand, such as QName.
+  static std::shared_ptr<const SimpleType> BuiltIn(std::string_view name);
+  /// The restriction of another by the facets that are the children of an element of the schema. Nothing for a facet
+  /// that libxml2 does not take.
+  static std::shared_ptr<const SimpleType> Restricted(std::shared_ptr<const SimpleType> base, Element restriction);
+
+  SimpleType() = default;
+  SimpleType(const SimpleType&) = delete;
+  SimpleType& operator=(const SimpleType&) = delete;
+
+  /// What a text is refused for.
+  struct Refusal {
+    int32_t number;       // libxml2's
+    std::string allowed;  // the value of the facet, or the name of the type; of an enumeration its values
+  };
+  /// Nothing for a text that is taken.
+  std::optional<Refusal> Check(std::string_view text) const;
+
+  /// Whether it is a string of which every character counts.
+  bool KeepsWhiteSpace() const { return IsString() && white_space_ == WhiteSpace::kPreserve; }
+  /// A text by which equal values are found, for a text that is taken. Nothing where this library does not tell whether
+  /// values are equal: for other types than strings and decimal numbers.
+  std::optional<std::string> Comparable(std::string_view text) const;
+  /// The text with its white space as the type has it.
+  std::string Normalized(std::string_view text) const;
+
+ private:
+  enum class WhiteSpace : uint8_t { kPreserve = 1, kReplace, kCollapse };  // libxml2's values
+  struct FreeFacet {
+    void operator()(_xmlSchemaFacet* facet) const;
+  };
+  struct Facet {
+    int32_t number;  // of the violation
+    std::string value;
+    std::unique_ptr<_xmlSchemaFacet, FreeFacet> compiled;
+  };
+  using Facets = std::deque<Facet>;  // libxml2 keeps the addresses of their values
+
+  bool IsString() const;
+  bool Add(std::string_view facet, std::string_view value);
+
+  std::shared_ptr<const SimpleType> base_;  // null for XML Schema's own
+  _xmlSchemaType* built_in_ = nullptr;
+  std::string_view name_;  // of the built-in type
+  WhiteSpace white_space_ = WhiteSpace::kCollapse;
+  Facets limits_;
+  Facets enumeration_;
+  Facets patterns_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_SIMPLETYPE_H_
