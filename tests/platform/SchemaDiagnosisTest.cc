@@ -213,6 +213,12 @@ TEST_F(SchemaDiagnosisTest, WhatStopsTheParseIsToldBehindWhatWasFound) {
   EXPECT_EQ(outcome_.problem->fault, XmlProblem::Fault::kNotWellFormed);
 }
 
+TEST_F(SchemaDiagnosisTest, WhatLacksIsToldAlsoWhereTheParseStopsBehindIt) {
+  for (const std::string_view end : {"", "</b>", "</b></b>"}) {
+    EXPECT_EQ(Told(kOrder, std::string("<s><b>1").append(end)), Missing({"a"}));
+  }
+}
+
 // What the tables cannot say: libxml2 takes every one of these.
 TEST_F(SchemaDiagnosisTest, OtherSchemasAreNotFollowed) {
   for (

@@ -84,18 +84,27 @@ SchemaDiagnosis::Outcome SchemaDiagnosis::Run(const std::string& file) {
     while (parse_->Feed()) {
     }
     outcome_.problem = parse_->Problem();
-    Release(true);
+    BreakOff();
   } catch (const Enough&) {
     // What is held stands before the element that was left off.
     if (outcome_.left_off) {
       try {
-        Release(true);
+        BreakOff();
       } catch (const Enough&) {
         outcome_.left_off.reset();
       }
     }
   }
   return outcome_;
+}
+
+// Tells what is held where there is no going on.
+void SchemaDiagnosis::BreakOff() {
+  if (waiting_) {
+    if (frames_.back().waits) frames_.pop_back();
+    SettleInPlace(false);
+  }
+  Release(true);
 }
 
 // Elements.
@@ -418,7 +427,7 @@ void SchemaDiagnosis::Settle(std::optional<Child> next) {
   };
   const size_t in_place = waiting_->gap.lacking.size() + lacking(waiting_->gap.behind);
   const size_t stray = 1 + lacking(parent.state);
-  stray < in_place ? SettleAsStray() : SettleInPlace();
+  stray < in_place ? SettleAsStray() : SettleInPlace(true);
 }
 
 void SchemaDiagnosis::SettleAsStray() {
@@ -429,7 +438,7 @@ void SchemaDiagnosis::SettleAsStray() {
   TellStray(waiting.child, waiting.frame.ordinal, waiting.frame.place);
 }
 
-void SchemaDiagnosis::SettleInPlace() {
+void SchemaDiagnosis::SettleInPlace(bool whole) {
   Waiting waiting = std::move(*waiting_);
   waiting_.reset();
   const auto from = held_.begin() + static_cast<ptrdiff_t>(waiting.held_from);
@@ -439,7 +448,7 @@ void SchemaDiagnosis::SettleInPlace() {
   std::ranges::move(inside, std::back_inserter(held_));
   frames_.back().state = waiting.gap.behind;
   frames_.back().unknown.clear();
-  JudgeText(waiting.frame, waiting.text);
+  if (whole) JudgeText(waiting.frame, waiting.text);
 }
 
 void SchemaDiagnosis::TellStray(Child child, uint32_t ordinal, const FilePlace& place) {

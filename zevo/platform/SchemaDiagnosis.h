@@ -92,7 +92,7 @@ class SchemaDiagnosis final : private ParserHandler {
     bool judged = true;
   };
   struct DigestHash {
-    size_t operator()(const Digest& digest) const { return static_cast<size_t>(digest[0]); }
+    size_t operator()(const Digest& digest) const noexcept { return static_cast<size_t>(digest[0]); }
   };
   struct Held {
     SchemaViolation violation;
@@ -175,6 +175,7 @@ class SchemaDiagnosis final : private ParserHandler {
   void JudgeAttributes(std::span<const ParsedAttribute> attributes);
   void Skip() { skipped_ = 1; }
 
+  void BreakOff();
   void EndFrame();
   void EndContent();
   void EndStrayText();
@@ -182,7 +183,7 @@ class SchemaDiagnosis final : private ParserHandler {
   void JudgeFixed(const Frame& frame);
   void Settle(std::optional<Child> next);
   void SettleAsStray();
-  void SettleInPlace();
+  void SettleInPlace(bool whole);
   void TellStray(Child child, uint32_t ordinal, const FilePlace& place);
   void TellMissing(const std::vector<ContentModel::Alternatives>& lacking, const FilePlace& place);
   std::vector<bool> ToldOtherwise(const std::vector<ContentModel::Alternatives>& lacking);
