@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <zevo/facades/AuditFile.h>
+#include <zevo/facades/AuditFileValidator.h>
 #include <zevo/model/EntityKind.h>
 #include <zevo/model/Violation.h>
 #include <zevo/platform/CompiledSchema.h>
@@ -294,6 +296,19 @@ TEST_F(DiagnosisTest, OfTwoFaultsInTwoElementsBothAreTold) {
       EXPECT_TRUE(std::ranges::is_sorted(violations, {}, [](const Violation& each) { return each.place.offset; }));
     }
   }
+}
+
+// Beside this program there is no schema.
+TEST(ValidatorTest, WithoutASchemaAtTheDefaultPlaceTheBuiltInOneCounts) {
+  const std::string complete = ZEVO_SCHEMA_CASES "/complete.xml";
+  AuditFile file;
+  file.set_AuditFileName(complete);
+  EXPECT_FALSE(file.ValidateAuditFile());
+  EXPECT_TRUE(file.IsSchemaAtFault());
+  AuditFileValidator validator;
+  validator.set_AuditFileName(complete);
+  EXPECT_TRUE(validator.ValidateAuditFile());
+  EXPECT_EQ(validator.Violations(), 0);
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ Violation ViolationOf(const XmlProblem& told) {
 // The schema in use, read once for all that is made of it.
 SchemaSource ReadSchema(std::string_view errorSource) {
   try {
-    return OptionsMapping::OfThisThread().Schema().Held();
+    return OptionsMapping::OfThisThread().SchemaOrBuiltIn().Held();
   } catch (const Error& error) {
     throw Error(error.Number(), std::string(errorSource), error.Description());
   }

@@ -38,7 +38,8 @@ class ZEVO_API AuditFileValidator : public Facade {
   /// has no business where it stands.
   const std::string& AuditFileName() const;
   void set_AuditFileName(std::string_view value);
-  /// The same as `Options::SchemaLocation`.
+  /// The same as `Options::SchemaLocation`. Where no schema is named and there is none at the default place, the one that
+  /// is built into the library counts.
   std::string AuditFileSchema() const;
   void set_AuditFileSchema(std::string_view value);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/internal/OptionsMapping.h>
 
+#include <zevo/platform/File.h>
 #include <zevo/platform/Folders.h>
 #include <zevo/platform/LetterCase.h>
 #include <zevo/platform/ThreadExit.h>
@@ -41,6 +42,11 @@ OptionsMapping& OptionsMapping::Start() {
 OptionsMapping::OptionsMapping() {
   ForgetLimits();
   set_SchemaLocation(DefaultSchemaLocation());
+}
+
+SchemaSource OptionsMapping::SchemaOrBuiltIn() const {
+  const bool named = !EqualIgnoringCase(SchemaLocation(), DefaultSchemaLocation());
+  return named || FileExists(SchemaLocation()) ? source_ : SchemaSource::BuiltIn();
 }
 
 void OptionsMapping::set_SchemaLocation(std::string_view value) {

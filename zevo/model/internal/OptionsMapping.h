@@ -30,6 +30,9 @@ class OptionsMapping {
   /// The schema in use, loaded or not.
   const SchemaSource& Schema() const { return source_; }
 
+  /// The same but, where it is the one at the default place and there is none, the one that is built into the library.
+  SchemaSource SchemaOrBuiltIn() const;
+
   /// The path of the schema in use, empty when it is no file.
   const std::string& SchemaLocation() const { return source_.File(); }
   /// Loads the schema at a path that differs in more than letter case from the present one. Only when memory runs out
