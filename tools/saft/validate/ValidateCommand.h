@@ -2,6 +2,8 @@
 #ifndef ZEVO_TOOLS_SAFT_VALIDATE_VALIDATECOMMAND_H_
 #define ZEVO_TOOLS_SAFT_VALIDATE_VALIDATECOMMAND_H_
 
+#include <zevo/adapters.h>
+
 #include <CLI/CLI.hpp>
 #include <string>
 
@@ -17,7 +19,13 @@ class ValidateCommand : public Command {
   ExitCode Run() const override;
 
  private:
+  bool Tell(const Violation& violation) const;
+  /// Tells what kept the file from being judged, if the file itself is at fault.
+  void TellFailure(const AuditFileValidator& file) const;
+
   std::string file_;
+  bool all_ = false;
+  bool json_ = false;
   SchemaChoice schema_;
 };
 

@@ -35,8 +35,7 @@ TEST_F(ValidateCommandTest, AViolationIsToldWithLineAndColumn) {
   const testing::Outcome outcome = Run({"validate", file});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_THAT(outcome.err,
-              AllOf(StartsWith("saft: " + file + ": "), HasSubstr("Header"), HasSubstr("(linha 3, coluna ")));
+  EXPECT_EQ(outcome.err, "saft: " + file + ": /AuditFile has no Header, which is required (line 3, column 1).\n");
 }
 
 TEST_F(ValidateCommandTest, AFileThatIsNotWellFormedIsInvalid) {
@@ -65,6 +64,54 @@ TEST_F(ValidateCommandTest, AMissingFileIsAnError) {
   const testing::Outcome outcome = Run({"validate", file});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.err, "saft: " + file + ": Ficheiro SAFT-PT não encontrado.\n");
+}
+
+TEST_F(ValidateCommandTest, AllViolationsAreListed) {
+  const testing::Outcome outcome = Run({"validate", "--all", folder_.Write("bad.xml", kEmptyFile)});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.out,
+            "/AuditFile has no Header, which is required (line 1, column 1).\n"
+            "/AuditFile has no MasterFiles, which is required (line 1, column 1).\n");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(ValidateCommandTest, AllViolationsAreListedForPrograms) {
+  const std::string file =
+      folder_.Write("bad.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01"><Header/>
+  <MasterFiles><Product><ProductType>X</ProductType><ProductCode>A"1</ProductCode><ProductDescription>b</ProductDescription>
+  <ProductNumberCode>1</ProductNumberCode></Product></MasterFiles></AuditFile>)");
+  const testing::Outcome outcome = Run({"validate", file, "--all", "--json"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.err, "");
+  const size_t last = outcome.out.rfind('\n', outcome.out.size() - 2) + 1;
+  EXPECT_EQ(outcome.out.substr(last),
+            R"({"number":1840,"kind":"Product","key":"A\"1","path":"ProductType","line":2,"column":25,"offset":95,)"
+            R"("value":"X","allowed":"P, S, O, I",)"
+            R"("message":"Product A\"1: ProductType, \"X\", must be one of: P, S, O, I (line 2, column 25)."})"
+            "\n");
+  EXPECT_EQ(Run({"validate", file, "--json"}).code, 2);
+}
+
+TEST_F(ValidateCommandTest, OfAValidFileAProgramGetsNothing) {
+  ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, Output()}).code, 0);
+  const testing::Outcome outcome = Run({"validate", Output(), "--all", "--json"});
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "");
+}
+
+TEST_F(ValidateCommandTest, ViolationsAreListedUpToWhatIsNotWellFormed) {
+  std::string file(kEmptyFile);
+  file.replace(file.size() - 2, 2, "><Header id='1'><");
+  const testing::Outcome outcome = Run({"validate", "--all", folder_.Write("bad.xml", file)});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.out, "The header: @id, \"1\", is an attribute that may not be there (line 1, column 62).\n");
+  EXPECT_THAT(outcome.err, HasSubstr("(linha 1, coluna "));
+}
+
+TEST_F(ValidateCommandTest, OfTheStandardInputTheParserTells) {
+  const testing::Outcome outcome = RunInShell("saft validate - --all < '" + folder_.Write("bad.xml", kEmptyFile) + "'");
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_THAT(outcome.out, AllOf(HasSubstr("Missing child element(s)"), HasSubstr("(line 1, column ")));
 }
 
 TEST_F(ValidateCommandTest, WhatAFileHoldsIsMadeVisible) {
