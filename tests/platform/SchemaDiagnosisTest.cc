@@ -219,6 +219,10 @@ TEST_F(SchemaDiagnosisTest, WhatLacksIsToldAlsoWhereTheParseStopsBehindIt) {
   }
 }
 
+TEST_F(SchemaDiagnosisTest, TextIsToldAlsoWhereTheParseStopsBehindIt) {
+  EXPECT_THAT(Told(kOrder, "<s><a>1</a>x</b>"), ElementsAre(At(XML_SCHEMAV_CVC_COMPLEX_TYPE_2_3, "/s x|")));
+}
+
 // What the tables cannot say: libxml2 takes every one of these.
 TEST_F(SchemaDiagnosisTest, OtherSchemasAreNotFollowed) {
   for (

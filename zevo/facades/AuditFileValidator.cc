@@ -84,7 +84,7 @@ class AuditFileValidator::Run {
     const SchemaDiagnosis::Outcome outcome = diagnosis.Run(owner_.file_name_);
     if (outcome.ended) return std::nullopt;
     if (outcome.left_off) return TellAsLibxml2(*outcome.left_off);
-    if (owner_.violations_ == 0 && !outcome.problem) return TellAsLibxml2({});
+    if (owner_.violations_ == 0) return TellAsLibxml2({});
     return outcome.problem;
   }
 

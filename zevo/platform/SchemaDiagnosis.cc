@@ -41,6 +41,10 @@ size_t LikenessOf(std::string_view one, std::string_view other) {
   return front + back;
 }
 
+bool HasElementsOnly(const ElementType& type) {
+  return type.content == Content::kElements || type.content == Content::kNothing;
+}
+
 // The child of a type that an unknown name may be meant for: one that is much like it.
 std::optional<ContentModel::Child> MostLike(const ElementType& type, std::string_view unknown) {
   std::optional<ContentModel::Child> best;
@@ -104,6 +108,7 @@ void SchemaDiagnosis::BreakOff() {
     if (frames_.back().waits) frames_.pop_back();
     SettleInPlace(false);
   }
+  if (!frames_.empty() && skipped_ == 0 && HasElementsOnly(*frames_.back().type)) EndStrayText();
   Release(true);
 }
 
@@ -192,7 +197,7 @@ void SchemaDiagnosis::StartRoot(const ParsedName& name, std::span<const ParsedAt
 void SchemaDiagnosis::StartChild(const ParsedName& name, std::span<const ParsedAttribute> attributes,
                                  const FilePlace& place) {
   Frame& parent = frames_.back();
-  if (parent.type->content == Content::kElements || parent.type->content == Content::kNothing) EndStrayText();
+  if (HasElementsOnly(*parent.type)) EndStrayText();
   switch (parent.type->content) {
     case Content::kAnything:
       return StartAnywhere(name, attributes, place);
