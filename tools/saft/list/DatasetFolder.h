@@ -9,10 +9,10 @@
 #include <string>
 #include <string_view>
 
+#include "tools/saft/dataset/RecordKind.h"
 #include "tools/saft/list/ListFile.h"
-#include "tools/saft/list/RecordKind.h"
 #include "tools/saft/list/RecordList.h"
-#include "tools/saft/list/UnfinishedPath.h"
+#include "tools/saft/output/UnfinishedPath.h"
 
 namespace zevo::saft {
 

@@ -13,7 +13,7 @@
 #include "tools/saft/input/ProblemReport.h"
 #include "tools/saft/list/DatasetFolder.h"
 #include "tools/saft/list/ListFile.h"
-#include "tools/saft/list/UnfinishedPath.h"
+#include "tools/saft/output/UnfinishedPath.h"
 #include "tools/saft/terminal/VisibleText.h"
 
 namespace zevo::saft {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tools/saft/command/Command.h"
-#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/dataset/RecordKind.h"
 #include "tools/saft/list/RecordList.h"
 
 namespace zevo::saft {

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <string>
 
-#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/dataset/RecordKind.h"
 #include "tools/saft/list/RecordList.h"
 
 namespace zevo::saft {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "tools/saft/list/RecordColumns.h"
-#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/dataset/RecordColumns.h"
+#include "tools/saft/dataset/RecordKind.h"
 #include "tools/saft/list/RowFilter.h"
 #include "tools/saft/list/RowPrinter.h"
 #include "tools/saft/list/RowReader.h"

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/saft/list/RecordColumns.h"
+#include "tools/saft/dataset/RecordColumns.h"
 #include "tools/saft/list/RowReader.h"
 
 namespace zevo::saft {

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "tools/saft/csv/CsvWriter.h"
-#include "tools/saft/list/RecordColumns.h"
+#include "tools/saft/dataset/RecordColumns.h"
 #include "tools/saft/list/RowReader.h"
 
 namespace zevo::saft {

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/saft/list/RecordColumns.h"
-#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/dataset/RecordColumns.h"
+#include "tools/saft/dataset/RecordKind.h"
 
 namespace zevo::saft {
 

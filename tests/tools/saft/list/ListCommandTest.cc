@@ -10,7 +10,7 @@
 
 #include "tests/tools/saft/ToolTest.h"
 #include "tools/saft/dataset/Dataset.h"
-#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/dataset/RecordKind.h"
 
 namespace zevo {
 namespace {

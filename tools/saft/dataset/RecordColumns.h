@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_TOOLS_SAFT_LIST_RECORDCOLUMNS_H_
-#define ZEVO_TOOLS_SAFT_LIST_RECORDCOLUMNS_H_
+#ifndef ZEVO_TOOLS_SAFT_DATASET_RECORDCOLUMNS_H_
+#define ZEVO_TOOLS_SAFT_DATASET_RECORDCOLUMNS_H_
 
 #include <zevo/adapters.h>
 
@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/dataset/RecordKind.h"
 
 namespace zevo::saft {
 
@@ -56,4 +56,4 @@ class RecordColumns {
 
 }  // namespace zevo::saft
 
-#endif  // ZEVO_TOOLS_SAFT_LIST_RECORDCOLUMNS_H_
+#endif  // ZEVO_TOOLS_SAFT_DATASET_RECORDCOLUMNS_H_

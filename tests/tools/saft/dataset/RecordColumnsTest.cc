@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tools/saft/list/RecordColumns.h"
+#include "tools/saft/dataset/RecordColumns.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

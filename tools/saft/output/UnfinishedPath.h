@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_TOOLS_SAFT_LIST_UNFINISHEDPATH_H_
-#define ZEVO_TOOLS_SAFT_LIST_UNFINISHEDPATH_H_
+#ifndef ZEVO_TOOLS_SAFT_OUTPUT_UNFINISHEDPATH_H_
+#define ZEVO_TOOLS_SAFT_OUTPUT_UNFINISHEDPATH_H_
 
 #include <filesystem>
 #include <string>
@@ -31,4 +31,4 @@ class UnfinishedPath {
 
 }  // namespace zevo::saft
 
-#endif  // ZEVO_TOOLS_SAFT_LIST_UNFINISHEDPATH_H_
+#endif  // ZEVO_TOOLS_SAFT_OUTPUT_UNFINISHEDPATH_H_

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tools/saft/list/RecordKind.h"
+#include "tools/saft/dataset/RecordKind.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_TOOLS_SAFT_LIST_RECORDKIND_H_
-#define ZEVO_TOOLS_SAFT_LIST_RECORDKIND_H_
+#ifndef ZEVO_TOOLS_SAFT_DATASET_RECORDKIND_H_
+#define ZEVO_TOOLS_SAFT_DATASET_RECORDKIND_H_
 
 #include <zevo/adapters.h>
 
@@ -42,4 +42,4 @@ std::string WithoutNumbers(std::string_view path);
 
 }  // namespace zevo::saft
 
-#endif  // ZEVO_TOOLS_SAFT_LIST_RECORDKIND_H_
+#endif  // ZEVO_TOOLS_SAFT_DATASET_RECORDKIND_H_

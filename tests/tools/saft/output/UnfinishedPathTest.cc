@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tools/saft/list/UnfinishedPath.h"
+#include "tools/saft/output/UnfinishedPath.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
