@@ -109,7 +109,7 @@ class ZEVO_API Decimal {
     return Compared(left, right);
   }
   /// By value: 1.5 is 1.50.
-  friend bool operator==(const Decimal& left, const Decimal& right) { return (left <=> right) == 0; }
+  friend bool operator==(const Decimal& left, const Decimal& right) { return std::is_eq(left <=> right); }
 
  private:
   struct Limbs;
