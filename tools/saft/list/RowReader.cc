@@ -36,8 +36,8 @@ void RowReader::ReadInside(size_t element, std::string_view path, size_t parent,
   if (parent < kind_.Parents()) {
     cells_[parent] = std::nullopt;
     ForEachChild(elements_, element, [&](size_t child) {
-      if (!cells_[parent] && elements_[child].name == kind_.parents[parent])
-        cells_[parent] = Trimmed(elements_[child].text);
+      if (cells_[parent] || elements_[child].name != kind_.parents[parent]) return;
+      cells_[parent] = Trimmed(elements_[child].text);
     });
   }
   ForEachChild(elements_, element, [&](size_t child) {
