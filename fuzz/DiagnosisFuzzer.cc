@@ -32,8 +32,9 @@ void Diagnose(std::string_view bytes) {
   static const auto tables = SchemaTables::Of(source.Read());
   static const std::vector<RecordElement> records = [] {
     std::vector<RecordElement> made;
-    for (const EntityKind kind : EntityKinds())
+    for (const EntityKind kind : EntityKinds()) {
       made.push_back({.name = NameOf(kind), .key = KeyOf(kind), .parent = {}});
+    }
     return made;
   }();
   static fuzz::FileInMemory file;

@@ -52,6 +52,13 @@ const Reading kReadings[] = {
        file.set_AuditFileName(path);
        return file.ValidateAuditFile() ? std::string() : Told(file.AuditException());
      }},
+    {"violations",
+     [](const std::string& path) {
+       AuditFileValidator validator;
+       validator.set_AuditFileName(path);
+       if (!validator.ValidateAuditFile()) return Told(validator.AuditException());
+       return validator.Violations() == 0 ? std::string() : "violations: " + std::to_string(validator.Violations());
+     }},
     {"reader",
      [](const std::string& path) {
        AuditFileReader reader;

@@ -75,7 +75,7 @@ class AuditFileValidator::Run {
   /// The problem for which the file cannot be judged, if there is one.
   std::optional<XmlProblem> Judge() {
     if (IsStandardInput(owner_.file_name_)) return TellAsLibxml2({});
-    const std::optional<XmlProblem> first = validator_.FirstProblem(owner_.file_name_);
+    std::optional<XmlProblem> first = validator_.FirstProblem(owner_.file_name_);
     if (!first || first->fault != XmlProblem::Fault::kInvalid) return first;
     const auto tables = SchemaTables::Of(source_.Read());
     if (!tables) return TellAsLibxml2({});

@@ -13,8 +13,6 @@
 
 namespace zevo {
 
-class CompiledSchema;
-
 /// Tells everything in an audit file that the schema does not allow, where `AuditFile::ValidateAuditFile` stops at the
 /// first. The verdict is the same.
 ///
@@ -38,8 +36,8 @@ class ZEVO_API AuditFileValidator : public Facade {
   /// has no business where it stands.
   const std::string& AuditFileName() const;
   void set_AuditFileName(std::string_view value);
-  /// The same as `Options::SchemaLocation`. Where no schema is named and there is none at the default place, the one that
-  /// is built into the library counts.
+  /// The same as `Options::SchemaLocation`. Where no schema is named and there is none at the default place, the one
+  /// that is built into the library counts.
   std::string AuditFileSchema() const;
   void set_AuditFileSchema(std::string_view value);
 

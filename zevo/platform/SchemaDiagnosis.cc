@@ -83,7 +83,8 @@ SchemaDiagnosis::~SchemaDiagnosis() = default;
 
 SchemaDiagnosis::Outcome SchemaDiagnosis::Run(const std::string& file) {
   const HostErrorHandlers aside;
-  parse_.reset(new PulledParse(file, *this));
+  ParserHandler& events = *this;
+  parse_ = std::make_unique<PulledParse>(file, events);
   try {
     while (parse_->Feed()) {
     }
@@ -105,7 +106,10 @@ SchemaDiagnosis::Outcome SchemaDiagnosis::Run(const std::string& file) {
 // Tells what is held where there is no going on.
 void SchemaDiagnosis::BreakOff() {
   if (waiting_) {
-    if (frames_.back().waits) frames_.pop_back();
+    if (frames_.back().waits) {
+      frames_.pop_back();
+      text_.clear();
+    }
     SettleInPlace(false);
   }
   if (!frames_.empty() && skipped_ == 0 && HasElementsOnly(*frames_.back().type)) EndStrayText();

@@ -135,7 +135,7 @@ std::optional<SimpleType::Refusal> SimpleType::Check(std::string_view text) cons
   const auto value_type = static_cast<xmlSchemaValType>(built_in_->builtInType);
   const auto space = static_cast<xmlSchemaWhitespaceValueType>(white_space_);
   const auto refuses = [&](const Facet& facet) {
-    unsigned long length = 0;
+    unsigned long length = 0;  // NOLINT(google-runtime-int): libxml2's type
     const int fault =
         IsLength(facet.compiled->type)
             ? xmlSchemaValidateLengthFacetWhtsp(facet.compiled.get(), value_type, value, typed.get(), &length, space)
