@@ -175,6 +175,15 @@ TEST_F(SchemaDiagnosisTest, AFixedTextMayBeLeftOut) {
   EXPECT_THAT(Told(kFixed, "<f><t/><a><i/></a></f>"), ElementsAre(At(XML_SCHEMAV_CVC_ELT_5_2_2_1, "/f/a/i |PT")));
 }
 
+TEST_F(SchemaDiagnosisTest, WhatLacksInEachRepetitionIsTold) {
+  constexpr std::string_view kPairs = R"(
+    <xs:element name="s"><xs:complexType><xs:sequence maxOccurs="unbounded">
+      <xs:element name="a" type="xs:int"/><xs:element name="b" type="xs:int"/>
+    </xs:sequence></xs:complexType></xs:element>)";
+  EXPECT_THAT(Told(kPairs, "<s><a>1</a><b>1</b><a>1</a><b>1</b></s>"), IsEmpty());
+  EXPECT_EQ(Told(kPairs, "<s><a>1</a><a>1</a><b>1</b><a>1</a></s>"), Missing({"b", "b"}));
+}
+
 TEST_F(SchemaDiagnosisTest, GroupsAndNamedTypesAreFollowed) {
   constexpr std::string_view kGroups = R"(
     <xs:group name="g"><xs:choice><xs:element ref="x"/><xs:element name="y" type="t"/></xs:choice></xs:group>

@@ -478,7 +478,10 @@ void SchemaDiagnosis::TellMissing(const std::vector<ContentModel::Alternatives>&
     const ContentModel::Alternatives& alternatives = lacking[i];
     for (const Child child : alternatives) LoseKeys(parent.type->children[child]->name.local);
     if (told[i]) continue;
-    parent.told_missing.insert(parent.told_missing.end(), alternatives.begin(), alternatives.end());
+    for (const Child child : alternatives) {
+      std::erase(parent.told_missing, child);
+      parent.told_missing.push_back(child);
+    }
     Tell(Make(XML_SCHEMAV_ELEMENT_CONTENT, parent.type->children[alternatives.front()]->name.local, place, {},
               NamesOf(alternatives)));
   }
