@@ -24,7 +24,7 @@ void Interrupted::EndProgram() const {
 Interruption::Interruption(During during) : noted_(during == During::kReading ? 1 : kSignals.size()) {
   requested = 0;
   for (size_t i = 0; i < noted_; ++i) {
-    before_[i] = std::signal(kSignals[i], during == During::kReading ? &NoteOnce : &Note);
+    before_[i] = std::signal(kSignals[i], during == During::kWriting ? &Note : &NoteOnce);
     // A signal that was ignored when the program started, as for one in the background, stays ignored.
     if (before_[i] == SIG_IGN) std::signal(kSignals[i], SIG_IGN);
   }

@@ -30,6 +30,8 @@ class Interruption {
   enum class During {
     kReading,  ///< Ctrl-C; a second one ends the program at once
     kWriting,  ///< Ctrl-C, a request to end and the loss of the terminal; further ones change nothing
+    /// The same ones while it waits for what it writes, such as at a pipe; a second of a kind ends the program at once.
+    kWritingWhatComes,
   };
 
   explicit Interruption(During during);

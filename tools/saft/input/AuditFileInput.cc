@@ -32,30 +32,34 @@ bool IsProgressWelcome(OutputWhile output) {
 AuditFileInput::AuditFileInput(const std::string& file, OutputWhile output) : name_(file), output_(output) {
   file_.set_AuditFileName(InputName(file));
   if (!file_.OpenAuditFile()) Fail();
+  std::error_code unknown;
+  if (const auto size = std::filesystem::file_size(file_.AuditFileName(), unknown); !unknown) size_ = size;
+  if (output_ == OutputWhile::kIntoFiles) {
+    writing_.emplace(size_ ? Interruption::During::kWriting : Interruption::During::kWritingWhatComes);
+  }
 }
 
 void AuditFileInput::Read(const Visitor& visit) {
   std::optional<ProgressBar> progress;
-  std::optional<Interruption> interruption;
-  std::error_code unknown;
-  const auto size = std::filesystem::file_size(file_.AuditFileName(), unknown);
-  if (!unknown) {
-    if (IsProgressWelcome(output_)) progress.emplace(std::cerr, size);
-    // Signals are noted only for files of a known size: reading from a pipe or a terminal may wait, and the signal
-    // would be seen only after that.
-    interruption.emplace(output_ == OutputWhile::kIntoFiles ? Interruption::During::kWriting
-                                                            : Interruption::During::kReading);
-  }
+  std::optional<Interruption> reading;
+  if (size_ && IsProgressWelcome(output_)) progress.emplace(std::cerr, *size_);
+  // Where nothing has to be removed, signals are noted only for files of a known size: reading from a pipe or a terminal
+  // may wait, and the signal would be seen only after that.
+  if (size_ && !writing_) reading.emplace(Interruption::During::kReading);
   for (std::shared_ptr<Record> record; ReadNext(record);) {
     visit(file_, *record);
     if (progress) progress->Show(file_.BytesRead());
-    if (output_ == OutputWhile::kIntoFiles) Interruption::ThrowIfRequested();
+    if (writing_) Interruption::ThrowIfRequested();
     if (Interruption::IsRequested()) file_.AbortReading();
   }
 }
 
 bool AuditFileInput::ReadNext(std::shared_ptr<Record>& record) {
-  if (!file_.ReadNext(record)) Fail();
+  if (!file_.ReadNext(record)) {
+    // The signal may have ended the program at the other end of the pipe too.
+    if (writing_) Interruption::ThrowIfRequested();
+    Fail();
+  }
   return record != nullptr;
 }
 

@@ -4,9 +4,13 @@
 
 #include <zevo/adapters.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+
+#include "tools/saft/errors/Interruption.h"
 
 namespace zevo::saft {
 
@@ -18,7 +22,7 @@ enum class OutputWhile {
 };
 
 /// An audit file that is read record by record, whole, in memory that does not grow with it. On a terminal a progress
-/// bar is shown; Ctrl-C ends the reading.
+/// bar is shown; Ctrl-C ends the reading. Where files are written, signals are noted as long as the object exists.
 class AuditFileInput {
  public:
   /// Takes the scanner, which stands at the record that was read, and the record.
@@ -42,6 +46,8 @@ class AuditFileInput {
   AuditFileScanner file_;
   std::string name_;
   OutputWhile output_;
+  std::optional<uintmax_t> size_;        // in bytes, where it is known
+  std::optional<Interruption> writing_;  // while files are written
 };
 
 }  // namespace zevo::saft

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
 
 namespace zevo::saft {
 namespace {
@@ -58,6 +59,7 @@ UnfinishedPath::~UnfinishedPath() {
 }
 
 void UnfinishedPath::PutInPlace() {
+  Interruption::ThrowIfRequested();
   std::error_code error;
   // An empty folder that is there gives way.
   std::filesystem::rename(path_, place_, error);

@@ -21,7 +21,7 @@ class UnfinishedPath {
 
   /// Where to write.
   const std::filesystem::path& Path() const { return path_; }
-  /// To be called once everything is written and closed.
+  /// To be called once everything is written and closed. Throws `Interrupted` where a signal was noted.
   void PutInPlace();
 
  private:

@@ -42,6 +42,31 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
     if (std::freopen(err.c_str(), "w", stderr)) execv(SAFT_PROGRAM, argv.data());
     _exit(127);
   }
+  /// Starts `list --all` on a pipe into which the first megabyte of an audit file goes.
+  void StartListing() {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    child_ = fork();
+    ASSERT_GE(child_, 0);
+    if (child_ == 0) {
+      dup2(ends[0], STDIN_FILENO);
+      close(ends[0]);
+      close(ends[1]);
+      const std::string err = folder_.Path("err");
+      const std::string books = folder_.Path("books");
+      if (std::freopen(err.c_str(), "w", stderr)) {
+        execl(SAFT_PROGRAM, "saft", "list", "-", "--all", books.c_str(), nullptr);
+      }
+      _exit(127);
+    }
+    close(ends[0]);
+    pipe_ = ends[1];
+    std::string file = "<AuditFile><Header><AuditFileVersion>1.01_01</AuditFileVersion></Header><MasterFiles>";
+    for (int i = 0; i < 20000; ++i) file += "<Customer><CustomerID>" + std::to_string(i) + "</CustomerID></Customer>";
+    ASSERT_EQ(write(pipe_, file.data(), file.size()), static_cast<ssize_t>(file.size()));
+    // What is to become the folder, and the messages.
+    Await([&] { return folder_.Names().size() == 3; });
+  }
 
   template <class Condition>
   void Await(Condition&& condition) const {
@@ -65,6 +90,8 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
 
   void ExpectInterrupted() const {
     ASSERT_EQ(kill(child_, GetParam()), 0);
+    // As when the signal ended the program at the other end too.
+    if (pipe_ >= 0) close(pipe_);
     int status = 0;
     ASSERT_EQ(waitpid(child_, &status, 0), child_);
     ASSERT_TRUE(WIFSIGNALED(status)) << "ended with " << WEXITSTATUS(status);
@@ -74,6 +101,7 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
   }
 
   pid_t child_ = -1;
+  int pipe_ = -1;
 };
 
 TEST_P(InterruptionTest, LeavesNoFileThatIsWrittenAtOnce) {
@@ -94,6 +122,26 @@ TEST_P(InterruptionTest, LeavesNoFileThatIsBeingSaved) {
   // The dataset, the messages and what is to become the file.
   Await([&] { return folder_.Names().size() > 2; });
   ExpectInterrupted();
+}
+
+TEST_P(InterruptionTest, LeavesNoFolderThatIsListedFromAPipe) {
+  std::filesystem::create_directory(folder_.Path(kDataset));
+  StartListing();
+  ExpectInterrupted();
+}
+
+TEST_P(InterruptionTest, ASecondOneEndsAListOfAPipeThatIsSilent) {
+  std::filesystem::create_directory(folder_.Path(kDataset));
+  StartListing();
+  ASSERT_EQ(kill(child_, GetParam()), 0);
+  // Signals of one kind that are not taken yet are one.
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  ASSERT_EQ(kill(child_, GetParam()), 0);
+  int status = 0;
+  ASSERT_EQ(waitpid(child_, &status, 0), child_);
+  close(pipe_);
+  ASSERT_TRUE(WIFSIGNALED(status)) << "ended with " << WEXITSTATUS(status);
+  EXPECT_EQ(WTERMSIG(status), GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, InterruptionTest, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
