@@ -43,8 +43,8 @@ void AuditFileInput::Read(const Visitor& visit) {
   std::optional<ProgressBar> progress;
   std::optional<Interruption> reading;
   if (size_ && IsProgressWelcome(output_)) progress.emplace(std::cerr, *size_);
-  // Where nothing has to be removed, signals are noted only for files of a known size: reading from a pipe or a terminal
-  // may wait, and the signal would be seen only after that.
+  // Where nothing has to be removed, signals are noted only for files of a known size: reading from a pipe or a
+  // terminal may wait, and the signal would be seen only after that.
   if (size_ && !writing_) reading.emplace(Interruption::During::kReading);
   for (std::shared_ptr<Record> record; ReadNext(record);) {
     visit(file_, *record);
