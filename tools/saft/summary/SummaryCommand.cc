@@ -26,6 +26,7 @@ SummaryCommand::SummaryCommand(CLI::App& options) {
       "What makes figures differ from the file, or may, is told at the end and makes the exit code 2:\n"
       "  an amount or total that is no number: sums that it belongs to go without it and have a *\n"
       "  an element of which figures are made, a header or a section that is there twice: the first one counts\n"
+      "  an element inside one of which figures are made: the first piece of its text counts\n"
       "  an element between records, in a journal, a section or the tax table, that is no record, or one elsewhere "
       "with\n"
       "  the name of a record or of an element of which figures are made: it may be one spelt otherwise\n"

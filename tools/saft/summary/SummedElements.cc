@@ -38,7 +38,8 @@ constexpr auto kSummedRows = std::to_array<SummedRow>({
     {EntityKind::kInvoice, element::kDocumentTotals, element::kGrossTotal},
 });
 
-bool IsSummed(EntityKind kind, std::string_view path) {
+// The row of an element; null where no figure is made of it.
+const SummedRow* RowOf(EntityKind kind, std::string_view path) {
   std::string plain;  // without positions
   bool inside = false;
   for (const char c : path) {
@@ -52,8 +53,19 @@ bool IsSummed(EntityKind kind, std::string_view path) {
     group = name.substr(0, slash);
     name.remove_prefix(slash + 1);
   }
-  return std::ranges::any_of(
-      kSummedRows, [&](const SummedRow& row) { return row.kind == kind && row.group == group && row.element == name; });
+  const auto row = std::ranges::find_if(kSummedRows, [&](const SummedRow& each) {
+    return each.kind == kind && each.group == group && each.element == name;
+  });
+  return row == kSummedRows.end() ? nullptr : &*row;
+}
+
+bool IsSummed(EntityKind kind, std::string_view path) { return RowOf(kind, path) != nullptr; }
+
+// Whether figures are made of an element's own text, which another element in it divides.
+bool IsSummedText(EntityKind kind, std::string_view path) {
+  const SummedRow* const text = RowOf(kind, path);
+  return text != nullptr && text->element != element::kTaxTableEntry &&
+         std::ranges::none_of(kSummedRows, [&](const SummedRow& row) { return row.group == text->element; });
 }
 
 bool IsSameButForCase(std::string_view left, std::string_view right) {
@@ -70,6 +82,7 @@ bool MayBeSummed(EntityKind kind, std::string_view path) {
   // What stands directly in these should be records and their totals.
   const bool holdsRecords = HoldsEntries(kind) || kind == EntityKind::kTaxTable;
   if (holdsRecords && slash == std::string_view::npos) return true;
+  if (slash != std::string_view::npos && IsSummedText(kind, path.substr(0, slash))) return true;
   return EntityKindOf(name) || std::ranges::any_of(kSummedRows, [&](const SummedRow& row) {
            return row.kind == kind && IsSameButForCase(row.element, name);
          });

@@ -428,6 +428,8 @@ TEST_F(SummaryCommandTest, WhatMakesFiguresDifferIsTold) {
       {sales("<Invoice/><invoice><InvoiceNo>2</InvoiceNo></invoice>"),
        "/AuditFile/SourceDocuments/SalesInvoices/invoice: is not known here ("},
       {sales("<invoice/><Invoice/>"), "SalesInvoices: invoice: is not known here ("},
+      {sales("<Invoice><Line><CreditAmount>1<b>2</b>3</CreditAmount></Line></Invoice>"),
+       "Invoice: Line/CreditAmount/b, \"2\": is not known here ("},
       {sales("<Invoice><Invoice/></Invoice>"), "Invoice: Invoice: is not known here ("},
       {"<MasterFiles><Klient><CustomerID>1</CustomerID></Klient></MasterFiles>",
        "/AuditFile/MasterFiles/Klient: is not known here ("},
