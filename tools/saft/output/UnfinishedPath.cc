@@ -30,6 +30,9 @@ std::filesystem::path PlaceAt(const std::string& given) {
 }
 
 void RequireFree(const std::filesystem::path& place, UnfinishedPath::What what) {
+  if (place.filename() == "." || place.filename() == "..") {
+    throw Failure(place.string(), "is a folder in use; name a new one");
+  }
   std::error_code error;
   const auto status = std::filesystem::symlink_status(place, error);
   if (!std::filesystem::exists(status)) return;
@@ -40,7 +43,8 @@ void RequireFree(const std::filesystem::path& place, UnfinishedPath::What what) 
 
 }  // namespace
 
-UnfinishedPath::UnfinishedPath(const std::string& place, What what) : place_(PlaceAt(place)) {
+UnfinishedPath::UnfinishedPath(const std::string& place, What what)
+    : place_(what == kFolder ? PlaceAt(place) : std::filesystem::path(place)) {
   RequireFree(place_, what);
   const std::string beside = place_.string() + "." + std::to_string(getpid()) + ".";
   for (int number = 0; path_.empty(); ++number) {

@@ -77,6 +77,19 @@ TEST_F(UnfinishedPathTest, WhatIsThereIsNeverReplaced) {
   EXPECT_EQ(Refusal("missing/new", UnfinishedPath::kFolder), ": No such file or directory");
 }
 
+TEST_F(UnfinishedPathTest, AFolderIsNoPlaceForAFile) {
+  EXPECT_EQ(Refusal("new/", UnfinishedPath::kFile), ": No such file or directory");
+  EXPECT_THAT(Names(), IsEmpty());
+}
+
+TEST_F(UnfinishedPathTest, AFolderThatIsNamedByItsPlaceStays) {
+  std::filesystem::create_directory(folder_.Path("empty"));
+  for (const std::string place : {"empty/.", "empty/./", "empty/.."}) {
+    EXPECT_THAT(Refusal(place, UnfinishedPath::kFolder), ::testing::EndsWith("is a folder in use; name a new one"))
+        << place;
+  }
+}
+
 TEST_F(UnfinishedPathTest, AnEmptyFolderGivesWay) {
   std::filesystem::create_directory(folder_.Path("empty"));
   UnfinishedPath folder(folder_.Path("empty"), UnfinishedPath::kFolder);
