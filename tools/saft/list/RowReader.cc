@@ -26,7 +26,7 @@ void RowReader::Read(const AuditFileScanner& scanner, const Taker& take) {
   std::ranges::fill(cells_, std::nullopt);
   if (!kind_.path.empty()) return ReadInside(0, kind_.path, 0, take);
   // The only entities with an identifier of something else are those in a journal.
-  if (kind_.Parents() > 0) cells_[0] = scanner.JournalID();
+  if (kind_.Parents() > 0) cells_[0] = Trimmed(scanner.JournalID());
   Take(0, take);
 }
 

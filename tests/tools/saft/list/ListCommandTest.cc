@@ -132,6 +132,14 @@ TEST_F(ListCommandTest, TextsAreWithoutWhiteSpaceAtTheirEnds) {
   EXPECT_EQ(List("Product", {"--columns", "ProductCode"}), "ProductCode\nP 1\n");
 }
 
+TEST_F(ListCommandTest, TransactionsNameTheirJournalAsJournalsDo) {
+  WriteFile(
+      "<GeneralLedgerEntries><Journal><JournalID> V\n</JournalID><Transaction><TransactionID>1</TransactionID>"
+      "</Transaction></Journal></GeneralLedgerEntries>");
+  EXPECT_EQ(List("Transaction", {"--columns", "JournalID,TransactionID", "--where", "JournalID=V"}),
+            "JournalID,TransactionID\nV,1\n");
+}
+
 TEST_F(ListCommandTest, EveryOrderReferenceIsListed) {
   WriteInvoice(
       "<InvoiceNo>FT 1/1</InvoiceNo><Line><LineNumber>1</LineNumber><OrderReferences><OriginatingON>E1</OriginatingON>"
