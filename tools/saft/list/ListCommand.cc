@@ -102,9 +102,11 @@ ListCommand::ListCommand(CLI::App& options) {
   CLI::Option* const all = options.get_option("--all");
   options.add_option("--columns", columns_, "List these columns, in this order, with commas between them")
       ->delimiter(',')
+      ->allow_extra_args(false)
       ->option_text("A,B,...")
       ->excludes(all);
   options.add_option("--where", conditions_, "List the records that have this value; may be given several times")
+      ->allow_extra_args(false)
       ->option_text("COLUMN=VALUE")
       ->excludes(all);
   options.add_option("-o,--output", output_, "Write into a new file, - for standard output")

@@ -165,6 +165,13 @@ TEST_F(ListCommandTest, ColumnsAreThoseAskedForInThatOrder) {
             "{\"ProductCode\":\"a\"}\n{\"ProductCode\":\"b\"}\n{\"ProductCode\":\"c\"}\n");
 }
 
+TEST_F(ListCommandTest, OptionsMayStandBeforeTheFile) {
+  WriteProducts();
+  EXPECT_EQ(Run({"list", "--columns", "ProductCode", Output(), "Product"}).out, "ProductCode\na\nb\nc\n");
+  EXPECT_EQ(Run({"list", "--columns", "ProductCode", "--where", "ProductDescription=Mel", Output(), "Product"}).out,
+            "ProductCode\na\nc\n");
+}
+
 TEST_F(ListCommandTest, WhereTakesTheRecordsThatHaveAllValues) {
   WriteProducts();
   const std::vector<std::string> code{"--columns", "ProductCode"};
