@@ -15,6 +15,7 @@
 #include <zevo/facades/AuditFileStreamer.h>
 #include <zevo/facades/AuditFileValidator.h>
 #include <zevo/facades/Facade.h>
+#include <zevo/facades/SchemaFacts.h>
 #include <zevo/facades/WrittenForm.h>
 #include <zevo/model/AddressStructure.h>
 #include <zevo/model/Amount.h>

@@ -65,6 +65,18 @@ TEST(WrittenFormTest, ThePositionIsThatInTheFile) {
   EXPECT_EQ(positionOf("TaxAmount"), 4U);
 }
 
+TEST(WrittenFormTest, SomeElementsAreWrittenWithoutAText) {
+  EXPECT_TRUE(WrittenFormOf(Header(), "BusinessName")->always);
+  EXPECT_TRUE(WrittenFormOf(Header(), "CompanyAddress")->always);
+  EXPECT_TRUE(WrittenFormOf(InvoiceLine(), "SettlementAmount")->always);
+  EXPECT_FALSE(WrittenFormOf(Header(), "HeaderComment")->always);
+  EXPECT_FALSE(WrittenFormOf(InvoiceLine(), "UnitOfMeasure")->always);
+  EXPECT_FALSE(WrittenFormOf(InvoiceLine(), "Tax")->always);
+  EXPECT_FALSE(WrittenFormOf(InvoiceLine(), "CreditAmount")->always);
+  EXPECT_FALSE(WrittenFormOf(InvoiceLine(), "DebitAmount")->always);
+  EXPECT_FALSE(WrittenFormOf(Invoice(), "Line")->always);
+}
+
 TEST(WrittenFormTest, NothingOfANameThatIsNoProperty) {
   EXPECT_FALSE(WrittenFormOf(Customer(), "customerid"));
   EXPECT_FALSE(WrittenFormOf(Customer(), ""));

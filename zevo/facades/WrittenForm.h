@@ -25,6 +25,9 @@ struct WrittenForm {
   std::string_view partner;
   /// Whether it is the one that is left out: the partner is written unless that is 0.
   bool yields = false;
+  /// Whether the element is written even where its text is empty, as a record of its own that is always there is. One of
+  /// two is not.
+  bool always = false;
 };
 
 /// That of a property of the record's class, by the name that `PropertiesOf` gives it; nothing for another name.
