@@ -6,6 +6,7 @@
 #include "tools/saft/create/CreateCommand.h"
 #include "tools/saft/list/ListCommand.h"
 #include "tools/saft/summary/SummaryCommand.h"
+#include "tools/saft/template/TemplateCommand.h"
 #include "tools/saft/validate/ValidateCommand.h"
 
 namespace zevo::saft {
@@ -20,6 +21,8 @@ std::unique_ptr<Command> Make(CLI::App& options) {
 
 std::span<const CommandEntry> CommandList() {
   static constexpr std::array kCommands{
+      CommandEntry{"template", "Write an empty dataset: its files with the names of their columns",
+                   &Make<TemplateCommand>},
       CommandEntry{"create", "Turn a dataset of CSV files into an audit file", &Make<CreateCommand>},
       CommandEntry{"validate", "Check an audit file against the schema", &Make<ValidateCommand>},
       CommandEntry{"summary", "Tell what an audit file holds: header, counts and totals", &Make<SummaryCommand>},

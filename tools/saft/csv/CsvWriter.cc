@@ -7,7 +7,7 @@
 namespace zevo::saft {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kMarkOfUtf8 = "\xEF\xBB\xBF";
 constexpr std::string_view kDigits = "0123456789";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -31,7 +31,7 @@ bool IsLikeNumber(std::string_view text) {
 }  // namespace
 
 CsvWriter::CsvWriter(std::ostream& out, CsvForm form) : out_(out), form_(form) {
-  if (form_ == CsvForm::kSpreadsheet) out_ << kByteOrderMark;
+  if (form_ == CsvForm::kSpreadsheet) out_ << kMarkOfUtf8;
 }
 
 void CsvWriter::Add(std::string_view text, CellKind kind) {

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/template/TemplateCommand.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+
+#include "tools/saft/csv/CsvWriter.h"
+#include "tools/saft/dataset/RecordColumns.h"
+#include "tools/saft/dataset/RecordKind.h"
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
+#include "tools/saft/output/UnfinishedPath.h"
+
+namespace zevo::saft {
+namespace {
+
+void WriteHeading(const RecordKind& kind, std::ostream& out) {
+  CsvWriter csv(out, CsvForm::kDataset);
+  const RecordColumns columns(kind);
+  for (const RecordColumn& column : columns.Columns()) csv.Add(column.name, CellKind::kText);
+  csv.EndRow();
+}
+
+}  // namespace
+
+TemplateCommand::TemplateCommand(CLI::App& options) {
+  options.add_option("DIR", folder_, "Folder to write; it must not exist yet, or be empty")
+      ->required()
+      ->option_text(" ");
+  options.footer(
+      R"(Every file of a dataset is written with one row, the names of its columns, in the order of the audit file. Fill the rows
+and run "saft create". Files and columns that are not needed may be deleted, and columns may be in any order.
+
+"saft create --help" tells the form of the files.)");
+}
+
+ExitCode TemplateCommand::Run() const {
+  const Interruption interruption(Interruption::During::kWriting);
+  UnfinishedPath folder(folder_, UnfinishedPath::kFolder);
+  for (const RecordKind& kind : RecordKinds()) {
+    if (kind.file.empty()) continue;
+    Interruption::ThrowIfRequested();
+    std::ofstream file(folder.Path() / kind.file, std::ios::binary);
+    WriteHeading(kind, file);
+    file.close();
+    if (!file) throw Failure((std::filesystem::path(folder_) / kind.file).string(), std::strerror(errno));
+  }
+  folder.PutInPlace();
+  return kDone;
+}
+
+}  // namespace zevo::saft
