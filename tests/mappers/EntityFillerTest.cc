@@ -146,6 +146,17 @@ TEST_F(EntityFillerTest, ElementsInsideATextAreToldOnce) {
                                    {Fault::kUnknownElement, "ProductCode/b"}}));
 }
 
+TEST_F(EntityFillerTest, ANumberThatIsTooLargeIsLeftOutAndToldAsOne) {
+  const auto filled = Fill<Invoice>(
+      "<Invoice><Line><LineNumber>99999999999</LineNumber><CreditAmount>99999999999999999999.5</CreditAmount></Line>"
+      "</Invoice>");
+  EXPECT_EQ(filled.record->Line()->Item(1)->CreditAmount(), Amount());
+  EXPECT_EQ(filled.problems, (Told{{Fault::kInexact, "Line/LineNumber"}, {Fault::kInexact, "Line/CreditAmount"}}));
+  const auto none =
+      Fill<Invoice>("<Invoice><Line><LineNumber>1.5</LineNumber><CreditAmount>1e5</CreditAmount></Line></Invoice>");
+  EXPECT_EQ(none.problems, (Told{{Fault::kUnreadable, "Line/LineNumber"}, {Fault::kUnreadable, "Line/CreditAmount"}}));
+}
+
 TEST_F(EntityFillerTest, NumbersAreReadByTheSchemaAndToldWhereTheyAreNone) {
   const auto filled = Fill<TaxTable>(
       "<TaxTable>"

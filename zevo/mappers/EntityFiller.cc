@@ -4,6 +4,7 @@
 #include <zevo/Error.h>
 #include <zevo/mappers/EntityMapper.h>
 #include <zevo/mappers/Layouts.h>
+#include <zevo/model/Decimal.h>
 #include <zevo/model/Property.h>
 #include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/model/internal/WholeText.h>
@@ -14,6 +15,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace zevo {
 namespace {
@@ -142,9 +144,21 @@ size_t Filler::FillChild(Record& record, const LayoutRow& row, const Property& p
   return end;
 }
 
+// Whether a text is a number of the kind, be it larger than a property of that type can be.
+template <class T>
+bool IsNumberOf(std::string_view text) {
+  if constexpr (std::is_same_v<T, bool>) {
+    return false;
+  } else {
+    return Decimal::FromText(text) && (!std::is_same_v<T, int32_t> || text.find('.') == std::string_view::npos);
+  }
+}
+
 template <class T>
 void Filler::Set(Record& record, const Property& property, size_t element, const std::optional<WholeValue<T>>& value) {
-  if (!value) return entity_.Note(Fault::kUnreadable, element);
+  if (!value) {
+    return entity_.Note(IsNumberOf<T>(entity_.TextOf(element)) ? Fault::kInexact : Fault::kUnreadable, element);
+  }
   if (!value->exact) entity_.Note(Fault::kInexact, element);
   property.set(record, value->value);
 }

@@ -16,7 +16,7 @@ struct FaultRow {
 constexpr auto kFaultRows = std::to_array<FaultRow>({
     {Fault::kUnreadable, "o elemento não pode ter este valor", "the element cannot have this value"},
     {Fault::kUnknownCode, "o código não é conhecido", "the code is unknown"},
-    {Fault::kInexact, "o registo só tem o número arredondado", "the record has the number rounded"},
+    {Fault::kInexact, "o registo não pode ter todos os algarismos", "the record cannot have all its digits"},
     {Fault::kRepeated, "está repetido; conta o primeiro", "is repeated; the first one counts"},
     {Fault::kUnknownElement, "não é conhecido neste sítio", "is not known here"},
     {Fault::kOutOfOrder, "está fora do seu lugar", "is out of place"},

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/NearestName.h"
 #include "tools/saft/input/AuditFileInput.h"
 #include "tools/saft/input/ProblemReport.h"
 #include "tools/saft/list/DatasetFolder.h"
@@ -19,10 +20,12 @@
 namespace zevo::saft {
 namespace {
 
-std::vector<std::string> NamesOfKinds() {
-  std::vector<std::string> names;
-  for (const RecordKind& kind : RecordKinds()) names.emplace_back(kind.name);
-  return names;
+const RecordKind& KindNamed(std::string_view name) {
+  const auto kind = std::ranges::find(RecordKinds(), name, &RecordKind::name);
+  if (kind != RecordKinds().end()) return *kind;
+  std::vector<std::string_view> names(RecordKinds().size());
+  std::ranges::transform(RecordKinds(), names.begin(), &RecordKind::name);
+  throw Failure("there is no kind " + Quoted(name) + "; the nearest name is " + std::string(NearestName(name, names)));
 }
 
 // A list of texts has what a record holds otherwise, or in another order. What it lacks is a second element where it
@@ -95,12 +98,12 @@ class ShownList {
 ListCommand::ListCommand(CLI::App& options) {
   options.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
   CLI::Option* const kind = options.add_option("KIND", kind_, "Class of the records, see below");
-  kind->check(CLI::IsMember(NamesOfKinds()))->option_text(" ");
+  kind->option_text(" ");
   options.add_option("--all", folder_, "Write all records into a new folder, as a dataset for \"saft create\"")
       ->option_text("DIR")
       ->excludes(kind);
   CLI::Option* const all = options.get_option("--all");
-  options.add_option("--columns", columns_, "List these columns, in this order, with commas between them")
+  options.add_option("--columns", columns_, "List these columns, in CSV in this order, with commas between them")
       ->delimiter(',')
       ->allow_extra_args(false)
       ->option_text("A,B,...")
@@ -147,7 +150,7 @@ bool ListCommand::IsToStandardOutput() const { return output_.empty() || output_
 ExitCode ListCommand::Run() const {
   if (!folder_.empty()) return ListAll();
   if (kind_.empty()) throw Failure("list takes a KIND, or --all DIR\nRun \"saft list --help\" for help.");
-  return ListKind(*std::ranges::find(RecordKinds(), kind_, &RecordKind::name));
+  return ListKind(KindNamed(kind_));
 }
 
 ExitCode ListCommand::ListAll() const {

@@ -30,10 +30,10 @@ std::filesystem::path PlaceAt(const std::string& given) {
 }
 
 void RequireFree(const std::filesystem::path& place, UnfinishedPath::What what) {
-  if (place.filename() == "." || place.filename() == "..") {
+  std::error_code error;
+  if (place.filename() == "." || place.filename() == ".." || std::filesystem::equivalent(place, ".", error)) {
     throw Failure(place.string(), "is a folder in use; name a new one");
   }
-  std::error_code error;
   const auto status = std::filesystem::symlink_status(place, error);
   if (!std::filesystem::exists(status)) return;
   if (what == UnfinishedPath::kFile) throw Failure(place.string(), "is there already");

@@ -63,6 +63,8 @@ TEST(CsvWriterTest, TextsThatWouldBeCalculatedAreGuarded) {
   EXPECT_EQ(Cell("-10%"), "'-10%");
   EXPECT_EQ(Cell("@soma"), "'@soma");
   EXPECT_EQ(Cell("\t=1"), "'\t=1");
+  EXPECT_EQ(Cell("＝1+1"), "'＝1+1");
+  EXPECT_EQ(Cell("\xEF\xBB\xBF=1"), "'\xEF\xBB\xBF=1");
   EXPECT_EQ(Cell("=A1;B1"), "\"'=A1;B1\"");
   // What should be a date, and is none.
   EXPECT_EQ(Cell("=HOJE()", CellKind::kDate), "'=HOJE()");
@@ -76,13 +78,17 @@ TEST(CsvWriterTest, NumbersAreNeverGuarded) {
 
 TEST(CsvWriterTest, TextsThatWouldBecomeNumbersOrDatesAreGuarded) {
   for (const std::string text :
-       {"007", "1234567890123456", "1-2", "3/4/10", "10:30", "1E5", "1.5", "1,5", "3500-115"}) {
+       {"007",       "1234567890123456", "1-2",     "3/4/10",        "10:30",      "1E5",  "1.5",
+        "1,5",       "3500-115",         "10%",     "(5)",           "5€",         "5 €",  "1 jan",
+        "10-Fev-12", "jan/12",           "2 março", "Dezembro 2012", "VERDADEIRO", "false"}) {
     EXPECT_TRUE(Cell(text).find('\'' + text) != std::string::npos) << text;
   }
 }
 
 TEST(CsvWriterTest, OtherTextsAreLeftAlone) {
-  for (const std::string text : {"", "0", "211", "123456789012345", "Rua 7", "1.º andar", "FT A/1", "2 e meio"}) {
+  for (const std::string text :
+       {"", "0", "211", "123456789012345", "Rua 7", "1.º andar", "FT A/1", "2 e meio", "Janela", "2 janelas",
+        "(sem nome)", "Falso alarme", "Março", "set", "Marco 2", "7 dias"}) {
     EXPECT_EQ(Cell(text), text);
   }
 }

@@ -88,6 +88,10 @@ TEST_F(UnfinishedPathTest, AFolderThatIsNamedByItsPlaceStays) {
     EXPECT_THAT(Refusal(place, UnfinishedPath::kFolder), ::testing::EndsWith("is a folder in use; name a new one"))
         << place;
   }
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.Path("empty"));
+  EXPECT_EQ(Refusal("empty", UnfinishedPath::kFolder), ": is a folder in use; name a new one");
+  std::filesystem::current_path(before);
 }
 
 TEST_F(UnfinishedPathTest, AnEmptyFolderGivesWay) {
