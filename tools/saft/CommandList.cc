@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "tools/saft/columns/ColumnsCommand.h"
 #include "tools/saft/create/CreateCommand.h"
 #include "tools/saft/list/ListCommand.h"
 #include "tools/saft/summary/SummaryCommand.h"
@@ -23,6 +24,7 @@ std::span<const CommandEntry> CommandList() {
   static constexpr std::array kCommands{
       CommandEntry{"template", "Write an empty dataset: its files with the names of their columns",
                    &Make<TemplateCommand>},
+      CommandEntry{"columns", "Tell what goes into the columns of a dataset", &Make<ColumnsCommand>},
       CommandEntry{"create", "Turn a dataset of CSV files into an audit file", &Make<CreateCommand>},
       CommandEntry{"validate", "Check an audit file against the schema", &Make<ValidateCommand>},
       CommandEntry{"summary", "Tell what an audit file holds: header, counts and totals", &Make<SummaryCommand>},

@@ -58,6 +58,9 @@ std::string DatasetHelp() {
   for (const DatasetFile& file : Dataset::Files()) {
     help.append("  ").append(file.name).append(kNameWidth - file.name.size(), ' ').append(file.description) += '\n';
   }
+  help +=
+      "\n\"saft template\" writes them empty, \"saft columns\" tells which columns are required and what goes into "
+      "them.\n";
   return help.append("\n").append(kContentHelp);
 }
 

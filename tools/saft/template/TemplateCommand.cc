@@ -33,7 +33,7 @@ TemplateCommand::TemplateCommand(CLI::App& options) {
       R"(Every file of a dataset is written with one row, the names of its columns, in the order of the audit file. Fill the rows
 and run "saft create". Files and columns that are not needed may be deleted, and columns may be in any order.
 
-"saft create --help" tells the form of the files.)");
+"saft columns" tells which columns are required and what goes into them; "saft create --help" tells the form of the files.)");
 }
 
 ExitCode TemplateCommand::Run() const {

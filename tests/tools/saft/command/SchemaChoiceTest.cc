@@ -59,6 +59,16 @@ TEST_F(SchemaChoiceTest, TheFileAtTheDefaultPlaceComesFirst) {
   EXPECT_THAT(Texts("CompanyName"), ElementsAre("xxxx"));
 }
 
+TEST_F(SchemaChoiceTest, AFaultOfTheOneAtTheDefaultPlaceIsToldWithItsNameOnce) {
+  const std::string schema = folder_.Path("moved") + testing::kDefaultSchema;
+  std::filesystem::create_directories(std::filesystem::path(schema).parent_path());
+  folder_.Write("moved" + std::string(testing::kDefaultSchema), std::string(300000, ' '));
+  const testing::Outcome outcome = RunMoved("columns");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "saft: " + schema + ": O esquema tem mais de 256 KiB\n");
+}
+
 TEST_F(SchemaChoiceTest, TheOneThatIsNamedComesBeforeAll) {
   const std::string schema = folder_.Write("narrow.xsd", kNarrowSchema);
   for (const auto& options : {std::vector<std::string>{"--schema", schema}, {"--stream", "--schema", schema}}) {
