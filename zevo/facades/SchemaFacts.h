@@ -23,11 +23,13 @@ struct ElementFacts {
   /// The built-in type that its text is restricted from, without a prefix: "string", "integer", "decimal", "date",
   /// "dateTime"; empty where the schema names none, as for an element with others inside.
   std::string type;
-  /// The least and the greatest length of the text in characters.
+  /// The least length of the text in characters.
   std::optional<int32_t> min_length;
+  /// The greatest length of the text in characters.
   std::optional<int32_t> max_length;
-  /// The least and the greatest value, as the schema has them: "2000-01-01", "12"; empty without.
+  /// The least value, as the schema has it: "2000-01-01", "1"; empty without.
   std::string least;
+  /// The greatest value; empty without.
   std::string greatest;
   /// The values allowed, where the schema lists them.
   std::vector<std::string> values;
@@ -38,7 +40,8 @@ struct ElementFacts {
 };
 
 /// What the schema in use says of the elements of a file: for programs that tell people, or check beforehand, what a
-/// file needs. Content in sequences, choices and "all" is known, not what stands in groups or is an extension.
+/// file needs. Content in sequences, choices and "all" is known, not what stands in groups or is an extension. An
+/// object is used by one thread at a time.
 class ZEVO_API SchemaFacts {
  public:
   /// Reads the schema that `Options` names on this thread, or the built-in one. Raises error 53 without a schema, what

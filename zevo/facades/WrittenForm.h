@@ -25,8 +25,8 @@ struct WrittenForm {
   std::string_view partner;
   /// Whether it is the one that is left out: the partner is written unless that is 0.
   bool yields = false;
-  /// Whether the element is written even where its text is empty, as a record of its own that is always there is. One of
-  /// two is not.
+  /// Whether the element is written even where its text is empty, as a record of its own that is always there is. One
+  /// of two is not.
   bool always = false;
 };
 
