@@ -22,9 +22,15 @@ void SchemaChoice::Use() const {
     if (named_.empty()) throw Failure("--schema", "names no file");
     RequireRegularFile(named_);
     if (!std::filesystem::exists(named_, unknown)) throw Failure(named_, "no such file");
-    Options().set_SchemaLocation(named_);
-  } else if (!std::filesystem::is_regular_file(Options().SchemaLocation(), unknown)) {
-    UseBuiltInSchema();
+  }
+  try {
+    if (option_->count() > 0) {
+      Options().set_SchemaLocation(named_);
+    } else if (!std::filesystem::is_regular_file(Options().SchemaLocation(), unknown)) {
+      UseBuiltInSchema();
+    }
+  } catch (const Error& error) {
+    FailWith(error, named_);  // memory ran out
   }
 }
 
