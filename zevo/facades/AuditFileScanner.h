@@ -33,8 +33,9 @@ class ScannedEntity;
 /// the file has: its elements with their texts and places, and the problems, where the record differs from them.
 ///
 /// What the file does not have is empty in the record, also where a new record has a value of its own. Names are those
-/// of the schema, letter case included. Memory is that of a few megabytes and of the largest record, however long the
-/// file; the lists of elements and problems take more once they are asked for.
+/// of the schema, letter case included; in which namespace an element is, and with which prefix, does not count. Memory
+/// is that of a few megabytes and of the largest record, however long the file; the lists of elements and problems take
+/// more once they are asked for.
 ///
 /// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
 /// success makes `AuditException` null. An object is used by one thread at a time.
