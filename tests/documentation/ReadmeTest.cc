@@ -62,6 +62,17 @@ TEST(ReadmeTest, TheExamplePrintsHashesAndProblems) {
             "2: none\nInvoiceType, \"FS\": the code is unknown (line 2, column 42).\n");
 }
 
+TEST(ReadmeTest, TheExamplePrintsViolations) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("a.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01">
+<Header/></AuditFile>)");
+  std::ostringstream out;
+  EXPECT_TRUE(PrintViolations(file, out));
+  EXPECT_NE(out.str().find("The header has no CompanyID, which is required (line 2, column 1).\n"), std::string::npos)
+      << out.str();
+  EXPECT_FALSE(PrintViolations(folder.Path("none.xml"), out));
+}
+
 TEST(ReadmeTest, TheCMakeLinesAreThoseOfTheConsumerThatIsTested) {
   const std::string readme = ReadBytes(InSource("README.md"));
   const std::string consumer = ReadBytes(InSource("tests/consumer/CMakeLists.txt"));
