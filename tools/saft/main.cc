@@ -3,16 +3,20 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <iostream>
 #include <memory>
 #include <new>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/saft/CommandList.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
+#include "tools/saft/errors/NearestName.h"
 #include "tools/saft/terminal/VisibleText.h"
 
 namespace zevo::saft {
@@ -29,7 +33,23 @@ void KeepOutputs() {
   }
 }
 
+// The library takes an unknown command for an argument of the program.
+void RequireKnownCommand(std::string_view given) {
+  std::vector<std::string_view> names(CommandList().size());
+  std::ranges::transform(CommandList(), names.begin(), &CommandEntry::name);
+  if (given.starts_with('-') || std::ranges::find(names, given) != names.end()) return;
+  throw Failure("there is no command " + Quoted(given) + "; the nearest is " + std::string(NearestName(given, names)) +
+                "\nRun \"saft --help\" for help.");
+}
+
+// Of the command that is wrongly used or, without one, of the program.
+std::string WhereHelpIs(const CLI::App& program) {
+  const auto commands = program.get_subcommands();
+  return "Run \"saft " + (commands.empty() ? "" : commands.front()->get_name() + " ") + "--help\" for help.";
+}
+
 ExitCode Run(int argc, char** argv) {
+  if (argc > 1) RequireKnownCommand(argv[1]);
   CLI::App program("Writes, checks, sums up and lists SAF-T (PT) 1.01_01 audit files.", "saft");
   program.set_version_flag("--version", "saft " SAFT_VERSION, "Print the version and exit");
   program.require_subcommand(1);
@@ -52,7 +72,7 @@ ExitCode Run(int argc, char** argv) {
     program.exit(help);
     return kDone;
   } catch (const CLI::ParseError& error) {
-    throw Failure(Visible(error.what()) + "\nRun \"saft --help\" for help.");
+    throw Failure(Visible(error.what()) + "\n" + WhereHelpIs(program));
   }
   for (const auto& [options, command] : commands) {
     if (options->parsed()) return command->Run();
