@@ -410,7 +410,7 @@ void SchemaDiagnosis::JudgeText(Frame& frame, const std::string& text) {
     if (refusal) Tell(Make(refusal->number, Step(frame.name, frame.ordinal), frame.place, text, refusal->allowed));
   }
   if (frames_.empty()) return;
-  Frame& parent = frames_.back();
+  const Frame& parent = frames_.back();
   if (parent.record && records_of_schema_[records_.back().kind].key == frame.name) KnowKey(records_.back(), text);
   FollowTrails(parent, frame);
   if (!frame.trails.empty()) Capture(frame, by_default ? *fixed : text, valid);

@@ -106,7 +106,8 @@ bool SimpleType::Add(std::string_view facet, std::string_view value) {
   Facets& kind = row->type == XML_SCHEMA_FACET_PATTERN       ? patterns_
                  : row->type == XML_SCHEMA_FACET_ENUMERATION ? enumeration_
                                                              : limits_;
-  Facet& added = kind.emplace_back(Facet{row->number, std::string(value), nullptr});
+  kind.push_back({row->number, std::string(value), nullptr});
+  Facet& added = kind.back();
   added.compiled.reset(xmlSchemaNewFacet());
   if (!added.compiled) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
   added.compiled->type = row->type;
