@@ -35,10 +35,11 @@ void KeepOutputs() {
 
 // The library takes an unknown command for an argument of the program.
 void RequireKnownCommand(std::string_view given) {
-  std::vector<std::string_view> names(CommandList().size());
-  std::ranges::transform(CommandList(), names.begin(), &CommandEntry::name);
-  if (given.starts_with('-') || std::ranges::find(names, given) != names.end()) return;
-  throw Failure("there is no command " + Quoted(given) + "; the nearest is " + std::string(NearestName(given, names)) +
+  const bool known =
+      std::ranges::any_of(CommandList(), [given](const CommandEntry& each) { return each.name == given; });
+  if (given.starts_with('-') || known) return;
+  throw Failure("there is no command " + Quoted(given) + "; the nearest is " +
+                std::string(NearestName(given, CommandList(), &CommandEntry::name)) +
                 "\nRun \"saft --help\" for help.");
 }
 

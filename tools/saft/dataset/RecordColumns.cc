@@ -57,10 +57,8 @@ std::vector<ListedElement> RecordColumns::ElementsOf(const Record& record, const
 size_t RecordColumns::PlaceOf(std::string_view column) const {
   const auto found = std::ranges::find(columns_, column, &RecordColumn::name);
   if (found != columns_.end()) return static_cast<size_t>(found - columns_.begin());
-  std::vector<std::string_view> names(columns_.size());
-  std::ranges::transform(columns_, names.begin(), &RecordColumn::name);
   throw Failure(std::string(kind_.name) + " has no column " + Quoted(column) + "; the nearest name is " +
-                std::string(NearestName(column, names)));
+                std::string(NearestName(column, columns_, &RecordColumn::name)));
 }
 
 }  // namespace zevo::saft

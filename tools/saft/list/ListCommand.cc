@@ -23,9 +23,8 @@ namespace {
 const RecordKind& KindNamed(std::string_view name) {
   const auto kind = std::ranges::find(RecordKinds(), name, &RecordKind::name);
   if (kind != RecordKinds().end()) return *kind;
-  std::vector<std::string_view> names(RecordKinds().size());
-  std::ranges::transform(RecordKinds(), names.begin(), &RecordKind::name);
-  throw Failure("there is no kind " + Quoted(name) + "; the nearest name is " + std::string(NearestName(name, names)));
+  throw Failure("there is no kind " + Quoted(name) + "; the nearest name is " +
+                std::string(NearestName(name, RecordKinds(), &RecordKind::name)));
 }
 
 // A list of texts has what a record holds otherwise, or in another order. What it lacks is a second element where it
