@@ -9,6 +9,7 @@
 #include "tools/saft/summary/SummaryCommand.h"
 #include "tools/saft/template/TemplateCommand.h"
 #include "tools/saft/validate/ValidateCommand.h"
+#include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -22,13 +23,12 @@ std::unique_ptr<Command> Make(CLI::App& options) {
 
 std::span<const CommandEntry> CommandList() {
   static constexpr std::array kCommands{
-      CommandEntry{"template", "Write an empty dataset: its files with the names of their columns",
-                   &Make<TemplateCommand>},
-      CommandEntry{"columns", "Tell what goes into the columns of a dataset", &Make<ColumnsCommand>},
-      CommandEntry{"create", "Turn a dataset of CSV files into an audit file", &Make<CreateCommand>},
-      CommandEntry{"validate", "Check an audit file against the schema", &Make<ValidateCommand>},
-      CommandEntry{"summary", "Tell what an audit file holds: header, counts and totals", &Make<SummaryCommand>},
-      CommandEntry{"list", "Write the records of a file as CSV or JSON", &Make<ListCommand>},
+      CommandEntry{"template", words::kTemplateCommand, &Make<TemplateCommand>},
+      CommandEntry{"columns", words::kColumnsCommand, &Make<ColumnsCommand>},
+      CommandEntry{"create", words::kCreateCommand, &Make<CreateCommand>},
+      CommandEntry{"validate", words::kValidateCommand, &Make<ValidateCommand>},
+      CommandEntry{"summary", words::kSummaryCommand, &Make<SummaryCommand>},
+      CommandEntry{"list", words::kListCommand, &Make<ListCommand>},
   };
   return kCommands;
 }

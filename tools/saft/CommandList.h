@@ -7,13 +7,14 @@
 #include <span>
 
 #include "tools/saft/command/Command.h"
+#include "tools/saft/words/Text.h"
 
 namespace zevo::saft {
 
 /// A command as the program offers it.
 struct CommandEntry {
   const char* name;
-  const char* description;  ///< of one line, for the help
+  Text<> description;  ///< of one line, for the help
   /// Declares the options of the command, and makes what runs with them.
   std::unique_ptr<Command> (*make)(CLI::App& options);
 };

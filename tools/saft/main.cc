@@ -9,15 +9,20 @@
 #include <iostream>
 #include <memory>
 #include <new>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tools/saft/CommandList.h"
+#include "tools/saft/command/UsageError.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
 #include "tools/saft/errors/NearestName.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/ErrorWords.h"
+#include "tools/saft/words/SpokenLanguage.h"
+#include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -38,42 +43,79 @@ void RequireKnownCommand(std::string_view given) {
   const bool known =
       std::ranges::any_of(CommandList(), [given](const CommandEntry& each) { return each.name == given; });
   if (given.starts_with('-') || known) return;
-  throw Failure("there is no command " + Quoted(given) + "; the nearest is " +
-                std::string(NearestName(given, CommandList(), &CommandEntry::name)) +
-                "\nRun \"saft --help\" for help.");
+  throw Failure(Say(words::kUnknownCommand, Quoted(given)) + DidYouMean(given, CommandList(), &CommandEntry::name) +
+                '\n' + Say(words::kSeeHelp, "saft"));
 }
 
-// Of the command that is wrongly used or, without one, of the program.
-std::string WhereHelpIs(const CLI::App& program) {
-  const auto commands = program.get_subcommands();
-  return "Run \"saft " + (commands.empty() ? "" : commands.front()->get_name() + " ") + "--help\" for help.";
+constexpr std::string_view kLanguageOption = "--lang";
+
+// Chooses the language before anything is said, which is before the arguments are looked at as a whole.
+void ChooseLanguage(std::span<const char* const> arguments) {
+  Speak(LanguageOfEnvironment());
+  for (size_t i = 0; i < arguments.size(); ++i) {
+    const std::string_view argument(arguments[i]);
+    if (!argument.starts_with(kLanguageOption)) continue;
+    std::string_view name = argument.substr(kLanguageOption.size());
+    if (name.empty()) {
+      if (i + 1 == arguments.size()) return;  // told where the arguments are looked at
+      name = arguments[i + 1];
+    } else if (name.starts_with('=')) {
+      name.remove_prefix(1);
+    } else {
+      continue;
+    }
+    const auto language = LanguageNamed(name);
+    if (!language) throw Failure(Say(words::kUnknownLanguage, Quoted(name)));
+    Speak(*language);
+  }
 }
 
-ExitCode Run(int argc, char** argv) {
-  if (argc > 1) RequireKnownCommand(argv[1]);
-  CLI::App program("Writes, checks, sums up and lists SAF-T (PT) 1.01_01 audit files.", "saft");
-  program.set_version_flag("--version", "saft " SAFT_VERSION, "Print the version and exit");
+// The option is there for the help, and so that it is taken where it stands.
+void AddLanguageOption(CLI::App& options) {
+  options
+      .add_option_function<std::string>(
+          std::string(kLanguageOption), [](const std::string&) {}, Say(words::kLanguageOption))
+      ->option_text("pt|en");
+}
+
+// What every help page says.
+void SetWordsOfHelp(CLI::App& program) {
+  program.get_formatter()->label("Usage", Say(words::kUsage));
+  program.get_formatter()->label("OPTIONS", Say(words::kOptionsBadge));
+  program.get_formatter()->label("SUBCOMMAND", Say(words::kCommandBadge));
+  program.get_formatter()->label("Positionals", Say(words::kArguments));
+  program.option_defaults()->group(Say(words::kOptions))->disable_flag_override();
+  program.set_help_flag("-h,--help", Say(words::kHelpOption));
+  program.set_version_flag("--version", "saft " SAFT_VERSION, Say(words::kVersionOption));
+}
+
+ExitCode Run(std::span<char*> arguments) {
+  ChooseLanguage(arguments);
+  if (arguments.size() > 1) RequireKnownCommand(arguments[1]);
+  CLI::App program(Say(words::kProgram), "saft");
+  SetWordsOfHelp(program);
+  AddLanguageOption(program);
   program.require_subcommand(1);
-  program.footer(
-      "Exit codes: 0 done, 1 the file is not valid (validate), 2 any error; errors are told on standard error.\n"
-      "More about a command: saft COMMAND --help");
+  program.footer(Say(words::kProgramHelp));
   struct Offered {
     const CLI::App* options;
     std::unique_ptr<Command> command;
   };
   std::vector<Offered> commands;
   for (const auto& [name, description, make] : CommandList()) {
-    CLI::App* const options = program.add_subcommand(name, description);
+    CLI::App* const options = program.add_subcommand(name, Say(description));
+    options->group(Say(words::kCommands));
     commands.push_back({options, make(*options)});
+    AddLanguageOption(*options);
   }
 
   try {
-    program.parse(argc, argv);
+    program.parse(static_cast<int>(arguments.size()), arguments.data());
   } catch (const CLI::Success& help) {
     program.exit(help);
     return kDone;
   } catch (const CLI::ParseError& error) {
-    throw Failure(Visible(error.what()) + "\n" + WhereHelpIs(program));
+    throw Failure(UsageError(program, error));
   }
   for (const auto& [options, command] : commands) {
     if (options->parsed()) return command->Run();
@@ -90,22 +132,24 @@ int main(int argc, char** argv) {
   // With the signal ignored, a file that grows too large is an ordinary write error, like a full disk.
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
+  using namespace zevo::saft;
   try {
-    const zevo::saft::ExitCode code = zevo::saft::Run(argc, argv);
-    if (!std::cout.flush()) throw zevo::saft::Failure("standard output cannot be written");
+    const ExitCode code = Run({argv, static_cast<size_t>(argc)});
+    if (!std::cout.flush()) throw Failure(Say(words::kOutputUnwritable));
     return code;
-  } catch (const zevo::saft::Failure& failure) {
+  } catch (const Failure& failure) {
     std::cerr << "saft: " << failure.what() << '\n';
-    return zevo::saft::kError;
-  } catch (const zevo::saft::Interrupted& interrupted) {
-    std::cerr << "saft: interrupted\n";
+    return kError;
+  } catch (const Interrupted& interrupted) {
+    std::cerr << "saft: " << Say(words::kInterrupted) << '\n';
     interrupted.EndProgram();
-    return zevo::saft::kError;
+    return kError;
   } catch (const std::bad_alloc&) {
-    std::cerr << "saft: not enough memory\n";
-    return zevo::saft::kError;
+    // Saying it takes memory, which may not be there.
+    std::cerr << "saft: " << words::kOutOfMemory.In(SpokenLanguage()) << '\n';
+    return kError;
   } catch (const std::exception& error) {
-    std::cerr << "saft: " << zevo::saft::Visible(error.what()) << '\n';
-    return zevo::saft::kError;
+    std::cerr << "saft: " << Say(words::kUnexpected, Visible(error.what())) << '\n';
+    return kError;
   }
 }

@@ -88,7 +88,7 @@ TEST_F(ProgramTest, MemoryThatRunsOutIsToldAndLeavesNothing) {
 
 TEST_F(ProgramTest, WhatIsGivenIsMadeVisible) {
   const testing::Outcome usage = Run({"summary", "a.xml", "\x1B[31mb"});
-  EXPECT_THAT(usage.err, AllOf(HasSubstr("expected: \\x1B[31mb"), ::testing::Not(HasSubstr("\x1B"))));
+  EXPECT_THAT(usage.err, AllOf(HasSubstr("arguments: \"\\x1B[31mb\""), ::testing::Not(HasSubstr("\x1B"))));
   const testing::Outcome name = Run({"summary",
                                      "a\xE2\x80\xAE"
                                      "b\n\xFF.xml"});

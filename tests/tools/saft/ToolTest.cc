@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 
 namespace zevo::testing {
@@ -31,6 +32,7 @@ Outcome ToolTest::Execute(const std::vector<std::string>& command) {
   const std::string err = streams.Path("err");
   const pid_t child = fork();
   if (child == 0) {
+    setenv("LC_ALL", "C", 1);  // in English, unless a test says otherwise
     std::vector<char*> argv;
     for (const std::string& argument : command) argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);

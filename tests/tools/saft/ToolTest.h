@@ -20,7 +20,7 @@ struct Outcome {
   std::string err;
 };
 
-/// Runs the program as a user does, on files of the test's own.
+/// Runs the program as a user does, on files of the test's own. It speaks English.
 class ToolTest : public ::testing::Test {
  public:
   ToolTest();

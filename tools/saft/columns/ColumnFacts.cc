@@ -49,25 +49,25 @@ bool Takes(const ElementFacts& facts, const std::string& text) {
   return !listed || std::ranges::find(values.texts, text) != values.texts.end();
 }
 
-std::string_view TypeOf(const Property* property, const ElementFacts& facts, bool fewCodes) {
+ColumnType TypeOf(const Property* property, const ElementFacts& facts, bool fewCodes) {
   switch (property == nullptr ? PropertyType::kText : property->type) {
     case PropertyType::kAmount:
     case PropertyType::kSingle:
-      return "amount";
+      return ColumnType::kAmount;
     case PropertyType::kFlag:
-      return "flag";
+      return ColumnType::kFlag;
     case PropertyType::kCount:
-      return "whole number";
+      return ColumnType::kWholeNumber;
     case PropertyType::kCode:
-      return "code";
+      return ColumnType::kCode;
     default:
       break;
   }
   const TextKind kind = property == nullptr ? TextKind::kPlain : property->text_kind;
-  if (kind == TextKind::kDate) return "date";
-  if (kind == TextKind::kDateTime) return "date and time";
-  if (facts.type == "integer") return "whole number";
-  return fewCodes ? "code" : "text";
+  if (kind == TextKind::kDate) return ColumnType::kDate;
+  if (kind == TextKind::kDateTime) return ColumnType::kDateAndTime;
+  if (facts.type == "integer") return ColumnType::kWholeNumber;
+  return fewCodes ? ColumnType::kCode : ColumnType::kText;
 }
 
 class FactsFinder {
@@ -148,7 +148,7 @@ class FactsFinder {
     const std::string text = TextFromValue(property, property.get(record));
     const bool constant = property.set == nullptr;
     if (constant) {
-      column.type = "code";
+      column.type = ColumnType::kCode;
       column.codes = {text};
       column.pattern.clear();
     }

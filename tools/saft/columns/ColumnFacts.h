@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "tools/saft/dataset/RecordKind.h"
@@ -22,6 +21,9 @@ enum class Needed {
   kWith  ///< as soon as another column of its group is filled
 };
 
+/// What the cells of a column are.
+enum class ColumnType { kText, kDate, kDateAndTime, kAmount, kWholeNumber, kFlag, kCode };
+
 /// What there is to know of a column of a dataset, but for its meaning.
 struct ColumnFacts {
   std::string name;
@@ -30,13 +32,12 @@ struct ColumnFacts {
   std::string group;
   /// The other column of a pair of which the file holds one; empty for others.
   std::string partner;
-  /// In words for people: "text", "whole number".
-  std::string_view type;
+  ColumnType type = ColumnType::kText;
   std::optional<int32_t> max_length;
   /// The least and the greatest value; empty without.
   std::string least;
   std::string greatest;
-  /// The values allowed. A column of type "text" takes others besides, which match the pattern.
+  /// The values allowed. A column of texts takes others besides, which match the pattern.
   std::vector<std::string> codes;
   /// What a text must match, in the language of XML Schema; empty without.
   std::string pattern;

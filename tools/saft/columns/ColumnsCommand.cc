@@ -4,26 +4,26 @@
 #include <zevo/adapters.h>
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <string_view>
 #include <vector>
 
 #include "tools/saft/columns/ColumnFacts.h"
-#include "tools/saft/columns/Meanings.h"
 #include "tools/saft/dataset/RecordKind.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/NearestName.h"
 #include "tools/saft/terminal/Table.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/ColumnWords.h"
+#include "tools/saft/words/Meanings.h"
+#include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-// The language of what is told here.
-constexpr Language kLanguage = Language::kEnglish;
 
 // All kinds that a dataset has, or the one of a name or a file.
 std::vector<const RecordKind*> KindsNamed(std::string_view name) {
@@ -35,11 +35,25 @@ std::vector<const RecordKind*> KindsNamed(std::string_view name) {
     if (name.empty() || name == kind.name || name == kind.file) kinds.push_back(&kind);
   }
   if (!kinds.empty()) return kinds;
-  throw Failure("no kind of record and no file of a dataset is named " + Quoted(name) + "; the nearest name is " +
-                std::string(NearestName(name, names)));
+  throw Failure(Say(words::kUnknownKindOrFile, Quoted(name)) + DidYouMean(name, names));
 }
 
 std::string RequiredText(const ColumnFacts& column) {
+  switch (column.needed) {
+    case Needed::kYes:
+      return Say(words::kYes);
+    case Needed::kNo:
+      return Say(words::kNo);
+    case Needed::kOr:
+      return Say(words::kOr, column.partner);
+    case Needed::kWith:
+      return Say(words::kWith, column.group);
+  }
+  return {};
+}
+
+// For programs, whatever the language.
+std::string RequiredForJson(const ColumnFacts& column) {
   switch (column.needed) {
     case Needed::kYes:
       return "yes";
@@ -53,6 +67,23 @@ std::string RequiredText(const ColumnFacts& column) {
   return {};
 }
 
+struct TypeRow {
+  ColumnType type;
+  std::string_view for_json;
+  Text<> text;
+};
+constexpr std::array kTypeRows{
+    TypeRow{ColumnType::kText, "text", words::kText},
+    TypeRow{ColumnType::kDate, "date", words::kDate},
+    TypeRow{ColumnType::kDateAndTime, "date and time", words::kDateAndTime},
+    TypeRow{ColumnType::kAmount, "amount", words::kAmount},
+    TypeRow{ColumnType::kWholeNumber, "whole number", words::kWholeNumber},
+    TypeRow{ColumnType::kFlag, "flag", words::kFlag},
+    TypeRow{ColumnType::kCode, "code", words::kCode},
+};
+
+const TypeRow& RowOf(ColumnType type) { return *std::ranges::find(kTypeRows, type, &TypeRow::type); }
+
 Json TextOrNull(std::string_view text) { return text.empty() ? Json() : Json(text); }
 
 void PrintJson(const RecordKind& kind, const std::vector<ColumnFacts>& columns) {
@@ -62,9 +93,9 @@ void PrintJson(const RecordKind& kind, const std::vector<ColumnFacts>& columns) 
         {"file", kind.file},
         {"kind", kind.name},
         {"column", column.name},
-        {"required", RequiredText(column)},
+        {"required", RequiredForJson(column)},
         {"partner", TextOrNull(column.partner)},
-        {"type", column.type},
+        {"type", RowOf(column.type).for_json},
         {"max_length", column.max_length ? Json(*column.max_length) : Json()},
         {"least", TextOrNull(column.least)},
         {"greatest", TextOrNull(column.greatest)},
@@ -72,7 +103,7 @@ void PrintJson(const RecordKind& kind, const std::vector<ColumnFacts>& columns) 
         {"pattern", TextOrNull(column.pattern)},
         {"example", column.pattern.empty() || meaning == nullptr ? Json() : TextOrNull(meaning->example)},
         {"preset", TextOrNull(column.preset)},
-        {"meaning", meaning == nullptr ? Json() : Json(meaning->In(kLanguage))},
+        {"meaning", meaning == nullptr ? Json() : Json(Say(meaning->text))},
     };
     std::cout << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
   }
@@ -90,25 +121,27 @@ std::string CodesText(const std::vector<std::string>& codes) {
 
 // The meaning, and what else there is to say of the value.
 std::string MeaningText(const ColumnFacts& column, const Meaning* meaning) {
-  std::string text(meaning == nullptr ? std::string_view() : meaning->In(kLanguage));
-  const auto add = [&](std::string_view what, const std::string& value) {
-    text.append(text.empty() ? "" : " ").append(what).append(value) += '.';
-  };
-  if (!column.codes.empty() && column.codes != std::vector{column.preset}) add("Codes: ", CodesText(column.codes));
-  if (column.needed != Needed::kOr && !column.partner.empty()) add("Not beside ", column.partner);
-  if (!column.pattern.empty() && meaning != nullptr && std::ranges::count(column.codes, meaning->example) == 0) {
-    add(column.codes.empty() ? "Such as " : "Or such as ", std::string(meaning->example));
+  std::string text = meaning == nullptr ? std::string() : Say(meaning->text);
+  const auto add = [&](const std::string& sentence) { text.append(text.empty() ? "" : " ").append(sentence); };
+  if (!column.codes.empty() && column.codes != std::vector{column.preset}) {
+    add(Say(words::kCodes, CodesText(column.codes)));
   }
-  if (column.type != "flag" && !column.least.empty()) add("", column.least + " to " + column.greatest);
-  if (!column.preset.empty() && column.type != "amount" && column.type != "flag") add("If empty: ", column.preset);
+  if (column.needed != Needed::kOr && !column.partner.empty()) add(Say(words::kNotBeside, column.partner));
+  if (!column.pattern.empty() && meaning != nullptr && std::ranges::count(column.codes, meaning->example) == 0) {
+    add(Say(column.codes.empty() ? words::kSuchAs : words::kOrSuchAs, meaning->example));
+  }
+  const bool flag = column.type == ColumnType::kFlag;
+  if (!flag && !column.least.empty()) add(Say(words::kFromTo, column.least, column.greatest));
+  if (!flag && column.type != ColumnType::kAmount && !column.preset.empty()) add(Say(words::kIfEmpty, column.preset));
   return text;
 }
 
 void PrintTable(const RecordKind& kind, const std::vector<ColumnFacts>& columns) {
   Table table(5);
-  table.Add({"Column", "Required", "Type", "Length", "Meaning"});
+  table.Add({Say(words::kColumn), Say(words::kRequired), Say(words::kTypeOfColumn), Say(words::kLength),
+             Say(words::kMeaning)});
   for (const ColumnFacts& column : columns) {
-    table.Add({column.name, RequiredText(column), std::string(column.type),
+    table.Add({column.name, RequiredText(column), Say(RowOf(column.type).text),
                column.max_length ? std::to_string(*column.max_length) : "",
                MeaningText(column, MeaningOf(kind.name, column.name))});
   }
@@ -131,40 +164,9 @@ SchemaFacts FactsOfSchema() {
 }  // namespace
 
 ColumnsCommand::ColumnsCommand(CLI::App& options) : schema_(options) {
-  options.add_option("KIND", kind_, "Class of records or file of a dataset, such as Customer or customers.csv")
-      ->option_text(" ");
-  options.add_flag("--json", json_, "Write a JSON object a line instead of tables")->option_text(" ");
-  options.footer(
-      R"(Tells the columns that a dataset for "saft create" may have, in the order of the audit file; without KIND those of all
-files. "saft template" writes the files with these columns.
-
-Required is a column without which "saft create" makes no valid file. The rest comes by itself or may be absent:
-
-  yes     in every row
-  no      nothing is needed
-  or X    this column or X, not both; without either the file has a 0
-  with X  in a row where another column of X is filled
-
-The length is the greatest one in characters; longer texts are shortened or make the file invalid. A column of type "code"
-takes the codes only, a text with codes takes these and texts like the example.
-
-With --json each line is an object with these members. All values are texts, but for the length, a number, and the list of
-codes; null stands for what there is not:
-
-  file        of the dataset, such as customers.csv
-  kind        of record, such as Customer
-  column      such as BillingAddress.City
-  required    yes, no, "or COLUMN" or "with GROUP", as above
-  partner     the other column of two of which the file holds one
-  type        text, date (2010-01-31), date and time (2010-01-31T09:30:00), amount, whole number, flag (0 or 1) or code
-  max_length  greatest length in characters
-  least       least value
-  greatest    greatest value
-  codes       all codes, in a list that may be empty
-  pattern     what a text that is no code must match, a regular expression of XML Schema
-  example     a text that matches the pattern
-  preset      what the file has where the cell is empty
-  meaning     a sentence)");
+  options.add_option(Say(words::kKindArgument), kind_, Say(words::kColumnsKind))->option_text(" ");
+  options.add_flag("--json", json_, Say(words::kColumnsJson))->option_text(" ");
+  options.footer(Say(words::kColumnsHelp));
 }
 
 ExitCode ColumnsCommand::Run() const {

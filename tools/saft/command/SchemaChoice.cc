@@ -8,20 +8,22 @@
 
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/input/InputName.h"
+#include "tools/saft/words/FileWords.h"
+#include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
 
 SchemaChoice::SchemaChoice(CLI::App& options)
-    : option_(options.add_option("--schema", named_, "Schema to use instead of the library's own")) {
-  option_->type_name("XSD");
+    : option_(options.add_option("--schema", named_, Say(words::kSchemaOption))) {
+  option_->option_text("XSD");
 }
 
 void SchemaChoice::Use() const {
   std::error_code unknown;
   if (option_->count() > 0) {
-    if (named_.empty()) throw Failure("--schema", "names no file");
+    if (named_.empty()) throw Failure("--schema", Say(words::kNamesNoFile));
     RequireRegularFile(named_);
-    if (!std::filesystem::exists(named_, unknown)) throw Failure(named_, "no such file");
+    if (!std::filesystem::exists(named_, unknown)) throw Failure(named_, Say(words::kNoSuchFile));
   }
   try {
     if (option_->count() > 0) {
@@ -45,7 +47,7 @@ void SchemaChoice::RequireUsable() const {
 
 void SchemaChoice::Fail(const AuditException& error) {
   const std::string location = Options().SchemaLocation();
-  const std::string name = location.empty() ? "built-in schema" : location;
+  const std::string name = location.empty() ? Say(words::kBuiltInSchema) : location;
   AuditException unnamed = error;
   // The name is added below, so the one that the library puts in front is cut off.
   if (const std::string prefix = name + ": "; error.Description().starts_with(prefix)) {

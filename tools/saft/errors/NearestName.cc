@@ -6,6 +6,8 @@
 #include <numeric>
 #include <vector>
 
+#include "tools/saft/words/ErrorWords.h"
+
 namespace zevo::saft {
 namespace {
 
@@ -30,6 +32,12 @@ double Distance(std::string_view from, std::string_view to) {
 
 std::string_view NearestName(std::string_view given, std::span<const std::string_view> known) {
   return *std::ranges::min_element(known, {}, [given](std::string_view name) { return Distance(given, name); });
+}
+
+std::string DidYouMean(std::string_view given, std::span<const std::string_view> known) {
+  constexpr double kFar = 0.5;
+  const std::string_view nearest = NearestName(given, known);
+  return Distance(given, nearest) > kFar ? std::string() : Say(words::kDidYouMean, nearest);
 }
 
 }  // namespace zevo::saft

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +20,17 @@ std::string_view NearestName(std::string_view given, const Named& known, Name na
   std::vector<std::string_view> names(known.size());
   std::ranges::transform(known, names.begin(), name);
   return NearestName(given, names);
+}
+
+/// Asks whether that name was meant, as it follows on what is told: "; did you mean Customer?". Nothing where less than
+/// half of the letters agree.
+std::string DidYouMean(std::string_view given, std::span<const std::string_view> known);
+
+template <class Named, class Name>
+std::string DidYouMean(std::string_view given, const Named& known, Name name) {
+  std::vector<std::string_view> names(known.size());
+  std::ranges::transform(known, names.begin(), name);
+  return DidYouMean(given, names);
 }
 
 }  // namespace zevo::saft

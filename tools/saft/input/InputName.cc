@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/words/FileWords.h"
 
 namespace zevo::saft {
 
@@ -12,18 +13,18 @@ void RequireRegularFile(const std::string& path) {
   std::error_code unknown;
   switch (std::filesystem::status(path, unknown).type()) {
     case std::filesystem::file_type::directory:
-      throw Failure(path, "is a folder");
+      throw Failure(path, Say(words::kIsFolder));
     case std::filesystem::file_type::fifo:
-      throw Failure(path, "is a pipe");
+      throw Failure(path, Say(words::kIsPipe));
     case std::filesystem::file_type::socket:
-      throw Failure(path, "is a socket");
+      throw Failure(path, Say(words::kIsSocket));
     case std::filesystem::file_type::block:
     case std::filesystem::file_type::character:
-      throw Failure(path, "is a device");
+      throw Failure(path, Say(words::kIsDevice));
     case std::filesystem::file_type::regular:
       return;
     default:
-      if (std::filesystem::is_symlink(path, unknown)) throw Failure(path, "is a link that leads nowhere");
+      if (std::filesystem::is_symlink(path, unknown)) throw Failure(path, Say(words::kLeadsNowhere));
   }
 }
 
@@ -34,8 +35,8 @@ std::string InputName(const std::string& given) {
   }
   std::error_code closed;
   const auto behind = std::filesystem::status(kStandardInput, closed).type();
-  if (behind == std::filesystem::file_type::not_found) throw Failure(given, "standard input is closed");
-  if (behind == std::filesystem::file_type::directory) throw Failure(given, "is a folder");
+  if (behind == std::filesystem::file_type::not_found) throw Failure(given, Say(words::kInputClosed));
+  if (behind == std::filesystem::file_type::directory) throw Failure(given, Say(words::kIsFolder));
   return kStandardInput;
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/ProblemWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -28,7 +29,7 @@ void ProblemReport::Add(const AuditFileScanner& scanner, const Problem& problem)
   if (IsInsideStray(problem)) return;
   Places& places = places_[static_cast<size_t>(problem.fault)];
   if (++places.count > static_cast<int64_t>(kTold)) return;
-  places.first.push_back(Subject(scanner, problem).append(Abridged(Describe(problem, Language::kEnglish))));
+  places.first.push_back(Subject(scanner, problem).append(Abridged(Describe(problem, SpokenLanguage()))));
 }
 
 bool ProblemReport::IsInsideStray(const Problem& problem) {
@@ -53,10 +54,11 @@ std::vector<std::string> ProblemReport::First() const {
 void ProblemReport::Report(std::ostream& out) const {
   for (const auto& [count, first] : places_) {
     if (count == 0) continue;
-    out << "saft: " << Visible(file_) << ": " << count << (count == 1 ? " problem\n" : " problems of one kind\n");
+    const std::string many = SayOf(static_cast<size_t>(count), words::kProblem, words::kProblems);
+    out << "saft: " << Visible(file_) << ": " << many << '\n';
     for (const std::string& place : first) out << "  " << place << '\n';
     const int64_t more = count - static_cast<int64_t>(first.size());
-    if (more > 0) out << "  and " << more << " more\n";
+    if (more > 0) out << "  " << Say(words::kAndMore, more) << '\n';
   }
 }
 

@@ -16,6 +16,9 @@
 #include "tools/saft/list/ListFile.h"
 #include "tools/saft/output/UnfinishedPath.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/ErrorWords.h"
+#include "tools/saft/words/ListWords.h"
+#include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -23,8 +26,7 @@ namespace {
 const RecordKind& KindNamed(std::string_view name) {
   const auto kind = std::ranges::find(RecordKinds(), name, &RecordKind::name);
   if (kind != RecordKinds().end()) return *kind;
-  throw Failure("there is no kind " + Quoted(name) + "; the nearest name is " +
-                std::string(NearestName(name, RecordKinds(), &RecordKind::name)));
+  throw Failure(Say(words::kUnknownKind, Quoted(name)) + DidYouMean(name, RecordKinds(), &RecordKind::name));
 }
 
 // A list of texts has what a record holds otherwise, or in another order. What it lacks is a second element where it
@@ -84,7 +86,7 @@ class ShownList {
   void Show() {
     if (terminal_) std::cout << VisibleLines(shown_.str());
     shown_.str({});
-    if (!std::cout) throw Failure("standard output cannot be written");
+    if (!std::cout) throw Failure(Say(words::kOutputUnwritable));
   }
 
   bool terminal_;
@@ -95,48 +97,29 @@ class ShownList {
 }  // namespace
 
 ListCommand::ListCommand(CLI::App& options) {
-  options.add_option("FILE.xml", file_, "Audit file to read, - for standard input")->required()->option_text(" ");
-  CLI::Option* const kind = options.add_option("KIND", kind_, "Class of the records, see below");
+  options.add_option(Say(words::kFileArgument), file_, Say(words::kInputFile))->required()->option_text(" ");
+  CLI::Option* const kind = options.add_option(Say(words::kKindArgument), kind_, Say(words::kListKind));
   kind->option_text(" ");
-  options.add_option("--all", folder_, "Write all records into a new folder, as a dataset for \"saft create\"")
-      ->option_text("DIR")
-      ->excludes(kind);
-  CLI::Option* const all = options.get_option("--all");
-  options.add_option("--columns", columns_, "List these columns, in CSV in this order, with commas between them")
+  CLI::Option* const all = options.add_option("--all", folder_, Say(words::kListAll));
+  all->option_text(Say(words::kFolderArgument))->excludes(kind);
+  options.add_option("--columns", columns_, Say(words::kListColumns))
       ->delimiter(',')
       ->allow_extra_args(false)
-      ->option_text("A,B,...")
+      ->option_text(Say(words::kListColumnsValue))
       ->excludes(all);
-  options.add_option("--where", conditions_, "List the records that have this value; may be given several times")
+  options.add_option("--where", conditions_, Say(words::kListWhere))
       ->allow_extra_args(false)
-      ->option_text("COLUMN=VALUE")
+      ->option_text(Say(words::kListWhereValue))
       ->excludes(all);
-  options.add_option("-o,--output", output_, "Write into a new file, - for standard output")
-      ->option_text("FILE")
+  options.add_option("-o,--output", output_, Say(words::kListOutput))
+      ->option_text(Say(words::kFileValue))
       ->excludes(all);
-  CLI::Option* const json = options.add_flag("--json", json_, "Write a JSON object a line instead of CSV");
+  CLI::Option* const json = options.add_flag("--json", json_, Say(words::kListJson));
   json->excludes(all)->option_text(" ");
-  options.add_flag("--excel", spreadsheet_, "Write CSV for Portuguese spreadsheet programs, see below")
-      ->excludes(json)
-      ->option_text(" ");
-  std::string footer = "Kinds:";
-  for (const RecordKind& each : RecordKinds()) footer.append("\n  ").append(each.name);
-  options.footer(footer + R"(
-
-The file is read in one pass and may be of any size. A list has the texts of the elements as they stand in the file,
-without white space at their ends; an element that is not there is an empty cell, in JSON null. Columns are named as the
-properties of the records, a dot leads into a child: BillingAddress.City. The CSV of a kind is a file of a dataset.
-
-In JSON every value is a text, so that numbers keep all their digits; children are objects, lines and the like are lists.
-
---where compares amounts as numbers, all else letter by letter: --where InvoiceType=NC --where DocumentTotals.NetTotal=0.
---excel writes semicolons, decimal commas and a byte order mark. A text that a spreadsheet program would calculate or
-take for a number or a date, such as =1+1, 007 or 1-2, begins with an apostrophe.
-
-What makes a list differ from the file, or mislead, is told at the end and makes the exit code 2: a text that cannot be
-the value of its element, such as an amount of 12x, which is listed as it stands; elements that are not known where they
-stand, and those that stand there once more, which are left out; a file that does not say its version. A file of another
-version, or one that is no audit file, is not listed at all.)");
+  options.add_flag("--excel", spreadsheet_, Say(words::kListExcel))->excludes(json)->option_text(" ");
+  std::string kinds;
+  for (const RecordKind& each : RecordKinds()) kinds.append(kinds.empty() ? "  " : "\n  ").append(each.name);
+  options.footer(Say(words::kListHelp, kinds));
 }
 
 ListForm ListCommand::Form() const {
@@ -148,7 +131,7 @@ bool ListCommand::IsToStandardOutput() const { return output_.empty() || output_
 
 ExitCode ListCommand::Run() const {
   if (!folder_.empty()) return ListAll();
-  if (kind_.empty()) throw Failure("list takes a KIND, or --all DIR\nRun \"saft list --help\" for help.");
+  if (kind_.empty()) throw Failure(Say(words::kListNeedsKind) + '\n' + Say(words::kSeeHelp, "saft list"));
   return ListKind(KindNamed(kind_));
 }
 

@@ -7,13 +7,14 @@
 #include "tools/saft/dataset/CellValue.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/ListWords.h"
 
 namespace zevo::saft {
 
 RowFilter::RowFilter(const std::vector<std::string>& conditions, const RecordColumns& columns) {
   for (const std::string& condition : conditions) {
     const size_t equals = condition.find('=');
-    if (equals == std::string::npos) throw Failure("--where takes COLUMN=VALUE, not " + Quoted(condition));
+    if (equals == std::string::npos) throw Failure(Say(words::kNoCondition, Quoted(condition)));
     const size_t column = columns.PlaceOf(condition.substr(0, equals));
     const Property* const property = columns.Columns()[column].property;
     std::string value = condition.substr(equals + 1);

@@ -11,6 +11,7 @@
 
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
+#include "tools/saft/words/FileWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -32,13 +33,13 @@ std::filesystem::path PlaceAt(const std::string& given) {
 void RequireFree(const std::filesystem::path& place, UnfinishedPath::What what) {
   std::error_code error;
   if (place.filename() == "." || place.filename() == ".." || std::filesystem::equivalent(place, ".", error)) {
-    throw Failure(place.string(), "is a folder in use; name a new one");
+    throw Failure(place.string(), Say(words::kFolderInUse));
   }
   const auto status = std::filesystem::symlink_status(place, error);
   if (!std::filesystem::exists(status)) return;
-  if (what == UnfinishedPath::kFile) throw Failure(place.string(), "is there already");
-  if (!std::filesystem::is_directory(status)) throw Failure(place.string(), "is there already and is no folder");
-  if (!std::filesystem::is_empty(place, error)) throw Failure(place.string(), "is there already and is not empty");
+  if (what == UnfinishedPath::kFile) throw Failure(place.string(), Say(words::kIsThere));
+  if (!std::filesystem::is_directory(status)) throw Failure(place.string(), Say(words::kIsThereAndNoFolder));
+  if (!std::filesystem::is_empty(place, error)) throw Failure(place.string(), Say(words::kIsThereAndNotEmpty));
 }
 
 }  // namespace

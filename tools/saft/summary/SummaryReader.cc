@@ -9,6 +9,7 @@
 
 #include "tools/saft/input/ScannedElements.h"
 #include "tools/saft/summary/SummedElements.h"
+#include "tools/saft/words/ProblemWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -73,7 +74,7 @@ Summary::Values ValuesIn(Elements elements) {
     if (const int number = ++seen[name]; number > 1) name.append("[").append(std::to_string(number)).append("]");
     if (!holdsOthers || !element.text.empty()) values.emplace_back(name, element.text);
   }
-  if (more > 0) values.emplace_back("…", "and " + std::to_string(more) + " more");
+  if (more > 0) values.emplace_back("…", Say(words::kAndMore, more));
   return values;
 }
 

@@ -12,17 +12,19 @@
 #include "tools/saft/input/ScannedElements.h"
 #include "tools/saft/terminal/Table.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/SummaryWords.h"
 
 namespace zevo::saft {
 namespace {
 
-// At least two decimals, so that the decimal points are aligned unless an amount has more.
+// At least two decimals, so that the decimal marks are aligned unless an amount has more.
 std::string Money(const Decimal& amount) {
   std::string text = amount.Text();
   const size_t point = text.find('.');
-  if (point == std::string::npos) return text + ".00";
+  const std::string mark = Say(words::kDecimalMark);
+  if (point == std::string::npos) return text.append(mark).append("00");
   const size_t decimals = text.size() - point - 1;
-  return text.append(2 - std::min<size_t>(decimals, 2), '0');
+  return text.replace(point, 1, mark).append(2 - std::min<size_t>(decimals, 2), '0');
 }
 
 // A text of the file.
@@ -65,7 +67,7 @@ class FigureTable {
 
   void Print(std::ostream& out) const {
     table_.Print(out);
-    if (marks_) out << "  * without the amounts that cannot be read\n";
+    if (marks_) out << "  " << Say(words::kWithoutUnreadable) << '\n';
   }
 
  private:
@@ -89,33 +91,37 @@ class FigureTable {
   bool marks_;
 };
 
+void PrintHeading(const Text<>& heading, std::ostream& out) { out << '\n' << Say(heading) << '\n'; }
+
+std::vector<std::string> FigureNames() { return {Say(words::kEntries), Say(words::kDebit), Say(words::kCredit)}; }
+
 void PrintHeader(const Summary::Values& header, std::ostream& out) {
-  out << "\nHeader\n";
+  PrintHeading(words::kHeading, out);
   Table table(2);
   for (const auto& [name, text] : header) table.Add({name, Shown(text)});
   table.Print(out);
 }
 
 void PrintCounts(const Summary& summary, std::ostream& out) {
-  out << "\nRecords\n";
+  PrintHeading(words::kRecords, out);
   Table table(1);
   for (const auto& [record, number] : summary.counts) table.Add({record, std::to_string(number)});
   table.Print(out);
 }
 
 void PrintEntries(const EntriesFigures& entries, std::ostream& out) {
-  out << "\nGeneral ledger entries\n";
+  PrintHeading(words::kLedgerEntries, out);
   const bool marks = entries.as_summed.LacksAmounts();
   FigureTable totals(1, marks);
-  totals.AddNames({""}, {"Entries", "Debit", "Credit"});
-  totals.Add("In the file", entries.in_file);
-  totals.Add({"As summed"}, entries.as_summed);
-  totals.AddDifference("Difference", entries.in_file, entries.as_summed);
+  totals.AddNames({""}, FigureNames());
+  totals.Add(Say(words::kInTheFile), entries.in_file);
+  totals.Add({Say(words::kAsSummed)}, entries.as_summed);
+  totals.AddDifference(Say(words::kDifference), entries.in_file, entries.as_summed);
   totals.Print(out);
 
-  out << "\nJournals\n";
+  PrintHeading(words::kJournals, out);
   FigureTable table(2, marks);
-  table.AddNames({"Journal", "Description"}, {"Entries", "Debit", "Credit"});
+  table.AddNames({Say(words::kJournal), Say(words::kDescription)}, FigureNames());
   for (const JournalFigures& journal : entries.journals) {
     table.Add({Shown(journal.id), Shown(journal.description)}, journal.sums);
   }
@@ -123,23 +129,25 @@ void PrintEntries(const EntriesFigures& entries, std::ostream& out) {
 }
 
 void PrintInvoices(const InvoicesFigures& invoices, std::ostream& out) {
-  out << "\nSales invoices\n";
+  PrintHeading(words::kSalesInvoices, out);
   FigureTable totals(1, invoices.as_summed.LacksAmounts() || invoices.left_out.LacksAmounts());
-  totals.AddNames({""}, {"Entries", "Debit", "Credit"});
-  totals.Add("In the file", invoices.in_file);
-  totals.Add({"As summed"}, invoices.as_summed);
-  totals.AddDifference("Difference", invoices.in_file, invoices.as_summed);
-  if (invoices.left_out.entries > 0) totals.Add({"Left out (Anulado)"}, invoices.left_out);
+  totals.AddNames({""}, FigureNames());
+  totals.Add(Say(words::kInTheFile), invoices.in_file);
+  totals.Add({Say(words::kAsSummed)}, invoices.as_summed);
+  totals.AddDifference(Say(words::kDifference), invoices.in_file, invoices.as_summed);
+  if (invoices.left_out.entries > 0) totals.Add({Say(words::kLeftOut)}, invoices.left_out);
   totals.Print(out);
 
-  out << "\nInvoice types\n";
+  PrintHeading(words::kInvoiceTypes, out);
   FigureTable table(1, std::ranges::any_of(invoices.types, [](const InvoiceTypeFigures& type) {
                       return type.sums.LacksAmounts() ||
                              type.tax.unreadable + type.net.unreadable + type.gross.unreadable > 0;
                     }));
-  table.AddNames({"Type"}, {"Entries", "Debit", "Credit", "Tax", "Net", "Gross"});
+  std::vector<std::string> names = FigureNames();
+  for (const Text<>& name : {words::kTax, words::kNet, words::kGross}) names.push_back(Say(name));
+  table.AddNames({Say(words::kType)}, names);
   for (const InvoiceTypeFigures& type : invoices.types) {
-    table.Add({type.type.empty() ? "none" : Shown(type.type)}, type.sums, {type.tax, type.net, type.gross});
+    table.Add({type.type.empty() ? Say(words::kNone) : Shown(type.type)}, type.sums, {type.tax, type.net, type.gross});
   }
   table.Print(out);
 }

@@ -12,6 +12,8 @@
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
 #include "tools/saft/output/UnfinishedPath.h"
+#include "tools/saft/words/TemplateWords.h"
+#include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -26,14 +28,8 @@ void WriteHeading(const RecordKind& kind, std::ostream& out) {
 }  // namespace
 
 TemplateCommand::TemplateCommand(CLI::App& options) {
-  options.add_option("DIR", folder_, "Folder to write; it must not exist yet, or be empty")
-      ->required()
-      ->option_text(" ");
-  options.footer(
-      R"(Every file of a dataset is written with one row, the names of its columns, in the order of the audit file. Fill the rows
-and run "saft create". Files and columns that are not needed may be deleted, and columns may be in any order.
-
-"saft columns" tells which columns are required and what goes into them; "saft create --help" tells the form of the files.)");
+  options.add_option(Say(words::kFolderArgument), folder_, Say(words::kTemplateFolder))->required()->option_text(" ");
+  options.footer(Say(words::kTemplateHelp));
 }
 
 ExitCode TemplateCommand::Run() const {

@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "tools/saft/words/ProblemWords.h"
+
 namespace zevo::saft {
 namespace {
 
@@ -68,7 +70,7 @@ Front FrontOf(std::string_view text, size_t most) {
   return front;
 }
 
-std::string InBrackets(size_t length) { return " (" + std::to_string(length) + " characters)"; }
+std::string InBrackets(size_t length) { return " (" + Say(words::kCharacters, length) + ")"; }
 
 }  // namespace
 

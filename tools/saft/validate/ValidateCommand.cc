@@ -14,6 +14,8 @@
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/validate/ViolationJson.h"
+#include "tools/saft/words/UsageWords.h"
+#include "tools/saft/words/ValidateWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -25,20 +27,13 @@ void RequireReadable(const std::string& path) {
   if (!file.is_open() || file.bad()) throw Failure(path, std::strerror(errno));
 }
 
-constexpr Language kLanguage = Language::kEnglish;
-
 }  // namespace
 
 ValidateCommand::ValidateCommand(CLI::App& options) : schema_(options) {
-  options.add_option("FILE.xml", file_, "Audit file to check, - for standard input")->required()->option_text(" ");
-  CLI::Option* const all = options.add_flag("--all", all_, "List every violation, one a line");
-  options.add_flag("--json", json_, "With --all: a JSON object for each violation, one a line")->needs(all);
-  options.footer(
-      "Ends with 0 when the file is valid, with 1 when it is not: standard error then tells the first violation, with\n"
-      "its record, element, line and column, or with --all standard output tells all. A file that is not well-formed\n"
-      "is not valid. A schema or a file that cannot be used ends it with 2. Standard input is read only once: there "
-      "the\n"
-      "XML library tells the violations in its own words, and may leave some out.");
+  options.add_option(Say(words::kFileArgument), file_, Say(words::kInputFile))->required()->option_text(" ");
+  CLI::Option* const all = options.add_flag("--all", all_, Say(words::kValidateAll));
+  options.add_flag("--json", json_, Say(words::kValidateJson))->needs(all)->option_text(" ");
+  options.footer(Say(words::kValidateHelp));
 }
 
 ExitCode ValidateCommand::Run() const {
@@ -51,18 +46,18 @@ ExitCode ValidateCommand::Run() const {
     return kInvalid;
   }
   if (file.Violations() > 0) return kInvalid;
-  if (!json_) std::cout << Visible(file_) << ": valid\n";
+  if (!json_) std::cout << Say(words::kValid, Visible(file_)) << '\n';
   return kDone;
 }
 
 bool ValidateCommand::Tell(const Violation& violation) const {
   if (json_) {
-    const std::string json = JsonOf(violation, kLanguage);
+    const std::string json = JsonOf(violation, SpokenLanguage());
     std::cout << (isatty(STDOUT_FILENO) == 1 ? VisibleLines(json) : json) << '\n';
   } else if (all_) {
-    std::cout << Abridged(Describe(violation, kLanguage)) << '\n';
+    std::cout << Abridged(Describe(violation, SpokenLanguage())) << '\n';
   } else {
-    std::cerr << "saft: " << Visible(file_) << ": " << Abridged(Describe(violation, kLanguage)) << '\n';
+    std::cerr << "saft: " << Visible(file_) << ": " << Abridged(Describe(violation, SpokenLanguage())) << '\n';
   }
   return all_ && std::cout.good();
 }

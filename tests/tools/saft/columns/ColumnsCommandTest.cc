@@ -259,8 +259,7 @@ TEST_F(ColumnsCommandTest, AnotherNameIsToldWithTheNearest) {
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err,
-            "saft: no kind of record and no file of a dataset is named \"customer.csv\"; the nearest name is "
-            "customers.csv\n");
+            "saft: no kind of record and no file is named \"customer.csv\"; did you mean customers.csv?\n");
 }
 
 TEST_F(ColumnsCommandTest, ASectionHasNoColumns) { EXPECT_EQ(Run({"columns", "SalesInvoices"}).code, 2); }

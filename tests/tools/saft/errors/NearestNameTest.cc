@@ -24,5 +24,13 @@ TEST(NearestNameTest, LettersThatDifferCountWhateverTheirCase) {
 
 TEST(NearestNameTest, OfEquallyNearOnesItIsTheFirst) { EXPECT_EQ(Nearest(""), "CustomerID"); }
 
+TEST(NearestNameTest, OnlyANearNameIsAskedFor) {
+  static constexpr std::array<std::string_view, 2> kKnown{"Customer", "Invoice"};
+  EXPECT_EQ(DidYouMean("Custumer", kKnown), "; did you mean Customer?");
+  EXPECT_EQ(DidYouMean("Inv", kKnown), "");
+  EXPECT_EQ(DidYouMean("Invo", kKnown), "; did you mean Invoice?");
+  EXPECT_EQ(DidYouMean("", kKnown), "");
+}
+
 }  // namespace
 }  // namespace zevo::saft

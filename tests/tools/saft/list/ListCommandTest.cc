@@ -275,7 +275,8 @@ TEST_F(ListCommandTest, AllTakesNoKindAndNoOptionsOfAList) {
     EXPECT_EQ(outcome.code, 2) << others[0];
     EXPECT_THAT(outcome.err, ::testing::HasSubstr("--all")) << others[0];
   }
-  EXPECT_EQ(Run({"list", Output()}).err, "saft: list takes a KIND, or --all DIR\nRun \"saft list --help\" for help.\n");
+  EXPECT_EQ(Run({"list", Output()}).err,
+            "saft: the command list needs a KIND, or --all DIR\nSee the help: saft list --help\n");
 }
 
 TEST_F(ListCommandTest, AllFillsSpreadsheetsToo) {
@@ -379,7 +380,7 @@ TEST_F(ListCommandTest, AnUnknownKindIsAnErrorThatNamesTheNearest) {
   WriteFile("");
   const testing::Outcome outcome = Run({"list", Output(), "Invoices"});
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.err, "saft: there is no kind \"Invoices\"; the nearest name is Invoice\n");
+  EXPECT_EQ(outcome.err, "saft: the kind \"Invoices\" is not known; did you mean Invoice?\n");
 }
 
 TEST_F(ListCommandTest, StandardOutputThatIsFullIsAnError) {

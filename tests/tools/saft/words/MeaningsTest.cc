@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tools/saft/columns/Meanings.h"
+#include "tools/saft/words/Meanings.h"
 
 #include <gtest/gtest.h>
 
@@ -31,12 +31,12 @@ TEST(MeaningsTest, EveryColumnHasOneInBothLanguages) {
     const Meaning* const meaning = MeaningOf(kind.name, column.name);
     ASSERT_NE(meaning, nullptr);
     for (const Language language : {Language::kEnglish, Language::kPortuguese}) {
-      const std::string_view sentence = meaning->In(language);
+      const std::string_view sentence = meaning->text.In(language);
       EXPECT_TRUE(sentence.ends_with('.'));
       EXPECT_GT(sentence.size(), 4U);
       EXPECT_LE(sentence.size(), kLongest);
     }
-    EXPECT_NE(meaning->english, meaning->portuguese);
+    EXPECT_NE(meaning->text.In(Language::kEnglish), meaning->text.In(Language::kPortuguese));
   });
 }
 

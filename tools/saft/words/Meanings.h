@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_TOOLS_SAFT_COLUMNS_MEANINGS_H_
-#define ZEVO_TOOLS_SAFT_COLUMNS_MEANINGS_H_
-
-#include <zevo/adapters.h>
+#ifndef ZEVO_TOOLS_SAFT_WORDS_MEANINGS_H_
+#define ZEVO_TOOLS_SAFT_WORDS_MEANINGS_H_
 
 #include <span>
 #include <string_view>
+
+#include "tools/saft/words/Text.h"
 
 namespace zevo::saft {
 
@@ -13,12 +13,9 @@ namespace zevo::saft {
 struct Meaning {
   /// The kind of record and the column, such as "Customer.CompanyName". "*" stands for what leads to any address.
   std::string_view column;
-  std::string_view english;
-  std::string_view portuguese;
+  Text<> text;
   /// A value of a text that must match a pattern; empty for others.
   std::string_view example = {};
-
-  std::string_view In(Language language) const { return language == Language::kEnglish ? english : portuguese; }
 };
 
 /// All meanings, in the order of the audit file; those of addresses come last.
@@ -29,4 +26,4 @@ const Meaning* MeaningOf(std::string_view kind, std::string_view column);
 
 }  // namespace zevo::saft
 
-#endif  // ZEVO_TOOLS_SAFT_COLUMNS_MEANINGS_H_
+#endif  // ZEVO_TOOLS_SAFT_WORDS_MEANINGS_H_

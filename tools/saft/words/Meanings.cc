@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/words/Meanings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zevo::saft {
+namespace {
+
+constexpr auto kMeanings = std::to_array<Meaning>({
+    {"Header.AuditFileVersion", {"Versão do formato do ficheiro.", "Version of the file layout."}},
+    {"Header.CompanyID",
+     {"Conservatória e número do registo comercial, ou o NIF.", "Registry office and number, or the tax number."},
+     "Porto 12345"},
+    {"Header.TaxRegistrationNumber", {"NIF da empresa.", "Tax number (NIF) of the company."}},
+    {"Header.TaxAccountingBasis",
+     {"O que o ficheiro abrange: C contabilidade, F faturação, I ambas.",
+      "What the file covers: C accounting, F invoicing, I both."}},
+    {"Header.CompanyName", {"Nome da empresa.", "Name of the company."}},
+    {"Header.BusinessName", {"Designação comercial da empresa.", "Trading name of the company."}},
+    {"Header.CompanyAddress.PostalCode", {"Código postal português.", "Portuguese postal code."}, "4000-041"},
+    {"Header.FiscalYear", {"Ano em que começa o exercício.", "Year in which the fiscal year begins."}},
+    {"Header.StartDate", {"Primeiro dia do período.", "First day of the period."}},
+    {"Header.EndDate", {"Último dia do período.", "Last day of the period."}},
+    {"Header.CurrencyCode", {"Moeda dos valores.", "Currency of the amounts."}},
+    {"Header.DateCreated", {"Data de criação do ficheiro.", "Day on which the file is made."}},
+    {"Header.TaxEntity",
+     {"Estabelecimento: Global, Sede ou o código próprio.", "Establishment: Global, Sede or its own code."}},
+    {"Header.ProductCompanyTaxId", {"NIF do produtor da biblioteca.", "Tax number of the maker of the library."}},
+    {"Header.SoftwareCertificateNumber",
+     {"Número do certificado do programa, 0 se não tiver.", "Number of the program's certificate, 0 without one."}},
+    {"Header.ProductID",
+     {"Programa de contabilidade e o seu produtor.", "Accounting program and its maker."},
+     "Contas/Exemplo Lda"},
+    {"Header.ProductVersion", {"Versão do programa de contabilidade.", "Version of the accounting program."}},
+    {"Header.HeaderComment", {"Observações.", "Remarks."}},
+    {"Header.Telephone", {"Telefone da empresa.", "Telephone of the company."}},
+    {"Header.Fax", {"Fax da empresa.", "Fax of the company."}},
+    {"Header.Email", {"Correio eletrónico da empresa.", "E-mail of the company."}},
+    {"Header.Website", {"Sítio da empresa na Internet.", "Website of the company."}},
+
+    {"GeneralLedger.AccountID", {"Código da conta.", "Code of the ledger account."}, "111"},
+    {"GeneralLedger.AccountDescription", {"Designação da conta.", "Name of the account."}},
+    {"GeneralLedger.OpeningDebitBalance", {"Saldo devedor de abertura.", "Opening debit balance."}},
+    {"GeneralLedger.OpeningCreditBalance", {"Saldo credor de abertura.", "Opening credit balance."}},
+
+    {"Customer.CustomerID", {"Código do cliente, único.", "Code of the customer, each its own."}},
+    {"Customer.AccountID",
+     {"Conta do cliente no plano de contas, ou Desconhecido.", "Ledger account of the customer, or Desconhecido."},
+     "2111"},
+    {"Customer.CustomerTaxID",
+     {"NIF do cliente, 999999990 para o consumidor final.", "Tax number, 999999990 for a final consumer."}},
+    {"Customer.CompanyName", {"Nome do cliente.", "Name of the customer."}},
+    {"Customer.Contact", {"Pessoa de contacto.", "Person to speak to."}},
+    {"Customer.Telephone", {"Telefone do cliente.", "Telephone of the customer."}},
+    {"Customer.Fax", {"Fax do cliente.", "Fax of the customer."}},
+    {"Customer.Email", {"Correio eletrónico do cliente.", "E-mail of the customer."}},
+    {"Customer.Website", {"Sítio do cliente na Internet.", "Website of the customer."}},
+    {"Customer.SelfBillingIndicator", {"1 se houver acordo de autofaturação.", "1 with an agreement on self-billing."}},
+
+    {"Supplier.SupplierID", {"Código do fornecedor, único.", "Code of the supplier, each its own."}},
+    {"Supplier.AccountID",
+     {"Conta do fornecedor no plano de contas, ou Desconhecido.", "Ledger account of the supplier, or Desconhecido."},
+     "2211"},
+    {"Supplier.SupplierTaxID", {"NIF do fornecedor.", "Tax number of the supplier."}},
+    {"Supplier.CompanyName", {"Nome do fornecedor.", "Name of the supplier."}},
+    {"Supplier.Contact", {"Pessoa de contacto.", "Person to speak to."}},
+    {"Supplier.Telephone", {"Telefone do fornecedor.", "Telephone of the supplier."}},
+    {"Supplier.Fax", {"Fax do fornecedor.", "Fax of the supplier."}},
+    {"Supplier.Email", {"Correio eletrónico do fornecedor.", "E-mail of the supplier."}},
+    {"Supplier.Website", {"Sítio do fornecedor na Internet.", "Website of the supplier."}},
+    {"Supplier.SelfBillingIndicator", {"1 se houver acordo de autofaturação.", "1 with an agreement on self-billing."}},
+
+    {"Product.ProductType",
+     {"P produtos, S serviços, O outros encargos, I impostos.", "P goods, S services, O other charges, I taxes."}},
+    {"Product.ProductCode", {"Código do produto, único.", "Code of the product, each its own."}},
+    {"Product.ProductGroup", {"Família de produtos.", "Family of products."}},
+    {"Product.ProductDescription", {"Designação do produto.", "Name of the product."}},
+    {"Product.ProductNumberCode",
+     {"Código de barras, ou o código do produto.", "Bar code, or the code of the product."}},
+
+    {"TaxTableEntry.TaxType", {"Tipo de imposto.", "Kind of tax."}},
+    {"TaxTableEntry.TaxCountryRegion",
+     {"País, ou PT-AC e PT-MA para as regiões autónomas.", "Country, or PT-AC and PT-MA for the islands."}},
+    {"TaxTableEntry.TaxCode", {"Código da taxa, como NOR.", "Code of the rate, such as NOR."}, "NOR"},
+    {"TaxTableEntry.Description", {"Designação da taxa.", "Name of the rate."}},
+    {"TaxTableEntry.TaxExpirationDate", {"Último dia de uma taxa que cessou.", "Last day of a rate that has ended."}},
+    {"TaxTableEntry.TaxPercentage", {"Taxa em percentagem.", "Rate in percent."}},
+    {"TaxTableEntry.TaxAmount", {"Valor de um imposto sem taxa.", "Amount of a tax without a rate."}},
+
+    {"Journal.JournalID", {"Código do diário, único.", "Code of the journal, each its own."}},
+    {"Journal.Description", {"Designação do diário.", "Name of the journal."}},
+
+    {"Transaction.JournalID",
+     {"Diário do movimento, como em journals.csv.", "Journal of the transaction, as in journals.csv."}},
+    {"Transaction.TransactionID",
+     {"Data, diário e documento, único.", "Date, journal and document, each its own."},
+     "2010-01-31 J1 1"},
+    {"Transaction.Period",
+     {"Mês do movimento, 13 a 16 no fim do exercício.", "Month of the entry, 13 to 16 at the end of the year."}},
+    {"Transaction.TransactionDate", {"Data do documento.", "Date of the document."}},
+    {"Transaction.SourceID", {"Utilizador que registou o movimento.", "User who entered the transaction."}},
+    {"Transaction.Description", {"Descrição do movimento.", "What the transaction is about."}},
+    {"Transaction.DocArchivalNumber", {"Número de arquivo do documento.", "Number of the archived document."}},
+    {"Transaction.TransactionType",
+     {"N normal, R regularizações, A apuramento de resultados, J ajustamentos.",
+      "N normal, R regularisation, A result, J adjustment."}},
+    {"Transaction.GLPostingDate", {"Data e hora do movimento contabilístico.", "When the transaction was posted."}},
+    {"Transaction.CustomerID", {"Cliente do movimento, se houver.", "Customer of the transaction, if any."}},
+    {"Transaction.SupplierID", {"Fornecedor do movimento, se houver.", "Supplier of the transaction, if any."}},
+
+    {"TransactionLine.TransactionID",
+     {"Movimento da linha, como em transactions.csv.", "Transaction of the line, as in transactions.csv."},
+     "2010-01-31 J1 1"},
+    {"TransactionLine.RecordID", {"Número da linha no movimento.", "Number of the line in its transaction."}},
+    {"TransactionLine.AccountID", {"Conta movimentada.", "Account that moves."}, "111"},
+    {"TransactionLine.SourceDocumentID",
+     {"Número do documento que originou a linha.", "Number of the document behind the line."}},
+    {"TransactionLine.SystemEntryDate", {"Data e hora do registo da linha.", "When the line was entered."}},
+    {"TransactionLine.Description", {"Descrição da linha.", "What the line is about."}},
+    {"TransactionLine.DebitAmount", {"Valor a débito.", "Amount debited."}},
+    {"TransactionLine.CreditAmount", {"Valor a crédito.", "Amount credited."}},
+
+    {"Invoice.InvoiceNo", {"Tipo, série e número do documento.", "Type, series and number of the document."}, "FT A/1"},
+    {"Invoice.InvoiceStatus",
+     {"N normal, S autofaturação, A anulado, F faturado.", "N normal, S self-billed, A cancelled, F invoiced."}},
+    {"Invoice.Hash", {"Assinatura do documento, 0 se não tiver.", "Signature of the document, 0 without one."}},
+    {"Invoice.HashControl", {"Versão da chave de assinatura.", "Version of the key that signed."}},
+    {"Invoice.Period", {"Mês do documento.", "Month of the document."}},
+    {"Invoice.InvoiceDate", {"Data do documento.", "Date of the document."}},
+    {"Invoice.InvoiceType", {"Tipo de documento, FT para fatura.", "Kind of document, FT for an invoice."}},
+    {"Invoice.SelfBillingIndicator", {"1 se emitido pelo cliente.", "1 where the customer issued it."}},
+    {"Invoice.SystemEntryDate", {"Data e hora do registo do documento.", "When the document was entered."}},
+    {"Invoice.TransactionID",
+     {"Movimento contabilístico do documento.", "Ledger transaction of the document."},
+     "2010-01-31 J1 1"},
+    {"Invoice.CustomerID", {"Cliente, como em customers.csv.", "Customer, as in customers.csv."}},
+    {"Invoice.ShipTo.DeliveryID", {"Número da entrega.", "Number of the delivery."}},
+    {"Invoice.ShipTo.DeliveryDate", {"Data da entrega.", "Day of the delivery."}},
+    {"Invoice.ShipFrom.DeliveryID", {"Número da expedição.", "Number of the dispatch."}},
+    {"Invoice.ShipFrom.DeliveryDate", {"Data da expedição.", "Day of the dispatch."}},
+    {"Invoice.DocumentTotals.TaxPayable", {"Total dos impostos.", "Total of the taxes."}},
+    {"Invoice.DocumentTotals.NetTotal", {"Total sem impostos.", "Total without taxes."}},
+    {"Invoice.DocumentTotals.GrossTotal", {"Total com impostos.", "Total with taxes."}},
+    {"Invoice.DocumentTotals.CurrencyValue.CurrencyCode", {"Moeda estrangeira.", "Foreign currency."}},
+    {"Invoice.DocumentTotals.CurrencyValue.CurrencyDebitAmount",
+     {"Total nessa moeda, de um documento a débito.", "Total in that currency, of a document that debits."}},
+    {"Invoice.DocumentTotals.CurrencyValue.CurrencyCreditAmount",
+     {"Total nessa moeda, de um documento a crédito.", "Total in that currency, of one that credits."}},
+    {"Invoice.DocumentTotals.Settlement.SettlementDiscount",
+     {"Desconto acordado, por extenso.", "Discount agreed, in words."}},
+    {"Invoice.DocumentTotals.Settlement.SettlementAmount", {"Valor do desconto.", "Amount of the discount."}},
+    {"Invoice.DocumentTotals.Settlement.SettlementDate", {"Data acordada de pagamento.", "Day of payment agreed."}},
+    {"Invoice.DocumentTotals.Settlement.PaymentMechanism",
+     {"Meio de pagamento, TB para transferência bancária.", "Means of payment, TB for a bank transfer."}},
+
+    {"InvoiceLine.InvoiceNo",
+     {"Documento da linha, como em invoices.csv.", "Document of the line, as in invoices.csv."},
+     "FT A/1"},
+    {"InvoiceLine.LineNumber", {"Número da linha no documento.", "Number of the line in its document."}},
+    {"InvoiceLine.ProductCode", {"Produto, como em products.csv.", "Product, as in products.csv."}},
+    {"InvoiceLine.ProductDescription", {"Designação do produto.", "Name of the product."}},
+    {"InvoiceLine.Quantity", {"Quantidade.", "Quantity."}},
+    {"InvoiceLine.UnitOfMeasure", {"Unidade da quantidade.", "Unit of the quantity."}},
+    {"InvoiceLine.UnitPrice", {"Preço unitário sem impostos.", "Price of a unit without taxes."}},
+    {"InvoiceLine.TaxPointDate",
+     {"Data da entrega ou da prestação do serviço.", "Day of the delivery or the service."}},
+    {"InvoiceLine.Description", {"Descrição da linha.", "What the line is about."}},
+    {"InvoiceLine.DebitAmount",
+     {"Valor sem impostos, numa nota de crédito.", "Amount without taxes, in a credit note."}},
+    {"InvoiceLine.CreditAmount", {"Valor sem impostos, numa fatura.", "Amount without taxes, in an invoice."}},
+    {"InvoiceLine.Tax.TaxType", {"Tipo de imposto.", "Kind of tax."}},
+    {"InvoiceLine.Tax.TaxCountryRegion",
+     {"País, ou PT-AC e PT-MA para as regiões autónomas.", "Country, or PT-AC and PT-MA for the islands."}},
+    {"InvoiceLine.Tax.TaxCode",
+     {"Código da taxa, como em tax_table.csv.", "Code of the rate, as in tax_table.csv."},
+     "NOR"},
+    {"InvoiceLine.Tax.TaxPercentage", {"Taxa em percentagem.", "Rate in percent."}},
+    {"InvoiceLine.Tax.TaxAmount", {"Valor de um imposto sem taxa.", "Amount of a tax without a rate."}},
+    {"InvoiceLine.TaxExemptionReason", {"Motivo legal da isenção.", "Legal ground of an exemption."}},
+    {"InvoiceLine.SettlementAmount", {"Desconto da linha.", "Discount on the line."}},
+
+    {"OrderReferences.InvoiceNo",
+     {"Documento da linha, como em invoices.csv.", "Document of the line, as in invoices.csv."},
+     "FT A/1"},
+    {"OrderReferences.LineNumber", {"Linha do documento.", "Line of the document."}},
+    {"OrderReferences.OriginatingOn", {"Número da encomenda.", "Number of the order."}},
+    {"OrderReferences.OrderDate", {"Data da encomenda.", "Day of the order."}},
+
+    {"CreditNote.InvoiceNo",
+     {"Documento da linha, como em invoices.csv.", "Document of the line, as in invoices.csv."},
+     "FT A/1"},
+    {"CreditNote.LineNumber", {"Linha do documento.", "Line of the document."}},
+    {"CreditNote.Reference", {"Número do documento retificado.", "Number of the document that is corrected."}},
+    {"CreditNote.Reason", {"Motivo da retificação.", "Why it is corrected."}},
+
+    {"*Address.BuildingNumber", {"Número de polícia.", "Number of the door."}},
+    {"*Address.StreetName", {"Nome da rua.", "Street."}},
+    {"*Address.AddressDetail", {"Morada completa, sem o código postal.", "Whole address, without the postal code."}},
+    {"*Address.City", {"Localidade.", "Town."}},
+    {"*Address.PostalCode", {"Código postal.", "Postal code."}},
+    {"*Address.Region", {"Distrito.", "District."}},
+    {"*Address.Country", {"País da morada.", "Country of the address."}},
+});
+
+// Whether a row is for a column, which is named from its kind.
+bool IsFor(const Meaning& meaning, std::string_view kind, std::string_view column) {
+  if (meaning.column.starts_with('*')) return column.ends_with(meaning.column.substr(1));
+  return meaning.column.size() == kind.size() + 1 + column.size() && meaning.column.starts_with(kind) &&
+         meaning.column.ends_with(column) && meaning.column[kind.size()] == '.';
+}
+
+}  // namespace
+
+std::span<const Meaning> Meanings() { return kMeanings; }
+
+const Meaning* MeaningOf(std::string_view kind, std::string_view column) {
+  const auto found =
+      std::ranges::find_if(kMeanings, [&](const Meaning& meaning) { return IsFor(meaning, kind, column); });
+  return found == kMeanings.end() ? nullptr : &*found;
+}
+
+}  // namespace zevo::saft
