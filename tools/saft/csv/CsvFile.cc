@@ -12,6 +12,7 @@
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/CsvWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -20,8 +21,6 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // Given to the parser so that it does not strip blanks, which belong to their cell.
 int NothingIsBlank(unsigned char) { return 0; }
-
-std::string Cells(size_t count) { return std::to_string(count).append(count == 1 ? " cell" : " cells"); }
 
 }  // namespace
 
@@ -56,7 +55,7 @@ CsvFile::~CsvFile() { csv_free(&parser_); }
 bool CsvFile::Next() {
   if (!ReadRow()) return false;
   if (cell_count_ != columns_.size() && !IsEmptyRow()) {
-    Fail(Cells(cell_count_).append(", but the header has ").append(std::to_string(columns_.size())));
+    Fail(SayOf(cell_count_, words::kOtherCell, words::kOtherCells, columns_.size()));
   }
   CheckText();
   return true;
@@ -101,10 +100,10 @@ bool CsvFile::ReadLine() {
 void CsvFile::Parse() {
   const size_t parsed = csv_parse(&parser_, line_.data(), line_.size(), &TakeCell, &EndRow, this);
   if (out_of_memory_) throw std::bad_alloc();
-  if (lone_return_) Fail("malformed CSV, a carriage return without a line feed");
+  if (lone_return_) Fail(Say(words::kLoneReturn));
   if (parsed == line_.size()) return;
   if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
-  Fail(NameOf(cell_count_) + ": malformed CSV, a quotation mark out of place");
+  Fail(NameOf(cell_count_) + ": " + Say(words::kStrayQuotationMark));
 }
 
 void CsvFile::Finish() {
@@ -113,7 +112,7 @@ void CsvFile::Finish() {
   if (out_of_memory_) throw std::bad_alloc();
   if (finished) return;
   if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
-  Fail(NameOf(cell_count_) + ": malformed CSV, a quotation mark is not closed");
+  Fail(NameOf(cell_count_) + ": " + Say(words::kOpenQuotationMark));
 }
 
 void CsvFile::TakeCell(void* text, size_t length, void* self) noexcept {
@@ -135,7 +134,7 @@ void CsvFile::EndRow(int terminator, void* self) noexcept {
 
 void CsvFile::CheckColumns() const {
   for (auto column = columns_.begin(); column != columns_.end(); ++column) {
-    if (std::find(columns_.begin(), column, *column) != column) Fail("column " + Quoted(*column) + " is there twice");
+    if (std::find(columns_.begin(), column, *column) != column) Fail(Say(words::kColumnTwice, Quoted(*column)));
   }
 }
 
@@ -143,13 +142,13 @@ void CsvFile::CheckColumns() const {
 void CsvFile::CheckText() const {
   if (is_utf8_) return;
   for (size_t column = 0; column < cell_count_; ++column) {
-    if (!IsUtf8(cells_[column])) Fail(column, "not UTF-8");
+    if (!IsUtf8(cells_[column])) Fail(column, Say(words::kNotUtf8));
   }
 }
 
 std::string CsvFile::NameOf(size_t column) const {
   if (column < columns_.size()) return columns_[column];
-  return "cell " + std::to_string(column + 1);
+  return Say(words::kCell, column + 1);
 }
 
 void CsvFile::Fail(std::string_view reason) const { throw Failure(path_, row_, reason); }

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/csv/CsvFile.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -6,6 +8,8 @@
 #include <string>
 
 #include "tests/tools/saft/ToolTest.h"
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/words/SpokenLanguage.h"
 
 namespace zevo {
 namespace {
@@ -174,6 +178,36 @@ TEST_F(CsvFileTest, WhatActsOnATerminalIsMadeVisible) {
   Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11,1\u202E\u009B2\n");
   ExpectRefused(In("general_ledger.csv") +
                 ":2: OpeningDebitBalance: \"1\\u202E\\u009B2\": not an amount with a decimal point");
+}
+
+class CsvFilePortugueseTest : public CsvFileTest {
+ protected:
+  CsvFilePortugueseTest() { saft::Speak(Language::kPortuguese); }
+  ~CsvFilePortugueseTest() override { saft::Speak(Language::kEnglish); }
+
+  // What is said of a file after its name.
+  std::string Said(std::string_view text) const {
+    Write("customers.csv", text);
+    try {
+      saft::CsvFile file(In("customers.csv"));
+      while (file.Next()) continue;
+    } catch (const saft::Failure& failure) {
+      return std::string(failure.what()).substr(In("customers.csv").size());
+    }
+    return "";
+  }
+};
+
+TEST_F(CsvFilePortugueseTest, TellsWhatIsWrong) {
+  EXPECT_EQ(Said("A,B\n1\n"), ":2: 1 célula, mas o cabeçalho tem 2");
+  EXPECT_EQ(Said("A,B\n1,2,3\n"), ":2: 3 células, mas o cabeçalho tem 2");
+  EXPECT_EQ(Said("A,B,A\n"), ":1: a coluna \"A\" está repetida");
+  EXPECT_EQ(Said("A,\"\"B\n"), ":1: célula 2: CSV mal formado, aspas fora do lugar");
+  EXPECT_EQ(Said("A,B\n1,\"2\n"), ":2: B: CSV mal formado, as aspas não são fechadas");
+  EXPECT_EQ(Said("A,B\n1\r2,3\n"), ":2: CSV mal formado, um retorno (CR) sem mudança de linha (LF)");
+  EXPECT_EQ(Said("\xEF\xBB\xBF"
+                 "A,B\n1,\xE9\n"),
+            ":2: B: \"\\xE9\": não é UTF-8");
 }
 
 class CsvFileEmptyTest : public testing::ToolTest, public ::testing::WithParamInterface<std::string> {};
