@@ -9,6 +9,7 @@
 #include <new>
 #include <utility>
 
+#include "tools/saft/csv/ByteOrderMark.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"
@@ -16,8 +17,6 @@
 
 namespace zevo::saft {
 namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // Given to the parser so that it does not strip blanks, which belong to their cell.
 int NothingIsBlank(unsigned char) { return 0; }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "tools/saft/csv/SpreadsheetCell.h"
+
 namespace zevo::saft {
 
 enum class CsvForm {
@@ -13,14 +15,7 @@ enum class CsvForm {
   kSpreadsheet,  ///< what a Portuguese spreadsheet program opens rightly: semicolons, decimal commas, a byte order mark
 };
 
-enum class CellKind {
-  kText,
-  kNumber,  ///< digits with at most a sign and a point
-  kDate,
-};
-
-/// Writes rows of CSV. A spreadsheet program calculates what begins as a formula, and takes for a number or a date what
-/// looks like one: such texts begin with an apostrophe in its form, so that they stay texts. Numbers and dates do not.
+/// Writes rows of CSV.
 class CsvWriter {
  public:
   /// The stream must outlive the writer. A row goes to it as a whole.
