@@ -63,12 +63,16 @@ void ToolTest::ExpectRefused(std::string_view message) const {
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
 }
 
-void ToolTest::ExpectCreated() const {
+void ToolTest::ExpectCreated(std::string_view told) const {
   const Outcome outcome = Create();
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.err, told);
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
+}
+
+std::string ToolTest::Recognised(std::string_view name, std::string_view form) const {
+  return "saft: " + In(name) + ": recognised: " + std::string(form) + "\n";
 }
 
 std::vector<std::string> ToolTest::Texts(std::string_view element) const {

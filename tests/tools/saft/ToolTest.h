@@ -40,8 +40,10 @@ class ToolTest : public ::testing::Test {
 
   /// Expects that the dataset is refused with a message and that nothing is left behind.
   void ExpectRefused(std::string_view message) const;
-  /// Expects that the dataset becomes a file, with nothing to tell.
-  void ExpectCreated() const;
+  /// Expects that the dataset becomes a file, with nothing else to tell.
+  void ExpectCreated(std::string_view told = "") const;
+  /// What is told of a file of the dataset that is not written as those of a dataset are.
+  std::string Recognised(std::string_view name, std::string_view form) const;
   /// The texts of the elements of a name in the file created, in order, as the bytes stand there.
   std::vector<std::string> Texts(std::string_view element) const;
   /// Whether the file created has an element of the name.

@@ -83,6 +83,7 @@ ExitCode CreateCommand::Run() const {
   MasterFilesWriter(dataset, output).Write();
   EntriesWriter(dataset, output, std::cerr).Write();
   InvoicesWriter(dataset, output).Write();
+  dataset.Altered().ReportForms(std::cerr);
   if (!round_ && dataset.Altered().HasLostNumbers()) {
     dataset.Altered().ReportLostNumbers(std::cerr);
     throw Failure(file_, "not written, because of these numbers; --round writes it all the same");

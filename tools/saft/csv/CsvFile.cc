@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "tools/saft/csv/ByteOrderMark.h"
+#include "tools/saft/csv/Windows1252.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"
@@ -29,8 +30,10 @@ CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
   if (!file_) throw Failure(path_, std::strerror(errno));
   // Lets std::bad_alloc through, which would look like a read error otherwise.
   file_.exceptions(std::ios::badbit);
+  Begin();
   if (csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_APPEND_NULL) != 0) throw std::bad_alloc();
   csv_set_space_func(&parser_, NothingIsBlank);
+  csv_set_delim(&parser_, static_cast<unsigned char>(dialect_.separator));
   try {
     if (!ReadRow()) return;
     cells_.resize(cell_count_);
@@ -41,6 +44,16 @@ CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
     csv_free(&parser_);
     throw;
   }
+}
+
+void CsvFile::Begin() {
+  try {
+    dialect_ = DialectOf(file_);
+  } catch (const std::ios::failure&) {
+    throw Failure(path_, std::strerror(errno));
+  }
+  if (dialect_.encoding == CsvEncoding::kUtf16) throw Failure(path_, 1, Say(words::kUtf16));
+  if (dialect_.has_separator_line) ReadLine();
 }
 
 // The library trims all texts, so spaces at the ends of a cell mean nothing.
@@ -91,6 +104,7 @@ bool CsvFile::ReadLine() {
   }
   if (!file_.eof()) line_ += '\n';
   if (lines_ == 0 && line_.starts_with(kByteOrderMark)) line_.erase(0, kByteOrderMark.size());
+  if (dialect_.encoding == CsvEncoding::kWindows1252) line_ = Utf8FromWindows1252(line_);
   ++lines_;
   is_utf8_ = is_utf8_ && IsUtf8(line_);
   return true;
@@ -137,11 +151,13 @@ void CsvFile::CheckColumns() const {
   }
 }
 
-// Cells are separated by ASCII characters, so lines in UTF-8 have cells in UTF-8.
+// Cells are separated by ASCII characters, so lines in UTF-8 have cells in UTF-8. What Windows-1252 has no character
+// for is none in UTF-8 either.
 void CsvFile::CheckText() const {
   if (is_utf8_) return;
   for (size_t column = 0; column < cell_count_; ++column) {
-    if (!IsUtf8(cells_[column])) Fail(column, Say(words::kNotUtf8));
+    if (IsUtf8(cells_[column])) continue;
+    Fail(column, Say(dialect_.encoding == CsvEncoding::kUtf8 ? words::kNotUtf8 : words::kNotWindows1252));
   }
 }
 

@@ -12,11 +12,13 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/saft/csv/CsvDialect.h"
+
 namespace zevo::saft {
 
-/// A CSV file of RFC 4180 in UTF-8, read row by row; its first row names the columns. Empty lines are passed over.
-/// Whatever is wrong with it is a `Failure` that tells the file, the row and, as far as they are known, the column and
-/// the value.
+/// A CSV file, read row by row; its first row names the columns. It may be RFC 4180 in UTF-8, or have another dialect.
+/// Empty lines are passed over. Whatever is wrong with it is a `Failure` that tells the file, the row and, as far as
+/// they are known, the column and the value.
 class CsvFile {
  public:
   /// Opens a file and reads the names of its columns; an empty file has none.
@@ -27,12 +29,13 @@ class CsvFile {
 
   const std::string& Path() const { return path_; }
   const std::vector<std::string>& Columns() const { return columns_; }
+  const CsvDialect& Dialect() const { return dialect_; }
 
   /// Goes to the next row; false when there is none left. A row has a cell for every column, unless all are empty.
   bool Next();
   /// Whether the row has nothing but empty cells.
   bool IsEmptyRow() const;
-  /// Without the spaces at its ends.
+  /// In UTF-8, without the spaces at its ends.
   const std::string& Cell(size_t column) const { return cells_[column]; }
   /// The line on which the row begins, counted from 1 as an editor does.
   int64_t Row() const { return row_; }
@@ -42,6 +45,7 @@ class CsvFile {
   [[noreturn]] void Fail(size_t column, std::string_view reason) const;
 
  private:
+  void Begin();
   bool ReadRow();
   bool ReadLine();
   void Parse();
@@ -56,6 +60,7 @@ class CsvFile {
 
   std::string path_;
   std::ifstream file_;
+  CsvDialect dialect_;
   csv_parser parser_;
   std::string line_;
   int64_t lines_ = 0;

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/dataset/Alterations.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/CsvWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -104,6 +108,17 @@ void Alterations::AddTotal(std::string_view section, std::string_view element, A
 void Alterations::AddTotals(std::string_view section, const Totals& sums) {
   AddTotal(section, "TotalDebit", sums.debit);
   AddTotal(section, "TotalCredit", sums.credit);
+}
+
+void Alterations::AddForm(const CsvFile& file, bool hasDayFirst) {
+  const std::string form = Description(file.Dialect(), hasDayFirst);
+  if (form.empty()) return;
+  std::string note = Say(words::kRecognised, Visible(file.Path()), form);
+  if (std::ranges::find(forms_, note) == forms_.end()) forms_.push_back(std::move(note));
+}
+
+void Alterations::ReportForms(std::ostream& out) const {
+  for (const std::string& form : forms_) out << "saft: " << form << '\n';
 }
 
 void Alterations::Report(Kind kind, std::string_view what, std::ostream& out) const {

@@ -46,6 +46,11 @@ class Alterations {
   /// The totals of a section, where their two decimals make them differ from the sums of its entries.
   void AddTotals(std::string_view section, const Totals& sums);
 
+  /// A file that is not written as those of a dataset are. Its note is told once.
+  void AddForm(const CsvFile& file, bool hasDayFirst);
+  /// Tells how those files are written.
+  void ReportForms(std::ostream& out) const;
+
   /// Whether there are numbers that the file does not hold as given.
   bool HasLostNumbers() const { return IsIn(kRounded) || IsIn(kLeftOut); }
 
@@ -84,6 +89,7 @@ class Alterations {
   void Report(Kind kind, std::string_view verb, std::ostream& out) const;
 
   std::array<Places, kKinds> places_;
+  std::vector<std::string> forms_;
 };
 
 }  // namespace zevo::saft

@@ -58,6 +58,7 @@ bool RecordFile::Next() {
     if (!csv_->IsEmptyRow()) return true;
     alterations_.AddEmptyRow(*csv_);
   }
+  if (csv_) alterations_.AddForm(*csv_, false);
   return false;
 }
 

@@ -20,6 +20,18 @@ inline constexpr Text<> kStrayQuotationMark{"CSV mal formado, aspas fora do luga
 inline constexpr Text<> kOpenQuotationMark{"CSV mal formado, as aspas não são fechadas",
                                            "malformed CSV, a quotation mark is not closed"};
 inline constexpr Text<> kNotUtf8{"não é UTF-8", "not UTF-8"};
+inline constexpr Text<> kNotWindows1252{"não é Windows-1252", "not Windows-1252"};
+inline constexpr Text<> kUtf16{"está em UTF-16, que não é lido; grave-o como \"CSV UTF-8\"",
+                               "is in UTF-16, which is not read; save it as \"CSV UTF-8\""};
+
+// How a file is written, where it is not as in a dataset.
+
+inline constexpr Text<2> kRecognised{"{1}: reconhecido: {2}", "{1}: recognised: {2}"};
+inline constexpr Text<> kSemicolons{"ponto e vírgula entre células, vírgula decimal",
+                                    "semicolons between cells, decimal commas"};
+inline constexpr Text<> kTabs{"tabulações entre células, vírgula decimal", "tabs between cells, decimal commas"};
+inline constexpr Text<> kWindows1252{"Windows-1252", "Windows-1252"};
+inline constexpr Text<> kDayFirst{"datas dia/mês/ano", "dates day/month/year"};
 
 }  // namespace zevo::saft::words
 

@@ -77,6 +77,45 @@ TEST_F(CsvFileTest, EmptyLinesAreNoRows) {
   EXPECT_THAT(Texts("CustomerID"), ElementsAre("C1", "C2"));
 }
 
+TEST_F(CsvFileTest, ASpreadsheetProgramSavesSemicolonsInWindows1252) {
+  Write("customers.csv", "CustomerID;CompanyName\r\nC1;\"P\xE3o; \x96, \x80\"\r\nC2;Jos\xE9, filho\r\n");
+  ExpectCreated(Recognised("customers.csv", "semicolons between cells, decimal commas, Windows-1252"));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("P\xE3o; \x96, \x80", "Jos\xE9, filho"));
+}
+
+TEST_F(CsvFileTest, OrSemicolonsInUtf8WithAMark) {
+  Write("customers.csv",
+        "\xEF\xBB\xBF"
+        "CustomerID;CompanyName\r\nC1;Pão\r\n");
+  ExpectCreated(Recognised("customers.csv", "semicolons between cells, decimal commas"));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("P\xE3o"));
+}
+
+TEST_F(CsvFileTest, OrTabs) {
+  Write("customers.csv", "CustomerID\tCompanyName\tContact\r\nC1\tUm; dois, tr\xEAs\t\r\n");
+  ExpectCreated(Recognised("customers.csv", "tabs between cells, decimal commas, Windows-1252"));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um; dois, tr\xEAs"));
+}
+
+TEST_F(CsvFileTest, ALineMayTellTheSeparator) {
+  Write("customers.csv", "sep=;\r\nCustomerID\r\nC1\r\n");
+  ExpectCreated(Recognised("customers.csv", "semicolons between cells, decimal commas"));
+  EXPECT_THAT(Texts("CustomerID"), ElementsAre("C1"));
+  std::filesystem::remove(Output());
+  Write("customers.csv", "sep=,\nCustomerID,CompanyName\nC1,a;b\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("a;b"));
+}
+
+TEST_F(CsvFileTest, EachFileIsRecognisedForItself) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,\"S\xE3o; 1,5\"\n");
+  Write("products.csv", "ProductCode;ProductDescription\nP1;Pão\n");
+  Write("suppliers.csv", "SupplierID,CompanyName\nF1,Pão\n");
+  ExpectCreated(Recognised("customers.csv", "Windows-1252") +
+                Recognised("products.csv", "semicolons between cells, decimal commas"));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("S\xE3o; 1,5", "P\xE3o"));
+}
+
 // One writer leaves them out of what it is given, the other does not: both are to write the same.
 TEST_F(CsvFileTest, SpacesAtTheEndsOfACellDoNotCount) {
   Write("customers.csv", "CustomerID, CompanyName ,BillingAddress.City\n C1 ,\"  Zé da  Esquina \",  \n  ,,\n");
@@ -92,6 +131,9 @@ TEST_F(CsvFileTest, SpacesAtTheEndsOfACellDoNotCount) {
     EXPECT_THAT(xml, Not(HasSubstr("<City> ")));
   }
 }
+
+// Makes a file say that it is UTF-8.
+std::string Marked(std::string_view text) { return std::string("\xEF\xBB\xBF").append(text); }
 
 struct Faulty {
   const char* shows;
@@ -128,21 +170,37 @@ INSTANTIATE_TEST_SUITE_P(
                ":1: malformed CSV, a carriage return without a line feed"},
         Faulty{"CarriageReturnAtTheEnd", "CustomerID,Contact\nC1,a\r",
                ":2: malformed CSV, a carriage return without a line feed"},
-        Faulty{"Latin1", "CustomerID,Contact\nC1,Jos\xE9\n", ":2: Contact: \"Jos\\xE9\": not UTF-8"},
-        Faulty{"Latin1BeforeALineFeed", "CustomerID,Contact\nC1,\"Jos\xE9\nNeves\"\n",
+        Faulty{"Latin1", Marked("CustomerID,Contact\nC1,Jos\xE9\n"), ":2: Contact: \"Jos\\xE9\": not UTF-8"},
+        Faulty{"Latin1BeforeALineFeed", Marked("CustomerID,Contact\nC1,\"Jos\xE9\nNeves\"\n"),
                ":2: Contact: \"Jos\\xE9\\nNeves\": not UTF-8"},
-        Faulty{"Latin1InTheHeader", "CustomerID,Contact\xE9\n", ":1: cell 2: \"Contact\\xE9\": not UTF-8"},
+        Faulty{"Latin1InTheHeader", Marked("CustomerID,Contact\xE9\n"), ":1: cell 2: \"Contact\\xE9\": not UTF-8"},
         Faulty{"Utf16",
                std::string("\xFF\xFE"
                            "C\0u\0",
                            6),
-               ":1: cell 1: \"\\xFF\\xFEC\\x00u\\x00\": not UTF-8"},
-        Faulty{"OverlongUtf8", "CustomerID\nC\xC0\xAF\n", ":2: CustomerID: \"C\\xC0\\xAF\": not UTF-8"},
-        Faulty{"OverlongUtf8OfThree", "CustomerID\n\xE0\x9F\xBF\n", ":2: CustomerID: \"\\xE0\\x9F\\xBF\": not UTF-8"},
-        Faulty{"Surrogate", "CustomerID\n\xED\xA0\x80\n", ":2: CustomerID: \"\\xED\\xA0\\x80\": not UTF-8"},
-        Faulty{"BeyondUnicode", "CustomerID\n\xF4\x90\x80\x80\n",
+               ":1: is in UTF-16, which is not read; save it as \"CSV UTF-8\""},
+        Faulty{"Utf16BigEndian", "\xFE\xFF", ":1: is in UTF-16, which is not read; save it as \"CSV UTF-8\""},
+        Faulty{"Utf16WithoutAMark", std::string("A\0,\0B\0\n\0", 8),
+               ":1: is in UTF-16, which is not read; save it as \"CSV UTF-8\""},
+        Faulty{"Latin1AfterUtf8", "CustomerID,Contact\nC1,São\nC2,S\xE3o\n", ":3: Contact: \"S\\xE3o\": not UTF-8"},
+        Faulty{"NotWindows1252",
+               "CustomerID,Contact\nC1,S\xE3o\nC2,\x93"
+               "a\x81\x94\n",
+               ":3: Contact: \"“a\\x81”\": not Windows-1252"},
+        Faulty{"NotWindows1252InTheDecidingLine", "CustomerID;Contact\r\nC1;\x90\r\n",
+               ":2: Contact: \"\\x90\": not Windows-1252"},
+        Faulty{"RowAfterASeparatorLine", "sep=;\nCustomerID;Contact\nC1\n", ":3: 1 cell, but the header has 2"},
+        Faulty{"SeparatorLineOfAnother", "sep=|\n", ":1: column \"CustomerID\" is missing"},
+        Faulty{"SeparatorLineBelow", "\nsep=;\n", ":2: column \"CustomerID\" is missing"},
+        Faulty{"CommasInARowOfSemicolons", "CustomerID;Contact\nC1,a\n", ":2: 1 cell, but the header has 2"},
+        Faulty{"SemicolonsInARowOfCommas", "CustomerID,Contact\nC1;a\n", ":2: 1 cell, but the header has 2"},
+        Faulty{"OverlongUtf8", Marked("CustomerID\nC\xC0\xAF\n"), ":2: CustomerID: \"C\\xC0\\xAF\": not UTF-8"},
+        Faulty{"OverlongUtf8OfThree", Marked("CustomerID\n\xE0\x9F\xBF\n"),
+               ":2: CustomerID: \"\\xE0\\x9F\\xBF\": not UTF-8"},
+        Faulty{"Surrogate", Marked("CustomerID\n\xED\xA0\x80\n"), ":2: CustomerID: \"\\xED\\xA0\\x80\": not UTF-8"},
+        Faulty{"BeyondUnicode", Marked("CustomerID\n\xF4\x90\x80\x80\n"),
                ":2: CustomerID: \"\\xF4\\x90\\x80\\x80\": not UTF-8"},
-        Faulty{"CutUtf8", "CustomerID\n\xE2\x82\n", ":2: CustomerID: \"\\xE2\\x82\": not UTF-8"},
+        Faulty{"CutUtf8", Marked("CustomerID\n\xE2\x82\n"), ":2: CustomerID: \"\\xE2\\x82\": not UTF-8"},
         Faulty{"RowAfterQuotedLineFeeds", "CustomerID,Contact\nC1,\"a\nb\nc\"\nC2\n",
                ":5: 1 cell, but the header has 2"},
         Faulty{"RowThatHasLineFeeds", "CustomerID,Contact\nC1,a\n\"C\n\n2\"\n", ":3: 1 cell, but the header has 2"},
@@ -208,6 +266,8 @@ TEST_F(CsvFilePortugueseTest, TellsWhatIsWrong) {
   EXPECT_EQ(Said("\xEF\xBB\xBF"
                  "A,B\n1,\xE9\n"),
             ":2: B: \"\\xE9\": não é UTF-8");
+  EXPECT_EQ(Said("A,B\n1,\x81\n"), ":2: B: \"\\x81\": não é Windows-1252");
+  EXPECT_EQ(Said("\xFF\xFE"), ":1: está em UTF-16, que não é lido; grave-o como \"CSV UTF-8\"");
 }
 
 class CsvFileEmptyTest : public testing::ToolTest, public ::testing::WithParamInterface<std::string> {};
