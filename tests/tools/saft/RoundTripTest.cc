@@ -16,6 +16,7 @@
 #include "tests/tools/saft/FileTree.h"
 #include "tests/tools/saft/ToolTest.h"
 #include "tools/generate/SampleRecords.h"
+#include "tools/saft/dataset/Dataset.h"
 
 namespace zevo {
 namespace {
@@ -30,6 +31,13 @@ enum class Form {
   kInvalid,  ///< otherwise, and the schema does not allow it
   kInexact,  ///< otherwise, with numbers that only --round writes
 };
+
+std::string Replaced(std::string text, std::string_view from, std::string_view to) {
+  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
 
 class RoundTripTest : public testing::ToolTest {
  protected:
@@ -86,6 +94,28 @@ class RoundTripTest : public testing::ToolTest {
       if (is_ours) ExpectSameFiles(FirstList(), list);
     }
   }
+
+  /// Lists the first file in both ways, and expects that both lists become the same file, with the same to tell but for
+  /// the form of the second.
+  void ExpectSameFromSpreadsheet() const {
+    const std::string plain = folder_.Path("plain");
+    const std::string spreadsheet = folder_.Path("spreadsheet");
+    ASSERT_EQ(Run({"list", First(), "--all", plain}).code, 0);
+    ASSERT_EQ(Run({"list", First(), "--all", spreadsheet, "--excel"}).code, 0);
+    const testing::Outcome first = Run({"create", plain, plain + ".xml", "--round"});
+    const testing::Outcome second = Run({"create", spreadsheet, spreadsheet + ".xml", "--round"});
+    EXPECT_EQ(first.code, 0);
+    EXPECT_EQ(second.code, 0);
+    EXPECT_EQ(testing::ReadBytes(spreadsheet + ".xml"), testing::ReadBytes(plain + ".xml"));
+    std::string told;
+    for (const saft::DatasetFile& file : saft::Dataset::Files()) {
+      const std::string path = spreadsheet + "/" + std::string(file.name);
+      if (std::filesystem::exists(path)) {
+        told += "saft: " + path + ": recognised: semicolons between cells, decimal commas\n";
+      }
+    }
+    EXPECT_EQ(second.err, told + Replaced(first.err, plain + "/", spreadsheet + "/"));
+  }
 };
 
 struct Layout {
@@ -124,6 +154,12 @@ TEST_P(RoundTripLayoutTest, LosesNothingUntold) {
 
 INSTANTIATE_TEST_SUITE_P(All, RoundTripLayoutTest, ::testing::ValuesIn(kLayouts));
 
+// What a list for a spreadsheet program becomes, is what the list for programs becomes.
+TEST_P(RoundTripLayoutTest, ASpreadsheetBecomesTheSameFile) {
+  folder_.Write("first.xml", testing::ReadBytes(PathOf(GetParam().file)));
+  ExpectSameFromSpreadsheet();
+}
+
 TEST_F(RoundTripTest, EveryLayoutIsTried) {
   std::vector<std::string> tried;
   for (const Layout& layout : kLayouts) tried.emplace_back(layout.file);
@@ -152,6 +188,32 @@ TEST_F(RoundTripTest, TheSampleCompanyComesBack) {
   ExpectRoundTrip(Form::kOurs);
 }
 
+TEST_F(RoundTripTest, TheSampleCompanyComesBackFromASpreadsheet) {
+  ExpectDone({"create", ZEVO_COMPANY_FOLDER, First()});
+  ExpectSameFromSpreadsheet();
+}
+
+TEST_F(RoundTripTest, EveryElementOfTheSchemaComesBackFromASpreadsheet) {
+  folder_.Write("first.xml", testing::ReadBytes(ZEVO_COMPLETE_FILE));
+  ExpectSameFromSpreadsheet();
+}
+
+// A spreadsheet program would take each of these for something else.
+TEST_F(RoundTripTest, TextsLikeFormulasAndNumbersComeBackFromASpreadsheet) {
+  std::string customers = "CustomerID,CompanyName\n";
+  int number = 0;
+  for (const char* text :
+       {"=1+1", "'=1+1",    "''=1+1",     "'",       "'t Hof",          "+351",     "-5",       "@x",    "007", "'007",
+        "1-2",  "3/4/2012", "1.5",        "\"1,5\"", "\"5,6E+12\"",     "5.6E+12",  "'5.6E+12", "1E-05", "10%", "(5)",
+        "5 €",  "jan/12",   "VERDADEIRO", "a;b",     "\"a;\"\"b\"\"\"", "\"a\nb\"", "sep=;"}) {
+    customers.append("C").append(std::to_string(++number)).append(",").append(text) += '\n';
+  }
+  Write("customers.csv", customers);
+  ExpectDone({"create", folder_.Path(kDataset), First()});
+  ExpectSameFromSpreadsheet();
+  EXPECT_EQ(testing::ReadBytes(folder_.Path("spreadsheet.xml")), testing::ReadBytes(First()));
+}
+
 TEST_F(RoundTripTest, GeneratedFilesComeBack) {
   for (const uint64_t seed : {1U, 2U}) {
     AuditFileStreamWriter file;
@@ -171,13 +233,6 @@ struct Variant {
 };
 
 void PrintTo(const Variant& variant, std::ostream* out) { *out << variant.name; }
-
-std::string Replaced(std::string text, std::string_view from, std::string_view to) {
-  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
-  }
-  return text;
-}
 
 // Calls `take` with each character of a text.
 void ForEachCharacter(std::string_view text, const std::function<void(char32_t)>& take) {

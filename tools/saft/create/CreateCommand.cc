@@ -10,6 +10,7 @@
 #include "tools/saft/dataset/Dataset.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
+#include "tools/saft/words/CsvWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -61,7 +62,7 @@ std::string DatasetHelp() {
   help +=
       "\n\"saft template\" writes them empty, \"saft columns\" tells which columns are required and what goes into "
       "them.\n";
-  return help.append("\n").append(kContentHelp);
+  return help.append("\n").append(kContentHelp).append("\n\n").append(Say(words::kFormHelp));
 }
 
 }  // namespace

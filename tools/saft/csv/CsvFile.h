@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tools/saft/csv/CsvDialect.h"
@@ -37,6 +38,8 @@ class CsvFile {
   bool IsEmptyRow() const;
   /// In UTF-8, without the spaces at its ends.
   const std::string& Cell(size_t column) const { return cells_[column]; }
+  /// Puts another text in the place of a cell, until the next row.
+  void Replace(size_t column, std::string text) { cells_[column] = std::move(text); }
   /// The line on which the row begins, counted from 1 as an editor does.
   int64_t Row() const { return row_; }
 

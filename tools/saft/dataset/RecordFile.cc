@@ -31,6 +31,16 @@ void RecordFile::Bind(const Record& sample, const KeyColumns& keys) {
     }
   }
   FindRivals();
+  FindTranslated();
+}
+
+void RecordFile::FindTranslated() {
+  const auto add = [this](size_t place, const Property* property) {
+    const CellText text(csv_->Dialect(), property);
+    if (text.MayDiffer()) translated_.push_back({place, text});
+  };
+  for (const size_t place : parents_) add(place, nullptr);
+  for (const auto& [place, binding] : columns_) add(place, &binding.Target());
 }
 
 void RecordFile::FindRivals() {
@@ -55,11 +65,29 @@ size_t RecordFile::PlaceOf(std::string_view column) const {
 bool RecordFile::Next() {
   while (csv_ && csv_->Next()) {
     Interruption::ThrowIfRequested();
-    if (!csv_->IsEmptyRow()) return true;
-    alterations_.AddEmptyRow(*csv_);
+    if (csv_->IsEmptyRow()) {
+      alterations_.AddEmptyRow(*csv_);
+      continue;
+    }
+    Translate();
+    return true;
   }
-  if (csv_) alterations_.AddForm(*csv_, false);
+  if (csv_) alterations_.AddForm(*csv_, has_day_first_);
   return false;
+}
+
+// From here on the row is as a dataset has it.
+void RecordFile::Translate() {
+  for (const auto& [place, text] : translated_) {
+    try {
+      std::optional<std::string> told = text.Of(csv_->Cell(place));
+      if (!told) continue;
+      csv_->Replace(place, *std::move(told));
+      has_day_first_ = has_day_first_ || text.IsDate();
+    } catch (const BadValue& bad) {
+      csv_->Fail(place, bad.what());
+    }
+  }
 }
 
 void RecordFile::Fill(Record& record) {

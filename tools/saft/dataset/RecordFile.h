@@ -13,6 +13,7 @@
 
 #include "tools/saft/csv/CsvFile.h"
 #include "tools/saft/dataset/Alterations.h"
+#include "tools/saft/dataset/CellText.h"
 #include "tools/saft/dataset/ColumnBinding.h"
 
 namespace zevo::saft {
@@ -68,6 +69,12 @@ class RecordFile {
     ColumnBinding binding;
   };
 
+  /// A column whose cells may tell something else than they say.
+  struct Translated {
+    size_t place;
+    CellText text;
+  };
+
   /// Two columns of which the file holds only one: the first, unless it is 0.
   struct Rivals {
     size_t first;
@@ -77,6 +84,8 @@ class RecordFile {
   void Bind(const Record& sample, const KeyColumns& keys);
   size_t PlaceOf(std::string_view column) const;
   void FindRivals();
+  void FindTranslated();
+  void Translate();
   void SetFrom(const Column& column, std::string_view text, Record& record);
   void Note(const Column& column, std::string_view text, const Record& record);
   void Decide(Record& record);
@@ -86,6 +95,8 @@ class RecordFile {
   Alterations& alterations_;
   std::vector<Column> columns_;
   std::vector<Rivals> rivals_;
+  std::vector<Translated> translated_;
+  bool has_day_first_ = false;
   std::vector<size_t> parents_;
   std::optional<size_t> key_;
 };

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tools/saft/dataset/CellValue.h"
+#include "tools/saft/dataset/CellText.h"
 #include "tools/saft/input/ScannedElements.h"
 
 namespace zevo::saft {
@@ -15,20 +15,13 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-CellKind KindOf(const Property* property) {
-  if (property == nullptr) return CellKind::kText;
-  if (IsDecimal(*property) || property->type == PropertyType::kCount) return CellKind::kNumber;
-  return property->type == PropertyType::kText && property->text_kind == TextKind::kPlain ? CellKind::kText
-                                                                                          : CellKind::kDate;
-}
-
 }  // namespace
 
 CsvPrinter::CsvPrinter(const RecordColumns& columns, const std::vector<size_t>& places, std::ostream& out, CsvForm form)
     : csv_(out, form) {
   for (const size_t place : places) {
     const RecordColumn& column = columns.Columns()[place];
-    columns_.push_back({place, KindOf(column.property)});
+    columns_.push_back({place, CellKindOf(column.property)});
     csv_.Add(column.name, CellKind::kText);
   }
   csv_.EndRow();

@@ -33,6 +33,42 @@ inline constexpr Text<> kTabs{"tabulações entre células, vírgula decimal", "
 inline constexpr Text<> kWindows1252{"Windows-1252", "Windows-1252"};
 inline constexpr Text<> kDayFirst{"datas dia/mês/ano", "dates day/month/year"};
 
+// Cells that are not understood.
+
+inline constexpr Text<2> kAmbiguousNumber{"tanto pode ser {1} como {2}; escreva uma dessas formas, sem ponto",
+                                          "may be {1} or {2}; write one of these, without a point"};
+inline constexpr Text<> kNotANumber{"não é um número como 1234,56", "not a number such as 1234,56"};
+inline constexpr Text<> kShortYear{"o ano tem de ter quatro algarismos, como em 31/12/2012",
+                                   "the year must have four digits, as in 31/12/2012"};
+inline constexpr Text<> kNoSuchDay{"esse dia não existe; o dia vem primeiro, depois o mês",
+                                   "there is no such day; the day comes first, then the month"};
+inline constexpr Text<> kNotADate{"não é uma data como 31/12/2012", "not a date such as 31/12/2012"};
+inline constexpr Text<> kNotADateTime{"não é uma data e hora como 31/12/2012 14:30",
+                                      "not a date and time such as 31/12/2012 14:30"};
+inline constexpr Text<> kLostDigits{
+    "a folha de cálculo perdeu algarismos; formate a coluna como texto e escreva de novo o valor",
+    "the spreadsheet has lost digits; format the column as text and enter the value again"};
+
+// What "saft create --help" says of it.
+
+inline constexpr Text<> kFormHelp{
+    R"(Também são lidos os ficheiros que um programa de folha de cálculo grava como CSV. Em cada ficheiro, a linha dos nomes
+mostra se as células se separam com ponto e vírgula, vírgula ou tabulação; uma primeira linha "sep=;" também o diz. O texto
+está em UTF-8 ou em Windows-1252. O que não é como num conjunto de dados é indicado, uma linha por ficheiro.
+
+  - com ponto e vírgula ou tabulações, os números têm vírgula decimal: 1234,56, 1.234,56 ou 1 234,56 €. Um número como
+    1.234 pode ser duas coisas e é um erro. O apóstrofo que "saft list --excel" põe antes de um texto é retirado, e um texto
+    como 5,60123E+12, que perdeu algarismos, é um erro.
+  - em qualquer ficheiro, as datas podem ter o dia primeiro: 31/12/2012 ou 31-12-2012, com a hora como em 31/12/2012 14:30)",
+    R"(Files that a spreadsheet program saves as CSV are read too. In each file the row of names shows whether cells are separated
+by semicolons, commas or tabs; a first line "sep=;" tells it as well. The text is UTF-8 or Windows-1252. What is other than
+in a dataset is told, one line for each file.
+
+  - with semicolons or tabs, numbers have a decimal comma: 1234,56, 1.234,56 or 1 234,56 €. A number such as 1.234 may be
+    two things and is an error. The apostrophe that "saft list --excel" puts before a text is taken off, and a text such as
+    5,60123E+12, which has lost digits, is an error.
+  - in every file, dates may have the day first: 31/12/2012 or 31-12-2012, with the time as in 31/12/2012 14:30)"};
+
 }  // namespace zevo::saft::words
 
 #endif  // ZEVO_TOOLS_SAFT_WORDS_CSVWORDS_H_
