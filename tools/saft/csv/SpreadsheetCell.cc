@@ -58,7 +58,7 @@ bool IsLikeDateWithMonth(std::string_view text) {
 
 // Whether a spreadsheet program would take a text for a number, a date or a time, and show it otherwise.
 bool IsLikeNumber(std::string_view text) {
-  constexpr size_t kDigitsOfANumber = 15;
+  constexpr size_t kDigitsOfANumber = 11;
   if (text.empty()) return false;
   if (const std::string word = FirstWord(text); word.size() == text.size()) {
     return word == "verdadeiro" || word == "falso" || word == "true" || word == "false";
@@ -66,7 +66,7 @@ bool IsLikeNumber(std::string_view text) {
   if (IsLikeDateWithMonth(text) || HasLostDigits(text)) return true;
   if (!IsDigit(text.front()) && !text.starts_with('(')) return false;
   const bool digits = text.find_first_not_of(kDigits) == std::string_view::npos;
-  // 007, or more digits than it keeps.
+  // 007, or more digits than it shows; what it does not show, it does not save.
   if (digits) return text.size() > kDigitsOfANumber || (text.size() > 1 && text.front() == '0');
   // 1-2, 3/4/10, 10:30, 1E5, 1.5, 10%, (5), 5€.
   if (text.ends_with("€")) text.remove_suffix(std::string_view("€").size());

@@ -78,18 +78,16 @@ TEST(CsvWriterTest, NumbersAreNeverGuarded) {
 
 TEST(CsvWriterTest, TextsThatWouldBecomeNumbersOrDatesAreGuarded) {
   for (const std::string text :
-       {"007",       "1234567890123456", "1-2",     "3/4/10",        "10:30",      "1E5",   "1.5",
-        "1,5",       "3500-115",         "10%",     "(5)",           "5€",         "5 €",   "1 jan",
-        "10-Fev-12", "jan/12",           "2 março", "Dezembro 2012", "VERDADEIRO", "false", "5,6E+12",
-        "'007"}) {
+       {"007",      "123456789012",  "1-2",        "3/4/10", "10:30",   "1E5",   "1.5",       "1,5",
+        "3500-115", "10%",           "(5)",        "5€",     "5 €",     "1 jan", "10-Fev-12", "jan/12",
+        "2 março",  "Dezembro 2012", "VERDADEIRO", "false",  "5,6E+12", "'007"}) {
     EXPECT_TRUE(Cell(text).find('\'' + text) != std::string::npos) << text;
   }
 }
 
 TEST(CsvWriterTest, OtherTextsAreLeftAlone) {
-  for (const std::string text :
-       {"", "0", "211", "123456789012345", "Rua 7", "1.º andar", "FT A/1", "2 e meio", "Janela", "2 janelas",
-        "(sem nome)", "Falso alarme", "Março", "set", "Marco 2", "7 dias"}) {
+  for (const std::string text : {"", "0", "211", "12345678901", "Rua 7", "1.º andar", "FT A/1", "2 e meio", "Janela",
+                                 "2 janelas", "(sem nome)", "Falso alarme", "Março", "set", "Marco 2", "7 dias"}) {
     EXPECT_EQ(Cell(text), text);
   }
 }
