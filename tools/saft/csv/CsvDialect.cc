@@ -3,7 +3,6 @@
 
 #include <zevo/Utf8.h>
 
-#include <algorithm>
 #include <string_view>
 
 #include "tools/saft/csv/ByteOrderMark.h"
@@ -34,8 +33,12 @@ char SeparatorIn(std::string_view heading) {
   return ',';
 }
 
+// Without a way out of the loop, which compilers make run over many characters at once: files that are ASCII are looked
+// through to their end.
 bool IsAscii(std::string_view line) {
-  return std::ranges::all_of(line, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  unsigned char bits = 0;
+  for (const char c : line) bits = static_cast<unsigned char>(bits | static_cast<unsigned char>(c));
+  return bits < 0x80;
 }
 
 }  // namespace

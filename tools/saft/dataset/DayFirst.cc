@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/dataset/DayFirst.h"
 
-#include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstddef>
 
@@ -14,17 +12,19 @@ namespace {
 
 // Takes the digits off the front.
 std::string_view TakeDigits(std::string_view& text) {
-  const size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
+  size_t count = 0;
+  while (count < text.size() && text[count] >= '0' && text[count] <= '9') ++count;
   const std::string_view digits = text.substr(0, count);
   text.remove_prefix(count);
   return digits;
 }
 
-// Takes a number of one or two digits and the character behind it; nothing when they are not there.
-std::string_view TakeShort(std::string_view& text, char mark) {
+// Takes a number of one or two digits and the mark behind it, one of those given; nothing when they are not there.
+std::string_view TakeShort(std::string_view& text, std::string_view marks) {
   std::string_view rest = text;
   const std::string_view digits = TakeDigits(rest);
-  if (digits.empty() || digits.size() > 2 || !rest.starts_with(mark)) return {};
+  if (digits.empty() || digits.size() > 2 || rest.empty()) return {};
+  if (marks.find(rest.front()) == std::string_view::npos) return {};
   text = rest.substr(1);
   return digits;
 }
@@ -46,7 +46,7 @@ bool IsDay(std::string_view year, std::string_view month, std::string_view day) 
 
 // "Thh:mm:ss" of "h:mm" or "h:mm:ss".
 std::optional<std::string> TimeOf(std::string_view text) {
-  const std::string_view hour = TakeShort(text, ':');
+  const std::string_view hour = TakeShort(text, ":");
   const std::string_view minute = TakeDigits(text);
   std::string_view second = "00";
   if (text.starts_with(':')) {
@@ -66,18 +66,19 @@ std::optional<std::string> TimeOf(std::string_view text) {
 }  // namespace
 
 std::optional<std::string> DateFromDayFirst(std::string_view cell, TextKind kind) {
-  const char mark = cell.substr(0, 3).find('/') != std::string_view::npos ? '/' : '-';
-  const std::string_view day = TakeShort(cell, mark);
-  const std::string_view month = day.empty() ? day : TakeShort(cell, mark);
+  std::string_view rest = cell;
+  const std::string_view day = TakeShort(rest, "/-");
+  if (day.empty()) return std::nullopt;
+  const std::string_view month = TakeShort(rest, cell.substr(day.size(), 1));
   if (month.empty()) return std::nullopt;
-  const std::string_view year = TakeDigits(cell);
+  const std::string_view year = TakeDigits(rest);
   if (year.size() == 2) throw BadValue(Say(words::kShortYear));
   if (year.size() != 4) FailWithForm(kind);
   if (!IsDay(year, month, day)) throw BadValue(Say(words::kNoSuchDay));
   const std::string date = std::string(year) + "-" + TwoDigits(month) + "-" + TwoDigits(day);
-  if (cell.empty()) return date;
+  if (rest.empty()) return date;
   const std::optional<std::string> time =
-      kind == TextKind::kDateTime && cell.front() == ' ' ? TimeOf(cell.substr(1)) : std::nullopt;
+      kind == TextKind::kDateTime && rest.front() == ' ' ? TimeOf(rest.substr(1)) : std::nullopt;
   if (!time) FailWithForm(kind);
   return date + *time;
 }
