@@ -39,5 +39,11 @@ TEST_F(UsageTest, HelpOfCreateNamesEveryFileOfADataset) {
   }
 }
 
+TEST_F(UsageTest, HelpOfCreateTellsHowSpreadsheetsAreRead) {
+  EXPECT_THAT(Run({"create", "--help"}).out,
+              AllOf(HasSubstr("Files that a spreadsheet program saves as CSV are read too."), HasSubstr("\"sep=;\""),
+                    HasSubstr("1234,56, 1.234,56 or 1 234,56 €"), HasSubstr("31/12/2012 14:30")));
+}
+
 }  // namespace
 }  // namespace zevo
