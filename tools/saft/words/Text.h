@@ -33,12 +33,13 @@ class Text {
  private:
   static consteval void Require(std::string_view text) {
     if (text.empty()) throw "a language is missing";
+    constexpr std::string_view kPlaces = std::string_view("123456789").substr(0, Values);
     std::array<bool, Values + 1> there{};
     for (size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
       if (at + 2 >= text.size() || text[at + 2] != '}') throw "a place is written {1}";
-      const auto place = static_cast<size_t>(text[at + 1] - '0');
-      if (place < 1 || place > Values) throw "a place without a value";
-      there[place] = true;
+      const size_t place = kPlaces.find(text[at + 1]);
+      if (place == std::string_view::npos) throw "a place without a value";
+      there[place + 1] = true;
     }
     for (size_t place = 1; place <= Values; ++place) {
       if (!there[place]) throw "a value without a place";
