@@ -68,9 +68,8 @@ std::optional<std::string> DigitsOf(std::string_view text) {
 // A number taken apart.
 class Number {
  public:
-  explicit Number(std::string_view cell) {
+  explicit Number(std::string_view cell) : rest_(WithoutBlanks(cell)) {
     constexpr std::string_view kEuro = "€";
-    rest_ = WithoutBlanks(cell);
     if (rest_.ends_with(kEuro)) rest_ = WithoutBlanks(rest_.substr(0, rest_.size() - kEuro.size()));
     if (!rest_.starts_with('-') && !rest_.starts_with('+')) return;
     sign_ = rest_.substr(0, 1);
