@@ -143,10 +143,41 @@ TEST(ViolationTest, ARecordWithoutItsKeyIsSaidToHaveNone) {
             "Customer (without identification) has no CustomerID, which is required.");
 }
 
-TEST(ViolationTest, WhatLibxml2SaysIsToldAsItIs) {
-  const Violation violation{1871, {}, "", "", {2, 5, 0}, "Element 'x': This element is not expected.", ""};
-  EXPECT_EQ(Describe(violation, Language::kPortuguese),
-            "Element 'x': This element is not expected (linha 2, coluna 5).");
+// What libxml2 says itself, and the sentence in both languages.
+TEST(ViolationTest, WhatLibxml2SaysIsWorded) {
+  struct ToldCase {
+    int32_t number;
+    std::string said;
+    std::string portuguese;
+    std::string english;
+  };
+  const ToldCase cases[] = {
+      {1871, "Element '{urn:a}x': This element is not expected.", "x não pode estar neste sítio",
+       "x may not stand here"},
+      {1871, "Element '{urn:a}x': This element is not expected. Expected is one of ( {urn:a}b, {urn:a}c ).",
+       "x não pode estar neste sítio, onde só pode estar b ou c", "x may not stand here, where only b or c may"},
+      {1871, "Element '{urn:a}x': Missing child element(s). Expected is ( {urn:a}b ).",
+       "x não tem b, que é obrigatório", "x has no b, which is required"},
+      {1824, "Element 'x': '1,5' is not a valid value of the atomic type 'xs:decimal'.",
+       "x, \"1,5\", tem de ser um número, com ponto antes das decimais",
+       "x, \"1,5\", must be a number, with a point before its decimals"},
+      {1831,
+       "Element 'x': [facet 'minLength'] The value '' has a length of '0'; this underruns the allowed minimum length "
+       "of '1'.",
+       "x, \"\", tem de ter pelo menos 1 carácter", "x, \"\", must have at least 1 character"},
+      {1839, "Element 'x': [facet 'pattern'] The value 'a' is not accepted by the pattern '[0-9]{3}'.",
+       "x, \"a\", não tem a forma certa, que é [0-9]{3}", "x, \"a\", does not have the right form, which is [0-9]{3}"},
+      {1877, "Element '{urn:a}x': Duplicate key-sequence ['C1'] in unique identity-constraint '{urn:a}k'.",
+       "x, \"C1\", já identifica outro registo", "x, \"C1\", already identifies another record"},
+      {1874, "Element '{urn:a}x': The element is not 'nillable'.", "x não está de acordo com o esquema",
+       "Element '{urn:a}x': The element is not 'nillable'"},
+      {1875, "Odd words.", "O ficheiro não está de acordo com o esquema", "Odd words"},
+  };
+  for (const ToldCase& each : cases) {
+    const Violation violation{each.number, {}, "", "", {2, 5, 0}, each.said, ""};
+    EXPECT_EQ(Describe(violation, Language::kPortuguese), each.portuguese + " (linha 2, coluna 5).");
+    EXPECT_EQ(Describe(violation, Language::kEnglish), each.english + " (line 2, column 5).");
+  }
 }
 
 TEST(ViolationTest, LongTextsAreAbridgedByCharacters) {

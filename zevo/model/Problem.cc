@@ -1,27 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Problem.h>
 
+#include <zevo/model/internal/Phrase.h>
+
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace zevo {
 namespace {
 
 struct FaultRow {
   Fault fault;
-  std::string_view portuguese;
-  std::string_view english;
+  Phrase text;
 };
 
 constexpr auto kFaultRows = std::to_array<FaultRow>({
-    {Fault::kUnreadable, "o elemento não pode ter este valor", "the element cannot have this value"},
-    {Fault::kUnknownCode, "o código não é conhecido", "the code is unknown"},
-    {Fault::kInexact, "o registo não pode ter todos os algarismos", "the record cannot have all its digits"},
-    {Fault::kRepeated, "está repetido; conta o primeiro", "is repeated; the first one counts"},
-    {Fault::kUnknownElement, "não é conhecido neste sítio", "is not known here"},
-    {Fault::kOutOfOrder, "está fora do seu lugar", "is out of place"},
-    {Fault::kKeyTaken, "a chave já é a de outra linha", "the key is that of another line already"},
-    {Fault::kConstant, "o registo tem sempre outro valor", "the record always has another value"},
+    {Fault::kUnreadable, {"o elemento não pode ter este valor", "the element cannot have this value"}},
+    {Fault::kUnknownCode, {"o código não é conhecido", "the code is unknown"}},
+    {Fault::kInexact, {"o registo não pode ter todos os algarismos", "the record cannot have all its digits"}},
+    {Fault::kRepeated, {"está repetido; conta o primeiro", "is repeated; the first one counts"}},
+    {Fault::kUnknownElement, {"não é conhecido neste sítio", "is not known here"}},
+    {Fault::kOutOfOrder, {"está fora do seu lugar", "is out of place"}},
+    {Fault::kKeyTaken, {"a chave já é a de outra linha", "the key is that of another line already"}},
+    {Fault::kConstant, {"o registo tem sempre outro valor", "the record always has another value"}},
 });
 
 consteval bool FaultsInOrderOfValues() {
@@ -45,12 +47,8 @@ std::string Describe(const Problem& problem, Language language) {
   std::string sentence = problem.path;
   if (sentence.empty()) sentence = portuguese ? "O registo" : "The record";
   if (!problem.text.empty()) sentence.append(", \"").append(problem.text).append("\"");
-  sentence.append(": ").append(portuguese ? row.portuguese : row.english);
-  if (problem.place.line > 0) {
-    sentence.append(portuguese ? " (linha " : " (line ").append(std::to_string(problem.place.line));
-    sentence.append(portuguese ? ", coluna " : ", column ").append(std::to_string(problem.place.column)).append(")");
-  }
-  return sentence += '.';
+  sentence.append(": ").append(row.text.In(language));
+  return WithPlace(std::move(sentence), problem.place, language);
 }
 
 }  // namespace zevo

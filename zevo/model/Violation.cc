@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Violation.h>
 
-#include <zevo/Utf8.h>
+#include <zevo/model/internal/Phrase.h>
+#include <zevo/model/internal/ToldViolation.h>
 
 #include <algorithm>
 #include <array>
@@ -60,40 +61,34 @@ constexpr auto kNumberRows = std::to_array<NumberRow>({
 constexpr int32_t kElementContent = 1871;
 constexpr int32_t kIdentity = 1877;
 
-// A text in both languages.
-struct Phrase {
-  std::string_view portuguese;
-  std::string_view english;
-
-  std::string_view In(Language language) const { return language == Language::kPortuguese ? portuguese : english; }
-};
-
-// What follows on the element. "#" stands for what is allowed.
+// What follows on the element. "{1}" stands for what is allowed.
 struct WrongRow {
   Wrong wrong;
   Phrase text;
 };
 constexpr auto kWrongRows = std::to_array<WrongRow>({
-    {Wrong::kMissing, {"não tem #, que é obrigatório", "has no #, which is required"}},
+    {Wrong::kMissing, {"não tem {1}, que é obrigatório", "has no {1}, which is required"}},
     {Wrong::kRepeated, {"só pode aparecer uma vez", "may appear only once"}},
-    {Wrong::kMisplaced, {"não pode estar neste sítio, onde só pode estar #", "may not stand here, where only # may"}},
+    {Wrong::kMisplaced,
+     {"não pode estar neste sítio, onde só pode estar {1}", "may not stand here, where only {1} may"}},
     {Wrong::kNothingMore, {"não pode estar neste sítio", "may not stand here"}},
     {Wrong::kForeign, {"está noutro espaço de nomes, o que não pode ser", "is in another namespace, which may not be"}},
     {Wrong::kDuplicate, {"já identifica outro registo", "already identifies another record"}},
-    {Wrong::kDangling, {"não identifica nenhum # do ficheiro", "identifies no # of the file"}},
-    {Wrong::kType, {"tem de ser #", "must be #"}},
-    {Wrong::kLength, {"tem de ter exatamente #", "must have exactly #"}},
-    {Wrong::kMinLength, {"tem de ter pelo menos #", "must have at least #"}},
-    {Wrong::kMaxLength, {"não pode ter mais de #", "must not have more than #"}},
-    {Wrong::kMinInclusive, {"não pode ser menor do que #", "must not be less than #"}},
-    {Wrong::kMaxInclusive, {"não pode ser maior do que #", "must not be greater than #"}},
-    {Wrong::kMinExclusive, {"tem de ser maior do que #", "must be greater than #"}},
-    {Wrong::kMaxExclusive, {"tem de ser menor do que #", "must be less than #"}},
-    {Wrong::kTotalDigits, {"não pode ter mais de # ao todo", "must not have more than # in all"}},
-    {Wrong::kFractionDigits, {"não pode ter mais de # depois do ponto", "must not have more than # behind the point"}},
-    {Wrong::kPattern, {"não tem a forma certa, que é #", "does not have the right form, which is #"}},
-    {Wrong::kEnumeration, {"tem de ser um de: #", "must be one of: #"}},
-    {Wrong::kFixed, {"tem de ser \"#\"", "must be \"#\""}},
+    {Wrong::kDangling, {"não identifica nenhum {1} do ficheiro", "identifies no {1} of the file"}},
+    {Wrong::kType, {"tem de ser {1}", "must be {1}"}},
+    {Wrong::kLength, {"tem de ter exatamente {1}", "must have exactly {1}"}},
+    {Wrong::kMinLength, {"tem de ter pelo menos {1}", "must have at least {1}"}},
+    {Wrong::kMaxLength, {"não pode ter mais de {1}", "must not have more than {1}"}},
+    {Wrong::kMinInclusive, {"não pode ser menor do que {1}", "must not be less than {1}"}},
+    {Wrong::kMaxInclusive, {"não pode ser maior do que {1}", "must not be greater than {1}"}},
+    {Wrong::kMinExclusive, {"tem de ser maior do que {1}", "must be greater than {1}"}},
+    {Wrong::kMaxExclusive, {"tem de ser menor do que {1}", "must be less than {1}"}},
+    {Wrong::kTotalDigits, {"não pode ter mais de {1} ao todo", "must not have more than {1} in all"}},
+    {Wrong::kFractionDigits,
+     {"não pode ter mais de {1} depois do ponto", "must not have more than {1} behind the point"}},
+    {Wrong::kPattern, {"não tem a forma certa, que é {1}", "does not have the right form, which is {1}"}},
+    {Wrong::kEnumeration, {"tem de ser um de: {1}", "must be one of: {1}"}},
+    {Wrong::kFixed, {"tem de ser \"{1}\"", "must be \"{1}\""}},
     {Wrong::kAttribute, {"é um atributo que não pode existir", "is an attribute that may not be there"}},
     {Wrong::kText,
      {"tem texto entre os seus elementos, o que não pode ser", "has text between its elements, which may not be"}},
@@ -101,10 +96,10 @@ constexpr auto kWrongRows = std::to_array<WrongRow>({
     {Wrong::kElementInText,
      {"está dentro de um valor, que só pode ter texto", "is inside a value, which may have text only"}},
     {Wrong::kElementInFixed,
-     {"está dentro de um valor, que tem de ser \"#\"", "is inside a value, which must be \"#\""}},
+     {"está dentro de um valor, que tem de ser \"{1}\"", "is inside a value, which must be \"{1}\""}},
     {Wrong::kRoot,
-     {"não é o começo de um ficheiro deste esquema, que é do espaço de nomes #",
-      "does not begin a file of this schema, whose namespace is #"}},
+     {"não é o começo de um ficheiro deste esquema, que é do espaço de nomes {1}",
+      "does not begin a file of this schema, whose namespace is {1}"}},
     {Wrong::kOther, {"não está de acordo com o esquema", "does not agree with the schema"}},
 });
 
@@ -130,23 +125,23 @@ constexpr auto kTypeRows = std::to_array<TypeRow>({
     {"boolean", {"true ou false", "true or false"}},
 });
 
-// Records as sentences begin with them; "#" stands for the key.
+// Records as sentences begin with them; "{1}" stands for the key.
 struct RecordRow {
   EntityKind kind;
   Phrase text;
 };
 constexpr auto kRecordRows = std::to_array<RecordRow>({
     {EntityKind::kHeader, {"O cabeçalho", "The header"}},
-    {EntityKind::kGeneralLedger, {"A conta #", "Account #"}},
-    {EntityKind::kCustomer, {"O cliente #", "Customer #"}},
-    {EntityKind::kSupplier, {"O fornecedor #", "Supplier #"}},
-    {EntityKind::kProduct, {"O produto #", "Product #"}},
+    {EntityKind::kGeneralLedger, {"A conta {1}", "Account {1}"}},
+    {EntityKind::kCustomer, {"O cliente {1}", "Customer {1}"}},
+    {EntityKind::kSupplier, {"O fornecedor {1}", "Supplier {1}"}},
+    {EntityKind::kProduct, {"O produto {1}", "Product {1}"}},
     {EntityKind::kTaxTable, {"A tabela de impostos", "The tax table"}},
     {EntityKind::kGeneralLedgerEntries, {"A secção dos movimentos", "The section of ledger entries"}},
-    {EntityKind::kJournal, {"O diário #", "Journal #"}},
-    {EntityKind::kTransaction, {"O movimento #", "Transaction #"}},
+    {EntityKind::kJournal, {"O diário {1}", "Journal {1}"}},
+    {EntityKind::kTransaction, {"O movimento {1}", "Transaction {1}"}},
     {EntityKind::kSalesInvoices, {"A secção das faturas", "The section of invoices"}},
-    {EntityKind::kInvoice, {"A fatura #", "Invoice #"}},
+    {EntityKind::kInvoice, {"A fatura {1}", "Invoice {1}"}},
 });
 
 consteval bool RecordsInOrderOfValues() {
@@ -158,9 +153,8 @@ consteval bool RecordsInOrderOfValues() {
 static_assert(RecordsInOrderOfValues());
 
 constexpr Phrase kNoKey{"(sem identificação)", "(without identification)"};
+constexpr Phrase kFile{"O ficheiro", "The file"};
 constexpr Phrase kOr{" ou ", " or "};
-constexpr Phrase kLine{" (linha ", " (line "};
-constexpr Phrase kColumn{", coluna ", ", column "};
 constexpr Phrase kCharacter{"carácter", "character"};
 constexpr Phrase kCharacters{"caracteres", "characters"};
 constexpr Phrase kDigit{"algarismo", "digit"};
@@ -198,15 +192,6 @@ Wrong WrongOf(const Violation& violation) {
   return row == kNumberRows.end() ? Wrong::kOther : row->wrong;
 }
 
-// The first characters of a text, as a sentence may have it.
-std::string Abridged(std::string_view text) {
-  constexpr int kMost = 100;
-  std::string_view rest = text;
-  for (int i = 0; i < kMost && !rest.empty(); ++i) TakeCharacter(rest);
-  if (rest.empty()) return std::string(text);
-  return std::string(text.substr(0, text.size() - rest.size())).append("…");
-}
-
 std::string Counted(std::string_view number, const Phrase& one, const Phrase& several, Language language) {
   return std::string(number).append(" ").append((number == "1" ? one : several).In(language));
 }
@@ -236,7 +221,7 @@ std::string AllowedIn(const Violation& violation, Wrong wrong, Language language
     case Wrong::kFractionDigits:
       return Counted(violation.allowed, kDigit, kDigits, language);
     default:
-      return Abridged(violation.allowed);
+      return AbridgedText(violation.allowed);
   }
 }
 
@@ -256,27 +241,17 @@ bool HasValue(Wrong wrong) {
   }
 }
 
-std::string Filled(std::string_view text, std::string_view with) {
-  std::string filled(text);
-  if (const size_t at = filled.find('#'); at != std::string::npos) filled.replace(at, 1, with);
-  return filled;
-}
-
 // What a sentence begins with: the record, and the element in it.
 std::string SubjectOf(const Violation& violation, std::string_view path, Language language) {
   if (!violation.kind) return std::string(path);
   const RecordRow& row = kRecordRows[static_cast<size_t>(*violation.kind)];
-  const std::string key = violation.key.empty() ? std::string(kNoKey.In(language)) : Abridged(violation.key);
-  std::string subject = Filled(row.text.In(language), key);
+  const std::string key = violation.key.empty() ? std::string(kNoKey.In(language)) : AbridgedText(violation.key);
+  std::string subject = Filled(row.text.In(language), std::array{key});
   if (!path.empty()) subject.append(": ").append(path);
   return subject;
 }
 
-std::string WordedIn(const Violation& violation, Language language) {
-  if (violation.path.empty() && !violation.kind) {
-    return violation.value.substr(0, violation.value.find_last_not_of('.') + 1);
-  }
-  const Wrong wrong = WrongOf(violation);
+std::string WordedIn(const Violation& violation, Wrong wrong, Language language) {
   std::string_view path = violation.path;
   // What lacks is told of the element that lacks it.
   if (wrong == Wrong::kMissing) {
@@ -284,20 +259,26 @@ std::string WordedIn(const Violation& violation, Language language) {
     path = slash == std::string_view::npos ? std::string_view() : path.substr(0, slash);
   }
   std::string sentence = SubjectOf(violation, path, language);
-  if (HasValue(wrong)) sentence.append(", \"").append(Abridged(violation.value)).append("\",");
+  if (HasValue(wrong)) sentence.append(", \"").append(AbridgedText(violation.value)).append("\",");
   const Phrase& text = kWrongRows[static_cast<size_t>(wrong)].text;
-  return sentence.append(" ").append(Filled(text.In(language), AllowedIn(violation, wrong, language)));
+  return sentence.append(" ").append(Filled(text.In(language), std::array{AllowedIn(violation, wrong, language)}));
+}
+
+// What libxml2 told itself: in the same words where it is understood.
+std::string WordedAsTold(const Violation& violation, Language language) {
+  const auto [read, understood] = ReadTold(violation);
+  if (understood) return WordedIn(read, WrongOf(read), language);
+  if (language == Language::kEnglish) return violation.value.substr(0, violation.value.find_last_not_of('.') + 1);
+  const std::string subject = read.path.empty() ? std::string(kFile.In(language)) : read.path;
+  return subject + " " + std::string(kWrongRows[static_cast<size_t>(Wrong::kOther)].text.In(language));
 }
 
 }  // namespace
 
 std::string Describe(const Violation& violation, Language language) {
-  std::string sentence = WordedIn(violation, language);
-  if (violation.place.line > 0) {
-    sentence.append(kLine.In(language)).append(std::to_string(violation.place.line));
-    sentence.append(kColumn.In(language)).append(std::to_string(violation.place.column)).append(")");
-  }
-  return sentence += '.';
+  const bool told = violation.path.empty() && !violation.kind;
+  return WithPlace(told ? WordedAsTold(violation, language) : WordedIn(violation, WrongOf(violation), language),
+                   violation.place, language);
 }
 
 }  // namespace zevo

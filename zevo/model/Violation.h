@@ -42,7 +42,8 @@ struct Violation {
   friend bool operator==(const Violation&, const Violation&) = default;
 };
 
-/// The violation in a sentence, with its place. Long values are abridged.
+/// The violation in a sentence, with its place. Long values are abridged. One that libxml2 tells itself is worded like
+/// any other where its words have what that takes; else it is told by its element, in English in libxml2's own words.
 ZEVO_API std::string Describe(const Violation& violation, Language language);
 
 }  // namespace zevo

@@ -77,7 +77,8 @@ bool IsXmlText(std::string_view text) {
 }
 
 void RequireXmlText(std::string_view element, std::string_view text) {
-  if (!IsXmlText(text)) throw MakeRunTimeError(RunTimeError::kInvalidCall, element);
+  if (IsXmlText(text)) return;
+  throw MakeRunTimeError(RunTimeError::kInvalidCall, std::string(element).append(": carácter não permitido em XML"));
 }
 
 }  // namespace zevo

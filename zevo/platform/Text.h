@@ -39,7 +39,7 @@ void AppendCharacter(char32_t character, std::string& text);
 /// Whether a text is UTF-8 and holds no character that XML 1.0 forbids.
 bool IsXmlText(std::string_view text);
 
-/// Raises error 5, with the name of the element, for a text that is none.
+/// Raises error 5, with the name of the element and what is wrong, for a text that is none.
 void RequireXmlText(std::string_view element, std::string_view text);
 
 }  // namespace zevo
