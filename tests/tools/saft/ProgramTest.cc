@@ -23,7 +23,7 @@ TEST_F(ProgramTest, AFileThatGrowsTooLargeIsAnErrorOfTheFile) {
     const testing::Outcome outcome =
         RunInShell("ulimit -f 64; saft create " + option + ZEVO_COMPANY_FOLDER " '" + Output() + "'");
     EXPECT_EQ(outcome.code, 2);
-    EXPECT_THAT(outcome.err, AllOf(StartsWith("saft: " + Output() + ": "), HasSubstr("File too large")));
+    EXPECT_THAT(outcome.err, AllOf(StartsWith("saft: " + Output() + ": "), HasSubstr("The file becomes too large.")));
     EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
   }
 }
@@ -92,7 +92,7 @@ TEST_F(ProgramTest, WhatIsGivenIsMadeVisible) {
   const testing::Outcome name = Run({"summary",
                                      "a\xE2\x80\xAE"
                                      "b\n\xFF.xml"});
-  EXPECT_EQ(name.err, "saft: a\\u202Eb\\n\\xFF.xml: Ficheiro SAFT-PT não encontrado.\n");
+  EXPECT_EQ(name.err, "saft: a\\u202Eb\\n\\xFF.xml: There is no such SAFT-PT file.\n");
 }
 
 }  // namespace

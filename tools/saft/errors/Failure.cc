@@ -6,23 +6,9 @@
 #include <new>
 
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/SpokenLanguage.h"
 
 namespace zevo::saft {
-namespace {
-
-// The number alone does not tell: the parser uses it for something else.
-template <class LibraryError>
-bool IsOfMemory(const LibraryError& error) {
-  return error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory) && error.Source() == kRunTimeSource;
-}
-
-template <class LibraryError>
-[[noreturn]] void FailWithEither(const LibraryError& error, std::string_view file) {
-  if (IsOfMemory(error)) throw std::bad_alloc();
-  throw Failure(file, error.Description());
-}
-
-}  // namespace
 
 Failure::Failure(std::string_view file, std::string_view reason)
     : std::runtime_error(Visible(file) + ": " + Abridged(reason)) {}
@@ -30,10 +16,27 @@ Failure::Failure(std::string_view file, std::string_view reason)
 Failure::Failure(std::string_view file, int64_t row, std::string_view reason)
     : std::runtime_error(Visible(file) + ":" + std::to_string(row) + ": " + Abridged(reason)) {}
 
-void FailWith(const AuditException& error, std::string_view file) { FailWithEither(error, file); }
+void FailWith(const AuditException& error, std::string_view file) {
+  if (IsOutOfMemory(error)) throw std::bad_alloc();
+  std::string reason = Describe(error, SpokenLanguage());
+  // The name is told in front.
+  if (const std::string name = ": " + std::string(file) + "."; reason.ends_with(name)) {
+    reason.replace(reason.size() - name.size(), name.size(), ".");
+  }
+  throw Failure(file, reason);
+}
 
-void FailWith(const Error& error, std::string_view file) { FailWithEither(error, file); }
+void FailWith(const Error& error, std::string_view file) {
+  AuditException told;
+  told.set_Number(error.Number());
+  told.set_Source(error.Source());
+  told.set_Description(error.Description().empty() ? MessageText(error.Number()) : error.Description());
+  FailWith(told, file);
+}
 
-bool IsOutOfMemory(const AuditException& error) { return IsOfMemory(error); }
+// The number alone does not tell: the parser uses it for something else.
+bool IsOutOfMemory(const AuditException& error) {
+  return error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory) && error.Source() == kRunTimeSource;
+}
 
 }  // namespace zevo::saft

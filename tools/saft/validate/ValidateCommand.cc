@@ -14,6 +14,7 @@
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/validate/ViolationJson.h"
+#include "tools/saft/words/SpokenLanguage.h"
 #include "tools/saft/words/UsageWords.h"
 #include "tools/saft/words/ValidateWords.h"
 
@@ -67,7 +68,7 @@ void ValidateCommand::TellFailure(const AuditFileValidator& file) const {
   if (file.IsSchemaAtFault()) SchemaChoice::Fail(error);
   if (error.Number() < 0 || error.Source() == kRunTimeSource) FailWith(error, file_);
   if (file.AuditFileName() != kStandardInput) RequireReadable(file_);
-  std::cerr << "saft: " << Visible(file_) << ": " << Abridged(error.Description()) << '\n';
+  std::cerr << "saft: " << Visible(file_) << ": " << Abridged(Describe(error, SpokenLanguage())) << '\n';
 }
 
 }  // namespace zevo::saft

@@ -66,7 +66,7 @@ TEST_F(SchemaChoiceTest, AFaultOfTheOneAtTheDefaultPlaceIsToldWithItsNameOnce) {
   const testing::Outcome outcome = RunMoved("columns");
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "saft: " + schema + ": O esquema tem mais de 256 KiB\n");
+  EXPECT_EQ(outcome.err, "saft: " + schema + ": The schema is larger than 256 KiB.\n");
 }
 
 TEST_F(SchemaChoiceTest, TheOneThatIsNamedComesBeforeAll) {

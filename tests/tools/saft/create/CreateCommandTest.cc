@@ -259,7 +259,7 @@ TEST_F(CreateCommandTest, AnExistingFileStaysUntouched) {
   folder_.Write("out.xml", "mine");
   const testing::Outcome outcome = Create();
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.err, "saft: " + Output() + ": Ficheiro SAFT-PT já existente.\n");
+  EXPECT_EQ(outcome.err, "saft: " + Output() + ": The SAFT-PT file exists already.\n");
   EXPECT_EQ(testing::ReadBytes(Output()), "mine");
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
 }
@@ -385,7 +385,7 @@ TEST_F(CreateCommandStreamedTest, AnExistingFileStaysUntouched) {
   WriteEverything();
   folder_.Write("out.xml", "mine");
   EXPECT_EQ(CreateStreamed(folder_.Path(kDataset), Output()).err,
-            "saft: " + Output() + ": Ficheiro SAFT-PT já existente.\n");
+            "saft: " + Output() + ": The SAFT-PT file exists already.\n");
   EXPECT_EQ(testing::ReadBytes(Output()), "mine");
 }
 

@@ -127,7 +127,7 @@ TEST_F(AuditFileInputTest, CtrlCEndsTheReading) {
   ASSERT_THAT(shown, HasSubstr("\r["));
   ASSERT_EQ(write(terminal_, "\x03", 1), 1);
   shown += Rest();
-  EXPECT_THAT(shown, AllOf(HasSubstr("saft: " + Output() + ": Leitura do ficheiro abortada pelo utilizador."),
+  EXPECT_THAT(shown, AllOf(HasSubstr("saft: " + Output() + ": The reading of the file was ended by the user."),
                            Not(HasSubstr("Invoice types"))));
   EXPECT_EQ(End(), 2);
 }

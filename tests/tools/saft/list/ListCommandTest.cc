@@ -309,10 +309,10 @@ TEST_F(ListCommandTest, AFileOfAnotherVersionOrOfNoneIsAnError) {
     }
   };
   expectRefused(R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.04_01"/>)",
-                "O ficheiro é da versão 1.04_01; só a versão 1.01_01 é lida");
+                "The file is of version 1.04_01; only version 1.01_01 is read.");
   expectRefused("<AuditFile><Header><AuditFileVersion>9.99</AuditFileVersion></Header></AuditFile>",
-                "O ficheiro é da versão 9.99; só a versão 1.01_01 é lida");
-  expectRefused("<a/>", "O ficheiro não é um ficheiro de auditoria");
+                "The file is of version 9.99; only version 1.01_01 is read.");
+  expectRefused("<a/>", "The file is not an audit file.");
 }
 
 TEST_F(ListCommandTest, WithoutRecordsThereAreTheColumnsOnly) {
@@ -373,7 +373,7 @@ TEST_F(ListCommandTest, AMissingFileIsAnError) {
   const testing::Outcome outcome = Run({"list", Output(), "Product"});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, "saft: " + Output() + ": Ficheiro SAFT-PT não encontrado.\n");
+  EXPECT_EQ(outcome.err, "saft: " + Output() + ": There is no such SAFT-PT file.\n");
 }
 
 TEST_F(ListCommandTest, AnUnknownKindIsAnErrorThatNamesTheNearest) {

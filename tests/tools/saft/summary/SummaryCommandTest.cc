@@ -473,7 +473,7 @@ TEST_F(SummaryCommandTest, WhatChangesNoFigureIsNotTold) {
 
 TEST_F(SummaryCommandTest, AnotherVersionIsAnError) {
   for (const std::string version : {"1.04_01", "1.03_01"}) {
-    const std::string message = "O ficheiro é da versão " + version + "; só a versão 1.01_01 é lida\n";
+    const std::string message = "The file is of version " + version + "; only version 1.01_01 is read.\n";
     ExpectError(folder_.Write("a.xml", "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_" + version + "\"/>"),
                 message);
     ExpectError(folder_.Write("a.xml", "<AuditFile><Header><AuditFileVersion>" + version +
@@ -493,12 +493,12 @@ TEST_F(SummaryCommandTest, AFileWithoutNamespaceIsTakenByItsVersion) {
 }
 
 TEST_F(SummaryCommandTest, WhatIsNoAuditFileIsAnError) {
-  ExpectError(folder_.Write("a.xml", "<a/>"), "O ficheiro não é um ficheiro de auditoria\n");
+  ExpectError(folder_.Write("a.xml", "<a/>"), "The file is not an audit file.\n");
   ExpectError(folder_.Write("empty.xml", ""), "");
 }
 
 TEST_F(SummaryCommandTest, AMissingFileIsAnError) {
-  ExpectError(folder_.Path("none.xml"), "Ficheiro SAFT-PT não encontrado.\n");
+  ExpectError(folder_.Path("none.xml"), "There is no such SAFT-PT file.\n");
 }
 
 TEST_F(SummaryCommandTest, AFileThatIsNotWellFormedIsAnError) {
