@@ -49,6 +49,7 @@
 #include <zevo/model/SAFTConstants.h>
 #include <zevo/model/SalesInvoices.h>
 #include <zevo/model/ScannedElement.h>
+#include <zevo/model/SentenceName.h>
 #include <zevo/model/Settlement.h>
 #include <zevo/model/ShippingPointStructure.h>
 #include <zevo/model/SnakeCase.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Violation.h>
 
+#include <zevo/model/SentenceName.h>
 #include <zevo/model/internal/Phrase.h>
 #include <zevo/model/internal/ToldViolation.h>
 
@@ -125,34 +126,6 @@ constexpr auto kTypeRows = std::to_array<TypeRow>({
     {"boolean", {"true ou false", "true or false"}},
 });
 
-// Records as sentences begin with them; "{1}" stands for the key.
-struct RecordRow {
-  EntityKind kind;
-  Phrase text;
-};
-constexpr auto kRecordRows = std::to_array<RecordRow>({
-    {EntityKind::kHeader, {"O cabeçalho", "The header"}},
-    {EntityKind::kGeneralLedger, {"A conta {1}", "Account {1}"}},
-    {EntityKind::kCustomer, {"O cliente {1}", "Customer {1}"}},
-    {EntityKind::kSupplier, {"O fornecedor {1}", "Supplier {1}"}},
-    {EntityKind::kProduct, {"O produto {1}", "Product {1}"}},
-    {EntityKind::kTaxTable, {"A tabela de impostos", "The tax table"}},
-    {EntityKind::kGeneralLedgerEntries, {"A secção dos movimentos", "The section of ledger entries"}},
-    {EntityKind::kJournal, {"O diário {1}", "Journal {1}"}},
-    {EntityKind::kTransaction, {"O movimento {1}", "Transaction {1}"}},
-    {EntityKind::kSalesInvoices, {"A secção das faturas", "The section of invoices"}},
-    {EntityKind::kInvoice, {"A fatura {1}", "Invoice {1}"}},
-});
-
-consteval bool RecordsInOrderOfValues() {
-  for (size_t i = 0; i < kRecordRows.size(); ++i) {
-    if (static_cast<size_t>(kRecordRows[i].kind) != i) return false;
-  }
-  return kRecordRows.size() == kEntityKinds;
-}
-static_assert(RecordsInOrderOfValues());
-
-constexpr Phrase kNoKey{"(sem identificação)", "(without identification)"};
 constexpr Phrase kFile{"O ficheiro", "The file"};
 constexpr Phrase kOr{" ou ", " or "};
 constexpr Phrase kCharacter{"carácter", "character"};
@@ -244,9 +217,7 @@ bool HasValue(Wrong wrong) {
 // What a sentence begins with: the record, and the element in it.
 std::string SubjectOf(const Violation& violation, std::string_view path, Language language) {
   if (!violation.kind) return std::string(path);
-  const RecordRow& row = kRecordRows[static_cast<size_t>(*violation.kind)];
-  const std::string key = violation.key.empty() ? std::string(kNoKey.In(language)) : AbridgedText(violation.key);
-  std::string subject = Filled(row.text.In(language), std::array{key});
+  std::string subject = SentenceName(*violation.kind, violation.key, language);
   if (!path.empty()) subject.append(": ").append(path);
   return subject;
 }

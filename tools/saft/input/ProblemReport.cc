@@ -12,15 +12,12 @@ namespace {
 
 constexpr size_t kTold = 5;
 
-// Such as: Invoice "FT A/12":
+// Such as: Invoice FT A/12:
 std::string Subject(const AuditFileScanner& scanner, const Problem& problem) {
   const std::optional<EntityKind> kind = scanner.Kind();
   if (!kind || problem.path.starts_with('/')) return {};
-  std::string subject{NameOf(*kind)};
-  if (const auto key = scanner.TextOf(KeyOf(*kind)); key && !KeyOf(*kind).empty()) {
-    subject.append(" ").append(Quoted(*key));
-  }
-  return subject.append(": ");
+  const auto key = KeyOf(*kind).empty() ? std::nullopt : scanner.TextOf(KeyOf(*kind));
+  return Visible(SentenceName(*kind, key.value_or(std::string_view()), SpokenLanguage())) + ": ";
 }
 
 }  // namespace

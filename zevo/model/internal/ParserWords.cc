@@ -148,7 +148,7 @@ constexpr auto kRows = std::to_array<Wording>({
     {76, {}, {"Um elemento fecha com o nome de outro", "An element is closed by the name of another"}},
     {77,
      "Premature end of data in tag {1} line {2}",
-     {"O ficheiro acaba dentro do elemento {1} (linha {2})", "The file ends inside element {1} (line {2})"}},
+     {"O ficheiro acaba dentro do elemento {1}, da linha {2}", "The file ends inside element {1} of line {2}"}},
     {77, {}, {"O ficheiro acaba dentro de um elemento", "The file ends inside an element"}},
     {78,
      {},

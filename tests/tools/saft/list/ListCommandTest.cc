@@ -330,7 +330,7 @@ TEST_F(ListCommandTest, AValueThatIsNoneIsListedAndTold) {
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "InvoiceNo,DocumentTotals.GrossTotal\nFT A/12,12x\n");
   EXPECT_EQ(outcome.err, "saft: " + Output() +
-                             ": 1 problem\n  Invoice \"FT A/12\": DocumentTotals/GrossTotal, \"12x\": the element "
+                             ": 1 problem\n  Invoice FT A/12: DocumentTotals/GrossTotal, \"12x\": the element "
                              "cannot have this value (line 1, column 212).\n");
 }
 
@@ -342,8 +342,8 @@ TEST_F(ListCommandTest, WhatHasNoColumnIsTold) {
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "ProductCode\na\n");
   EXPECT_THAT(outcome.err,
-              ::testing::AllOf(::testing::HasSubstr("Product \"a\": ProductCode[2], \"b\": is repeated"),
-                               ::testing::HasSubstr("Product \"a\": Cor, \"azul\": is not known here"),
+              ::testing::AllOf(::testing::HasSubstr("Product a: ProductCode[2], \"b\": is repeated"),
+                               ::testing::HasSubstr("Product a: Cor, \"azul\": is not known here"),
                                ::testing::HasSubstr("  /AuditFile/MasterFiles/Produto: is not known here")));
 }
 

@@ -329,9 +329,9 @@ TEST_F(SummaryCommandTest, AnAmountThatCannotBeReadIsNamedAndLeftOut) {
   const std::string problems =
       "saft: " + Output() +
       ": 2 problems of one kind\n"
-      "  Invoice \"FT A/12\": Line[2]/CreditAmount, \"1,50\": the element cannot have this value (line 3, column "
+      "  Invoice FT A/12: Line[2]/CreditAmount, \"1,50\": the element cannot have this value (line 3, column "
       "119).\n"
-      "  Invoice \"FT A/12\": DocumentTotals/GrossTotal, \"12x\": the element cannot have this value (line 4, column "
+      "  Invoice FT A/12: DocumentTotals/GrossTotal, \"12x\": the element cannot have this value (line 4, column "
       "45).\n";
   EXPECT_THAT(TextWithProblems(problems), HasSubstr(R"(
 Sales invoices
@@ -359,7 +359,7 @@ Invoice types
           "Unreadable": {"TotalCredit": 1, "GrossTotal": 1}}]})"));
   EXPECT_EQ(json["Problems"]["Count"], 2);
   EXPECT_EQ(json["Problems"]["First"][1],
-            "Invoice \"FT A/12\": DocumentTotals/GrossTotal, \"12x\": the element cannot have this value (line 4, "
+            "Invoice FT A/12: DocumentTotals/GrossTotal, \"12x\": the element cannot have this value (line 4, "
             "column 45).");
 }
 
@@ -393,7 +393,7 @@ Sales invoices
 TEST_F(SummaryCommandTest, ATotalThatIsNoNumberStaysAndOneThatIsNotThereIsADash) {
   WriteEntries("<TotalDebit>12x</TotalDebit><Journal><Transaction/></Journal>");
   EXPECT_THAT(
-      TextWithProblems(Told("GeneralLedgerEntries: TotalDebit, \"12x\": the element cannot have this value (line "
+      TextWithProblems(Told("The section of ledger entries: TotalDebit, \"12x\": the element cannot have this value (line "
                             "1, column 84).")),
       HasSubstr(R"(
                Entries  Debit  Credit
@@ -418,32 +418,32 @@ TEST_F(SummaryCommandTest, WhatMakesFiguresDifferIsTold) {
     std::string told;  // begins so
   } kRows[] = {
       {sales("<Invoice><InvoiceNo>1</InvoiceNo><InvoiceType>FT</InvoiceType><InvoiceType>VD</InvoiceType></Invoice>"),
-       "Invoice \"1\": InvoiceType[2], \"VD\": is repeated; the first one counts ("},
+       "Invoice 1: InvoiceType[2], \"VD\": is repeated; the first one counts ("},
       {sales("<Invoice><Line><DebitAmount>1</DebitAmount><DebitAmount>x</DebitAmount></Line></Invoice>"),
-       "Invoice: Line/DebitAmount[2], \"x\": is repeated; the first one counts ("},
+       "Invoice (without identification): Line/DebitAmount[2], \"x\": is repeated; the first one counts ("},
       {sales("<Invoice><DocumentTotals/><DocumentTotals/></Invoice>"),
-       "Invoice: DocumentTotals[2]: is repeated; the first one counts ("},
-      {sales("<Invoice><line/></Invoice>"), "Invoice: line: is not known here ("},
-      {sales("<Invoice><GrossTotal>1</GrossTotal></Invoice>"), "Invoice: GrossTotal, \"1\": is not known here ("},
+       "Invoice (without identification): DocumentTotals[2]: is repeated; the first one counts ("},
+      {sales("<Invoice><line/></Invoice>"), "Invoice (without identification): line: is not known here ("},
+      {sales("<Invoice><GrossTotal>1</GrossTotal></Invoice>"), "Invoice (without identification): GrossTotal, \"1\": is not known here ("},
       {sales("<Invoice/><invoice><InvoiceNo>2</InvoiceNo></invoice>"),
        "/AuditFile/SourceDocuments/SalesInvoices/invoice: is not known here ("},
-      {sales("<invoice/><Invoice/>"), "SalesInvoices: invoice: is not known here ("},
+      {sales("<invoice/><Invoice/>"), "The section of invoices: invoice: is not known here ("},
       {sales("<Invoice><Line><CreditAmount>1<b>2</b>3</CreditAmount></Line></Invoice>"),
-       "Invoice: Line/CreditAmount/b, \"2\": is not known here ("},
-      {sales("<Invoice><Invoice/></Invoice>"), "Invoice: Invoice: is not known here ("},
+       "Invoice (without identification): Line/CreditAmount/b, \"2\": is not known here ("},
+      {sales("<Invoice><Invoice/></Invoice>"), "Invoice (without identification): Invoice: is not known here ("},
       {"<MasterFiles><Klient><CustomerID>1</CustomerID></Klient></MasterFiles>",
        "/AuditFile/MasterFiles/Klient: is not known here ("},
-      {"<MasterFiles><TaxTable><Entry/></TaxTable></MasterFiles>", "TaxTable: Entry: is not known here ("},
-      {"<MasterFiles><Invoice/></MasterFiles>", "Invoice: The record"},
+      {"<MasterFiles><TaxTable><Entry/></TaxTable></MasterFiles>", "The tax table: Entry: is not known here ("},
+      {"<MasterFiles><Invoice/></MasterFiles>", "Invoice (without identification): The record"},
       {"<GeneralLedgerEntries><Transaction/></GeneralLedgerEntries>",
-       "GeneralLedgerEntries: Transaction: is not known here ("},
+       "The section of ledger entries: Transaction: is not known here ("},
       {"<GeneralLedgerEntries><Journal><Transaction/><transaction/></Journal></GeneralLedgerEntries>",
        "/AuditFile/GeneralLedgerEntries/Journal/transaction: is not known here ("},
       {"<GeneralLedgerEntries><TotalDebit/></GeneralLedgerEntries>",
-       "GeneralLedgerEntries: TotalDebit: the element cannot have this value ("},
+       "The section of ledger entries: TotalDebit: the element cannot have this value ("},
       {"<GeneralLedgerEntries/><GeneralLedgerEntries/>",
-       "GeneralLedgerEntries: The record: is repeated; the first one counts ("},
-      {"<Header/><Header/>", "Header: The record: is repeated; the first one counts ("},
+       "The section of ledger entries: The record: is repeated; the first one counts ("},
+      {"<Header/><Header/>", "The header: The record: is repeated; the first one counts ("},
   };
   for (const auto& row : kRows) {
     WriteFile(row.sections);
