@@ -161,6 +161,8 @@ TEST(ViolationTest, WhatLibxml2SaysIsWorded) {
       {1824, "Element 'x': '1,5' is not a valid value of the atomic type 'xs:decimal'.",
        "x, \"1,5\", tem de ser um número, com ponto antes das decimais",
        "x, \"1,5\", must be a number, with a point before its decimals"},
+      {1824, "Element 'x': 'a' is not a valid value of the local atomic type.",
+       "x, \"a\", não está de acordo com o esquema", "x, \"a\", does not agree with the schema"},
       {1831,
        "Element 'x': [facet 'minLength'] The value '' has a length of '0'; this underruns the allowed minimum length "
        "of '1'.",

@@ -112,6 +112,8 @@ consteval bool SentencesInOrderOfValues() {
 }
 static_assert(SentencesInOrderOfValues());
 
+const Phrase& PhraseOf(Wrong wrong) { return kWrongRows[static_cast<size_t>(wrong)].text; }
+
 // Types, by their names in XML Schema.
 struct TypeRow {
   std::string_view name;
@@ -231,17 +233,21 @@ std::string WordedIn(const Violation& violation, Wrong wrong, Language language)
   }
   std::string sentence = SubjectOf(violation, path, language);
   if (HasValue(wrong)) sentence.append(", \"").append(AbridgedText(violation.value)).append("\",");
-  const Phrase& text = kWrongRows[static_cast<size_t>(wrong)].text;
+  const Phrase& text = PhraseOf(wrong);
   return sentence.append(" ").append(Filled(text.In(language), std::array{AllowedIn(violation, wrong, language)}));
 }
 
 // What libxml2 told itself: in the same words where it is understood.
 std::string WordedAsTold(const Violation& violation, Language language) {
   const auto [read, understood] = ReadTold(violation);
-  if (understood) return WordedIn(read, WrongOf(read), language);
+  if (understood) {
+    const Wrong wrong = WrongOf(read);
+    const bool complete = !read.allowed.empty() || PhraseOf(wrong).english.find("{1}") == std::string_view::npos;
+    return WordedIn(read, complete ? wrong : Wrong::kOther, language);
+  }
   if (language == Language::kEnglish) return violation.value.substr(0, violation.value.find_last_not_of('.') + 1);
   const std::string subject = read.path.empty() ? std::string(kFile.In(language)) : read.path;
-  return subject + " " + std::string(kWrongRows[static_cast<size_t>(Wrong::kOther)].text.In(language));
+  return subject + " " + std::string(PhraseOf(Wrong::kOther).In(language));
 }
 
 }  // namespace

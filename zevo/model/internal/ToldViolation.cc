@@ -27,6 +27,7 @@ constexpr auto kToldRows = std::to_array<ToldRow>({
     {"Missing child element(s). Expected is ( {1} ).", 0, 1},
     {"Missing child element(s). Expected is one of ( {1} ).", 0, 1},
     {"'{1}' is not a valid value of the atomic type '{2}'.", 1, 2},
+    {"'{1}' is not a valid value of the local atomic type.", 1, 0},
     {"[facet 'enumeration'] The value '{1}' is not an element of the set {2}.", 1, 2},
     {"[facet 'pattern'] The value '{1}' is not accepted by the pattern '{2}'.", 1, 2},
     {"[facet '{1}'] The value '{2}' has a length of '{3}'; this underruns the allowed minimum length of '{4}'.", 2, 4},
