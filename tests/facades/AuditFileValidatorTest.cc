@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 #include <zevo/adapters.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "tests/support/TemporaryFolder.h"
@@ -102,6 +105,66 @@ TEST_F(AuditFileValidatorTest, WhoeverIsToldMayEndIt) {
   EXPECT_TRUE(Validate(document));
   EXPECT_EQ(calls, 1);
   EXPECT_EQ(validator_.Violations(), 1);
+}
+
+// More than the 256 KiB after which progress is told again.
+std::string Large(std::string document) {
+  const std::string comment = "<!-- " + std::string(600'000, 'x') + " -->";
+  return document.insert(document.find("<Header>"), comment);
+}
+
+TEST_F(AuditFileValidatorTest, ProgressIsToldInBytesOfTheFile) {
+  std::vector<int64_t> told;
+  validator_.Progress = [&](int64_t bytes) {
+    told.push_back(bytes);
+    return true;
+  };
+  const std::string document = Large(Complete());
+  EXPECT_TRUE(Validate(document));
+  ASSERT_THAT(told, SizeIs(::testing::Ge(3U)));
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_LE(told[0], 400'000);
+  EXPECT_EQ(told.back(), static_cast<int64_t>(document.size()));
+  told.clear();
+  EXPECT_TRUE(Validate(Complete()));
+  EXPECT_THAT(told, ElementsAre(static_cast<int64_t>(Complete().size())));
+}
+
+TEST_F(AuditFileValidatorTest, EachPassIsTold) {
+  std::vector<int64_t> told;
+  validator_.Progress = [&](int64_t bytes) {
+    told.push_back(bytes);
+    return true;
+  };
+  const std::string document = Large(With("<InvoiceStatus>N<", "<InvoiceStatus>X<"));
+  EXPECT_TRUE(Validate(document));
+  EXPECT_EQ(validator_.Violations(), 1);
+  EXPECT_FALSE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_EQ(told.back(), static_cast<int64_t>(document.size()));
+}
+
+TEST_F(AuditFileValidatorTest, ProgressMayEndItInEachPass) {
+  const std::string valid = Large(Complete());
+  const std::string invalid = Large(With("<AuditFile ", "<AuditFile id=\"1\" "));
+  for (const auto& [document, last, found] :
+       {std::tuple{valid, 1, 0}, {valid, 2, 0}, {invalid, 1, 0}, {invalid, 2, 1}}) {
+    int calls = 0;
+    validator_.Progress = [&, most = last](int64_t) { return ++calls < most; };
+    EXPECT_FALSE(Validate(document));
+    EXPECT_EQ(calls, last);
+    ASSERT_NE(validator_.AuditException(), nullptr);
+    EXPECT_EQ(validator_.AuditException()->Number(), ReadingAborted);
+    EXPECT_EQ(validator_.AuditException()->Source(), "AuditFileValidator.ValidateAuditFile");
+    EXPECT_EQ(validator_.AuditException()->Description(), "Leitura do ficheiro abortada pelo utilizador.");
+    EXPECT_FALSE(validator_.IsSchemaAtFault());
+    EXPECT_LE(validator_.Violations(), found);
+  }
+}
+
+TEST_F(AuditFileValidatorTest, WhatProgressThrowsIsAFailure) {
+  validator_.Progress = [](int64_t) -> bool { throw std::runtime_error("enough"); };
+  EXPECT_FALSE(Validate(Complete()));
+  EXPECT_THAT(validator_.AuditException()->Description(), HasSubstr("enough"));
 }
 
 TEST_F(AuditFileValidatorTest, WithoutAFunctionViolationsAreCounted) {

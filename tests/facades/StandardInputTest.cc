@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <zevo/adapters.h>
 
+#include <algorithm>
 #include <array>
+#include <csignal>
+#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "tests/facades/ChildProcess.h"
 #include "tests/facades/Expectations.h"
@@ -37,6 +43,36 @@ void ReadFromPipe(const std::string& bytes) {
   if (written != static_cast<ssize_t>(bytes.size())) throw std::runtime_error("the pipe is full");
   close(ends[1]);
   ReadFrom(ends[0]);
+}
+
+// A pipe into which another process writes the bytes, however many.
+void ReadFromWriter(const std::string& bytes) {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) throw std::runtime_error("no pipe");
+  if (fork() == 0) {
+    close(ends[0]);
+    for (size_t at = 0; at < bytes.size();) {
+      const ssize_t written = write(ends[1], bytes.data() + at, bytes.size() - at);
+      if (written < 0) _exit(1);
+      at += static_cast<size_t>(written);
+    }
+    _exit(0);
+  }
+  close(ends[1]);
+  ReadFrom(ends[0]);
+}
+
+// What the validator tells of a file: a line for each violation, then the failure, if there is one.
+std::string Violations(const std::string& path) {
+  AuditFileValidator validator;
+  validator.set_AuditFileName(path);
+  std::string told;
+  validator.Found = [&](const Violation& violation) {
+    told.append(std::to_string(violation.place.offset)).append(": ");
+    told.append(Describe(violation, Language::kEnglish)).append("\n");
+    return true;
+  };
+  return validator.ValidateAuditFile() ? told : told + Told(validator.AuditException());
 }
 
 // What a façade may do with its input, going through it once; what was wrong, or nothing.
@@ -99,6 +135,20 @@ class StandardInputTest : public ::testing::Test {
  protected:
   StandardInputTest() { SaveSampleFile(path_); }
 
+  /// A file that is not valid, at its beginning and near its end, and long.
+  std::string WriteInvalid() {
+    std::string document = ReadBytes(ZEVO_COMPLETE_FILE);
+    const auto change = [&](std::string_view text, std::string_view other) {
+      const size_t at = document.find(text);
+      EXPECT_NE(at, std::string::npos) << text;
+      document.replace(at, text.size(), other);
+    };
+    change("<FiscalYear>2008<", "<FiscalYear>x<");
+    change("<InvoiceStatus>N<", "<InvoiceStatus>X<");
+    change("<Customer>", "<!-- " + std::string(900'000, 'x') + " --><Customer>");
+    return folder_.Write("invalid.xml", document);
+  }
+
   UseSchema schema_;
   TemporaryFolder folder_;
   std::string path_ = folder_.Path("saft.xml");
@@ -123,6 +173,76 @@ TEST_F(StandardInputTest, AFileBehindItIsTakenToo) {
     });
     EXPECT_EQ(report, "") << reading.name;
   }
+}
+
+TEST_F(StandardInputTest, OfAPipeTheSameViolationsAreToldAsOfAFile) {
+  const std::string path = WriteInvalid();
+  const std::string expected = Violations(path);
+  EXPECT_EQ(std::count(expected.begin(), expected.end(), '\n'), 2) << expected;
+  EXPECT_NE(expected.find("Invoice FT 2008/1: InvoiceStatus"), std::string::npos) << expected;
+  const std::string told = InChildProcess([&] {
+    ReadFromWriter(ReadBytes(path));
+    return Violations(kStandardInput);
+  });
+  EXPECT_EQ(told, expected);
+}
+
+TEST_F(StandardInputTest, OfAPipeThatBreaksOffTheSameIsToldAsOfAFile) {
+  const std::string bytes = ReadBytes(WriteInvalid());
+  const std::string path = folder_.Write("cut.xml", bytes.substr(0, bytes.size() - 20));
+  const std::string told = InChildProcess([&] {
+    ReadFromWriter(ReadBytes(path));
+    return Violations(kStandardInput);
+  });
+  EXPECT_EQ(told, Violations(path));
+}
+
+TEST_F(StandardInputTest, AFileBehindItIsReadAgainFromWhereItStood) {
+  const std::string bytes = ReadBytes(WriteInvalid());
+  const std::string path = folder_.Write("behind.xml", "other" + bytes);
+  const std::string told = InChildProcess([&] {
+    ReadFrom(open(path.c_str(), O_RDONLY));
+    lseek(STDIN_FILENO, 5, SEEK_SET);
+    setenv("TMPDIR", "/none", 1);
+    return Violations(kStandardInput);
+  });
+  EXPECT_EQ(told, Violations(folder_.Path("invalid.xml")));
+}
+
+TEST_F(StandardInputTest, NothingOfAPipeIsLeftBehind) {
+  const std::string path = WriteInvalid();
+  const std::vector<std::string> before = folder_.Names();
+  const std::string told = InChildProcess([&] {
+    setenv("TMPDIR", folder_.Path("").c_str(), 1);
+    ReadFromWriter(ReadBytes(path));
+    return Violations(kStandardInput);
+  });
+  EXPECT_EQ(told, Violations(path));
+  EXPECT_EQ(folder_.Names(), before);
+}
+
+TEST_F(StandardInputTest, WithoutRoomForATemporaryFileLibxml2Tells) {
+  const std::string bytes = ReadBytes(WriteInvalid());
+  const auto telling = [&](const std::function<void()>& prepare) {
+    return InChildProcess([&] {
+      prepare();
+      ReadFromWriter(bytes);
+      return Violations(kStandardInput);
+    });
+  };
+  const std::string told = telling([] { setenv("TMPDIR", "/none", 1); });
+  EXPECT_NE(told.find("0: FiscalYear, \"x\", does not agree with the schema"), std::string::npos) << told;
+  EXPECT_NE(told.find("0: InvoiceStatus"), std::string::npos) << told;
+  // Full at once: the same. Full before the second violation: the walk has gone on by then.
+  const auto limited = [&](rlim_t most) {
+    return telling([most] {
+      std::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{most, most};
+      setrlimit(RLIMIT_FSIZE, &limit);
+    });
+  };
+  EXPECT_EQ(limited(0), told);
+  EXPECT_EQ(limited(400'000), Violations(folder_.Path("invalid.xml")));
 }
 
 TEST_F(StandardInputTest, AFileThatIsCutOffIsNoneThere) {

@@ -6,7 +6,7 @@
 #include <zevo/model/Options.h>
 #include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/platform/CompiledSchema.h>
-#include <zevo/platform/File.h>
+#include <zevo/platform/RepeatedInput.h>
 #include <zevo/platform/SchemaDiagnosis.h>
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaTables.h>
@@ -60,6 +60,10 @@ SchemaSource ReadSchema(std::string_view errorSource) {
   }
 }
 
+bool IsUnreadable(const std::optional<XmlProblem>& problem) {
+  return problem && problem->fault == XmlProblem::Fault::kUnreadable;
+}
+
 bool IsBefore(const FilePlace& one, const FilePlace& other) {
   return one.line != other.line ? one.line < other.line : one.column < other.column;
 }
@@ -70,29 +74,45 @@ bool IsBefore(const FilePlace& one, const FilePlace& other) {
 class AuditFileValidator::Run {
  public:
   Run(AuditFileValidator& owner, const SchemaSource& source, const CompiledSchema& schema)
-      : owner_(owner), source_(source), validator_(schema) {}
+      : owner_(owner), source_(source), validator_(schema), input_(owner.file_name_, owner.Progress) {}
 
   /// The problem for which the file cannot be judged, if there is one.
   std::optional<XmlProblem> Judge() {
-    if (IsStandardInput(owner_.file_name_)) return TellAsLibxml2({});
-    std::optional<XmlProblem> first = validator_.FirstProblem(owner_.file_name_);
+    const std::optional<XmlProblem> first = FirstProblem();
     if (!first || first->fault != XmlProblem::Fault::kInvalid) return first;
+    input_.Rewind();
     const auto tables = SchemaTables::Of(source_.Read());
     if (!tables) return TellAsLibxml2({});
     const std::vector<RecordElement> records = AuditRecords();
     SchemaDiagnosis diagnosis(*tables, records, [&](const SchemaViolation& told) { return Tell(ViolationOf(told)); });
-    const SchemaDiagnosis::Outcome outcome = diagnosis.Run(owner_.file_name_);
+    const SchemaDiagnosis::Outcome outcome = diagnosis.Run(input_);
     if (outcome.ended) return std::nullopt;
-    if (outcome.left_off) return TellAsLibxml2(*outcome.left_off);
-    if (owner_.violations_ == 0) return TellAsLibxml2({});
-    return outcome.problem;
+    const bool unsaid = outcome.left_off || (owner_.violations_ == 0 && !IsUnreadable(outcome.problem));
+    if (!unsaid) return outcome.problem;
+    if (input_.CanRewind()) {
+      input_.Rewind();
+      return TellAsLibxml2(outcome.left_off.value_or(FilePlace{}));
+    }
+    if (owner_.violations_ == 0) Tell(ViolationOf(*first));
+    return std::nullopt;
   }
 
  private:
+  // One that the schema has with the file is told here where the file cannot be read again, and then all that follow.
+  std::optional<XmlProblem> FirstProblem() {
+    std::optional<XmlProblem> first;
+    validator_.Validate(input_, [&](const XmlProblem& problem) {
+      if (problem.fault == XmlProblem::Fault::kInvalid && !input_.CanRewind()) return Tell(ViolationOf(problem));
+      first = problem;
+      return false;
+    });
+    return first;
+  }
+
   // From a place on.
   std::optional<XmlProblem> TellAsLibxml2(const FilePlace& from) {
     std::optional<XmlProblem> fatal;
-    validator_.Validate(owner_.file_name_, [&](const XmlProblem& problem) {
+    validator_.Validate(input_, [&](const XmlProblem& problem) {
       if (problem.fault == XmlProblem::Fault::kInvalid) {
         return IsBefore(problem.place, from) || Tell(ViolationOf(problem));
       }
@@ -110,6 +130,7 @@ class AuditFileValidator::Run {
   AuditFileValidator& owner_;
   const SchemaSource& source_;
   SchemaValidator validator_;
+  RepeatedInput input_;
 };
 
 AuditFileValidator::AuditFileValidator() : Facade("AuditFileValidator", true) {}

@@ -31,9 +31,10 @@ class ZEVO_API AuditFileValidator : public Facade {
   AuditFileValidator();
   ~AuditFileValidator();
 
-  /// Path of the file, in UTF-8. "/dev/stdin", where the system has it, is the standard input, whatever is behind it.
-  /// That can be read only once: libxml2 then tells the violations itself, in English, and none behind an element that
-  /// has no business where it stands.
+  /// Path of the file, in UTF-8. "/dev/stdin", where the system has it, is the standard input, whatever is behind it. A
+  /// file behind it is read from where it stands. What comes through a pipe is kept, for a second pass, in a nameless
+  /// temporary file in the folder of the environment's TMPDIR, else in /tmp; where there is no room for it, libxml2
+  /// tells the violations itself, and none behind an element that has no business where it stands.
   const std::string& AuditFileName() const;
   void set_AuditFileName(std::string_view value);
   /// The same as `Options::SchemaLocation`. Where no schema is named and there is none at the default place, the one
@@ -46,10 +47,15 @@ class ZEVO_API AuditFileValidator : public Facade {
   /// ends the validation as a failure.
   std::function<bool(const Violation& violation)> Found;
 
+  /// Gets how many bytes of the file have been read, every 256 KiB and at its end, and says whether to go on; false
+  /// ends the validation, which then fails with message 501. A file that is not valid is read more than once: the bytes
+  /// are those of the pass that is going on, so the number begins anew.
+  std::function<bool(int64_t bytesRead)> Progress;
+
   /// Judges the file on disk. True when that could be done, whatever the verdict: see `Violations`. Fails with message
   /// 1 without a file name, 2 when there is no such file, with the parser's number and reason where the file is not
   /// well-formed, once the violations up to there were told, and where the schema cannot be used. A schema that this
-  /// library cannot follow in every detail has libxml2 tell the violations, as for the standard input.
+  /// library cannot follow in every detail has libxml2 tell the violations.
   bool ValidateAuditFile();
   /// Whether the last `ValidateAuditFile` failed because of the schema: see `AuditFile::IsSchemaAtFault`.
   bool IsSchemaAtFault() const;

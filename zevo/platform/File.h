@@ -47,11 +47,14 @@ class InputFile : public ByteSource {
   };
 
   explicit InputFile(const std::string& name, Kind kind = Kind::kAny);
+  /// Takes over a descriptor that is open for reading.
+  InputFile(std::string&& name, int descriptor) noexcept : name_(std::move(name)), descriptor_(descriptor) {}
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
   ~InputFile() override;
 
   size_t Read(char* bytes, size_t size) override;
+  int Descriptor() const { return descriptor_; }
 
  private:
   std::string name_;

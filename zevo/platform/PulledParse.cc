@@ -10,6 +10,7 @@
 #include <zevo/platform/ParserLimits.h>
 #include <zevo/platform/ParserRun.h>
 #include <zevo/platform/PlaceCounter.h>
+#include <zevo/platform/RepeatedInput.h>
 #include <zevo/platform/TextDecoder.h>
 
 #include <algorithm>
@@ -119,16 +120,18 @@ class PulledParse::Skipper final : public ParserHandler {
 
 /// A file that can be read.
 struct PulledParse::Input {
-  explicit Input(const std::string& name) : file(name) {}
+  explicit Input(const std::string& name) : file(name), decoder(*file) {}
+  explicit Input(ByteSource& source) : decoder(source) {}
 
-  InputFile file;
-  TextDecoder decoder{file};
+  std::optional<InputFile> file;
+  TextDecoder decoder;
 };
 
 class PulledParse::State {
  public:
-  State(std::string file, std::unique_ptr<Input> input, ParserHandler& handler)
+  State(std::string file, RepeatedInput* again, std::unique_ptr<Input> input, ParserHandler& handler)
       : file_(std::move(file)),
+        again_(again),
         handler_(handler),
         input_(std::move(input)),
         run_(input_->decoder, counter_, violated_, bytes_read_) {
@@ -217,13 +220,14 @@ class PulledParse::State {
   // comments and CDATA sections: what counts is what it says of the whole file. Where it takes that, the rest comes at
   // once, without places.
   void ParseWhole() {
-    if (IsStandardInput(file_)) {
+    if (again_ == nullptr ? IsStandardInput(file_) : !again_->CanRewind()) {
       if (!problem_) problem_ = OwnProblem();
       return;
     }
     whole_ = true;
     Skipper skipper(handler_, counter_);
-    problem_ = Parser(file_).Parse(skipper);
+    if (again_ != nullptr) again_->Rewind();
+    problem_ = (again_ == nullptr ? Parser(file_) : Parser(*again_)).Parse(skipper);
   }
 
   // What was noticed here, and not by the parser.
@@ -241,6 +245,7 @@ class PulledParse::State {
   static constexpr size_t kLongestCharacter = 4;
 
   std::string file_;
+  RepeatedInput* again_;  // null for a file that is opened again
   ParserHandler& handler_;
   Counter counter_{handler_};
   std::unique_ptr<Input> input_;
@@ -258,15 +263,18 @@ class PulledParse::State {
   std::optional<XmlProblem> problem_;
 };
 
-PulledParse::PulledParse(const std::string& file, ParserHandler& handler) {
+PulledParse::PulledParse(const std::string& file, ParserHandler& handler) { Begin(file, nullptr, handler); }
+PulledParse::PulledParse(RepeatedInput& input, ParserHandler& handler) { Begin({}, &input, handler); }
+
+void PulledParse::Begin(std::string file, RepeatedInput* again, ParserHandler& handler) {
   std::unique_ptr<Input> input;
   try {
-    input = std::make_unique<Input>(file);
+    input = again == nullptr ? std::make_unique<Input>(file) : std::make_unique<Input>(*again);
   } catch (const Error& error) {
     unreadable_ = UnreadableFile(error);
     return;
   }
-  state_ = std::make_unique<State>(file, std::move(input), handler);
+  state_ = std::make_unique<State>(std::move(file), again, std::move(input), handler);
 }
 PulledParse::~PulledParse() = default;
 

@@ -14,11 +14,15 @@
 
 namespace zevo {
 
+class RepeatedInput;
+
 /// A parse that goes on when it is asked to: the same as Parser's, a piece of the file at a time.
 class PulledParse {
  public:
   /// Opens the file. One that cannot be read is a problem at once. Raises error 7 when libxml2 has no memory.
   PulledParse(const std::string& file, ParserHandler& handler);
+  /// Parses, from where it stands, what can be read again. The input must outlive this.
+  PulledParse(RepeatedInput& input, ParserHandler& handler);
   PulledParse(const PulledParse&) = delete;
   PulledParse& operator=(const PulledParse&) = delete;
   ~PulledParse();
@@ -42,6 +46,9 @@ class PulledParse {
   class Skipper;
   struct Input;
   class State;
+
+  void Begin(std::string file, RepeatedInput* again, ParserHandler& handler);
+
   std::unique_ptr<State> state_;  // null for a file that cannot be read
   std::optional<XmlProblem> unreadable_;
 };

@@ -84,7 +84,17 @@ SchemaDiagnosis::~SchemaDiagnosis() = default;
 SchemaDiagnosis::Outcome SchemaDiagnosis::Run(const std::string& file) {
   const HostErrorHandlers aside;
   ParserHandler& events = *this;
-  parse_ = std::make_unique<PulledParse>(file, events);
+  return Run(std::make_unique<PulledParse>(file, events));
+}
+
+SchemaDiagnosis::Outcome SchemaDiagnosis::Run(RepeatedInput& input) {
+  const HostErrorHandlers aside;
+  ParserHandler& events = *this;
+  return Run(std::make_unique<PulledParse>(input, events));
+}
+
+SchemaDiagnosis::Outcome SchemaDiagnosis::Run(std::unique_ptr<PulledParse> parse) {
+  parse_ = std::move(parse);
   try {
     while (parse_->Feed()) {
     }

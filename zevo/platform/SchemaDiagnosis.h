@@ -27,6 +27,7 @@
 namespace zevo {
 
 class PulledParse;
+class RepeatedInput;
 
 /// The elements by which violations are told: the records of a file, each with the child that tells it apart.
 struct RecordElement {
@@ -69,6 +70,8 @@ class SchemaDiagnosis final : private ParserHandler {
   };
   /// Judges a file. Raises what the sink raises, and error 7 without memory. For one file only.
   Outcome Run(const std::string& file);
+  /// The same of what is read from where it stands, and may be read again.
+  Outcome Run(RepeatedInput& input);
 
  private:
   using Child = ContentModel::Child;
@@ -160,6 +163,8 @@ class SchemaDiagnosis final : private ParserHandler {
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& name) override;
   void Characters(std::string_view text) override;
+
+  Outcome Run(std::unique_ptr<PulledParse> parse);
 
   void Bind(std::span<const ParsedAttribute> attributes);
   std::string_view UriOf(const char* prefix) const;

@@ -30,11 +30,15 @@ SchemaValidator::SchemaValidator(const CompiledSchema& schema) : schema_(schema)
   if (!context_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
 }
 
-void SchemaValidator::Validate(const std::string& file, const ProblemSink& found) {
+void SchemaValidator::Validate(const std::string& file, const ProblemSink& found) { Validate(Parser(file), found); }
+
+void SchemaValidator::Validate(ByteSource& input, const ProblemSink& found) { Validate(Parser(input), found); }
+
+void SchemaValidator::Validate(Parser parser, const ProblemSink& found) {
   const HostErrorHandlers aside;
   bool violated = false;
   NoEvents events;
-  std::optional<XmlProblem> problem = Parser(file).Parse(events, context_.get(), [&](const XmlProblem& violation) {
+  std::optional<XmlProblem> problem = parser.Parse(events, context_.get(), [&](const XmlProblem& violation) {
     violated = true;
     return found(violation);
   });

@@ -12,7 +12,9 @@ struct _xmlSchemaValidCtxt;  // NOLINT(bugprone-reserved-identifier): libxml2's 
 
 namespace zevo {
 
+class ByteSource;
 class CompiledSchema;
+class Parser;
 
 /// Validates files against a schema, one after the other. A file is read front to back; the memory that it takes grows
 /// with the keys that the schema makes unique, not with the file.
@@ -25,6 +27,8 @@ class SchemaValidator {
   /// valid. After a problem of another fault than kInvalid there is no going on; one whose fault is the schema's names
   /// it. Raises error 7 when libxml2 has no memory, and what `found` raises.
   void Validate(const std::string& file, const ProblemSink& found);
+  /// The same of what comes from elsewhere.
+  void Validate(ByteSource& input, const ProblemSink& found);
 
   /// The first of these problems, nothing for a valid file.
   std::optional<XmlProblem> FirstProblem(const std::string& file);
@@ -33,6 +37,8 @@ class SchemaValidator {
   struct Free {
     void operator()(_xmlSchemaValidCtxt* context) const;
   };
+
+  void Validate(Parser parser, const ProblemSink& found);
 
   const CompiledSchema& schema_;
   std::unique_ptr<_xmlSchemaValidCtxt, Free> context_;

@@ -3,6 +3,7 @@
 #define ZEVO_PLATFORM_SYSTEMFILE_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,15 @@ int OpenDescriptor(const std::string& name, OpenMode mode);
 
 /// Whether an open file is neither a folder, a pipe nor a device.
 bool IsRegular(int descriptor);
+
+/// Where an open file that is regular is read next, counted from its beginning; -1 for what is not.
+int64_t PositionOf(int descriptor);
+/// Has it read and written there next.
+int SeekTo(int descriptor, int64_t position);
+
+/// A new file for this process alone, open for reading and writing, without a name: it is gone when it is closed. -1
+/// also where the system has no such files.
+int OpenNameless();
 
 /// Reads some bytes; 0 only at the end of the file.
 std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size);

@@ -19,7 +19,10 @@ inline constexpr Text<> kValidateHelp{
 
 De um ficheiro que não é válido diz, na saída de erros, a primeira coisa que o esquema não permite, com o registo, o
 elemento, a linha e a coluna; com --all diz todas, na saída padrão. O código de saída é então 1. Um ficheiro que não é XML
-bem formado não é válido. Se o ficheiro ou o esquema não se podem ler, o código de saída é 2.)",
+bem formado não é válido. Se o ficheiro ou o esquema não se podem ler, o código de saída é 2.
+
+Da entrada padrão, quando é um pipe, guarda uma cópia num ficheiro temporário, na pasta de TMPDIR ou em /tmp; sem espaço
+para ela, algumas coisas podem ficar por dizer.)",
     R"(Examples:
 
   saft validate company.xml
@@ -27,7 +30,10 @@ bem formado não é válido. Se o ficheiro ou o esquema não se podem ler, o có
 
 Of a file that is not valid it tells on standard error the first thing that the schema does not allow, with its record,
 element, line and column; with --all it tells all of them, on standard output. The exit code is 1 then. A file that is not
-well-formed is not valid. Where the file or the schema cannot be read, the exit code is 2.)"};
+well-formed is not valid. Where the file or the schema cannot be read, the exit code is 2.
+
+Of standard input, where that is a pipe, it keeps a copy in a temporary file, in the folder of TMPDIR or in /tmp; without
+room for it, some violations may be left out.)"};
 
 inline constexpr Text<1> kValid{"{1}: válido", "{1}: valid"};
 

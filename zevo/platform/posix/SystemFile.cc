@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <memory>
 
 namespace zevo {
@@ -73,6 +74,24 @@ int OpenDescriptor(const std::string& name, OpenMode mode) {
 bool IsRegular(int descriptor) {
   struct stat status {};
   return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+int64_t PositionOf(int descriptor) { return IsRegular(descriptor) ? lseek(descriptor, 0, SEEK_CUR) : -1; }
+
+int SeekTo(int descriptor, int64_t position) { return lseek(descriptor, position, SEEK_SET) == position ? 0 : -1; }
+
+int OpenNameless() {
+  const char* const named = std::getenv("TMPDIR");  // NOLINT(concurrency-mt-unsafe): nobody here sets it
+  const std::string folder = named == nullptr || *named == '\0' ? "/tmp" : named;
+#ifdef O_TMPFILE
+  const int nameless = Uninterrupted([&] { return open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600); });
+  if (nameless >= 0) return nameless;
+#endif
+  // Not every file system has files without a name.
+  std::string name = folder + "/zevo-XXXXXX";
+  const int descriptor = mkostemp(name.data(), O_CLOEXEC);
+  if (descriptor >= 0) unlink(name.c_str());
+  return descriptor;
 }
 
 std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size) {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <memory>
@@ -131,6 +132,13 @@ bool IsRegular(int descriptor) {
   // NOLINTNEXTLINE(performance-no-int-to-ptr): the run-time library has handles as numbers.
   return GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor))) == FILE_TYPE_DISK;
 }
+
+int64_t PositionOf(int descriptor) { return IsRegular(descriptor) ? _lseeki64(descriptor, 0, SEEK_CUR) : -1; }
+
+int SeekTo(int descriptor, int64_t position) { return _lseeki64(descriptor, position, SEEK_SET) == position ? 0 : -1; }
+
+// Only a pipe is copied, and no name leads to one.
+int OpenNameless() { return -1; }
 
 std::ptrdiff_t ReadSome(int descriptor, char* bytes, size_t size) { return _read(descriptor, bytes, OneCall(size)); }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "tests/tools/saft/ToolTest.h"
 
@@ -108,8 +109,19 @@ TEST_F(ValidateCommandTest, ViolationsAreListedUpToWhatIsNotWellFormed) {
   EXPECT_THAT(outcome.err, HasSubstr("(line 1, column "));
 }
 
-TEST_F(ValidateCommandTest, OfTheStandardInputTheParserTells) {
-  const testing::Outcome outcome = RunInShell("saft validate - --all < '" + folder_.Write("bad.xml", kEmptyFile) + "'");
+TEST_F(ValidateCommandTest, TheStandardInputIsToldLikeAFile) {
+  const std::string file = folder_.Write("bad.xml", kEmptyFile);
+  for (const std::string& script : std::vector<std::string>{"saft validate - --all < '" + file + "'",
+                                                            "cat '" + file + "' | saft validate - --all"}) {
+    const testing::Outcome outcome = RunInShell(script);
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_EQ(outcome.out, Run({"validate", "--all", file}).out);
+  }
+}
+
+TEST_F(ValidateCommandTest, WithoutRoomForACopyOfAPipeTheParserTells) {
+  const testing::Outcome outcome =
+      RunInShell("cat '" + folder_.Write("bad.xml", kEmptyFile) + "' | TMPDIR=/none " SAFT_PROGRAM " validate - --all");
   EXPECT_EQ(outcome.code, 1);
   EXPECT_THAT(outcome.out,
               AllOf(HasSubstr("AuditFile has no Header, which is required"), HasSubstr("(line 1, column ")));
