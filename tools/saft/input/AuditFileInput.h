@@ -11,15 +11,9 @@
 #include <string>
 
 #include "tools/saft/errors/Interruption.h"
+#include "tools/saft/input/ReadingProgress.h"
 
 namespace zevo::saft {
-
-/// Where a command puts what it finds: it decides whether a progress bar would be in the way.
-enum class OutputWhile {
-  kReading,       ///< on standard output
-  kAfterReading,  ///< on standard output
-  kIntoFiles,     ///< into files that must not stay when a signal ends the program
-};
 
 /// An audit file that is read record by record, whole, in memory that does not grow with it. On a terminal a progress
 /// bar is shown; Ctrl-C ends the reading. Where files are written, signals are noted as long as the object exists.
@@ -46,7 +40,7 @@ class AuditFileInput {
   AuditFileScanner file_;
   std::string name_;
   OutputWhile output_;
-  std::optional<uintmax_t> size_;        // in bytes, where it is known
+  std::optional<uint64_t> size_;         // in bytes, where it is known
   std::optional<Interruption> writing_;  // while files are written
 };
 

@@ -11,7 +11,9 @@
 #include <string>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
 #include "tools/saft/input/InputName.h"
+#include "tools/saft/input/ReadingProgress.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/validate/ViolationJson.h"
 #include "tools/saft/words/SpokenLanguage.h"
@@ -40,15 +42,30 @@ ValidateCommand::ValidateCommand(CLI::App& options) : schema_(options) {
 ExitCode ValidateCommand::Run() const {
   AuditFileValidator file;
   file.set_AuditFileName(InputName(file_));
-  file.Found = [this](const Violation& violation) { return Tell(violation); };
   schema_.Use();
-  if (!file.ValidateAuditFile()) {
+  if (!Validate(file)) {
     TellFailure(file);
     return kInvalid;
   }
   if (file.Violations() > 0) return kInvalid;
   if (!json_) std::cout << Say(words::kValid, Visible(file_)) << '\n';
   return kDone;
+}
+
+bool ValidateCommand::Validate(AuditFileValidator& file) const {
+  ReadingProgress progress(SizeToRead(file.AuditFileName()), all_ ? OutputWhile::kReading : OutputWhile::kAfterReading);
+  file.Progress = [&progress](int64_t bytes) {
+    progress.Show(static_cast<uint64_t>(bytes));
+    return !Interruption::IsRequested();
+  };
+  file.Found = [this, &progress](const Violation& violation) {
+    if (!all_) progress.Clear();
+    return Tell(violation);
+  };
+  const bool done = file.ValidateAuditFile();
+  file.Progress = nullptr;
+  file.Found = nullptr;
+  return done;
 }
 
 bool ValidateCommand::Tell(const Violation& violation) const {

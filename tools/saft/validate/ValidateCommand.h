@@ -19,6 +19,8 @@ class ValidateCommand : public Command {
   ExitCode Run() const override;
 
  private:
+  /// Validates with what people see and may do meanwhile.
+  bool Validate(AuditFileValidator& file) const;
   bool Tell(const Violation& violation) const;
   /// Tells what kept the file from being judged, if the file itself is at fault.
   void TellFailure(const AuditFileValidator& file) const;

@@ -77,6 +77,30 @@ TEST_F(AuditFileInputTest, ShowsProgressWhereTheRecordsGoToAFile) {
   EXPECT_EQ(End(), 0);
 }
 
+TEST_F(AuditFileInputTest, ShowsHowFarAValidationIs) {
+  Start("saft validate '" + Output() + "'");
+  EXPECT_THAT(Rest(), AllOf(HasSubstr("\r["), HasSubstr(" of 2.5 MB"), HasSubstr(": valid")));
+  EXPECT_EQ(End(), 0);
+}
+
+TEST_F(AuditFileInputTest, ShowsNoneAmongViolations) {
+  Start("saft validate --all '" + Output() + "'");
+  EXPECT_THAT(Rest(), Not(HasSubstr(" of 2.5 MB")));
+  EXPECT_EQ(End(), 0);
+}
+
+TEST_F(AuditFileInputTest, CtrlCEndsAValidation) {
+  Start("exec " SAFT_PROGRAM " validate '" + Output() + "'");
+  std::string shown;
+  for (std::string piece = "-"; !piece.empty() && shown.find(" of ") == std::string::npos; shown += piece) {
+    piece = Next();
+  }
+  ASSERT_THAT(shown, HasSubstr("\r["));
+  ASSERT_EQ(write(terminal_, "\x03", 1), 1);
+  EXPECT_THAT(Rest(), HasSubstr("saft: " + Output() + ": The reading of the file was ended by the user."));
+  EXPECT_EQ(End(), 2);
+}
+
 TEST_F(AuditFileInputTest, ShowsNoneAmongTheRecords) {
   Start("saft list '" + Output() + "' Journal");
   EXPECT_THAT(Rest(), AllOf(HasSubstr("VENDAS"), Not(HasSubstr(" left"))));

@@ -6,6 +6,9 @@
 #include <chrono>
 #include <sstream>
 #include <string>
+#include <utility>
+
+#include "tools/saft/words/SpokenLanguage.h"
 
 namespace zevo::saft {
 namespace {
@@ -13,7 +16,8 @@ namespace {
 class ProgressBarTest : public ::testing::Test {
  protected:
   ProgressBar Bar(uint64_t size) {
-    return ProgressBar(terminal_, size, [this] { return ProgressBar::Time(now_); });
+    return ProgressBar(
+        terminal_, size, [this] { return ProgressBar::Time(now_); }, [this] { return width_; });
   }
   // What is drawn on the terminal when so much time has passed.
   std::string Shown(ProgressBar& bar, std::chrono::milliseconds passed, uint64_t done) {
@@ -25,6 +29,7 @@ class ProgressBarTest : public ::testing::Test {
 
   std::chrono::milliseconds now_{1000};
   std::ostringstream terminal_;
+  size_t width_ = 80;
 };
 
 TEST_F(ProgressBarTest, TellsHowMuchIsDoneHowFastItGoesAndHowLongItWillTake) {
@@ -62,6 +67,47 @@ TEST_F(ProgressBarTest, AShorterLineCoversTheLongerOne) {
   const std::string shorter = Shown(bar, std::chrono::seconds(9), 0);
   EXPECT_EQ(shorter.size(), longer.size());
   EXPECT_NE(shorter.find(" 0 B/s     "), std::string::npos) << shorter;
+}
+
+TEST_F(ProgressBarTest, WhatANarrowTerminalHasNoRoomForIsLeftOut) {
+  const std::string bar = "\r[#####-------------------------] 16 %";
+  const std::pair<size_t, std::string> lines[] = {
+      {77, bar + "  500 MB of 3.0 GB  250 MB/s  0:10 left"},
+      {76, bar + "  500 MB of 3.0 GB  250 MB/s"},
+      {66, bar + "  500 MB of 3.0 GB  250 MB/s"},
+      {65, bar + "  500 MB of 3.0 GB"},
+      {56, bar + "  500 MB of 3.0 GB"},
+      {55, bar},
+      {38, bar},
+      {37, "\r16 %"},
+      {5, "\r16 %"},
+      {3, "\r16"},
+      {1, "\r1"},
+  };
+  for (const auto& [width, line] : lines) {
+    width_ = width;
+    ProgressBar progress = Bar(3'000'000'000);
+    EXPECT_EQ(Shown(progress, std::chrono::seconds(2), 500'000'000), line) << width;
+  }
+}
+
+TEST_F(ProgressBarTest, ATerminalThatGetsNarrowerIsNotOverrun) {
+  {
+    ProgressBar bar = Bar(3'000'000'000);
+    Shown(bar, std::chrono::seconds(2), 500'000'000);
+    width_ = 20;
+    EXPECT_EQ(Shown(bar, std::chrono::seconds(2), 500'000'000), "\r16 %" + std::string(15, ' '));
+    terminal_.str("");
+  }
+  EXPECT_EQ(terminal_.str(), "\r" + std::string(19, ' ') + "\r");
+}
+
+TEST_F(ProgressBarTest, ItSpeaksPortuguese) {
+  Speak(Language::kPortuguese);
+  ProgressBar bar = Bar(3'000'000'000);
+  const std::string shown = Shown(bar, std::chrono::seconds(2), 500'000'000);
+  Speak(Language::kEnglish);
+  EXPECT_EQ(shown, "\r[#####-------------------------] 16 %  500 MB de 3.0 GB  250 MB/s  faltam 0:10");
 }
 
 TEST_F(ProgressBarTest, TheLineGoesAwayInTheEnd) {
