@@ -70,6 +70,8 @@ class RoundTripTest : public testing::ToolTest {
     std::vector<std::string> arguments{"create", FirstList(), file};
     if (way == testing::WrittenBy::kStream) arguments.emplace_back("--stream");
     if (form == Form::kInexact) arguments.emplace_back("--round");
+    // What the library cannot hold may make it another file, and then an invalid one.
+    if (form == Form::kInvalid || form == Form::kInexact) arguments.emplace_back("--no-validate");
     const testing::Outcome outcome = Run(arguments);
     EXPECT_EQ(outcome.code, 0);
     testing::FileDifference difference = testing::Compare(testing::ReadTrees(First()), testing::ReadTrees(file), way);
@@ -102,8 +104,8 @@ class RoundTripTest : public testing::ToolTest {
     const std::string spreadsheet = folder_.Path("spreadsheet");
     ASSERT_EQ(Run({"list", First(), "--all", plain}).code, 0);
     ASSERT_EQ(Run({"list", First(), "--all", spreadsheet, "--excel"}).code, 0);
-    const testing::Outcome first = Run({"create", plain, plain + ".xml", "--round"});
-    const testing::Outcome second = Run({"create", spreadsheet, spreadsheet + ".xml", "--round"});
+    const testing::Outcome first = Run({"create", "--no-validate", plain, plain + ".xml", "--round"});
+    const testing::Outcome second = Run({"create", "--no-validate", spreadsheet, spreadsheet + ".xml", "--round"});
     EXPECT_EQ(first.code, 0);
     EXPECT_EQ(second.code, 0);
     EXPECT_EQ(testing::ReadBytes(spreadsheet + ".xml"), testing::ReadBytes(plain + ".xml"));
@@ -209,7 +211,7 @@ TEST_F(RoundTripTest, TextsLikeFormulasAndNumbersComeBackFromASpreadsheet) {
     customers.append("C").append(std::to_string(++number)).append(",").append(text) += '\n';
   }
   Write("customers.csv", customers);
-  ExpectDone({"create", folder_.Path(kDataset), First()});
+  ExpectDone({"create", "--no-validate", folder_.Path(kDataset), First()});
   ExpectSameFromSpreadsheet();
   EXPECT_EQ(testing::ReadBytes(folder_.Path("spreadsheet.xml")), testing::ReadBytes(First()));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/tools/saft/ToolTest.h"
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,7 +13,10 @@ namespace zevo::testing {
 
 using ::testing::ElementsAre;
 
-ToolTest::ToolTest() { std::filesystem::create_directory(folder_.Path(kDataset)); }
+ToolTest::ToolTest() {
+  std::filesystem::create_directory(folder_.Path(kDataset));
+  Write("header.csv", "BusinessName\nCasa\n");
+}
 
 Outcome ToolTest::Run(const std::vector<std::string>& arguments) const {
   std::vector<std::string> command{SAFT_PROGRAM};
@@ -40,13 +44,15 @@ Outcome ToolTest::Execute(const std::vector<std::string>& command) {
     _exit(127);
   }
   int status = 0;
-  EXPECT_EQ(waitpid(child, &status, 0), child);
+  rusage usage{};
+  EXPECT_EQ(wait4(child, &status, 0, &usage), child);
   const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  return {code, ReadBytes(out), ReadBytes(err)};
+  constexpr int64_t kUnit = 1024;
+  return {code, ReadBytes(out), ReadBytes(err), usage.ru_maxrss * kUnit};
 }
 
 Outcome ToolTest::Create(const std::vector<std::string>& options) const {
-  std::vector<std::string> arguments{"create", folder_.Path(kDataset), Output()};
+  std::vector<std::string> arguments{"create", "--no-validate", folder_.Path(kDataset), Output()};
   arguments.insert(arguments.end(), options.begin(), options.end());
   return Run(arguments);
 }
@@ -55,11 +61,11 @@ void ToolTest::Write(std::string_view name, std::string_view text) const {
   folder_.Write(std::string(kDataset) + "/" + std::string(name), text);
 }
 
-void ToolTest::ExpectRefused(std::string_view message) const {
+void ToolTest::ExpectRefused(std::string_view message, std::string_view told) const {
   const Outcome outcome = Create();
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err, std::string("saft: ").append(message).append("\n"));
+  EXPECT_EQ(outcome.err, std::string(told).append("saft: ").append(message).append("\n"));
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
 }
 

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,9 +19,11 @@ struct Outcome {
   int code = 0;
   std::string out;
   std::string err;
+  int64_t most_memory = 0;  ///< that it had at a time, in bytes
 };
 
-/// Runs the program as a user does, on files of the test's own. It speaks English.
+/// Runs the program as a user does, on files of the test's own. It speaks English. The dataset has a header to begin
+/// with.
 class ToolTest : public ::testing::Test {
  public:
   ToolTest();
@@ -29,7 +32,7 @@ class ToolTest : public ::testing::Test {
   Outcome Run(const std::vector<std::string>& arguments) const;
   /// Runs a script of the shell, in which "saft" is the program.
   Outcome RunInShell(const std::string& script) const;
-  /// Runs `create` on the dataset.
+  /// Runs `create` on the dataset, whose file need not be valid.
   Outcome Create(const std::vector<std::string>& options = {}) const;
 
   /// Writes a file of the dataset.
@@ -39,7 +42,7 @@ class ToolTest : public ::testing::Test {
   std::string Output() const { return folder_.Path("out.xml"); }
 
   /// Expects that the dataset is refused with a message and that nothing is left behind.
-  void ExpectRefused(std::string_view message) const;
+  void ExpectRefused(std::string_view message, std::string_view told = "") const;
   /// Expects that the dataset becomes a file, with nothing else to tell.
   void ExpectCreated(std::string_view told = "") const;
   /// What is told of a file of the dataset that is not written as those of a dataset are.

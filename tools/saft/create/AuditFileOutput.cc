@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/create/AuditFileOutput.h"
 
-#include <system_error>
+#include <utility>
 
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
-#include "tools/saft/input/InputName.h"
 
 namespace zevo::saft {
 namespace {
@@ -37,107 +36,85 @@ bool Finish(AuditFileStreamWriter& file) { return file.CloseAuditFile(); }
 
 }  // namespace
 
-AuditFileOutput::AuditFileOutput(std::string_view path, Way way) : path_(path), unfinished_path_(path) {
-  RequireRegularFile(path_);
+AuditFileOutput::AuditFileOutput(const std::string& path, std::string name, Way way)
+    : path_(path), name_(std::move(name)) {
   if (way == kSequential) file_.emplace<AuditFileStreamWriter>();
   Do([&](auto& file) {
     file.set_AuditFileName(path_);
     return file.CreateAuditFile();
   });
-  unfinished_ = way == kSequential;
 }
 
 AuditFileOutput::~AuditFileOutput() {
-  if (!unfinished_) return;
   try {
     std::visit([](auto& file) { file.CloseAuditFile(); }, file_);
   } catch (...) {
-    // The file is deleted anyway.
+    // Nobody needs the file.
   }
-  std::error_code ignored;
-  // What is written to may be a device, which must not be deleted.
-  if (std::filesystem::is_regular_file(unfinished_path_, ignored)) std::filesystem::remove(unfinished_path_, ignored);
 }
 
 template <class Operation>
 void AuditFileOutput::Do(Operation&& operation) {
-  if (!std::visit(operation, file_)) FailAtFile();
-}
-
-template <class Operation>
-void AuditFileOutput::Do(Operation&& operation, const Origin& origin) {
   Interruption::ThrowIfRequested();
   if (std::visit(operation, file_)) return;
-  // Error 5 is a text that XML cannot hold, which the row is to blame for. All others are faults of the file or the
-  // disk.
-  if (Exception().Number() != static_cast<int32_t>(RunTimeError::kInvalidCall)) FailAtFile();
-  throw Failure(origin.path, origin.row, Exception().Description());
+  FailWith(*std::visit([](const auto& file) { return file.AuditException(); }, file_), name_, path_);
 }
 
-const AuditException& AuditFileOutput::Exception() const {
-  return std::visit([](const auto& file) -> const AuditException& { return *file.AuditException(); }, file_);
+void AuditFileOutput::Write(const Header& value) {
+  Do([&](auto& file) { return file.CreateHeader(value); });
 }
 
-void AuditFileOutput::FailAtFile() const { FailWith(Exception(), path_); }
-
-void AuditFileOutput::Write(const Header& value, const Origin& origin) {
-  Do([&](auto& file) { return file.CreateHeader(value); }, origin);
+void AuditFileOutput::Write(const GeneralLedger& value) {
+  Do([&](auto& file) { return file.CreateGeneralLedger(value); });
 }
 
-void AuditFileOutput::Write(const GeneralLedger& value, const Origin& origin) {
-  Do([&](auto& file) { return file.CreateGeneralLedger(value); }, origin);
+void AuditFileOutput::Write(const Customer& value) {
+  Do([&](auto& file) { return file.CreateCustomer(value); });
 }
 
-void AuditFileOutput::Write(const Customer& value, const Origin& origin) {
-  Do([&](auto& file) { return file.CreateCustomer(value); }, origin);
+void AuditFileOutput::Write(const Supplier& value) {
+  Do([&](auto& file) { return file.CreateSupplier(value); });
 }
 
-void AuditFileOutput::Write(const Supplier& value, const Origin& origin) {
-  Do([&](auto& file) { return file.CreateSupplier(value); }, origin);
+void AuditFileOutput::Write(const Product& value) {
+  Do([&](auto& file) { return file.CreateProduct(value); });
 }
 
-void AuditFileOutput::Write(const Product& value, const Origin& origin) {
-  Do([&](auto& file) { return file.CreateProduct(value); }, origin);
-}
-
-void AuditFileOutput::Write(const TaxTable& value, const Origin& origin) {
-  Do([&](auto& file) { return file.CreateTaxTable(value); }, origin);
+void AuditFileOutput::Write(const TaxTable& value) {
+  Do([&](auto& file) { return file.CreateTaxTable(value); });
 }
 
 void AuditFileOutput::Begin(const GeneralLedgerEntries& totals) {
   Do([&](auto& file) { return BeginEntries(file, totals); });
 }
 
-void AuditFileOutput::Begin(const Journal& value, const Origin& origin) {
-  // The library would not find it again for its transactions.
-  if (std::holds_alternative<AuditFile>(file_) && value.JournalID().find('"') != std::string::npos) {
-    throw Failure(origin.path, origin.row, "a JournalID with a quotation mark is written with --stream only");
-  }
-  Do([&](auto& file) { return BeginJournal(file, value); }, origin);
+// The library would not find another one again for its transactions.
+bool AuditFileOutput::Takes(const Journal& value) const {
+  return std::holds_alternative<AuditFileStreamWriter>(file_) || value.JournalID().find('"') == std::string::npos;
 }
 
-void AuditFileOutput::Write(const Transaction& value, const Journal& journal, const Origin& origin) {
-  Do([&](auto& file) { return CreateTransaction(file, value, journal); }, origin);
+void AuditFileOutput::Begin(const Journal& value) {
+  Do([&](auto& file) { return BeginJournal(file, value); });
+}
+
+void AuditFileOutput::Write(const Transaction& value, const Journal& journal) {
+  Do([&](auto& file) { return CreateTransaction(file, value, journal); });
 }
 
 void AuditFileOutput::Begin(const SalesInvoices& totals) {
   Do([&](auto& file) { return BeginInvoices(file, totals); });
 }
 
-void AuditFileOutput::Write(const Invoice& value, const Origin& origin) {
-  Do([&](auto& file) { return file.CreateInvoice(value); }, origin);
+void AuditFileOutput::Write(const Invoice& value) {
+  Do([&](auto& file) { return file.CreateInvoice(value); });
 }
 
 void AuditFileOutput::Save() {
   try {
     Do([](auto& file) { return Finish(file); });
   } catch (const Error& error) {
-    FailWith(error, path_);
+    FailWith(error, name_, path_);
   }
-  // A file that was built in memory is there now.
-  unfinished_ = true;
-  Interruption::ThrowIfRequested();
-  unfinished_ = false;
 }
 
 }  // namespace zevo::saft

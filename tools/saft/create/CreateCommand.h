@@ -7,6 +7,8 @@
 
 #include "tools/saft/command/Command.h"
 #include "tools/saft/command/SchemaChoice.h"
+#include "tools/saft/dataset/Dataset.h"
+#include "tools/saft/dataset/RowIndex.h"
 
 namespace zevo::saft {
 
@@ -17,11 +19,18 @@ class CreateCommand : public Command {
   ExitCode Run() const override;
 
  private:
+  /// Writes the file of the dataset, whatever is wrong with it.
+  void Write(const std::string& path, Dataset& dataset, RowIndex& index) const;
+  /// Adds what the schema does not allow in that file to the errors of the dataset.
+  void Validate(const std::string& path, Dataset& dataset, const RowIndex& index) const;
+
   SchemaChoice schema_;
   std::string dataset_;
   std::string file_;
   bool stream_ = false;
   bool round_ = false;
+  bool force_ = false;
+  bool unvalidated_ = false;
 };
 
 }  // namespace zevo::saft

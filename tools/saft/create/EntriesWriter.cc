@@ -2,68 +2,101 @@
 #include "tools/saft/create/EntriesWriter.h"
 
 #include <memory>
+#include <utility>
 
+#include "tools/saft/dataset/ParentFinder.h"
 #include "tools/saft/dataset/RecordFile.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/CreateWords.h"
 
 namespace zevo::saft {
 
 void EntriesWriter::Write() {
-  Journals journals = ReadJournals();
-  Transactions transactions = ReadTransactions(journals.table);
-  ReadLines(transactions.table);
-  if (journals.has_file && transactions.has_file) {
-    WriteSection(journals.table, transactions);
-  } else if (!journals.table.Rows().empty()) {
-    notes_ << "saft: " << Visible(journals.table.Path()) << ": not written, there is no transactions.csv\n";
+  const bool journals = CheckJournals();
+  const bool transactions = CheckTransactions();
+  CheckLines();
+  if (journals && transactions) {
+    WriteSection();
+  } else if (has_journals_) {
+    notes_ << "saft: " << Visible(dataset_.PathOf(Dataset::kJournals)) << ": " << Say(words::kNoTransactionsFile)
+           << '\n';
   }
 }
 
-EntriesWriter::Journals EntriesWriter::ReadJournals() {
-  RecordFile rows = dataset_.Open<Journal>(Dataset::kJournals, {.key = "JournalID"});
-  Journals journals{.table = RecordTable<Journal>(rows), .has_file = rows.Exists()};
-  while (rows.Next()) journals.table.Take(rows);
-  return journals;
-}
-
-EntriesWriter::Transactions EntriesWriter::ReadTransactions(const RecordTable<Journal>& journals) {
-  RecordFile rows =
-      dataset_.Open<Transaction>(Dataset::kTransactions, {.key = "TransactionID", .parents = {"JournalID"}});
-  Transactions transactions{.table = RecordTable<Transaction>(rows), .journals = {}, .has_file = rows.Exists()};
+bool EntriesWriter::CheckJournals() {
+  RecordFile rows = dataset_.Open(Dataset::kJournals);
   while (rows.Next()) {
-    transactions.journals.push_back(journals.PlaceOfParent(rows));
-    transactions.table.Take(rows);
+    has_journals_ = true;
+    Journal journal;
+    rows.Fill(journal);
+    if (!output_.Takes(journal)) rows.AddErrorAtKey(Say(words::kQuotationMark));
+    TakeKey(rows, journal, index_.Of(EntityKind::kJournal));
   }
-  return transactions;
+  return rows.Exists();
 }
 
-void EntriesWriter::ReadLines(const RecordTable<Transaction>& transactions) {
-  RecordFile rows =
-      dataset_.Open<TransactionLine>(Dataset::kTransactionLines, {.key = "RecordID", .parents = {"TransactionID"}});
+bool EntriesWriter::CheckTransactions() {
+  RecordFile rows = dataset_.Open(Dataset::kTransactions);
+  ParentFinder journals(dataset_, Dataset::kJournals, index_.Of(EntityKind::kJournal));
   while (rows.Next()) {
-    const Transaction& transaction = transactions.ParentOf(rows);
-    auto line = std::make_shared<TransactionLine>();
-    rows.Fill(*line);
-    AddToParent(*transaction.Line(), std::move(line), rows);
+    Transaction transaction;
+    rows.Fill(transaction);
+    const auto journal = journals.Find(rows);
+    if (!TakeKey(rows, transaction, index_.Of(EntityKind::kTransaction)) || !journal) continue;
+    index_.transactions.Add({rows.Offset(), rows.Row(), *journal});
+    totals_.AddEntry(rows);
   }
+  index_.transactions.Sort();
+  return rows.Exists();
 }
 
-void EntriesWriter::WriteSection(RecordTable<Journal>& journals, Transactions& transactions) {
-  RecordTable<Transaction>& table = transactions.table;
+void EntriesWriter::CheckLines() {
+  RecordFile rows = dataset_.Open(Dataset::kTransactionLines);
+  ParentFinder transactions(dataset_, Dataset::kTransactions, index_.Of(EntityKind::kTransaction));
+  while (rows.Next()) {
+    TransactionLine line;
+    rows.Fill(line);
+    const auto transaction = transactions.Find(rows);
+    if (!transaction || !rows.HasKey()) continue;
+    index_.transaction_lines.Add({rows.Offset(), rows.Row(), *transaction});
+    totals_.AddLine(line, rows);
+  }
+  index_.transaction_lines.Sort();
+}
+
+void EntriesWriter::WriteSection() {
   GeneralLedgerEntries section;
-  SetTotals(section, table.SumOf([](Totals& sum, const Transaction& transaction) { sum.Add(transaction); }));
-  dataset_.Altered().AddTotals("GeneralLedgerEntries", TotalsIn(section));
+  SetTotals(section, totals_.Sums());
+  dataset_.Altered().AddTotals("GeneralLedgerEntries", totals_.Sums());
   output_.Begin(section);
-  std::vector<std::vector<size_t>> places(journals.Rows().size());  // of each journal's transactions
-  for (size_t place = 0; place < table.Rows().size(); ++place) places[transactions.journals[place]].push_back(place);
-  for (size_t i = 0; i < places.size(); ++i) {
-    const auto& [journal, journalRow] = journals.Rows()[i];
-    output_.Begin(*journal, {journals.Path(), journalRow});
-    for (const size_t place : places[i]) {
-      auto& [transaction, row] = table.Rows()[place];
-      output_.Write(*transaction, *journal, {table.Path(), row});
-      transaction.reset();  // Frees its memory: the file holds it from here on.
+  using enum RecordFile::Reading;
+  RecordFile journals = dataset_.Open(Dataset::kJournals, kAgain);
+  RecordFile transactions = dataset_.Open(Dataset::kTransactions, kAgain);
+  RecordFile lines = dataset_.Open(Dataset::kTransactionLines, kAgain);
+  while (journals.Next()) {
+    Journal journal;
+    journals.Fill(journal);
+    const bool is_first = journals.HasKey() && index_.Of(EntityKind::kJournal).Find(journals.Key()) == journals.Row();
+    if (!is_first || !output_.Takes(journal)) continue;
+    output_.Begin(journal);
+    WriteTransactions(journal, journals.Row(), transactions, lines);
+  }
+}
+
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): the order is that of the file.
+void EntriesWriter::WriteTransactions(const Journal& journal, uint32_t row, RecordFile& transactions,
+                                      RecordFile& lines) {
+  for (const ChildRows::Row& place : index_.transactions.Of(row)) {
+    transactions.GoTo(place.offset, place.row);
+    Transaction transaction;
+    transactions.Fill(transaction);
+    for (const ChildRows::Row& inside : index_.transaction_lines.Of(place.row)) {
+      lines.GoTo(inside.offset, inside.row);
+      auto line = std::make_shared<TransactionLine>();
+      lines.Fill(*line);
+      if (!transaction.Line()->Append(std::move(line))) lines.NoteRepeatedKey();
     }
+    output_.Write(transaction, journal);
   }
 }
 

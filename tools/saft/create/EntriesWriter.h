@@ -4,45 +4,39 @@
 
 #include <zevo/adapters.h>
 
-#include <cstddef>
 #include <ostream>
-#include <vector>
 
 #include "tools/saft/create/AuditFileOutput.h"
+#include "tools/saft/create/SectionTotals.h"
 #include "tools/saft/dataset/Dataset.h"
-#include "tools/saft/dataset/RecordTable.h"
+#include "tools/saft/dataset/RowIndex.h"
 
 namespace zevo::saft {
 
-/// Writes the general ledger entries of a dataset: its journals with their transactions, and the totals.
+/// Writes the general ledger entries of a dataset: its journals with their transactions, and the totals. All files are
+/// looked through first, then each transaction is put together and written.
 class EntriesWriter {
  public:
   /// What the user should know goes to `notes`.
-  EntriesWriter(Dataset& dataset, AuditFileOutput& output, std::ostream& notes)
-      : dataset_(dataset), output_(output), notes_(notes) {}
+  EntriesWriter(Dataset& dataset, RowIndex& index, AuditFileOutput& output, std::ostream& notes)
+      : dataset_(dataset), index_(index), output_(output), notes_(notes) {}
 
   void Write();
 
  private:
-  struct Journals {
-    RecordTable<Journal> table;
-    bool has_file;
-  };
-  /// The transactions, and for each of them the place of its journal.
-  struct Transactions {
-    RecordTable<Transaction> table;
-    std::vector<size_t> journals;
-    bool has_file;
-  };
-
-  Journals ReadJournals();
-  Transactions ReadTransactions(const RecordTable<Journal>& journals);
-  void ReadLines(const RecordTable<Transaction>& transactions);
-  void WriteSection(RecordTable<Journal>& journals, Transactions& transactions);
+  // These tell whether there is such a file.
+  bool CheckJournals();
+  bool CheckTransactions();
+  void CheckLines();
+  void WriteSection();
+  void WriteTransactions(const Journal& journal, uint32_t row, RecordFile& transactions, RecordFile& lines);
 
   Dataset& dataset_;
+  RowIndex& index_;
   AuditFileOutput& output_;
   std::ostream& notes_;
+  bool has_journals_ = false;
+  SectionTotals totals_;
 };
 
 }  // namespace zevo::saft

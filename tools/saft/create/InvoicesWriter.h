@@ -4,43 +4,41 @@
 
 #include <zevo/adapters.h>
 
-#include <cstddef>
-#include <unordered_map>
+#include <cstdint>
 #include <vector>
 
 #include "tools/saft/create/AuditFileOutput.h"
+#include "tools/saft/create/SectionTotals.h"
+#include "tools/saft/dataset/ChildRows.h"
 #include "tools/saft/dataset/Dataset.h"
-#include "tools/saft/dataset/RecordTable.h"
+#include "tools/saft/dataset/ParentFinder.h"
+#include "tools/saft/dataset/RowIndex.h"
 
 namespace zevo::saft {
 
-/// Writes the sales invoices of a dataset with their lines, orders and credit notes, and the totals.
+/// Writes the sales invoices of a dataset with their lines, orders and credit notes, and the totals. All files are
+/// looked through first, then each invoice is put together and written.
 class InvoicesWriter {
  public:
-  InvoicesWriter(Dataset& dataset, AuditFileOutput& output) : dataset_(dataset), output_(output) {}
+  InvoicesWriter(Dataset& dataset, RowIndex& index, AuditFileOutput& output)
+      : dataset_(dataset), index_(index), output_(output) {}
 
   void Write();
 
  private:
-  using Invoices = RecordTable<Invoice>;
-  /// The lines of an invoice that have one number, and how many of them, from the first, have what a row brings.
-  struct Namesakes {
-    std::vector<InvoiceLine*> lines;
-    size_t with_order = 0;
-    size_t with_credit_note = 0;
-  };
-
-  Invoices ReadInvoices();
-  void ReadLines(const Invoices& invoices);
-  void ReadOrders(const Invoices& invoices);
-  void ReadCreditNotes(const Invoices& invoices);
-  InvoiceLine& LineFor(RecordFile& rows, const Invoices& invoices, size_t Namesakes::*with,
-                       bool (*has)(const InvoiceLine&));
-  void WriteSection(Invoices& invoices);
+  void CheckInvoices();
+  void CheckLines();
+  /// Those of a file whose rows belong to lines.
+  template <class T>
+  void CheckParts(RecordFile parts, ChildRows& rows);
+  void WriteSection();
 
   Dataset& dataset_;
+  RowIndex& index_;
   AuditFileOutput& output_;
-  std::unordered_map<const InvoiceLine*, Namesakes> namesakes_;  // by the first of them
+  bool has_invoices_ = false;
+  std::vector<uint32_t> uncounted_;  // rows of the invoices that do not count in totals
+  SectionTotals totals_;
 };
 
 }  // namespace zevo::saft

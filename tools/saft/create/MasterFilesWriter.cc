@@ -4,50 +4,57 @@
 #include <memory>
 #include <utility>
 
-#include "tools/saft/dataset/KeyIndex.h"
 #include "tools/saft/dataset/RecordFile.h"
+#include "tools/saft/words/CreateWords.h"
 
 namespace zevo::saft {
 
 void MasterFilesWriter::Write() {
   WriteHeader();
-  WriteEach<GeneralLedger>(Dataset::kGeneralLedger, "AccountID");
-  WriteEach<Customer>(Dataset::kCustomers, "CustomerID");
-  WriteEach<Supplier>(Dataset::kSuppliers, "SupplierID");
-  WriteEach<Product>(Dataset::kProducts, "ProductCode");
+  WriteEach<GeneralLedger>(Dataset::kGeneralLedger, EntityKind::kGeneralLedger);
+  WriteEach<Customer>(Dataset::kCustomers, EntityKind::kCustomer);
+  WriteEach<Supplier>(Dataset::kSuppliers, EntityKind::kSupplier);
+  WriteEach<Product>(Dataset::kProducts, EntityKind::kProduct);
   WriteTaxTable();
 }
 
 void MasterFilesWriter::WriteHeader() {
-  RecordFile rows = dataset_.Open<Header>(Dataset::kHeader, {});
-  if (!rows.Next()) return;
-  Header header;
-  rows.Fill(header);
-  if (header.BusinessName().empty()) rows.NoteAbsent("BusinessName");
-  output_.Write(header, {rows.Path(), rows.Row()});
-  if (rows.Next()) rows.Fail("a second header");
+  RecordFile rows = dataset_.Open(Dataset::kHeader);
+  while (rows.Next()) {
+    Header header;
+    rows.Fill(header);
+    if (index_.header != 0) {
+      rows.AddError(Say(words::kSecondHeader));
+      continue;
+    }
+    index_.header = rows.Row();
+    if (header.BusinessName().empty()) rows.NoteAbsent("BusinessName");
+    output_.Write(header);
+  }
+  // What is wrong with the file may be why there is none.
+  if (index_.header != 0 || dataset_.Faults().CountIn(rows.Number()) > 0) return;
+  dataset_.Faults().AddToFile(rows.Number(), Say(rows.Exists() ? words::kNoHeaderRow : words::kNoHeaderFile));
 }
 
 template <class T>
-void MasterFilesWriter::WriteEach(const char* file, std::string_view key) {
-  RecordFile rows = dataset_.Open<T>(file, {.key = key});
-  KeyIndex keys;
+void MasterFilesWriter::WriteEach(const char* file, EntityKind kind) {
+  RecordFile rows = dataset_.Open(file);
   while (rows.Next()) {
     T record;
     rows.Fill(record);
-    keys.Add(rows, record);
-    output_.Write(record, {rows.Path(), rows.Row()});
+    if (TakeKey(rows, record, index_.Of(kind))) output_.Write(record);
   }
 }
 
 void MasterFilesWriter::WriteTaxTable() {
-  RecordFile rows = dataset_.Open<TaxTableEntry>(Dataset::kTaxTable, {});
+  RecordFile rows = dataset_.Open(Dataset::kTaxTable);
   while (rows.Next()) {
     auto entry = std::make_shared<TaxTableEntry>();
     rows.Fill(*entry);
+    index_.tax_entries.push_back(rows.Row());
     TaxTable table;
     table.TaxTableEntry()->Add(std::move(entry));
-    output_.Write(table, {rows.Path(), rows.Row()});
+    output_.Write(table);
   }
 }
 

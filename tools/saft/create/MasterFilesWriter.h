@@ -4,28 +4,29 @@
 
 #include <zevo/adapters.h>
 
-#include <string_view>
-
 #include "tools/saft/create/AuditFileOutput.h"
 #include "tools/saft/dataset/Dataset.h"
+#include "tools/saft/dataset/RowIndex.h"
 
 namespace zevo::saft {
 
-/// Writes the header and the master files of a dataset.
+/// Writes the header and the master files of a dataset, and notes where their rows are.
 class MasterFilesWriter {
  public:
-  MasterFilesWriter(Dataset& dataset, AuditFileOutput& output) : dataset_(dataset), output_(output) {}
+  MasterFilesWriter(Dataset& dataset, RowIndex& index, AuditFileOutput& output)
+      : dataset_(dataset), index_(index), output_(output) {}
 
   void Write();
 
  private:
   void WriteHeader();
-  /// Writes every record of a file; its key must be unique.
+  /// Writes every record of a file.
   template <class T>
-  void WriteEach(const char* file, std::string_view key);
+  void WriteEach(const char* file, EntityKind kind);
   void WriteTaxTable();
 
   Dataset& dataset_;
+  RowIndex& index_;
   AuditFileOutput& output_;
 };
 

@@ -39,7 +39,6 @@ CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
     cells_.resize(cell_count_);
     CheckText();
     columns_ = cells_;
-    CheckColumns();
   } catch (...) {
     csv_free(&parser_);
     throw;
@@ -52,7 +51,7 @@ void CsvFile::Begin() {
   } catch (const std::ios::failure&) {
     throw Failure(path_, std::strerror(errno));
   }
-  if (dialect_.encoding == CsvEncoding::kUtf16) throw Failure(path_, 1, Say(words::kUtf16));
+  if (dialect_.encoding == CsvEncoding::kUtf16) throw CsvFault(path_, 1, {}, Say(words::kUtf16));
   if (dialect_.has_separator_line) ReadLine();
 }
 
@@ -73,6 +72,17 @@ bool CsvFile::Next() {
   return true;
 }
 
+void CsvFile::GoTo(uint64_t offset, int64_t row) {
+  if (offset != offset_) {
+    file_.clear();
+    file_.seekg(static_cast<std::streamoff>(offset));
+    offset_ = offset;
+    finished_ = false;
+  }
+  lines_ = row - 1;
+  ReadRow();
+}
+
 bool CsvFile::IsEmptyRow() const {
   return std::all_of(cells_.begin(), cells_.begin() + static_cast<std::ptrdiff_t>(cell_count_),
                      [](const std::string& cell) { return cell.empty(); });
@@ -85,11 +95,15 @@ bool CsvFile::ReadRow() {
   is_utf8_ = true;
   bool begun = false;
   while (!row_ended_ && !finished_) {
+    const uint64_t line_offset = offset_;
     if (!ReadLine()) {
       Finish();
       continue;
     }
-    if (!begun) row_ = lines_;
+    if (!begun) {
+      row_ = lines_;
+      row_offset_ = line_offset;
+    }
     begun = begun || line_.find_first_not_of("\r\n") != std::string::npos;
     Parse();
   }
@@ -103,6 +117,7 @@ bool CsvFile::ReadLine() {
     throw Failure(path_, std::strerror(errno));
   }
   if (!file_.eof()) line_ += '\n';
+  offset_ += line_.size();
   if (lines_ == 0 && line_.starts_with(kByteOrderMark)) line_.erase(0, kByteOrderMark.size());
   if (dialect_.encoding == CsvEncoding::kWindows1252) line_ = Utf8FromWindows1252(line_);
   ++lines_;
@@ -113,10 +128,10 @@ bool CsvFile::ReadLine() {
 void CsvFile::Parse() {
   const size_t parsed = csv_parse(&parser_, line_.data(), line_.size(), &TakeCell, &EndRow, this);
   if (out_of_memory_) throw std::bad_alloc();
-  if (lone_return_) Fail(Say(words::kLoneReturn));
+  if (lone_return_) BreakOff(Say(words::kLoneReturn));
   if (parsed == line_.size()) return;
   if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
-  Fail(NameOf(cell_count_) + ": " + Say(words::kStrayQuotationMark));
+  BreakOff(NameOf(cell_count_) + ": " + Say(words::kStrayQuotationMark));
 }
 
 void CsvFile::Finish() {
@@ -125,7 +140,7 @@ void CsvFile::Finish() {
   if (out_of_memory_) throw std::bad_alloc();
   if (finished) return;
   if (csv_error(&parser_) == CSV_ENOMEM) throw std::bad_alloc();
-  Fail(NameOf(cell_count_) + ": " + Say(words::kOpenQuotationMark));
+  BreakOff(NameOf(cell_count_) + ": " + Say(words::kOpenQuotationMark));
 }
 
 void CsvFile::TakeCell(void* text, size_t length, void* self) noexcept {
@@ -145,12 +160,6 @@ void CsvFile::EndRow(int terminator, void* self) noexcept {
   file.row_ended_ = true;
 }
 
-void CsvFile::CheckColumns() const {
-  for (auto column = columns_.begin(); column != columns_.end(); ++column) {
-    if (std::find(columns_.begin(), column, *column) != column) Fail(Say(words::kColumnTwice, Quoted(*column)));
-  }
-}
-
 // Cells are separated by ASCII characters, so lines in UTF-8 have cells in UTF-8. What Windows-1252 has no character
 // for is none in UTF-8 either.
 void CsvFile::CheckText() const {
@@ -166,10 +175,17 @@ std::string CsvFile::NameOf(size_t column) const {
   return Say(words::kCell, column + 1);
 }
 
-void CsvFile::Fail(std::string_view reason) const { throw Failure(path_, row_, reason); }
+// Where the next row begins is not known.
+void CsvFile::BreakOff(std::string_view reason) {
+  finished_ = true;
+  Fail(reason);
+}
 
-void CsvFile::Fail(size_t column, std::string_view reason) const {
-  Fail(NameOf(column).append(": ").append(Quoted(cells_[column])).append(": ").append(reason));
+CsvFault CsvFile::Fault(std::string_view reason) const { return {path_, row_, {}, reason}; }
+
+CsvFault CsvFile::Fault(size_t column, std::string_view reason) const {
+  const std::string name = NameOf(column);
+  return {path_, row_, name, std::string(name).append(": ").append(Quoted(cells_[column])).append(": ").append(reason)};
 }
 
 }  // namespace zevo::saft

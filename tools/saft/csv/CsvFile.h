@@ -14,12 +14,13 @@
 #include <vector>
 
 #include "tools/saft/csv/CsvDialect.h"
+#include "tools/saft/csv/CsvFault.h"
 
 namespace zevo::saft {
 
 /// A CSV file, read row by row; its first row names the columns. It may be RFC 4180 in UTF-8, or have another dialect.
-/// Empty lines are passed over. Whatever is wrong with it is a `Failure` that tells the file, the row and, as far as
-/// they are known, the column and the value.
+/// Empty lines are passed over. Whatever is wrong with a row is a `CsvFault` that tells the file, the row and, as far
+/// as they are known, the column and the value; after it, the next row can be read, if there is one.
 class CsvFile {
  public:
   /// Opens a file and reads the names of its columns; an empty file has none.
@@ -32,8 +33,11 @@ class CsvFile {
   const std::vector<std::string>& Columns() const { return columns_; }
   const CsvDialect& Dialect() const { return dialect_; }
 
-  /// Goes to the next row; false when there is none left. A row has a cell for every column, unless all are empty.
+  /// Goes to the next row; false when there is none left, or none can be told after a malformed one. A row has a cell
+  /// for every column, unless all are empty.
   bool Next();
+  /// Goes to a row that was read before, by its `Row` and `Offset`; it has no fault.
+  void GoTo(uint64_t offset, int64_t row);
   /// Whether the row has nothing but empty cells.
   bool IsEmptyRow() const;
   /// In UTF-8, without the spaces at its ends.
@@ -42,10 +46,14 @@ class CsvFile {
   void Replace(size_t column, std::string text) { cells_[column] = std::move(text); }
   /// The line on which the row begins, counted from 1 as an editor does.
   int64_t Row() const { return row_; }
+  /// The byte of the file at which that line begins.
+  uint64_t Offset() const { return row_offset_; }
 
-  [[noreturn]] void Fail(std::string_view reason) const;
-  /// Fails with a column and its value in the row.
-  [[noreturn]] void Fail(size_t column, std::string_view reason) const;
+  /// A fault of the row, or of a column with its value in it.
+  CsvFault Fault(std::string_view reason) const;
+  CsvFault Fault(size_t column, std::string_view reason) const;
+  [[noreturn]] void Fail(std::string_view reason) const { throw Fault(reason); }
+  [[noreturn]] void Fail(size_t column, std::string_view reason) const { throw Fault(column, reason); }
 
  private:
   void Begin();
@@ -53,7 +61,7 @@ class CsvFile {
   bool ReadLine();
   void Parse();
   void Finish();
-  void CheckColumns() const;
+  [[noreturn]] void BreakOff(std::string_view reason);
   void CheckText() const;
   std::string NameOf(size_t column) const;
 
@@ -67,7 +75,9 @@ class CsvFile {
   csv_parser parser_;
   std::string line_;
   int64_t lines_ = 0;
+  uint64_t offset_ = 0;  // behind the lines read
   int64_t row_ = 0;
+  uint64_t row_offset_ = 0;
   bool finished_ = false;
   bool is_utf8_ = true;  // whether the lines of the row are
   // Set by the parser's calls while it is given a line. The cells are reused from row to row.

@@ -6,38 +6,21 @@
 
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/CsvWords.h"
+#include "tools/saft/words/DatasetWords.h"
+#include "tools/saft/words/ProblemWords.h"
 
 namespace zevo::saft {
-namespace {
 
-constexpr size_t kTold = 5;
-
-struct Wording {
-  std::string_view one;
-  std::string_view many;
-  std::string_view done;     // told of what was written
-  std::string_view refused;  // told of what would be written
+struct Alterations::Wording {
+  Text<1> one;
+  Text<1> several;
 };
 
-constexpr std::array<Wording, 12> kWordings{{
-    {"text", "texts", "shortened to what the schema allows", ""},
-    {"number", "numbers", "rounded to what the file holds", "would be rounded to what the file holds"},
-    {"number", "numbers", "left out, the file holds only one of the two",
-     "would be left out, the file holds only one of the two"},
-    {"row", "rows", "without any value skipped", ""},
-    {"total", "totals", "rounded to two decimals", ""},
-    {"value", "values", "replaced by the constant that the file has there", ""},
-    {"code", "codes", "left out, the element is empty: the library has no such code", ""},
-    {"absent text", "absent texts", "written as an empty element", ""},
-    {"row", "rows", "left out, a line holds only one order", ""},
-    {"key", "keys", "repeated in one document and kept", ""},
-    {"row", "rows", "given to one of several lines of the same number", ""},
-    {"text", "texts", "with carriage returns, which read back as line feeds", ""},
-}};
+namespace {
 
-std::string PlaceOf(const CsvFile& file) { return Visible(file.Path()) + ":" + std::to_string(file.Row()); }
+std::string PlaceOf(const RowIn& row) { return Visible(row.file.Path()) + ":" + std::to_string(row.file.Row()); }
 
-std::string PlaceOf(const CsvFile& file, size_t column) { return PlaceOf(file) + ": " + file.Columns()[column] + ": "; }
+std::string PlaceOf(const RowIn& row, size_t column) { return PlaceOf(row) + ": " + row.file.Columns()[column] + ": "; }
 
 Amount WithTwoDecimals(Amount amount) {
   const int64_t beyond = amount.Scaled() % 100;
@@ -47,62 +30,61 @@ Amount WithTwoDecimals(Amount amount) {
 
 }  // namespace
 
-template <class Describe>
-void Alterations::Add(Kind kind, Describe&& describe) {
-  if (++places_[kind].count <= kTold) places_[kind].first.push_back(describe());
-}
-
-void Alterations::AddShortened(const CsvFile& file, size_t column, std::string_view kept) {
-  Add(kShortened, [&] {
-    return PlaceOf(file, column) + "from " + std::to_string(CharactersIn(file.Cell(column))) + " to " +
-           std::to_string(CharactersIn(kept)) + " characters";
+void Alterations::AddShortened(const RowIn& row, size_t column, std::string_view kept) {
+  Add(kShortened, row, [&] {
+    return PlaceOf(row, column) +
+           Say(words::kFromToCharacters, CharactersIn(row.file.Cell(column)), CharactersIn(kept));
   });
 }
 
-void Alterations::AddRounded(const CsvFile& file, size_t column, std::string_view written) {
-  Add(kRounded, [&] { return PlaceOf(file, column) + Quoted(file.Cell(column)) + " to " + Quoted(written); });
+void Alterations::AddRounded(const RowIn& row, size_t column, std::string_view written) {
+  Add(kRounded, row,
+      [&] { return PlaceOf(row, column) + Say(words::kTo, Quoted(row.file.Cell(column)), Quoted(written)); });
 }
 
-void Alterations::AddLeftOut(const CsvFile& file, size_t column, size_t other) {
-  Add(kLeftOut, [&] {
-    return PlaceOf(file, column) + Quoted(file.Cell(column)) + " beside " + file.Columns()[other] + " " +
-           Quoted(file.Cell(other));
+void Alterations::AddLeftOut(const RowIn& row, size_t column, size_t other) {
+  Add(kLeftOut, row, [&] {
+    const CsvFile& file = row.file;
+    return PlaceOf(row, column) +
+           Say(words::kBeside, Quoted(file.Cell(column)), file.Columns()[other], Quoted(file.Cell(other)));
   });
 }
 
-void Alterations::AddEmptyRow(const CsvFile& file) {
-  Add(kEmptyRow, [&] { return PlaceOf(file); });
+void Alterations::AddEmptyRow(const RowIn& row) {
+  Add(kEmptyRow, row, [&] { return PlaceOf(row); });
 }
 
-void Alterations::AddConstant(const CsvFile& file, size_t column, std::string_view constant) {
-  Add(kConstant, [&] { return PlaceOf(file, column) + Quoted(file.Cell(column)) + " to " + Quoted(constant); });
+void Alterations::AddConstant(const RowIn& row, size_t column, std::string_view constant) {
+  Add(kConstant, row,
+      [&] { return PlaceOf(row, column) + Say(words::kTo, Quoted(row.file.Cell(column)), Quoted(constant)); });
 }
 
-void Alterations::AddUnknownCode(const CsvFile& file, size_t column) { AddCell(kUnknownCode, file, column); }
+void Alterations::AddUnknownCode(const RowIn& row, size_t column) { AddCell(kUnknownCode, row, column); }
 
-void Alterations::AddAbsent(const CsvFile& file, std::string_view column) {
-  Add(kAbsent, [&] { return PlaceOf(file).append(": ").append(column); });
+void Alterations::AddAbsent(const RowIn& row, std::string_view column) {
+  Add(kAbsent, row, [&] { return PlaceOf(row).append(": ").append(column); });
 }
 
-void Alterations::AddSecond(const CsvFile& file, size_t column) { AddCell(kSecond, file, column); }
+void Alterations::AddSecond(const RowIn& row, size_t column) { AddCell(kSecond, row, column); }
 
-void Alterations::AddRepeatedKey(const CsvFile& file, size_t column) { AddCell(kRepeatedKey, file, column); }
+void Alterations::AddRepeatedKey(const RowIn& row, size_t column) { AddCell(kRepeatedKey, row, column); }
 
-void Alterations::AddGuess(const CsvFile& file, size_t column) { AddCell(kGuess, file, column); }
+void Alterations::AddGuess(const RowIn& row, size_t column) { AddCell(kGuess, row, column); }
 
-void Alterations::AddReturns(const CsvFile& file, size_t column) {
-  Add(kReturns, [&] { return PlaceOf(file).append(": ").append(file.Columns()[column]); });
+void Alterations::AddReturns(const RowIn& row, size_t column) {
+  Add(kReturns, row, [&] { return PlaceOf(row).append(": ").append(row.file.Columns()[column]); });
 }
 
-void Alterations::AddCell(Kind kind, const CsvFile& file, size_t column) {
-  Add(kind, [&] { return PlaceOf(file, column) + Quoted(file.Cell(column)); });
+void Alterations::AddCell(Kind kind, const RowIn& row, size_t column) {
+  Add(kind, row, [&] { return PlaceOf(row, column) + Quoted(row.file.Cell(column)); });
 }
 
 void Alterations::AddTotal(std::string_view section, std::string_view element, Amount sum) {
   const Amount written = WithTwoDecimals(sum);
   if (written == sum) return;
-  Add(kTotal,
-      [&] { return std::string(section).append(": ").append(element) + ": " + sum.Text() + " to " + written.Text(); });
+  places_[kTotal].Add({}, [&] {
+    return std::string(section).append(": ").append(element) + ": " + Say(words::kTo, sum.Text(), written.Text());
+  });
 }
 
 void Alterations::AddTotals(std::string_view section, const Totals& sums) {
@@ -121,23 +103,36 @@ void Alterations::ReportForms(std::ostream& out) const {
   for (const std::string& form : forms_) out << "saft: " << form << '\n';
 }
 
-void Alterations::Report(Kind kind, std::string_view what, std::ostream& out) const {
-  const auto& [count, first] = places_[kind];
-  if (count == 0) return;
-  const Wording& wording = kWordings[kind];
-  out << "saft: " << count << ' ' << (count == 1 ? wording.one : wording.many) << ' ' << what << '\n';
-  for (const std::string& place : first) out << "  " << place << '\n';
-  if (count > first.size()) out << "  and " << count - first.size() << " more\n";
+void Alterations::Report(Kind kind, const Wording& wording, std::ostream& out) const {
+  const FirstPlaces& places = places_[kind];
+  if (places.Count() == 0) return;
+  out << "saft: " << SayOf(places.Count(), wording.one, wording.several) << '\n';
+  for (const auto& [place, text] : places.First()) out << "  " << text << '\n';
+  const size_t more = places.Count() - places.First().size();
+  if (more > 0) out << "  " << Say(words::kAndMore, more) << '\n';
 }
 
 void Alterations::Report(std::ostream& out) const {
-  for (size_t kind = 0; kind < kWordings.size(); ++kind) {
-    Report(static_cast<Kind>(kind), kWordings[kind].done, out);
-  }
+  constexpr std::array<Wording, kKinds> kWordings{{
+      {words::kOneShortened, words::kShortened},
+      {words::kOneRounded, words::kRounded},
+      {words::kOneLeftOut, words::kNumbersLeftOut},
+      {words::kOneEmptyRow, words::kEmptyRows},
+      {words::kOneTotal, words::kTotals},
+      {words::kOneConstant, words::kConstants},
+      {words::kOneUnknownCode, words::kUnknownCodes},
+      {words::kOneAbsent, words::kAbsent},
+      {words::kOneSecond, words::kSeconds},
+      {words::kOneRepeatedKey, words::kRepeatedKeys},
+      {words::kOneGuess, words::kGuesses},
+      {words::kOneWithReturns, words::kWithReturns},
+  }};
+  for (size_t kind = 0; kind < kWordings.size(); ++kind) Report(static_cast<Kind>(kind), kWordings[kind], out);
 }
 
 void Alterations::ReportLostNumbers(std::ostream& out) const {
-  for (const Kind kind : {kRounded, kLeftOut}) Report(kind, kWordings[kind].refused, out);
+  Report(kRounded, {words::kOneWouldBeRounded, words::kWouldBeRounded}, out);
+  Report(kLeftOut, {words::kOneWouldBeLeftOut, words::kWouldBeLeftOut}, out);
 }
 
 }  // namespace zevo::saft

@@ -9,38 +9,44 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "tools/saft/csv/CsvFile.h"
+#include "tools/saft/dataset/FirstPlaces.h"
 
 namespace zevo::saft {
+
+/// The row at which a file of a dataset stands.
+struct RowIn {
+  size_t number;  ///< of the file among `Dataset::Files`
+  const CsvFile& file;
+};
 
 /// How an audit file differs from the dataset that it is made of: how many differences there are of each kind, and
 /// where the first few are.
 class Alterations {
  public:
   /// A text that is longer than the schema allows, and what the property holds of it.
-  void AddShortened(const CsvFile& file, size_t column, std::string_view kept);
+  void AddShortened(const RowIn& row, size_t column, std::string_view kept);
   /// A number with more digits than its element holds, and the number that is written.
-  void AddRounded(const CsvFile& file, size_t column, std::string_view written);
+  void AddRounded(const RowIn& row, size_t column, std::string_view written);
   /// A number whose element is not written because that of the other one is.
-  void AddLeftOut(const CsvFile& file, size_t column, size_t other);
+  void AddLeftOut(const RowIn& row, size_t column, size_t other);
   /// A row without a value.
-  void AddEmptyRow(const CsvFile& file);
+  void AddEmptyRow(const RowIn& row);
   /// A value beside which the file has a constant.
-  void AddConstant(const CsvFile& file, size_t column, std::string_view constant);
+  void AddConstant(const RowIn& row, size_t column, std::string_view constant);
   /// A code that the schema allows and the library has no value for.
-  void AddUnknownCode(const CsvFile& file, size_t column);
+  void AddUnknownCode(const RowIn& row, size_t column);
   /// A row without a value in a column, which the file need not have, whose element is written all the same.
-  void AddAbsent(const CsvFile& file, std::string_view column);
+  void AddAbsent(const RowIn& row, std::string_view column);
   /// A row that is left out because the record that it names in a column holds one already.
-  void AddSecond(const CsvFile& file, size_t column);
+  void AddSecond(const RowIn& row, size_t column);
   /// A key that another record of the same parent has.
-  void AddRepeatedKey(const CsvFile& file, size_t column);
+  void AddRepeatedKey(const RowIn& row, size_t column);
   /// A row that names in a column a record that is there several times, and is given to one of them.
-  void AddGuess(const CsvFile& file, size_t column);
+  void AddGuess(const RowIn& row, size_t column);
   /// A text with carriage returns.
-  void AddReturns(const CsvFile& file, size_t column);
+  void AddReturns(const RowIn& row, size_t column);
   /// To be called when the file is written in the way that keeps carriage returns.
   void ForgetReturns() { places_[kReturns] = {}; }
   /// The totals of a section, where their two decimals make them differ from the sums of its entries.
@@ -75,18 +81,21 @@ class Alterations {
     kReturns,
     kKinds
   };
-  struct Places {
-    size_t count = 0;
-    std::vector<std::string> first;
+  static constexpr size_t kTold = 5;
+  struct Places : FirstPlaces {
+    Places() : FirstPlaces(kTold) {}
   };
 
-  /// Counts one. Its place, which `describe` gives, is told of the first few.
+  /// Counts one. What `describe` says of it is told of the first few.
   template <class Describe>
-  void Add(Kind kind, Describe&& describe);
-  void AddCell(Kind kind, const CsvFile& file, size_t column);
+  void Add(Kind kind, const RowIn& row, Describe&& describe) {
+    places_[kind].Add({row.number, row.file.Row()}, describe);
+  }
+  void AddCell(Kind kind, const RowIn& row, size_t column);
   void AddTotal(std::string_view section, std::string_view element, Amount sum);
-  bool IsIn(Kind kind) const { return places_[kind].count > 0; }
-  void Report(Kind kind, std::string_view verb, std::ostream& out) const;
+  bool IsIn(Kind kind) const { return places_[kind].Count() > 0; }
+  struct Wording;
+  void Report(Kind kind, const Wording& wording, std::ostream& out) const;
 
   std::array<Places, kKinds> places_;
   std::vector<std::string> forms_;

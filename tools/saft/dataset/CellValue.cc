@@ -5,6 +5,7 @@
 #include <array>
 
 #include "tools/saft/input/ScannedElements.h"
+#include "tools/saft/words/DatasetWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -32,26 +33,32 @@ PropertyValue FlagFromCount(int32_t count) {
   return count == 1;
 }
 
-// What a cell of a property should have been, in words for a message.
-std::string Wanted(const Property& property) {
+// Why a cell of a property is none.
+std::string Refusal(const Property& property) {
   switch (property.type) {
     case PropertyType::kAmount:
-      return "an amount with a decimal point";
+      return Say(words::kNotAnAmount);
     case PropertyType::kFlag:
-      return "a flag, 0 or 1";
+      return Say(words::kNotAFlag);
     case PropertyType::kCount:
-      return "a whole number";
+      return Say(words::kNotWhole);
     case PropertyType::kCode: {
       std::string all;
-      for (const Code& code : property.codes()) all.append(all.empty() ? "one of " : ", ").append(code.text);
-      return all;
+      for (const Code& code : property.codes()) all.append(all.empty() ? "" : ", ").append(code.text);
+      return Say(words::kNotACode, all);
     }
     default:
-      return "a number with a decimal point";
+      return Say(words::kNotADecimal);
   }
 }
 
 }  // namespace
+
+bool IsXmlText(std::string_view text) {
+  const bool control = std::ranges::any_of(
+      text, [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r'; });
+  return !control && text.find("\uFFFE") == std::string_view::npos && text.find("\uFFFF") == std::string_view::npos;
+}
 
 std::string_view ToldBy(const Property& property, std::string_view cell) {
   return property.type == PropertyType::kText ? cell : Trimmed(cell);
@@ -70,8 +77,8 @@ PropertyValue ValueFromCell(const Property& property, std::string_view cell) {
         return ValueFromText(property, WithoutPlus(told));
     }
   } catch (const Error& error) {
-    if (error.Number() == static_cast<int32_t>(RunTimeError::kOverflow)) throw BadValue("out of range");
-    throw BadValue("not " + Wanted(property));
+    if (error.Number() == static_cast<int32_t>(RunTimeError::kOverflow)) throw BadValue(Say(words::kOutOfRange));
+    throw BadValue(Refusal(property));
   }
 }
 

@@ -17,6 +17,9 @@ class BadValue : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// Whether XML can hold all characters of a text in UTF-8.
+bool IsXmlText(std::string_view text);
+
 /// What a cell tells of a property. A text is taken as it is. Of anything else white space around it counts for
 /// nothing, as in the file.
 std::string_view ToldBy(const Property& property, std::string_view cell);

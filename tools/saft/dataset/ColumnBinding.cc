@@ -5,6 +5,8 @@
 #include <span>
 
 #include "tools/saft/dataset/CellValue.h"
+#include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/DatasetWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -12,25 +14,26 @@ namespace {
 const Property& Named(std::string_view name, const Record& record) {
   const std::span<const Property> properties = PropertiesOf(record);
   const auto found = std::ranges::find(properties, name, &Property::name);
-  if (found == properties.end() || found->type == PropertyType::kCollection) throw BadValue("unknown column");
+  if (found == properties.end() || found->type == PropertyType::kCollection) throw UnknownColumn();
   return *found;
 }
 
 }  // namespace
 
 ColumnBinding::ColumnBinding(std::string_view column, const Record& sample) {
+  const std::string_view name = column;
   const Record* owner = &sample;
   std::shared_ptr<Record> child;
   for (size_t dot = column.find('.'); dot != std::string_view::npos; dot = column.find('.')) {
     const Property& property = Named(column.substr(0, dot), *owner);
-    if (IsPlain(property)) throw BadValue("unknown column");
+    if (IsPlain(property)) throw UnknownColumn();
     children_.push_back(&property);
     child = property.make();
     owner = child.get();
     column.remove_prefix(dot + 1);
   }
   property_ = &Named(column, *owner);
-  if (!IsPlain(*property_)) throw BadValue("a column must name one of its properties, after a dot");
+  if (!IsPlain(*property_)) throw BadValue(Say(words::kRecordColumn, Quoted(name)));
   if (property_->set == nullptr) constant_ = TextFromValue(*property_, property_->get(*owner));
   form_ = WrittenFormOf(*owner, property_->name).value_or(zevo::WrittenForm());
 }

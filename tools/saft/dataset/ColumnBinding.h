@@ -4,6 +4,7 @@
 
 #include <zevo/adapters.h>
 
+#include <exception>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,10 +13,13 @@
 
 namespace zevo::saft {
 
+/// Thrown for a column that no record of a class has.
+class UnknownColumn : public std::exception {};
+
 /// The property that a column of a dataset stands for, in a record or, after dots, in one of its children.
 class ColumnBinding {
  public:
-  /// `sample` is any record of the class. Throws `BadValue` when the column is none that a dataset may have.
+  /// `sample` is any record of the class. Throws `UnknownColumn`, and `BadValue` for a column that names a record.
   ColumnBinding(std::string_view column, const Record& sample);
 
   /// Sets the property from a cell's text, making the children on the way. A constant stays as it is. Throws

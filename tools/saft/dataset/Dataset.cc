@@ -9,27 +9,40 @@
 #include <utility>
 #include <vector>
 
+#include "tools/saft/dataset/RecordKind.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/NearestName.h"
+#include "tools/saft/words/DatasetWords.h"
+#include "tools/saft/words/ErrorWords.h"
 
 namespace zevo::saft {
 namespace {
 
-constexpr std::array<DatasetFile, 13> kFiles{{
-    {Dataset::kHeader, "cabecalho.csv", "the company and the period, one row"},
-    {Dataset::kGeneralLedger, "contas.csv", "ledger accounts"},
-    {Dataset::kCustomers, "clientes.csv", "customers"},
-    {Dataset::kSuppliers, "fornecedores.csv", "suppliers"},
-    {Dataset::kProducts, "produtos.csv", "products and services"},
-    {Dataset::kTaxTable, "impostos.csv", "tax rates"},
-    {Dataset::kJournals, "diarios.csv", "journals"},
-    {Dataset::kTransactions, "movimentos.csv", "transactions; JournalID tells the journal"},
-    {Dataset::kTransactionLines, "linhas_movimentos.csv", "their lines; TransactionID tells the transaction"},
-    {Dataset::kInvoices, "faturas.csv", "sales documents"},
-    {Dataset::kInvoiceLines, "linhas_faturas.csv", "their lines; InvoiceNo tells the document"},
-    {Dataset::kOrderReferences, "encomendas.csv", "their orders; InvoiceNo and LineNumber tell the line"},
-    {Dataset::kCreditNotes, "notas_credito.csv", "documents corrected; InvoiceNo and LineNumber tell the line"},
-}};
+constexpr auto kDatasetFiles = std::to_array<DatasetFile>({
+    {Dataset::kHeader, "cabecalho.csv", words::kHeaderRows},
+    {Dataset::kGeneralLedger, "contas.csv", words::kGeneralLedgerRows},
+    {Dataset::kCustomers, "clientes.csv", words::kCustomersRows},
+    {Dataset::kSuppliers, "fornecedores.csv", words::kSuppliersRows},
+    {Dataset::kProducts, "produtos.csv", words::kProductsRows},
+    {Dataset::kTaxTable, "impostos.csv", words::kTaxTableRows},
+    {Dataset::kJournals, "diarios.csv", words::kJournalsRows},
+    {Dataset::kTransactions, "movimentos.csv", words::kTransactionsRows},
+    {Dataset::kTransactionLines, "linhas_movimentos.csv", words::kTransactionLinesRows},
+    {Dataset::kInvoices, "faturas.csv", words::kInvoicesRows},
+    {Dataset::kInvoiceLines, "linhas_faturas.csv", words::kInvoiceLinesRows},
+    {Dataset::kOrderReferences, "encomendas.csv", words::kOrderReferencesRows},
+    {Dataset::kCreditNotes, "notas_credito.csv", words::kCreditNotesRows},
+});
+
+std::string PathTo(const std::string& folder, std::string_view file) {
+  return (std::filesystem::path(folder) / file).string();
+}
+
+std::vector<std::string> PathsIn(const std::string& folder) {
+  std::vector<std::string> paths;
+  for (const DatasetFile& file : kDatasetFiles) paths.push_back(PathTo(folder, file.name));
+  return paths;
+}
 
 char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -39,46 +52,76 @@ bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
 
 // The file whose name, in either language, is nearest.
 std::string_view NearestTo(std::string_view name) {
-  std::array<std::string_view, 2 * kFiles.size()> names;
-  for (size_t i = 0; i < kFiles.size(); ++i) {
-    names[2 * i] = kFiles[i].name;
-    names[2 * i + 1] = kFiles[i].in_portuguese;
+  std::array<std::string_view, 2 * kDatasetFiles.size()> names;
+  for (size_t i = 0; i < kDatasetFiles.size(); ++i) {
+    names[2 * i] = kDatasetFiles[i].name;
+    names[2 * i + 1] = kDatasetFiles[i].in_portuguese;
   }
   const std::string_view nearest = NearestName(name, names);
-  return kFiles[static_cast<size_t>(std::ranges::find(names, nearest) - names.begin()) / 2].name;
+  return kDatasetFiles[static_cast<size_t>(std::ranges::find(names, nearest) - names.begin()) / 2].name;
 }
 
 }  // namespace
 
-std::span<const DatasetFile> Dataset::Files() { return kFiles; }
+std::span<const DatasetFile> Dataset::Files() { return kDatasetFiles; }
 
-Dataset::Dataset(std::string folder) : folder_(std::move(folder)) {
-  if (!std::filesystem::exists(folder_)) throw Failure(folder_, "no such folder");
-  if (!std::filesystem::is_directory(folder_)) throw Failure(folder_, "not a folder");
+size_t Dataset::NumberOf(std::string_view file) {
+  return static_cast<size_t>(std::ranges::find(kDatasetFiles, file, &DatasetFile::name) - kDatasetFiles.begin());
+}
+
+Dataset::Dataset(std::string folder) : folder_(std::move(folder)), errors_(PathsIn(folder_)) {
+  static_assert(kFiles == kDatasetFiles.size());
+  if (!std::filesystem::exists(folder_)) throw Failure(folder_, Say(words::kNoSuchFolder));
+  if (!std::filesystem::is_directory(folder_)) throw Failure(folder_, Say(words::kNotAFolder));
   CheckNames();
 }
 
-void Dataset::CheckNames() const {
+void Dataset::CheckNames() {
   std::vector<std::string> unknown;
   bool known = false;
   std::error_code error;
   for (const auto& entry : std::filesystem::directory_iterator(folder_, error)) {
     const std::string name = entry.path().filename().string();
-    if (std::ranges::find(kFiles, name, &DatasetFile::name) != kFiles.end()) {
+    if (std::ranges::find(kDatasetFiles, name, &DatasetFile::name) != kDatasetFiles.end()) {
       known = true;
     } else if (EqualIgnoringAsciiCase(entry.path().extension().string(), ".csv")) {
       unknown.push_back(name);
     }
   }
   if (error) throw Failure(folder_, error.message());
-  if (!unknown.empty()) {
-    // The first by name, so that the same folder is told the same each time.
-    const std::string& first = *std::ranges::min_element(unknown);
-    throw Failure(PathOf(first), "not a file of a dataset; the nearest name is " + std::string(NearestTo(first)));
+  if (!known && unknown.empty()) throw Failure(folder_, Say(words::kNotADataset));
+  // By name, so that the same folder is told the same each time.
+  std::ranges::sort(unknown);
+  for (const std::string& name : unknown) {
+    const std::string_view meant = NearestTo(name);
+    const size_t number = NumberOf(meant);
+    errors_.Add({number, 0}, {},
+                Failure(PathOf(name), Say(words::kUnknownFile) + Say(words::kDidYouMean, meant)).what());
+    if (!StateOf(meant)) errors_.SetIncomplete(number);
   }
-  if (!known) throw Failure(folder_, "not a dataset: it has no header.csv, customers.csv, ...");
 }
 
-std::string Dataset::PathOf(std::string_view file) const { return (std::filesystem::path(folder_) / file).string(); }
+RecordFile Dataset::Open(std::string_view file, RecordFile::Reading reading) {
+  const size_t number = NumberOf(file);
+  if (!opened_[number]) opened_[number] = StateOf(file);
+  const RecordKind& kind = *std::ranges::find(RecordKinds(), file, &RecordKind::file);
+  return {PathOf(file), number, kind, alterations_, errors_, reading};
+}
+
+std::optional<Dataset::State> Dataset::StateOf(std::string_view file) const {
+  const std::filesystem::path path = PathOf(file);
+  std::error_code none;
+  const State state{std::filesystem::file_size(path, none), std::filesystem::last_write_time(path, none)};
+  return none ? std::nullopt : std::optional(state);
+}
+
+void Dataset::RequireUnchanged() const {
+  for (size_t number = 0; number < opened_.size(); ++number) {
+    const std::string_view file = kDatasetFiles[number].name;
+    if (opened_[number] && *opened_[number] != StateOf(file)) throw Failure(PathOf(file), Say(words::kChanged));
+  }
+}
+
+std::string Dataset::PathOf(std::string_view file) const { return PathTo(folder_, file); }
 
 }  // namespace zevo::saft

@@ -4,12 +4,19 @@
 
 #include <zevo/adapters.h>
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "tools/saft/dataset/Alterations.h"
+#include "tools/saft/dataset/Errors.h"
 #include "tools/saft/dataset/RecordFile.h"
+#include "tools/saft/words/Text.h"
 
 namespace zevo::saft {
 
@@ -17,7 +24,7 @@ namespace zevo::saft {
 struct DatasetFile {
   std::string_view name;
   std::string_view in_portuguese;  ///< which a user may have called it
-  std::string_view description;    ///< what its rows are, for the help
+  Text<> rows;                     ///< what they are, for the help
 };
 
 /// A folder of CSV files that hold the records of one audit file.
@@ -40,26 +47,42 @@ class Dataset {
   /// The files of a dataset, in the order of the audit file.
   static std::span<const DatasetFile> Files();
 
-  /// Fails when there is no such folder, none of the files in it, or a CSV file of another name: it would be left out
-  /// unseen.
+  /// The number of a file among them.
+  static size_t NumberOf(std::string_view file);
+
+  /// Fails when there is no such folder, and when it has no CSV file. A CSV file of another name is an error: it would
+  /// be left out unseen.
   explicit Dataset(std::string folder);
 
-  /// The records of class `T`.
-  template <class T>
-  RecordFile Open(const char* file, const KeyColumns& keys) {
-    return RecordFile(PathOf(file), T(), keys, alterations_);
-  }
+  RecordFile Open(std::string_view file, RecordFile::Reading reading = RecordFile::Reading::kFirst);
+
+  /// Fails when a file is another than it was when it was opened first.
+  void RequireUnchanged() const;
 
   /// What the audit file has otherwise than the rows read so far.
   Alterations& Altered() { return alterations_; }
+  /// What is wrong with the rows read so far.
+  Errors& Faults() { return errors_; }
 
   std::string PathOf(std::string_view file) const;
 
  private:
-  void CheckNames() const;
+  /// Of a file, what changes with it; nothing where there is none.
+  struct State {
+    uintmax_t size;
+    std::filesystem::file_time_type written;
+
+    friend bool operator==(const State&, const State&) = default;
+  };
+  static constexpr size_t kFiles = 13;
+
+  void CheckNames();
+  std::optional<State> StateOf(std::string_view file) const;
 
   std::string folder_;
   Alterations alterations_;
+  Errors errors_;
+  std::array<std::optional<std::optional<State>>, kFiles> opened_;  // by file: as it was found
 };
 
 }  // namespace zevo::saft

@@ -8,6 +8,7 @@
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/NearestName.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/DatasetWords.h"
 
 namespace zevo::saft {
 namespace {
@@ -57,8 +58,7 @@ std::vector<ListedElement> RecordColumns::ElementsOf(const Record& record, const
 size_t RecordColumns::PlaceOf(std::string_view column) const {
   const auto found = std::ranges::find(columns_, column, &RecordColumn::name);
   if (found != columns_.end()) return static_cast<size_t>(found - columns_.begin());
-  throw Failure(std::string(kind_.name) + " has no column " + Quoted(column) + "; the nearest name is " +
-                std::string(NearestName(column, columns_, &RecordColumn::name)));
+  throw Failure(Say(words::kNoColumn, kind_.name, Quoted(column)) + DidYouMean(column, columns_, &RecordColumn::name));
 }
 
 }  // namespace zevo::saft

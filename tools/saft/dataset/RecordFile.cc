@@ -3,33 +3,49 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
+#include <memory>
 
 #include "tools/saft/dataset/CellValue.h"
+#include "tools/saft/dataset/RecordColumns.h"
 #include "tools/saft/errors/Interruption.h"
+#include "tools/saft/errors/NearestName.h"
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/words/CsvWords.h"
+#include "tools/saft/words/DatasetWords.h"
 
 namespace zevo::saft {
-RecordFile::RecordFile(const std::string& path, const Record& sample, const KeyColumns& keys, Alterations& alterations)
-    : path_(path), alterations_(alterations) {
+
+RecordFile::RecordFile(const std::string& path, size_t number, const RecordKind& kind, Alterations& alterations,
+                       Errors& errors, Reading reading)
+    : path_(path), number_(number), alterations_(alterations), errors_(errors), reading_(reading) {
   RequireRegularFile(path);
-  if (!std::filesystem::exists(path)) return;
-  csv_.emplace(path);
-  if (!csv_->Columns().empty()) Bind(sample, keys);
+  exists_ = std::filesystem::exists(path);
+  if (!exists_) return;
+  try {
+    csv_.emplace(path);
+  } catch (const CsvFault& fault) {
+    AddLost(fault);
+    return;
+  }
+  if (!csv_->Columns().empty()) Bind(kind);
 }
 
-void RecordFile::Bind(const Record& sample, const KeyColumns& keys) {
-  for (const std::string_view parent : keys.parents) parents_.push_back(PlaceOf(parent));
-  if (!keys.key.empty()) key_ = PlaceOf(keys.key);
-  for (size_t place = 0; place < csv_->Columns().size(); ++place) {
+void RecordFile::Bind(const RecordKind& kind) {
+  const auto& columns = csv_->Columns();
+  for (size_t i = 0; i < kind.Parents(); ++i) parents_.push_back(PlaceOf(kind.parents[i]));
+  if (!kind.key.empty()) key_ = PlaceOf(kind.key);
+  const std::shared_ptr<Record> sample = kind.make();
+  for (size_t place = 0; place < columns.size(); ++place) {
     if (std::ranges::find(parents_, place) != parents_.end()) continue;
-    const std::string& name = csv_->Columns()[place];
-    try {
-      columns_.push_back({place, ColumnBinding(name, sample)});
-    } catch (const BadValue& bad) {
-      csv_->Fail("column " + Quoted(name) + ": " + bad.what());
+    if (std::ranges::find(columns, columns[place]) - columns.begin() < static_cast<std::ptrdiff_t>(place)) {
+      AddColumnError(columns[place], Say(words::kColumnTwice, Quoted(columns[place])));
+    } else {
+      BindColumn(place, kind, *sample);
     }
   }
+  FindRequired(kind);
   FindRivals();
   FindTranslated();
 }
@@ -39,8 +55,43 @@ void RecordFile::FindTranslated() {
     const CellText text(csv_->Dialect(), property);
     if (text.MayDiffer()) translated_.push_back({place, text});
   };
-  for (const size_t place : parents_) add(place, nullptr);
+  for (const std::optional<size_t>& place : parents_) {
+    if (place) add(*place, nullptr);
+  }
   for (const auto& [place, binding] : columns_) add(place, &binding.Target());
+}
+
+void RecordFile::BindColumn(size_t place, const RecordKind& kind, const Record& sample) {
+  const std::string& name = csv_->Columns()[place];
+  try {
+    columns_.push_back({place, ColumnBinding(name, sample)});
+  } catch (const BadValue& bad) {
+    AddColumnError(name, bad.what());
+  } catch (const UnknownColumn&) {
+    const RecordColumns known(kind);
+    const std::string_view nearest = NearestName(name, known.Columns(), &RecordColumn::name);
+    const std::string meant = DidYouMean(name, known.Columns(), &RecordColumn::name);
+    const bool is_meant = !meant.empty() && !PlaceOf(nearest);
+    AddColumnError(is_meant ? nearest : name, Say(words::kUnknownColumn, Quoted(name)) + meant);
+  }
+}
+
+// What else there is to say of the column would only follow from this.
+void RecordFile::AddColumnError(std::string_view column, std::string_view reason) {
+  if (!TellsFaults()) return;
+  errors_.Add(number_, csv_->Fault(reason));
+  errors_.SetToldInAllRows(number_, column);
+}
+
+// A column that another one was meant to be is not missing.
+void RecordFile::FindRequired(const RecordKind& kind) {
+  const auto require = [&](std::string_view column, const std::optional<size_t>& place) {
+    if (place || column.empty()) return;
+    if (!errors_.IsTold({number_, 0}, column)) AddColumnError(column, Say(words::kColumnMissing, Quoted(column)));
+    errors_.SetIncomplete(number_);
+  };
+  for (size_t i = 0; i < kind.Parents(); ++i) require(kind.parents[i], parents_[i]);
+  require(kind.key, key_);
 }
 
 void RecordFile::FindRivals() {
@@ -55,29 +106,44 @@ void RecordFile::FindRivals() {
   }
 }
 
-size_t RecordFile::PlaceOf(std::string_view column) const {
+std::optional<size_t> RecordFile::PlaceOf(std::string_view column) {
   const auto& columns = csv_->Columns();
   const auto found = std::ranges::find(columns, column);
-  if (found == columns.end()) csv_->Fail("column " + Quoted(column) + " is missing");
-  return static_cast<size_t>(found - columns.begin());
+  return found == columns.end() ? std::nullopt : std::optional(static_cast<size_t>(found - columns.begin()));
+}
+
+bool RecordFile::HasParents() const {
+  return csv_ && has_keys_ && std::ranges::none_of(parents_, [](const std::optional<size_t>& place) { return !place; });
 }
 
 bool RecordFile::Next() {
-  while (csv_ && csv_->Next()) {
+  while (csv_) {
     Interruption::ThrowIfRequested();
-    if (csv_->IsEmptyRow()) {
-      alterations_.AddEmptyRow(*csv_);
+    try {
+      if (!csv_->Next()) break;
+    } catch (const CsvFault& fault) {
+      AddLost(fault);
       continue;
     }
-    Translate();
-    return true;
+    if (csv_->Row() > std::numeric_limits<uint32_t>::max()) throw Failure(path_, Say(words::kTooManyLines));
+    if (!csv_->IsEmptyRow()) {
+      Translate();
+      return true;
+    }
+    if (TellsFaults()) alterations_.AddEmptyRow(Here());
   }
-  if (csv_) alterations_.AddForm(*csv_, has_day_first_);
+  if (csv_ && TellsFaults()) alterations_.AddForm(*csv_, has_day_first_);
   return false;
+}
+
+void RecordFile::GoTo(uint64_t offset, uint32_t row) {
+  csv_->GoTo(offset, row);
+  Translate();
 }
 
 // From here on the row is as a dataset has it.
 void RecordFile::Translate() {
+  has_keys_ = true;
   for (const auto& [place, text] : translated_) {
     try {
       std::optional<std::string> told = text.Of(csv_->Cell(place));
@@ -85,45 +151,59 @@ void RecordFile::Translate() {
       csv_->Replace(place, *std::move(told));
       has_day_first_ = has_day_first_ || text.IsDate();
     } catch (const BadValue& bad) {
-      csv_->Fail(place, bad.what());
+      if (TellsFaults()) errors_.Add(number_, csv_->Fault(place, bad.what()));
+      csv_->Replace(place, {});
+      if (place != key_ && std::ranges::find(parents_, place) == parents_.end()) continue;
+      has_keys_ = false;
+      errors_.SetIncomplete(number_);
     }
   }
+}
+
+void RecordFile::AddLost(const CsvFault& fault) {
+  if (TellsFaults()) errors_.Add(number_, fault);
+  errors_.SetIncomplete(number_);
 }
 
 void RecordFile::Fill(Record& record) {
-  for (const Column& column : columns_) {
-    const std::string_view text = ToldBy(column.binding.Target(), csv_->Cell(column.place));
-    if (text.empty()) continue;
-    if (IsCodeOfSchemaOnly(column.binding.Target(), text)) {
-      alterations_.AddUnknownCode(*csv_, column.place);
-      continue;
-    }
-    SetFrom(column, text, record);
-    Note(column, text, record);
-  }
+  for (const Column& column : columns_) Take(column, record);
   Decide(record);
 }
 
-void RecordFile::SetFrom(const Column& column, std::string_view text, Record& record) {
+void RecordFile::Take(const Column& column, Record& record) {
+  const auto& [place, binding] = column;
   try {
-    column.binding.Set(record, text);
+    const std::string_view text = ToldBy(binding.Target(), csv_->Cell(place));
+    if (text.empty()) return;
+    if (IsCodeOfSchemaOnly(binding.Target(), text)) {
+      if (TellsAlterations()) alterations_.AddUnknownCode(Here(), place);
+      return;
+    }
+    if (binding.IsText() && TellsFaults() && !IsXmlText(text)) throw BadValue(Say(words::kNotXml));
+    binding.Set(record, text);
+    Note(column, text, record);
   } catch (const BadValue& bad) {
-    csv_->Fail(column.place, bad.what());
+    if (TellsFaults()) errors_.Add(number_, csv_->Fault(place, bad.what()));
+  } catch (const CsvFault& fault) {
+    if (TellsFaults()) errors_.Add(number_, fault);
   }
 }
 
 void RecordFile::Note(const Column& column, std::string_view text, const Record& record) {
   const auto& [place, binding] = column;
-  if (const auto& constant = binding.Constant()) {
-    if (text == *constant) return;
-    if (IsBindingConstant(binding.Target())) csv_->Fail(place, "only " + *constant + " can be written");
-    alterations_.AddConstant(*csv_, place, *constant);
+  const auto& constant = binding.Constant();
+  if (constant && text != *constant && IsBindingConstant(binding.Target())) {
+    throw BadValue(Say(words::kOnlyConstant, *constant));
+  }
+  if (!TellsAlterations()) return;
+  if (constant) {
+    if (text != *constant) alterations_.AddConstant(Here(), place, *constant);
   } else if (binding.IsText()) {
-    if (const std::string kept = binding.Text(record); kept != text) alterations_.AddShortened(*csv_, place, kept);
-    if (text.find('\r') != std::string_view::npos) alterations_.AddReturns(*csv_, place);
+    if (const std::string kept = binding.Text(record); kept != text) alterations_.AddShortened(Here(), place, kept);
+    if (text.find('\r') != std::string_view::npos) alterations_.AddReturns(Here(), place);
   } else if (binding.MayChange(text)) {
     const std::string written = binding.WrittenText(record);
-    if (Decimal::FromText(text) != Decimal::FromText(written)) alterations_.AddRounded(*csv_, place, written);
+    if (Decimal::FromText(text) != Decimal::FromText(written)) alterations_.AddRounded(Here(), place, written);
   }
 }
 
@@ -135,7 +215,7 @@ void RecordFile::Decide(Record& record) {
   for (const auto& [first, second] : rivals_) {
     if (csv_->Cell(columns_[first].place).empty() || csv_->Cell(columns_[second].place).empty()) continue;
     if (isZero(columns_[first]) || isZero(columns_[second])) continue;
-    alterations_.AddLeftOut(*csv_, columns_[second].place, columns_[first].place);
+    if (TellsAlterations()) alterations_.AddLeftOut(Here(), columns_[second].place, columns_[first].place);
     columns_[second].binding.Set(record, "0");
   }
 }

@@ -15,28 +15,39 @@
 #include "tools/saft/dataset/Alterations.h"
 #include "tools/saft/dataset/CellText.h"
 #include "tools/saft/dataset/ColumnBinding.h"
+#include "tools/saft/dataset/Errors.h"
+#include "tools/saft/dataset/RecordKind.h"
 
 namespace zevo::saft {
 
-/// Which columns of a file are more than properties.
-struct KeyColumns {
-  /// The property that tells the records of the file, or of their parent, apart; empty when nothing does.
-  std::string_view key;
-  /// What finds the record that a row belongs to. These are no properties of the row's own record.
-  std::vector<std::string_view> parents = {};
-};
-
-/// A file of a dataset whose rows are records of one class. A file that does not exist has no rows.
+/// A file of a dataset whose rows are records of one kind. A file that does not exist has no rows. What is wrong with
+/// it goes to the errors of the dataset, and what the audit file will have otherwise to its alterations: a row without
+/// a fault is read as it is, a cell with one as if it were empty.
 class RecordFile {
  public:
-  /// `sample` is any record of the class.
-  RecordFile(const std::string& path, const Record& sample, const KeyColumns& keys, Alterations& alterations);
+  /// What is told of a file, which may be read several times.
+  enum class Reading {
+    kFirst,        ///< everything
+    kFaults,       ///< its errors and the rows without a value
+    kAlterations,  ///< what of its other rows the audit file will have otherwise
+    kAgain,        ///< nothing
+  };
 
-  bool Exists() const { return csv_.has_value(); }
+  /// `number` is that of the file in the dataset.
+  RecordFile(const std::string& path, size_t number, const RecordKind& kind, Alterations& alterations, Errors& errors,
+             Reading reading);
+
+  bool Exists() const { return exists_; }
   /// Goes to the next row that has a value; false when there is none left.
   bool Next();
-  int64_t Row() const { return csv_->Row(); }
+  /// Goes to a row that was read before.
+  void GoTo(uint64_t offset, uint32_t row);
+  /// The line on which the row begins, from 1.
+  uint32_t Row() const { return static_cast<uint32_t>(csv_->Row()); }
+  uint64_t Offset() const { return csv_->Offset(); }
   const std::string& Path() const { return path_; }
+  /// The number of the file in the dataset.
+  size_t Number() const { return number_; }
 
   /// Sets the properties that the row has a value for.
   void Fill(Record& record);
@@ -44,24 +55,31 @@ class RecordFile {
   // What becomes of the row otherwise than it says.
 
   /// Its key is that of another record of the same parent.
-  void NoteRepeatedKey() { alterations_.AddRepeatedKey(*csv_, *key_); }
+  void NoteRepeatedKey() { alterations_.AddRepeatedKey(Here(), *key_); }
   /// It has no value for a property whose element is written all the same.
-  void NoteAbsent(std::string_view column) { alterations_.AddAbsent(*csv_, column); }
+  void NoteAbsent(std::string_view column) { alterations_.AddAbsent(Here(), column); }
   /// Its record is left out: that which the last parent column names has one already.
-  void NoteSecond() { alterations_.AddSecond(*csv_, parents_.back()); }
+  void NoteSecond() { alterations_.AddSecond(Here(), *parents_.back()); }
   /// Several records are what the last parent column names: one of them is taken.
-  void NoteGuess() { alterations_.AddGuess(*csv_, parents_.back()); }
+  void NoteGuess() { alterations_.AddGuess(Here(), *parents_.back()); }
 
+  /// Whether the row has a key, and whether it has those of all parents. What is wrong where it has not is told.
+  bool HasKey() const { return key_.has_value() && has_keys_; }
+  bool HasParents() const;
   /// The cell of a parent column, by its place among them.
-  const std::string& Parent(size_t place) const { return csv_->Cell(parents_[place]); }
+  const std::string& Parent(size_t place) const { return csv_->Cell(*parents_[place]); }
   /// The key as the row has it.
   const std::string& Key() const { return csv_->Cell(*key_); }
   /// The key as a record keeps it, which may be shorter.
   std::string KeptKey(const Record& record) const;
 
-  [[noreturn]] void Fail(std::string_view reason) const { csv_->Fail(reason); }
-  [[noreturn]] void FailAtKey(std::string_view reason) const { csv_->Fail(*key_, reason); }
-  [[noreturn]] void FailAtParent(size_t place, std::string_view reason) const { csv_->Fail(parents_[place], reason); }
+  // What is wrong with the row.
+
+  void AddError(std::string_view reason) { errors_.Add(number_, csv_->Fault(reason)); }
+  void AddErrorAtKey(std::string_view reason) { errors_.Add(number_, csv_->Fault(*key_, reason)); }
+  void AddErrorAtParent(size_t place, std::string_view reason) {
+    errors_.Add(number_, csv_->Fault(*parents_[place], reason));
+  }
 
  private:
   struct Column {
@@ -81,23 +99,35 @@ class RecordFile {
     size_t second;
   };
 
-  void Bind(const Record& sample, const KeyColumns& keys);
-  size_t PlaceOf(std::string_view column) const;
+  void Bind(const RecordKind& kind);
+  void BindColumn(size_t place, const RecordKind& kind, const Record& sample);
+  void AddColumnError(std::string_view column, std::string_view reason);
+  void FindRequired(const RecordKind& kind);
+  std::optional<size_t> PlaceOf(std::string_view column);
   void FindRivals();
   void FindTranslated();
   void Translate();
-  void SetFrom(const Column& column, std::string_view text, Record& record);
+  void Take(const Column& column, Record& record);
   void Note(const Column& column, std::string_view text, const Record& record);
   void Decide(Record& record);
+  void AddLost(const CsvFault& fault);
+  bool TellsFaults() const { return reading_ == Reading::kFirst || reading_ == Reading::kFaults; }
+  bool TellsAlterations() const { return reading_ == Reading::kFirst || reading_ == Reading::kAlterations; }
+  RowIn Here() const { return {number_, *csv_}; }
 
   std::string path_;
-  std::optional<CsvFile> csv_;
+  size_t number_;
   Alterations& alterations_;
+  Errors& errors_;
+  Reading reading_;
+  bool exists_ = false;
+  std::optional<CsvFile> csv_;
   std::vector<Column> columns_;
   std::vector<Rivals> rivals_;
   std::vector<Translated> translated_;
   bool has_day_first_ = false;
-  std::vector<size_t> parents_;
+  bool has_keys_ = true;  // whether those of the row could be read
+  std::vector<std::optional<size_t>> parents_;
   std::optional<size_t> key_;
 };
 

@@ -23,6 +23,8 @@ struct RecordKind {
   std::shared_ptr<Record> (*make)();  ///< an empty record
   /// The file of a dataset that has these records; empty when none has.
   std::string_view file;
+  /// The property that tells the records of the file, or of the document around them, apart; empty when none does.
+  std::string_view key;
   /// Names of the identifiers of what it belongs to, as a dataset has them. The first is that of the entity, the second
   /// that of the first element on the path; an entity has that of the entity it stands in.
   std::array<std::string_view, kMostParents> parents = {};

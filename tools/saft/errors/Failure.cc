@@ -16,22 +16,22 @@ Failure::Failure(std::string_view file, std::string_view reason)
 Failure::Failure(std::string_view file, int64_t row, std::string_view reason)
     : std::runtime_error(Visible(file) + ":" + std::to_string(row) + ": " + Abridged(reason)) {}
 
-void FailWith(const AuditException& error, std::string_view file) {
+void FailWith(const AuditException& error, std::string_view file, std::string_view place) {
   if (IsOutOfMemory(error)) throw std::bad_alloc();
   std::string reason = Describe(error, SpokenLanguage());
   // The name is told in front.
-  if (const std::string name = ": " + std::string(file) + "."; reason.ends_with(name)) {
+  if (const std::string name = ": " + std::string(place.empty() ? file : place) + "."; reason.ends_with(name)) {
     reason.replace(reason.size() - name.size(), name.size(), ".");
   }
   throw Failure(file, reason);
 }
 
-void FailWith(const Error& error, std::string_view file) {
+void FailWith(const Error& error, std::string_view file, std::string_view place) {
   AuditException told;
   told.set_Number(error.Number());
   told.set_Source(error.Source());
   told.set_Description(error.Description().empty() ? MessageText(error.Number()) : error.Description());
-  FailWith(told, file);
+  FailWith(told, file, place);
 }
 
 // The number alone does not tell: the parser uses it for something else.

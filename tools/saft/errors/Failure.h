@@ -21,9 +21,10 @@ class Failure : public std::runtime_error {
   Failure(std::string_view file, int64_t row, std::string_view reason);
 };
 
-/// Fails with an error that the library has with a file. When it is that memory ran out, throws `std::bad_alloc`.
-[[noreturn]] void FailWith(const AuditException& error, std::string_view file);
-[[noreturn]] void FailWith(const Error& error, std::string_view file);
+/// Fails with an error that the library has with a file. When it is that memory ran out, throws `std::bad_alloc`. The
+/// library may know the file by another name than the user, its place.
+[[noreturn]] void FailWith(const AuditException& error, std::string_view file, std::string_view place = {});
+[[noreturn]] void FailWith(const Error& error, std::string_view file, std::string_view place = {});
 
 /// Whether an error of the library is that memory ran out.
 bool IsOutOfMemory(const AuditException& error);

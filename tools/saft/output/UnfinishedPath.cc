@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/output/UnfinishedPath.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,14 +15,6 @@
 namespace zevo::saft {
 namespace {
 
-// With the permissions that the user's mask leaves.
-bool Make(const std::filesystem::path& path, UnfinishedPath::What what) {
-  if (what == UnfinishedPath::kFolder) return mkdir(path.c_str(), 0777) == 0;
-  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  if (file >= 0) close(file);
-  return file >= 0;
-}
-
 // With the name of the folder itself at its end, not a "/".
 std::filesystem::path PlaceAt(const std::string& given) {
   std::filesystem::path place(given);
@@ -37,7 +28,8 @@ void RequireFree(const std::filesystem::path& place, UnfinishedPath::What what) 
   }
   const auto status = std::filesystem::symlink_status(place, error);
   if (!std::filesystem::exists(status)) return;
-  if (what == UnfinishedPath::kFile) throw Failure(place.string(), Say(words::kIsThere));
+  if (what == UnfinishedPath::kFileInstead && !std::filesystem::is_directory(status)) return;
+  if (what != UnfinishedPath::kFolder) throw Failure(place.string(), Say(words::kIsThere));
   if (!std::filesystem::is_directory(status)) throw Failure(place.string(), Say(words::kIsThereAndNoFolder));
   if (!std::filesystem::is_empty(place, error)) throw Failure(place.string(), Say(words::kIsThereAndNotEmpty));
 }
@@ -48,19 +40,19 @@ UnfinishedPath::UnfinishedPath(const std::string& place, What what)
     : place_(what == kFolder ? PlaceAt(place) : std::filesystem::path(place)) {
   RequireFree(place_, what);
   const std::string beside = place_.string() + "." + std::to_string(getpid()) + ".";
-  for (int number = 0; path_.empty(); ++number) {
-    const std::filesystem::path path = beside + std::to_string(number);
-    if (Make(path, what)) {
-      path_ = path;
-    } else if (errno != EEXIST) {
-      throw Failure(place, std::strerror(errno));
-    }
+  for (int number = 0;; ++number) {
+    folder_ = beside + std::to_string(number);
+    // A file is made by whoever writes it: what makes new files alone could not use one that is there.
+    path_ = what == kFolder ? folder_ : folder_ / place_.filename();
+    // With the permissions that the user's mask leaves.
+    if (mkdir(folder_.c_str(), 0777) == 0) return;
+    if (errno != EEXIST) throw Failure(place, std::strerror(errno));
   }
 }
 
 UnfinishedPath::~UnfinishedPath() {
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  std::filesystem::remove_all(folder_, ignored);
 }
 
 void UnfinishedPath::PutInPlace() {
@@ -69,6 +61,7 @@ void UnfinishedPath::PutInPlace() {
   // An empty folder that is there gives way.
   std::filesystem::rename(path_, place_, error);
   if (error) throw Failure(place_.string(), error.message());
+  std::filesystem::remove(folder_, error);
 }
 
 }  // namespace zevo::saft

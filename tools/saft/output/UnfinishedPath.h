@@ -11,22 +11,27 @@ namespace zevo::saft {
 /// failure, there is nothing.
 class UnfinishedPath {
  public:
-  enum What { kFile, kFolder };
+  enum What {
+    kFile,
+    kFileInstead,  ///< of another one, which stays until then
+    kFolder,
+  };
 
-  /// Makes an empty one beside `place`. Fails when something is there already, save an empty folder for a folder.
+  /// Fails when something is there already, save an empty folder for a folder, and a file where one is replaced.
   UnfinishedPath(const std::string& place, What what);
   UnfinishedPath(const UnfinishedPath&) = delete;
   UnfinishedPath& operator=(const UnfinishedPath&) = delete;
   ~UnfinishedPath();
 
-  /// Where to write.
+  /// Where to write: a folder is there, a file is not.
   const std::filesystem::path& Path() const { return path_; }
   /// To be called once everything is written and closed. Throws `Interrupted` where a signal was noted.
   void PutInPlace();
 
  private:
   std::filesystem::path place_;
-  std::filesystem::path path_;
+  std::filesystem::path folder_;  // beside it
+  std::filesystem::path path_;    // that folder, or the file in it
 };
 
 }  // namespace zevo::saft

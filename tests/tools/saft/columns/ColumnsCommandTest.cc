@@ -45,6 +45,7 @@ class ColumnsCommandTest : public testing::ToolTest {
   using Filled = std::function<bool(const Json& column)>;
 
   ColumnsCommandTest() {
+    std::filesystem::remove(In("header.csv"));
     EXPECT_EQ(Run({"template", folder_.Path(std::string(kDataset))}).code, 0);
     std::istringstream lines(Run({"columns", "--json"}).out);
     for (std::string line; std::getline(lines, line);) columns_.push_back(Json::parse(line));

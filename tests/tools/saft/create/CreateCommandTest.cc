@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/Sanitizers.h"
 #include "tests/tools/saft/ToolTest.h"
 
 namespace zevo {
@@ -93,10 +94,9 @@ TEST_P(CreateCommandAbsentFileTest, LeavesOutItsRecords) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, CreateCommandAbsentFileTest,
-    ::testing::Values(Absence{{}, {}}, Absence{{"header.csv"}, {"Header"}},
-                      Absence{{"general_ledger.csv"}, {"GeneralLedger"}}, Absence{{"customers.csv"}, {"Customer"}},
-                      Absence{{"suppliers.csv"}, {"Supplier"}}, Absence{{"products.csv"}, {"Product"}},
-                      Absence{{"tax_table.csv"}, {"TaxTable"}},
+    ::testing::Values(Absence{{}, {}}, Absence{{"general_ledger.csv"}, {"GeneralLedger"}},
+                      Absence{{"customers.csv"}, {"Customer"}}, Absence{{"suppliers.csv"}, {"Supplier"}},
+                      Absence{{"products.csv"}, {"Product"}}, Absence{{"tax_table.csv"}, {"TaxTable"}},
                       Absence{{"journals.csv", "transactions.csv", "transaction_lines.csv"},
                               {"GeneralLedgerEntries", "Journal", "Transaction", "RecordID"}},
                       Absence{{"transaction_lines.csv"}, {"RecordID"}},
@@ -137,12 +137,10 @@ TEST_F(CreateCommandTest, WithoutAFileOfTransactionsThereIsNoLedgerSection) {
 }
 
 TEST_F(CreateCommandTest, EmptySectionsAreLeftOut) {
-  Write("header.csv", "CompanyName\n");
   Write("transactions.csv", "JournalID,TransactionID\n");
   Write("invoices.csv", "InvoiceNo\n");
   Write("invoice_lines.csv", "InvoiceNo,LineNumber\n");
   ExpectCreated();
-  EXPECT_FALSE(Has("Header"));
   EXPECT_FALSE(Has("GeneralLedgerEntries"));
   EXPECT_FALSE(Has("SourceDocuments"));
 }
@@ -230,7 +228,8 @@ TEST_F(CreateCommandOrdersTest, RowsOfLinesWithOneNumberGoToThemInTurn) {
 TEST_F(CreateCommandTest, AJournalIDWithAQuotationMarkNeedsTheOtherWay) {
   Write("journals.csv", "JournalID\nJ1\n\"J\"\"2\"\n");
   Write("transactions.csv", "JournalID,TransactionID\n\"J\"\"2\",T1\n");
-  ExpectRefused(In("journals.csv") + ":3: a JournalID with a quotation mark is written with --stream only");
+  ExpectRefused(In("journals.csv") +
+                ":3: JournalID: \"J\"2\": a JournalID with a quotation mark is written with --stream only");
   EXPECT_EQ(Create({"--stream"}).code, 0);
   EXPECT_THAT(Texts("JournalID"), ElementsAre("J1", "J&quot;2"));
 }
@@ -244,7 +243,8 @@ TEST_F(CreateCommandTest, ATextThatXmlCannotHoldIsToldWithItsRow) {
   Write("customers.csv", "CustomerID,CompanyName\nC1,Um\nC2,D\x01ois\n");
   const testing::Outcome outcome = Create();
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_THAT(outcome.err, ::testing::StartsWith("saft: " + In("customers.csv") + ":3: "));
+  EXPECT_EQ(outcome.err, "saft: " + In("customers.csv") +
+                             ":3: CompanyName: \"D\\x01ois\": has a character that XML does not allow\n");
   EXPECT_FALSE(std::filesystem::exists(Output()));
 }
 
@@ -259,9 +259,52 @@ TEST_F(CreateCommandTest, AnExistingFileStaysUntouched) {
   folder_.Write("out.xml", "mine");
   const testing::Outcome outcome = Create();
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.err, "saft: " + Output() + ": The SAFT-PT file exists already.\n");
+  EXPECT_EQ(outcome.err, "saft: " + Output() + ": is there already; --force replaces it\n");
   EXPECT_EQ(testing::ReadBytes(Output()), "mine");
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
+}
+
+TEST_F(CreateCommandTest, AnExistingFileIsToldBeforeAnythingIsRead) {
+  Write("customers.csv", "nothing\n");
+  folder_.Write("out.xml", "mine");
+  EXPECT_EQ(Create().err, "saft: " + Output() + ": is there already; --force replaces it\n");
+}
+
+TEST_F(CreateCommandTest, ForceReplacesAFile) {
+  WriteEverything();
+  ExpectCreated();
+  const std::string file = testing::ReadBytes(Output());
+  folder_.Write("out.xml", "mine");
+  std::filesystem::permissions(Output(), std::filesystem::perms::owner_read);
+  for (const auto& options : {std::vector<std::string>{"--force"}, {"--force", "--stream"}}) {
+    EXPECT_EQ(Create(options).err, "");
+    EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
+    EXPECT_THAT(Texts("InvoiceNo"), ElementsAre("NC 1"));
+    // As of a new file.
+    EXPECT_NE(std::filesystem::status(Output()).permissions(), std::filesystem::perms::owner_read);
+  }
+  std::filesystem::remove(Output());
+  EXPECT_EQ(Create({"--force"}).code, 0);
+  EXPECT_EQ(testing::ReadBytes(Output()), file);
+}
+
+TEST_F(CreateCommandTest, ForceLeavesAFileWhenThereIsNoneToReplaceIt) {
+  WriteEverything();
+  folder_.Write("out.xml", "mine");
+  EXPECT_EQ(Run({"create", "--force", folder_.Path(kDataset), Output()}).code, 2);
+  Write("customers.csv", "nothing\n");
+  EXPECT_EQ(Create({"--force"}).code, 2);
+  EXPECT_EQ(testing::ReadBytes(Output()), "mine");
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
+}
+
+TEST_F(CreateCommandTest, ForceReplacesALinkAndNotWhatItLeadsTo) {
+  WriteEverything();
+  folder_.Write("other.xml", "mine");
+  std::filesystem::create_symlink("other.xml", Output());
+  EXPECT_EQ(Create({"--force"}).code, 0);
+  EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(Output())));
+  EXPECT_EQ(testing::ReadBytes(folder_.Path("other.xml")), "mine");
 }
 
 TEST_F(CreateCommandTest, AFileInAFolderThatIsNotThereIsAnError) {
@@ -284,8 +327,10 @@ TEST_F(CreateCommandTest, TheDatasetMustBeAFolder) {
 }
 
 TEST_F(CreateCommandTest, AFolderWithNoneOfTheFilesIsNoDataset) {
+  Remove("header.csv");
   Write("README.md", "CustomerID\nC1\n");
-  ExpectRefused(folder_.Path(kDataset) + ": not a dataset: it has no header.csv, customers.csv, ...");
+  ExpectRefused(folder_.Path(kDataset) +
+                ": not a dataset: it has no header.csv, customers.csv, ... (to begin: saft template)");
 }
 
 struct UnknownFile {
@@ -299,7 +344,7 @@ TEST_P(CreateCommandUnknownFileTest, IsRefusedWithTheNearestName) {
   WriteEverything();
   const auto& [name, nearest] = GetParam();
   Write(name, "CustomerID\nC1\n");
-  ExpectRefused(In(name) + ": not a file of a dataset; the nearest name is " + nearest);
+  ExpectRefused(In(name) + ": is not a file of a dataset; did you mean " + nearest + "?");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, CreateCommandUnknownFileTest,
@@ -328,7 +373,7 @@ TEST_F(CreateCommandTest, TheSampleCompanyIsValid) {
 class CreateCommandStreamedTest : public CreateCommandTest {
  protected:
   testing::Outcome CreateStreamed(const std::string& dataset, const std::string& file) const {
-    return Run({"create", "--stream", dataset, file});
+    return Run({"create", "--no-validate", "--stream", dataset, file});
   }
 };
 
@@ -377,7 +422,8 @@ TEST_F(CreateCommandStreamedTest, ATextThatXmlCannotHoldIsToldWithItsRow) {
   Write("customers.csv", "CustomerID,CompanyName\nC1,Um\nC2,D\x01ois\n");
   const testing::Outcome outcome = CreateStreamed(folder_.Path(kDataset), Output());
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_THAT(outcome.err, ::testing::StartsWith("saft: " + In("customers.csv") + ":3: "));
+  EXPECT_EQ(outcome.err, "saft: " + In("customers.csv") +
+                             ":3: CompanyName: \"D\\x01ois\": has a character that XML does not allow\n");
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
 }
 
@@ -385,7 +431,7 @@ TEST_F(CreateCommandStreamedTest, AnExistingFileStaysUntouched) {
   WriteEverything();
   folder_.Write("out.xml", "mine");
   EXPECT_EQ(CreateStreamed(folder_.Path(kDataset), Output()).err,
-            "saft: " + Output() + ": The SAFT-PT file exists already.\n");
+            "saft: " + Output() + ": is there already; --force replaces it\n");
   EXPECT_EQ(testing::ReadBytes(Output()), "mine");
 }
 
@@ -401,7 +447,7 @@ TEST_P(CreateCommandSpecialFileTest, IsNoFileToWrite) {
   std::filesystem::create_directory(folder_.Path("folder"));
   ASSERT_EQ(mkfifo(folder_.Path("pipe").c_str(), 0600), 0);
   const std::string path = *GetParam().path == '/' ? GetParam().path : folder_.Path(GetParam().path);
-  for (const auto& options : {std::vector<std::string>{}, {"--stream"}}) {
+  for (const auto& options : {std::vector<std::string>{}, {"--stream"}, {"--force"}}) {
     std::vector<std::string> arguments{"create", folder_.Path(kDataset), path};
     arguments.insert(arguments.end(), options.begin(), options.end());
     const testing::Outcome outcome = Run(arguments);
@@ -428,8 +474,37 @@ TEST_F(CreateCommandTest, TotalsOutOfRangeAreToldWithTheRow) {
   Write("transaction_lines.csv", "TransactionID,RecordID,DebitAmount\nT1,1,900000000000000\nT2,1,900000000000000\n");
   const testing::Outcome outcome = Create();
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_THAT(outcome.err, ::testing::StartsWith("saft: " + In("transactions.csv") + ":3: "));
+  EXPECT_EQ(outcome.err, "saft: " + In("transaction_lines.csv") +
+                             ":3: the total of the section up to this row is too great for the file\n");
   EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
+}
+
+// Each file many times as long as another one, alone. Documents may come in any order, and their lines too.
+TEST_F(CreateCommandStreamedTest, MemoryGrowsByNoMoreThanTheKeys) {
+  if (testing::kSanitized) GTEST_SKIP() << "a sanitizer needs memory of its own";
+  constexpr int kRows = 40'000;
+  constexpr int64_t kBytesOfARow = 64;
+  const auto memory = [&] {
+    const testing::Outcome outcome = Create({"--stream", "--force"});
+    EXPECT_EQ(outcome.code, 0);
+    return outcome.most_memory;
+  };
+  const auto expect_bound = [&](const std::string& file, const auto& row) {
+    std::string rows = testing::ReadBytes(In(file));
+    const int64_t before = memory();
+    for (int i = 1; i <= kRows; ++i) rows += row(std::to_string(i), std::to_string(kRows - i));
+    Write(file, rows);
+    EXPECT_LE(memory() - before, kBytesOfARow * kRows) << file;
+  };
+  WriteEverything();
+  expect_bound("customers.csv", [](const std::string& up, const std::string&) { return "C" + up + "x\n"; });
+  expect_bound("invoices.csv", [](const std::string& up, const std::string&) { return "FT " + up + "\n"; });
+  Write("invoice_lines.csv", "InvoiceNo,LineNumber,DebitAmount,Description\nNC 1,1,5,\n");
+  expect_bound("invoice_lines.csv", [](const std::string&, const std::string& down) {
+    return "FT " + (down == "0" ? "1" : down) + ",1,1," + "\n";
+  });
+  Write("customers.csv", "CustomerID\nC1\n");
+  expect_bound("transactions.csv", [](const std::string&, const std::string& down) { return "J1,X" + down + "\n"; });
 }
 
 // Work that grew with the square of the records would take minutes here.

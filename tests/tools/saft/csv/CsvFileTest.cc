@@ -121,8 +121,8 @@ TEST_F(CsvFileTest, SpacesAtTheEndsOfACellDoNotCount) {
   Write("customers.csv", "CustomerID, CompanyName ,BillingAddress.City\n C1 ,\"  Zé da  Esquina \",  \n  ,,\n");
   Write("general_ledger.csv", "AccountID,OpeningDebitBalance\n11, 5 \n");
   const std::string streamed = folder_.Path("streamed.xml");
-  ASSERT_EQ(Run({"create", folder_.Path(kDataset), Output()}).code, 0);
-  ASSERT_EQ(Run({"create", "--stream", folder_.Path(kDataset), streamed}).code, 0);
+  ASSERT_EQ(Create().code, 0);
+  ASSERT_EQ(Run({"create", "--no-validate", "--stream", folder_.Path(kDataset), streamed}).code, 0);
   for (const std::string& file : {Output(), streamed}) {
     const std::string xml = testing::ReadBytes(file);
     EXPECT_THAT(xml, HasSubstr("<CustomerID>C1</CustomerID>"));
@@ -139,13 +139,15 @@ struct Faulty {
   const char* shows;
   std::string text;
   const char* place;
+  const char* form = "";  ///< that is recognised, where it is told
 };
 
 class CsvFileFaultyTest : public testing::ToolTest, public ::testing::WithParamInterface<Faulty> {};
 
 TEST_P(CsvFileFaultyTest, IsRefused) {
   Write("customers.csv", GetParam().text);
-  ExpectRefused(In("customers.csv") + GetParam().place);
+  const std::string form = GetParam().form;
+  ExpectRefused(In("customers.csv") + GetParam().place, form.empty() ? "" : Recognised("customers.csv", form));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -186,13 +188,15 @@ INSTANTIATE_TEST_SUITE_P(
         Faulty{"NotWindows1252",
                "CustomerID,Contact\nC1,S\xE3o\nC2,\x93"
                "a\x81\x94\n",
-               ":3: Contact: \"“a\\x81”\": not Windows-1252"},
+               ":3: Contact: \"“a\\x81”\": not Windows-1252", "Windows-1252"},
         Faulty{"NotWindows1252InTheDecidingLine", "CustomerID;Contact\r\nC1;\x90\r\n",
-               ":2: Contact: \"\\x90\": not Windows-1252"},
-        Faulty{"RowAfterASeparatorLine", "sep=;\nCustomerID;Contact\nC1\n", ":3: 1 cell, but the header has 2"},
-        Faulty{"SeparatorLineOfAnother", "sep=|\n", ":1: column \"CustomerID\" is missing"},
-        Faulty{"SeparatorLineBelow", "\nsep=;\n", ":2: column \"CustomerID\" is missing"},
-        Faulty{"CommasInARowOfSemicolons", "CustomerID;Contact\nC1,a\n", ":2: 1 cell, but the header has 2"},
+               ":2: Contact: \"\\x90\": not Windows-1252", "semicolons between cells, decimal commas, Windows-1252"},
+        Faulty{"RowAfterASeparatorLine", "sep=;\nCustomerID;Contact\nC1\n", ":3: 1 cell, but the header has 2",
+               "semicolons between cells, decimal commas"},
+        Faulty{"SeparatorLineOfAnother", "sep=|,CustomerID\n", ":1: column \"sep=|\" is not known"},
+        Faulty{"SeparatorLineBelow", "\nsep=,CustomerID\n", ":2: column \"sep=\" is not known"},
+        Faulty{"CommasInARowOfSemicolons", "CustomerID;Contact\nC1,a\n", ":2: 1 cell, but the header has 2",
+               "semicolons between cells, decimal commas"},
         Faulty{"SemicolonsInARowOfCommas", "CustomerID,Contact\nC1;a\n", ":2: 1 cell, but the header has 2"},
         Faulty{"OverlongUtf8", Marked("CustomerID\nC\xC0\xAF\n"), ":2: CustomerID: \"C\\xC0\\xAF\": not UTF-8"},
         Faulty{"OverlongUtf8OfThree", Marked("CustomerID\n\xE0\x9F\xBF\n"),
@@ -259,7 +263,6 @@ class CsvFilePortugueseTest : public CsvFileTest {
 TEST_F(CsvFilePortugueseTest, TellsWhatIsWrong) {
   EXPECT_EQ(Said("A,B\n1\n"), ":2: 1 célula, mas o cabeçalho tem 2");
   EXPECT_EQ(Said("A,B\n1,2,3\n"), ":2: 3 células, mas o cabeçalho tem 2");
-  EXPECT_EQ(Said("A,B,A\n"), ":1: a coluna \"A\" está repetida");
   EXPECT_EQ(Said("A,\"\"B\n"), ":1: célula 2: CSV mal formado, aspas fora do lugar");
   EXPECT_EQ(Said("A,B\n1,\"2\n"), ":2: B: CSV mal formado, as aspas não são fechadas");
   EXPECT_EQ(Said("A,B\n1\r2,3\n"), ":2: CSV mal formado, um retorno (CR) sem mudança de linha (LF)");

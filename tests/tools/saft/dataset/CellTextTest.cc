@@ -137,19 +137,25 @@ TEST_F(CellTextToolTest, ADatasetKeepsThePoint) {
 TEST_F(CellTextToolTest, ErrorsTellRowColumnAndCell) {
   Write("general_ledger.csv", "sep=;\r\nAccountID;OpeningDebitBalance\r\n11;1\r\n12;1.234 €\r\n");
   ExpectRefused(In("general_ledger.csv") +
-                ":4: OpeningDebitBalance: \"1.234 €\": may be 1234 or 1,234; write one of these, without a point");
+                    ":4: OpeningDebitBalance: \"1.234 €\": may be 1234 or 1,234; write one of these, without a point",
+                Recognised("general_ledger.csv", kForm));
   Write("general_ledger.csv", "AccountID;OpeningDebitBalance\r\n5,60123E+12;1\r\n");
-  ExpectRefused(In("general_ledger.csv") +
-                ":2: AccountID: \"5,60123E+12\": the spreadsheet has lost digits; format the column as text and enter "
-                "the value again");
+  ExpectRefused(
+      In("general_ledger.csv") +
+          ":2: AccountID: \"5,60123E+12\": the spreadsheet has lost digits; format the column as text and enter "
+          "the value again",
+      Recognised("general_ledger.csv", kForm));
   std::filesystem::remove(In("general_ledger.csv"));
   Write("invoices.csv", "InvoiceNo\n1\n");
   Write("invoice_lines.csv", "InvoiceNo;LineNumber\r\n1;1\r\n5,6E+12;2\r\n");
-  ExpectRefused(In("invoice_lines.csv") +
-                ":3: InvoiceNo: \"5,6E+12\": the spreadsheet has lost digits; format the column as text and enter the "
-                "value again");
+  ExpectRefused(
+      In("invoice_lines.csv") +
+          ":3: InvoiceNo: \"5,6E+12\": the spreadsheet has lost digits; format the column as text and enter the "
+          "value again",
+      Recognised("invoice_lines.csv", kForm));
   Write("invoice_lines.csv", "InvoiceNo;LineNumber\r\n1;12,0\r\n");
-  ExpectRefused(In("invoice_lines.csv") + ":2: LineNumber: \"12,0\": not a whole number");
+  ExpectRefused(In("invoice_lines.csv") + ":2: LineNumber: \"12,0\": not a whole number",
+                Recognised("invoice_lines.csv", kForm));
 }
 
 TEST_F(CellTextToolTest, EmptyCellsAndRowsAreEmptyInASpreadsheetToo) {

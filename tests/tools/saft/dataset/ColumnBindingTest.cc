@@ -31,7 +31,7 @@ TEST_F(ColumnBindingTest, ChildrenOfChildrenComeIntoBeing) {
   ExpectCreated();
   EXPECT_EQ(Texts("ShipTo").size(), 1U);
   EXPECT_THAT(Texts("City"), ElementsAre("Porto"));
-  EXPECT_THAT(Texts("CurrencyCode"), ElementsAre("USD"));
+  EXPECT_THAT(Texts("CurrencyCode"), ElementsAre("EUR", "USD"));
 }
 
 TEST_F(ColumnBindingTest, TheAddressOfAShippingPointIsShortenedToo) {
@@ -71,19 +71,24 @@ TEST_P(ColumnBindingBadColumnTest, IsRefused) {
 INSTANTIATE_TEST_SUITE_P(
     All, ColumnBindingBadColumnTest,
     ::testing::Values(
-        BadColumn{"customers.csv", "CustomerID,Name", "\"Name\": unknown column"},
-        BadColumn{"customers.csv", "CustomerID,companyname", "\"companyname\": unknown column"},
-        BadColumn{"customers.csv", "CustomerID,", "\"\": unknown column"},
-        BadColumn{"customers.csv", "CustomerID,BillingAddress.Town", "\"BillingAddress.Town\": unknown column"},
-        BadColumn{"customers.csv", "CustomerID,CompanyName.City", "\"CompanyName.City\": unknown column"},
-        BadColumn{"customers.csv", "CustomerID,Address.City", "\"Address.City\": unknown column"},
-        BadColumn{"customers.csv", "CustomerID,BillingAddress.", "\"BillingAddress.\": unknown column"},
+        BadColumn{"customers.csv", "CustomerID,Name", "\"Name\" is not known"},
+        BadColumn{"customers.csv", "CustomerID,companyname", "\"companyname\" is not known; did you mean CompanyName?"},
+        BadColumn{"customers.csv", "CustomerID,", "\"\" is not known"},
+        BadColumn{"customers.csv", "CustomerID,BillingAddress.Town",
+                  "\"BillingAddress.Town\" is not known; did you mean BillingAddress.City?"},
+        BadColumn{"customers.csv", "CustomerID,CompanyName.City",
+                  "\"CompanyName.City\" is not known; did you mean CompanyName?"},
+        BadColumn{"customers.csv", "CustomerID,Address.City",
+                  "\"Address.City\" is not known; did you mean ShipToAddress.City?"},
+        BadColumn{"customers.csv", "CustomerID,BillingAddress.",
+                  "\"BillingAddress.\" is not known; did you mean BillingAddress.City?"},
         BadColumn{"customers.csv", "CustomerID,BillingAddress",
-                  "\"BillingAddress\": a column must name one of its properties, after a dot"},
-        BadColumn{"suppliers.csv", "SupplierID,ShipToAddress.City", "\"ShipToAddress.City\": unknown column"},
-        BadColumn{"invoices.csv", "InvoiceNo,Line", "\"Line\": unknown column"},
-        BadColumn{"invoices.csv", "InvoiceNo,Line.LineNumber", "\"Line.LineNumber\": unknown column"},
-        BadColumn{"tax_table.csv", "TaxCode,TaxType.Code", "\"TaxType.Code\": unknown column"}));
+                  "\"BillingAddress\" must name one of its properties, after a dot"},
+        BadColumn{"suppliers.csv", "SupplierID,ShipToAddress.City",
+                  "\"ShipToAddress.City\" is not known; did you mean ShipFromAddress.City?"},
+        BadColumn{"invoices.csv", "InvoiceNo,Line", "\"Line\" is not known"},
+        BadColumn{"invoices.csv", "InvoiceNo,Line.LineNumber", "\"Line.LineNumber\" is not known"},
+        BadColumn{"tax_table.csv", "TaxCode,TaxType.Code", "\"TaxType.Code\" is not known; did you mean TaxType?"}));
 
 TEST_F(ColumnBindingTest, AConstantMayHaveItsValueOrNone) {
   Write("header.csv", "AuditFileVersion,BusinessName,ProductCompanyTaxId\n1.01_01,Casa,500000000\n");

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/dataset/KeyIndex.h"
+
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -50,6 +53,17 @@ INSTANTIATE_TEST_SUITE_P(All, KeyIndexUniqueKeyTest,
                                            UniqueKey{"journals.csv", "JournalID"},
                                            UniqueKey{"transactions.csv", "TransactionID", "JournalID"},
                                            UniqueKey{"invoices.csv", "InvoiceNo"}));
+
+TEST(KeyIndex, FindsTheRowOfEachKey) {
+  constexpr uint32_t kRows = 100'000;
+  saft::KeyIndex index;
+  for (uint32_t row = 1; row <= kRows; ++row) ASSERT_EQ(index.Add("K" + std::to_string(row), row), std::nullopt);
+  EXPECT_EQ(index.Add("K7", kRows + 1), 7U);
+  for (uint32_t row = 1; row <= kRows; ++row) ASSERT_EQ(index.Find("K" + std::to_string(row)), row);
+  EXPECT_EQ(index.Find("K0"), std::nullopt);
+  EXPECT_EQ(index.Find("K7#"), std::nullopt);
+  EXPECT_EQ(saft::KeyIndex().Find("K7"), std::nullopt);
+}
 
 class KeyIndexTest : public testing::ToolTest {};
 

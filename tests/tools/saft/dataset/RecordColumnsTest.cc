@@ -46,8 +46,7 @@ TEST(RecordColumnsTest, AnUnknownColumnIsToldWithTheNearest) {
     columns.PlaceOf("BillingAdress.City");
     FAIL();
   } catch (const Failure& failure) {
-    EXPECT_STREQ(failure.what(),
-                 "Customer has no column \"BillingAdress.City\"; the nearest name is BillingAddress.City");
+    EXPECT_STREQ(failure.what(), "Customer has no column \"BillingAdress.City\"; did you mean BillingAddress.City?");
   }
 }
 

@@ -204,7 +204,7 @@ TEST_F(ListCommandTest, AColumnThatIsNoneIsAnError) {
     const testing::Outcome outcome = Run({"list", Output(), "Product", option, "ProductCodes=1"});
     EXPECT_EQ(outcome.code, 2);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_THAT(outcome.err, ::testing::HasSubstr("the nearest name is ProductCode\n"));
+    EXPECT_THAT(outcome.err, ::testing::HasSubstr("did you mean ProductCode?\n"));
   }
   EXPECT_EQ(Run({"list", Output(), "Product", "--where", "ProductCode"}).err,
             "saft: --where takes COLUMN=VALUE, not \"ProductCode\"\n");
