@@ -59,6 +59,7 @@ TEST_P(HelpTest, EveryPageHasExamplesThatRun) {
   ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, folder_.Path(GetParam().file)}).code, 0);
   for (const CommandEntry& command : CommandList()) {
     const std::vector<std::string> examples = ExamplesOn(PageOf(command.name));
+    EXPECT_FALSE(examples.empty()) << command.name;
     for (const std::string& example : examples) {
       EXPECT_THAT(example, StartsWith(std::string("saft ") + command.name + " "));
       std::filesystem::create_directory(folder_.Path("run"));
