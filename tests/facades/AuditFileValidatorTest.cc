@@ -5,12 +5,14 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <tuple>
 #include <vector>
 
+#include "tests/facades/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/UseSchema.h"
 
@@ -191,6 +193,24 @@ TEST_F(AuditFileValidatorTest, WithoutAFileItFails) {
   EXPECT_FALSE(validator_.ValidateAuditFile());
   EXPECT_EQ(validator_.AuditException()->Number(), kErrorBase + 2);
   EXPECT_FALSE(validator_.IsSchemaAtFault());
+}
+
+TEST_F(AuditFileValidatorTest, AFileInAFolderThatMayNotBeSearchedIsToldAsSuch) {
+  validator_.set_AuditFileSchema("");
+  std::filesystem::create_directory(folder_.Path("closed"));
+  const std::string path = folder_.Write("closed/file.xml", Complete());
+  std::filesystem::permissions(folder_.Path("closed"), std::filesystem::perms::none);
+  const std::string told = testing::InChildProcess([&] {
+    testing::DropPrivileges();
+    validator_.set_AuditFileName(path);
+    if (validator_.ValidateAuditFile()) return std::string("validated");
+    const AuditException& error = *validator_.AuditException();
+    return std::to_string(error.Number() - kErrorBase) + " " + error.Description() + " | " +
+           Describe(error, Language::kEnglish);
+  });
+  std::filesystem::permissions(folder_.Path("closed"), std::filesystem::perms::owner_all);
+  EXPECT_EQ(told, "2 Ficheiro SAFT-PT não encontrado: não há permissão para chegar a " + path +
+                      ". | There is no permission to reach the SAFT-PT file " + path + ".");
 }
 
 TEST_F(AuditFileValidatorTest, WithoutAUsableSchemaItFails) {

@@ -78,7 +78,7 @@ class AuditFileValidator::Run {
 
   /// The problem for which the file cannot be judged, if there is one.
   std::optional<XmlProblem> Judge() {
-    const std::optional<XmlProblem> first = FirstProblem();
+    std::optional<XmlProblem> first = FirstProblem();
     if (!first || first->fault != XmlProblem::Fault::kInvalid) return first;
     input_.Rewind();
     const auto tables = SchemaTables::Of(source_.Read());

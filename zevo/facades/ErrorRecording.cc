@@ -11,6 +11,11 @@
 namespace zevo {
 namespace {
 
+// Whether a description goes on where its message ends.
+bool SaysMore(std::string_view description, std::string_view message) {
+  return !message.empty() && description.starts_with(message.substr(0, message.size() - 1)) && description != message;
+}
+
 std::shared_ptr<const AuditException> MakeRecord(const Error& error, UnknownDescription unknown) {
   auto record = std::make_shared<AuditException>();
   record->set_Number(error.Number());
@@ -18,6 +23,7 @@ std::shared_ptr<const AuditException> MakeRecord(const Error& error, UnknownDesc
   record->set_Description(error.Description());
   if (error.Number() < 0) {
     const std::string_view message = MessageText(error.Number());
+    if (SaysMore(error.Description(), message)) return record;
     if (!message.empty() || unknown == UnknownDescription::kEmptied) record->set_Description(message);
   }
   return record;

@@ -5,6 +5,7 @@
 #include <zevo/platform/File.h>
 
 #include <string>
+#include <utility>
 
 namespace zevo {
 
@@ -27,8 +28,12 @@ void Facade::RequireOpenable(bool isOpen, const std::string& fileName, Input inp
 
 void Facade::RequireFile(const std::string& fileName, Input input, std::string_view member) const {
   Require(!fileName.empty(), Message::kNoFileName, member);
-  const bool taken = input == Input::kFileOrStandardInput && IsStandardInput(fileName);
-  Require(taken || FileExists(fileName), Message::kFileNotFound, member);
+  if ((input == Input::kFileOrStandardInput && IsStandardInput(fileName)) || FileExists(fileName)) return;
+  const Error missing = LibraryError(Message::kFileNotFound, std::string(name_).append(".").append(member));
+  if (!IsOutOfReach(fileName)) throw missing;
+  std::string description(MessageText(missing.Number()));
+  description.replace(description.size() - 1, 1, ": não há permissão para chegar a ").append(fileName).append(".");
+  throw Error(missing.Number(), missing.Source(), std::move(description));
 }
 
 void Facade::RecordError() noexcept {

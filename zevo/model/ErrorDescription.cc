@@ -164,8 +164,7 @@ std::string RunTimeSentence(const AuditException& error, Language language) {
 }
 
 std::string MessageSentence(const AuditException& error, Language language) {
-  const int32_t number =
-      static_cast<int32_t>(static_cast<uint32_t>(error.Number()) - static_cast<uint32_t>(kErrorBase));
+  const auto number = static_cast<int32_t>(static_cast<uint32_t>(error.Number()) - static_cast<uint32_t>(kErrorBase));
   std::string sentence;
   if (error.Source().starts_with(kEntriesOperations)) {
     sentence = Reworded(kEntriesRows, number, error.Description(), true, language);

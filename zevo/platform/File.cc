@@ -145,6 +145,8 @@ int WriteAll(int descriptor, std::string_view bytes) {
 
 bool FileExists(const std::string& name) { return IsName(name) && StatusOf(name).regular; }
 
+bool IsOutOfReach(const std::string& name) { return IsName(name) && StatusOf(name).denied; }
+
 bool IsStandardInput(const std::string& name) { return !name.empty() && name == StandardInputName(); }
 
 void DeleteFile(const std::string& name) {

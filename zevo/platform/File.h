@@ -16,6 +16,9 @@ namespace zevo {
 /// Whether there is a regular file of that very name.
 bool FileExists(const std::string& name);
 
+/// Whether a folder on the way to a file may not be searched.
+bool IsOutOfReach(const std::string& name);
+
 /// Whether the name is the one under which the system has a process's standard input, "/dev/stdin" where there is one.
 bool IsStandardInput(const std::string& name);
 

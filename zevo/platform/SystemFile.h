@@ -24,6 +24,7 @@ enum class OpenMode {
 
 struct FileStatus {
   bool exists = false;
+  bool denied = false;   ///< whether it exists is not known: a folder on its path may not be searched
   bool regular = false;  ///< neither a folder nor a device
   // Owner, group and permissions; 0 where the system has them in another form.
   unsigned mode = 0;

@@ -201,15 +201,15 @@ constexpr auto kRows = std::to_array<Wording>({
     {111,
      "O esquema tem um conteúdo de mais de 500 elementos, em «{1}»",
      {"O esquema tem um conteúdo de mais de 500 elementos, em «{1}»",
-      "The schema has a content of more than 500 elements, in \"{1}\""}},
+      R"(The schema has a content of more than 500 elements, in "{1}")"}},
     {111,
      "O esquema tem definições que remetem umas para outras vezes de mais{1}, em «{2}»",
      {"O esquema tem definições que remetem umas para outras vezes de mais{1}, em «{2}»",
-      "The schema has definitions that refer to each other too often, in \"{2}\""}},
+      R"(The schema has definitions that refer to each other too often, in "{2}")"}},
     {111,
      "O esquema repete em mais de 8 sítios do mesmo conteúdo, ou do mesmo padrão, o que pode estar vazio, em «{1}»",
      {"O esquema repete em mais de 8 sítios do mesmo conteúdo, ou do mesmo padrão, o que pode estar vazio, em «{1}»",
-      "The schema repeats what may be empty in more than 8 places of one content or pattern, in \"{1}\""}},
+      R"(The schema repeats what may be empty in more than 8 places of one content or pattern, in "{1}")"}},
     {111,
      "O esquema levaria tempo de mais a preparar",
      {"O esquema levaria tempo de mais a preparar", "The schema would take too long to prepare"}},
@@ -219,11 +219,11 @@ constexpr auto kRows = std::to_array<Wording>({
     {111,
      "O esquema é do espaço de nomes «{1}», mas tem de ser do espaço de nomes «{2}»",
      {"O esquema é do espaço de nomes «{1}», mas tem de ser do espaço de nomes «{2}»",
-      "The schema is of the namespace \"{1}\", but must be of the namespace \"{2}\""}},
+      R"(The schema is of the namespace "{1}", but must be of the namespace "{2}")"}},
     {111,
      "O esquema é de nenhum espaço de nomes, mas tem de ser do espaço de nomes «{1}»",
      {"O esquema não é de nenhum espaço de nomes, mas tem de ser do espaço de nomes «{1}»",
-      "The schema is of no namespace, but must be of the namespace \"{1}\""}},
+      R"(The schema is of no namespace, but must be of the namespace "{1}")"}},
     {111, {}, {"O ficheiro ou o esquema passa um limite", "The file or the schema goes beyond a limit"}},
     {200,
      "xmlns:{1}: Empty XML namespace is not allowed",
@@ -260,7 +260,7 @@ constexpr Phrase kOfFile{"O XML não está bem formado (erro {1} do analisador)"
                          "The XML is not well-formed (error {1} of the parser)"};
 constexpr Phrase kOfSchema{"O esquema não pode ser usado (erro {1} do analisador)",
                            "The schema cannot be used (error {1} of the parser)"};
-constexpr Phrase kIn{", em «{1}»", ", in \"{1}\""};
+constexpr Phrase kIn{", em «{1}»", R"(, in "{1}")"};
 
 // What libxml2 numbers: its parser and its namespaces, what a schema does not allow, schemas themselves.
 struct Range {

@@ -39,8 +39,11 @@ bool IsWorded(std::string_view text, std::string_view said, std::vector<std::str
     if (!text.starts_with(before)) return false;
     text.remove_prefix(at);
     said.remove_prefix(at + kPlaceSize);
-    const std::string_view behind = said.substr(0, PlaceIn(said));
-    const size_t end = behind.empty() ? text.size() : text.find(behind);
+    const size_t next = PlaceIn(said);
+    const std::string_view behind = said.substr(0, next);
+    // The last place takes all but the end: a name may have a full stop too.
+    if (next == std::string_view::npos && !text.ends_with(behind)) return false;
+    const size_t end = next == std::string_view::npos ? text.size() - behind.size() : text.find(behind);
     if (end == std::string_view::npos) return false;
     values.emplace_back(AbridgedText(text.substr(0, end)));
     text.remove_prefix(end);

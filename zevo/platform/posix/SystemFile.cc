@@ -54,7 +54,7 @@ bool IsOnlyNameOf(const std::string& name, const struct stat& file) {
 
 FileStatus StatusOf(const std::string& name) {
   struct stat status {};
-  if (stat(name.c_str(), &status) != 0) return {};
+  if (stat(name.c_str(), &status) != 0) return {.denied = errno == EACCES};
   return {.exists = true,
           .regular = S_ISREG(status.st_mode),
           .mode = status.st_mode & 0777U,
