@@ -29,11 +29,12 @@ void Facade::RequireOpenable(bool isOpen, const std::string& fileName, Input inp
 void Facade::RequireFile(const std::string& fileName, Input input, std::string_view member) const {
   Require(!fileName.empty(), Message::kNoFileName, member);
   if ((input == Input::kFileOrStandardInput && IsStandardInput(fileName)) || FileExists(fileName)) return;
-  const Error missing = LibraryError(Message::kFileNotFound, std::string(name_).append(".").append(member));
-  if (!IsOutOfReach(fileName)) throw missing;
-  std::string description(MessageText(missing.Number()));
+  const std::string source = std::string(name_).append(".").append(member);
+  if (!IsOutOfReach(fileName)) throw LibraryError(Message::kFileNotFound, source);
+  constexpr int32_t kNumber = kErrorBase + static_cast<int32_t>(Message::kFileNotFound);
+  std::string description(MessageText(kNumber));
   description.replace(description.size() - 1, 1, ": não há permissão para chegar a ").append(fileName).append(".");
-  throw Error(missing.Number(), missing.Source(), std::move(description));
+  throw Error(kNumber, source, std::move(description));
 }
 
 void Facade::RecordError() noexcept {
