@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <sstream>
 #include <string>
 
 #include "tools/saft/create/AuditFileOutput.h"
@@ -15,6 +16,7 @@
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/Interruption.h"
 #include "tools/saft/input/InputName.h"
+#include "tools/saft/input/ReadingProgress.h"
 #include "tools/saft/output/UnfinishedPath.h"
 #include "tools/saft/words/CreateWords.h"
 #include "tools/saft/words/CsvWords.h"
@@ -54,10 +56,12 @@ ExitCode CreateCommand::Run() const {
   Dataset dataset(dataset_);
   RowIndex index;
   const std::string path = unfinished.Path().string();
-  Write(path, dataset, index);
+  std::ostringstream notes;
+  Write(path, dataset, index, notes);
   dataset.RequireUnchanged();
   // Of so many errors it cannot be told which violations follow from them.
   if (!unvalidated_ && dataset.Faults().KnowsAll()) Validate(path, dataset, index);
+  std::cerr << notes.str();
   dataset.Altered().ReportForms(std::cerr);
   dataset.Faults().Report(std::cerr);
   if (!round_ && dataset.Altered().HasLostNumbers()) {
@@ -71,18 +75,26 @@ ExitCode CreateCommand::Run() const {
   return kDone;
 }
 
-void CreateCommand::Write(const std::string& path, Dataset& dataset, RowIndex& index) const {
+void CreateCommand::Write(const std::string& path, Dataset& dataset, RowIndex& index, std::ostream& notes) const {
+  ReadingProgress progress(dataset.BytesToRead(), OutputWhile::kIntoFiles);
+  dataset.SetProgress([&progress](uint64_t bytes) { progress.Show(bytes); });
   AuditFileOutput output(path, file_, stream_ ? AuditFileOutput::kSequential : AuditFileOutput::kInMemory);
   MasterFilesWriter(dataset, index, output).Write();
-  EntriesWriter(dataset, index, output, std::cerr).Write();
+  EntriesWriter(dataset, index, output, notes).Write();
   InvoicesWriter(dataset, index, output).Write();
   output.Save();
+  dataset.SetProgress(nullptr);
 }
 
 void CreateCommand::Validate(const std::string& path, Dataset& dataset, const RowIndex& index) const {
   ViolationErrors violations(dataset, index, file_);
+  ReadingProgress progress(SizeToRead(path), OutputWhile::kIntoFiles);
   AuditFileValidator file;
   file.set_AuditFileName(path);
+  file.Progress = [&progress](int64_t bytes) {
+    progress.Show(static_cast<uint64_t>(bytes));
+    return !Interruption::IsRequested();
+  };
   file.Found = [&](const Violation& violation) {
     violations.Add(violation);
     return !Interruption::IsRequested();

@@ -3,6 +3,7 @@
 #define ZEVO_TOOLS_SAFT_CREATE_CREATECOMMAND_H_
 
 #include <CLI/CLI.hpp>
+#include <ostream>
 #include <string>
 
 #include "tools/saft/command/Command.h"
@@ -19,8 +20,8 @@ class CreateCommand : public Command {
   ExitCode Run() const override;
 
  private:
-  /// Writes the file of the dataset, whatever is wrong with it.
-  void Write(const std::string& path, Dataset& dataset, RowIndex& index) const;
+  /// Writes the file of the dataset, whatever is wrong with it. What the user should know goes to `notes`.
+  void Write(const std::string& path, Dataset& dataset, RowIndex& index, std::ostream& notes) const;
   /// Adds what the schema does not allow in that file to the errors of the dataset.
   void Validate(const std::string& path, Dataset& dataset, const RowIndex& index) const;
 

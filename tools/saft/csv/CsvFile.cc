@@ -118,6 +118,7 @@ bool CsvFile::ReadLine() {
   }
   if (!file_.eof()) line_ += '\n';
   offset_ += line_.size();
+  bytes_read_ += line_.size();
   if (lines_ == 0 && line_.starts_with(kByteOrderMark)) line_.erase(0, kByteOrderMark.size());
   if (dialect_.encoding == CsvEncoding::kWindows1252) line_ = Utf8FromWindows1252(line_);
   ++lines_;

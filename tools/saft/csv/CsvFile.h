@@ -48,6 +48,8 @@ class CsvFile {
   int64_t Row() const { return row_; }
   /// The byte of the file at which that line begins.
   uint64_t Offset() const { return row_offset_; }
+  /// How many bytes were read, those that were read again included.
+  uint64_t BytesRead() const { return bytes_read_; }
 
   /// A fault of the row, or of a column with its value in it.
   CsvFault Fault(std::string_view reason) const;
@@ -76,6 +78,7 @@ class CsvFile {
   std::string line_;
   int64_t lines_ = 0;
   uint64_t offset_ = 0;  // behind the lines read
+  uint64_t bytes_read_ = 0;
   int64_t row_ = 0;
   uint64_t row_offset_ = 0;
   bool finished_ = false;

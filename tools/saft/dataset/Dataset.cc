@@ -69,7 +69,8 @@ size_t Dataset::NumberOf(std::string_view file) {
   return static_cast<size_t>(std::ranges::find(kDatasetFiles, file, &DatasetFile::name) - kDatasetFiles.begin());
 }
 
-Dataset::Dataset(std::string folder) : folder_(std::move(folder)), errors_(PathsIn(folder_)) {
+Dataset::Dataset(std::string folder)
+    : folder_(std::move(folder)), notes_{.altered = {}, .errors = Errors(PathsIn(folder_))} {
   static_assert(kFiles == kDatasetFiles.size());
   if (!std::filesystem::exists(folder_)) throw Failure(folder_, Say(words::kNoSuchFolder));
   if (!std::filesystem::is_directory(folder_)) throw Failure(folder_, Say(words::kNotAFolder));
@@ -95,9 +96,9 @@ void Dataset::CheckNames() {
   for (const std::string& name : unknown) {
     const std::string_view meant = NearestTo(name);
     const size_t number = NumberOf(meant);
-    errors_.Add({number, 0}, {},
-                Failure(PathOf(name), Say(words::kUnknownFile) + Say(words::kDidYouMean, meant)).what());
-    if (!StateOf(meant)) errors_.SetIncomplete(number);
+    notes_.errors.Add({number, 0}, {},
+                      Failure(PathOf(name), Say(words::kUnknownFile) + Say(words::kDidYouMean, meant)).what());
+    if (!StateOf(meant)) notes_.errors.SetIncomplete(number);
   }
 }
 
@@ -105,7 +106,7 @@ RecordFile Dataset::Open(std::string_view file, RecordFile::Reading reading) {
   const size_t number = NumberOf(file);
   if (!opened_[number]) opened_[number] = StateOf(file);
   const RecordKind& kind = *std::ranges::find(RecordKinds(), file, &RecordKind::file);
-  return {PathOf(file), number, kind, alterations_, errors_, reading};
+  return {PathOf(file), number, kind, notes_, reading};
 }
 
 std::optional<Dataset::State> Dataset::StateOf(std::string_view file) const {
@@ -113,6 +114,16 @@ std::optional<Dataset::State> Dataset::StateOf(std::string_view file) const {
   std::error_code none;
   const State state{std::filesystem::file_size(path, none), std::filesystem::last_write_time(path, none)};
   return none ? std::nullopt : std::optional(state);
+}
+
+// Files whose records have parts in others, and those with the parts, are read twice.
+uint64_t Dataset::BytesToRead() const {
+  uint64_t bytes = 0;
+  for (const DatasetFile& file : kDatasetFiles) {
+    const bool twice = NumberOf(file.name) >= NumberOf(kJournals);
+    if (const auto state = StateOf(file.name)) bytes += state->size * (twice ? 2 : 1);
+  }
+  return bytes;
 }
 
 void Dataset::RequireUnchanged() const {

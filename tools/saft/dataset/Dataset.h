@@ -8,13 +8,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "tools/saft/dataset/Alterations.h"
-#include "tools/saft/dataset/Errors.h"
+#include "tools/saft/dataset/DatasetNotes.h"
 #include "tools/saft/dataset/RecordFile.h"
 #include "tools/saft/words/Text.h"
 
@@ -60,9 +61,12 @@ class Dataset {
   void RequireUnchanged() const;
 
   /// What the audit file has otherwise than the rows read so far.
-  Alterations& Altered() { return alterations_; }
+  Alterations& Altered() { return notes_.altered; }
   /// What is wrong with the rows read so far.
-  Errors& Faults() { return errors_; }
+  Errors& Faults() { return notes_.errors; }
+  /// Has it told with each row how many bytes are read; `BytesToRead` in all, about.
+  void SetProgress(std::function<void(uint64_t bytes)> progress) { notes_.progress = std::move(progress); }
+  uint64_t BytesToRead() const;
 
   std::string PathOf(std::string_view file) const;
 
@@ -80,8 +84,7 @@ class Dataset {
   std::optional<State> StateOf(std::string_view file) const;
 
   std::string folder_;
-  Alterations alterations_;
-  Errors errors_;
+  DatasetNotes notes_;
   std::array<std::optional<std::optional<State>>, kFiles> opened_;  // by file: as it was found
 };
 

@@ -17,9 +17,14 @@
 
 namespace zevo::saft {
 
-RecordFile::RecordFile(const std::string& path, size_t number, const RecordKind& kind, Alterations& alterations,
-                       Errors& errors, Reading reading)
-    : path_(path), number_(number), alterations_(alterations), errors_(errors), reading_(reading) {
+RecordFile::RecordFile(const std::string& path, size_t number, const RecordKind& kind, DatasetNotes& notes,
+                       Reading reading)
+    : path_(path),
+      number_(number),
+      notes_(notes),
+      alterations_(notes.altered),
+      errors_(notes.errors),
+      reading_(reading) {
   RequireRegularFile(path);
   exists_ = std::filesystem::exists(path);
   if (!exists_) return;
@@ -125,6 +130,7 @@ bool RecordFile::Next() {
       AddLost(fault);
       continue;
     }
+    CountBytes();
     if (csv_->Row() > std::numeric_limits<uint32_t>::max()) throw Failure(path_, Say(words::kTooManyLines));
     if (!csv_->IsEmptyRow()) {
       Translate();
@@ -138,6 +144,7 @@ bool RecordFile::Next() {
 
 void RecordFile::GoTo(uint64_t offset, uint32_t row) {
   csv_->GoTo(offset, row);
+  CountBytes();
   Translate();
 }
 
@@ -158,6 +165,12 @@ void RecordFile::Translate() {
       errors_.SetIncomplete(number_);
     }
   }
+}
+
+void RecordFile::CountBytes() {
+  notes_.bytes_read += csv_->BytesRead() - bytes_counted_;
+  bytes_counted_ = csv_->BytesRead();
+  if (notes_.progress) notes_.progress(notes_.bytes_read);
 }
 
 void RecordFile::AddLost(const CsvFault& fault) {

@@ -12,10 +12,9 @@
 #include <vector>
 
 #include "tools/saft/csv/CsvFile.h"
-#include "tools/saft/dataset/Alterations.h"
 #include "tools/saft/dataset/CellText.h"
 #include "tools/saft/dataset/ColumnBinding.h"
-#include "tools/saft/dataset/Errors.h"
+#include "tools/saft/dataset/DatasetNotes.h"
 #include "tools/saft/dataset/RecordKind.h"
 
 namespace zevo::saft {
@@ -34,8 +33,7 @@ class RecordFile {
   };
 
   /// `number` is that of the file in the dataset.
-  RecordFile(const std::string& path, size_t number, const RecordKind& kind, Alterations& alterations, Errors& errors,
-             Reading reading);
+  RecordFile(const std::string& path, size_t number, const RecordKind& kind, DatasetNotes& notes, Reading reading);
 
   bool Exists() const { return exists_; }
   /// Goes to the next row that has a value; false when there is none left.
@@ -111,17 +109,20 @@ class RecordFile {
   void Note(const Column& column, std::string_view text, const Record& record);
   void Decide(Record& record);
   void AddLost(const CsvFault& fault);
+  void CountBytes();
   bool TellsFaults() const { return reading_ == Reading::kFirst || reading_ == Reading::kFaults; }
   bool TellsAlterations() const { return reading_ == Reading::kFirst || reading_ == Reading::kAlterations; }
   RowIn Here() const { return {number_, *csv_}; }
 
   std::string path_;
   size_t number_;
+  DatasetNotes& notes_;
   Alterations& alterations_;
   Errors& errors_;
   Reading reading_;
   bool exists_ = false;
   std::optional<CsvFile> csv_;
+  uint64_t bytes_counted_ = 0;
   std::vector<Column> columns_;
   std::vector<Rivals> rivals_;
   std::vector<Translated> translated_;

@@ -28,13 +28,17 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
     std::string customers = "CustomerID,CompanyName\n";
     for (int i = 0; i < 400; ++i) customers += "C" + std::to_string(i) + "," + std::string(60, 'x') + "\n";
     Write("customers.csv", customers);
+    std::vector<std::string> arguments{"--no-validate", folder_.Path(kDataset), Output()};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    StartCreate(arguments);
+  }
+  void StartCreate(std::vector<std::string> arguments) {
     child_ = fork();
     ASSERT_GE(child_, 0);
     if (child_ > 0) return;
     setenv("LD_PRELOAD", SLOW_DISK, 1);
     setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
-    std::vector<std::string> arguments{"saft", "create", "--no-validate", folder_.Path(kDataset), Output()};
-    arguments.insert(arguments.end(), options.begin(), options.end());
+    arguments.insert(arguments.begin(), {"saft", "create"});
     std::vector<char*> argv;
     for (std::string& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
@@ -122,6 +126,13 @@ TEST_P(InterruptionTest, LeavesNoFileThatIsBeingSaved) {
   Start({});
   // The dataset, the messages and what is to become the file.
   Await([&] { return folder_.Names().size() > 2; });
+  ExpectInterrupted();
+}
+
+TEST_P(InterruptionTest, LeavesNoFileThatIsBeingValidated) {
+  StartCreate({ZEVO_COMPANY_FOLDER, Output()});
+  // While a file is saved it has another name.
+  AwaitOpen(Output() + "." + std::to_string(child_) + ".0/out.xml");
   ExpectInterrupted();
 }
 
