@@ -83,6 +83,13 @@ TEST_F(AuditFileInputTest, ShowsHowFarAValidationIs) {
   EXPECT_EQ(End(), 0);
 }
 
+TEST_F(AuditFileInputTest, ShowsHowFarACreateIsAndThenItsValidation) {
+  Start("saft create '" ZEVO_COMPANY_FOLDER "' '" + folder_.Path("again.xml") + "'");
+  // The dataset, most of which is read twice, and the file.
+  EXPECT_THAT(Rest(), AllOf(HasSubstr("\r["), HasSubstr(" of 1.7 MB"), HasSubstr(" of 2.5 MB")));
+  EXPECT_EQ(End(), 0);
+}
+
 TEST_F(AuditFileInputTest, ShowsNoneAmongViolations) {
   Start("saft validate --all '" + Output() + "'");
   EXPECT_THAT(Rest(), Not(HasSubstr(" of 2.5 MB")));
