@@ -176,5 +176,13 @@ TEST(ErrorDescriptionTest, ASchemaThatCannotBeUsedIsToldWithItsName) {
             "a: b.xsd: Element c (line 5) is closed by d (line 7, column 9).");
 }
 
+TEST(ErrorDescriptionTest, AnErrorOfTheSystemIsToldByItsNumber) {
+  EXPECT_EQ(DescribeSystemError(ENOSPC, Language::kPortuguese), "O disco está cheio");
+  EXPECT_EQ(DescribeSystemError(ENOSPC, Language::kEnglish), "The disk is full");
+  EXPECT_EQ(DescribeSystemError(ENOENT, Language::kEnglish), "There is no such file");
+  EXPECT_EQ(DescribeSystemError(ENOENT, Language::kEnglish, true), "There is no such folder");
+  EXPECT_EQ(DescribeSystemError(ECHILD, Language::kPortuguese), std::generic_category().message(ECHILD));
+}
+
 }  // namespace
 }  // namespace zevo

@@ -190,4 +190,8 @@ std::string Describe(const AuditException& error, Language language) {
   return sentence.empty() ? error.Description() : WithPlace(std::move(sentence), place, language);
 }
 
+std::string DescribeSystemError(int error, Language language, bool creating) {
+  return SystemReason(error, creating, language);
+}
+
 }  // namespace zevo

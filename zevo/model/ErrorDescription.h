@@ -17,6 +17,11 @@ namespace zevo {
 /// the parser says of a schema that cannot be used follows in its own words.
 ZEVO_API std::string Describe(const AuditException& error, Language language);
 
+/// What an error of the operating system (errno) with a file means, without a full stop, such as "O disco está cheio".
+/// One that this library does not know is told in the system's words. `creating` where a file was to be created: then
+/// it is its folder that does not exist.
+ZEVO_API std::string DescribeSystemError(int error, Language language, bool creating = false);
+
 }  // namespace zevo
 
 #endif  // ZEVO_MODEL_ERRORDESCRIPTION_H_

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <new>
 #include <utility>
 
@@ -27,7 +26,7 @@ int NothingIsBlank(unsigned char) { return 0; }
 CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
   RequireRegularFile(path_);
   file_.open(path_, std::ios::binary);
-  if (!file_) throw Failure(path_, std::strerror(errno));
+  if (!file_) FailWithSystemError(errno, path_);
   // Lets std::bad_alloc through, which would look like a read error otherwise.
   file_.exceptions(std::ios::badbit);
   Begin();
@@ -49,7 +48,7 @@ void CsvFile::Begin() {
   try {
     dialect_ = DialectOf(file_);
   } catch (const std::ios::failure&) {
-    throw Failure(path_, std::strerror(errno));
+    FailWithSystemError(errno, path_);
   }
   if (dialect_.encoding == CsvEncoding::kUtf16) throw CsvFault(path_, 1, {}, Say(words::kUtf16));
   if (dialect_.has_separator_line) ReadLine();
@@ -114,7 +113,7 @@ bool CsvFile::ReadLine() {
   try {
     if (!std::getline(file_, line_)) return false;
   } catch (const std::ios::failure&) {
-    throw Failure(path_, std::strerror(errno));
+    FailWithSystemError(errno, path_);
   }
   if (!file_.eof()) line_ += '\n';
   offset_ += line_.size();

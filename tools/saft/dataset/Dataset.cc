@@ -89,7 +89,7 @@ void Dataset::CheckNames() {
       unknown.push_back(name);
     }
   }
-  if (error) throw Failure(folder_, error.message());
+  if (error) FailWithSystemError(error.value(), folder_);
   if (!known && unknown.empty()) throw Failure(folder_, Say(words::kNotADataset));
   // By name, so that the same folder is told the same each time.
   std::ranges::sort(unknown);

@@ -34,6 +34,10 @@ void FailWith(const Error& error, std::string_view file, std::string_view place)
   FailWith(told, file, place);
 }
 
+void FailWithSystemError(int error, std::string_view file, bool creating) {
+  throw Failure(file, DescribeSystemError(error, SpokenLanguage(), creating));
+}
+
 // The number alone does not tell: the parser uses it for something else.
 bool IsOutOfMemory(const AuditException& error) {
   return error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory) && error.Source() == kRunTimeSource;

@@ -2,7 +2,6 @@
 #include "tools/saft/list/ListFile.h"
 
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include "tools/saft/errors/Failure.h"
@@ -26,7 +25,7 @@ void ListFile::Finish() {
 }
 
 void ListFile::CheckWritten() const {
-  if (!file_) throw Failure(name_, std::strerror(errno));
+  if (!file_) FailWithSystemError(errno, name_);
 }
 
 }  // namespace zevo::saft

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <system_error>
 
 #include "tools/saft/errors/Failure.h"
@@ -46,7 +45,7 @@ UnfinishedPath::UnfinishedPath(const std::string& place, What what)
     path_ = what == kFolder ? folder_ : folder_ / place_.filename();
     // With the permissions that the user's mask leaves.
     if (mkdir(folder_.c_str(), 0777) == 0) return;
-    if (errno != EEXIST) throw Failure(place, std::strerror(errno));
+    if (errno != EEXIST) FailWithSystemError(errno, place, true);
   }
 }
 
@@ -60,7 +59,7 @@ void UnfinishedPath::PutInPlace() {
   std::error_code error;
   // An empty folder that is there gives way.
   std::filesystem::rename(path_, place_, error);
-  if (error) throw Failure(place_.string(), error.message());
+  if (error) FailWithSystemError(error.value(), place_.string());
   std::filesystem::remove(folder_, error);
 }
 

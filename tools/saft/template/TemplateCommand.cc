@@ -2,7 +2,6 @@
 #include "tools/saft/template/TemplateCommand.h"
 
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -41,7 +40,7 @@ ExitCode TemplateCommand::Run() const {
     std::ofstream file(folder.Path() / kind.file, std::ios::binary);
     WriteHeading(kind, file);
     file.close();
-    if (!file) throw Failure((std::filesystem::path(folder_) / kind.file).string(), std::strerror(errno));
+    if (!file) FailWithSystemError(errno, (std::filesystem::path(folder_) / kind.file).string());
   }
   folder.PutInPlace();
   return kDone;

@@ -5,7 +5,6 @@
 #include <zevo/adapters.h>
 
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -27,7 +26,7 @@ namespace {
 void RequireReadable(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (file) file.peek();
-  if (!file.is_open() || file.bad()) throw Failure(path, std::strerror(errno));
+  if (!file.is_open() || file.bad()) FailWithSystemError(errno, path);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <zevo/model/internal/Phrase.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <system_error>
@@ -56,12 +57,18 @@ constexpr Phrase kNoFolder{"A pasta não existe", "There is no such folder"};
 
 }  // namespace
 
-std::string SystemReason(std::string_view detail, bool ofFolder, Language language) {
+std::string SystemReason(int error, bool creating, Language language) {
+  if (creating && error == ENOENT) return std::string(kNoFolder.In(language));
+  const auto row = std::ranges::find(kReasonRows, error, &ReasonRow::error);
+  return row == kReasonRows.end() ? std::generic_category().message(error) : std::string(row->text.In(language));
+}
+
+std::string SystemReason(std::string_view detail, bool creating, Language language) {
   for (const auto& [error, text] : kReasonRows) {
     const std::string said = std::generic_category().message(error) + ": ";
-    if (!detail.starts_with(said)) continue;
-    const Phrase& reason = ofFolder && error == ENOENT ? kNoFolder : text;
-    return std::string(reason.In(language)).append(": ").append(detail.substr(said.size()));
+    if (detail.starts_with(said)) {
+      return SystemReason(error, creating, language).append(": ").append(detail.substr(said.size()));
+    }
   }
   return {};
 }

@@ -9,9 +9,13 @@
 
 namespace zevo {
 
+/// The reason that the system has for an error of that number (errno), in the language; one that is not known in its
+/// own words. `creating` as below.
+std::string SystemReason(int error, bool creating, Language language);
+
 /// The system's reason for a failure with a file, "reason: name", in the language, with the name. Empty for what is
-/// none. `ofFolder` where what is missing is the folder of a file that was to be created.
-std::string SystemReason(std::string_view detail, bool ofFolder, Language language);
+/// none. `creating` where a file was to be created, of which the folder may be missing.
+std::string SystemReason(std::string_view detail, bool creating, Language language);
 
 }  // namespace zevo
 

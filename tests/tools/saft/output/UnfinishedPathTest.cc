@@ -74,11 +74,11 @@ TEST_F(UnfinishedPathTest, WhatIsThereIsNeverReplaced) {
   folder_.Write("full/a", "old");
   EXPECT_EQ(Refusal("full", UnfinishedPath::kFolder), ": is there already and is not empty");
   EXPECT_EQ(Refusal("full", UnfinishedPath::kFile), ": is there already");
-  EXPECT_EQ(Refusal("missing/new", UnfinishedPath::kFolder), ": No such file or directory");
+  EXPECT_EQ(Refusal("missing/new", UnfinishedPath::kFolder), ": There is no such folder");
 }
 
 TEST_F(UnfinishedPathTest, AFolderIsNoPlaceForAFile) {
-  EXPECT_EQ(Refusal("new/", UnfinishedPath::kFile), ": No such file or directory");
+  EXPECT_EQ(Refusal("new/", UnfinishedPath::kFile), ": There is no such folder");
   EXPECT_THAT(Names(), IsEmpty());
 }
 
