@@ -3,6 +3,7 @@
 #define ZEVO_TOOLS_SAFT_DATASET_CHILDROWS_H_
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 
@@ -17,6 +18,22 @@ class ChildRows {
     uint32_t parent;  ///< the row that it belongs to
   };
 
+  /// Rows one after the other; valid until one is added.
+  class Range {
+   public:
+    using Iterator = std::deque<Row>::const_iterator;
+
+    Range(Iterator begin, Iterator end) : begin_(begin), end_(end) {}
+    Iterator begin() const { return begin_; }
+    Iterator end() const { return end_; }
+    size_t size() const { return static_cast<size_t>(end_ - begin_); }
+    const Row& operator[](size_t place) const { return begin_[static_cast<std::ptrdiff_t>(place)]; }
+
+   private:
+    Iterator begin_;
+    Iterator end_;
+  };
+
   /// Takes a row. Rows come in the order of their file.
   void Add(const Row& row) { rows_.push_back(row); }
 
@@ -29,7 +46,12 @@ class ChildRows {
   }
 
   /// Those of a parent, in the order of their file.
-  auto Of(uint32_t parent) const { return std::ranges::equal_range(rows_, parent, {}, &Row::parent); }
+  Range Of(uint32_t parent) const {
+    const auto before = [](const Row& row, uint32_t wanted) { return row.parent < wanted; };
+    const auto behind = [](uint32_t wanted, const Row& row) { return wanted < row.parent; };
+    const auto first = std::lower_bound(rows_.begin(), rows_.end(), parent, before);
+    return {first, std::upper_bound(first, rows_.end(), parent, behind)};
+  }
 
  private:
   std::deque<Row> rows_;  // which grows without a copy of itself
