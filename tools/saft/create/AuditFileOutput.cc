@@ -36,8 +36,9 @@ bool Finish(AuditFileStreamWriter& file) { return file.CloseAuditFile(); }
 
 }  // namespace
 
-AuditFileOutput::AuditFileOutput(const std::string& path, std::string name, Way way)
-    : path_(path), name_(std::move(name)) {
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): where it is comes before what it is called.
+AuditFileOutput::AuditFileOutput(std::string path, std::string name, Way way)
+    : path_(std::move(path)), name_(std::move(name)) {
   if (way == kSequential) file_.emplace<AuditFileStreamWriter>();
   Do([&](auto& file) {
     file.set_AuditFileName(path_);

@@ -17,7 +17,7 @@ class AuditFileOutput {
   enum Way { kInMemory, kSequential };
 
   /// The file at `path`, which messages call `name`. Fails when there is such a file.
-  AuditFileOutput(const std::string& path, std::string name, Way way);
+  AuditFileOutput(std::string path, std::string name, Way way);
   AuditFileOutput(const AuditFileOutput&) = delete;
   AuditFileOutput& operator=(const AuditFileOutput&) = delete;
   /// Closes a file that was not saved; what is in it is of no use.

@@ -124,7 +124,7 @@ std::optional<ViolationErrors::Cell> ViolationErrors::CellOf(const Violation& vi
   const RecordKind& kind = RecordKindAt(*violation.kind, violation.path);
   if (kind.file.empty()) return std::nullopt;
   if (IsMissing(violation) && IsOwn(kind, violation.path)) return ParentOfMissing(violation);
-  if (kind.parents[1] != std::string_view()) return PartOf(violation, kind);
+  if (!kind.parents[1].empty()) return PartOf(violation, kind);
   const uint32_t row =
       kind.path.empty() || kind.entity == EntityKind::kTaxTable ? EntityRowOf(violation) : LineRowOf(violation);
   if (row == 0) return std::nullopt;

@@ -40,6 +40,7 @@ std::string PathTo(const std::string& folder, std::string_view file) {
 
 std::vector<std::string> PathsIn(const std::string& folder) {
   std::vector<std::string> paths;
+  paths.reserve(kDatasetFiles.size());
   for (const DatasetFile& file : kDatasetFiles) paths.push_back(PathTo(folder, file.name));
   return paths;
 }

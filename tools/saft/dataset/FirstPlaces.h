@@ -17,6 +17,7 @@ struct RowPlace {
   size_t file = 0;  ///< its number among `Dataset::Files`
   int64_t row = 0;  ///< the line on which it begins; 0 for the file as a whole
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): the check takes what the compiler writes for a null pointer
   friend auto operator<=>(const RowPlace&, const RowPlace&) = default;
 };
 
