@@ -14,6 +14,7 @@ namespace zevo::testing {
 using ::testing::ElementsAre;
 
 ToolTest::ToolTest() {
+  setenv("LC_ALL", "C", 1);
   std::filesystem::create_directory(folder_.Path(kDataset));
   Write("header.csv", "BusinessName\nCasa\n");
 }
@@ -36,7 +37,6 @@ Outcome ToolTest::Execute(const std::vector<std::string>& command) {
   const std::string err = streams.Path("err");
   const pid_t child = fork();
   if (child == 0) {
-    setenv("LC_ALL", "C", 1);  // in English, unless a test says otherwise
     std::vector<char*> argv;
     for (const std::string& argument : command) argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
@@ -59,6 +59,17 @@ Outcome ToolTest::Create(const std::vector<std::string>& options) const {
 
 void ToolTest::Write(std::string_view name, std::string_view text) const {
   folder_.Write(std::string(kDataset) + "/" + std::string(name), text);
+}
+
+void ToolTest::WriteValid(int customers) const {
+  Write("header.csv", ReadBytes(ZEVO_COMPANY_FOLDER "/header.csv"));
+  std::string rows =
+      "CustomerID,AccountID,CustomerTaxID,CompanyName,BillingAddress.AddressDetail,BillingAddress.City,"
+      "BillingAddress.PostalCode\n";
+  for (int i = 0; i < customers; ++i) {
+    rows += "C" + std::to_string(i) + ",Desconhecido,999999990,Cliente,Desconhecido,Desconhecido,Desconhecido\n";
+  }
+  Write("customers.csv", rows);
 }
 
 void ToolTest::ExpectRefused(std::string_view message, std::string_view told) const {

@@ -37,6 +37,8 @@ class ToolTest : public ::testing::Test {
 
   /// Writes a file of the dataset.
   void Write(std::string_view name, std::string_view text) const;
+  /// Makes it a dataset of which a valid file is made: a header and so many customers.
+  void WriteValid(int customers) const;
   /// The path of a file of the dataset as messages tell it.
   std::string In(std::string_view name) const { return folder_.Path(std::string(kDataset) + "/" + std::string(name)); }
   std::string Output() const { return folder_.Path("out.xml"); }

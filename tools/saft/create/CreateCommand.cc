@@ -18,6 +18,7 @@
 #include "tools/saft/input/InputName.h"
 #include "tools/saft/input/ReadingProgress.h"
 #include "tools/saft/output/UnfinishedPath.h"
+#include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/CreateWords.h"
 #include "tools/saft/words/CsvWords.h"
 #include "tools/saft/words/UsageWords.h"
@@ -72,6 +73,7 @@ ExitCode CreateCommand::Run() const {
   unfinished.PutInPlace();
   if (!stream_) dataset.Altered().ForgetReturns();
   dataset.Altered().Report(std::cerr);
+  if (!unvalidated_) std::cout << Say(words::kValid, Visible(file_)) << '\n';
   return kDone;
 }
 

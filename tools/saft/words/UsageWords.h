@@ -82,6 +82,10 @@ inline constexpr Text<> kSummaryCommand{"Mostra o que um ficheiro SAF-T tem: cab
 inline constexpr Text<> kListCommand{"Escreve os registos de um ficheiro SAF-T em CSV ou JSON",
                                      "Write the records of an audit file as CSV or JSON"};
 
+// What commands that judge a file say of it.
+
+inline constexpr Text<1> kValid{"{1}: válido", "{1}: valid"};
+
 // What is wrong with a call.
 
 inline constexpr Text<1> kSeeHelp{"Veja a ajuda: {1} --help", "See the help: {1} --help"};

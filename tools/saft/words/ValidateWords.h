@@ -35,8 +35,6 @@ well-formed is not valid. Where the file or the schema cannot be read, the exit 
 Of standard input, where that is a pipe, it keeps a copy in a temporary file, in the folder of TMPDIR or in /tmp; without
 room for it, some violations may be left out.)"};
 
-inline constexpr Text<1> kValid{"{1}: válido", "{1}: valid"};
-
 }  // namespace zevo::saft::words
 
 #endif  // ZEVO_TOOLS_SAFT_WORDS_VALIDATEWORDS_H_

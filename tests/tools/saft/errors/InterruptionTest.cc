@@ -130,7 +130,8 @@ TEST_P(InterruptionTest, LeavesNoFileThatIsBeingSaved) {
 }
 
 TEST_P(InterruptionTest, LeavesNoFileThatIsBeingValidated) {
-  StartCreate({ZEVO_COMPANY_FOLDER, Output()});
+  WriteValid(1);
+  StartCreate({folder_.Path(kDataset), Output()});
   // While a file is saved it has another name.
   AwaitOpen(Output() + "." + std::to_string(child_) + ".0/out.xml");
   ExpectInterrupted();
