@@ -55,9 +55,15 @@ std::string Refusal(const Property& property) {
 }  // namespace
 
 bool IsXmlText(std::string_view text) {
-  const bool control = std::ranges::any_of(
-      text, [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r'; });
-  return !control && text.find("\uFFFE") == std::string_view::npos && text.find("\uFFFF") == std::string_view::npos;
+  constexpr std::string_view kLastOfThePlane = "\xEF\xBF";  // what U+FFC0 to U+FFFF begin with
+  for (const char c : text) {
+    if (static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r') return false;
+  }
+  for (size_t at = text.find(kLastOfThePlane); at != std::string_view::npos; at = text.find(kLastOfThePlane, at + 1)) {
+    const std::string_view character = text.substr(at, 3);
+    if (character == "\uFFFE" || character == "\uFFFF") return false;
+  }
+  return true;
 }
 
 std::string_view ToldBy(const Property& property, std::string_view cell) {

@@ -154,5 +154,16 @@ INSTANTIATE_TEST_SUITE_P(
                       BadCell{"", "", "++1", "not a whole number"}, BadCell{"", "", "+-1", "not a whole number"},
                       BadCell{"", "", "1 2", "not a whole number"}, BadCell{"", "", "2147483648", "out of range"}));
 
+TEST_F(CellValueTest, ATextHoldsWhatXmlHolds) {
+  Write("customers.csv", "CustomerID,CompanyName\nC1,\"a\tb\nc\"\nC2,a\u007F\uFFFD\uFFEE\n");
+  ExpectCreated();
+  for (const std::string text : {"\x01", "\x1F", "\uFFFE", "\uFFFF", "\uFFFD\uFFFF"}) {
+    Write("customers.csv", "CustomerID,CompanyName\nC1," + text + "b\n");
+    const testing::Outcome outcome = Create({"--force"});
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_THAT(outcome.err, ::testing::EndsWith("\": has a character that XML does not allow\n"));
+  }
+}
+
 }  // namespace
 }  // namespace zevo
