@@ -80,9 +80,11 @@ TEST_F(ProblemReportTest, TellsTheFirstFewOfEachKindAndCountsAll) {
   EXPECT_EQ(report_.Count(), 8);
   EXPECT_EQ(report_.First().size(), 6U);
   const std::string told = Told();
-  EXPECT_THAT(told,
-              HasSubstr("saft: a\\nb.xml: 1 problem\n  Supplier S: SelfBillingIndicator, \"x\": the element"));
-  EXPECT_THAT(told, HasSubstr("saft: a\\nb.xml: 7 problems of one kind\n  Product (without identification): Own: is not known here ("));
+  EXPECT_THAT(told, HasSubstr("saft: a\\nb.xml: 1 problem\n  Supplier S: SelfBillingIndicator, \"x\": the element"));
+  EXPECT_THAT(
+      told,
+      HasSubstr(
+          "saft: a\\nb.xml: 7 problems of one kind\n  Product (without identification): Own: is not known here ("));
   EXPECT_THAT(told, HasSubstr(").\n  and 2 more\n"));
 }
 

@@ -392,10 +392,10 @@ Sales invoices
 
 TEST_F(SummaryCommandTest, ATotalThatIsNoNumberStaysAndOneThatIsNotThereIsADash) {
   WriteEntries("<TotalDebit>12x</TotalDebit><Journal><Transaction/></Journal>");
-  EXPECT_THAT(
-      TextWithProblems(Told("The section of ledger entries: TotalDebit, \"12x\": the element cannot have this value (line "
-                            "1, column 84).")),
-      HasSubstr(R"(
+  EXPECT_THAT(TextWithProblems(
+                  Told("The section of ledger entries: TotalDebit, \"12x\": the element cannot have this value (line "
+                       "1, column 84).")),
+              HasSubstr(R"(
                Entries  Debit  Credit
   In the file        –    12x       –
   As summed          1   0.00    0.00
@@ -424,7 +424,8 @@ TEST_F(SummaryCommandTest, WhatMakesFiguresDifferIsTold) {
       {sales("<Invoice><DocumentTotals/><DocumentTotals/></Invoice>"),
        "Invoice (without identification): DocumentTotals[2]: is repeated; the first one counts ("},
       {sales("<Invoice><line/></Invoice>"), "Invoice (without identification): line: is not known here ("},
-      {sales("<Invoice><GrossTotal>1</GrossTotal></Invoice>"), "Invoice (without identification): GrossTotal, \"1\": is not known here ("},
+      {sales("<Invoice><GrossTotal>1</GrossTotal></Invoice>"),
+       "Invoice (without identification): GrossTotal, \"1\": is not known here ("},
       {sales("<Invoice/><invoice><InvoiceNo>2</InvoiceNo></invoice>"),
        "/AuditFile/SourceDocuments/SalesInvoices/invoice: is not known here ("},
       {sales("<invoice/><Invoice/>"), "The section of invoices: invoice: is not known here ("},
