@@ -10,6 +10,7 @@
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/CreateWords.h"
 #include "tools/saft/words/DatasetWords.h"
+#include "tools/saft/words/Meanings.h"
 
 namespace zevo::saft {
 namespace {
@@ -87,6 +88,20 @@ std::string ReasonOf(const Violation& violation) {
 const RecordKind* KindNamed(std::string_view name) {
   const auto found = std::ranges::find(RecordKinds(), name, &RecordKind::name);
   return found == RecordKinds().end() ? nullptr : &*found;
+}
+
+// The number of a text that does not match the pattern of its element.
+constexpr int32_t kPattern = 1839;
+
+// What is wrong with the value of a column: of a reference the file that lacks it; of a pattern, which is for programs,
+// what such a text is like.
+std::string ReasonOf(const Violation& violation, const RecordKind& kind, std::string_view column) {
+  const RecordKind* const referred = violation.number == kIdentity ? KindNamed(violation.allowed) : nullptr;
+  if (referred != nullptr) return Say(words::kNotIn, referred->file);
+  if (violation.number != kPattern) return ReasonOf(violation);
+  const Meaning* const meaning = MeaningOf(kind.name, column);
+  if (meaning == nullptr || meaning->example.empty()) return Say(words::kNoneOfTheCodes, kind.file);
+  return Say(words::kNotLike, meaning->example);
 }
 
 }  // namespace
@@ -212,7 +227,7 @@ std::string ViolationErrors::MessageAt(const Cell& cell, const Violation& violat
   if (file.Row() != static_cast<int64_t>(cell.row)) return Failure(path, cell.row, ReasonOf(violation)).what();
   if (file.Cell(place).empty()) return Failure(path, cell.row, cell.column + ": " + Say(words::kEmptyCell)).what();
   if (violation.value.empty()) return file.Fault(place, Say(words::kCannotBeWritten)).what();
-  return file.Fault(place, ReasonOf(violation)).what();
+  return file.Fault(place, ReasonOf(violation, *cell.kind, cell.column)).what();
 }
 
 // A file of the dataset at a row, or anywhere for 0.

@@ -141,6 +141,10 @@ inline constexpr Text<> kQuotationMark{"um JournalID com aspas só é escrito co
 inline constexpr Text<> kNoSuchLine{"não há essa linha na fatura", "no such line in its invoice"};
 inline constexpr Text<1> kNoRowIn{"não tem nenhuma linha em {1}", "has no row in {1}"};
 inline constexpr Text<> kEmptyCell{"está vazia, e é obrigatória", "is empty, and it is required"};
+inline constexpr Text<1> kNotLike{"não tem a forma certa, que é como {1}",
+                                  "does not have the right form, which is like {1}"};
+inline constexpr Text<1> kNoneOfTheCodes{"não é nenhum dos códigos, que \"saft columns {1}\" diz",
+                                         "is none of the codes, which \"saft columns {1}\" tells"};
 inline constexpr Text<> kCannotBeWritten{"não pode ser escrito, e o elemento não pode ficar vazio",
                                          "cannot be written, and the element must not be empty"};
 inline constexpr Text<> kTotalOutOfRange{"o total da secção até esta linha é demasiado grande para o ficheiro",
