@@ -35,5 +35,14 @@ TEST(KeyedHashTest, TellsTextsOfEveryLengthApart) {
   EXPECT_EQ(hashes.size(), 1000U);
 }
 
+TEST(KeyedHashTest, ADigestIsTheSameForTheSameTextOnlyAndNeverZero) {
+  std::set<Digest> digests{Digest{}};
+  for (size_t size = 0; size < 200; ++size) {
+    const std::string text(size, 'x');
+    EXPECT_EQ(KeyedDigest(text), KeyedDigest(std::string(text)));
+    EXPECT_TRUE(digests.insert(KeyedDigest(text)).second) << size;
+  }
+}
+
 }  // namespace
 }  // namespace zevo

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,6 +76,26 @@ TEST_F(SchemaDiagnosisTest, KeysOfSeveralFieldsAreComparedByValue) {
               IsEmpty());
   EXPECT_THAT(Told(kList, "<l><k><a>x</a><b>1</b></k><k><a>x</a><b>01</b></k></l>"),
               ElementsAre(At(XML_SCHEMAV_CVC_IDC, "/l/k[2]/b x, 01|")));
+}
+
+TEST_F(SchemaDiagnosisTest, AFileMayBeJudgedPieceByPiece) {
+  const auto tables = SchemaTables::Of(SchemaOf(kList));
+  ASSERT_NE(tables, nullptr);
+  std::string document = "<l>";
+  for (int i = 0; i < 20'000; ++i) document.append("<k><a>").append(std::to_string(i)).append("</a><b>x</b></k>");
+  const std::string file = folder_.Write("file.xml", document.append("</l>"));
+  int64_t told = 0;
+  SchemaDiagnosis diagnosis(*tables, {}, [&](const SchemaViolation&) { return ++told > 0; });
+  EXPECT_EQ(diagnosis.BytesRead(), 0U);
+  diagnosis.Begin(file);
+  std::set<int64_t> seen;
+  while (diagnosis.Feed()) seen.insert(told);
+  EXPECT_GT(seen.size(), 3U);
+  EXPECT_EQ(told, 20'000);
+  EXPECT_EQ(diagnosis.Result().found, told);
+  EXPECT_EQ(diagnosis.BytesRead(), document.size());
+  EXPECT_FALSE(diagnosis.Feed());
+  EXPECT_EQ(told, 20'000);
 }
 
 TEST_F(SchemaDiagnosisTest, AReferenceMayStandBeforeItsKey) {

@@ -3,9 +3,11 @@
 
 #include <sodium/crypto_shorthash_siphash24.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <random>
+#include <string>
 
 namespace zevo {
 namespace {
@@ -32,6 +34,20 @@ uint64_t KeyedHash(std::string_view text) {
   static_assert(sizeof hash == sizeof bytes);
   std::memcpy(&hash, bytes.data(), sizeof hash);
   return hash;
+}
+
+Digest KeyedDigest(std::string_view text) {
+  constexpr size_t kMostOnStack = 64;
+  std::array<char, kMostOnStack + 1> longer;
+  uint64_t second = 0;
+  if (text.size() <= kMostOnStack) {
+    std::ranges::copy(text, longer.begin());
+    longer[text.size()] = '1';
+    second = KeyedHash({longer.data(), text.size() + 1});
+  } else {
+    second = KeyedHash(std::string(text) += '1');
+  }
+  return {KeyedHash(text), second | 1U};
 }
 
 }  // namespace zevo

@@ -3,7 +3,6 @@
 
 #include <libxml/xmlerror.h>
 #include <zevo/platform/HostErrorHandlers.h>
-#include <zevo/platform/KeyedHash.h>
 #include <zevo/platform/PulledParse.h>
 #include <zevo/platform/Text.h>
 
@@ -65,12 +64,10 @@ std::string Step(std::string_view name, uint32_t ordinal) {
   return step;
 }
 
-// 128 bits for a text: two different ones do not meet.
-std::array<uint64_t, 2> DigestOf(const std::vector<std::optional<std::string>>& values) {
+Digest DigestOf(const std::vector<std::optional<std::string>>& values) {
   std::string all;
   for (const auto& value : values) all.append(value.value_or(std::string())).push_back('\0');
-  const uint64_t first = KeyedHash(all);
-  return {first, KeyedHash(all += '1')};
+  return KeyedDigest(all);
 }
 
 }  // namespace
@@ -82,22 +79,38 @@ SchemaDiagnosis::SchemaDiagnosis(const SchemaTables& tables, std::span<const Rec
 SchemaDiagnosis::~SchemaDiagnosis() = default;
 
 SchemaDiagnosis::Outcome SchemaDiagnosis::Run(const std::string& file) {
-  const HostErrorHandlers aside;
-  ParserHandler& events = *this;
-  return Run(std::make_unique<PulledParse>(file, events));
+  Begin(file);
+  return ToTheEnd();
 }
 
 SchemaDiagnosis::Outcome SchemaDiagnosis::Run(RepeatedInput& input) {
-  const HostErrorHandlers aside;
-  ParserHandler& events = *this;
-  return Run(std::make_unique<PulledParse>(input, events));
+  Begin(input);
+  return ToTheEnd();
 }
 
-SchemaDiagnosis::Outcome SchemaDiagnosis::Run(std::unique_ptr<PulledParse> parse) {
-  parse_ = std::move(parse);
+SchemaDiagnosis::Outcome SchemaDiagnosis::ToTheEnd() {
+  while (Feed()) {
+  }
+  return outcome_;
+}
+
+void SchemaDiagnosis::Begin(const std::string& file) {
+  const HostErrorHandlers aside;
+  ParserHandler& events = *this;
+  parse_ = std::make_unique<PulledParse>(file, events);
+}
+
+void SchemaDiagnosis::Begin(RepeatedInput& input) {
+  const HostErrorHandlers aside;
+  ParserHandler& events = *this;
+  parse_ = std::make_unique<PulledParse>(input, events);
+}
+
+bool SchemaDiagnosis::Feed() {
+  const HostErrorHandlers aside;
+  if (ended_) return false;
   try {
-    while (parse_->Feed()) {
-    }
+    if (parse_->Feed()) return true;
     outcome_.problem = parse_->Problem();
     BreakOff();
   } catch (const Enough&) {
@@ -110,8 +123,11 @@ SchemaDiagnosis::Outcome SchemaDiagnosis::Run(std::unique_ptr<PulledParse> parse
       }
     }
   }
-  return outcome_;
+  ended_ = true;
+  return false;
 }
+
+uint64_t SchemaDiagnosis::BytesRead() const { return parse_ ? parse_->BytesRead() : 0; }
 
 // Tells what is held where there is no going on.
 void SchemaDiagnosis::BreakOff() {

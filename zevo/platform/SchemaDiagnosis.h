@@ -4,11 +4,11 @@
 
 #include <zevo/FilePlace.h>
 #include <zevo/platform/ContentModel.h>
+#include <zevo/platform/KeyedHash.h>
 #include <zevo/platform/Parser.h>
 #include <zevo/platform/SchemaTables.h>
 #include <zevo/platform/XmlProblem.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -73,9 +73,21 @@ class SchemaDiagnosis final : private ParserHandler {
   /// The same of what is read from where it stands, and may be read again.
   Outcome Run(RepeatedInput& input);
 
+  // The same step by step, for who reads the file beside it: Begin, then Feed until it is false, then Result.
+
+  /// Opens the file.
+  void Begin(const std::string& file);
+  /// Begins with what stands where it is read next.
+  void Begin(RepeatedInput& input);
+  /// Judges the next piece of the file. False when there is no more to come.
+  bool Feed();
+  /// How many bytes of the file were taken in so far.
+  uint64_t BytesRead() const;
+  /// Complete when Feed gives false.
+  const Outcome& Result() const { return outcome_; }
+
  private:
   using Child = ContentModel::Child;
-  using Digest = std::array<uint64_t, 2>;
   struct Enough {};
 
   // How far the elements that are open lead along a path of an identity: its selector, or one of its fields.
@@ -164,7 +176,7 @@ class SchemaDiagnosis final : private ParserHandler {
   void EndElement(const ParsedName& name) override;
   void Characters(std::string_view text) override;
 
-  Outcome Run(std::unique_ptr<PulledParse> parse);
+  Outcome ToTheEnd();
 
   void Bind(std::span<const ParsedAttribute> attributes);
   std::string_view UriOf(const char* prefix) const;
@@ -219,6 +231,7 @@ class SchemaDiagnosis final : private ParserHandler {
   std::span<const RecordElement> records_of_schema_;
   Sink found_;
   Outcome outcome_;
+  bool ended_ = false;
   std::unique_ptr<PulledParse> parse_;
   ElementType anything_;
   std::set<std::string, std::less<>> names_;  // of elements that the schema does not declare
