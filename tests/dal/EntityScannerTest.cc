@@ -210,6 +210,22 @@ TEST_F(EntityScannerTest, AnotherVersionIsRefusedInFewWords) {
   EXPECT_EQ(failure.Description(), "O ficheiro é da versão " + version.substr(0, 40) + "; só a versão 1.01_01 é lida");
 }
 
+TEST_F(EntityScannerTest, AFileThatIsRefusedSaysWhatItIs) {
+  const auto refused = [&](std::string_view bytes) {
+    EntityScanner scanner(folder_.Write("file.xml", bytes));
+    EXPECT_FALSE(scanner.RefusedAs());
+    testing::ErrorOf([&] { scanner.Open("Test.Open"); });
+    const auto& as = scanner.RefusedAs();
+    if (!as) return std::string("none");
+    return (as->another_version ? "version " : "file ") + as->found + " at " + std::to_string(as->place.offset);
+  };
+  EXPECT_EQ(refused(" <x/>"), "file x at 1");
+  EXPECT_EQ(refused("<AuditFile xmlns='urn:x'/>"), "file urn:x at 0");
+  EXPECT_EQ(refused("<AuditFile xmlns='urn:OECD:StandardAuditFile-Tax:PT_1.04_01'/>"), "version 1.04_01 at 0");
+  EXPECT_EQ(refused("<AuditFile><Header><AuditFileVersion> 1.02_01 </AuditFileVersion></Header></AuditFile>"),
+            "version 1.02_01 at 0");
+}
+
 TEST_F(EntityScannerTest, AFileThatBreaksOffInItsRootIsCutOffAndNoOtherFile) {
   for (const std::string_view bytes : {"<Audi", "<x ", "<x xmlns='urn:x'", "<AuditFile xmlns='urn:x'", "<x", "<x>"}) {
     const Error failure = FailureOf(bytes);

@@ -11,7 +11,7 @@
 namespace zevo {
 namespace {
 
-constexpr std::string_view kRoot = "AuditFile";
+constexpr std::string_view kRootName = "AuditFile";
 constexpr std::string_view kVersion = "1.01_01";
 // What a namespace of the audit file begins with; the version follows.
 constexpr std::string_view kNamespaceStart = "urn:OECD:StandardAuditFile-Tax:PT_";
@@ -21,7 +21,7 @@ constexpr size_t kMostBetween = size_t{1} << 20;
 
 // The elements around entities that are none themselves, which stand in the root.
 bool IsSection(std::string_view name) {
-  const std::string path = std::string("/").append(kRoot).append("/").append(name).append("/");
+  const std::string path = std::string("/").append(kRootName).append("/").append(name).append("/");
   return !EntityKindOf(name) &&
          std::ranges::any_of(EntityKinds(), [&](EntityKind kind) { return PathOf(kind).starts_with(path); });
 }
@@ -39,19 +39,6 @@ std::string StepOf(const ParsedAttribute& attribute) {
   std::string path = "@";
   if (attribute.name.prefix != nullptr) path.append(attribute.name.prefix).append(":");
   return path.append(attribute.name.local);
-}
-
-Error OtherRoot() {
-  return Error(kErrorBase + static_cast<int32_t>(Message::kNoAuditFile), "AuditFileScanner.OpenAuditFile",
-               "O ficheiro não é um ficheiro de auditoria");
-}
-
-Error OtherVersion(std::string_view version) {
-  constexpr int kMostCharacters = 40;
-  return Error(kErrorBase + static_cast<int32_t>(Message::kOtherVersion), "AuditFileScanner.OpenAuditFile",
-               std::string("O ficheiro é da versão ")
-                   .append(Leftmost(version, kMostCharacters))
-                   .append("; só a versão 1.01_01 é lida"));
 }
 
 }  // namespace
@@ -156,8 +143,8 @@ void EntityScanner::StartRoot(const ParsedName& name, std::span<const ParsedAttr
                               const FilePlace& place) {
   root_place_ = place;
   open_.push_back({&NameOf(name), place});
-  if (name.local != kRoot) {
-    refusal_ = OtherRoot();
+  if (name.local != kRootName) {
+    refusal_ = OtherRoot(name.local);
     return;
   }
   for (const ParsedAttribute& attribute : attributes) {
@@ -168,7 +155,7 @@ void EntityScanner::StartRoot(const ParsedName& name, std::span<const ParsedAttr
     // xmlns="" is no namespace.
     if (attribute.value.empty()) continue;
     if (!attribute.value.starts_with(kNamespaceStart)) {
-      refusal_ = OtherRoot();
+      refusal_ = OtherRoot(attribute.value);
     } else if (const auto version = attribute.value.substr(kNamespaceStart.size()); version != kVersion) {
       refusal_ = OtherVersion(version);
     } else {
@@ -224,6 +211,21 @@ void EntityScanner::CutEntity() {
 void EntityScanner::FinishEntity() {
   if (!version_known_) CheckVersion();
   finished_.push_back(std::move(entity_));
+}
+
+Error EntityScanner::OtherRoot(std::string_view root) {
+  refused_as_ = {.another_version = false, .found = std::string(root), .place = root_place_};
+  return Error(kErrorBase + static_cast<int32_t>(Message::kNoAuditFile), "AuditFileScanner.OpenAuditFile",
+               "O ficheiro não é um ficheiro de auditoria");
+}
+
+Error EntityScanner::OtherVersion(std::string_view version) {
+  constexpr int kMostCharacters = 40;
+  refused_as_ = {.another_version = true, .found = std::string(version), .place = root_place_};
+  return Error(kErrorBase + static_cast<int32_t>(Message::kOtherVersion), "AuditFileScanner.OpenAuditFile",
+               std::string("O ficheiro é da versão ")
+                   .append(Leftmost(version, kMostCharacters))
+                   .append("; só a versão 1.01_01 é lida"));
 }
 
 // A file of no namespace tells its version in the header; where neither does, it counts as the one that is read.

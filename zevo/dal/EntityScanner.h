@@ -48,6 +48,15 @@ class EntityScanner final : private ParserHandler {
 
   uint64_t BytesRead() const { return parse_.BytesRead(); }
 
+  /// What a file that is not read is instead of an audit file of the version.
+  struct Refused {
+    bool another_version = false;
+    std::string found;  ///< that version; or the name of the root, or its namespace
+    FilePlace place;    ///< of the root
+  };
+  /// Nothing before messages 601 and 602.
+  const std::optional<Refused>& RefusedAs() const { return refused_as_; }
+
  private:
   struct Name : ScannedName {
     std::string own_text;
@@ -79,6 +88,8 @@ class EntityScanner final : private ParserHandler {
   void CutEntity();
   void FinishEntity();
   void CheckVersion();
+  Error OtherRoot(std::string_view root);
+  Error OtherVersion(std::string_view version);
   std::optional<size_t> NoteBetween(std::string_view step, const FilePlace& place);
   void EndTextBetween();
   bool IsPlaceOf(EntityKind kind) const;
@@ -98,6 +109,7 @@ class EntityScanner final : private ParserHandler {
   std::vector<OpenJournal> journals_;
   // What the root is refused for. It is told by what follows: the parser gives the root also where its tag is broken.
   std::optional<Error> refusal_;
+  std::optional<Refused> refused_as_;
   bool version_known_ = false;
   FilePlace root_place_;
   std::vector<Problem> between_;
