@@ -2,6 +2,7 @@
 #include <zevo/facades/AuditFileValidator.h>
 
 #include <zevo/Error.h>
+#include <zevo/dal/AuditViolation.h>
 #include <zevo/dal/LoadDocument.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/internal/OptionsMapping.h>
@@ -11,7 +12,6 @@
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaTables.h>
 #include <zevo/platform/SchemaValidator.h>
-#include <zevo/platform/Text.h>
 #include <zevo/platform/XmlProblem.h>
 
 #include <memory>
@@ -20,36 +20,6 @@
 
 namespace zevo {
 namespace {
-
-std::vector<RecordElement> AuditRecords() {
-  std::vector<RecordElement> records;
-  for (const EntityKind kind : EntityKinds()) {
-    const std::optional<EntityKind> parent = ParentOf(kind);
-    records.push_back({.name = NameOf(kind), .key = KeyOf(kind), .parent = {}});
-    if (parent) records.back().parent = static_cast<size_t>(*parent);
-  }
-  return records;
-}
-
-Violation ViolationOf(const SchemaViolation& told) {
-  Violation violation{.number = told.number,
-                      .kind = {},
-                      .key = told.key,
-                      .path = told.path,
-                      .place = told.place,
-                      .value = told.value,
-                      .allowed = told.allowed};
-  if (told.record) violation.kind = EntityKinds()[*told.record];
-  return violation;
-}
-
-Violation ViolationOf(const XmlProblem& told) {
-  Violation violation;
-  violation.number = told.number;
-  violation.place = told.place;
-  violation.value = TrimWhiteSpace(told.reason);
-  return violation;
-}
 
 // The schema in use, read once for all that is made of it.
 SchemaSource ReadSchema(std::string_view errorSource) {

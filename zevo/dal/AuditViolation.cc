@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/dal/AuditViolation.h>
+
+#include <zevo/model/EntityKind.h>
+#include <zevo/platform/Text.h>
+
+#include <optional>
+
+namespace zevo {
+
+std::vector<RecordElement> AuditRecords() {
+  std::vector<RecordElement> records;
+  for (const EntityKind kind : EntityKinds()) {
+    const std::optional<EntityKind> parent = ParentOf(kind);
+    records.push_back({.name = NameOf(kind), .key = KeyOf(kind), .parent = {}});
+    if (parent) records.back().parent = static_cast<size_t>(*parent);
+  }
+  return records;
+}
+
+Violation ViolationOf(const SchemaViolation& told) {
+  Violation violation{.number = told.number,
+                      .kind = {},
+                      .key = told.key,
+                      .path = told.path,
+                      .place = told.place,
+                      .value = told.value,
+                      .allowed = told.allowed};
+  if (told.record) violation.kind = EntityKinds()[*told.record];
+  return violation;
+}
+
+Violation ViolationOf(const XmlProblem& told) {
+  Violation violation;
+  violation.number = told.number;
+  violation.place = told.place;
+  violation.value = TrimWhiteSpace(told.reason);
+  return violation;
+}
+
+}  // namespace zevo
