@@ -28,6 +28,7 @@
 #include <zevo/model/DocumentTotals.h>
 #include <zevo/model/EntityKind.h>
 #include <zevo/model/ErrorDescription.h>
+#include <zevo/model/Finding.h>
 #include <zevo/model/GeneralLedger.h>
 #include <zevo/model/GeneralLedgerEntries.h>
 #include <zevo/model/Header.h>

@@ -29,12 +29,12 @@ constexpr Phrase kEntriesMissing{"Ainda não existe um GeneralLedgerEntries asso
 
 // What the errors of the section's own operations mean, whose texts say the reverse.
 constexpr std::string_view kEntriesOperations = "GeneralLedgerEntriesDALC.";
-constexpr auto kEntriesRows = std::to_array<Wording>({
+constexpr auto kEntriesRows = std::to_array<Rewording>({
     {Number(Message::kEntriesMissingText), {}, kEntriesExist},
     {Number(Message::kEntriesExistText), {}, kEntriesMissing},
 });
 
-constexpr auto kMessageRows = std::to_array<Wording>({
+constexpr auto kMessageRows = std::to_array<Rewording>({
     {Number(Message::kNoFileName),
      {},
      {"Não foi indicado o nome do ficheiro SAFT-PT", "No name was given for the SAFT-PT file"}},
@@ -80,7 +80,7 @@ constexpr auto kMessageRows = std::to_array<Wording>({
 });
 
 // What details say that are more than a name or a value.
-constexpr auto kDetailRows = std::to_array<Wording>({
+constexpr auto kDetailRows = std::to_array<Rewording>({
     {Number(RunTimeError::kInvalidCall),
      "{1}: carácter não permitido em XML",
      {"O texto de {1} tem um carácter que o XML não permite",

@@ -10,7 +10,7 @@ namespace zevo {
 namespace {
 
 // The numbers are libxml2's; the lower layers alone know its headers. Rows without a wording come last of their number.
-constexpr auto kRows = std::to_array<Wording>({
+constexpr auto kRows = std::to_array<Rewording>({
     {1, {}, {"O ficheiro não é XML bem formado", "The file is not well-formed XML"}},
     {4, "Document is empty", {"O ficheiro está vazio", "The file is empty"}},
     {4,

@@ -51,10 +51,10 @@ bool IsWorded(std::string_view text, std::string_view said, std::vector<std::str
   return text == said;
 }
 
-std::string Reworded(std::span<const Wording> rows, int32_t number, std::string_view said, bool whatever,
+std::string Reworded(std::span<const Rewording> rows, int32_t number, std::string_view said, bool whatever,
                      Language language) {
   std::vector<std::string> values;
-  for (const Wording& row : rows) {
+  for (const Rewording& row : rows) {
     if (row.number != number) continue;
     if (row.said.empty() ? whatever : IsWorded(said, row.said, values)) {
       return Filled(row.phrase.In(language), values);

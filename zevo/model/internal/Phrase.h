@@ -22,7 +22,7 @@ struct Phrase {
 };
 
 /// What another program, or another layer, says under a number, and the phrase for it.
-struct Wording {
+struct Rewording {
   int32_t number;
   /// With places for values, each followed by the text up to the next; empty for whatever is said under the number.
   std::string_view said;
@@ -37,7 +37,7 @@ bool IsWorded(std::string_view text, std::string_view said, std::vector<std::str
 
 /// The first row for what was said under a number, in the language; empty without one. Of rows for whatever is said the
 /// last resort, only with `whatever`.
-std::string Reworded(std::span<const Wording> rows, int32_t number, std::string_view said, bool whatever,
+std::string Reworded(std::span<const Rewording> rows, int32_t number, std::string_view said, bool whatever,
                      Language language);
 
 /// The first characters of a text, as a sentence may have it.

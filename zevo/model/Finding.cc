@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/model/Finding.h>
+
+#include <zevo/model/Violation.h>
+#include <zevo/model/internal/Phrase.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace zevo {
+namespace {
+
+bool IsPortuguese(Language language) { return language == Language::kPortuguese; }
+
+// What a sentence begins with; "#" stands for the key.
+struct SubjectRow {
+  EntityKind kind;
+  std::string_view portuguese;
+  std::string_view english;
+};
+constexpr auto kSubjectRows = std::to_array<SubjectRow>({
+    {EntityKind::kHeader, "Cabeçalho", "Header"},
+    {EntityKind::kGeneralLedger, "Conta #", "Account #"},
+    {EntityKind::kCustomer, "Cliente #", "Customer #"},
+    {EntityKind::kSupplier, "Fornecedor #", "Supplier #"},
+    {EntityKind::kProduct, "Produto #", "Product #"},
+    {EntityKind::kTaxTable, "Tabela de impostos", "Tax table"},
+    {EntityKind::kGeneralLedgerEntries, "Movimentos contabilísticos", "Ledger entries"},
+    {EntityKind::kJournal, "Diário #", "Journal #"},
+    {EntityKind::kTransaction, "Movimento #", "Transaction #"},
+    {EntityKind::kSalesInvoices, "Faturas", "Invoices"},
+    {EntityKind::kInvoice, "#", "#"},
+});
+
+consteval bool SubjectsInOrderOfValues() {
+  for (size_t i = 0; i < kSubjectRows.size(); ++i) {
+    if (static_cast<size_t>(kSubjectRows[i].kind) != i) return false;
+  }
+  return kSubjectRows.size() == kEntityKinds;
+}
+static_assert(SubjectsInOrderOfValues());
+
+// The line of a document that a path leads into, such as "2"; empty where it leads into none, or into the only one.
+std::string_view LineOf(std::string_view path) {
+  constexpr std::string_view kLine = "Line[";
+  if (!path.starts_with(kLine)) return {};
+  return path.substr(kLine.size(), path.find(']') - kLine.size());
+}
+
+std::string SubjectOf(const Finding& finding, Language language) {
+  if (!finding.kind) return {};
+  const SubjectRow& row = kSubjectRows[static_cast<size_t>(*finding.kind)];
+  std::string subject(IsPortuguese(language) ? row.portuguese : row.english);
+  if (const size_t at = subject.find('#'); at != std::string::npos) {
+    const std::string none = IsPortuguese(language) ? "(sem identificação)" : "(without identification)";
+    subject.replace(at, 1, finding.key.empty() ? none : AbridgedText(finding.key));
+  }
+  if (const std::string_view line = LineOf(finding.path); !line.empty()) {
+    subject.append(IsPortuguese(language) ? ", linha " : ", line ").append(line);
+  }
+  return subject.append(": ");
+}
+
+std::string Shown(std::string_view value, bool numbers, Language language) {
+  std::string shown = AbridgedText(value);
+  if (numbers && IsPortuguese(language)) std::ranges::replace(shown, '.', ',');
+  return shown;
+}
+
+std::string Filled(std::string_view text, const Finding& finding, Language language) {
+  std::string filled;
+  while (true) {
+    const size_t open = text.find('{');
+    filled.append(text.substr(0, open));
+    if (open == std::string_view::npos) return filled;
+    const size_t close = text.find('}', open);
+    std::string_view name = text.substr(open + 1, close - open - 1);
+    const bool numbers = name.ends_with('#');
+    if (numbers) name.remove_suffix(1);
+    const std::string& value = name == "found"      ? finding.found
+                               : name == "expected" ? finding.expected
+                                                    : finding.difference;
+    filled.append(Shown(value, numbers, language));
+    text.remove_prefix(close + 1);
+  }
+}
+
+// A finding that comes without its sentence still says what it has.
+std::string Plain(const Finding& finding, Language language) {
+  const bool portuguese = IsPortuguese(language);
+  std::string sentence(finding.rule);
+  if (!finding.path.empty()) sentence.append(", ").append(finding.path);
+  sentence.append(portuguese ? ": encontrado \"" : ": found \"").append(AbridgedText(finding.found)).append("\"");
+  if (finding.expected.empty()) return sentence;
+  return sentence.append(portuguese ? ", esperado \"" : ", expected \"")
+      .append(AbridgedText(finding.expected))
+      .append("\"");
+}
+
+}  // namespace
+
+std::string Describe(const Finding& finding, Language language) {
+  if (finding.wording.violation != 0) {
+    return Describe(Violation{.number = finding.wording.violation,
+                              .kind = finding.kind,
+                              .key = finding.key,
+                              .path = finding.path,
+                              .place = {},
+                              .value = finding.found,
+                              .allowed = finding.expected},
+                    language);
+  }
+  std::string sentence = SubjectOf(finding, language);
+  if (const Sentence* const worded = finding.wording.sentence; worded != nullptr) {
+    sentence += Filled(IsPortuguese(language) ? worded->portuguese : worded->english, finding, language);
+  } else {
+    sentence += Plain(finding, language);
+  }
+  return sentence += '.';
+}
+
+}  // namespace zevo
