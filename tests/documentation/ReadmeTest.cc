@@ -73,6 +73,16 @@ TEST(ReadmeTest, TheExamplePrintsViolations) {
   EXPECT_FALSE(PrintViolations(folder.Path("none.xml"), out));
 }
 
+TEST(ReadmeTest, TheExampleSaysWhetherAFileIsRight) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("a.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01">
+<Header/></AuditFile>)");
+  std::ostringstream out;
+  EXPECT_FALSE(IsRight(file, out));
+  EXPECT_NE(out.str().find("SCHEMA: The header has no CompanyID, which is required.\n"), std::string::npos)
+      << out.str();
+}
+
 TEST(ReadmeTest, TheCMakeLinesAreThoseOfTheConsumerThatIsTested) {
   const std::string readme = ReadBytes(InSource("README.md"));
   const std::string consumer = ReadBytes(InSource("tests/consumer/CMakeLists.txt"));

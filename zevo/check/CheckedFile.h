@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_CHECK_CHECKEDFILE_H_
+#define ZEVO_CHECK_CHECKEDFILE_H_
+
+#include <zevo/check/AccountPlan.h>
+#include <zevo/check/CalendarDate.h>
+#include <zevo/check/EntityFacts.h>
+#include <zevo/check/FileKeys.h>
+#include <zevo/check/KeptElement.h>
+#include <zevo/check/LedgerSums.h>
+#include <zevo/dal/ScannedEntity.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace zevo {
+
+/// An entity that outlives the next ones, with its facts.
+template <class Facts>
+class KeptEntity {
+ public:
+  KeptEntity() = default;
+  KeptEntity(const KeptEntity&) = delete;
+  KeptEntity& operator=(const KeptEntity&) = delete;
+
+  /// The first one counts.
+  void Keep(const Facts& facts) {
+    if (IsThere()) return;
+    entity_ = *facts.entity;
+    TakeFacts(entity_, facts_);
+  }
+  bool IsThere() const { return facts_.entity != nullptr; }
+  const Facts& operator*() const { return facts_; }
+  const Facts* operator->() const { return &facts_; }
+
+ private:
+  ScannedEntity entity_;
+  Facts facts_;
+};
+
+/// What is known of a file from its entities so far, for rules to look at. Each entity is taken in before rules judge
+/// it, whatever rules are on. What takes more than a line to know is a class of its own.
+class CheckedFile {
+ public:
+  /// See FileKeys.
+  explicit CheckedFile(size_t mostKept) : keys_(mostKept) {}
+
+  void Take(const HeaderFacts& facts);
+  void Take(const AccountFacts& facts);
+  void Take(const PartyFacts& facts);
+  void Take(const ProductFacts& facts);
+  void Take(const TaxTableFacts& facts);
+  void Take(const SectionFacts& facts);
+  void Take(const JournalFacts& facts);
+  void Take(const TransactionFacts& facts);
+  void Take(const InvoiceFacts& facts);
+
+  const KeptEntity<HeaderFacts>& Header() const { return header_; }
+  const KeptEntity<SectionFacts>& LedgerEntries() const { return ledger_entries_; }
+  const KeptEntity<SectionFacts>& SalesInvoices() const { return sales_invoices_; }
+  const FileKeys& Keys() const { return keys_; }
+  const AccountPlan& Accounts() const { return accounts_; }
+  const LedgerSums& Ledger() const { return ledger_; }
+  int64_t Invoices() const { return invoices_; }
+
+  /// Whether the header has this basis.
+  bool HasBasis(std::string_view code) const { return header_.IsThere() && header_->HasBasis(code); }
+  /// Whether a date is in the header's period; nothing where that is not known.
+  std::optional<bool> IsInPeriod(const CalendarDate& date) const;
+  /// The month of the fiscal year that a date is in, from 1 to 12. Nothing where the first one cannot be known, because
+  /// the header's period is no whole year of months, and outside of the period.
+  std::optional<int> FiscalMonthOf(const CalendarDate& date) const;
+  /// The latest SystemEntryDate, by its date; of several the first in the file.
+  struct Entry {
+    CalendarDate date;
+    KeptElement at;
+  };
+  const std::optional<Entry>& LatestEntry() const { return latest_entry_; }
+
+ private:
+  void TakeEntryDate(const EntityFacts& facts, const TimeFact& time);
+
+  KeptEntity<HeaderFacts> header_;
+  KeptEntity<SectionFacts> ledger_entries_;
+  KeptEntity<SectionFacts> sales_invoices_;
+  FileKeys keys_;
+  AccountPlan accounts_;
+  LedgerSums ledger_;
+  int64_t invoices_ = 0;
+  std::optional<Entry> latest_entry_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_CHECK_CHECKEDFILE_H_

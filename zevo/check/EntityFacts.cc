@@ -1,0 +1,335 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/EntityFacts.h>
+
+#include <zevo/dal/ElementName.h>
+#include <zevo/model/Totals.h>
+#include <zevo/platform/Text.h>
+
+#include <algorithm>
+#include <charconv>
+#include <concepts>
+#include <optional>
+#include <span>
+#include <system_error>
+#include <utility>
+
+namespace zevo {
+namespace {
+
+/// Takes the element that fills a member, with all that is inside.
+template <class Facts>
+struct FactRow {
+  uint32_t number;  // of the element's name
+  void (*take)(Facts& facts, const ScannedEntity& entity, size_t element);
+};
+
+template <class T>
+void Set(Fact<T>& fact, size_t element, std::optional<T> value) {
+  using State = typename Fact<T>::State;
+  fact.element = static_cast<uint32_t>(element);
+  fact.state = value ? State::kRead : State::kUnreadable;
+  if (value) fact.value = *std::move(value);
+}
+
+// As XML Schema writes whole numbers.
+std::optional<int64_t> WholeNumber(std::string_view text) {
+  std::string_view digits = TrimWhiteSpace(text);
+  if (digits.starts_with('+')) digits.remove_prefix(1);
+  int64_t number = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto read = std::from_chars(digits.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end || digits.starts_with("+")) return std::nullopt;
+  return number;
+}
+
+void TakeElement(TextFact& fact, const ScannedEntity& entity, size_t element) {
+  if (!fact.IsThere()) Set(fact, element, std::optional(entity.TextOf(element)));
+}
+void TakeElement(NumberFact& fact, const ScannedEntity& entity, size_t element) {
+  if (!fact.IsThere()) Set(fact, element, Decimal::FromText(entity.TextOf(element)));
+}
+void TakeElement(CountFact& fact, const ScannedEntity& entity, size_t element) {
+  if (!fact.IsThere()) Set(fact, element, WholeNumber(entity.TextOf(element)));
+}
+void TakeElement(DateFact& fact, const ScannedEntity& entity, size_t element) {
+  if (!fact.IsThere()) Set(fact, element, CalendarDate::FromText(entity.TextOf(element)));
+}
+void TakeElement(TimeFact& fact, const ScannedEntity& entity, size_t element) {
+  if (!fact.IsThere()) Set(fact, element, CalendarTime::FromText(entity.TextOf(element)));
+}
+
+/// The table of a kind of facts: specialised for each below.
+template <class Facts>
+struct FactTable;
+
+// What follows an element and all that is inside it.
+size_t Behind(const ScannedEntity& entity, size_t element) {
+  const int depth = entity.DepthOf(element);
+  do {
+    ++element;
+  } while (element < entity.Count() && entity.DepthOf(element) > depth);
+  return element;
+}
+
+// Children come in the order of their table, as a rule: each is looked for behind the one before.
+template <class Facts>
+void TakeChildren(Facts& facts, const ScannedEntity& entity, size_t element) {
+  constexpr auto& kRows = FactTable<Facts>::kRows;
+  const int depth = entity.DepthOf(element);
+  size_t expected = 0;
+  for (size_t child = element + 1; child < entity.Count() && entity.DepthOf(child) > depth;
+       child = Behind(entity, child)) {
+    const uint32_t name = entity.NameOf(child).element;
+    for (size_t tried = 0; tried < kRows.size(); ++tried) {
+      const size_t row = expected + tried < kRows.size() ? expected + tried : expected + tried - kRows.size();
+      if (kRows[row].number != name) continue;
+      kRows[row].take(facts, entity, child);
+      expected = row;
+      break;
+    }
+  }
+}
+
+template <std::derived_from<GroupFacts> Group>
+void TakeElement(Group& group, const ScannedEntity& entity, size_t element) {
+  if (group.there) return;
+  group.there = true;
+  group.element = static_cast<uint32_t>(element);
+  TakeChildren(group, entity, element);
+}
+
+template <std::derived_from<GroupFacts> Group>
+void TakeElement(std::vector<Group>& groups, const ScannedEntity& entity, size_t element) {
+  TakeElement(groups.emplace_back(), entity, element);
+}
+
+/// The row of a member.
+template <class Facts, auto kMember>
+constexpr FactRow<Facts> Fills(ElementName element) {
+  return {element.Number(),
+          [](Facts& facts, const ScannedEntity& entity, size_t at) { TakeElement(facts.*kMember, entity, at); }};
+}
+
+template <>
+struct FactTable<AddressFacts> {
+  using Facts = AddressFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::postal_code>("PostalCode"),
+                                    Fills<Facts, &Facts::country>("Country")};
+};
+
+template <>
+struct FactTable<HeaderFacts> {
+  using Facts = HeaderFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::version>("AuditFileVersion"),
+                                    Fills<Facts, &Facts::tax_registration_number>("TaxRegistrationNumber"),
+                                    Fills<Facts, &Facts::basis>("TaxAccountingBasis"),
+                                    Fills<Facts, &Facts::fiscal_year>("FiscalYear"),
+                                    Fills<Facts, &Facts::start_date>("StartDate"),
+                                    Fills<Facts, &Facts::end_date>("EndDate"),
+                                    Fills<Facts, &Facts::date_created>("DateCreated"),
+                                    Fills<Facts, &Facts::tax_entity>("TaxEntity"),
+                                    Fills<Facts, &Facts::certificate>("SoftwareCertificateNumber")};
+};
+
+template <>
+struct FactTable<AccountFacts> {
+  using Facts = AccountFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::id>("AccountID"),
+                                    Fills<Facts, &Facts::opening_debit>("OpeningDebitBalance"),
+                                    Fills<Facts, &Facts::opening_credit>("OpeningCreditBalance")};
+};
+
+template <>
+struct FactTable<PartyFacts> {
+  using Facts = PartyFacts;
+  static constexpr std::array kRows{
+      Fills<Facts, &Facts::id>("CustomerID"),           Fills<Facts, &Facts::id>("SupplierID"),
+      Fills<Facts, &Facts::account>("AccountID"),       Fills<Facts, &Facts::tax_id>("CustomerTaxID"),
+      Fills<Facts, &Facts::tax_id>("SupplierTaxID"),    Fills<Facts, &Facts::name>("CompanyName"),
+      Fills<Facts, &Facts::billing>("BillingAddress"),  Fills<Facts, &Facts::shipping>("ShipToAddress"),
+      Fills<Facts, &Facts::shipping>("ShipFromAddress")};
+};
+
+template <>
+struct FactTable<ProductFacts> {
+  using Facts = ProductFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::code>("ProductCode")};
+};
+
+template <>
+struct FactTable<TaxFacts> {
+  using Facts = TaxFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::type>("TaxType"),
+                                    Fills<Facts, &Facts::region>("TaxCountryRegion"),
+                                    Fills<Facts, &Facts::code>("TaxCode"),
+                                    Fills<Facts, &Facts::expires>("TaxExpirationDate"),
+                                    Fills<Facts, &Facts::percentage>("TaxPercentage"),
+                                    Fills<Facts, &Facts::amount>("TaxAmount")};
+};
+
+template <>
+struct FactTable<TaxTableFacts> {
+  using Facts = TaxTableFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::entries>("TaxTableEntry")};
+};
+
+template <>
+struct FactTable<SectionFacts> {
+  using Facts = SectionFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::entries>("NumberOfEntries"),
+                                    Fills<Facts, &Facts::debit>("TotalDebit"),
+                                    Fills<Facts, &Facts::credit>("TotalCredit")};
+};
+
+template <>
+struct FactTable<JournalFacts> {
+  using Facts = JournalFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::id>("JournalID")};
+};
+
+template <>
+struct FactTable<EntryLineFacts> {
+  using Facts = EntryLineFacts;
+  static constexpr std::array kRows{
+      Fills<Facts, &Facts::record_id>("RecordID"), Fills<Facts, &Facts::account>("AccountID"),
+      Fills<Facts, &Facts::entry_date>("SystemEntryDate"), Fills<Facts, &Facts::debit>("DebitAmount"),
+      Fills<Facts, &Facts::credit>("CreditAmount")};
+};
+
+template <>
+struct FactTable<TransactionFacts> {
+  using Facts = TransactionFacts;
+  static constexpr std::array kRows{
+      Fills<Facts, &Facts::id>("TransactionID"),           Fills<Facts, &Facts::period>("Period"),
+      Fills<Facts, &Facts::date>("TransactionDate"),       Fills<Facts, &Facts::archival_number>("DocArchivalNumber"),
+      Fills<Facts, &Facts::posting_date>("GLPostingDate"), Fills<Facts, &Facts::customer>("CustomerID"),
+      Fills<Facts, &Facts::supplier>("SupplierID"),        Fills<Facts, &Facts::lines>("Line")};
+};
+
+template <>
+struct FactTable<OrderFacts> {
+  using Facts = OrderFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::date>("OrderDate")};
+};
+
+template <>
+struct FactTable<CreditNoteFacts> {
+  using Facts = CreditNoteFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::reference>("Reference"),
+                                    Fills<Facts, &Facts::reason>("Reason")};
+};
+
+template <>
+struct FactTable<ReferencesFacts> {
+  using Facts = ReferencesFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::credit_note>("CreditNote")};
+};
+
+template <>
+struct FactTable<InvoiceLineFacts> {
+  using Facts = InvoiceLineFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::number>("LineNumber"),
+                                    Fills<Facts, &Facts::orders>("OrderReferences"),
+                                    Fills<Facts, &Facts::product>("ProductCode"),
+                                    Fills<Facts, &Facts::quantity>("Quantity"),
+                                    Fills<Facts, &Facts::unit_price>("UnitPrice"),
+                                    Fills<Facts, &Facts::tax_point>("TaxPointDate"),
+                                    Fills<Facts, &Facts::references>("References"),
+                                    Fills<Facts, &Facts::debit>("DebitAmount"),
+                                    Fills<Facts, &Facts::credit>("CreditAmount"),
+                                    Fills<Facts, &Facts::tax>("Tax"),
+                                    Fills<Facts, &Facts::exemption_reason>("TaxExemptionReason"),
+                                    Fills<Facts, &Facts::settlement>("SettlementAmount")};
+};
+
+template <>
+struct FactTable<CurrencyFacts> {
+  using Facts = CurrencyFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::code>("CurrencyCode"),
+                                    Fills<Facts, &Facts::credit>("CurrencyCreditAmount"),
+                                    Fills<Facts, &Facts::debit>("CurrencyDebitAmount")};
+};
+
+template <>
+struct FactTable<TotalsFacts> {
+  using Facts = TotalsFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::tax>("TaxPayable"), Fills<Facts, &Facts::net>("NetTotal"),
+                                    Fills<Facts, &Facts::gross>("GrossTotal"),
+                                    Fills<Facts, &Facts::currency>("Currency")};
+};
+
+template <>
+struct FactTable<ShippingFacts> {
+  using Facts = ShippingFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::delivery_date>("DeliveryDate"),
+                                    Fills<Facts, &Facts::address>("Address")};
+};
+
+template <>
+struct FactTable<InvoiceFacts> {
+  using Facts = InvoiceFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::number>("InvoiceNo"),
+                                    Fills<Facts, &Facts::status>("InvoiceStatus"),
+                                    Fills<Facts, &Facts::hash>("Hash"),
+                                    Fills<Facts, &Facts::hash_control>("HashControl"),
+                                    Fills<Facts, &Facts::period>("Period"),
+                                    Fills<Facts, &Facts::date>("InvoiceDate"),
+                                    Fills<Facts, &Facts::type>("InvoiceType"),
+                                    Fills<Facts, &Facts::self_billing>("SelfBillingIndicator"),
+                                    Fills<Facts, &Facts::entry_date>("SystemEntryDate"),
+                                    Fills<Facts, &Facts::transaction_id>("TransactionID"),
+                                    Fills<Facts, &Facts::customer>("CustomerID"),
+                                    Fills<Facts, &Facts::ship_to>("ShipTo"),
+                                    Fills<Facts, &Facts::ship_from>("ShipFrom"),
+                                    Fills<Facts, &Facts::lines>("Line"),
+                                    Fills<Facts, &Facts::totals>("DocumentTotals")};
+};
+
+template <class Facts>
+void Take(const ScannedEntity& entity, Facts& facts) {
+  facts.entity = &entity;
+  if (const std::string_view key = KeyOf(entity.Kind()); !key.empty()) {
+    if (const auto element = entity.Find(key)) TakeElement(facts.key, entity, *element);
+  }
+  TakeChildren(facts, entity, 0);
+}
+
+// Empties the facts, but for the memory of their list.
+template <class Facts, class List>
+void Reuse(Facts& facts, List Facts::*list) {
+  List kept = std::move(facts.*list);
+  kept.clear();
+  facts = Facts();
+  facts.*list = std::move(kept);
+}
+
+}  // namespace
+
+bool InvoiceFacts::IsCancelled() const {
+  return (status.Read() && *status == "A") || (transaction_id.Read() && !CountsInTotals(*transaction_id));
+}
+
+bool InvoiceFacts::IsLive() const { return !IsCancelled() && !(status.Read() && *status == "F"); }
+
+bool InvoiceFacts::IsDebitDocument() const {
+  constexpr std::array<std::string_view, 4> kTypes{"NC", "TD", "DA", "RE"};
+  return type.Read() && std::ranges::find(kTypes, *type) != kTypes.end();
+}
+
+void TakeFacts(const ScannedEntity& entity, HeaderFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, AccountFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, PartyFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, ProductFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, TaxTableFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, SectionFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, JournalFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, TransactionFacts& facts) {
+  Reuse(facts, &TransactionFacts::lines);
+  Take(entity, facts);
+}
+void TakeFacts(const ScannedEntity& entity, InvoiceFacts& facts) {
+  Reuse(facts, &InvoiceFacts::lines);
+  Take(entity, facts);
+}
+
+}  // namespace zevo

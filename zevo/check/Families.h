@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_CHECK_FAMILIES_H_
+#define ZEVO_CHECK_FAMILIES_H_
+
+#include <zevo/check/Rule.h>
+
+#include <span>
+
+namespace zevo {
+
+// The families of rules, one file each. The order is that of AllRules, and of findings of one entity.
+std::span<const Rule> FileRules();
+std::span<const Rule> HeaderRules();
+std::span<const Rule> PartyRules();
+std::span<const Rule> AccountRules();
+std::span<const Rule> KeyRules();
+std::span<const Rule> LedgerRules();
+
+inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules,    HeaderRules, PartyRules,
+                                                           AccountRules, KeyRules,    LedgerRules};
+
+}  // namespace zevo
+
+#endif  // ZEVO_CHECK_FAMILIES_H_

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/FileKeys.h>
+
+namespace zevo {
+namespace {
+
+// What has to have the key, in the order of the uses.
+constexpr std::array kTargets{EntityKind::kCustomer,      EntityKind::kSupplier,      EntityKind::kProduct,
+                              EntityKind::kGeneralLedger, EntityKind::kGeneralLedger, EntityKind::kTransaction};
+
+EntityKind TargetOf(FileKeys::Use use) { return kTargets[static_cast<size_t>(use)]; }
+
+}  // namespace
+
+FileKeys::FileKeys(size_t mostKept) : most_kept_(mostKept) { complete_.fill(true); }
+
+void FileKeys::Take(const EntityFacts& facts) {
+  repeated_ = false;
+  if (KeyOf(facts.Kind()).empty()) return;
+  const auto kind = static_cast<size_t>(facts.Kind());
+  if (facts.key.Missing()) {
+    complete_[kind] = false;
+  } else {
+    repeated_ = !sets_[kind].Add(*facts.key);
+  }
+}
+
+void FileKeys::Add(Use use, const EntityFacts& facts, const TextFact& key) {
+  if (key.Missing()) return;
+  const Digest digest = KeyedDigest(*key);
+  if (SetOf(TargetOf(use)).Has(digest)) return;
+  Uses& uses = uses_[static_cast<size_t>(use)];
+  if (most_kept_ == 0 || uses.kept.size() < most_kept_) {
+    uses.kept.push_back(Keep(facts, key));
+  } else {
+    uses.digests.push_back(digest);
+  }
+}
+
+FileKeys::Dangling FileKeys::DanglingOf(Use use) const {
+  Dangling dangling;
+  const EntityKind target = TargetOf(use);
+  if (!IsComplete(target)) return dangling;
+  const Uses& uses = uses_[static_cast<size_t>(use)];
+  for (const KeptElement& kept : uses.kept) {
+    if (!Has(target, kept.text)) dangling.kept.push_back(&kept);
+  }
+  for (const Digest& digest : uses.digests) {
+    if (!SetOf(target).Has(digest)) ++dangling.more;
+  }
+  return dangling;
+}
+
+}  // namespace zevo

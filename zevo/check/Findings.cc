@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/Findings.h>
+
+#include <zevo/TextHash.h>
+#include <zevo/check/FileRules.h>
+#include <zevo/check/Rule.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace zevo {
+namespace {
+
+// An element as findings and violations name it.
+std::string NameOf(const std::optional<EntityKind>& kind, std::string_view key, std::string_view path) {
+  std::string name(kind ? zevo::NameOf(*kind) : std::string_view());
+  return name.append(1, '\0').append(key).append(1, '\0').append(path);
+}
+
+/// What the schema has against an element.
+enum class Told : uint8_t { kViolation, kUnreadable };
+
+template <class T>
+std::string NameOf(const T& told) {
+  return NameOf(told.kind, told.key, told.path);
+}
+
+}  // namespace
+
+Findings::Findings(const CheckSettings& settings, const Sink& found, bool schemaViolated)
+    : settings_(settings), found_(found), schema_violated_(schemaViolated), counts_(settings.severities.size()) {}
+
+// What a host sets is for the findings of the rule's own severity; those that it tells softer are never harder for it.
+Severity Findings::SeverityOf(size_t rule, Severity told) const {
+  const Severity set = settings_.severities[rule];
+  return told == AllRules()[rule].info.severity ? set : std::min(set, told);
+}
+
+bool Findings::Wants(size_t rule) const {
+  if (schema_violated_) return true;
+  return found_ && (settings_.most_of_a_rule == 0 || counts_[rule] < Most());
+}
+
+void Findings::Tell(size_t rule, Finding finding) {
+  if (!IsOn(rule)) return;
+  if (schema_violated_) {
+    held_.push_back({rule, std::move(finding)});
+  } else {
+    Raise(rule, std::move(finding));
+  }
+}
+
+void Findings::Count(size_t rule, Severity severity, size_t findings) {
+  if (IsOn(rule) && findings > 0) Add(rule, SeverityOf(rule, severity), findings);
+}
+
+void Findings::Add(size_t rule, Severity severity, size_t findings) {
+  counts_[rule] += static_cast<int64_t>(findings);
+  worst_ = std::max(worst_, severity);
+}
+
+void Findings::Raise(size_t rule, Finding finding) {
+  finding.rule = AllRules()[rule].info.id;
+  finding.severity = SeverityOf(rule, finding.severity);
+  const bool told = found_ && (settings_.most_of_a_rule == 0 || counts_[rule] < Most());
+  Add(rule, finding.severity, 1);
+  if (told) found_(finding);
+}
+
+void Findings::Tell(const Violation& violation) { waiting_.push_back(violation); }
+
+void Findings::EndEntity(const EntityFacts& entity) {
+  if (!schema_violated_) return;
+  const int64_t end = entity.entity->PlaceOf(entity.entity->Count() - 1).offset;
+  std::vector<Violation> violations;
+  while (!waiting_.empty() && waiting_.front().place.offset <= end) {
+    violations.push_back(std::move(waiting_.front()));
+    waiting_.pop_front();
+  }
+  Settle(violations);
+}
+
+void Findings::End() {
+  std::vector<Violation> violations(waiting_.begin(), waiting_.end());
+  waiting_.clear();
+  Settle(violations);
+}
+
+bool Findings::SilencesSchema(const Held& held) const {
+  return held.finding.severity == Severity::kError || AllRules()[held.rule].stands_for_schema;
+}
+
+// Of the same element, READ is told before any rule, an error before the schema's violation, and that before what is
+// softer.
+void Findings::Settle(const std::vector<Violation>& violations) {
+  TextMap<Told> at;  // by elements that violations are of
+  for (const Violation& violation : violations) {
+    Told& told = at[NameOf(violation)];
+    told = RuleOf(violation) == RulesOfViolations().read ? Told::kUnreadable : std::max(told, Told::kViolation);
+  }
+  for (Held& held : held_) {
+    const std::string name = NameOf(held.finding);
+    const auto told = at.find(name);
+    if (told != at.end() && (told->second == Told::kUnreadable || !SilencesSchema(held))) continue;
+    // Violations may come late, when the key of their record does.
+    if (SilencesSchema(held)) told_.Add(name);
+    Raise(held.rule, std::move(held.finding));
+  }
+  held_.clear();
+  for (const Violation& violation : violations) {
+    const size_t rule = RuleOf(violation);
+    if (!IsOn(rule) || told_.Has(NameOf(violation))) continue;
+    if (IsDangling(violation) && IsOn(RulesOfViolations().references)) continue;  // told at the end
+    Raise(rule, FindingOf(violation));
+  }
+}
+
+// Which of the rules tells a violation.
+size_t Findings::RuleOf(const Violation& violation) const {
+  const ViolationRules& rules = RulesOfViolations();
+  return IsUnreadable(violation) && IsOn(rules.read) ? rules.read : rules.schema;
+}
+
+CheckVerdict Findings::Verdict() const {
+  switch (worst_) {
+    case Severity::kError:
+      return CheckVerdict::kErrors;
+    case Severity::kWarning:
+      return CheckVerdict::kWarnings;
+    case Severity::kInformation:
+    case Severity::kOff:
+      return CheckVerdict::kClean;
+  }
+  return CheckVerdict::kNotJudged;
+}
+
+}  // namespace zevo

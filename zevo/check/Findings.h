@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_CHECK_FINDINGS_H_
+#define ZEVO_CHECK_FINDINGS_H_
+
+#include <zevo/check/EntityFacts.h>
+#include <zevo/check/KeySet.h>
+#include <zevo/model/Finding.h>
+#include <zevo/model/Violation.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <set>
+#include <span>
+#include <vector>
+
+namespace zevo {
+
+/// What a host wants of a check.
+struct CheckSettings {
+  std::vector<Severity> severities;  ///< of the rules, in their order
+  size_t most_of_a_rule = 20;        ///< findings that are told; 0 for all
+};
+
+/// Where everything that is found comes together, and the one place that knows severities, what silences what, how much
+/// is told and in which order.
+///
+/// In a file that the schema allows findings are told as they come. In another the findings of an entity wait until the
+/// violations in it are known, so that each fault is told once.
+class Findings {
+ public:
+  using Sink = std::function<void(const Finding&)>;
+
+  /// What it is given must outlive it. `schemaViolated` is whether violations will come.
+  Findings(const CheckSettings& settings, const Sink& found, bool schemaViolated);
+
+  bool IsOn(size_t rule) const { return settings_.severities[rule] != Severity::kOff; }
+  /// Whether another finding of the rule needs more than to be counted.
+  bool Wants(size_t rule) const;
+  /// Whether this is the first call with the sentence, of those that are told once a file.
+  bool IsFirst(const Sentence& sentence) { return once_.insert(&sentence).second; }
+  /// A finding with the severity that the rule tells it with.
+  void Tell(size_t rule, Finding finding);
+  /// Findings that are not wanted, with that severity.
+  void Count(size_t rule, Severity severity, size_t findings);
+
+  /// What the schema does not allow, in the order of a diagnosis.
+  void Tell(const Violation& violation);
+  /// An entity is through, and all violations in it were told.
+  void EndEntity(const EntityFacts& entity);
+  /// There is no more to come.
+  void End();
+
+  std::span<const int64_t> Counts() const { return counts_; }
+  CheckVerdict Verdict() const;
+
+ private:
+  struct Held {
+    size_t rule;
+    Finding finding;
+  };
+
+  Severity SeverityOf(size_t rule, Severity told) const;
+  bool SilencesSchema(const Held& held) const;
+  size_t RuleOf(const Violation& violation) const;
+  int64_t Most() const { return static_cast<int64_t>(settings_.most_of_a_rule); }
+  void Settle(const std::vector<Violation>& violations);
+  void Add(size_t rule, Severity severity, size_t findings);
+  void Raise(size_t rule, Finding finding);
+
+  const CheckSettings& settings_;
+  const Sink& found_;
+  bool schema_violated_;
+  std::vector<int64_t> counts_;
+  Severity worst_ = Severity::kOff;
+  std::set<const Sentence*> once_;
+  std::vector<Held> held_;         // of the entity at hand
+  std::deque<Violation> waiting_;  // of entities to come
+  KeySet told_;                    // elements that a rule has told in place of the schema
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_CHECK_FINDINGS_H_

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/Judgement.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace zevo {
+
+void Judgement::Tell(const RuleSentence& sentence, const EntityFacts& facts, const ElementSpot& at,
+                     FindingValues values) {
+  if (!findings_.Wants(rule_)) {
+    return findings_.Count(rule_, std::min(sentence.severity, values.at_most), 1);
+  }
+  Tell(sentence, Keep(facts, at), std::move(values));
+}
+
+void Judgement::TellOnce(const RuleSentence& sentence, const EntityFacts& facts, const ElementSpot& at,
+                         FindingValues values) {
+  if (findings_.IsFirst(sentence.text)) Tell(sentence, facts, at, std::move(values));
+}
+
+void Judgement::Tell(const RuleSentence& sentence, const KeptElement& at, FindingValues values) {
+  Finding finding;
+  finding.severity = std::min(sentence.severity, values.at_most);
+  finding.kind = at.kind;
+  finding.key = at.key;
+  finding.path = at.path;
+  finding.place = at.place;
+  finding.found = values.found.empty() ? at.text : std::move(values.found);
+  finding.expected = std::move(values.expected);
+  if (values.difference) finding.difference = values.difference->Text();
+  finding.wording.sentence = &sentence.text;
+  findings_.Tell(rule_, std::move(finding));
+}
+
+void Judgement::TellMore(const RuleSentence& sentence, size_t findings) {
+  findings_.Count(rule_, sentence.severity, findings);
+}
+
+}  // namespace zevo

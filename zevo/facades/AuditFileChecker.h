@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_FACADES_AUDITFILECHECKER_H_
+#define ZEVO_FACADES_AUDITFILECHECKER_H_
+
+#include <zevo/Api.h>
+#include <zevo/facades/Facade.h>
+#include <zevo/model/Finding.h>
+#include <zevo/model/Language.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// Judges whether an audit file is right: by the schema, and by what an auditor asks beyond it. `Rules` are what it
+/// looks at; docs/rules.md lists them.
+///
+/// One fault is one finding. Amounts are judged as they are written, exactly, however long they are. What cannot be
+/// read is told once, and nothing that it takes part in.
+///
+/// A file that the schema allows is read twice, another three times side by side, in memory that does not grow with it
+/// but for its keys, 64 bytes each, its accounts, and what a finding at the end of the file may be about.
+///
+/// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
+/// success makes `AuditException` null. An object is used by one thread at a time.
+class ZEVO_API AuditFileChecker : public Facade {
+ public:
+  AuditFileChecker();
+  ~AuditFileChecker();
+
+  /// Path of the file, in UTF-8: of a regular file.
+  const std::string& AuditFileName() const;
+  void set_AuditFileName(std::string_view value);
+  /// The same as `Options::SchemaLocation`. Where no schema is named and there is none at the default place, the one
+  /// that is built into the library counts.
+  std::string AuditFileSchema() const;
+  void set_AuditFileSchema(std::string_view value);
+
+  /// Adds a key that signatures of documents may have been made with, as a PEM text, and the version of it that
+  /// HashControl tells; 0 is the key for all versions. Another key of the version replaces the one before. Raises error
+  /// 5 for what is no RSA public key. A key is used by those of `Rules` that verify signatures; where none does, it is
+  /// only kept.
+  void AddPublicKey(std::string_view pem, int version = 0);
+
+  /// How much the findings of a rule weigh. Those that a rule tells softer than its own severity are never harder for
+  /// it, and a rule that is `kOff` judges nothing. Raises error 5 for an identifier of no rule.
+  zevo::Severity Severity(std::string_view rule) const;
+  void set_Severity(std::string_view rule, zevo::Severity value);
+  /// The language of `MessageOf`. Portuguese at first.
+  zevo::Language Language() const;
+  void set_Language(zevo::Language value);
+  /// How many findings of a rule are told; 20 at first, 0 for all. `CountOf` and the verdict are of all. Raises error 5
+  /// for less than 0.
+  int MostFindings() const;
+  void set_MostFindings(int of_a_rule);
+
+  /// Gets each finding once it is certain, in an order that is the same for the same file. What it throws ends the
+  /// check as a failure.
+  std::function<void(const Finding& finding)> Found;
+
+  /// Judges the file on disk. True when that could be done, whatever the verdict. Fails as `AuditFileScanner` does
+  /// where the file cannot be opened or read to its end, after the findings up to there; with message 601 or 602, and a
+  /// finding of the rule VERSION, where it is of another version or no audit file; with message 501 after
+  /// `AbortChecking`; and where the schema cannot be used. The verdict is `kNotJudged` then.
+  bool CheckAuditFile();
+  /// Makes the check fail before it judges another record. For a program that has seen enough.
+  void AbortChecking();
+
+  /// What the last `CheckAuditFile` says of the file; `kNotJudged` before the first.
+  CheckVerdict Verdict() const;
+  /// How many findings of a rule there were, told or not. Raises error 5 for an identifier of no rule.
+  int64_t CountOf(std::string_view rule) const;
+  /// The same as `Describe`, in `Language`.
+  std::string MessageOf(const Finding& finding) const;
+
+  /// How many bytes of the file the rules have judged so far, to show progress. The schema's own verdict comes first.
+  uint64_t BytesRead() const;
+
+  /// The rules, in an order that never changes within a version.
+  static std::span<const RuleInfo> Rules();
+
+ private:
+  class Run;
+  struct State;
+
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_FACADES_AUDITFILECHECKER_H_
