@@ -142,9 +142,9 @@ TEST_F(LedgerRulesTest, ClosingPeriodsAreOfTheLastMonth) {
                                  .With("Transaction[3]/GLPostingDate", "2008-12-31T00:00:00")
                                  .With("Invoice[3]/TransactionID", "2008-12-31 D 1");
   for (const char* const period : {"12", "13", "16"}) {
-    EXPECT_THAT(Findings(december.With("Transaction[3]/Period", period)), IsEmpty()) << period;
+    EXPECT_THAT(FindingsOf("GL-PERIOD", december.With("Transaction[3]/Period", period)), IsEmpty()) << period;
   }
-  EXPECT_THAT(Findings(december.With("Transaction[3]/Period", "11")),
+  EXPECT_THAT(FindingsOf("GL-PERIOD", december.With("Transaction[3]/Period", "11")),
               ElementsAre("GL-PERIOD W Transaction 2008-12-31 D 1/Period [11] [12] [-1]"));
 }
 
@@ -205,12 +205,50 @@ TEST_F(LedgerRulesTest, TheTransactionOfAnInvoiceExists) {
                   "file."));
 }
 
+TEST_F(LedgerRulesTest, TheInvoicesOfATransactionAreNoMoreThanItsDebits) {
+  const CleanFile file = CleanFile().With("Invoice/DocumentTotals/GrossTotal", "33.11");
+  EXPECT_THAT(FindingsOf("GL-GROSS", file),
+              ElementsAre("GL-GROSS W Invoice FT A/1/DocumentTotals/GrossTotal [33.11] [2008-03-05 V 1] [0.01]"));
+  EXPECT_THAT(FindingsOf("GL-GROSS", CleanFile().With("Invoice/DocumentTotals/GrossTotal", "33.09")), IsEmpty());
+  // The sum counts, and is told once.
+  const CleanFile together = CleanFile()
+                                 .With("Invoice[2]/TransactionID", "2008-03-05 V 1")
+                                 .With("Invoice[3]/TransactionID", "2008-03-05 V 1")
+                                 .With("Invoice[2]/InvoiceDate", "2008-03-05")
+                                 .With("Invoice[3]/InvoiceDate", "2008-03-05");
+  EXPECT_THAT(FindingsOf("GL-GROSS", together),
+              ElementsAre("GL-GROSS W Invoice FT A/2/DocumentTotals/GrossTotal [12.00] [2008-03-05 V 1] [12]"));
+  // Those that are not live do not count, nor does what cannot be read.
+  EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice/InvoiceStatus", "A")), IsEmpty());
+  EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice/InvoiceStatus", "F")), IsEmpty());
+  EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Transaction/Line/DebitAmount", "x")), IsEmpty());
+  EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice/DocumentTotals/GrossTotal", "x")), IsEmpty());
+  EXPECT_THAT(FindingsOf("GL-GROSS", file.With("TaxAccountingBasis", "P")), IsEmpty());
+  EXPECT_THAT(FindingsOf("GL-GROSS", file.Twice("Transaction")), IsEmpty());
+  const std::vector<std::string> sentences = Sentences(file);
+  EXPECT_THAT(sentences,
+              ::testing::Contains("FT A/1: com o total desta fatura, 33,11, as faturas do movimento 2008-03-05 V "
+                                  "1 passam os débitos dele em 0,01."));
+  EXPECT_THAT(sentences,
+              ::testing::Contains("FT A/1: with the total of this invoice, 33.11, the invoices of transaction "
+                                  "2008-03-05 V 1 exceed its debits by 0.01."));
+}
+
+TEST_F(LedgerRulesTest, AnInvoiceHasTheDateOfItsTransaction) {
+  const CleanFile file = CleanFile().With("Invoice[3]/InvoiceDate", "2008-07-09");
+  EXPECT_THAT(FindingsOf("GL-GROSS", file),
+              ElementsAre("GL-GROSS W Invoice NC A/1/InvoiceDate [2008-07-09] [2008-07-10] []"));
+  EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice[3]/InvoiceStatus", "A")), IsEmpty());
+  EXPECT_THAT(FindingsOf("GL-GROSS", CleanFile().With("Transaction[3]/TransactionDate", "x")), IsEmpty());
+}
+
 TEST_F(LedgerRulesTest, AmountsAreNotNegative) {
   const CleanFile file = CleanFile().With("Transaction/Line[3]/CreditAmount", "-3.10").With(kDebit, "26.90");
   EXPECT_THAT(FindingsOf("GL-NEGATIVE", file),
               ElementsAre("GL-NEGATIVE W Transaction 2008-03-05 V 1/Line[3]/CreditAmount [-3.10] [] []"));
   EXPECT_THAT(FindingsOf("GL-NEGATIVE", CleanFile().With(kDebit, "-0.00")), IsEmpty());
   checker_.set_Severity("GL-SUM", Severity::kOff);
+  checker_.set_Severity("GL-GROSS", Severity::kOff);
   EXPECT_THAT(Sentences(file),
               ElementsAre("Movimento 2008-03-05 V 1, linha 3: o valor -3,10 é negativo; devia estar no outro lado, "
                           "positivo.",

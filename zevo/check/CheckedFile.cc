@@ -40,6 +40,7 @@ void CheckedFile::Take(const TransactionFacts& facts) {
     TakeEntryDate(facts, line.entry_date);
   }
   ledger_.Take(facts);
+  if (HasBasis("I")) transactions_.Add(facts, ledger_.OfThis().debit);
 }
 
 void CheckedFile::Take(const InvoiceFacts& facts) {
@@ -48,6 +49,11 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   for (const InvoiceLineFacts& line : facts.lines) keys_.Add(FileKeys::Use::kProduct, facts, line.product);
   if (!facts.IsCancelled()) keys_.Add(FileKeys::Use::kTransaction, facts, facts.transaction_id);
   TakeEntryDate(facts, facts.entry_date);
+  TransactionTable::Entry* const transaction =
+      facts.transaction_id.Read() && facts.IsLive() ? transactions_.Find(*facts.transaction_id) : nullptr;
+  transaction_of_invoice_ = transaction;
+  const NumberFact& gross = facts.totals.gross;
+  invoice_exceeds_transaction_ = transaction != nullptr && gross.Read() && transaction->TakeOff(*gross);
   ++invoices_;
 }
 

@@ -8,6 +8,7 @@
 #include <zevo/check/FileKeys.h>
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/LedgerSums.h>
+#include <zevo/check/TransactionTable.h>
 #include <zevo/dal/ScannedEntity.h>
 
 #include <cstddef>
@@ -63,6 +64,10 @@ class CheckedFile {
   const AccountPlan& Accounts() const { return accounts_; }
   const LedgerSums& Ledger() const { return ledger_; }
   int64_t Invoices() const { return invoices_; }
+  /// With basis I, the transaction of the invoice that was taken last, where that is live and the file has it.
+  const TransactionTable::Entry* TransactionOfInvoice() const { return transaction_of_invoice_; }
+  /// Whether that invoice is the first by which its transaction has more invoices than debits.
+  bool InvoiceExceedsTransaction() const { return invoice_exceeds_transaction_; }
 
   /// Whether the header has this basis.
   bool HasBasis(std::string_view code) const { return header_.IsThere() && header_->HasBasis(code); }
@@ -87,6 +92,9 @@ class CheckedFile {
   FileKeys keys_;
   AccountPlan accounts_;
   LedgerSums ledger_;
+  TransactionTable transactions_;
+  const TransactionTable::Entry* transaction_of_invoice_ = nullptr;
+  bool invoice_exceeds_transaction_ = false;
   int64_t invoices_ = 0;
   std::optional<Entry> latest_entry_;
 };

@@ -237,6 +237,30 @@ void JudgeTransactionsOfInvoices(Judgement& judgement) {
   judgement.TellMore(kUnknownTransaction, dangling.more);
 }
 
+// GL-GROSS
+
+constexpr RuleSentence kMoreThanTransaction{
+    Severity::kWarning,
+    {"com o total desta fatura, {found#}, as faturas do movimento {expected} passam os débitos dele em {difference#}",
+     "with the total of this invoice, {found#}, the invoices of transaction {expected} exceed its debits by "
+     "{difference#}"}};
+constexpr RuleSentence kDateOfTransaction{
+    Severity::kWarning,
+    {"a data da fatura é {found}, e a do seu movimento {expected}",
+     "the date of the invoice is {found}, and that of its transaction {expected}"}};
+
+void JudgeInvoiceOfTransaction(const InvoiceFacts& invoice, Judgement& judgement) {
+  const TransactionTable::Entry* const transaction = judgement.File().TransactionOfInvoice();
+  if (transaction == nullptr) return;
+  if (judgement.File().InvoiceExceedsTransaction()) {
+    judgement.Tell(kMoreThanTransaction, invoice, invoice.totals.gross,
+                   {.expected = std::string(*invoice.transaction_id), .difference = -*transaction->Left()});
+  }
+  if (transaction->Date() && invoice.date.Read() && *invoice.date != *transaction->Date()) {
+    judgement.Tell(kDateOfTransaction, invoice, invoice.date, {.expected = transaction->Date()->Text()});
+  }
+}
+
 // GL-NEGATIVE
 
 constexpr RuleSentence kNegativeAmount{Severity::kWarning,
@@ -354,6 +378,17 @@ constexpr Rule kLedgerRules[] = {
                "file."},
               "Portaria 1192/2009"},
      .at_end = JudgeTransactionsOfInvoices},
+    {.info =
+         {"GL-GROSS",
+          Severity::kWarning,
+          {"Faturas de um movimento", "Invoices of a transaction"},
+          {"Na base I a soma de GrossTotal das faturas de um movimento, sem as anuladas e as resumidas, não passa os "
+           "débitos dele, e cada fatura tem a data do movimento.",
+           "With basis I the sum of GrossTotal of a transaction's invoices, without cancelled and summarised ones, "
+           "does "
+           "not exceed its debits, and each invoice has the date of the transaction."},
+          ""},
+     .invoice = JudgeInvoiceOfTransaction},
     {.info = {"GL-NEGATIVE",
               Severity::kWarning,
               {"Valores negativos", "Negative amounts"},
