@@ -134,6 +134,27 @@ TEST_F(PulledParseTest, ReadsNoFurtherThanAsked) {
   EXPECT_GT(places.places.size(), 1'000u);
 }
 
+// Also where all bytes were taken in and not all were parsed.
+TEST_F(PulledParseTest, TwoThatParsedAsManyPiecesAreJustAsFar) {
+  const std::string file = parsing_.Folder().Write("file.xml", "<a>" + Repeated("<b/>", 100'000) + "</a>");
+  Places ahead_places;
+  PulledParse ahead(file, ahead_places);
+  ahead_places.parse = &ahead;
+  Places places;
+  PulledParse parse(file, places);
+  places.parse = &parse;
+  EXPECT_EQ(ahead.Pieces(), 0u);
+  while (true) {
+    const bool more = ahead.Feed();
+    while (parse.Pieces() < ahead.Pieces()) parse.Feed();
+    EXPECT_EQ(parse.Pieces(), ahead.Pieces());
+    EXPECT_EQ(places.places.size(), ahead_places.places.size());
+    if (!more) break;
+  }
+  EXPECT_GT(parse.Pieces(), 3u);
+  EXPECT_EQ(places.places.size(), 100'001u);
+}
+
 class Thrower : public ParserHandler {
   void StartElement(const ParsedName&, std::span<const ParsedAttribute>) override { throw std::runtime_error("seen"); }
   void EndElement(const ParsedName&) override {}

@@ -86,14 +86,14 @@ TEST_F(SchemaDiagnosisTest, AFileMayBeJudgedPieceByPiece) {
   const std::string file = folder_.Write("file.xml", document.append("</l>"));
   int64_t told = 0;
   SchemaDiagnosis diagnosis(*tables, {}, [&](const SchemaViolation&) { return ++told > 0; });
-  EXPECT_EQ(diagnosis.BytesRead(), 0U);
   diagnosis.Begin(file);
+  EXPECT_EQ(diagnosis.Pieces(), 0U);
   std::set<int64_t> seen;
   while (diagnosis.Feed()) seen.insert(told);
   EXPECT_GT(seen.size(), 3U);
   EXPECT_EQ(told, 20'000);
   EXPECT_EQ(diagnosis.Result().found, told);
-  EXPECT_EQ(diagnosis.BytesRead(), document.size());
+  EXPECT_GT(diagnosis.Pieces(), seen.size());
   EXPECT_FALSE(diagnosis.Feed());
   EXPECT_EQ(told, 20'000);
 }

@@ -47,6 +47,8 @@ class EntityScanner final : private ParserHandler {
   const std::vector<Problem>& ProblemsAtTheEnd() const { return between_; }
 
   uint64_t BytesRead() const { return parse_.BytesRead(); }
+  /// See PulledParse.
+  uint64_t Pieces() const { return parse_.Pieces(); }
 
   /// What a file that is not read is instead of an audit file of the version.
   struct Refused {

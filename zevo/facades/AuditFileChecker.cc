@@ -85,7 +85,7 @@ class AuditFileChecker::Run {
     while (ScannedEntity* const entity = scanner.Next(kCheckSource)) {
       state_.bytes_read = scanner.BytesRead();
       owner_.Require(!state_.abort_requested, Message::kReadingAborted, kCheckMember);
-      if (diagnosis_) DiagnoseTo(state_.bytes_read);
+      if (diagnosis_) DiagnoseTo(scanner.Pieces());
       check.Judge(*entity);
       KeepCounts();
     }
@@ -119,9 +119,9 @@ class AuditFileChecker::Run {
     diagnosis_->Begin(state_.file_name);
   }
 
-  // Whatever is in an entity that is through at this place of the file is told then.
-  void DiagnoseTo(uint64_t bytes) {
-    while (diagnosis_->BytesRead() < bytes && diagnosis_->Feed()) {
+  // Whatever is wrong in an entity that the scan has through with so many pieces of the file is told then.
+  void DiagnoseTo(uint64_t pieces) {
+    while (diagnosis_->Pieces() < pieces && diagnosis_->Feed()) {
     }
   }
 

@@ -23,8 +23,9 @@ namespace zevo {
 /// One fault is one finding. Amounts are judged as they are written, exactly, however long they are. What cannot be
 /// read is told once, and nothing that it takes part in.
 ///
-/// A file that the schema allows is read twice, another three times side by side, in memory that does not grow with it
-/// but for its keys, 64 bytes each, its accounts, and what a finding at the end of the file may be about.
+/// A file that the schema allows is read twice, another three times, in memory that does not grow with it but for 64
+/// bytes for each key (of a transaction with basis I, 160), its accounts, and 16 bytes for each use of a key that the
+/// file does not have before it. In a file that the schema does not allow each finding takes another 64 bytes.
 ///
 /// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
 /// success makes `AuditException` null. An object is used by one thread at a time.

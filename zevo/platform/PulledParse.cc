@@ -144,6 +144,7 @@ class PulledParse::State {
 
   bool Feed() {
     if (ended_) return false;
+    ++pieces_;
     const HostErrorHandlers aside;
     NextPiece();
     // Fed in pieces, the parser does not look at every byte of UTF-8.
@@ -174,6 +175,7 @@ class PulledParse::State {
 
   const std::optional<XmlProblem>& Problem() const { return problem_; }
   uint64_t BytesRead() const { return bytes_read_; }
+  uint64_t Pieces() const { return pieces_; }
 
  private:
   // Larger than the largest tag, so that each tag is in one piece.
@@ -253,6 +255,7 @@ class PulledParse::State {
   uint64_t bytes_read_ = 0;
   ParserRun run_;
   std::unique_ptr<char[]> bytes_{new char[kRoom]};
+  uint64_t pieces_ = 0;
   size_t held_ = 0;
   size_t piece_ = 0;    // what the parser has of them
   size_t before_ = 0;   // bytes of the pieces before
@@ -282,5 +285,6 @@ bool PulledParse::Feed() { return state_ && state_->Feed(); }
 const std::optional<XmlProblem>& PulledParse::Problem() const { return state_ ? state_->Problem() : unreadable_; }
 FilePlace PulledParse::StartTagPlace(std::string_view localName) { return state_->StartTagPlace(localName); }
 uint64_t PulledParse::BytesRead() const { return state_ ? state_->BytesRead() : 0; }
+uint64_t PulledParse::Pieces() const { return state_ ? state_->Pieces() : 0; }
 
 }  // namespace zevo

@@ -40,6 +40,8 @@ class PulledParse {
 
   /// How many bytes of the file were taken in so far.
   uint64_t BytesRead() const;
+  /// How many pieces were parsed so far: the same number for two that parse the same file just as far.
+  uint64_t Pieces() const;
 
  private:
   class Counter;

@@ -127,7 +127,7 @@ bool SchemaDiagnosis::Feed() {
   return false;
 }
 
-uint64_t SchemaDiagnosis::BytesRead() const { return parse_ ? parse_->BytesRead() : 0; }
+uint64_t SchemaDiagnosis::Pieces() const { return parse_ ? parse_->Pieces() : 0; }
 
 // Tells what is held where there is no going on.
 void SchemaDiagnosis::BreakOff() {

@@ -81,8 +81,8 @@ class SchemaDiagnosis final : private ParserHandler {
   void Begin(RepeatedInput& input);
   /// Judges the next piece of the file. False when there is no more to come.
   bool Feed();
-  /// How many bytes of the file were taken in so far.
-  uint64_t BytesRead() const;
+  /// See PulledParse.
+  uint64_t Pieces() const;
   /// Complete when Feed gives false.
   const Outcome& Result() const { return outcome_; }
 
