@@ -27,12 +27,11 @@ TEST_F(AccountRulesTest, AnAccountHasAnIntegratingOne) {
   // The integrating account may stand behind.
   EXPECT_THAT(Findings(WithAccount("62").Twice("GeneralLedger[6]").With("GeneralLedger[6]/AccountID", "622")),
               IsEmpty());
-  EXPECT_THAT(
-      Sentences(WithAccount("622")),
-      ElementsAre("Conta 622: a conta 622 não tem conta de integração: nenhuma conta do ficheiro, de dois ou mais "
-                  "algarismos, é o início dela.",
-                  "Account 622: account 622 has no integrating account: no account of the file, of two digits or "
-                  "more, is its beginning."));
+  EXPECT_THAT(Sentences(WithAccount("622")),
+              ElementsAre("Conta 622: não tem conta de integração: nenhuma conta do ficheiro, de dois ou mais "
+                          "algarismos, é o início dela.",
+                          "Account 622: has no integrating account: no account of the file, of two digits or "
+                          "more, is its beginning."));
 }
 
 TEST_F(AccountRulesTest, AnAccountOfOneDigitIntegratesNone) {
@@ -55,6 +54,11 @@ TEST_F(AccountRulesTest, AccountsOfLedgerLinesExist) {
               ElementsAre("Movimento 2008-07-01 V 2, linha 2: a conta 72 não está no plano de contas do ficheiro.",
                           "Transaction 2008-07-01 V 2, line 2: account 72 is not in the file's chart of accounts."));
   EXPECT_THAT(FindingsOf("ACC-REF", file.With("TaxAccountingBasis", "F")), IsEmpty());
+}
+
+TEST_F(AccountRulesTest, AnAccountThatTheSchemaRefusesIsToldOnce) {
+  EXPECT_THAT(Findings(CleanFile().With("Transaction[2]/Line[2]/AccountID", "99")),
+              ElementsAre("SCHEMA E Transaction 2008-07-01 V 2/Line[2]/AccountID [99] [(([1-8][0-9a-zA-Z]*))] []"));
 }
 
 TEST_F(AccountRulesTest, AccountsOfCustomersAndSuppliersExistOrAreUnknown) {

@@ -33,6 +33,18 @@ TEST_F(KeyRulesTest, TheSchemaTellsNoneOfThemAgain) {
   }
 }
 
+// The key of a journal that has none is known to be missing when the journal ends: violations inside wait for it.
+TEST_F(KeyRulesTest, NorWhatItTellsLate) {
+  std::string document = CleanFile().Without("Journal/JournalID").Twice("Transaction[2]").Text();
+  document.insert(document.find("</Journal>"), 500'000, ' ');
+  EXPECT_THAT(Findings(document),
+              ElementsAre("KEY-DUP E Transaction 2008-07-01 V 2/TransactionID [2008-07-01 V 2] [TransactionID] []",
+                          "SCHEMA E Journal/JournalID [] [JournalID] []",
+                          "GL-COUNT E GeneralLedgerEntries/NumberOfEntries [3] [4] [-1]",
+                          "GL-SUM E GeneralLedgerEntries/TotalDebit [49.30] [61.3] [-12]",
+                          "GL-SUM E GeneralLedgerEntries/TotalCredit [49.30] [61.3] [-12]"));
+}
+
 TEST_F(KeyRulesTest, EachOneAfterTheFirstIsTold) {
   EXPECT_THAT(Findings(CleanFile().Twice("Product").Twice("Product")),
               ElementsAre("KEY-DUP E Product PAO/ProductCode [PAO] [ProductCode] []",

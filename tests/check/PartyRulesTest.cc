@@ -81,6 +81,9 @@ TEST_F(PartyRulesTest, ANumberHasNoCountryInFront) {
   EXPECT_THAT(OfSupplier("EL123456789", "GR"),
               ElementsAre("NIF-COUNTRY W Supplier F1/SupplierTaxID [EL123456789] [123456789] []"));
   EXPECT_THAT(OfSupplier("EL123456789", "DE"), IsEmpty());
+  EXPECT_THAT(OfSupplier("CHE-123.456.788", "CH"), IsEmpty());
+  EXPECT_THAT(OfSupplier("CH-123.456.788", "CH"),
+              ElementsAre("NIF-COUNTRY W Supplier F1/SupplierTaxID [CH-123.456.788] [-123.456.788] []"));
   EXPECT_THAT(
       Sentences(CleanFile().With("Supplier/SupplierTaxID", "ESB12345678")),
       ElementsAre("Fornecedor F1: o número de contribuinte ESB12345678 tem o código do país à frente; devia ser "

@@ -21,9 +21,8 @@ KeptElement KeptAccount(const AccountPlan::Account& account) {
 
 constexpr RuleSentence kNoParent{
     Severity::kWarning,
-    {"a conta {found} não tem conta de integração: nenhuma conta do ficheiro, de dois ou mais algarismos, é o início "
-     "dela",
-     "account {found} has no integrating account: no account of the file, of two digits or more, is its beginning"}};
+    {"não tem conta de integração: nenhuma conta do ficheiro, de dois ou mais algarismos, é o início dela",
+     "has no integrating account: no account of the file, of two digits or more, is its beginning"}};
 
 void JudgeParents(Judgement& judgement) {
   const CheckedFile& file = judgement.File();

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace zevo {
 
@@ -25,7 +26,10 @@ struct CalendarDate {
   CalendarDate YearLater() const;
   CalendarDate NextDay() const;
 
-  friend std::strong_ordering operator<=>(const CalendarDate&, const CalendarDate&) = default;
+  friend bool operator==(const CalendarDate&, const CalendarDate&) = default;
+  friend std::strong_ordering operator<=>(const CalendarDate& left, const CalendarDate& right) {
+    return std::tie(left.year, left.month, left.day) <=> std::tie(right.year, right.month, right.day);
+  }
 };
 
 /// A day and a time of it, to the second.

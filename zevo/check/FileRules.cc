@@ -22,7 +22,7 @@ constexpr RuleSentence kNoAuditFile{Severity::kError,
                                      "the file is no audit file: it begins with \"{found}\""}};
 constexpr RuleSentence kVersionText{Severity::kWarning,
                                     {"a versão é \"{found}\", e devia ser exatamente \"{expected}\"",
-                                     "the version is \"{found}\" and should be exactly \"{expected}\""}};
+                                     R"(the version is "{found}" and should be exactly "{expected}")"}};
 
 void JudgeVersion(const HeaderFacts& header, Judgement& judgement) {
   if (header.version.Missing() || *header.version == kVersionRead) return;

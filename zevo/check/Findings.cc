@@ -103,6 +103,8 @@ void Findings::Settle(const std::vector<Violation>& violations) {
     const std::string name = NameOf(held.finding);
     const auto told = at.find(name);
     if (told != at.end() && (told->second == Told::kUnreadable || !SilencesSchema(held))) continue;
+    // At the end of the file, of entities that are gone.
+    if (violated_.Has(name)) continue;
     // Violations may come late, when the key of their record does.
     if (SilencesSchema(held)) told_.Add(name);
     Raise(held.rule, std::move(held.finding));
@@ -112,6 +114,7 @@ void Findings::Settle(const std::vector<Violation>& violations) {
     const size_t rule = RuleOf(violation);
     if (!IsOn(rule) || told_.Has(NameOf(violation))) continue;
     if (IsDangling(violation) && IsOn(RulesOfViolations().references)) continue;  // told at the end
+    violated_.Add(NameOf(violation));
     Raise(rule, FindingOf(violation));
   }
 }

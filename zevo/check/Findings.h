@@ -77,6 +77,7 @@ class Findings {
   std::set<const Sentence*> once_;
   std::vector<Held> held_;         // of the entity at hand
   std::deque<Violation> waiting_;  // of entities to come
+  KeySet violated_;                // elements that the schema was told of
   KeySet told_;                    // elements that a rule has told in place of the schema
 };
 

@@ -69,11 +69,11 @@ void JudgeBasisAtEnd(Judgement& judgement) {
 constexpr RuleSentence kNotHeadOffice{
     Severity::kWarning,
     {"TaxEntity é \"{found}\"; num ficheiro com contabilidade (base C ou I) devia ser \"{expected}\"",
-     "TaxEntity is \"{found}\"; in a file with a ledger (basis C or I) it should be \"{expected}\""}};
+     R"(TaxEntity is "{found}"; in a file with a ledger (basis C or I) it should be "{expected}")"}};
 constexpr RuleSentence kNoEstablishment{
     Severity::kWarning,
     {"TaxEntity é \"{found}\"; num ficheiro de faturação (base F) devia ser o estabelecimento, ou \"{expected}\"",
-     "TaxEntity is \"{found}\"; in a file of invoices (basis F) it should be the establishment, or \"{expected}\""}};
+     R"(TaxEntity is "{found}"; in a file of invoices (basis F) it should be the establishment, or "{expected}")"}};
 
 void JudgeEntity(const HeaderFacts& header, Judgement& judgement) {
   if (header.tax_entity.Missing()) return;
@@ -172,7 +172,7 @@ constexpr Rule kHeaderRules[] = {
               Severity::kWarning,
               {"Entidade do ficheiro", "Entity of the file"},
               {"TaxEntity é \"Sede\" nas bases C e I; na base F é um estabelecimento ou \"Global\".",
-               "TaxEntity is \"Sede\" with basis C and I; with F it is an establishment or \"Global\"."},
+               R"(TaxEntity is "Sede" with basis C and I; with F it is an establishment or "Global".)"},
               "Portaria 1192/2009"},
      .header = JudgeEntity},
     {.info =

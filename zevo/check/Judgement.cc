@@ -26,7 +26,8 @@ void Judgement::Tell(const RuleSentence& sentence, const KeptElement& at, Findin
   finding.key = at.key;
   finding.path = at.path;
   finding.place = at.place;
-  finding.found = values.found.empty() ? at.text : std::move(values.found);
+  finding.found = std::move(values.found);
+  if (finding.found.empty()) finding.found = at.text;
   finding.expected = std::move(values.expected);
   if (values.difference) finding.difference = values.difference->Text();
   finding.wording.sentence = &sentence.text;

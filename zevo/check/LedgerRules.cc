@@ -165,8 +165,8 @@ void JudgeLedgerPeriod(const TransactionFacts& transaction, Judgement& judgement
   const int64_t period = *transaction.period;
   FindingValues values{.expected = std::to_string(*month), .difference = Decimal(period - *month)};
   if (period > 12 && period <= 16) {
-    if (*month < 12)
-      judgement.Tell(kClosingBeforeTheEnd, transaction, transaction.period, {.expected = values.expected});
+    values.difference.reset();
+    if (*month < 12) judgement.Tell(kClosingBeforeTheEnd, transaction, transaction.period, std::move(values));
   } else if (period >= 1 && period < *month) {
     judgement.Tell(kPeriodBeforeDate, transaction, transaction.period, std::move(values));
   } else if (period <= 12 && period > *month) {

@@ -48,6 +48,8 @@ std::string_view CountryInFront(const PartyFacts& party) {
   if (!party.billing.country.Read()) return {};
   const std::string_view country = *party.billing.country;
   if (country == "GR" && number.starts_with("EL")) return "EL";
+  // Swiss numbers begin with CHE, which is part of them.
+  if (country == "CH" && number.starts_with("CHE")) return {};
   return country.size() == 2 && number.starts_with(country) ? country : std::string_view();
 }
 
@@ -130,7 +132,7 @@ constexpr RuleSentence kFinalConsumerOtherNumber{
 constexpr RuleSentence kFinalConsumerOtherName{
     Severity::kInformation,
     {"o número do consumidor final é o de \"{found}\", e devia ser o de \"{expected}\"",
-     "the number of the final consumer is that of \"{found}\" and should be that of \"{expected}\""}};
+     R"(the number of the final consumer is that of "{found}" and should be that of "{expected}")"}};
 
 void JudgeFinalConsumer(const PartyFacts& party, Judgement& judgement) {
   if (party.Kind() != EntityKind::kCustomer || party.tax_id.Missing() || party.name.Missing()) return;
@@ -149,7 +151,7 @@ void JudgeFinalConsumer(const PartyFacts& party, Judgement& judgement) {
 constexpr RuleSentence kNoPostalCode{
     Severity::kWarning,
     {"o código postal \"{found}\" não tem a forma 1234-567, nem é \"{expected}\"",
-     "the postal code \"{found}\" does not have the form 1234-567, nor is it \"{expected}\""}};
+     R"(the postal code "{found}" does not have the form 1234-567, nor is it "{expected}")"}};
 
 void JudgePostalCode(const EntityFacts& facts, const AddressFacts& address, Judgement& judgement) {
   if (!address.country.Read() || *address.country != "PT" || address.postal_code.Missing()) return;
