@@ -12,17 +12,17 @@ namespace {
 // Years of more digits are none of any file.
 constexpr size_t kMostYearDigits = 9;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDateDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Takes a character off the front.
-bool Take(std::string_view& text, char expected) {
+bool TakeMark(std::string_view& text, char expected) {
   if (!text.starts_with(expected)) return false;
   text.remove_prefix(1);
   return true;
 }
 
 bool TakeTwoDigits(std::string_view& text, int& number) {
-  if (text.size() < 2 || !IsDigit(text[0]) || !IsDigit(text[1])) return false;
+  if (text.size() < 2 || !IsDateDigit(text[0]) || !IsDateDigit(text[1])) return false;
   number = (text[0] - '0') * 10 + (text[1] - '0');
   text.remove_prefix(2);
   return true;
@@ -37,16 +37,16 @@ int DaysIn(int64_t year, int month) {
 
 std::optional<CalendarDate> TakeDate(std::string_view& text) {
   CalendarDate date;
-  const bool negative = Take(text, '-');
+  const bool negative = TakeMark(text, '-');
   size_t digits = 0;
-  for (; digits < text.size() && digits <= kMostYearDigits && IsDigit(text[digits]); ++digits) {
+  for (; digits < text.size() && digits <= kMostYearDigits && IsDateDigit(text[digits]); ++digits) {
     date.year = date.year * 10 + (text[digits] - '0');
   }
   if (digits < 4 || digits > kMostYearDigits || (digits > 4 && text[0] == '0') || date.year == 0) return std::nullopt;
   if (negative) date.year = -date.year;
   text.remove_prefix(digits);
-  if (!Take(text, '-') || !TakeTwoDigits(text, date.month)) return std::nullopt;
-  if (!Take(text, '-') || !TakeTwoDigits(text, date.day)) return std::nullopt;
+  if (!TakeMark(text, '-') || !TakeTwoDigits(text, date.month)) return std::nullopt;
+  if (!TakeMark(text, '-') || !TakeTwoDigits(text, date.day)) return std::nullopt;
   if (date.month < 1 || date.month > 12 || date.day < 1 || date.day > DaysIn(date.year, date.month)) {
     return std::nullopt;
   }
@@ -58,8 +58,9 @@ bool IsZone(std::string_view text) {
   if (text.empty() || text == "Z") return true;
   int hours = 0;
   int minutes = 0;
-  if (!Take(text, '+') && !Take(text, '-')) return false;
-  if (!TakeTwoDigits(text, hours) || !Take(text, ':') || !TakeTwoDigits(text, minutes) || !text.empty()) return false;
+  if (!TakeMark(text, '+') && !TakeMark(text, '-')) return false;
+  if (!TakeTwoDigits(text, hours) || !TakeMark(text, ':') || !TakeTwoDigits(text, minutes) || !text.empty())
+    return false;
   return hours < 14 ? minutes < 60 : hours == 14 && minutes == 0;
 }
 
@@ -97,15 +98,16 @@ std::optional<CalendarTime> CalendarTime::FromText(std::string_view text) {
   std::string_view rest = TrimWhiteSpace(text);
   const auto date = TakeDate(rest);
   CalendarTime time;
-  if (!date || !Take(rest, 'T') || !TakeTwoDigits(rest, time.hour)) return std::nullopt;
-  if (!Take(rest, ':') || !TakeTwoDigits(rest, time.minute)) return std::nullopt;
-  if (!Take(rest, ':') || !TakeTwoDigits(rest, time.second)) return std::nullopt;
+  if (!date || !TakeMark(rest, 'T') || !TakeTwoDigits(rest, time.hour)) return std::nullopt;
+  if (!TakeMark(rest, ':') || !TakeTwoDigits(rest, time.minute)) return std::nullopt;
+  if (!TakeMark(rest, ':') || !TakeTwoDigits(rest, time.second)) return std::nullopt;
   if (time.hour > 24 || time.minute > 59 || time.second > 59) return std::nullopt;
   bool zero_fraction = true;
-  if (Take(rest, '.')) {
+  if (TakeMark(rest, '.')) {
     time.has_fraction = true;
-    if (rest.empty() || !IsDigit(rest[0])) return std::nullopt;
-    for (; !rest.empty() && IsDigit(rest[0]); rest.remove_prefix(1)) zero_fraction = zero_fraction && rest[0] == '0';
+    if (rest.empty() || !IsDateDigit(rest[0])) return std::nullopt;
+    for (; !rest.empty() && IsDateDigit(rest[0]); rest.remove_prefix(1))
+      zero_fraction = zero_fraction && rest[0] == '0';
   }
   if (time.hour == 24 && (time.minute != 0 || time.second != 0 || !zero_fraction)) return std::nullopt;
   if (!IsZone(rest)) return std::nullopt;

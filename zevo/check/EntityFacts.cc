@@ -24,7 +24,7 @@ struct FactRow {
 };
 
 template <class T>
-void Set(Fact<T>& fact, size_t element, std::optional<T> value) {
+void SetFact(Fact<T>& fact, size_t element, std::optional<T> value) {
   using State = typename Fact<T>::State;
   fact.element = static_cast<uint32_t>(element);
   fact.state = value ? State::kRead : State::kUnreadable;
@@ -43,19 +43,19 @@ std::optional<int64_t> WholeNumber(std::string_view text) {
 }
 
 void TakeElement(TextFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) Set(fact, element, std::optional(entity.TextOf(element)));
+  if (!fact.IsThere()) SetFact(fact, element, std::optional(entity.TextOf(element)));
 }
 void TakeElement(NumberFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) Set(fact, element, Decimal::FromText(entity.TextOf(element)));
+  if (!fact.IsThere()) SetFact(fact, element, Decimal::FromText(entity.TextOf(element)));
 }
 void TakeElement(CountFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) Set(fact, element, WholeNumber(entity.TextOf(element)));
+  if (!fact.IsThere()) SetFact(fact, element, WholeNumber(entity.TextOf(element)));
 }
 void TakeElement(DateFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) Set(fact, element, CalendarDate::FromText(entity.TextOf(element)));
+  if (!fact.IsThere()) SetFact(fact, element, CalendarDate::FromText(entity.TextOf(element)));
 }
 void TakeElement(TimeFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) Set(fact, element, CalendarTime::FromText(entity.TextOf(element)));
+  if (!fact.IsThere()) SetFact(fact, element, CalendarTime::FromText(entity.TextOf(element)));
 }
 
 /// The table of a kind of facts: specialised for each below.
@@ -286,7 +286,7 @@ struct FactTable<InvoiceFacts> {
 };
 
 template <class Facts>
-void Take(const ScannedEntity& entity, Facts& facts) {
+void TakeEntity(const ScannedEntity& entity, Facts& facts) {
   facts.entity = &entity;
   if (const std::string_view key = KeyOf(entity.Kind()); !key.empty()) {
     if (const auto element = entity.Find(key)) TakeElement(facts.key, entity, *element);
@@ -316,20 +316,20 @@ bool InvoiceFacts::IsDebitDocument() const {
   return type.Read() && std::ranges::find(kTypes, *type) != kTypes.end();
 }
 
-void TakeFacts(const ScannedEntity& entity, HeaderFacts& facts) { Take(entity, facts = {}); }
-void TakeFacts(const ScannedEntity& entity, AccountFacts& facts) { Take(entity, facts = {}); }
-void TakeFacts(const ScannedEntity& entity, PartyFacts& facts) { Take(entity, facts = {}); }
-void TakeFacts(const ScannedEntity& entity, ProductFacts& facts) { Take(entity, facts = {}); }
-void TakeFacts(const ScannedEntity& entity, TaxTableFacts& facts) { Take(entity, facts = {}); }
-void TakeFacts(const ScannedEntity& entity, SectionFacts& facts) { Take(entity, facts = {}); }
-void TakeFacts(const ScannedEntity& entity, JournalFacts& facts) { Take(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, HeaderFacts& facts) { TakeEntity(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, AccountFacts& facts) { TakeEntity(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, PartyFacts& facts) { TakeEntity(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, ProductFacts& facts) { TakeEntity(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, TaxTableFacts& facts) { TakeEntity(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, SectionFacts& facts) { TakeEntity(entity, facts = {}); }
+void TakeFacts(const ScannedEntity& entity, JournalFacts& facts) { TakeEntity(entity, facts = {}); }
 void TakeFacts(const ScannedEntity& entity, TransactionFacts& facts) {
   Reuse(facts, &TransactionFacts::lines);
-  Take(entity, facts);
+  TakeEntity(entity, facts);
 }
 void TakeFacts(const ScannedEntity& entity, InvoiceFacts& facts) {
   Reuse(facts, &InvoiceFacts::lines);
-  Take(entity, facts);
+  TakeEntity(entity, facts);
 }
 
 }  // namespace zevo

@@ -13,7 +13,7 @@ namespace zevo {
 namespace {
 
 // An element as findings and violations name it.
-std::string NameOf(const std::optional<EntityKind>& kind, std::string_view key, std::string_view path) {
+std::string ElementKey(const std::optional<EntityKind>& kind, std::string_view key, std::string_view path) {
   std::string name(kind ? zevo::NameOf(*kind) : std::string_view());
   return name.append(1, '\0').append(key).append(1, '\0').append(path);
 }
@@ -22,8 +22,8 @@ std::string NameOf(const std::optional<EntityKind>& kind, std::string_view key, 
 enum class Told : uint8_t { kViolation, kUnreadable };
 
 template <class T>
-std::string NameOf(const T& told) {
-  return NameOf(told.kind, told.key, told.path);
+std::string ElementKey(const T& told) {
+  return ElementKey(told.kind, told.key, told.path);
 }
 
 }  // namespace
@@ -96,11 +96,11 @@ bool Findings::SilencesSchema(const Held& held) const {
 void Findings::Settle(const std::vector<Violation>& violations) {
   TextMap<Told> at;  // by elements that violations are of
   for (const Violation& violation : violations) {
-    Told& told = at[NameOf(violation)];
+    Told& told = at[ElementKey(violation)];
     told = RuleOf(violation) == RulesOfViolations().read ? Told::kUnreadable : std::max(told, Told::kViolation);
   }
   for (Held& held : held_) {
-    const std::string name = NameOf(held.finding);
+    const std::string name = ElementKey(held.finding);
     const auto told = at.find(name);
     if (told != at.end() && (told->second == Told::kUnreadable || !SilencesSchema(held))) continue;
     // At the end of the file, of entities that are gone.
@@ -112,9 +112,9 @@ void Findings::Settle(const std::vector<Violation>& violations) {
   held_.clear();
   for (const Violation& violation : violations) {
     const size_t rule = RuleOf(violation);
-    if (!IsOn(rule) || told_.Has(NameOf(violation))) continue;
+    if (!IsOn(rule) || told_.Has(ElementKey(violation))) continue;
     if (IsDangling(violation) && IsOn(RulesOfViolations().references)) continue;  // told at the end
-    violated_.Add(NameOf(violation));
+    violated_.Add(ElementKey(violation));
     Raise(rule, FindingOf(violation));
   }
 }

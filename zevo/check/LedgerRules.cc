@@ -12,7 +12,7 @@
 namespace zevo {
 namespace {
 
-Decimal Magnitude(const Decimal& number) { return number.IsNegative() ? -number : number; }
+Decimal AbsoluteValue(const Decimal& number) { return number.IsNegative() ? -number : number; }
 
 // GL-COUNT
 
@@ -45,7 +45,7 @@ constexpr RuleSentence kOtherTotalCredit{
 void JudgeTotal(const RuleSentence& sentence, const NumberFact& total, const AmountSum& sum, Judgement& judgement) {
   if (!total.Read() || !sum.known) return;
   const Decimal difference = *total - sum.sum;
-  if (Magnitude(difference) <= sum.Tolerance()) return;
+  if (AbsoluteValue(difference) <= sum.Tolerance()) return;
   judgement.Tell(sentence, *judgement.File().LedgerEntries(), total,
                  {.expected = sum.sum.Text(), .difference = difference});
 }

@@ -4,7 +4,7 @@
 namespace zevo {
 namespace {
 
-void AddTo(AmountSum& all, const AmountSum& more) {
+void AddSum(AmountSum& all, const AmountSum& more) {
   all.sum += more.sum;
   all.inexact += more.inexact;
   all.known = all.known && more.known;
@@ -32,8 +32,8 @@ void LedgerSums::Take(const TransactionFacts& facts) {
     // A line without an amount lacks one of the two.
     if (line.debit.Missing() && line.credit.Missing()) of_this_.debit.known = of_this_.credit.known = false;
   }
-  AddTo(of_all_.debit, of_this_.debit);
-  AddTo(of_all_.credit, of_this_.credit);
+  AddSum(of_all_.debit, of_this_.debit);
+  AddSum(of_all_.credit, of_this_.credit);
   ++transactions_;
 }
 

@@ -4,7 +4,7 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kFirstSlots = 16;
+constexpr size_t kFirstTableSlots = 16;
 
 }  // namespace
 
@@ -31,7 +31,7 @@ size_t TransactionTable::SlotOf(const Digest& digest) const {
 }
 
 void TransactionTable::Grow() {
-  slots_.assign(slots_.empty() ? kFirstSlots : 2 * slots_.size(), 0);
+  slots_.assign(slots_.empty() ? kFirstTableSlots : 2 * slots_.size(), 0);
   for (size_t i = 0; i < entries_.size(); ++i) slots_[SlotOf(entries_[i].id_)] = static_cast<uint32_t>(i + 1);
 }
 

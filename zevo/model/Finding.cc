@@ -11,7 +11,7 @@
 namespace zevo {
 namespace {
 
-bool IsPortuguese(Language language) { return language == Language::kPortuguese; }
+bool InPortuguese(Language language) { return language == Language::kPortuguese; }
 
 // What a sentence begins with; "#" stands for the key.
 struct SubjectRow {
@@ -48,27 +48,27 @@ std::string_view LineOf(std::string_view path) {
   return path.substr(kLine.size(), path.find(']') - kLine.size());
 }
 
-std::string SubjectOf(const Finding& finding, Language language) {
+std::string BeginningOf(const Finding& finding, Language language) {
   if (!finding.kind) return {};
   const SubjectRow& row = kSubjectRows[static_cast<size_t>(*finding.kind)];
-  std::string subject(IsPortuguese(language) ? row.portuguese : row.english);
+  std::string subject(InPortuguese(language) ? row.portuguese : row.english);
   if (const size_t at = subject.find('#'); at != std::string::npos) {
-    const std::string none = IsPortuguese(language) ? "(sem identificação)" : "(without identification)";
+    const std::string none = InPortuguese(language) ? "(sem identificação)" : "(without identification)";
     subject.replace(at, 1, finding.key.empty() ? none : AbridgedText(finding.key));
   }
   if (const std::string_view line = LineOf(finding.path); !line.empty()) {
-    subject.append(IsPortuguese(language) ? ", linha " : ", line ").append(line);
+    subject.append(InPortuguese(language) ? ", linha " : ", line ").append(line);
   }
   return subject.append(": ");
 }
 
 std::string Shown(std::string_view value, bool numbers, Language language) {
   std::string shown = AbridgedText(value);
-  if (numbers && IsPortuguese(language)) std::ranges::replace(shown, '.', ',');
+  if (numbers && InPortuguese(language)) std::ranges::replace(shown, '.', ',');
   return shown;
 }
 
-std::string Filled(std::string_view text, const Finding& finding, Language language) {
+std::string FilledIn(std::string_view text, const Finding& finding, Language language) {
   std::string filled;
   while (true) {
     const size_t open = text.find('{');
@@ -88,7 +88,7 @@ std::string Filled(std::string_view text, const Finding& finding, Language langu
 
 // A finding that comes without its sentence still says what it has.
 std::string Plain(const Finding& finding, Language language) {
-  const bool portuguese = IsPortuguese(language);
+  const bool portuguese = InPortuguese(language);
   std::string sentence(finding.rule);
   if (!finding.path.empty()) sentence.append(", ").append(finding.path);
   sentence.append(portuguese ? ": encontrado \"" : ": found \"").append(AbridgedText(finding.found)).append("\"");
@@ -111,9 +111,9 @@ std::string Describe(const Finding& finding, Language language) {
                               .allowed = finding.expected},
                     language);
   }
-  std::string sentence = SubjectOf(finding, language);
+  std::string sentence = BeginningOf(finding, language);
   if (const Sentence* const worded = finding.wording.sentence; worded != nullptr) {
-    sentence += Filled(IsPortuguese(language) ? worded->portuguese : worded->english, finding, language);
+    sentence += FilledIn(InPortuguese(language) ? worded->portuguese : worded->english, finding, language);
   } else {
     sentence += Plain(finding, language);
   }
