@@ -37,15 +37,15 @@ TEST_F(LedgerRulesTest, TheNumberOfTransactionsIsTold) {
 
 TEST_F(LedgerRulesTest, TheTotalsAreTheSumsOfTheLines) {
   EXPECT_THAT(Findings(CleanFile().With("GeneralLedgerEntries/TotalDebit", "49.31")),
-              ElementsAre("GL-SUM E GeneralLedgerEntries/TotalDebit [49.31] [49.3] [0.01]"));
+              ElementsAre("GL-SUM E GeneralLedgerEntries/TotalDebit [49.31] [49.30] [0.01]"));
   EXPECT_THAT(Findings(CleanFile().With("GeneralLedgerEntries/TotalCredit", "49.2999")),
-              ElementsAre("GL-SUM E GeneralLedgerEntries/TotalCredit [49.2999] [49.3] [-0.0001]"));
+              ElementsAre("GL-SUM E GeneralLedgerEntries/TotalCredit [49.2999] [49.30] [-0.0001]"));
   EXPECT_THAT(Findings(CleanFile().With("GeneralLedgerEntries/TotalCredit", "49.30000")), IsEmpty());
   EXPECT_THAT(
       Sentences(CleanFile().With("GeneralLedgerEntries/TotalDebit", "49.31")),
-      ElementsAre("Movimentos contabilísticos: TotalDebit é 49,31, mas os débitos das linhas somam 49,3 (diferença "
+      ElementsAre("Movimentos contabilísticos: TotalDebit é 49,31, mas os débitos das linhas somam 49,30 (diferença "
                   "0,01).",
-                  "Ledger entries: TotalDebit is 49.31, but the debits of the lines are 49.3 (difference 0.01)."));
+                  "Ledger entries: TotalDebit is 49.31, but the debits of the lines are 49.30 (difference 0.01)."));
 }
 
 TEST_F(LedgerRulesTest, AmountsOfMoreDecimalsMayBeOffByHalfACentEach) {
@@ -73,13 +73,13 @@ TEST_F(LedgerRulesTest, OfAmountsThatCannotBeReadNoSumIsJudged) {
 
 TEST_F(LedgerRulesTest, DebitsEqualCredits) {
   const CleanFile file = CleanFile().With(kDebit, "33.11").With("GeneralLedgerEntries/TotalDebit", "49.31");
-  EXPECT_THAT(Findings(file), ElementsAre("GL-BALANCE E Transaction 2008-03-05 V 1 [33.11] [33.1] [0.01]"));
+  EXPECT_THAT(Findings(file), ElementsAre("GL-BALANCE E Transaction 2008-03-05 V 1 [33.11] [33.10] [0.01]"));
   EXPECT_THAT(Sentences(file),
-              ElementsAre("Movimento 2008-03-05 V 1: os débitos somam 33,11 e os créditos 33,1 (diferença 0,01).",
-                          "Transaction 2008-03-05 V 1: the debits are 33.11 and the credits 33.1 (difference 0.01)."));
+              ElementsAre("Movimento 2008-03-05 V 1: os débitos somam 33,11 e os créditos 33,10 (diferença 0,01).",
+                          "Transaction 2008-03-05 V 1: the debits are 33.11 and the credits 33.10 (difference 0.01)."));
   // Exactly, however long the numbers are.
   EXPECT_THAT(FindingsOf("GL-BALANCE", CleanFile().With(kDebit, "33.100000000000000000000000001")),
-              ElementsAre("GL-BALANCE E Transaction 2008-03-05 V 1 [33.100000000000000000000000001] [33.1] "
+              ElementsAre("GL-BALANCE E Transaction 2008-03-05 V 1 [33.100000000000000000000000001] [33.10] "
                           "[0.000000000000000000000000001]"));
 }
 
@@ -259,11 +259,12 @@ TEST_F(LedgerRulesTest, AmountsAreNotNegative) {
 TEST_F(LedgerRulesTest, AnAccountHasOneOpeningBalance) {
   const CleanFile file = CleanFile().With("GeneralLedger/OpeningCreditBalance", "0.01");
   EXPECT_THAT(FindingsOf("GL-OPENING", file),
-              ElementsAre("GL-OPENING W GeneralLedger 11/OpeningCreditBalance [0.01] [1500] []",
-                          "GL-OPENING W /AuditFile/MasterFiles [1600] [1600.01] [-0.01]"));
-  EXPECT_EQ(Sentences(file)[0], "Conta 11: a conta tem saldo inicial devedor, 1500, e credor, 0,01; devia ter só um.");
+              ElementsAre("GL-OPENING W GeneralLedger 11/OpeningCreditBalance [0.01] [1500.00] []",
+                          "GL-OPENING W /AuditFile/MasterFiles [1600.00] [1600.01] [-0.01]"));
+  EXPECT_EQ(Sentences(file)[0],
+            "Conta 11: a conta tem saldo inicial devedor, 1500,00, e credor, 0,01; devia ter só um.");
   EXPECT_EQ(Sentences(file)[3],
-            "the opening balances of movement accounts are 1600 in debit and 1600.01 in credit (difference -0.01).");
+            "the opening balances of movement accounts are 1600.00 in debit and 1600.01 in credit (difference -0.01).");
 }
 
 TEST_F(LedgerRulesTest, OpeningBalancesAreEqualOverMovementAccountsOrOverAll) {
@@ -273,7 +274,7 @@ TEST_F(LedgerRulesTest, OpeningBalancesAreEqualOverMovementAccountsOrOverAll) {
   const CleanFile all = CleanFile().With("GeneralLedger[3]/OpeningDebitBalance", "0");
   EXPECT_THAT(Findings(all), IsEmpty());
   EXPECT_THAT(Findings(all.With("GeneralLedger[2]/OpeningDebitBalance", "99")),
-              ElementsAre("GL-OPENING W /AuditFile/MasterFiles [1500] [1600] [-100]"));
+              ElementsAre("GL-OPENING W /AuditFile/MasterFiles [1500.00] [1600.00] [-100]"));
   EXPECT_THAT(Findings(CleanFile().With("GeneralLedger[3]/OpeningDebitBalance", "x")),
               ElementsAre("READ E GeneralLedger 2111/OpeningDebitBalance [x] [decimal] []"));
 }

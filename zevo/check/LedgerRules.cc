@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
+#include <zevo/check/MoneyText.h>
 
 #include <algorithm>
 #include <string>
@@ -47,7 +48,7 @@ void JudgeTotal(const RuleSentence& sentence, const NumberFact& total, const Amo
   const Decimal difference = *total - sum.sum;
   if (AbsoluteValue(difference) <= sum.Tolerance()) return;
   judgement.Tell(sentence, *judgement.File().LedgerEntries(), total,
-                 {.expected = sum.sum.Text(), .difference = difference});
+                 {.expected = MoneyText(sum.sum), .difference = difference});
 }
 
 void JudgeTotals(Judgement& judgement) {
@@ -67,8 +68,8 @@ void JudgeBalance(const TransactionFacts& transaction, Judgement& judgement) {
   const LedgerSums::Sums& sums = judgement.File().Ledger().OfThis();
   if (!sums.Known() || sums.debit.sum == sums.credit.sum) return;
   judgement.Tell(kUnbalanced, transaction, ElementSpot(),
-                 {.found = sums.debit.sum.Text(),
-                  .expected = sums.credit.sum.Text(),
+                 {.found = MoneyText(sums.debit.sum),
+                  .expected = MoneyText(sums.credit.sum),
                   .difference = sums.debit.sum - sums.credit.sum});
 }
 
@@ -291,7 +292,7 @@ constexpr RuleSentence kOpeningUnbalanced{
 void JudgeOpening(const AccountFacts& account, Judgement& judgement) {
   if (!account.opening_debit.Read() || !account.opening_credit.Read()) return;
   if (account.opening_debit->IsZero() || account.opening_credit->IsZero()) return;
-  judgement.Tell(kBothBalances, account, account.opening_credit, {.expected = account.opening_debit->Text()});
+  judgement.Tell(kBothBalances, account, account.opening_credit, {.expected = MoneyText(*account.opening_debit)});
 }
 
 void JudgeOpeningSums(Judgement& judgement) {
@@ -302,7 +303,7 @@ void JudgeOpeningSums(Judgement& judgement) {
   if (moved.debit == moved.credit || all.debit == all.credit) return;
   judgement.Tell(
       kOpeningUnbalanced, KeptElement{.kind = {}, .key = {}, .path = "/AuditFile/MasterFiles", .place = {}, .text = {}},
-      {.found = moved.debit.Text(), .expected = moved.credit.Text(), .difference = moved.debit - moved.credit});
+      {.found = MoneyText(moved.debit), .expected = MoneyText(moved.credit), .difference = moved.debit - moved.credit});
 }
 
 constexpr Rule kLedgerRules[] = {
