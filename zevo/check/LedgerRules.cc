@@ -4,6 +4,7 @@
 #include <zevo/check/MoneyText.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -164,14 +165,16 @@ void JudgeLedgerPeriod(const TransactionFacts& transaction, Judgement& judgement
   const auto month = judgement.File().FiscalMonthOf(*transaction.date);
   if (!month) return;
   const int64_t period = *transaction.period;
-  FindingValues values{.expected = std::to_string(*month), .difference = Decimal(period - *month)};
+  const auto tell = [&](const RuleSentence& sentence, std::optional<Decimal> difference) {
+    judgement.Tell(sentence, transaction, transaction.period,
+                   {.expected = std::to_string(*month), .difference = std::move(difference)});
+  };
   if (period > 12 && period <= 16) {
-    values.difference.reset();
-    if (*month < 12) judgement.Tell(kClosingBeforeTheEnd, transaction, transaction.period, std::move(values));
+    if (*month < 12) tell(kClosingBeforeTheEnd, std::nullopt);
   } else if (period >= 1 && period < *month) {
-    judgement.Tell(kPeriodBeforeDate, transaction, transaction.period, std::move(values));
+    tell(kPeriodBeforeDate, period - *month);
   } else if (period <= 12 && period > *month) {
-    judgement.Tell(kPeriodAfterDate, transaction, transaction.period, std::move(values));
+    tell(kPeriodAfterDate, period - *month);
   }
 }
 
