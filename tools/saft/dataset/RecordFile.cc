@@ -192,7 +192,7 @@ void RecordFile::Take(const Column& column, Record& record) {
       if (TellsAlterations()) alterations_.AddUnknownCode(Here(), place);
       return;
     }
-    if (binding.IsText() && TellsFaults() && !IsXmlText(text)) throw BadValue(Say(words::kNotXml));
+    if (binding.IsText() && !IsXmlText(text)) throw BadValue(Say(words::kNotXml));
     binding.Set(record, text);
     Note(column, text, record);
   } catch (const BadValue& bad) {

@@ -239,6 +239,24 @@ TEST_F(ViolationErrorsTest, ReferencesToLostRowsAreNotTold) {
                 "invoice_lines.csv:4: 17 cells, but the header has 18"});
 }
 
+// The files of documents are read twice.
+TEST_F(ViolationErrorsPartTest, TextsThatXmlCannotHoldAreToldInEveryFile) {
+  Change("journals.csv", "Di\u00e1rio de vendas", "Di\x01rio");
+  Change("transactions.csv", "2012-01-04,loja1", "2012-01-04,l\x01");
+  Change("transaction_lines.csv", "2,71111,VD A/1", "2,71111,V\x01");
+  Change("invoices.csv", "2012-01-11 VENDAS", "\x01");
+  Change("invoice_lines.csv", ",15,UN,16.80", ",15,U\x01,16.80");
+  Change("order_references.csv", "E 7", "\x01");
+  Change("credit_notes.csv", "Devolu\u00e7\u00e3o", "\x01");
+  const auto at = [](const char* cell) { return std::string(cell) + ": has a character that XML does not allow"; };
+  ExpectErrors({at(R"(journals.csv:2: Description: "Di\x01rio")"), at(R"(transactions.csv:3: SourceID: "l\x01")"),
+                at(R"(transaction_lines.csv:3: SourceDocumentID: "V\x01")"),
+                at(R"(invoices.csv:3: TransactionID: "\x01 010004")"),
+                at(R"(invoice_lines.csv:3: UnitOfMeasure: "U\x01")"),
+                at(R"(order_references.csv:2: OriginatingOn: "\x01")"),
+                at(R"(credit_notes.csv:2: Reason: "\x01 de mercadoria avariada no transporte")")});
+}
+
 TEST_F(ViolationErrorsTest, AFileIsPutInPlaceWithoutThemWhenThatIsWanted) {
   Change("customers.csv", ",545143896,", ",,");
   EXPECT_EQ(Run({"create", "--no-validate", folder_.Path(kDataset), Output()}).code, 0);
