@@ -57,7 +57,11 @@ void EntriesWriter::CheckLines() {
     TransactionLine line;
     rows.Fill(line);
     const auto transaction = transactions.Find(rows);
-    if (!transaction || !rows.HasKey()) continue;
+    if (!transaction || !rows.HasKey()) {
+      // The transaction that it was meant for may have no other line.
+      dataset_.Faults().SetIncomplete(rows.Number());
+      continue;
+    }
     index_.transaction_lines.Add({rows.Offset(), rows.Row(), *transaction});
     totals_.AddLine(line, rows);
   }

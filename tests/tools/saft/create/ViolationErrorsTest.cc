@@ -239,6 +239,15 @@ TEST_F(ViolationErrorsTest, ReferencesToLostRowsAreNotTold) {
                 "invoice_lines.csv:4: 17 cells, but the header has 18"});
 }
 
+TEST_F(ViolationErrorsTest, ATransactionWhoseOnlyLineNamesAnotherIsNotTold) {
+  Change(
+      "transactions.csv", "\nVENDAS,2012-01-04 VENDAS 010002,",
+      "\nVENDAS,2012-01-03 VENDAS 1,1,2012-01-03,x,Venda,1,N,2012-01-03T14:28:09,,\nVENDAS,2012-01-04 VENDAS 010002,");
+  Change("transaction_lines.csv", "\n2012-01-04 VENDAS 010002,1,",
+         "\n2012-01-03 VENDAS 2,1,111,,2012-01-03T12:08:45,Venda,1,\n2012-01-04 VENDAS 010002,1,");
+  ExpectErrors({"transaction_lines.csv:7: TransactionID: \"2012-01-03 VENDAS 2\": not in transactions.csv"});
+}
+
 // The files of documents are read twice.
 TEST_F(ViolationErrorsPartTest, TextsThatXmlCannotHoldAreToldInEveryFile) {
   Change("journals.csv", "Di\u00e1rio de vendas", "Di\x01rio");
