@@ -217,7 +217,8 @@ std::string ViolationErrors::MessageAt(const Cell& cell, const Violation& violat
   if (cell.column.empty()) {
     const RecordKind& kind = RecordKindAt(*violation.kind, violation.path);
     const bool is_alone = IsMissing(violation) && IsOwn(kind, violation.path);
-    return Failure(path, cell.row, is_alone ? Say(words::kNoRowIn, kind.file) : ReasonOf(violation)).what();
+    const std::string reason = std::string(LastStep(violation.path)).append(" ").append(ReasonOf(violation));
+    return Failure(path, cell.row, is_alone ? Say(words::kNoRowIn, kind.file) : reason).what();
   }
   const auto& columns = FileAt(*cell.kind, 0).Columns();
   const auto column = std::ranges::find(columns, cell.column);

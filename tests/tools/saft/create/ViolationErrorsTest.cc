@@ -184,7 +184,7 @@ TEST_F(ViolationErrorsPartTest, AnOrderIsToldInItsOwnRow) {
 TEST_F(ViolationErrorsPartTest, ACreditNoteIsToldInItsOwnRow) {
   Change("credit_notes.csv", "FT A/40,Devolu\u00e7\u00e3o por engano no artigo enviado\n",
          "FT A/40,Motivo\nNC A/2,1,FT A/41,Outro\n");
-  ExpectErrors({"credit_notes.csv:5: may appear only once"});
+  ExpectErrors({"credit_notes.csv:5: CreditNote may appear only once"});
 }
 
 TEST_F(ViolationErrorsTest, ADocumentWithoutLinesIsToldInItsRow) {
