@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <limits>
 #include <memory>
+#include <string_view>
+#include <unordered_set>
 
 #include "tools/saft/dataset/CellValue.h"
 #include "tools/saft/dataset/RecordColumns.h"
@@ -42,9 +44,11 @@ void RecordFile::Bind(const RecordKind& kind) {
   for (size_t i = 0; i < kind.Parents(); ++i) parents_.push_back(PlaceOf(kind.parents[i]));
   if (!kind.key.empty()) key_ = PlaceOf(kind.key);
   const std::shared_ptr<Record> sample = kind.make();
+  std::unordered_set<std::string_view> names;
   for (size_t place = 0; place < columns.size(); ++place) {
+    const bool is_first = names.insert(columns[place]).second;
     if (std::ranges::find(parents_, place) != parents_.end()) continue;
-    if (std::ranges::find(columns, columns[place]) - columns.begin() < static_cast<std::ptrdiff_t>(place)) {
+    if (!is_first) {
       AddColumnError(columns[place], Say(words::kColumnTwice, Quoted(columns[place])));
     } else {
       BindColumn(place, kind, *sample);

@@ -507,6 +507,17 @@ TEST_F(CreateCommandStreamedTest, MemoryGrowsByNoMoreThanTheKeys) {
   expect_bound("transactions.csv", [](const std::string&, const std::string& down) { return "J1,X" + down + "\n"; });
 }
 
+// Work that grew with the square of the columns would take a minute here.
+TEST_F(CreateCommandTest, ManyColumnsAreLookedThroughOnce) {
+  constexpr int kColumns = 60'000;
+  std::string heading = "ProductCode";
+  for (int i = 0; i < kColumns; ++i) heading += ",c" + std::to_string(i);
+  Write("products.csv", heading + "\n");
+  const testing::Outcome outcome = Create();
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_THAT(outcome.err, ::testing::EndsWith("saft: " + In("products.csv") + ": 59950 more errors\n"));
+}
+
 // Work that grew with the square of the records would take minutes here.
 TEST_F(CreateCommandTest, ManyRecordsFindTheirParents) {
   constexpr int kInvoices = 20000;
