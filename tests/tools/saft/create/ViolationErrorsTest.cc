@@ -239,6 +239,13 @@ TEST_F(ViolationErrorsTest, ReferencesToLostRowsAreNotTold) {
                 "invoice_lines.csv:4: 17 cells, but the header has 18"});
 }
 
+TEST_F(ViolationErrorsTest, KeysThatXmlCannotHoldAreNotTheSame) {
+  Change("suppliers.csv", "F001", "F\x01");
+  Change("suppliers.csv", "F002", "G\x01");
+  ExpectErrors({R"(suppliers.csv:2: SupplierID: "F\x01": has a character that XML does not allow)",
+                R"(suppliers.csv:3: SupplierID: "G\x01": has a character that XML does not allow)"});
+}
+
 TEST_F(ViolationErrorsTest, ATransactionWhoseOnlyLineNamesAnotherIsNotTold) {
   Change(
       "transactions.csv", "\nVENDAS,2012-01-04 VENDAS 010002,",
