@@ -106,6 +106,8 @@ ExitCode Run(std::span<char*> arguments) {
     CLI::App* const options = program.add_subcommand(name, Say(description));
     options->group(Say(words::kCommands));
     commands.push_back({options, make(*options)});
+    // A command has this option before it learns the group.
+    options->get_help_ptr()->group(Say(words::kOptions));
     AddLanguageOption(*options);
   }
 

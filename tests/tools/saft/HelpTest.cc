@@ -55,6 +55,20 @@ TEST_P(HelpTest, PagesAreInTheLanguage) {
   }
 }
 
+// The heading of the library's own options is not theirs.
+TEST_P(HelpTest, OptionsStandUnderOneHeading) {
+  for (const CommandEntry& command : CommandList()) {
+    SCOPED_TRACE(command.name);
+    const std::string page = PageOf(command.name);
+    const size_t heading = page.find(std::string("\n") + GetParam().options + ":\n");
+    const size_t help = page.find("\n  -h,--help ");
+    const size_t language = page.find("\n  --lang ");
+    EXPECT_LT(heading, help);
+    EXPECT_LT(help, language);
+    EXPECT_EQ(page.substr(heading, language - heading).find("\n\n"), std::string::npos);
+  }
+}
+
 TEST_P(HelpTest, EveryPageHasExamplesThatRun) {
   ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, folder_.Path(GetParam().file)}).code, 0);
   for (const CommandEntry& command : CommandList()) {
