@@ -36,7 +36,24 @@ RecordFile::RecordFile(const std::string& path, size_t number, const RecordKind&
     AddLost(fault);
     return;
   }
-  if (!csv_->Columns().empty()) Bind(kind);
+  if (csv_->Columns().empty()) return;
+  if (HasHeading(kind)) {
+    Bind(kind);
+    return;
+  }
+  AddLost(csv_->Fault(Say(words::kNoHeading, RecordColumns(kind).Columns().front().name, kind.file)));
+  csv_.reset();
+}
+
+// Whether the first row names columns, and is not a title or a row of values.
+bool RecordFile::HasHeading(const RecordKind& kind) const {
+  const RecordColumns known(kind);
+  size_t near = 0;
+  for (const std::string& name : csv_->Columns()) {
+    if (std::ranges::find(known.Columns(), name, &RecordColumn::name) != known.Columns().end()) return true;
+    if (!DidYouMean(name, known.Columns(), &RecordColumn::name).empty()) ++near;
+  }
+  return 2 * near >= csv_->Columns().size();
 }
 
 void RecordFile::Bind(const RecordKind& kind) {

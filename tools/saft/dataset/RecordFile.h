@@ -97,6 +97,7 @@ class RecordFile {
     size_t second;
   };
 
+  bool HasHeading(const RecordKind& kind) const;
   void Bind(const RecordKind& kind);
   void BindColumn(size_t place, const RecordKind& kind, const Record& sample);
   void AddColumnError(std::string_view column, std::string_view reason);

@@ -19,6 +19,10 @@ inline constexpr Text<> kTooManyLines{"tem linhas a mais", "has too many lines"}
 
 // Columns.
 inline constexpr Text<1> kUnknownColumn{"a coluna {1} não é conhecida", "column {1} is not known"};
+inline constexpr Text<2> kNoHeading{
+    "esta linha não tem o nome de nenhuma coluna; a primeira linha tem de ter os nomes das colunas, como {1} (saft "
+    "columns {2})",
+    "this row names no column; the first row must have the names of the columns, such as {1} (saft columns {2})"};
 inline constexpr Text<1> kRecordColumn{"a coluna {1} tem de nomear uma propriedade, depois de um ponto",
                                        "column {1} must name one of its properties, after a dot"};
 inline constexpr Text<1> kColumnMissing{"falta a coluna {1}", "column {1} is missing"};

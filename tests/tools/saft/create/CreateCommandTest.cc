@@ -355,6 +355,22 @@ INSTANTIATE_TEST_SUITE_P(All, CreateCommandUnknownFileTest,
                                            UnknownFile{"transactionlines.Csv", "transaction_lines.csv"},
                                            UnknownFile{"notas-credito.csv", "credit_notes.csv"}));
 
+// Neither a column of it nor what would follow is told.
+TEST_F(CreateCommandTest, AFirstRowThatNamesNoColumnIsToldOnce) {
+  WriteEverything();
+  for (const char* text : {"Clientes da Casa,,\nCustomerID,AccountID,CompanyName\nC1,2111,Um\n", "C1,2111,Um\n",
+                           "Clientes da Casa\nCustomerID\nC1\n", "Código,Conta,Nome\nC1,2111,Um\n"}) {
+    Write("customers.csv", text);
+    ExpectRefused(In("customers.csv") +
+                  ":1: this row names no column; the first row must have the names of the columns, such as CustomerID "
+                  "(saft columns customers.csv)");
+  }
+  EXPECT_EQ(Run({"create", "--lang", "pt", "--no-validate", folder_.Path(kDataset), Output()}).err,
+            "saft: " + In("customers.csv") +
+                ":1: esta linha não tem o nome de nenhuma coluna; a primeira linha tem de ter os nomes das colunas, "
+                "como CustomerID (saft columns customers.csv)\n");
+}
+
 TEST_F(CreateCommandTest, OtherFilesAreLeftAlone) {
   WriteEverything();
   for (const char* name : {"README.md", "notes.txt", "customers.csv~", "customers.csv.bak", "csv", ".csv"}) {
