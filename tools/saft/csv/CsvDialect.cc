@@ -73,13 +73,14 @@ CsvDialect DialectOf(std::istream& file) {
   return dialect;
 }
 
-std::string Description(const CsvDialect& dialect, bool hasDayFirst) {
+std::string Description(const CsvDialect& dialect, bool hasDayFirst, bool hasShortRows) {
   std::string description;
   const auto add = [&](const Text<>& text) { description.append(description.empty() ? "" : ", ").append(Say(text)); };
   if (dialect.separator == ';') add(words::kSemicolons);
   if (dialect.separator == '\t') add(words::kTabs);
   if (dialect.encoding == CsvEncoding::kWindows1252) add(words::kWindows1252);
   if (hasDayFirst) add(words::kDayFirst);
+  if (hasShortRows) add(words::kShortRows);
   return description;
 }
 

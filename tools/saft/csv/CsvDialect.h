@@ -27,9 +27,9 @@ struct CsvDialect {
 /// first line.
 CsvDialect DialectOf(std::istream& file);
 
-/// What of a dialect, and of dates that have the day first, is other than in a dataset, for people; empty when nothing
-/// is.
-std::string Description(const CsvDialect& dialect, bool hasDayFirst);
+/// What of a dialect, of dates that have the day first and of rows whose last cells are absent is other than in a
+/// dataset, for people; empty when nothing is.
+std::string Description(const CsvDialect& dialect, bool hasDayFirst, bool hasShortRows = false);
 
 }  // namespace zevo::saft
 

@@ -34,7 +34,10 @@ CsvFile::CsvFile(std::string path) : path_(std::move(path)) {
   csv_set_space_func(&parser_, NothingIsBlank);
   csv_set_delim(&parser_, static_cast<unsigned char>(dialect_.separator));
   try {
-    if (!ReadRow()) return;
+    do {
+      if (!ReadRow()) return;
+      LeaveOutEmptyCells(0);
+    } while (cell_count_ == 0);
     cells_.resize(cell_count_);
     CheckText();
     columns_ = cells_;
@@ -64,6 +67,7 @@ CsvFile::~CsvFile() { csv_free(&parser_); }
 
 bool CsvFile::Next() {
   if (!ReadRow()) return false;
+  FitToColumns();
   if (cell_count_ != columns_.size() && !IsEmptyRow()) {
     Fail(SayOf(cell_count_, words::kOtherCell, words::kOtherCells, columns_.size()));
   }
@@ -80,6 +84,21 @@ void CsvFile::GoTo(uint64_t offset, int64_t row) {
   }
   lines_ = row - 1;
   ReadRow();
+  FitToColumns();
+}
+
+void CsvFile::LeaveOutEmptyCells(size_t least) {
+  while (cell_count_ > least && cells_[cell_count_ - 1].empty()) --cell_count_;
+}
+
+// Spreadsheet programs write empty cells beyond the columns, and leave out those at the ends of later rows. A row of
+// one cell may as well have another separator, and the last line of a file that was cut off has no end.
+void CsvFile::FitToColumns() {
+  LeaveOutEmptyCells(columns_.size());
+  if (!dialect_.HasDecimalComma() || cell_count_ < 2 || cell_count_ >= columns_.size() || !line_.ends_with('\n'))
+    return;
+  for (; cell_count_ < columns_.size(); ++cell_count_) cells_[cell_count_].clear();
+  has_short_rows_ = true;
 }
 
 bool CsvFile::IsEmptyRow() const {

@@ -32,9 +32,12 @@ class CsvFile {
   const std::string& Path() const { return path_; }
   const std::vector<std::string>& Columns() const { return columns_; }
   const CsvDialect& Dialect() const { return dialect_; }
+  /// Whether cells at the end of a row that was read are absent.
+  bool HasShortRows() const { return has_short_rows_; }
 
   /// Goes to the next row; false when there is none left, or none can be told after a malformed one. A row has a cell
-  /// for every column, unless all are empty.
+  /// for every column, unless all are empty. Empty cells beyond the columns do not count; with semicolons or tabs,
+  /// those at the end of a row may be absent.
   bool Next();
   /// Goes to a row that was read before, by its `Row` and `Offset`; it has no fault.
   void GoTo(uint64_t offset, int64_t row);
@@ -60,6 +63,8 @@ class CsvFile {
  private:
   void Begin();
   bool ReadRow();
+  void LeaveOutEmptyCells(size_t least);
+  void FitToColumns();
   bool ReadLine();
   void Parse();
   void Finish();
@@ -74,6 +79,7 @@ class CsvFile {
   std::string path_;
   std::ifstream file_;
   CsvDialect dialect_;
+  bool has_short_rows_ = false;
   csv_parser parser_;
   std::string line_;
   int64_t lines_ = 0;

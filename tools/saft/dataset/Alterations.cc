@@ -93,7 +93,7 @@ void Alterations::AddTotals(std::string_view section, const Totals& sums) {
 }
 
 void Alterations::AddForm(const CsvFile& file, bool hasDayFirst) {
-  const std::string form = Description(file.Dialect(), hasDayFirst);
+  const std::string form = Description(file.Dialect(), hasDayFirst, file.HasShortRows());
   if (form.empty()) return;
   std::string note = Say(words::kRecognised, Visible(file.Path()), form);
   if (std::ranges::find(forms_, note) == forms_.end()) forms_.push_back(std::move(note));

@@ -32,6 +32,8 @@ inline constexpr Text<> kSemicolons{"ponto e vírgula entre células, vírgula d
 inline constexpr Text<> kTabs{"tabulações entre células, vírgula decimal", "tabs between cells, decimal commas"};
 inline constexpr Text<> kWindows1252{"Windows-1252", "Windows-1252"};
 inline constexpr Text<> kDayFirst{"datas dia/mês/ano", "dates day/month/year"};
+inline constexpr Text<> kShortRows{"as células que faltam no fim de linhas são vazias",
+                                   "cells that are absent at the ends of rows are empty"};
 
 // Cells that are not understood.
 

@@ -96,6 +96,9 @@ TEST_F(CsvDialectDescriptionTest, TellsWhatIsOtherThanInADataset) {
   EXPECT_EQ(Description({.separator = '\t', .encoding = CsvEncoding::kWindows1252}, true),
             "tabs between cells, decimal commas, Windows-1252, dates day/month/year");
   Speak(Language::kPortuguese);
+  EXPECT_EQ(Description({.separator = ';'}, true, true),
+            "ponto e vírgula entre células, vírgula decimal, datas dia/mês/ano, as células que faltam no fim de linhas "
+            "são vazias");
   EXPECT_EQ(Description({.separator = '\t'}, false), "tabulações entre células, vírgula decimal");
   EXPECT_EQ(Description({.separator = ';', .encoding = CsvEncoding::kWindows1252}, true),
             "ponto e vírgula entre células, vírgula decimal, Windows-1252, datas dia/mês/ano");

@@ -107,6 +107,29 @@ TEST_F(CsvFileTest, ALineMayTellTheSeparator) {
   EXPECT_THAT(Texts("CompanyName"), ElementsAre("a;b"));
 }
 
+TEST_F(CsvFileTest, EmptyCellsAroundATableDoNotCount) {
+  Write("customers.csv", ";;;\r\nCustomerID;CompanyName;;\r\nC1;Um;;\r\nC2;Dois\r\nC3;Tr\xEAs;;;;\r\n");
+  ExpectCreated(Recognised("customers.csv", "semicolons between cells, decimal commas, Windows-1252"));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um", "Dois", "Tr\xEAs"));
+  std::filesystem::remove(Output());
+  Write("customers.csv", "CustomerID,CompanyName,\nC1,Um,\n");
+  ExpectCreated();
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um"));
+}
+
+TEST_F(CsvFileTest, SemicolonsAtTheEndOfARowMayBeAbsent) {
+  Write("customers.csv", "CustomerID;CompanyName;Contact;Fax\r\nC1;Um;Ana;2\r\nC2;Dois\r\nC3;Outro;Rui;4\r\n");
+  // What has parts in another file is read again.
+  Write("invoices.csv", "InvoiceNo;CustomerID;Hash;HashControl\r\nFT 1;C1;0;1\r\nFT 2;C2\r\n");
+  const std::string form =
+      "semicolons between cells, decimal commas, cells that are absent at the ends of rows are empty";
+  ExpectCreated(Recognised("customers.csv", form) + Recognised("invoices.csv", form));
+  EXPECT_THAT(Texts("CompanyName"), ElementsAre("Um", "Dois", "Outro"));
+  EXPECT_THAT(Texts("Contact"), ElementsAre("Ana", "Rui"));
+  EXPECT_THAT(Texts("Fax"), ElementsAre("2", "4"));
+  EXPECT_THAT(Texts("HashControl"), ElementsAre("1"));
+}
+
 TEST_F(CsvFileTest, EachFileIsRecognisedForItself) {
   Write("customers.csv", "CustomerID,CompanyName\nC1,\"S\xE3o; 1,5\"\n");
   Write("products.csv", "ProductCode;ProductDescription\nP1;Pão\n");
@@ -192,6 +215,10 @@ INSTANTIATE_TEST_SUITE_P(
         Faulty{"NotWindows1252InTheDecidingLine", "CustomerID;Contact\r\nC1;\x90\r\n",
                ":2: Contact: \"\\x90\": not Windows-1252", "semicolons between cells, decimal commas, Windows-1252"},
         Faulty{"RowAfterASeparatorLine", "sep=;\nCustomerID;Contact\nC1\n", ":3: 1 cell, but the header has 2",
+               "semicolons between cells, decimal commas"},
+        Faulty{"CutOffInARow", "CustomerID;Contact;Fax\nC1;a;1\nC2;b", ":3: 2 cells, but the header has 3",
+               "semicolons between cells, decimal commas"},
+        Faulty{"ValueBeyondTheColumns", "CustomerID;Contact;\nC1;a;\nC2;b;x\n", ":3: 3 cells, but the header has 2",
                "semicolons between cells, decimal commas"},
         Faulty{"SeparatorLineOfAnother", "sep=|,CustomerID\n", ":1: column \"sep=|\" is not known"},
         Faulty{"SeparatorLineBelow", "\nsep=,CustomerID\n", ":2: column \"sep=\" is not known"},

@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         BadColumn{"customers.csv", "CustomerID,Name", "\"Name\" is not known"},
         BadColumn{"customers.csv", "CustomerID,companyname", "\"companyname\" is not known; did you mean CompanyName?"},
-        BadColumn{"customers.csv", "CustomerID,", "\"\" is not known"},
+        BadColumn{"customers.csv", "CustomerID,,CompanyName", "\"\" is not known"},
         BadColumn{"customers.csv", "CustomerID,BillingAddress.Town",
                   "\"BillingAddress.Town\" is not known; did you mean BillingAddress.City?"},
         BadColumn{"customers.csv", "CustomerID,CompanyName.City",
