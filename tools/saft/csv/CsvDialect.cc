@@ -18,6 +18,11 @@ bool IsUtf16(std::string_view line) {
   return line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF") || line.find('\0') != std::string_view::npos;
 }
 
+// Those of today are archives, the older ones compound files.
+bool IsWorkbook(std::string_view line) {
+  return line.starts_with("PK\x03\x04") || line.starts_with("\xD0\xCF\x11\xE0");
+}
+
 bool IsSeparatorLine(std::string_view line) {
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line.size() == kBeforeSeparator.size() + 1 && line.starts_with(kBeforeSeparator) &&
@@ -50,6 +55,10 @@ CsvDialect DialectOf(std::istream& file) {
   std::string bytes;
   for (bool first = true; !(hasSeparator && hasEncoding) && std::getline(file, bytes); first = false) {
     std::string_view line = bytes;
+    if (first && IsWorkbook(line)) {
+      dialect.encoding = CsvEncoding::kWorkbook;
+      break;
+    }
     if (first && IsUtf16(line)) {
       dialect.encoding = CsvEncoding::kUtf16;
       break;

@@ -7,7 +7,12 @@
 
 namespace zevo::saft {
 
-enum class CsvEncoding { kUtf8, kWindows1252, kUtf16 };
+enum class CsvEncoding {
+  kUtf8,
+  kWindows1252,
+  kUtf16,     ///< is not read
+  kWorkbook,  ///< no text at all
+};
 
 /// How a CSV file is written: as RFC 4180 in UTF-8, or otherwise, as spreadsheet programs save it.
 struct CsvDialect {
@@ -24,7 +29,7 @@ struct CsvDialect {
 /// The dialect of a file; the stream is at its first byte, before and after. The first line with something in it tells
 /// the separator, which is the first one outside quotation marks, unless a line before it does. A byte order mark tells
 /// the encoding, else the first line that is not ASCII. UTF-16 is known by its byte order mark, or by zeros in the
-/// first line.
+/// first line; a workbook of a spreadsheet program by what it begins with.
 CsvDialect DialectOf(std::istream& file);
 
 /// What of a dialect, of dates that have the day first and of rows whose last cells are absent is other than in a

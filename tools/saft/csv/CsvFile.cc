@@ -53,6 +53,7 @@ void CsvFile::Begin() {
   } catch (const std::ios::failure&) {
     FailWithSystemError(errno, path_);
   }
+  if (dialect_.encoding == CsvEncoding::kWorkbook) throw CsvFault(path_, 1, {}, Say(words::kWorkbook));
   if (dialect_.encoding == CsvEncoding::kUtf16) throw CsvFault(path_, 1, {}, Say(words::kUtf16));
   if (dialect_.has_separator_line) ReadLine();
 }

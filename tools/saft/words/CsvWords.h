@@ -23,6 +23,9 @@ inline constexpr Text<> kNotUtf8{"não é UTF-8", "not UTF-8"};
 inline constexpr Text<> kNotWindows1252{"não é Windows-1252", "not Windows-1252"};
 inline constexpr Text<> kUtf16{"está em UTF-16, que não é lido; grave-o como \"CSV UTF-8\"",
                                "is in UTF-16, which is not read; save it as \"CSV UTF-8\""};
+inline constexpr Text<> kWorkbook{
+    "é um livro do Excel e não um ficheiro CSV; grave cada folha como \"CSV (separado por vírgulas)\"",
+    "is a workbook of Excel and no CSV file; save each sheet as \"CSV (Comma delimited)\""};
 
 // How a file is written, where it is not as in a dataset.
 

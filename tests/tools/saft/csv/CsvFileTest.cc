@@ -220,6 +220,10 @@ INSTANTIATE_TEST_SUITE_P(
                "semicolons between cells, decimal commas"},
         Faulty{"ValueBeyondTheColumns", "CustomerID;Contact;\nC1;a;\nC2;b;x\n", ":3: 3 cells, but the header has 2",
                "semicolons between cells, decimal commas"},
+        Faulty{"Workbook", std::string("PK\x03\x04\x14\0\x06\0", 8),
+               ":1: is a workbook of Excel and no CSV file; save each sheet as \"CSV (Comma delimited)\""},
+        Faulty{"OlderWorkbook", std::string("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0", 9),
+               ":1: is a workbook of Excel and no CSV file; save each sheet as \"CSV (Comma delimited)\""},
         Faulty{"SeparatorLineOfAnother", "sep=|,CustomerID\n", ":1: column \"sep=|\" is not known"},
         Faulty{"SeparatorLineBelow", "\nsep=,CustomerID\n", ":2: column \"sep=\" is not known"},
         Faulty{"CommasInARowOfSemicolons", "CustomerID;Contact\nC1,a\n", ":2: 1 cell, but the header has 2",
@@ -298,6 +302,8 @@ TEST_F(CsvFilePortugueseTest, TellsWhatIsWrong) {
             ":2: B: \"\\xE9\": não é UTF-8");
   EXPECT_EQ(Said("A,B\n1,\x81\n"), ":2: B: \"\\x81\": não é Windows-1252");
   EXPECT_EQ(Said("\xFF\xFE"), ":1: está em UTF-16, que não é lido; grave-o como \"CSV UTF-8\"");
+  EXPECT_EQ(Said("PK\x03\x04"),
+            ":1: é um livro do Excel e não um ficheiro CSV; grave cada folha como \"CSV (separado por vírgulas)\"");
 }
 
 class CsvFileEmptyTest : public testing::ToolTest, public ::testing::WithParamInterface<std::string> {};
