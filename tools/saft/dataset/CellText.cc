@@ -15,15 +15,34 @@ CellKind CellKindOf(const Property* property) {
                                                                                           : CellKind::kDate;
 }
 
+namespace {
+
+// The flag that a spreadsheet program saves as a word, in its language.
+std::optional<std::string> FlagOf(std::string_view word) {
+  if (word == "VERDADEIRO" || word == "TRUE") return "1";
+  if (word == "FALSO" || word == "FALSE") return "0";
+  return std::nullopt;
+}
+
+std::string_view WithoutPercent(std::string_view cell) {
+  return cell.substr(0, cell.size() - (cell.ends_with('%') ? 1 : 0));
+}
+
+}  // namespace
+
 CellText::CellText(const CsvDialect& dialect, const Property* property)
     : in_spreadsheet_(dialect.HasDecimalComma()),
       kind_(CellKindOf(property)),
       is_count_(property != nullptr && property->type == PropertyType::kCount),
+      is_flag_(property != nullptr && property->type == PropertyType::kFlag),
+      is_percentage_(property != nullptr && property->name == "TaxPercentage"),
       text_kind_(property != nullptr ? property->text_kind : TextKind::kPlain) {}
 
 std::optional<std::string> CellText::Of(std::string_view cell) const {
   if (cell.empty()) return std::nullopt;
   if (in_spreadsheet_) {
+    if (const auto flag = is_flag_ ? FlagOf(cell) : std::nullopt) return flag;
+    if (is_percentage_) return NumberWithPoint(WithoutPercent(cell));
     if (kind_ == CellKind::kNumber) return is_count_ ? WholeNumber(cell) : NumberWithPoint(cell);
     const std::string_view text = WithoutApostrophe(cell, kind_);
     if (text.size() < cell.size()) return std::string(text);

@@ -35,6 +35,8 @@ class CellText {
   bool in_spreadsheet_;
   CellKind kind_;
   bool is_count_;
+  bool is_flag_;
+  bool is_percentage_;
   TextKind text_kind_;
 };
 

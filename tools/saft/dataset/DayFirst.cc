@@ -67,7 +67,7 @@ std::optional<std::string> TimeOf(std::string_view text) {
 
 std::optional<std::string> DateFromDayFirst(std::string_view cell, TextKind kind) {
   std::string_view rest = cell;
-  const std::string_view day = TakeShort(rest, "/-");
+  const std::string_view day = TakeShort(rest, "/-.");
   if (day.empty()) return std::nullopt;
   const std::string_view month = TakeShort(rest, cell.substr(day.size(), 1));
   if (month.empty()) return std::nullopt;

@@ -70,10 +70,18 @@ class Number {
  public:
   explicit Number(std::string_view cell) : rest_(WithoutBlanks(cell)) {
     constexpr std::string_view kEuro = "€";
-    if (rest_.ends_with(kEuro)) rest_ = WithoutBlanks(rest_.substr(0, rest_.size() - kEuro.size()));
+    bool has_euro = rest_.ends_with(kEuro);
+    if (has_euro) rest_ = WithoutBlanks(rest_.substr(0, rest_.size() - kEuro.size()));
+    const auto takeEuro = [&] {
+      if (has_euro || !rest_.starts_with(kEuro)) return;
+      has_euro = true;
+      rest_ = WithoutBlanksBefore(rest_.substr(kEuro.size()));
+    };
+    takeEuro();
     if (!rest_.starts_with('-') && !rest_.starts_with('+')) return;
     sign_ = rest_.substr(0, 1);
     rest_ = WithoutBlanksBefore(rest_.substr(1));
+    takeEuro();
   }
 
   // The digits of a number with one point, and no comma, that may stand between groups of three.

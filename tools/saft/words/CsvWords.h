@@ -63,16 +63,20 @@ diz. O texto está em UTF-8 ou em Windows-1252. O que foi reconhecido é indicad
 
   - com ponto e vírgula ou tabulações, os números têm vírgula decimal: 1234,56, 1.234,56 ou 1 234,56 €. Um número como
     1.234 pode ser duas coisas e é um erro. O apóstrofo que "saft list --excel" põe antes de um texto é retirado, e um
-    texto como 5,60123E+12, que perdeu algarismos, é um erro.
-  - em qualquer ficheiro, as datas podem ter o dia primeiro: 31/12/2012 ou 31-12-2012, com a hora como em 31/12/2012 14:30)",
+    texto como 5,60123E+12, que perdeu algarismos, é um erro. VERDADEIRO e FALSO são 1 e 0, uma percentagem de imposto
+    pode ser 23%, e as células vazias do fim de uma linha podem faltar.
+  - em qualquer ficheiro, as datas podem ter o dia primeiro: 31/12/2012, 31-12-2012 ou 31.12.2012, com a hora como em
+    31/12/2012 14:30)",
     R"(Files that a spreadsheet program saves as CSV are read too. In each file the row of names shows whether cells are
 separated by semicolons, commas or tabs; a first line "sep=;" tells it as well. The text is UTF-8 or Windows-1252. What
 was recognised is told, one line for each file.
 
   - with semicolons or tabs, numbers have a decimal comma: 1234,56, 1.234,56 or 1 234,56 €. A number such as 1.234 may
     be two things and is an error. The apostrophe that "saft list --excel" puts before a text is taken off, and a text
-    such as 5,60123E+12, which has lost digits, is an error.
-  - in every file, dates may have the day first: 31/12/2012 or 31-12-2012, with the time as in 31/12/2012 14:30)"};
+    such as 5,60123E+12, which has lost digits, is an error. TRUE and FALSE are 1 and 0, a tax percentage may be 23%,
+    and empty cells at the end of a row may be absent.
+  - in every file, dates may have the day first: 31/12/2012, 31-12-2012 or 31.12.2012, with the time as in
+    31/12/2012 14:30)"};
 
 }  // namespace zevo::saft::words
 

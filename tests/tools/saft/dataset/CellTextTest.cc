@@ -64,6 +64,29 @@ TEST(CellTextTest, NumbersHaveDecimalCommasWhereNoCommaSeparates) {
   EXPECT_EQ(Told(',', "UnitPrice", "1234,56"), std::nullopt);
 }
 
+TEST(CellTextTest, SpreadsheetProgramsSaveFlagsAsWords) {
+  for (const char* word : {"VERDADEIRO", "TRUE"}) EXPECT_EQ(Told(';', "SelfBillingIndicator", word), "1");
+  for (const char* word : {"FALSO", "FALSE"}) EXPECT_EQ(Told('\t', "SelfBillingIndicator", word), "0");
+  for (const char* other : {"0", "1", "Sim", "true", "V"}) {
+    EXPECT_EQ(Told(';', "SelfBillingIndicator", other), std::nullopt) << other;
+  }
+  EXPECT_EQ(Told(',', "SelfBillingIndicator", "TRUE"), std::nullopt);
+  EXPECT_EQ(Told(';', "SelfBillingIndicator", "'+1"), "+1");
+  EXPECT_EQ(Told(';', "InvoiceNo", "TRUE"), std::nullopt);
+}
+
+TEST(CellTextTest, TaxPercentagesMayHaveTheirSign) {
+  static const Tax tax;
+  const Property& percentage = *std::ranges::find(PropertiesOf(tax), "TaxPercentage", &Property::name);
+  const saft::CellText text({.separator = ';'}, &percentage);
+  EXPECT_EQ(text.Of("23%"), "23");
+  EXPECT_EQ(text.Of("23,00 %"), "23.00");
+  EXPECT_EQ(text.Of("6"), "6");
+  for (const char* cell : {"%", "%23", "23%%"}) EXPECT_THROW(text.Of(cell), saft::BadValue) << cell;
+  EXPECT_EQ(saft::CellText({}, &percentage).Of("23%"), std::nullopt);
+  EXPECT_THROW(Told(';', "UnitPrice", "23%"), saft::BadValue);
+}
+
 TEST(CellTextTest, ApostrophesAreTakenOffWhereTheListPutsThem) {
   EXPECT_EQ(Told(';', "InvoiceNo", "'007"), "007");
   EXPECT_EQ(Told(';', "", "'007"), "007");

@@ -35,6 +35,7 @@ TEST_F(DayFirstTest, TheDayComesFirst) {
   EXPECT_EQ(Day("3/4/2012"), "2012-04-03");
   EXPECT_EQ(Day("31-12-2012"), "2012-12-31");
   EXPECT_EQ(Day("1-2-2012"), "2012-02-01");
+  EXPECT_EQ(Day("31.12.2012"), "2012-12-31");
   EXPECT_EQ(Day("29/02/2012"), "2012-02-29");
 }
 
@@ -48,8 +49,9 @@ TEST_F(DayFirstTest, ATimeMayFollow) {
 }
 
 TEST_F(DayFirstTest, OtherTextsAreNoneOfThese) {
-  for (const char* text : {"", "2012-12-31", "2012-01-10T12:38:54", "2012/12/31", "hoje", "31", "31/12", "31.12.2012",
-                           "31/12-2012", "31-12/2012", "/12/2012", "31//2012", "031/12/2012", "1/123/2012"}) {
+  for (const char* text :
+       {"", "2012-12-31", "2012-01-10T12:38:54", "2012/12/31", "hoje", "31", "31/12", "31.12", "31.12-2012",
+        "31/12-2012", "31-12/2012", "/12/2012", "31//2012", "031/12/2012", "1/123/2012"}) {
     EXPECT_EQ(Day(text), std::nullopt) << text;
     EXPECT_EQ(DayAndTime(text), std::nullopt) << text;
   }

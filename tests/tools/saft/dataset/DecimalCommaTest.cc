@@ -48,7 +48,9 @@ INSTANTIATE_TEST_SUITE_P(
                       Written{"5.", "5."},
                       // What stands around it.
                       Written{"1234,56 €", "1234.56"}, Written{"1 234,56€", "1234.56"}, Written{"-5\u00A0€", "-5"},
-                      Written{"\u00A0- 1 234,56\u202F€ ", "-1234.56"}, Written{"\t5,5\r\n", "5.5"}));
+                      Written{"\u00A0- 1 234,56\u202F€ ", "-1234.56"}, Written{"\t5,5\r\n", "5.5"},
+                      Written{"€ 1.234,56", "1234.56"}, Written{"€5", "5"}, Written{"-€ 5,5", "-5.5"},
+                      Written{"€\u00A0-5", "-5"}));
 
 TEST_F(DecimalCommaTest, APointThatMayStandForThousandsIsRefused) {
   EXPECT_EQ(Refused("1.234"), "may be 1234 or 1,234; write one of these, without a point");
@@ -67,7 +69,7 @@ TEST_F(DecimalCommaTest, WhatIsNoNumberIsRefused) {
                            "0.123,4",  "1.234 567", "1 234.567.890",
                            "1 23",     "1  234",    "1\u00A0234 567",
                            "--5",      "+-5",       "5-",
-                           "(5)",      "5 EUR",     "€ 5",
+                           "(5)",      "5 EUR",     "€ 5 €",
                            "5 € €",    "1,5E+05",   "1,2 3",
                            "1,-5",     "\u00A0",    "１"}) {
     EXPECT_EQ(Refused(cell), "not a number such as 1234,56") << cell;
