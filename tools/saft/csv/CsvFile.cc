@@ -96,8 +96,8 @@ void CsvFile::LeaveOutEmptyCells(size_t least) {
 // one cell may as well have another separator, and the last line of a file that was cut off has no end.
 void CsvFile::FitToColumns() {
   LeaveOutEmptyCells(columns_.size());
-  if (!dialect_.HasDecimalComma() || cell_count_ < 2 || cell_count_ >= columns_.size() || !line_.ends_with('\n'))
-    return;
+  const bool is_short = dialect_.HasDecimalComma() && cell_count_ >= 2 && cell_count_ < columns_.size();
+  if (!is_short || !line_.ends_with('\n')) return;
   for (; cell_count_ < columns_.size(); ++cell_count_) cells_[cell_count_].clear();
   has_short_rows_ = true;
 }
