@@ -11,12 +11,14 @@
 #include <vector>
 
 #include "tools/saft/columns/ColumnFacts.h"
+#include "tools/saft/dataset/Dataset.h"
 #include "tools/saft/dataset/RecordKind.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/NearestName.h"
 #include "tools/saft/terminal/Table.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/ColumnWords.h"
+#include "tools/saft/words/ErrorWords.h"
 #include "tools/saft/words/Meanings.h"
 #include "tools/saft/words/UsageWords.h"
 
@@ -35,7 +37,10 @@ std::vector<const RecordKind*> KindsNamed(std::string_view name) {
     if (name.empty() || name == kind.name || name == kind.file) kinds.push_back(&kind);
   }
   if (!kinds.empty()) return kinds;
-  throw Failure(Say(words::kUnknownKindOrFile, Quoted(name)) + DidYouMean(name, names));
+  const auto meant = std::ranges::find(Dataset::Files(), name, &DatasetFile::in_portuguese);
+  const std::string hint =
+      meant != Dataset::Files().end() ? Say(words::kDidYouMean, meant->name) : DidYouMean(name, names);
+  throw Failure(Say(words::kUnknownKindOrFile, Quoted(name)) + hint);
 }
 
 std::string RequiredText(const ColumnFacts& column) {

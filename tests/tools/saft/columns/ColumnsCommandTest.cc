@@ -263,6 +263,14 @@ TEST_F(ColumnsCommandTest, AnotherNameIsToldWithTheNearest) {
             "saft: no kind of record and no file is named \"customer.csv\"; did you mean customers.csv?\n");
 }
 
+TEST_F(ColumnsCommandTest, APortugueseNameLeadsToItsFile) {
+  EXPECT_EQ(Run({"columns", "clientes.csv"}).err,
+            "saft: no kind of record and no file is named \"clientes.csv\"; did you mean customers.csv?\n");
+  EXPECT_EQ(Run({"columns", "--lang", "pt", "linhas_faturas.csv"}).err,
+            "saft: nem um tipo de registo nem um ficheiro se chama \"linhas_faturas.csv\"; queria dizer "
+            "invoice_lines.csv?\n");
+}
+
 TEST_F(ColumnsCommandTest, ASectionHasNoColumns) { EXPECT_EQ(Run({"columns", "SalesInvoices"}).code, 2); }
 
 TEST_F(ColumnsCommandTest, AnotherSchemaHasOtherLengths) {
