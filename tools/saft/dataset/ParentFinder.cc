@@ -22,7 +22,7 @@ std::optional<uint32_t> ParentFinder::Find(RecordFile& child) {
   // Where there is no such file, one row stands for all.
   if (!last_ && !incomplete_ && (exists_ || !told_)) {
     told_ = true;
-    child.AddErrorAtParent(0, Say(words::kNotIn, file_));
+    child.AddErrorAtParent(0, Say(key.empty() ? words::kEmptyKey : words::kNotIn, file_));
   }
   return last_;
 }

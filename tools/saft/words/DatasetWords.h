@@ -41,6 +41,8 @@ inline constexpr Text<> kNotXml{"tem um carácter que XML não permite", "has a 
 // Keys.
 inline constexpr Text<1> kDuplicate{"repetido, já está na linha {1}", "duplicate, row {1} has it already"};
 inline constexpr Text<1> kNotIn{"não está em {1}", "not in {1}"};
+inline constexpr Text<1> kEmptyKey{"está vazia; diga uma de {1}, ou apague a linha se for de totais",
+                                   "is empty; name one of {1}, or delete the row if it holds totals"};
 
 // How many errors there are besides those that are told.
 inline constexpr Text<1> kOneMoreError{"mais {1} erro", "{1} more error"};

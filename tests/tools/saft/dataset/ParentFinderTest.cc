@@ -82,7 +82,11 @@ TEST_F(ParentFinderTest, ATransactionLineWithoutAnyTransactionIsRefused) {
 
 TEST_F(ParentFinderTest, AnInvoiceLineNeedsItsInvoice) {
   WriteInvoices("NC 1,1\n,1\n");
-  ExpectRefused(In("invoice_lines.csv") + ":3: InvoiceNo: \"\": not in invoices.csv");
+  ExpectRefused(In("invoice_lines.csv") +
+                ":3: InvoiceNo: \"\": is empty; name one of invoices.csv, or delete the row if it holds totals");
+  EXPECT_EQ(Run({"create", "--lang", "pt", "--no-validate", folder_.Path(kDataset), Output()}).err,
+            "saft: " + In("invoice_lines.csv") +
+                ":3: InvoiceNo: \"\": está vazia; diga uma de invoices.csv, ou apague a linha se for de totais\n");
 }
 
 TEST_F(ParentFinderTest, ACreditNoteNeedsItsInvoice) {
