@@ -5,6 +5,7 @@
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <system_error>
 
 #include "tools/saft/create/AuditFileOutput.h"
 #include "tools/saft/create/EntriesWriter.h"
@@ -21,6 +22,7 @@
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/CreateWords.h"
 #include "tools/saft/words/CsvWords.h"
+#include "tools/saft/words/ErrorWords.h"
 #include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
@@ -52,6 +54,7 @@ ExitCode CreateCommand::Run() const {
   schema_.RequireUsable();
   const Interruption interruption(Interruption::During::kWriting);
   RequireRegularFile(file_);
+  RequireNoDatasetFile();
   if (!force_ && std::filesystem::exists(file_)) throw Failure(file_, Say(words::kIsThereAlready));
   UnfinishedPath unfinished(file_, force_ ? UnfinishedPath::kFileInstead : UnfinishedPath::kFile);
   Dataset dataset(dataset_);
@@ -70,11 +73,21 @@ ExitCode CreateCommand::Run() const {
     throw Failure(file_, Say(words::kNotWrittenRounded));
   }
   if (dataset.Faults().Count() > 0) return kError;
+  // Told before, so that a file is there only where nothing failed.
+  if (!unvalidated_) std::cout << Say(words::kValid, Visible(file_)) << '\n';
+  if (!std::cout.flush()) throw Failure(Say(words::kOutputUnwritable));
   unfinished.PutInPlace();
   if (!stream_) dataset.Altered().ForgetReturns();
   dataset.Altered().Report(std::cerr);
-  if (!unvalidated_) std::cout << Say(words::kValid, Visible(file_)) << '\n';
   return kDone;
+}
+
+void CreateCommand::RequireNoDatasetFile() const {
+  std::error_code none;
+  for (const DatasetFile& file : Dataset::Files()) {
+    const bool same = std::filesystem::equivalent(std::filesystem::path(dataset_) / file.name, file_, none);
+    if (same) throw Failure(file_, Say(words::kOfTheDataset));
+  }
 }
 
 void CreateCommand::Write(const std::string& path, Dataset& dataset, RowIndex& index, std::ostream& notes) const {

@@ -21,6 +21,8 @@ class CreateCommand : public Command {
 
  private:
   /// Writes the file of the dataset, whatever is wrong with it. What the user should know goes to `notes`.
+  /// Fails where the file to write is one of those to read.
+  void RequireNoDatasetFile() const;
   void Write(const std::string& path, Dataset& dataset, RowIndex& index, std::ostream& notes) const;
   /// Adds what the schema does not allow in that file to the errors of the dataset.
   void Validate(const std::string& path, Dataset& dataset, const RowIndex& index) const;

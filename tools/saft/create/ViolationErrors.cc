@@ -201,7 +201,7 @@ void ViolationErrors::AddAt(const Cell& cell, const Violation& violation) {
   const size_t number = Dataset::NumberOf(cell.kind->file);
   RowPlace place{number, cell.row};
   if (!cell.column.empty()) {
-    if (errors_.IsTold(place, cell.column)) return;
+    if (errors_.IsTold(place, cell.column) || IsRowWithoutKey(cell)) return;
     const auto& columns = FileAt(*cell.kind, 0).Columns();
     if (std::ranges::find(columns, cell.column) == columns.end()) {
       // Nearly every row would be wrong.
@@ -210,6 +210,18 @@ void ViolationErrors::AddAt(const Cell& cell, const Violation& violation) {
     }
   }
   errors_.Add(place, cell.column, [&] { return MessageAt(cell, violation); });
+}
+
+// Whether a cell is of a row whose key is empty, which is told: a row of totals has little of what a record needs.
+bool ViolationErrors::IsRowWithoutKey(const Cell& cell) {
+  const std::string_view key = cell.kind->key;
+  if (key.empty() || cell.column == key || !errors_.IsTold({Dataset::NumberOf(cell.kind->file), cell.row}, key)) {
+    return false;
+  }
+  const CsvFile& file = FileAt(*cell.kind, cell.row);
+  const auto place = std::ranges::find(file.Columns(), key);
+  return place != file.Columns().end() && file.Row() == static_cast<int64_t>(cell.row) &&
+         file.Cell(static_cast<size_t>(place - file.Columns().begin())).empty();
 }
 
 std::string ViolationErrors::MessageAt(const Cell& cell, const Violation& violation) {

@@ -46,6 +46,7 @@ class ViolationErrors {
   std::optional<Cell> ParentOfMissing(const Violation& violation) const;
   bool IsFollowing(const Violation& violation) const;
   void AddAt(const Cell& cell, const Violation& violation);
+  bool IsRowWithoutKey(const Cell& cell);
   std::string MessageAt(const Cell& cell, const Violation& violation);
   CsvFile& FileAt(const RecordKind& kind, uint32_t row);
 

@@ -43,8 +43,8 @@ UnfinishedPath::UnfinishedPath(const std::string& place, What what)
     folder_ = beside + std::to_string(number);
     // A file is made by whoever writes it: what makes new files alone could not use one that is there.
     path_ = what == kFolder ? folder_ : folder_ / place_.filename();
-    // With the permissions that the user's mask leaves.
-    if (mkdir(folder_.c_str(), 0777) == 0) return;
+    // A folder that stays gets the permissions that the user's mask leaves. What is in another is nobody else's yet.
+    if (mkdir(folder_.c_str(), what == kFolder ? 0777 : 0700) == 0) return;
     if (errno != EEXIST) FailWithSystemError(errno, place, true);
   }
 }
@@ -57,7 +57,12 @@ UnfinishedPath::~UnfinishedPath() {
 void UnfinishedPath::PutInPlace() {
   Interruption::ThrowIfRequested();
   std::error_code error;
-  // An empty folder that is there gives way.
+  // A file that gives way leaves its permissions.
+  if (const auto before = std::filesystem::symlink_status(place_, error); std::filesystem::is_regular_file(before)) {
+    std::filesystem::permissions(path_, before.permissions(), error);
+    if (error) FailWithSystemError(error.value(), place_.string());
+  }
+  // An empty folder that is there gives way too.
   std::filesystem::rename(path_, place_, error);
   if (error) FailWithSystemError(error.value(), place_.string());
   std::filesystem::remove(folder_, error);

@@ -127,6 +127,7 @@ added as 0, and so is the CurrencyCreditAmount of a currency without amount. A d
 percentage of 0 as a tax amount, and the country of the company is PT where it is not given.)"};
 
 inline constexpr Text<> kIsThereAlready{"já existe; --force substitui-o", "is there already; --force replaces it"};
+inline constexpr Text<> kOfTheDataset{"é um ficheiro do conjunto de dados", "is a file of the dataset"};
 inline constexpr Text<> kNotWrittenRounded{"não foi escrito, por causa destes números; --round escreve-o mesmo assim",
                                            "not written, because of these numbers; --round writes it all the same"};
 inline constexpr Text<> kNoTransactionsFile{"não escrito, não há transactions.csv",

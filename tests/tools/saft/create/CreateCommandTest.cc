@@ -270,6 +270,21 @@ TEST_F(CreateCommandTest, AnExistingFileIsToldBeforeAnythingIsRead) {
   EXPECT_EQ(Create().err, "saft: " + Output() + ": is there already; --force replaces it\n");
 }
 
+TEST_F(CreateCommandTest, ForceReplacesNoFileOfTheDataset) {
+  WriteEverything();
+  const std::string before = testing::ReadBytes(In("header.csv"));
+  const testing::Outcome outcome = Run({"create", "--force", folder_.Path(kDataset), In("header.csv")});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: " + In("header.csv") + ": is a file of the dataset\n");
+  EXPECT_EQ(testing::ReadBytes(In("header.csv")), before);
+}
+
+TEST_F(CreateCommandTest, WhereItCannotBeToldToBeValidNothingIsWritten) {
+  WriteValid(1);
+  EXPECT_EQ(RunInShell("saft create '" + folder_.Path(kDataset) + "' '" + Output() + "' >/dev/full").code, 2);
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset));
+}
+
 TEST_F(CreateCommandTest, ForceReplacesAFile) {
   WriteEverything();
   ExpectCreated();
@@ -280,8 +295,7 @@ TEST_F(CreateCommandTest, ForceReplacesAFile) {
     EXPECT_EQ(Create(options).err, "");
     EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "out.xml"));
     EXPECT_THAT(Texts("InvoiceNo"), ElementsAre("NC 1"));
-    // As of a new file.
-    EXPECT_NE(std::filesystem::status(Output()).permissions(), std::filesystem::perms::owner_read);
+    EXPECT_EQ(std::filesystem::status(Output()).permissions(), std::filesystem::perms::owner_read);
   }
   std::filesystem::remove(Output());
   EXPECT_EQ(Create({"--force"}).code, 0);

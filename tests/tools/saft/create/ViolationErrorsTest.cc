@@ -187,6 +187,11 @@ TEST_F(ViolationErrorsPartTest, ACreditNoteIsToldInItsOwnRow) {
   ExpectErrors({"credit_notes.csv:5: CreditNote may appear only once"});
 }
 
+TEST_F(ViolationErrorsTest, ARowOfTotalsIsToldOnce) {
+  Change("customers.csv", "\nC0002,", "\n,,,Total,,,,,,,,,,,,,,,,,,,,\nC0002,");
+  ExpectErrors({"customers.csv:3: CustomerID: is empty, and it is required"});
+}
+
 TEST_F(ViolationErrorsTest, ADocumentWithoutLinesIsToldInItsRow) {
   Change("invoices.csv", "\nFT A/2,",
          "\nFT A/9999,N,H,1,1,2012-01-11,FT,0,2012-01-11T09:32:03,,C0020,"
