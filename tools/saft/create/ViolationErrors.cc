@@ -9,6 +9,7 @@
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/CreateWords.h"
+#include "tools/saft/words/CsvWords.h"
 #include "tools/saft/words/DatasetWords.h"
 #include "tools/saft/words/Meanings.h"
 
@@ -83,6 +84,12 @@ std::string ReasonOf(const Violation& violation) {
     if (reason.starts_with(subject)) return reason.substr(subject.size());
   }
   return reason;
+}
+
+// Of a date in a spreadsheet, what is wrong with it; null for other values.
+const Text<>* FormOfSpreadsheet(const Violation& violation) {
+  if (violation.allowed == "date") return &words::kNotADate;
+  return violation.allowed == "dateTime" ? &words::kNotADateTime : nullptr;
 }
 
 const RecordKind* KindNamed(std::string_view name) {
@@ -240,7 +247,8 @@ std::string ViolationErrors::MessageAt(const Cell& cell, const Violation& violat
   if (file.Row() != static_cast<int64_t>(cell.row)) return Failure(path, cell.row, ReasonOf(violation)).what();
   if (file.Cell(place).empty()) return Failure(path, cell.row, cell.column + ": " + Say(words::kEmptyCell)).what();
   if (violation.value.empty()) return file.Fault(place, Say(words::kCannotBeWritten)).what();
-  return file.Fault(place, ReasonOf(violation, *cell.kind, cell.column)).what();
+  const Text<>* const form = file.Dialect().HasDecimalComma() ? FormOfSpreadsheet(violation) : nullptr;
+  return file.Fault(place, form ? Say(*form) : ReasonOf(violation, *cell.kind, cell.column)).what();
 }
 
 // A file of the dataset at a row, or anywhere for 0.

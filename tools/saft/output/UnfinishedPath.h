@@ -13,7 +13,7 @@ class UnfinishedPath {
  public:
   enum What {
     kFile,
-    kFileInstead,  ///< of another one, which stays until then
+    kFileInstead,  ///< of another one, which stays until then and leaves its permissions
     kFolder,
   };
 

@@ -103,7 +103,7 @@ inline constexpr Text<> kDate{"data", "date"};
 inline constexpr Text<> kDateAndTime{"data e hora", "date and time"};
 inline constexpr Text<> kAmount{"valor", "amount"};
 inline constexpr Text<> kWholeNumber{"número inteiro", "whole number"};
-inline constexpr Text<> kFlag{"0 ou 1", "flag"};
+inline constexpr Text<> kFlag{"0 ou 1", "0 or 1"};
 inline constexpr Text<> kCode{"código", "code"};
 
 // What follows the meaning of a column.

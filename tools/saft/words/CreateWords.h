@@ -32,20 +32,20 @@ O conjunto de dados é uma pasta de ficheiros CSV; só header.csv tem de existir
 quando uma célula está vazia.
 
 Os ficheiros são UTF-8 com vírgulas, e com aspas à volta das células que precisam delas. A primeira linha nomeia as
-colunas. Uma coluna é uma propriedade do registo, como CustomerID; um ponto leva a um registo interior:
-BillingAddress.City. Os códigos escrevem-se como no ficheiro SAF-T (FT), os indicadores como 0 ou 1, os números
-com ponto. Os espaços nas pontas de uma célula não contam. Uma célula vazia deixa o que um registo novo tem: no
-cabeçalho a moeda EUR, o país PT e, como DateCreated, o dia de hoje; o país PT numa morada; 0 em números e
-indicadores; os códigos que "saft columns" diz; nos restantes casos nenhum texto. Um registo interior que pode faltar
-existe quando uma das suas células está preenchida. A secção da contabilidade existe quando existem journals.csv e
+colunas. Uma coluna é uma propriedade do registo, como CustomerID; um ponto leva a um registo dentro dele:
+BillingAddress.City. Os códigos escrevem-se como no ficheiro SAF-T (FT), sim e não como 1 e 0, os números com ponto.
+Os espaços nas pontas de uma célula não contam. Uma célula vazia deixa o que um registo novo tem: no cabeçalho a moeda
+EUR, o país PT e, como DateCreated, o dia de hoje; o país PT numa morada; 0 em números e em vez de sim ou não; os
+códigos que "saft columns" diz; nos restantes casos nenhum texto. Um registo dentro de outro que pode faltar existe
+quando uma das suas células está preenchida. A secção da contabilidade existe quando existem journals.csv e
 transactions.csv, mesmo sem linhas; a secção das vendas, quando há uma fatura.
 
 Os nomes são estes, letra por letra: um ficheiro CSV com outro nome é um erro; os que não são CSV são deixados em paz.
-Também são erros uma linha cujo registo superior não existe, uma AuditFileVersion que não seja 1.01_01 e registos com a
-mesma chave, exceto os de um mesmo documento: linhas com o mesmo LineNumber ou RecordID e notas de crédito de uma linha
-com a mesma Reference ficam todas. Encomendas e notas de crédito que nomeiam uma dessas linhas vão à vez para as linhas
-com esse número, e o que sobra para a primeira. Uma encomenda também pode estar em invoice_lines.csv, como
-OrderReferences.OriginatingOn e OrderReferences.OrderDate.
+Também são erros uma linha cujo diário, movimento ou documento não existe, uma AuditFileVersion que não seja 1.01_01 e
+registos com a mesma chave, exceto os de um mesmo documento: linhas com o mesmo LineNumber ou RecordID e notas de
+crédito de uma linha com a mesma Reference ficam todas. Encomendas e notas de crédito que nomeiam uma dessas linhas vão
+à vez para as linhas com esse número, e o que sobra para a primeira. Uma encomenda também pode estar em
+invoice_lines.csv, como OrderReferences.OriginatingOn e OrderReferences.OrderDate.
 
 Todo o conjunto de dados é verificado. Se alguma coisa estiver errada, nada é escrito: a saída de erros diz os primeiros
 50 erros, cada um com ficheiro, linha, coluna e o que é permitido, e quantos mais há em cada ficheiro.
@@ -85,19 +85,19 @@ The dataset is a folder of CSV files, each of which but header.csv may be absent
 file has where a cell is empty.
 
 The files are UTF-8 with commas, and quotation marks around cells that need them. The first row names the columns. A
-column is a property of the record, such as CustomerID; a dot leads into a child: BillingAddress.City. Codes are
-written as in the audit file (FT), flags as 0 or 1, numbers with a point. Spaces at the ends of a cell do not count. An
-empty cell leaves what a new record has: the currency EUR, the country PT and, as DateCreated, today in the header;
-the country PT in an address; 0 for numbers and flags; the codes that "saft columns" names; no text otherwise. A child
-that may be absent is there when one of its cells is filled. The ledger section is there when journals.csv and
-transactions.csv are, even without rows, the sales section when there is an invoice.
+column is a property of the record, such as CustomerID; a dot leads into a record inside: BillingAddress.City. Codes
+are written as in the audit file (FT), yes and no as 1 and 0, numbers with a point. Spaces at the ends of a cell do not
+count. An empty cell leaves what a new record has: the currency EUR, the country PT and, as DateCreated, today in the
+header; the country PT in an address; 0 for numbers and for yes or no; the codes that "saft columns" names; no text
+otherwise. A record inside another that may be absent is there when one of its cells is filled. The ledger section is
+there when journals.csv and transactions.csv are, even without rows, the sales section when there is an invoice.
 
 The names are these, letter for letter: a CSV file of another name is an error, files that are no CSV are left alone. A
-row whose parent is not there is an error too, and so are an AuditFileVersion other than 1.01_01 and records with the
-same key, but for those of one document: lines with one LineNumber or RecordID and credit notes of a line with one
-Reference are all kept. Orders and credit notes that name such a line go to the lines of that number in turn, and what
-is left over to the first. An order may also stand in invoice_lines.csv, as OrderReferences.OriginatingOn and
-OrderReferences.OrderDate.
+row whose journal, transaction or document is not there is an error too, and so are an AuditFileVersion other than
+1.01_01 and records with the same key, but for those of one document: lines with one LineNumber or RecordID and credit
+notes of a line with one Reference are all kept. Orders and credit notes that name such a line go to the lines of that
+number in turn, and what is left over to the first. An order may also stand in invoice_lines.csv, as
+OrderReferences.OriginatingOn and OrderReferences.OrderDate.
 
 All of the dataset is looked through. When anything in it is wrong, nothing is written: standard error tells the first
 50 errors, each with file, row, column and what is allowed, and how many more there are in each file.

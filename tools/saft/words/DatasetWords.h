@@ -32,7 +32,7 @@ inline constexpr Text<2> kNoColumn{"{1} não tem a coluna {2}", "{1} has no colu
 inline constexpr Text<> kOutOfRange{"fora do intervalo permitido", "out of range"};
 inline constexpr Text<> kNotAnAmount{"não é um valor com ponto decimal", "not an amount with a decimal point"};
 inline constexpr Text<> kNotADecimal{"não é um número com ponto decimal", "not a number with a decimal point"};
-inline constexpr Text<> kNotAFlag{"não é um indicador, 0 ou 1", "not a flag, 0 or 1"};
+inline constexpr Text<> kNotAFlag{"não é 0 nem 1", "is neither 0 nor 1"};
 inline constexpr Text<> kNotWhole{"não é um número inteiro", "not a whole number"};
 inline constexpr Text<1> kNotACode{"não é um de {1}", "not one of {1}"};
 inline constexpr Text<1> kOnlyConstant{"só {1} pode ser escrito", "only {1} can be written"};

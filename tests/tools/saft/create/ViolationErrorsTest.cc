@@ -187,6 +187,13 @@ TEST_F(ViolationErrorsPartTest, ACreditNoteIsToldInItsOwnRow) {
   ExpectErrors({"credit_notes.csv:5: CreditNote may appear only once"});
 }
 
+TEST_F(ViolationErrorsTest, ADateInASpreadsheetIsToldAsSpreadsheetsShowIt) {
+  Write("tax_table.csv",
+        "TaxCountryRegion;TaxCode;Description;TaxExpirationDate;TaxPercentage\nPT;RED;Reduzida;40939;6\n");
+  EXPECT_THAT(Run({"create", folder_.Path(kDataset), Output()}).err,
+              ::testing::HasSubstr("tax_table.csv:2: TaxExpirationDate: \"40939\": not a date such as 31/12/2012\n"));
+}
+
 TEST_F(ViolationErrorsTest, ARowOfTotalsIsToldOnce) {
   Change("customers.csv", "\nC0002,", "\n,,,Total,,,,,,,,,,,,,,,,,,,,\nC0002,");
   ExpectErrors({"customers.csv:3: CustomerID: is empty, and it is required"});
@@ -229,7 +236,7 @@ TEST_F(ViolationErrorsTest, TheyStandAmongTheOtherErrorsInOrder) {
   Change("invoices.csv", "FT A/3,N,", "FT A/3,Z,");
   Change("invoice_lines.csv", ",15,UN,16.80,", ",quinze,UN,16.80,");
   ExpectErrors({"header.csv:2: StartDate: \"ontem\": must be a date, such as 2008-03-05",
-                "customers.csv:3: SelfBillingIndicator: \"x\": not a flag, 0 or 1",
+                "customers.csv:3: SelfBillingIndicator: \"x\": is neither 0 nor 1",
                 "invoices.csv:3: SystemEntryDate: \"ontem\": must be a date and time, such as 2008-03-05T10:30:00",
                 "invoices.csv:4: InvoiceStatus: \"Z\": not one of N, A, F, S",
                 "invoice_lines.csv:3: Quantity: \"quinze\": not an amount with a decimal point"});
