@@ -125,18 +125,10 @@ ExitCode Run(std::span<char*> arguments) {
   return kError;
 }
 
-}  // namespace
-}  // namespace zevo::saft
-
-int main(int argc, char** argv) {
-  zevo::saft::KeepOutputs();
-#ifdef SIGXFSZ
-  // With the signal ignored, a file that grows too large is an ordinary write error, like a full disk.
-  std::signal(SIGXFSZ, SIG_IGN);
-#endif
-  using namespace zevo::saft;
+// Turns whatever ends the run into its message and the exit code.
+int RunToTheEnd(std::span<char*> arguments) {
   try {
-    const ExitCode code = Run({argv, static_cast<size_t>(argc)});
+    const ExitCode code = Run(arguments);
     if (!std::cout.flush()) throw Failure(Say(words::kOutputUnwritable));
     return code;
   } catch (const Failure& failure) {
@@ -154,4 +146,16 @@ int main(int argc, char** argv) {
     std::cerr << "saft: " << Say(words::kUnexpected, Visible(error.what())) << '\n';
     return kError;
   }
+}
+
+}  // namespace
+}  // namespace zevo::saft
+
+int main(int argc, char** argv) {
+  zevo::saft::KeepOutputs();
+#ifdef SIGXFSZ
+  // With the signal ignored, a file that grows too large is an ordinary write error, like a full disk.
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
+  return zevo::saft::RunToTheEnd({argv, static_cast<size_t>(argc)});
 }

@@ -59,8 +59,8 @@ bool IsZone(std::string_view text) {
   int hours = 0;
   int minutes = 0;
   if (!TakeMark(text, '+') && !TakeMark(text, '-')) return false;
-  if (!TakeTwoDigits(text, hours) || !TakeMark(text, ':') || !TakeTwoDigits(text, minutes) || !text.empty())
-    return false;
+  if (!TakeTwoDigits(text, hours) || !TakeMark(text, ':') || !TakeTwoDigits(text, minutes)) return false;
+  if (!text.empty()) return false;
   return hours < 14 ? minutes < 60 : hours == 14 && minutes == 0;
 }
 
@@ -106,8 +106,9 @@ std::optional<CalendarTime> CalendarTime::FromText(std::string_view text) {
   if (TakeMark(rest, '.')) {
     time.has_fraction = true;
     if (rest.empty() || !IsDateDigit(rest[0])) return std::nullopt;
-    for (; !rest.empty() && IsDateDigit(rest[0]); rest.remove_prefix(1))
+    for (; !rest.empty() && IsDateDigit(rest[0]); rest.remove_prefix(1)) {
       zero_fraction = zero_fraction && rest[0] == '0';
+    }
   }
   if (time.hour == 24 && (time.minute != 0 || time.second != 0 || !zero_fraction)) return std::nullopt;
   if (!IsZone(rest)) return std::nullopt;

@@ -41,7 +41,7 @@ CellText::CellText(const CsvDialect& dialect, const Property* property)
 std::optional<std::string> CellText::Of(std::string_view cell) const {
   if (cell.empty()) return std::nullopt;
   if (in_spreadsheet_) {
-    if (const auto flag = is_flag_ ? FlagOf(cell) : std::nullopt) return flag;
+    if (auto flag = is_flag_ ? FlagOf(cell) : std::nullopt) return flag;
     if (is_percentage_) return NumberWithPoint(WithoutPercent(cell));
     if (kind_ == CellKind::kNumber) return is_count_ ? WholeNumber(cell) : NumberWithPoint(cell);
     const std::string_view text = WithoutApostrophe(cell, kind_);
