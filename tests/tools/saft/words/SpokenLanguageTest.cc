@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace zevo::saft {
 namespace {
@@ -26,23 +26,22 @@ struct Locales {
 
 class SpokenLanguageLocaleTest : public ::testing::TestWithParam<Locales> {
  protected:
-  static constexpr const char* kVariables[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
+  static constexpr std::array kVariables{"LC_ALL", "LC_MESSAGES", "LANG"};
 
   SpokenLanguageLocaleTest() {
-    for (const char* variable : kVariables) {
-      const char* const value = std::getenv(variable);
-      before_.push_back(value == nullptr ? std::nullopt : std::optional<std::string>(value));
+    for (size_t i = 0; i < kVariables.size(); ++i) {
+      if (const char* const value = std::getenv(kVariables[i])) before_[i] = value;
     }
   }
   ~SpokenLanguageLocaleTest() override {
-    for (size_t i = 0; i < before_.size(); ++i) Set(kVariables[i], before_[i] ? before_[i]->c_str() : nullptr);
+    for (size_t i = 0; i < kVariables.size(); ++i) Set(kVariables[i], before_[i] ? before_[i]->c_str() : nullptr);
   }
   static void Set(const char* variable, const char* value) {
     value == nullptr ? unsetenv(variable) : setenv(variable, value, 1);
   }
 
  private:
-  std::vector<std::optional<std::string>> before_;
+  std::array<std::optional<std::string>, kVariables.size()> before_;
 };
 
 TEST_P(SpokenLanguageLocaleTest, IsThatOfTheEnvironment) {
