@@ -38,16 +38,10 @@ uint64_t KeyedHash(std::string_view text) {
 
 Digest KeyedDigest(std::string_view text) {
   constexpr size_t kMostOnStack = 64;
-  std::array<char, kMostOnStack + 1> longer;
-  uint64_t second = 0;
-  if (text.size() <= kMostOnStack) {
-    std::ranges::copy(text, longer.begin());
-    longer[text.size()] = '1';
-    second = KeyedHash({longer.data(), text.size() + 1});
-  } else {
-    second = KeyedHash(std::string(text) += '1');
-  }
-  return {KeyedHash(text), second | 1U};
+  if (text.size() >= kMostOnStack) return {KeyedHash(text), KeyedHash(std::string(text) += '1') | 1U};
+  std::array<char, kMostOnStack> longer;
+  *std::ranges::copy(text, longer.begin()).out = '1';
+  return {KeyedHash(text), KeyedHash({longer.data(), text.size() + 1}) | 1U};
 }
 
 }  // namespace zevo

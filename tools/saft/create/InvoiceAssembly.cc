@@ -82,8 +82,12 @@ void InvoiceAssembly::AddCreditNotes(const Invoice& invoice, uint32_t row) {
     if (line == nullptr) continue;
     auto note = std::make_shared<CreditNote>();
     credit_notes_.Fill(*note);
-    if (!line->References()) line->set_References(std::make_shared<References>());
-    if (!line->References()->CreditNote()->Append(std::move(note)) && Tells()) credit_notes_.NoteRepeatedKey();
+    std::shared_ptr<References> references = line->References();
+    if (!references) {
+      references = std::make_shared<References>();
+      line->set_References(references);
+    }
+    if (!references->CreditNote()->Append(std::move(note)) && Tells()) credit_notes_.NoteRepeatedKey();
     parts_.push_back({credit_notes_.Number(), line, place.row});
   }
 }
