@@ -62,10 +62,12 @@ TEST(ReadmeTest, TheExamplePrintsHashesAndProblems) {
             "2: none\nInvoiceType, \"FS\": the code is unknown (line 2, column 42).\n");
 }
 
+constexpr std::string_view kEmptyHeader = R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01">
+<Header/></AuditFile>)";
+
 TEST(ReadmeTest, TheExamplePrintsViolations) {
   const TemporaryFolder folder;
-  const std::string file = folder.Write("a.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01">
-<Header/></AuditFile>)");
+  const std::string file = folder.Write("a.xml", kEmptyHeader);
   std::ostringstream out;
   EXPECT_TRUE(PrintViolations(file, out));
   EXPECT_NE(out.str().find("The header has no CompanyID, which is required (line 2, column 1).\n"), std::string::npos)
@@ -75,8 +77,7 @@ TEST(ReadmeTest, TheExamplePrintsViolations) {
 
 TEST(ReadmeTest, TheExampleSaysWhetherAFileIsRight) {
   const TemporaryFolder folder;
-  const std::string file = folder.Write("a.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01">
-<Header/></AuditFile>)");
+  const std::string file = folder.Write("a.xml", kEmptyHeader);
   std::ostringstream out;
   EXPECT_FALSE(IsRight(file, out));
   EXPECT_NE(out.str().find("SCHEMA: The header has no CompanyID, which is required.\n"), std::string::npos)

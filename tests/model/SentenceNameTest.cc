@@ -34,5 +34,11 @@ TEST(SentenceNameTest, EveryKindHasANameInBothLanguages) {
   }
 }
 
+TEST(SentenceNameTest, InFrontOfAColonItIsShorter) {
+  EXPECT_EQ(LabelName(EntityKind::kInvoice, "FT A/12", Language::kPortuguese), "FT A/12");
+  EXPECT_EQ(LabelName(EntityKind::kCustomer, "", Language::kPortuguese), "Cliente (sem identificação)");
+  EXPECT_EQ(LabelName(EntityKind::kTaxTable, "", Language::kEnglish), "Tax table");
+}
+
 }  // namespace
 }  // namespace zevo

@@ -38,4 +38,8 @@ Violation ViolationOf(const XmlProblem& told) {
   return violation;
 }
 
+bool IsBefore(const FilePlace& one, const FilePlace& other) {
+  return one.line != other.line ? one.line < other.line : one.column < other.column;
+}
+
 }  // namespace zevo

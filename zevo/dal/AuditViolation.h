@@ -2,6 +2,7 @@
 #ifndef ZEVO_DAL_AUDITVIOLATION_H_
 #define ZEVO_DAL_AUDITVIOLATION_H_
 
+#include <zevo/FilePlace.h>
 #include <zevo/model/Violation.h>
 #include <zevo/platform/SchemaDiagnosis.h>
 #include <zevo/platform/XmlProblem.h>
@@ -17,6 +18,9 @@ std::vector<RecordElement> AuditRecords();
 Violation ViolationOf(const SchemaViolation& told);
 /// What libxml2 tells itself.
 Violation ViolationOf(const XmlProblem& told);
+
+/// Whether one place, told by line and column, comes before another.
+bool IsBefore(const FilePlace& one, const FilePlace& other);
 
 }  // namespace zevo
 

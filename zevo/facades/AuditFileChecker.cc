@@ -37,14 +37,6 @@ size_t KnownRule(std::string_view id) {
   return *rule;
 }
 
-SchemaSource SchemaToCheckBy() {
-  try {
-    return OptionsMapping::OfThisThread().SchemaOrBuiltIn().Held();
-  } catch (const Error& error) {
-    throw Error(error.Number(), std::string(kCheckSource), error.Description());
-  }
-}
-
 }  // namespace
 
 struct AuditFileChecker::State {
@@ -72,7 +64,7 @@ class AuditFileChecker::Run {
       if (scanner.RefusedAs() && error.Number() < 0) TellVersion(*scanner.RefusedAs());
       throw;
     }
-    const SchemaSource source = SchemaToCheckBy();
+    const SchemaSource source = OptionsMapping::OfThisThread().HeldSchema(kCheckSource);
     const CompiledSchema schema(source, kNamespace, kCheckSource);
     SchemaValidator validator(schema);
     const std::optional<XmlProblem> first = validator.FirstProblem(state_.file_name);
@@ -133,9 +125,7 @@ class AuditFileChecker::Run {
     if (!from) return;
     validator.Validate(state_.file_name, [&](const XmlProblem& problem) {
       if (problem.fault != XmlProblem::Fault::kInvalid) return false;
-      const bool before =
-          problem.place.line != from->line ? problem.place.line < from->line : problem.place.column < from->column;
-      if (!before) findings_->Tell(ViolationOf(problem));
+      if (!IsBefore(problem.place, *from)) findings_->Tell(ViolationOf(problem));
       return true;
     });
   }

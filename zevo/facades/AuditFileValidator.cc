@@ -21,21 +21,8 @@
 namespace zevo {
 namespace {
 
-// The schema in use, read once for all that is made of it.
-SchemaSource ReadSchema(std::string_view errorSource) {
-  try {
-    return OptionsMapping::OfThisThread().SchemaOrBuiltIn().Held();
-  } catch (const Error& error) {
-    throw Error(error.Number(), std::string(errorSource), error.Description());
-  }
-}
-
 bool IsUnreadable(const std::optional<XmlProblem>& problem) {
   return problem && problem->fault == XmlProblem::Fault::kUnreadable;
-}
-
-bool IsBefore(const FilePlace& one, const FilePlace& other) {
-  return one.line != other.line ? one.line < other.line : one.column < other.column;
 }
 
 }  // namespace
@@ -119,7 +106,7 @@ bool AuditFileValidator::ValidateAuditFile() {
   return Attempt([&] {
     RequireFile(file_name_, Input::kFileOrStandardInput, kMember);
     schema_at_fault_ = true;
-    const SchemaSource source = ReadSchema(kSource);
+    const SchemaSource source = OptionsMapping::OfThisThread().HeldSchema(kSource);
     const CompiledSchema schema(source, kNamespace, kSource);
     Run run(*this, source, schema);
     schema_at_fault_ = false;

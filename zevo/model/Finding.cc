@@ -1,45 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Finding.h>
 
+#include <zevo/model/SentenceName.h>
 #include <zevo/model/Violation.h>
 #include <zevo/model/internal/Phrase.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 namespace zevo {
 namespace {
 
 bool InPortuguese(Language language) { return language == Language::kPortuguese; }
-
-// What a sentence begins with; "#" stands for the key.
-struct SubjectRow {
-  EntityKind kind;
-  std::string_view portuguese;
-  std::string_view english;
-};
-constexpr auto kSubjectRows = std::to_array<SubjectRow>({
-    {EntityKind::kHeader, "Cabeçalho", "Header"},
-    {EntityKind::kGeneralLedger, "Conta #", "Account #"},
-    {EntityKind::kCustomer, "Cliente #", "Customer #"},
-    {EntityKind::kSupplier, "Fornecedor #", "Supplier #"},
-    {EntityKind::kProduct, "Produto #", "Product #"},
-    {EntityKind::kTaxTable, "Tabela de impostos", "Tax table"},
-    {EntityKind::kGeneralLedgerEntries, "Movimentos contabilísticos", "Ledger entries"},
-    {EntityKind::kJournal, "Diário #", "Journal #"},
-    {EntityKind::kTransaction, "Movimento #", "Transaction #"},
-    {EntityKind::kSalesInvoices, "Faturas", "Invoices"},
-    {EntityKind::kInvoice, "#", "#"},
-});
-
-consteval bool SubjectsInOrderOfValues() {
-  for (size_t i = 0; i < kSubjectRows.size(); ++i) {
-    if (static_cast<size_t>(kSubjectRows[i].kind) != i) return false;
-  }
-  return kSubjectRows.size() == kEntityKinds;
-}
-static_assert(SubjectsInOrderOfValues());
 
 // The line of a document that a path leads into, such as "2"; empty where it leads into none, or into the only one.
 std::string_view LineOf(std::string_view path) {
@@ -50,12 +22,7 @@ std::string_view LineOf(std::string_view path) {
 
 std::string BeginningOf(const Finding& finding, Language language) {
   if (!finding.kind) return {};
-  const SubjectRow& row = kSubjectRows[static_cast<size_t>(*finding.kind)];
-  std::string subject(InPortuguese(language) ? row.portuguese : row.english);
-  if (const size_t at = subject.find('#'); at != std::string::npos) {
-    const std::string none = InPortuguese(language) ? "(sem identificação)" : "(without identification)";
-    subject.replace(at, 1, finding.key.empty() ? none : AbridgedText(finding.key));
-  }
+  std::string subject = LabelName(*finding.kind, finding.key, language);
   if (const std::string_view line = LineOf(finding.path); !line.empty()) {
     subject.append(InPortuguese(language) ? ", linha " : ", line ").append(line);
   }

@@ -15,6 +15,9 @@ namespace zevo {
 /// `KeyOf` element; a long one is abridged. A kind of which a file has one goes without.
 ZEVO_API std::string SentenceName(EntityKind kind, std::string_view key, Language language);
 
+/// The same as it stands in front of a colon: "Cliente C1", "FT A/12".
+ZEVO_API std::string LabelName(EntityKind kind, std::string_view key, Language language);
+
 }  // namespace zevo
 
 #endif  // ZEVO_MODEL_SENTENCENAME_H_

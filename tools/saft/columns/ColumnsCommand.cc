@@ -158,11 +158,7 @@ SchemaFacts FactsOfSchema() {
   try {
     return SchemaFacts();
   } catch (const Error& error) {
-    AuditException told;
-    told.set_Number(error.Number());
-    told.set_Source(error.Source());
-    told.set_Description(error.Description());
-    SchemaChoice::Fail(told);
+    SchemaChoice::Fail(AsException(error));
   }
 }
 

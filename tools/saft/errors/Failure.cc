@@ -26,12 +26,16 @@ void FailWith(const AuditException& error, std::string_view file, std::string_vi
   throw Failure(file, reason);
 }
 
-void FailWith(const Error& error, std::string_view file, std::string_view place) {
+AuditException AsException(const Error& error) {
   AuditException told;
   told.set_Number(error.Number());
   told.set_Source(error.Source());
   told.set_Description(error.Description().empty() ? MessageText(error.Number()) : error.Description());
-  FailWith(told, file, place);
+  return told;
+}
+
+void FailWith(const Error& error, std::string_view file, std::string_view place) {
+  FailWith(AsException(error), file, place);
 }
 
 void FailWithSystemError(int error, std::string_view file, bool creating) {

@@ -26,6 +26,9 @@ class Failure : public std::runtime_error {
 [[noreturn]] void FailWith(const AuditException& error, std::string_view file, std::string_view place = {});
 [[noreturn]] void FailWith(const Error& error, std::string_view file, std::string_view place = {});
 
+/// An error as façades keep it.
+AuditException AsException(const Error& error);
+
 /// Fails with an error that the system has with a file, by its number (errno), or when it was to be created.
 [[noreturn]] void FailWithSystemError(int error, std::string_view file, bool creating = false);
 

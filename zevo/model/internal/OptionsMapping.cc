@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/internal/OptionsMapping.h>
 
+#include <zevo/Error.h>
 #include <zevo/platform/File.h>
 #include <zevo/platform/Folders.h>
 #include <zevo/platform/LetterCase.h>
@@ -42,6 +43,14 @@ OptionsMapping& OptionsMapping::Start() {
 OptionsMapping::OptionsMapping() {
   ForgetLimits();
   set_SchemaLocation(DefaultSchemaLocation());
+}
+
+SchemaSource OptionsMapping::HeldSchema(std::string_view errorSource) const {
+  try {
+    return SchemaOrBuiltIn().Held();
+  } catch (const Error& error) {
+    throw Error(error.Number(), std::string(errorSource), error.Description());
+  }
 }
 
 SchemaSource OptionsMapping::SchemaOrBuiltIn() const {

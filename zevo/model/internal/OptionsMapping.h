@@ -32,6 +32,8 @@ class OptionsMapping {
 
   /// The same but, where it is the one at the default place and there is none, the one that is built into the library.
   SchemaSource SchemaOrBuiltIn() const;
+  /// That one, read once for all that is made of it. What reading it raises is an error of `errorSource`.
+  SchemaSource HeldSchema(std::string_view errorSource) const;
 
   /// The path of the schema in use, empty when it is no file.
   const std::string& SchemaLocation() const { return source_.File(); }
