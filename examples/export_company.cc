@@ -33,7 +33,7 @@ void WriteHeader(zevo::AuditFile& file) {
   header.set_FiscalYear("2012");
   header.set_StartDate("2012-01-01");
   header.set_EndDate("2012-12-31");
-  header.set_TaxEntity("Global");
+  header.set_TaxEntity("Sede");
   header.set_SoftwareCertificateNumber("0");
   header.set_ProductID("Contas/Exemplo");
   header.set_ProductVersion("1.0");

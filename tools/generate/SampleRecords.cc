@@ -44,6 +44,14 @@ std::string ProductCodeAt(int number) { return "P" + std::to_string(number); }
 std::string DescriptionAt(int number) {
   return std::string(kGoods[static_cast<size_t>(number) % kGoods.size()]).append(" ").append(std::to_string(number));
 }
+// Of a company, with the digit that checks it.
+std::string TaxNumber(uint32_t number) {
+  std::string text = Formatted("5%07u", number);
+  int sum = 0;
+  for (int i = 0; i < 8; ++i) sum += (9 - i) * (text[static_cast<size_t>(i)] - '0');
+  const int rest = sum % 11;
+  return text.append(std::to_string(rest < 2 ? 0 : 11 - rest));
+}
 std::string JournalIDOf(int month) { return Formatted("V%02d", month + 1); }
 std::string InvoiceNoOf(int64_t invoice) { return "FT A/" + std::to_string(invoice + 1); }
 
@@ -125,7 +133,7 @@ std::unique_ptr<Header> SampleRecords::TheHeader() const {
   header->set_StartDate("2012-01-01");
   header->set_EndDate("2012-12-31");
   header->set_DateCreated("2013-01-15");
-  header->set_TaxEntity("Global");
+  header->set_TaxEntity("Sede");
   header->set_SoftwareCertificateNumber("0");
   header->set_ProductID("Contas/Exemplo");
   header->set_ProductVersion("1.0");
@@ -133,8 +141,12 @@ std::unique_ptr<Header> SampleRecords::TheHeader() const {
 }
 
 std::unique_ptr<GeneralLedger> SampleRecords::Account(int number) const {
-  constexpr std::array<std::array<std::string_view, 2>, kAccounts> kPlan{
-      {{"2111", "Clientes gerais"}, {"711", "Vendas de mercadorias"}, {"2433", "IVA liquidado"}}};
+  constexpr std::array<std::array<std::string_view, 2>, kAccounts> kPlan{{{"21", "Clientes"},
+                                                                          {"2111", "Clientes gerais"},
+                                                                          {"24", "Estado e outros entes públicos"},
+                                                                          {"2433", "IVA liquidado"},
+                                                                          {"71", "Vendas"},
+                                                                          {"711", "Vendas de mercadorias"}}};
   auto account = std::make_unique<GeneralLedger>();
   account->set_AccountID(kPlan[static_cast<size_t>(number)][0]);
   account->set_AccountDescription(kPlan[static_cast<size_t>(number)][1]);
@@ -145,7 +157,7 @@ std::unique_ptr<Customer> SampleRecords::CustomerAt(int number) const {
   auto customer = std::make_unique<Customer>();
   customer->set_CustomerID(CustomerIDAt(number));
   customer->set_AccountID("2111");
-  customer->set_CustomerTaxID(std::to_string(500'000'000 + Random(number, 1, 99'999'999)));
+  customer->set_CustomerTaxID(TaxNumber(Random(number, 1, 10'000'000)));
   customer->set_CompanyName("Cliente número " + std::to_string(number));
   Fill(*customer->BillingAddress(), number);
   return customer;

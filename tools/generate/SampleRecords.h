@@ -35,7 +35,7 @@ class SampleRecords {
   std::unique_ptr<GeneralLedgerEntries> EntriesTotals() const;
   std::unique_ptr<SalesInvoices> InvoicesTotals() const;
 
-  static constexpr int kAccounts = 3;
+  static constexpr int kAccounts = 6;
 
  private:
   static constexpr int kLines = 3;

@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "general_ledger.csv",
                 "131,Dep",
                 "X131,Dep",
-                {"general_ledger.csv:4: AccountID: \"X131\": does not have the right form, which is like 111"}},
+                {"general_ledger.csv:7: AccountID: \"X131\": does not have the right form, which is like 111"}},
         Invalid{"EmptyCell",
                 "customers.csv",
                 ",545143896,",

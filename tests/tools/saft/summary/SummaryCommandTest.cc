@@ -81,9 +81,9 @@ Header
   EndDate                        2012-12-31
   CurrencyCode                   EUR
   DateCreated                    2013-03-14
-  TaxEntity                      Global
+  TaxEntity                      Sede
   ProductCompanyTaxID            500000000
-  SoftwareCertificateNumber      9871/AT
+  SoftwareCertificateNumber      9871
   ProductID                      Razão Aberta/Lousa Miúda Sistemas Lda
   ProductVersion                 4.2.1
   HeaderComment                  Exercício de 2012, faturação e contabilidade. Empresa, clientes e fornecedores fictícios.
@@ -93,7 +93,7 @@ Header
   Website                        http://www.alforgecandeia.example
 
 Records
-  GeneralLedger   211
+  GeneralLedger   263
   Customer         57
   Supplier         23
   Product          42
@@ -140,7 +140,7 @@ TEST_F(SummaryCommandTest, TellsTheSampleCompanyToPrograms) {
   EXPECT_EQ(json["Header"]["CompanyName"], "Alforge & Candeia – Produtos Regionais, Lda.");
   EXPECT_EQ(json["Header"]["TaxAccountingBasis"], "I");
   EXPECT_EQ(json["Header"]["CompanyAddress.PostalCode"], "3500-618");
-  EXPECT_EQ(json["Counts"], Json::parse(R"({"GeneralLedger": 211, "Customer": 57, "Supplier": 23, "Product": 42,
+  EXPECT_EQ(json["Counts"], Json::parse(R"({"GeneralLedger": 263, "Customer": 57, "Supplier": 23, "Product": 42,
       "TaxTableEntry": 15, "Journal": 6, "Transaction": 1183, "Invoice": 300})"));
   EXPECT_EQ(json["GeneralLedgerEntries"], Json::parse(R"({
       "InFile": {"NumberOfEntries": "1183", "TotalDebit": "3710789.2", "TotalCredit": "3710789.2"},
