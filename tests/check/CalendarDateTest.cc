@@ -55,6 +55,11 @@ TEST(CalendarDateTest, ATimeIsToTheSecondAndSaysWhatMoreItHas) {
   }
 }
 
+TEST(CalendarDateTest, ATimeIsWrittenToTheSecond) {
+  EXPECT_EQ(CalendarTime::FromText("2008-03-05T09:05:08.25Z")->Text(), "2008-03-05T09:05:08");
+  EXPECT_EQ(CalendarTime::FromText("0999-12-31T24:00:00")->Text(), "0999-12-31T24:00:00");
+}
+
 TEST(CalendarDateTest, DaysAndYearsFollowEachOther) {
   const auto date = [](std::string_view text) { return *CalendarDate::FromText(text); };
   EXPECT_EQ(date("2008-02-28").NextDay(), date("2008-02-29"));

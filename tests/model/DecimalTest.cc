@@ -284,6 +284,24 @@ TEST(DecimalTest, RoundsHalvesAwayFromZero) {
 
 // Ten million digits, and a million additions whose carries could go through all of them: in time by the square they
 // would take hours.
+TEST(DecimalTest, IsCountedInUnits) {
+  EXPECT_EQ(Of("12.34").InUnits(2), 1234);
+  EXPECT_EQ(Of("-12.34").InUnits(6), -12'340'000);
+  EXPECT_EQ(Of("12.3400000").InUnits(2), 1234);
+  EXPECT_EQ(Of("12.345").InUnits(2), std::nullopt);
+  EXPECT_EQ(Of("7").InUnits(0), 7);
+  EXPECT_EQ(Of("0").InUnits(1000), 0);
+  EXPECT_EQ(Of("1").InUnits(1000), std::nullopt);
+  EXPECT_EQ(Of("999999999999.999999").InUnits(6), 999'999'999'999'999'999);
+  EXPECT_EQ(Of("1000000000000").InUnits(6), std::nullopt);
+  EXPECT_EQ(Of("12345678901234567890").InUnits(0), std::nullopt);
+  EXPECT_EQ(Of("1").InUnits(-1), std::nullopt);
+  EXPECT_EQ(Decimal::OfUnits(-1234, 2).Text(), "-12.34");
+  EXPECT_EQ(Decimal::OfUnits(std::numeric_limits<int64_t>::max(), 18).Text(), "9.223372036854775807");
+  EXPECT_THROW(Decimal::OfUnits(1, -1), Error);
+  EXPECT_THROW(Decimal::OfUnits(1, 19), Error);
+}
+
 TEST(DecimalTest, TakesTimeInProportionToTheDigits) {
   constexpr size_t kDigits = 10'000'000;
   constexpr int kAdditions = 500'000;

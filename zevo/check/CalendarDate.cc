@@ -117,6 +117,12 @@ std::optional<CalendarTime> CalendarTime::FromText(std::string_view text) {
   return time;
 }
 
+std::string CalendarTime::Text() const {
+  std::string text = date.Text();
+  text.append("T").append(TwoDigits(hour)).append(":").append(TwoDigits(minute));
+  return text.append(":").append(TwoDigits(second));
+}
+
 bool HasZone(std::string_view date) {
   // The date itself ends in two digits behind a hyphen.
   std::string_view rest = TrimWhiteSpace(date);

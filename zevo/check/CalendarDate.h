@@ -43,6 +43,8 @@ struct CalendarTime {
 
   /// The time of a text such as "2008-03-05T10:30:00", perhaps with fractions of a second and a time zone.
   static std::optional<CalendarTime> FromText(std::string_view text);
+  /// Such as "2008-03-05T10:30:00": without fractions and time zone.
+  std::string Text() const;
 };
 
 /// Whether a date has a time zone.

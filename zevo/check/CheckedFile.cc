@@ -44,7 +44,12 @@ void CheckedFile::Take(const TransactionFacts& facts) {
 }
 
 void CheckedFile::Take(const InvoiceFacts& facts) {
-  keys_.Take(facts);
+  documents_.Take(facts);
+  if (documents_.IsNumbered()) {
+    keys_.TakeKnown(documents_.IsRepeated());
+  } else {
+    keys_.Take(facts);
+  }
   keys_.Add(FileKeys::Use::kCustomer, facts, facts.customer);
   for (const InvoiceLineFacts& line : facts.lines) keys_.Add(FileKeys::Use::kProduct, facts, line.product);
   if (!facts.IsCancelled()) keys_.Add(FileKeys::Use::kTransaction, facts, facts.transaction_id);

@@ -4,6 +4,7 @@
 
 #include <zevo/check/AccountPlan.h>
 #include <zevo/check/CalendarDate.h>
+#include <zevo/check/DocumentTable.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/FileKeys.h>
 #include <zevo/check/KeptElement.h>
@@ -63,6 +64,7 @@ class CheckedFile {
   const FileKeys& Keys() const { return keys_; }
   const AccountPlan& Accounts() const { return accounts_; }
   const LedgerSums& Ledger() const { return ledger_; }
+  const DocumentTable& Documents() const { return documents_; }
   int64_t Invoices() const { return invoices_; }
   /// With basis I, the transaction of the invoice that was taken last, where that is live and the file has it.
   const TransactionTable::Entry* TransactionOfInvoice() const { return transaction_of_invoice_; }
@@ -92,6 +94,7 @@ class CheckedFile {
   FileKeys keys_;
   AccountPlan accounts_;
   LedgerSums ledger_;
+  DocumentTable documents_;
   TransactionTable transactions_;
   const TransactionTable::Entry* transaction_of_invoice_ = nullptr;
   bool invoice_exceeds_transaction_ = false;

@@ -22,6 +22,8 @@ class FileKeys {
   explicit FileKeys(size_t mostKept);
 
   void Take(const EntityFacts& facts);
+  /// Takes one whose key is not kept here: whether it is that of an entity before is known.
+  void TakeKnown(bool repeated) { repeated_ = repeated; }
   void Add(Use use, const EntityFacts& facts, const TextFact& key);
 
   /// Whether the key of the entity that was taken last is that of an entity before it.

@@ -2,11 +2,6 @@
 #include <zevo/check/TransactionTable.h>
 
 namespace zevo {
-namespace {
-
-constexpr size_t kFirstTableSlots = 16;
-
-}  // namespace
 
 std::optional<CalendarDate> TransactionTable::Entry::Date() const {
   if (date_ == 0) return std::nullopt;
@@ -22,19 +17,6 @@ bool TransactionTable::Entry::TakeOff(const Decimal& gross) {
   return !before && left_.IsNegative();
 }
 
-// Where the entry is, or its number would be put.
-size_t TransactionTable::SlotOf(const Digest& digest) const {
-  const size_t mask = slots_.size() - 1;
-  size_t slot = static_cast<size_t>(digest[0]) & mask;
-  while (slots_[slot] != 0 && entries_[slots_[slot] - 1].id_ != digest) slot = (slot + 1) & mask;
-  return slot;
-}
-
-void TransactionTable::Grow() {
-  slots_.assign(slots_.empty() ? kFirstTableSlots : 2 * slots_.size(), 0);
-  for (size_t i = 0; i < entries_.size(); ++i) slots_[SlotOf(entries_[i].id_)] = static_cast<uint32_t>(i + 1);
-}
-
 void TransactionTable::Add(const TransactionFacts& facts, const AmountSum& debit) {
   if (facts.id.Missing()) return;
   if (Entry* const same = Find(*facts.id)) {
@@ -43,9 +25,10 @@ void TransactionTable::Add(const TransactionFacts& facts, const AmountSum& debit
     same->date_ = 0;
     return;
   }
-  if (4 * (entries_.size() + 1) > 3 * slots_.size()) Grow();
+  const Digest id = KeyedDigest(*facts.id);
+  slots_.Add(id[0], [this](uint32_t number) { return entries_[number].id_[0]; });
   Entry& entry = entries_.emplace_back();
-  entry.id_ = KeyedDigest(*facts.id);
+  entry.id_ = id;
   entry.left_ = debit.sum;
   entry.known_ = debit.known;
   if (facts.date.Read()) {
@@ -53,13 +36,12 @@ void TransactionTable::Add(const TransactionFacts& facts, const AmountSum& debit
     const int64_t days = date.month * 100 + date.day;
     entry.date_ = date.year < 0 ? date.year * 10'000 - days : date.year * 10'000 + days;
   }
-  slots_[SlotOf(entry.id_)] = static_cast<uint32_t>(entries_.size());
 }
 
 TransactionTable::Entry* TransactionTable::Find(std::string_view id) {
-  if (entries_.empty()) return nullptr;
-  const uint32_t number = slots_[SlotOf(KeyedDigest(id))];
-  return number == 0 ? nullptr : &entries_[number - 1];
+  const Digest digest = KeyedDigest(id);
+  const auto found = slots_.Find(digest[0], [&](uint32_t number) { return entries_[number].id_ == digest; });
+  return found ? &entries_[*found] : nullptr;
 }
 
 }  // namespace zevo

@@ -5,6 +5,7 @@
 #include <zevo/check/CalendarDate.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/LedgerSums.h>
+#include <zevo/check/SlotTable.h>
 #include <zevo/model/Decimal.h>
 #include <zevo/platform/KeyedHash.h>
 
@@ -12,7 +13,6 @@
 #include <deque>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 namespace zevo {
 
@@ -41,11 +41,8 @@ class TransactionTable {
   Entry* Find(std::string_view id);
 
  private:
-  size_t SlotOf(const Digest& digest) const;
-  void Grow();
-
   std::deque<Entry> entries_;
-  std::vector<uint32_t> slots_;  // entries from 1 on; 0 is empty. Their number is a power of two.
+  SlotTable slots_;
 };
 
 }  // namespace zevo

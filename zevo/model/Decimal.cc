@@ -257,6 +257,24 @@ size_t Decimal::Decimals() const {
   return decimals;
 }
 
+Decimal Decimal::OfUnits(int64_t units, int decimals) {
+  if (decimals < 0 || decimals > kMostDecimals) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+  return Decimal(units) * Decimal(1, decimals);
+}
+
+std::optional<int64_t> Decimal::InUnits(int decimals) const {
+  if (decimals < 0 || limbs_) return std::nullopt;
+  if (decimals_ > decimals) {
+    const int64_t unit = PowerOfTen(static_cast<size_t>(decimals_ - decimals));
+    return digits_ % unit == 0 ? std::optional(digits_ / unit) : std::nullopt;
+  }
+  const int shift = decimals - decimals_;
+  if (shift > kMostDecimals) return digits_ == 0 ? std::optional(digits_) : std::nullopt;
+  const int64_t factor = PowerOfTen(static_cast<size_t>(shift));
+  if (std::abs(digits_) > (kLimit - 1) / factor) return std::nullopt;
+  return digits_ * factor;
+}
+
 Decimal::ShortLimbs Decimal::ToShortLimbs() const {
   const auto decimals = static_cast<size_t>(decimals_);
   const int64_t whole = digits_ / PowerOfTen(decimals);

@@ -50,6 +50,13 @@ class ZEVO_API Decimal {
   Decimal& operator=(Decimal&&) noexcept = default;
   ~Decimal() = default;
 
+  /// So many units of that many digits behind the point: 1234 of 2 are 12.34. Raises error 5 for less than 0 and more
+  /// than 18 digits.
+  static Decimal OfUnits(int64_t units, int decimals);
+  /// How many such units it is: 1234 of 12.34 and 2. Nothing where it is no whole number of them, or one of more than
+  /// 18 digits.
+  std::optional<int64_t> InUnits(int decimals) const;
+
   /// The number of a text as XML Schema writes decimals: digits with a point or without, a sign, such as "-12.340",
   /// "+.5" and "7.", with blanks, tabs and line ends at the ends. Nothing for any other text. Takes time in proportion
   /// to its length.

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <zevo/check/DocumentTable.h>
+#include <zevo/dal/EntityScanner.h>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class DocumentTableTest : public ::testing::Test {
+ protected:
+  // Takes the invoices of a file in which they hold this; tells of each whether its number is repeated, such as "-R".
+  std::string Take(const std::vector<std::string>& invoices) {
+    std::string document = "<AuditFile><SourceDocuments><SalesInvoices>";
+    for (const std::string& invoice : invoices) document.append("<Invoice>").append(invoice).append("</Invoice>\n");
+    document.append("</SalesInvoices></SourceDocuments></AuditFile>");
+    EntityScanner scanner(folder_.Write("file.xml", document));
+    scanner.Open("Test");
+    std::string repeated;
+    InvoiceFacts facts;
+    while (const ScannedEntity* const entity = scanner.Next("Test")) {
+      if (entity->Kind() != EntityKind::kInvoice) continue;
+      TakeFacts(*entity, facts);
+      table_.Take(facts);
+      repeated += table_.IsRepeated() ? 'R' : table_.OtherSpelling() ? 'Z' : table_.IsNumbered() ? '-' : '?';
+    }
+    return repeated;
+  }
+  std::string TakeNumbers(const std::vector<std::string_view>& numbers) {
+    std::vector<std::string> invoices;
+    for (const std::string_view number : numbers) {
+      invoices.push_back(std::string("<InvoiceNo>").append(number).append("</InvoiceNo>"));
+    }
+    return Take(invoices);
+  }
+  std::vector<std::string> Along() const {
+    std::vector<std::string> numbers;
+    for (const uint32_t document : table_.AlongSeries()) numbers.push_back(table_.TextOf(table_[document]));
+    return numbers;
+  }
+  // The text of the document that is found for one.
+  std::string Found(std::string_view text) const {
+    const auto found = table_.Find(*DocumentNumber::FromText(text));
+    return found ? table_.TextOf(table_[*found]) : "none";
+  }
+
+  testing::TemporaryFolder folder_;
+  DocumentTable table_;
+};
+
+TEST_F(DocumentTableTest, KeepsWhatIsAskedOfADocument) {
+  Take(
+      {"<InvoiceNo>FT A/12</InvoiceNo>\n<InvoiceStatus>N</InvoiceStatus>\n <InvoiceDate>2008-03-05</InvoiceDate>"
+       "<InvoiceType>FT</InvoiceType><SystemEntryDate>2009-12-31T23:59:58</SystemEntryDate>"
+       "<DocumentTotals><NetTotal>12.345678</NetTotal></DocumentTotals>"});
+  ASSERT_EQ(table_.Count(), 1U);
+  const DocumentTable::Document& document = table_[0];
+  EXPECT_EQ(table_.AllSeries()[document.Series()].text, "FT A");
+  EXPECT_EQ(document.Date(), CalendarDate::FromText("2008-03-05"));
+  EXPECT_EQ(document.EntryTime()->Text(), "2009-12-31T23:59:58");
+  EXPECT_EQ(document.Type(), "FT");
+  EXPECT_EQ(document.State(), DocumentTable::State::kLive);
+  EXPECT_EQ(document.Left(), Decimal::FromText("12.345678"));
+
+  const KeptElement number = table_.Keep(document, DocumentTable::Element::kNumber);
+  EXPECT_EQ(number.kind, EntityKind::kInvoice);
+  EXPECT_EQ(number.key, "FT A/12");
+  EXPECT_EQ(number.path, "InvoiceNo");
+  EXPECT_EQ(number.text, "FT A/12");
+  EXPECT_EQ(number.place, (FilePlace{1, 53, 52}));
+  const KeptElement date = table_.Keep(document, DocumentTable::Element::kDate);
+  EXPECT_EQ(date.path, "InvoiceDate");
+  EXPECT_EQ(date.text, "2008-03-05");
+  EXPECT_EQ(date.place, (FilePlace{3, 2, 117}));
+  const KeptElement type = table_.Keep(document, DocumentTable::Element::kType);
+  EXPECT_EQ(type.path, "InvoiceType");
+  EXPECT_EQ(type.text, "FT");
+  EXPECT_EQ(type.place, (FilePlace{3, 39, 154}));
+  const KeptElement time = table_.Keep(document, DocumentTable::Element::kEntryTime);
+  EXPECT_EQ(time.path, "SystemEntryDate");
+  EXPECT_EQ(time.text, "2009-12-31T23:59:58");
+  EXPECT_EQ(time.place, (FilePlace{3, 68, 183}));
+}
+
+TEST_F(DocumentTableTest, WhatIsNotThereOrHasNoRoomIsNone) {
+  Take(
+      {"<InvoiceNo>FT A/1</InvoiceNo><InvoiceDate>20000-03-05</InvoiceDate><InvoiceType>XX</InvoiceType>"
+       "<SystemEntryDate>20000-03-05T10:00:00</SystemEntryDate>"
+       "<DocumentTotals><NetTotal>0.1234567</NetTotal></DocumentTotals>",
+       "<InvoiceNo>FT A/2</InvoiceNo>"});
+  for (const uint32_t document : {0U, 1U}) {
+    EXPECT_EQ(table_[document].Date(), std::nullopt);
+    EXPECT_EQ(table_[document].DateOrder(), 0U);
+    EXPECT_EQ(table_[document].EntryTime(), std::nullopt);
+    EXPECT_EQ(table_[document].EntryOrder(), 0U);
+    EXPECT_EQ(table_[document].Type(), "");
+    EXPECT_EQ(table_[document].Left(), std::nullopt);
+    EXPECT_FALSE(table_[document].TakeOff(1));
+  }
+  EXPECT_THAT(table_.AllSeries()[0].types, IsEmpty());
+}
+
+TEST_F(DocumentTableTest, LaterDatesAreGreater) {
+  const auto dated = [](int number, std::string_view date, std::string_view time) {
+    return std::string("<InvoiceNo>FT A/")
+        .append(std::to_string(number))
+        .append("</InvoiceNo><InvoiceDate>")
+        .append(date)
+        .append("</InvoiceDate><SystemEntryDate>")
+        .append(date)
+        .append("T")
+        .append(time)
+        .append("</SystemEntryDate>");
+  };
+  Take({dated(1, "2008-01-31", "23:59:59"), dated(2, "2008-02-01", "00:00:00"), dated(3, "2008-12-31", "00:00:01"),
+        dated(4, "2009-01-01", "00:01:00"), dated(5, "16383-12-31", "01:00:00")});
+  for (uint32_t i = 1; i < 5; ++i) {
+    EXPECT_LT(table_[i - 1].DateOrder(), table_[i].DateOrder()) << i;
+    EXPECT_LT(table_[i - 1].EntryOrder(), table_[i].EntryOrder()) << i;
+  }
+  EXPECT_EQ(table_[4].EntryTime()->Text(), "16383-12-31T01:00:00");
+}
+
+TEST_F(DocumentTableTest, ADocumentIsLiveMergedOrCancelled) {
+  Take({"<InvoiceNo>FT A/1</InvoiceNo><InvoiceStatus>S</InvoiceStatus>",
+        "<InvoiceNo>FT A/2</InvoiceNo><InvoiceStatus>F</InvoiceStatus>",
+        "<InvoiceNo>FT A/3</InvoiceNo><InvoiceStatus>A</InvoiceStatus>",
+        "<InvoiceNo>FT A/4</InvoiceNo><InvoiceStatus>F</InvoiceStatus><TransactionID>ANULADO</TransactionID>"});
+  using State = DocumentTable::State;
+  EXPECT_EQ(table_[0].State(), State::kLive);
+  EXPECT_EQ(table_[1].State(), State::kMerged);
+  EXPECT_EQ(table_[2].State(), State::kCancelled);
+  EXPECT_EQ(table_[3].State(), State::kCancelled);
+}
+
+TEST_F(DocumentTableTest, TellsWhenMoreIsTakenOffThanThereIs) {
+  Take({"<InvoiceNo>FT A/1</InvoiceNo><DocumentTotals><NetTotal>10</NetTotal></DocumentTotals>"});
+  DocumentTable::Document& document = table_[0];
+  EXPECT_FALSE(document.TakeOff(4));
+  EXPECT_FALSE(document.TakeOff(6));
+  EXPECT_EQ(document.Left(), Decimal());
+  EXPECT_TRUE(document.TakeOff(*Decimal::FromText("0.01")));
+  EXPECT_FALSE(document.TakeOff(1));
+  EXPECT_EQ(document.Left()->Text(), "-1.01");
+  EXPECT_FALSE(document.TakeOff(*Decimal::FromText("0.0000001")));
+  EXPECT_EQ(document.Left(), std::nullopt);
+}
+
+TEST_F(DocumentTableTest, NumbersAreRepeatedExactlyOrApartFromZeros) {
+  EXPECT_EQ(TakeNumbers({"FT A/1", "FT A/2", "FT A/1", "FT A/02", "FT A/02", "FT B/2", "FT A/3", "A/1", "A/1"}),
+            "--RZR--??");
+  EXPECT_EQ(table_.Count(), 5U);
+  ASSERT_EQ(table_.UnplacedDocuments().size(), 4U);
+  EXPECT_EQ(table_.UnplacedDocuments()[0].before, 2U);
+  EXPECT_EQ(table_.UnplacedDocuments()[0].series, 0U);
+  EXPECT_EQ(table_.UnplacedDocuments()[3].before, 5U);
+  EXPECT_EQ(table_.UnplacedDocuments()[3].series, std::nullopt);
+}
+
+TEST_F(DocumentTableTest, ADocumentIsFoundAsItIsWrittenFirst) {
+  TakeNumbers({"FT A/02", "FT A/2", "FT B/3", "FT A/18446744073709551616"});
+  EXPECT_EQ(Found("FT A/2"), "FT A/2");
+  EXPECT_EQ(Found("FT A/02"), "FT A/02");
+  EXPECT_EQ(Found("FT A/002"), "FT A/02");
+  EXPECT_EQ(Found("FT A/0018446744073709551616"), "FT A/18446744073709551616");
+  EXPECT_EQ(Found("FT A/0"), "none");
+  EXPECT_EQ(Found("FT A/3"), "none");
+  EXPECT_EQ(Found("FT C/2"), "none");
+  EXPECT_EQ(Found("ft A/2"), "none");
+}
+
+TEST_F(DocumentTableTest, DocumentsAreOrderedByNumberAlongEachSeries) {
+  EXPECT_THAT(Along(), IsEmpty());
+  TakeNumbers({"FT B/10", "FT A/3", "FT B/9", "FT A/1", "FT B/11", "FT A/03", "FT A/99999999999999999999",
+               "FT A/20000000000000000000", "FT A/9999999999999999999", "FT A/100000000000000000000", "FT A/0"});
+  EXPECT_THAT(Along(), ElementsAre("FT B/9", "FT B/10", "FT B/11", "FT A/0", "FT A/1", "FT A/3", "FT A/03",
+                                   "FT A/9999999999999999999", "FT A/20000000000000000000", "FT A/99999999999999999999",
+                                   "FT A/100000000000000000000"));
+  const auto missing = [&](std::string_view lower, std::string_view higher) {
+    const auto number = [&](std::string_view text) { return *table_.Find(*DocumentNumber::FromText(text)); };
+    return table_.MissingBetween(table_[number(lower)], table_[number(higher)]).Text();
+  };
+  EXPECT_EQ(missing("FT B/9", "FT B/10"), "0");
+  EXPECT_EQ(missing("FT A/1", "FT A/3"), "1");
+  EXPECT_EQ(missing("FT A/3", "FT A/03"), "-1");
+  EXPECT_EQ(missing("FT A/0", "FT A/9999999999999999999"), "9999999999999999998");
+  EXPECT_EQ(missing("FT A/9999999999999999999", "FT A/20000000000000000000"), "10000000000000000000");
+  EXPECT_EQ(missing("FT A/99999999999999999999", "FT A/100000000000000000000"), "0");
+}
+
+TEST_F(DocumentTableTest, ASeriesKnowsItsEndsAndTypes) {
+  const auto typed = [](std::string_view number, std::string_view type) {
+    return std::string("<InvoiceNo>")
+        .append(number)
+        .append("</InvoiceNo><InvoiceType>")
+        .append(type)
+        .append("</InvoiceType>");
+  };
+  Take({typed("FT A/7", "FT"), typed("FT A/9", "ND"), typed("FT A/5", "ND"), typed("FT A/6", "x")});
+  const DocumentTable::Series& series = table_.AllSeries()[*table_.FindSeries("FT A")];
+  EXPECT_EQ(series.documents, 4U);
+  EXPECT_EQ(series.lowest, 2U);
+  EXPECT_EQ(series.highest, 1U);
+  ASSERT_EQ(series.types.size(), 2U);
+  EXPECT_EQ(series.types[0].type, "FT");
+  EXPECT_EQ(series.types[0].documents, 1U);
+  EXPECT_EQ(series.types[1].type, "ND");
+  EXPECT_EQ(series.types[1].documents, 2U);
+  EXPECT_EQ(series.types[1].first, 1U);
+  EXPECT_EQ(table_.FindSeries("FT B"), std::nullopt);
+  EXPECT_TRUE(table_.IsBelowSeries(*DocumentNumber::FromText("FT A/4")));
+  EXPECT_FALSE(table_.IsBelowSeries(*DocumentNumber::FromText("FT A/5")));
+  EXPECT_FALSE(table_.IsBelowSeries(*DocumentNumber::FromText("FT A/20")));
+  EXPECT_FALSE(table_.IsBelowSeries(*DocumentNumber::FromText("FT B/1")));
+}
+
+TEST_F(DocumentTableTest, NumbersMayBeOfAnyLength) {
+  const std::string zeros(300, '0');
+  const std::string nines(500, '9');
+  EXPECT_EQ(TakeNumbers({"FT A/" + zeros + "7", "FT A/7", "FT A/" + nines, "FT A/0" + nines, "FT A/" + nines,
+                         "FT A/" + zeros + "7"}),
+            "-Z-ZRR");
+  EXPECT_EQ(Found("FT A/007"), "FT A/" + zeros + "7");
+  EXPECT_EQ(table_.NumberOf(table_[0]), "7");
+  EXPECT_EQ(table_.NumberOf(table_[3]), nines);
+}
+
+// Whatever a file has, its documents are found at once: here in ten thousandths of what a walk along all would take.
+TEST_F(DocumentTableTest, ManyDocumentsOfManySeriesInAnyOrderAreTaken) {
+  std::vector<std::string> texts;
+  for (int i = 30'000; i > 0; --i) {
+    texts.push_back("FT A/" + std::to_string(i));
+    texts.push_back("S" + std::to_string(i) + " A/1");
+    texts.push_back("FT B/" + std::to_string(i % 100) + "000000000000000000");
+  }
+  const std::vector<std::string_view> views(texts.begin(), texts.end());
+  EXPECT_EQ(std::ranges::count(TakeNumbers(views), 'R'), 29'900);
+  EXPECT_EQ(table_.Count(), 60'100U);
+  EXPECT_EQ(Along()[0], "FT A/1");
+  EXPECT_EQ(Found("S17 A/1"), "S17 A/1");
+}
+
+}  // namespace
+}  // namespace zevo

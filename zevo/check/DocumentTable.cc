@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/DocumentTable.h>
+
+#include <zevo/platform/KeyedHash.h>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <numeric>
+#include <utility>
+
+namespace zevo {
+namespace {
+
+constexpr int kNetDecimals = 6;
+// Numbers of more digits are long ones, and those with more zeros in front than that are kept like them.
+constexpr size_t kMostShortDigits = 19;
+constexpr uint8_t kLongNumber = 255;
+
+// The types of the schema, from 1 on.
+constexpr std::array<std::string_view, 15> kDocumentTypes{"",   "FT", "FS", "ND", "NC", "VD", "TV", "TD",
+                                                          "AA", "DA", "RP", "RE", "CS", "LD", "RA"};
+
+uint8_t TypeNumber(const TextFact& type) {
+  if (!type.Read()) return 0;
+  const auto* const at = std::ranges::find(kDocumentTypes, *type);
+  return at == kDocumentTypes.end() ? uint8_t{0} : static_cast<uint8_t>(at - kDocumentTypes.begin());
+}
+
+// Bits of the parts, one behind the other, so that later ones are greater.
+uint64_t PackedDate(const CalendarDate& date) {
+  constexpr int64_t kLastYear = 16383;
+  if (date.year < 0 || date.year > kLastYear) return 0;
+  return static_cast<uint64_t>(date.year) << 9U | static_cast<uint64_t>(date.month) << 5U |
+         static_cast<uint64_t>(date.day);
+}
+
+CalendarDate UnpackedDate(uint64_t packed) {
+  return {static_cast<int64_t>(packed >> 9U), static_cast<int>(packed >> 5U & 15U), static_cast<int>(packed & 31U)};
+}
+
+uint64_t PackedTime(const CalendarTime& time) {
+  const uint64_t date = PackedDate(time.date);
+  if (date == 0) return 0;
+  return date << 17U | static_cast<uint64_t>(time.hour) << 12U | static_cast<uint64_t>(time.minute) << 6U |
+         static_cast<uint64_t>(time.second);
+}
+
+DocumentNumber OfDigits(std::string_view digits) { return {.series = {}, .code = {}, .name = {}, .digits = digits}; }
+
+DocumentTable::State StateOf(const InvoiceFacts& facts) {
+  if (facts.IsCancelled()) return DocumentTable::State::kCancelled;
+  return facts.IsLive() ? DocumentTable::State::kLive : DocumentTable::State::kMerged;
+}
+
+}  // namespace
+
+std::optional<CalendarDate> DocumentTable::Document::Date() const {
+  if (date_ == 0) return std::nullopt;
+  return UnpackedDate(date_);
+}
+
+std::optional<CalendarTime> DocumentTable::Document::EntryTime() const {
+  if (entry_ == 0) return std::nullopt;
+  CalendarTime time;
+  time.date = UnpackedDate(entry_ >> 17U);
+  time.hour = static_cast<int>(entry_ >> 12U & 31U);
+  time.minute = static_cast<int>(entry_ >> 6U & 63U);
+  time.second = static_cast<int>(entry_ & 63U);
+  return time;
+}
+
+std::string_view DocumentTable::Document::Type() const { return kDocumentTypes[type_]; }
+
+std::optional<Decimal> DocumentTable::Document::Left() const {
+  if (known_ == 0) return std::nullopt;
+  return Decimal::OfUnits(left_, kNetDecimals);
+}
+
+bool DocumentTable::Document::TakeOff(const Decimal& net) {
+  if (known_ == 0) return false;
+  const auto off = net.InUnits(kNetDecimals);
+  int64_t left = 0;
+  if (!off || __builtin_sub_overflow(left_, *off, &left)) {
+    known_ = 0;
+    return false;
+  }
+  return std::exchange(left_, left) >= 0 && left < 0;
+}
+
+bool DocumentTable::Value::operator<(const Value& other) const {
+  if (digits.size() != other.digits.size()) return digits.size() < other.digits.size();
+  return digits.empty() ? number < other.number : digits < other.digits;
+}
+
+DocumentTable::Value DocumentTable::ValueOf(const DocumentNumber& number) {
+  const std::string_view digits = number.Significant();
+  if (digits.size() > kMostShortDigits) return {.digits = digits};
+  uint64_t value = 0;
+  for (const char digit : digits) value = value * 10 + static_cast<uint64_t>(digit - '0');
+  return {.number = value};
+}
+
+DocumentTable::Value DocumentTable::ValueOf(const Document& document) const {
+  if (document.zeros_ != kLongNumber) return {.number = document.number_};
+  return ValueOf(OfDigits(long_numbers_[document.number_]));
+}
+
+uint64_t DocumentTable::HashOf(uint32_t series, const Value& value) {
+  if (!value.digits.empty()) return KeyedHash(value.digits);
+  std::array<char, sizeof series + sizeof value.number> bytes;
+  std::memcpy(bytes.data(), &series, sizeof series);
+  std::memcpy(bytes.data() + sizeof series, &value.number, sizeof value.number);
+  return KeyedHash({bytes.data(), bytes.size()});
+}
+
+bool DocumentTable::IsWrittenLike(const Document& document, const DocumentNumber& number) const {
+  if (document.zeros_ == kLongNumber) return long_numbers_[document.number_] == number.digits;
+  return document.zeros_ == number.digits.size() - number.Significant().size();
+}
+
+std::optional<uint32_t> DocumentTable::FindSeries(std::string_view text) const {
+  if (!series_.empty() && series_[last_series_].text == text) return last_series_;
+  const auto found = series_by_text_.find(text);
+  if (found == series_by_text_.end()) return std::nullopt;
+  return found->second;
+}
+
+uint32_t DocumentTable::SeriesOf(std::string_view text) {
+  if (const auto found = FindSeries(text)) return *found;
+  const auto number = static_cast<uint32_t>(series_.size());
+  const auto added = series_by_text_.emplace(text, number).first;
+  series_.emplace_back().text = added->first;
+  return number;
+}
+
+std::optional<uint32_t> DocumentTable::Find(const DocumentNumber& number) const {
+  const auto series = FindSeries(number.series);
+  return series ? Find(number, *series, ValueOf(number)) : std::nullopt;
+}
+
+std::optional<uint32_t> DocumentTable::Find(const DocumentNumber& number, uint32_t series, const Value& value) const {
+  std::optional<uint32_t> other;
+  const auto same = slots_.Find(HashOf(series, value), [&](uint32_t document) {
+    const Document& one = (*this)[document];
+    if (one.series_ != series || ValueOf(one) != value) return false;
+    if (!other) other = document;
+    return IsWrittenLike(one, number);
+  });
+  return same ? same : other;
+}
+
+bool DocumentTable::IsBelowSeries(const DocumentNumber& number) const {
+  const auto series = FindSeries(number.series);
+  return series && ValueOf(number) < ValueOf((*this)[series_[*series].lowest]);
+}
+
+void DocumentTable::Take(const InvoiceFacts& facts) {
+  const auto number =
+      facts.number.Missing() ? std::optional<DocumentNumber>() : DocumentNumber::FromText(*facts.number);
+  numbered_ = number.has_value();
+  repeated_ = false;
+  other_spelling_ = std::nullopt;
+  if (!number) {
+    unplaced_.push_back({count_, std::nullopt});
+    return;
+  }
+  last_series_ = SeriesOf(number->series);
+  const Series& series = series_[last_series_];
+  const Value value = ValueOf(*number);
+  const bool beyond = series.documents == 0 || ValueOf((*this)[series.highest]) < value;
+  if (const auto same = beyond ? std::nullopt : Find(*number, last_series_, value)) {
+    if (IsWrittenLike((*this)[*same], *number)) {
+      repeated_ = true;
+      unplaced_.push_back({count_, last_series_});
+      return;
+    }
+    other_spelling_ = same;
+  }
+  Add(facts, *number, last_series_, value);
+}
+
+void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number, uint32_t series, const Value& value) {
+  slots_.Add(HashOf(series, value), [&](uint32_t document) {
+    const Document& one = (*this)[document];
+    return HashOf(one.series_, ValueOf(one));
+  });
+  if (count_ % kChunk == 0) chunks_.push_back(std::make_unique<std::array<Document, kChunk>>());
+  const uint32_t added = count_++;
+  Document& document = (*this)[added];
+  document.series_ = series;
+  const size_t zeros = number.digits.size() - number.Significant().size();
+  if (value.digits.empty() && zeros < kLongNumber) {
+    document.number_ = value.number;
+    document.zeros_ = static_cast<uint8_t>(zeros);
+  } else {
+    document.number_ = long_numbers_.size();
+    document.zeros_ = kLongNumber;
+    long_numbers_.emplace_back(number.digits);
+  }
+  if (facts.date.Read()) document.date_ = PackedDate(*facts.date) & 0x7FFFFFU;
+  if (facts.entry_date.Read()) document.entry_ = PackedTime(*facts.entry_date) & 0xFFFFFFFFFFU;
+  document.type_ = TypeNumber(facts.type);
+  document.state_ = StateOf(facts);
+  const NumberFact& net = facts.totals.net;
+  if (const auto units = net.Read() ? net->InUnits(kNetDecimals) : std::nullopt) {
+    document.known_ = 1;
+    document.left_ = *units;
+  }
+
+  const ScannedEntity& entity = *facts.entity;
+  const auto place = [&](const auto& fact) { return fact.Missing() ? FilePlace() : entity.PlaceOf(fact.element); };
+  const FilePlace at = place(facts.number);
+  constexpr int64_t kMost = std::numeric_limits<uint32_t>::max();
+  document.offset_ = static_cast<uint64_t>(at.offset) & 0xFFFFFFFFFFFFU;
+  document.line_ = static_cast<uint32_t>(at.line <= kMost ? at.line : 0);
+  document.column_ = static_cast<uint32_t>(at.column <= kMost ? at.column : 0);
+  document.steps_ = steps_.Add(at, {place(facts.date), place(facts.type), place(facts.entry_date)});
+  AddToSeries(added);
+}
+
+void DocumentTable::AddToSeries(uint32_t document) {
+  const Document& added = (*this)[document];
+  Series& series = series_[added.series_];
+  const bool first = series.documents++ == 0;
+  const Value value = ValueOf(added);
+  if (first || value < ValueOf((*this)[series.lowest])) series.lowest = document;
+  if (first || ValueOf((*this)[series.highest]) < value) series.highest = document;
+  if (added.type_ == 0) return;
+  auto use = std::ranges::find(series.types, added.Type(), &Series::TypeUse::type);
+  if (use == series.types.end()) use = series.types.insert(use, {added.Type(), 0, document});
+  ++use->documents;
+}
+
+std::vector<uint32_t> DocumentTable::AlongSeries() const {
+  std::vector<uint32_t> ends(series_.size());
+  std::transform_exclusive_scan(series_.begin(), series_.end(), ends.begin(), uint32_t{0}, std::plus<>(),
+                                [](const Series& series) { return series.documents; });
+  std::vector<uint32_t> documents(count_);
+  for (uint32_t i = 0; i < count_; ++i) documents[ends[(*this)[i].series_]++] = i;
+  const auto before = [this](uint32_t left, uint32_t right) {
+    return ValueOf((*this)[left]) < ValueOf((*this)[right]);
+  };
+  auto from = documents.begin();
+  for (const Series& series : series_) {
+    const auto to = from + series.documents;
+    if (!std::is_sorted(from, to, before)) std::stable_sort(from, to, before);
+    from = to;
+  }
+  return documents;
+}
+
+Decimal DocumentTable::MissingBetween(const Document& lower, const Document& higher) const {
+  const Value from = ValueOf(lower);
+  const Value to = ValueOf(higher);
+  if (to.digits.empty()) return Decimal(to.number) - Decimal(from.number) - 1;
+  const Decimal first = from.digits.empty() ? Decimal(from.number) : *Decimal::FromText(from.digits);
+  return *Decimal::FromText(to.digits) - first - 1;
+}
+
+std::string DocumentTable::NumberOf(const Document& document) const {
+  if (document.zeros_ == kLongNumber) return std::string(OfDigits(long_numbers_[document.number_]).Significant());
+  return document.number_ == 0 ? std::string() : std::to_string(document.number_);
+}
+
+std::string DocumentTable::TextOf(const Document& document) const {
+  std::string text(series_[document.series_].text);
+  text += '/';
+  if (document.zeros_ == kLongNumber) return text += long_numbers_[document.number_];
+  return text.append(document.zeros_, '0').append(NumberOf(document));
+}
+
+KeptElement DocumentTable::Keep(const Document& document, Element element) const {
+  constexpr std::array kPaths{"InvoiceNo", "InvoiceDate", "InvoiceType", "SystemEntryDate"};
+  KeptElement kept{.kind = EntityKind::kInvoice,
+                   .key = TextOf(document),
+                   .path = kPaths[static_cast<size_t>(element)],
+                   .place = {document.line_, document.column_, static_cast<int64_t>(document.offset_)},
+                   .text = {}};
+  if (element != Element::kNumber) {
+    kept.place = steps_.At(kept.place, document.steps_, static_cast<size_t>(element) - 1);
+  }
+  switch (element) {
+    case Element::kNumber:
+      kept.text = kept.key;
+      break;
+    case Element::kDate:
+      if (const auto date = document.Date()) kept.text = date->Text();
+      break;
+    case Element::kType:
+      kept.text = document.Type();
+      break;
+    case Element::kEntryTime:
+      if (const auto time = document.EntryTime()) kept.text = time->Text();
+      break;
+  }
+  return kept;
+}
+
+}  // namespace zevo
