@@ -161,11 +161,18 @@ TEST_F(DocumentTableTest, NumbersAreRepeatedExactlyOrApartFromZeros) {
   EXPECT_EQ(TakeNumbers({"FT A/1", "FT A/2", "FT A/1", "FT A/02", "FT A/02", "FT B/2", "FT A/3", "A/1", "A/1"}),
             "--RZR--??");
   EXPECT_EQ(table_.Count(), 5U);
-  ASSERT_EQ(table_.UnplacedDocuments().size(), 4U);
-  EXPECT_EQ(table_.UnplacedDocuments()[0].before, 2U);
-  EXPECT_EQ(table_.UnplacedDocuments()[0].series, 0U);
-  EXPECT_EQ(table_.UnplacedDocuments()[3].before, 5U);
-  EXPECT_EQ(table_.UnplacedDocuments()[3].series, std::nullopt);
+}
+
+TEST_F(DocumentTableTest, OthersMayStandBetweenTwoDocuments) {
+  TakeNumbers({"FT A/1", "FT B/1", "FT B/1", "A/1", "FT A/1", "FT A/4", "FT A/4", "FT A/5"});
+  const auto between = [&](std::string_view one, std::string_view other) {
+    const auto at = [&](std::string_view text) { return *table_.Find(*DocumentNumber::FromText(text)); };
+    return table_.UnplacedBetween(at(one), at(other));
+  };
+  EXPECT_EQ(between("FT A/1", "FT A/4"), 2U);
+  EXPECT_EQ(between("FT A/4", "FT A/1"), 2U);
+  EXPECT_EQ(between("FT A/4", "FT A/5"), 1U);
+  EXPECT_EQ(between("FT A/1", "FT A/5"), 3U);
 }
 
 TEST_F(DocumentTableTest, ADocumentIsFoundAsItIsWrittenFirst) {
@@ -187,16 +194,11 @@ TEST_F(DocumentTableTest, DocumentsAreOrderedByNumberAlongEachSeries) {
   EXPECT_THAT(Along(), ElementsAre("FT B/9", "FT B/10", "FT B/11", "FT A/0", "FT A/1", "FT A/3", "FT A/03",
                                    "FT A/9999999999999999999", "FT A/20000000000000000000", "FT A/99999999999999999999",
                                    "FT A/100000000000000000000"));
-  const auto missing = [&](std::string_view lower, std::string_view higher) {
-    const auto number = [&](std::string_view text) { return *table_.Find(*DocumentNumber::FromText(text)); };
-    return table_.MissingBetween(table_[number(lower)], table_[number(higher)]).Text();
-  };
-  EXPECT_EQ(missing("FT B/9", "FT B/10"), "0");
-  EXPECT_EQ(missing("FT A/1", "FT A/3"), "1");
-  EXPECT_EQ(missing("FT A/3", "FT A/03"), "-1");
-  EXPECT_EQ(missing("FT A/0", "FT A/9999999999999999999"), "9999999999999999998");
-  EXPECT_EQ(missing("FT A/9999999999999999999", "FT A/20000000000000000000"), "10000000000000000000");
-  EXPECT_EQ(missing("FT A/99999999999999999999", "FT A/100000000000000000000"), "0");
+  EXPECT_EQ(table_.NumberOf(table_[1]), 3);
+  EXPECT_EQ(table_.NumberOf(table_[5]), 3);
+  EXPECT_EQ(table_.NumberOf(table_[9]).Text(), "100000000000000000000");
+  EXPECT_EQ(table_.NumberOf(table_[8]).Text(), "9999999999999999999");
+  EXPECT_TRUE(table_.NumberOf(table_[10]).IsZero());
 }
 
 TEST_F(DocumentTableTest, ASeriesKnowsItsEndsAndTypes) {
@@ -232,8 +234,8 @@ TEST_F(DocumentTableTest, NumbersMayBeOfAnyLength) {
                          "FT A/" + zeros + "7"}),
             "-Z-ZRR");
   EXPECT_EQ(Found("FT A/007"), "FT A/" + zeros + "7");
-  EXPECT_EQ(table_.NumberOf(table_[0]), "7");
-  EXPECT_EQ(table_.NumberOf(table_[3]), nines);
+  EXPECT_EQ(table_.NumberOf(table_[0]), 7);
+  EXPECT_EQ(table_.NumberOf(table_[3]).Text(), nines);
 }
 
 // Whatever a file has, its documents are found at once: here in ten thousandths of what a walk along all would take.

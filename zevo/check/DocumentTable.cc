@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <numeric>
 #include <utility>
@@ -162,7 +163,7 @@ void DocumentTable::Take(const InvoiceFacts& facts) {
   repeated_ = false;
   other_spelling_ = std::nullopt;
   if (!number) {
-    unplaced_.push_back({count_, std::nullopt});
+    unnumbered_.push_back(count_);
     return;
   }
   last_series_ = SeriesOf(number->series);
@@ -172,7 +173,7 @@ void DocumentTable::Take(const InvoiceFacts& facts) {
   if (const auto same = beyond ? std::nullopt : Find(*number, last_series_, value)) {
     if (IsWrittenLike((*this)[*same], *number)) {
       repeated_ = true;
-      unplaced_.push_back({count_, last_series_});
+      series_[last_series_].repeated.push_back(count_);
       return;
     }
     other_spelling_ = same;
@@ -250,24 +251,28 @@ std::vector<uint32_t> DocumentTable::AlongSeries() const {
   return documents;
 }
 
-Decimal DocumentTable::MissingBetween(const Document& lower, const Document& higher) const {
-  const Value from = ValueOf(lower);
-  const Value to = ValueOf(higher);
-  if (to.digits.empty()) return Decimal(to.number) - Decimal(from.number) - 1;
-  const Decimal first = from.digits.empty() ? Decimal(from.number) : *Decimal::FromText(from.digits);
-  return *Decimal::FromText(to.digits) - first - 1;
+size_t DocumentTable::UnplacedBetween(uint32_t one, uint32_t other) const {
+  const auto [first, second] = std::minmax(one, other);
+  size_t between = 0;
+  for (const auto* const unplaced : {&unnumbered_, &series_[(*this)[one].series_].repeated}) {
+    const auto from = std::ranges::upper_bound(*unplaced, first);
+    between += static_cast<size_t>(std::ranges::upper_bound(*unplaced, second) - from);
+  }
+  return between;
 }
 
-std::string DocumentTable::NumberOf(const Document& document) const {
-  if (document.zeros_ == kLongNumber) return std::string(OfDigits(long_numbers_[document.number_]).Significant());
-  return document.number_ == 0 ? std::string() : std::to_string(document.number_);
+Decimal DocumentTable::NumberOf(const Document& document) const {
+  if (document.zeros_ == kLongNumber) return *Decimal::FromText(long_numbers_[document.number_]);
+  return document.number_;
 }
 
 std::string DocumentTable::TextOf(const Document& document) const {
   std::string text(series_[document.series_].text);
   text += '/';
   if (document.zeros_ == kLongNumber) return text += long_numbers_[document.number_];
-  return text.append(document.zeros_, '0').append(NumberOf(document));
+  text.append(document.zeros_, '0');
+  if (document.number_ > 0) text += std::to_string(document.number_);
+  return text;
 }
 
 KeptElement DocumentTable::Keep(const Document& document, Element element) const {

@@ -81,12 +81,7 @@ class DocumentTable {
     uint32_t lowest = 0;   ///< the document with the lowest number
     uint32_t highest = 0;  ///< the document with the highest number
     std::vector<TypeUse> types;
-  };
-
-  /// An invoice that is not in the table.
-  struct Unplaced {
-    uint32_t before;                 ///< how many documents of the table came before it
-    std::optional<uint32_t> series;  ///< that of one whose number is repeated
+    std::vector<uint32_t> repeated;  ///< for each repeated number, the document that it stands before
   };
 
   /// The elements that are kept of a document.
@@ -111,16 +106,14 @@ class DocumentTable {
   std::optional<uint32_t> FindSeries(std::string_view text) const;
   /// Whether the file has a series, and none of its numbers is as low as this one or lower.
   bool IsBelowSeries(const DocumentNumber& number) const;
-  const std::vector<Unplaced>& UnplacedDocuments() const { return unplaced_; }
+  /// How many invoices that are not in the table stand in the file between two documents of a series: such as may have
+  /// been meant to be of that series.
+  size_t UnplacedBetween(uint32_t one, uint32_t other) const;
 
   /// The documents, series by series as these come in the file, along each by number.
   std::vector<uint32_t> AlongSeries() const;
-  /// How many numbers are missing between two documents of a series, the lower one first; less than 0 where their
-  /// numbers are the same.
-  Decimal MissingBetween(const Document& lower, const Document& higher) const;
 
-  /// The number without zeros in front: "12". Empty for 0.
-  std::string NumberOf(const Document& document) const;
+  Decimal NumberOf(const Document& document) const;
   /// InvoiceNo as the file has it.
   std::string TextOf(const Document& document) const;
   /// An element of a document, for a finding.
@@ -155,7 +148,7 @@ class DocumentTable {
   uint32_t last_series_ = 0;
   std::deque<std::string> long_numbers_;  // as they are written
   PlaceSteps steps_;
-  std::vector<Unplaced> unplaced_;
+  std::vector<uint32_t> unnumbered_;  // the documents before which the others stand
   bool numbered_ = false;
   bool repeated_ = false;
   std::optional<uint32_t> other_spelling_;

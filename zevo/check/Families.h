@@ -15,9 +15,10 @@ std::span<const Rule> PartyRules();
 std::span<const Rule> AccountRules();
 std::span<const Rule> KeyRules();
 std::span<const Rule> LedgerRules();
+std::span<const Rule> NumberRules();
 
-inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules,    HeaderRules, PartyRules,
-                                                           AccountRules, KeyRules,    LedgerRules};
+inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules, HeaderRules, PartyRules, AccountRules,
+                                                           KeyRules,  LedgerRules, NumberRules};
 
 }  // namespace zevo
 
