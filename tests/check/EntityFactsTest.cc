@@ -64,6 +64,7 @@ TEST_F(EntityFactsTest, AnInvoiceHasWhatTheFileHas) {
   EXPECT_EQ(*facts.totals.currency.code, "USD");
   EXPECT_EQ(facts.totals.currency.credit->Text(), "25");
   EXPECT_TRUE(facts.totals.currency.debit.Missing());
+  EXPECT_EQ(facts.totals.settlement.date->Text(), "2008-04-08");
 }
 
 TEST_F(EntityFactsTest, SoDoItsLines) {
@@ -72,6 +73,7 @@ TEST_F(EntityFactsTest, SoDoItsLines) {
   const InvoiceLineFacts& line = facts.lines[0];
   EXPECT_EQ(*line.number, 1);
   ASSERT_EQ(line.orders.size(), 2U);
+  EXPECT_EQ(*line.orders[0].number, "Encomenda 1");
   EXPECT_EQ(line.orders[0].date->Text(), "2008-03-01");
   EXPECT_TRUE(line.orders[1].date.Missing());
   EXPECT_EQ(*line.product, "PAO");

@@ -121,7 +121,7 @@ TEST_F(HeaderRulesTest, TheFileIsCreatedAfterItsEntriesAndItsPeriod) {
   EXPECT_THAT(Findings(CleanFile().With("Invoice[3]/SystemEntryDate", "2009-01-15T23:59:59")), IsEmpty());
   EXPECT_THAT(Findings(CleanFile().With("Invoice[3]/SystemEntryDate", "2009-01-16T00:00:00")),
               ElementsAre("HDR-PERIOD W Header/DateCreated [2009-01-15] [2009-01-16] []"));
-  EXPECT_THAT(Findings(CleanFile().With("Transaction/Line/SystemEntryDate", "2009-01-16T00:00:00Z")),
+  EXPECT_THAT(FindingsOf("HDR-PERIOD", CleanFile().With("Transaction/Line/SystemEntryDate", "2009-01-16T00:00:00Z")),
               ElementsAre("HDR-PERIOD W Header/DateCreated [2009-01-15] [2009-01-16] []"));
 }
 

@@ -69,6 +69,7 @@ void CheckedFile::TakeEntryDate(const EntityFacts& facts, const TimeFact& time) 
 
 std::optional<bool> CheckedFile::IsInPeriod(const CalendarDate& date) const {
   if (!header_.IsThere() || !header_->start_date.Read() || !header_->end_date.Read()) return std::nullopt;
+  if (*header_->end_date < *header_->start_date) return std::nullopt;
   return *header_->start_date <= date && date <= *header_->end_date;
 }
 

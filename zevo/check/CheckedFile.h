@@ -73,7 +73,7 @@ class CheckedFile {
 
   /// Whether the header has this basis.
   bool HasBasis(std::string_view code) const { return header_.IsThere() && header_->HasBasis(code); }
-  /// Whether a date is in the header's period; nothing where that is not known.
+  /// Whether a date is in the header's period; nothing where that is not known, nor where it ends before it begins.
   std::optional<bool> IsInPeriod(const CalendarDate& date) const;
   /// The month of the fiscal year that a date is in, from 1 to 12. Nothing where the first one cannot be known, because
   /// the header's period is no whole year of months, and outside of the period.

@@ -209,7 +209,8 @@ struct FactTable<TransactionFacts> {
 template <>
 struct FactTable<OrderFacts> {
   using Facts = OrderFacts;
-  static constexpr std::array kRows{Fills<Facts, &Facts::date>("OrderDate")};
+  static constexpr std::array kRows{Fills<Facts, &Facts::number>("OriginatingON"),
+                                    Fills<Facts, &Facts::date>("OrderDate")};
 };
 
 template <>
@@ -251,11 +252,18 @@ struct FactTable<CurrencyFacts> {
 };
 
 template <>
+struct FactTable<SettlementFacts> {
+  using Facts = SettlementFacts;
+  static constexpr std::array kRows{Fills<Facts, &Facts::date>("SettlementDate")};
+};
+
+template <>
 struct FactTable<TotalsFacts> {
   using Facts = TotalsFacts;
   static constexpr std::array kRows{Fills<Facts, &Facts::tax>("TaxPayable"), Fills<Facts, &Facts::net>("NetTotal"),
                                     Fills<Facts, &Facts::gross>("GrossTotal"),
-                                    Fills<Facts, &Facts::currency>("Currency")};
+                                    Fills<Facts, &Facts::currency>("Currency"),
+                                    Fills<Facts, &Facts::settlement>("Settlement")};
 };
 
 template <>

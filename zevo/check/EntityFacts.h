@@ -116,6 +116,7 @@ struct TransactionFacts : EntityFacts {
 };
 
 struct OrderFacts : GroupFacts {
+  TextFact number;
   DateFact date;
 };
 
@@ -150,11 +151,16 @@ struct CurrencyFacts : GroupFacts {
   NumberFact debit;
 };
 
+struct SettlementFacts : GroupFacts {
+  DateFact date;
+};
+
 struct TotalsFacts : GroupFacts {
   NumberFact tax;
   NumberFact net;
   NumberFact gross;
   CurrencyFacts currency;
+  SettlementFacts settlement;
 };
 
 struct ShippingFacts : GroupFacts {

@@ -16,9 +16,11 @@ std::span<const Rule> AccountRules();
 std::span<const Rule> KeyRules();
 std::span<const Rule> LedgerRules();
 std::span<const Rule> NumberRules();
+std::span<const Rule> DateRules();
+std::span<const Rule> DocumentRules();
 
-inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules, HeaderRules, PartyRules, AccountRules,
-                                                           KeyRules,  LedgerRules, NumberRules};
+inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules,   HeaderRules, PartyRules, AccountRules, KeyRules,
+                                                           LedgerRules, NumberRules, DateRules,  DocumentRules};
 
 }  // namespace zevo
 

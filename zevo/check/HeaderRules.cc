@@ -38,7 +38,9 @@ void JudgeBasisOfInvoice(const InvoiceFacts& invoice, Judgement& judgement) {
   if (file.HasBasis("I") && invoice.transaction_id.Missing() && !invoice.IsCancelled()) {
     judgement.Tell(kNoTransactionOfInvoice, invoice, ElementSpot(0, "TransactionID"));
   }
-  if (file.HasBasis("S") && invoice.self_billing.Read() && *invoice.self_billing != 1) {
+  // With status S, STATUS tells.
+  const bool status_says = invoice.status.Read() && *invoice.status == "S";
+  if (file.HasBasis("S") && invoice.self_billing.Read() && *invoice.self_billing != 1 && !status_says) {
     judgement.Tell(kNotSelfBilled, invoice, invoice.self_billing, {.expected = "1"});
   }
 }
