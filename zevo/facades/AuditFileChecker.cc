@@ -5,7 +5,6 @@
 #include <zevo/check/FileCheck.h>
 #include <zevo/check/FileRules.h>
 #include <zevo/check/Findings.h>
-#include <zevo/check/PublicKey.h>
 #include <zevo/check/Rule.h>
 #include <zevo/dal/AuditViolation.h>
 #include <zevo/dal/EntityScanner.h>
@@ -13,6 +12,7 @@
 #include <zevo/model/Options.h>
 #include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/platform/CompiledSchema.h>
+#include <zevo/platform/PublicKey.h>
 #include <zevo/platform/SchemaDiagnosis.h>
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaTables.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_CHECK_PUBLICKEY_H_
-#define ZEVO_CHECK_PUBLICKEY_H_
+#ifndef ZEVO_PLATFORM_PUBLICKEY_H_
+#define ZEVO_PLATFORM_PUBLICKEY_H_
 
 #include <optional>
 #include <string>
@@ -20,4 +20,4 @@ struct PublicKey {
 
 }  // namespace zevo
 
-#endif  // ZEVO_CHECK_PUBLICKEY_H_
+#endif  // ZEVO_PLATFORM_PUBLICKEY_H_

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
-#include <zevo/check/PublicKey.h>
+#include <zevo/platform/PublicKey.h>
 
 #include <string>
 #include <string_view>

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_PLATFORM_BASE64_H_
+#define ZEVO_PLATFORM_BASE64_H_
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// The bytes of a text in base64, with its "=" at the end. White space counts for nothing. Nothing for any other text.
+std::optional<std::string> Base64Decoded(std::string_view text);
+
+/// Bytes as base64, in one line.
+std::string Base64Of(std::string_view bytes);
+
+}  // namespace zevo
+
+#endif  // ZEVO_PLATFORM_BASE64_H_
