@@ -253,5 +253,36 @@ TEST_F(DocumentTableTest, ManyDocumentsOfManySeriesInAnyOrderAreTaken) {
   EXPECT_EQ(Found("S17 A/1"), "S17 A/1");
 }
 
+TEST_F(DocumentTableTest, NeighboursAreNextByNumberInTheirSeries) {
+  TakeNumbers({"FT A/9", "FT A/011", "FT B/10", "FT A/10", "FT A/0", "FT A/1", "FT A/9999999999999999999",
+               "FT A/10000000000000000000"});
+  const auto neighbour = [&](uint32_t document, int step) {
+    const auto found = table_.Neighbour(document, step);
+    return found ? table_.TextOf(table_[*found]) : "none";
+  };
+  EXPECT_EQ(neighbour(3, -1), "FT A/9");
+  EXPECT_EQ(neighbour(3, 1), "FT A/011");
+  EXPECT_EQ(neighbour(0, -1), "none");
+  EXPECT_EQ(neighbour(2, -1), "none");
+  EXPECT_EQ(neighbour(2, 1), "none");
+  EXPECT_EQ(neighbour(4, -1), "none");
+  EXPECT_EQ(neighbour(4, 1), "FT A/1");
+  EXPECT_EQ(neighbour(6, 1), "none");
+  EXPECT_EQ(neighbour(7, -1), "none");
+}
+
+TEST_F(DocumentTableTest, KeepsWhatAHashIs) {
+  Take({"<InvoiceNo>FT A/1</InvoiceNo><InvoiceStatus>N</InvoiceStatus>\n<Hash>0</Hash>",
+        "<InvoiceNo>FT A/2</InvoiceNo><Hash>" + std::string(171, 'A') + "=</Hash>", "<InvoiceNo>FT A/3</InvoiceNo>"});
+  EXPECT_EQ(table_[0].Hash(), HashForm::kUnsigned);
+  EXPECT_EQ(table_[1].Hash(), HashForm::kSignature);
+  EXPECT_EQ(table_[2].Hash(), HashForm::kNone);
+  const KeptElement hash = table_.Keep(table_[0], DocumentTable::Element::kHash);
+  EXPECT_EQ(hash.path, "Hash");
+  EXPECT_EQ(hash.text, "0");
+  EXPECT_EQ(hash.place.line, 2);
+  EXPECT_EQ(hash.place.column, 1);
+}
+
 }  // namespace
 }  // namespace zevo

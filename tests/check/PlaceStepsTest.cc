@@ -9,7 +9,7 @@ constexpr FilePlace kFrom{.line = 10, .column = 5, .offset = 1000};
 
 TEST(PlaceStepsTest, TellsThePlacesThatItWasGiven) {
   PlaceSteps steps;
-  const PlaceSteps::Places places{{{10, 35, 1030}, {12, 7, 1080}, {9, 40, 990}}};
+  const PlaceSteps::Places places{{{10, 35, 1030}, {12, 7, 1080}, {9, 40, 990}, {10, 60, 1055}}};
   const auto number = steps.Add(kFrom, places);
   for (size_t i = 0; i < PlaceSteps::kSteps; ++i) EXPECT_EQ(steps.At(kFrom, number, i), places[i]) << i;
 }

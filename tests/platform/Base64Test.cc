@@ -30,5 +30,19 @@ TEST(Base64Test, AnythingElseIsRefused) {
   }
 }
 
+TEST(Base64Test, ATextIsWhatIsMadeOfSoManyBytes) {
+  for (const auto& [bytes, text] : kTexts) {
+    EXPECT_TRUE(IsBase64Of(text, bytes.size())) << text;
+    EXPECT_FALSE(IsBase64Of(text, bytes.size() + 1)) << text;
+  }
+  // Of one byte, the last four bits of the second character are for nothing; of two, the last two of the third.
+  EXPECT_FALSE(IsBase64Of("Zh==", 1));
+  EXPECT_FALSE(IsBase64Of("Zm9=", 2));
+  EXPECT_FALSE(IsBase64Of("Zm-v", 3));
+  EXPECT_FALSE(IsBase64Of("Zm9=", 3));
+  EXPECT_FALSE(IsBase64Of("Zg=A", 1));
+  EXPECT_FALSE(IsBase64Of("Zm9v\n", 3));
+}
+
 }  // namespace
 }  // namespace zevo

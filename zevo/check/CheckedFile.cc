@@ -45,6 +45,7 @@ void CheckedFile::Take(const TransactionFacts& facts) {
 
 void CheckedFile::Take(const InvoiceFacts& facts) {
   documents_.Take(facts);
+  if (!public_keys_.IsEmpty()) hashes_.Take(facts, documents_);
   if (documents_.IsNumbered()) {
     keys_.TakeKnown(documents_.IsRepeated());
   } else {

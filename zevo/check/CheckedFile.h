@@ -7,8 +7,10 @@
 #include <zevo/check/DocumentTable.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/FileKeys.h>
+#include <zevo/check/HashChain.h>
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/LedgerSums.h>
+#include <zevo/check/PublicKeys.h>
 #include <zevo/check/TransactionTable.h>
 #include <zevo/dal/ScannedEntity.h>
 
@@ -45,8 +47,8 @@ class KeptEntity {
 /// it, whatever rules are on. What takes more than a line to know is a class of its own.
 class CheckedFile {
  public:
-  /// See FileKeys.
-  explicit CheckedFile(size_t mostKept) : keys_(mostKept) {}
+  /// See FileKeys. The public keys must outlive it.
+  CheckedFile(size_t mostKept, const zevo::PublicKeys& publicKeys) : keys_(mostKept), public_keys_(publicKeys) {}
 
   void Take(const HeaderFacts& facts);
   void Take(const AccountFacts& facts);
@@ -65,6 +67,10 @@ class CheckedFile {
   const AccountPlan& Accounts() const { return accounts_; }
   const LedgerSums& Ledger() const { return ledger_; }
   const DocumentTable& Documents() const { return documents_; }
+  /// Those that the host has given.
+  const zevo::PublicKeys& PublicKeys() const { return public_keys_; }
+  /// Of a check without public keys, empty.
+  const HashChain& Hashes() const { return hashes_; }
   int64_t Invoices() const { return invoices_; }
   /// With basis I, the transaction of the invoice that was taken last, where that is live and the file has it.
   const TransactionTable::Entry* TransactionOfInvoice() const { return transaction_of_invoice_; }
@@ -95,6 +101,8 @@ class CheckedFile {
   AccountPlan accounts_;
   LedgerSums ledger_;
   DocumentTable documents_;
+  const zevo::PublicKeys& public_keys_;
+  HashChain hashes_;
   TransactionTable transactions_;
   const TransactionTable::Entry* transaction_of_invoice_ = nullptr;
   bool invoice_exceeds_transaction_ = false;

@@ -151,6 +151,18 @@ std::optional<uint32_t> DocumentTable::Find(const DocumentNumber& number, uint32
   return same ? same : other;
 }
 
+std::optional<uint32_t> DocumentTable::Neighbour(uint32_t document, int step) const {
+  const Document& from = (*this)[document];
+  Value value = ValueOf(from);
+  const bool below = step < 0 && value.number < static_cast<uint64_t>(-step);
+  if (!value.digits.empty() || below || (step > 0 && series_[from.series_].highest == document)) return std::nullopt;
+  value.number += static_cast<uint64_t>(int64_t{step});
+  return slots_.Find(HashOf(from.series_, value), [&](uint32_t other) {
+    const Document& one = (*this)[other];
+    return one.series_ == from.series_ && ValueOf(one) == value;
+  });
+}
+
 bool DocumentTable::IsBelowSeries(const DocumentNumber& number) const {
   const auto series = FindSeries(number.series);
   return series && ValueOf(number) < ValueOf((*this)[series_[*series].lowest]);
@@ -203,6 +215,7 @@ void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number,
   if (facts.entry_date.Read()) document.entry_ = PackedTime(*facts.entry_date) & 0xFFFFFFFFFFU;
   document.type_ = TypeNumber(facts.type);
   document.state_ = StateOf(facts);
+  document.hash_ = facts.hash_form;
   const NumberFact& net = facts.totals.net;
   if (const auto units = net.Read() ? net->InUnits(kNetDecimals) : std::nullopt) {
     document.known_ = 1;
@@ -216,7 +229,7 @@ void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number,
   document.offset_ = static_cast<uint64_t>(at.offset) & 0xFFFFFFFFFFFFU;
   document.line_ = static_cast<uint32_t>(at.line <= kMost ? at.line : 0);
   document.column_ = static_cast<uint32_t>(at.column <= kMost ? at.column : 0);
-  document.steps_ = steps_.Add(at, {place(facts.date), place(facts.type), place(facts.entry_date)});
+  document.steps_ = steps_.Add(at, {place(facts.date), place(facts.type), place(facts.entry_date), place(facts.hash)});
   AddToSeries(added);
 }
 
@@ -276,7 +289,7 @@ std::string DocumentTable::TextOf(const Document& document) const {
 }
 
 KeptElement DocumentTable::Keep(const Document& document, Element element) const {
-  constexpr std::array kPaths{"InvoiceNo", "InvoiceDate", "InvoiceType", "SystemEntryDate"};
+  constexpr std::array kPaths{"InvoiceNo", "InvoiceDate", "InvoiceType", "SystemEntryDate", "Hash"};
   KeptElement kept{.kind = EntityKind::kInvoice,
                    .key = TextOf(document),
                    .path = kPaths[static_cast<size_t>(element)],
@@ -297,6 +310,9 @@ KeptElement DocumentTable::Keep(const Document& document, Element element) const
       break;
     case Element::kEntryTime:
       if (const auto time = document.EntryTime()) kept.text = time->Text();
+      break;
+    case Element::kHash:
+      if (document.Hash() == HashForm::kUnsigned) kept.text = "0";
       break;
   }
   return kept;

@@ -4,6 +4,7 @@
 
 #include <zevo/TextHash.h>
 #include <zevo/check/CalendarDate.h>
+#include <zevo/check/DocumentHash.h>
 #include <zevo/check/DocumentNumber.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/KeptElement.h>
@@ -45,6 +46,7 @@ class DocumentTable {
     /// InvoiceType; empty for one that is none of the schema's.
     std::string_view Type() const;
     zevo::DocumentTable::State State() const { return state_; }
+    HashForm Hash() const { return hash_; }
     /// NetTotal, less what was taken off; nothing where that is not known, or has more than six decimals.
     std::optional<Decimal> Left() const;
     /// Takes the net of a credit note off. Whether more was taken off than there is, for the first time.
@@ -66,6 +68,7 @@ class DocumentTable {
     uint8_t zeros_ = 0;  // in front of the number
     uint8_t type_ = 0;
     zevo::DocumentTable::State state_ = State::kLive;
+    HashForm hash_ = HashForm::kNone;
   };
 
   /// A series, with the types of its documents.
@@ -85,7 +88,7 @@ class DocumentTable {
   };
 
   /// The elements that are kept of a document.
-  enum class Element : uint8_t { kNumber, kDate, kType, kEntryTime };
+  enum class Element : uint8_t { kNumber, kDate, kType, kEntryTime, kHash };
 
   void Take(const InvoiceFacts& facts);
   /// Whether the InvoiceNo of the invoice that was taken last could be read.
@@ -100,6 +103,8 @@ class DocumentTable {
   const Document& operator[](uint32_t document) const { return (*chunks_[document / kChunk])[document % kChunk]; }
   /// The document of a number: the one that is written like it, otherwise the first that differs in zeros in front.
   std::optional<uint32_t> Find(const DocumentNumber& number) const;
+  /// The first document of the same series whose number is so much greater. Of numbers of 20 digits none is known.
+  std::optional<uint32_t> Neighbour(uint32_t document, int step) const;
 
   const std::deque<Series>& AllSeries() const { return series_; }
   /// Where a series is among them, by its text.

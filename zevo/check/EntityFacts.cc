@@ -338,6 +338,7 @@ void TakeFacts(const ScannedEntity& entity, TransactionFacts& facts) {
 void TakeFacts(const ScannedEntity& entity, InvoiceFacts& facts) {
   Reuse(facts, &InvoiceFacts::lines);
   TakeEntity(entity, facts);
+  facts.hash_form = HashFormOf(facts.hash);
 }
 
 }  // namespace zevo

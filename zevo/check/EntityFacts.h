@@ -2,6 +2,7 @@
 #ifndef ZEVO_CHECK_ENTITYFACTS_H_
 #define ZEVO_CHECK_ENTITYFACTS_H_
 
+#include <zevo/check/DocumentHash.h>
 #include <zevo/check/Fact.h>
 #include <zevo/dal/ScannedEntity.h>
 
@@ -172,6 +173,7 @@ struct InvoiceFacts : EntityFacts {
   TextFact number;
   TextFact status;
   TextFact hash;
+  HashForm hash_form = HashForm::kNone;
   TextFact hash_control;
   CountFact period;
   DateFact date;

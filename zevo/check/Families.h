@@ -18,9 +18,11 @@ std::span<const Rule> LedgerRules();
 std::span<const Rule> NumberRules();
 std::span<const Rule> DateRules();
 std::span<const Rule> DocumentRules();
+std::span<const Rule> HashRules();
 
-inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules,   HeaderRules, PartyRules, AccountRules, KeyRules,
-                                                           LedgerRules, NumberRules, DateRules,  DocumentRules};
+inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules,     HeaderRules, PartyRules,  AccountRules,
+                                                           KeyRules,      LedgerRules, NumberRules, DateRules,
+                                                           DocumentRules, HashRules};
 
 }  // namespace zevo
 

@@ -6,7 +6,7 @@
 namespace zevo {
 
 FileCheck::FileCheck(const CheckSettings& settings, Findings& findings)
-    : findings_(findings), file_(settings.most_of_a_rule) {
+    : findings_(findings), file_(settings.most_of_a_rule, settings.public_keys) {
   const std::span<const Rule> rules = AllRules();
   for (size_t i = 0; i < rules.size(); ++i) {
     if (findings.IsOn(i)) active_.push_back({i, &rules[i]});

@@ -4,6 +4,7 @@
 
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/KeySet.h>
+#include <zevo/check/PublicKeys.h>
 #include <zevo/model/Finding.h>
 #include <zevo/model/Violation.h>
 
@@ -21,6 +22,7 @@ namespace zevo {
 struct CheckSettings {
   std::vector<Severity> severities;  ///< of the rules, in their order
   size_t most_of_a_rule = 20;        ///< findings that are told; 0 for all
+  PublicKeys public_keys;            ///< of the documents' signatures
 };
 
 /// Where everything that is found comes together, and the one place that knows severities, what silences what, how much

@@ -34,6 +34,10 @@ void Judgement::Tell(const RuleSentence& sentence, const KeptElement& at, Findin
   findings_.Tell(rule_, std::move(finding));
 }
 
+void Judgement::TellOnce(const RuleSentence& sentence, const KeptElement& at, FindingValues values) {
+  if (findings_.IsFirst(sentence.text)) Tell(sentence, at, std::move(values));
+}
+
 void Judgement::TellMore(const RuleSentence& sentence, size_t findings) {
   findings_.Count(rule_, sentence.severity, findings);
 }

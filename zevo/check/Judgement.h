@@ -43,6 +43,8 @@ class Judgement {
                 FindingValues values = {});
   /// Tells of an element of an entity that may be gone.
   void Tell(const RuleSentence& sentence, const KeptElement& at, FindingValues values = {});
+  /// The same, once a file.
+  void TellOnce(const RuleSentence& sentence, const KeptElement& at, FindingValues values = {});
   /// So many more of which no more is known.
   void TellMore(const RuleSentence& sentence, size_t findings);
 

@@ -17,7 +17,7 @@ namespace zevo {
 /// ones, the places of later entities are those of their first elements.
 class PlaceSteps {
  public:
-  static constexpr size_t kSteps = 3;
+  static constexpr size_t kSteps = 4;
   using Places = std::array<FilePlace, kSteps>;
 
   /// A number for the distances of places from another.

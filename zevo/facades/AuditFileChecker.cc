@@ -20,7 +20,6 @@
 #include <zevo/platform/XmlProblem.h>
 
 #include <algorithm>
-#include <map>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -41,7 +40,6 @@ size_t KnownRule(std::string_view id) {
 
 struct AuditFileChecker::State {
   std::string file_name;
-  std::map<int, PublicKey> keys;
   CheckSettings settings;
   zevo::Language language = zevo::Language::kPortuguese;
   bool abort_requested = false;
@@ -150,9 +148,9 @@ std::string AuditFileChecker::AuditFileSchema() const { return Options().SchemaL
 void AuditFileChecker::set_AuditFileSchema(std::string_view value) { Options().set_SchemaLocation(value); }
 
 void AuditFileChecker::AddPublicKey(std::string_view pem, int version) {
-  auto key = PublicKey::FromPem(pem);
+  const auto key = PublicKey::FromPem(pem);
   if (!key) throw MakeRunTimeError(RunTimeError::kInvalidCall, "chave pública");
-  state_->keys.insert_or_assign(version, *std::move(key));
+  state_->settings.public_keys.Add(version, *key);
 }
 
 Severity AuditFileChecker::Severity(std::string_view rule) const {

@@ -24,8 +24,9 @@ namespace zevo {
 /// read is told once, and nothing that it takes part in.
 ///
 /// A file that the schema allows is read twice, another three times, in memory that does not grow with it but for 64
-/// bytes for each key (of a transaction with basis I, 160), its accounts, and 16 bytes for each use of a key that the
-/// file does not have before it. In a file that the schema does not allow each finding takes another 64 bytes.
+/// bytes for each key (of a transaction with basis I, 160), its accounts, 16 bytes for each use of a key that the file
+/// does not have before it, and, with a public key, 256 for each signed document whose neighbours by number have not
+/// come. In a file that the schema does not allow each finding takes another 64 bytes.
 ///
 /// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
 /// success makes `AuditException` null. An object is used by one thread at a time.
@@ -42,10 +43,10 @@ class ZEVO_API AuditFileChecker : public Facade {
   std::string AuditFileSchema() const;
   void set_AuditFileSchema(std::string_view value);
 
-  /// Adds a key that signatures of documents may have been made with, as a PEM text, and the version of it that
-  /// HashControl tells; 0 is the key for all versions. Another key of the version replaces the one before. Raises error
-  /// 5 for what is no RSA public key. A key is used by those of `Rules` that verify signatures; where none does, it is
-  /// only kept.
+  /// Adds a key that signatures of documents may have been made with, as a PEM text, "PUBLIC KEY" or "RSA PUBLIC KEY",
+  /// and the version of it that HashControl tells; 0 is the key for all versions that have no key of their own. Another
+  /// key of the version replaces the one before. Raises error 5 for what is no RSA public key. Without any, the rule
+  /// HASH-CHAIN verifies nothing and says so.
   void AddPublicKey(std::string_view pem, int version = 0);
 
   /// How much the findings of a rule weigh. Those that a rule tells softer than its own severity are never harder for

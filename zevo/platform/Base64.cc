@@ -49,6 +49,18 @@ std::optional<std::string> Base64Decoded(std::string_view text) {
   return bytes;
 }
 
+bool IsBase64Of(std::string_view text, size_t bytes) {
+  if (text.size() != (bytes + 2) / 3 * 4) return false;
+  const size_t padding = (3 - bytes % 3) % 3;
+  const std::string_view sextets = text.substr(0, text.size() - padding);
+  if (text.substr(sextets.size()) != std::string_view("==").substr(0, padding)) return false;
+  int all = 0;  // less than 0 where one is none
+  for (const char c : sextets) all |= kSextetOf[Byte(c)];
+  if (all < 0) return false;
+  // The last one has two bits for each "=" that belong to no byte.
+  return padding == 0 || (kSextetOf[Byte(sextets.back())] & ((1 << (2 * padding)) - 1)) == 0;
+}
+
 std::string Base64Of(std::string_view bytes) {
   std::string text;
   text.reserve((bytes.size() + 2) / 3 * 4);

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/Families.h>
+#include <zevo/check/Judgement.h>
+#include <zevo/platform/Base64.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+// The signatures of documents.
+
+namespace zevo {
+namespace {
+
+using Document = DocumentTable::Document;
+
+// HASH-FORM
+
+constexpr RuleSentence kNoHashForm{
+    Severity::kError,
+    {"o Hash é \"{found}\"; devia ter os 172 caracteres de uma assinatura em base64, ou ser 0 se o documento não foi "
+     "assinado",
+     "the Hash is \"{found}\"; it should have the 172 characters of a signature in base64, or be 0 for a document that "
+     "was not signed"}};
+
+void JudgeHashForm(const InvoiceFacts& invoice, Judgement& judgement) {
+  if (invoice.hash.Missing() || invoice.hash_form != HashForm::kNone) return;
+  judgement.Tell(kNoHashForm, invoice, invoice.hash);
+}
+
+// HASH-CTRL
+
+constexpr RuleSentence kSignedWithoutCertificate{
+    Severity::kWarning,
+    {"o documento está assinado, mas o programa não é certificado (SoftwareCertificateNumber é 0); e assim outros do "
+     "ficheiro",
+     "the document is signed, but the program is not certified (SoftwareCertificateNumber is 0), and so it may be with "
+     "others of the file"}};
+constexpr RuleSentence kUnsignedAfterSigned{
+    Severity::kWarning,
+    {"o documento não está assinado (Hash {found}), mas um anterior da série, {expected}, está",
+     "the document is not signed (Hash {found}), but one before it in the series, {expected}, is"}};
+constexpr RuleSentence kNoControl{
+    Severity::kWarning,
+    {"falta HashControl, a versão da chave com que o documento foi assinado",
+     "there is no HashControl, the version of the key that the document was signed with"}};
+constexpr RuleSentence kOtherControl{
+    Severity::kWarning,
+    {"HashControl é \"{found}\"; devia ser a versão da chave, como 1 ou 1.1, ou como 1-FTM e 1-FTD com o documento de "
+     "origem",
+     "HashControl is \"{found}\"; it should be the version of the key, such as 1 or 1.1, or such as 1-FTM and 1-FTD "
+     "with the document it comes from"}};
+
+bool IsNumberZero(const TextFact& certificate) {
+  return !certificate.Missing() && !certificate->empty() &&
+         std::ranges::all_of(*certificate, [](char c) { return c == '0'; });
+}
+
+void JudgeHashControl(const InvoiceFacts& invoice, Judgement& judgement) {
+  if (invoice.hash_form != HashForm::kSignature) return;
+  const auto& header = judgement.File().Header();
+  if (header.IsThere() && IsNumberZero(header->certificate)) {
+    judgement.TellOnce(kSignedWithoutCertificate, invoice, invoice.hash, {.expected = "0"});
+  }
+  if (invoice.hash_control.Missing()) {
+    judgement.Tell(kNoControl, invoice, ElementSpot(0, "HashControl"));
+  } else if (HashControl::FromText(*invoice.hash_control).form == HashControl::Form::kNone) {
+    judgement.Tell(kOtherControl, invoice, invoice.hash_control);
+  }
+}
+
+void JudgeUnsigned(Judgement& judgement) {
+  const DocumentTable& documents = judgement.File().Documents();
+  const Document* signed_before = nullptr;
+  for (const uint32_t number : documents.AlongSeries()) {
+    const Document& document = documents[number];
+    if (signed_before != nullptr && signed_before->Series() != document.Series()) signed_before = nullptr;
+    if (document.Hash() == HashForm::kSignature) {
+      if (signed_before == nullptr) signed_before = &document;
+    } else if (document.Hash() == HashForm::kUnsigned && signed_before != nullptr) {
+      judgement.Tell(kUnsignedAfterSigned, documents.Keep(document, DocumentTable::Element::kHash),
+                     {.expected = documents.TextOf(*signed_before)});
+    }
+  }
+}
+
+// HASH-CHAIN
+
+constexpr RuleSentence kOtherSignature{
+    Severity::kError,
+    {"o Hash não é a assinatura de \"{expected}\" com a chave dada: um destes dados ou o Hash do documento anterior "
+     "foi "
+     "alterado, ou a chave é outra",
+     "the Hash is not the signature of \"{expected}\" by the key that was given: one of these or the Hash of the "
+     "document before was changed, or the key is another"}};
+constexpr RuleSentence kNothingBefore{
+    Severity::kInformation,
+    {"a assinatura não foi verificada: o documento anterior da série, {expected}, não está no ficheiro",
+     "the signature was not verified: the document before it in the series, {expected}, is not in the file"}};
+constexpr RuleSentence kNoPublicKey{
+    Severity::kInformation,
+    {"as assinaturas dos documentos não foram verificadas: falta a chave pública do programa que os emitiu",
+     "the signatures of documents were not verified, for want of the public key of the program that issued them"}};
+constexpr RuleSentence kNoKeyOfVersion{
+    Severity::kInformation,
+    {"a assinatura deste documento e de outros não foi verificada: falta a chave pública de versão {expected}",
+     "the signature of this document and of others was not verified, for want of the public key of version "
+     "{expected}"}};
+
+// The key of a signature; null, and that is told, where the host has not given it.
+const SignatureVerifier* KeyOf(const HashChain::Link& link, Judgement& judgement) {
+  const CheckedFile& file = judgement.File();
+  const SignatureVerifier* const key = file.PublicKeys().Of(link.version);
+  if (key == nullptr && link.version) {
+    judgement.TellOnce(kNoKeyOfVersion,
+                       file.Documents().Keep(file.Documents()[link.document], DocumentTable::Element::kHash),
+                       {.found = Base64Of(link.signature), .expected = std::to_string(*link.version)});
+  }
+  return key;
+}
+
+void TellOfLink(const RuleSentence& sentence, const HashChain::Link& link, std::string expected, Judgement& judgement) {
+  const DocumentTable& documents = judgement.File().Documents();
+  judgement.Tell(sentence, documents.Keep(documents[link.document], DocumentTable::Element::kHash),
+                 {.found = Base64Of(link.signature), .expected = std::move(expected)});
+}
+
+void JudgeLinks(const InvoiceFacts& invoice, Judgement& judgement) {
+  const CheckedFile& file = judgement.File();
+  if (file.PublicKeys().IsEmpty() && invoice.hash_form == HashForm::kSignature) {
+    judgement.TellOnce(kNoPublicKey, invoice, invoice.hash);
+  }
+  for (const HashChain::Link& link : file.Hashes().Ready()) {
+    const SignatureVerifier* const key = KeyOf(link, judgement);
+    if (key == nullptr || key->Verifies(link.text + link.previous, link.signature)) continue;
+    if (link.after_unsigned && key->Verifies(link.text, link.signature)) continue;
+    TellOfLink(kOtherSignature, link, link.text + link.previous, judgement);
+  }
+}
+
+// The first document of a series in the file may be the first of all, and then its signature has no Hash before it.
+void JudgeOpenLinks(Judgement& judgement) {
+  const CheckedFile& file = judgement.File();
+  const DocumentTable& documents = file.Documents();
+  for (const uint32_t number : file.Hashes().OpenDocuments()) {
+    const HashChain::Link link = file.Hashes().OpenLink(number);
+    const SignatureVerifier* const key = KeyOf(link, judgement);
+    if (key == nullptr) continue;
+    const Document& document = documents[number];
+    const DocumentTable::Series& series = documents.AllSeries()[document.Series()];
+    if (series.lowest == number && key->Verifies(link.text, link.signature)) continue;
+    const Decimal before = documents.NumberOf(document) - 1;
+    if (before <= Decimal()) {
+      TellOfLink(kOtherSignature, link, link.text, judgement);
+    } else {
+      TellOfLink(kNothingBefore, link, std::string(series.text).append("/").append(before.Text()), judgement);
+    }
+  }
+}
+
+constexpr Rule kHashRules[] = {
+    {.info =
+         {"HASH-FORM",
+          Severity::kError,
+          {"Forma da assinatura", "Form of the signature"},
+          {"Hash são os 172 caracteres de uma assinatura RSA de 1024 bits em base64, ou 0 num documento que não foi "
+           "assinado.",
+           "Hash is the 172 characters of an RSA signature of 1024 bits in base64, or 0 for a document that was not "
+           "signed."},
+          "Portaria 363/2010"},
+     .invoice = JudgeHashForm},
+    {.info =
+         {"HASH-CTRL",
+          Severity::kWarning,
+          {"Controlo da assinatura", "Control of the signature"},
+          {"Só um programa certificado assina (é dito uma vez). Depois de um documento assinado, por número, todos os "
+           "da série o são. Um documento assinado tem em HashControl a versão da chave: n, n.n, n-XXM… ou n-XXD….",
+           "Only a certified program signs (told once). Behind a signed document, by number, all of its series are. A "
+           "signed document has the version of the key in HashControl: n, n.n, n-XXM… or n-XXD…."},
+          "Portaria 363/2010"},
+     .invoice = JudgeHashControl,
+     .at_end = JudgeUnsigned},
+    {.info =
+         {"HASH-CHAIN",
+          Severity::kError,
+          {"Assinatura do documento", "Signature of the document"},
+          {"Com a chave pública: Hash é a assinatura (RSA com SHA-1) de "
+           "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; e do Hash do documento anterior da série, por número; "
+           "no primeiro não há nada depois do último \";\". Depois de um documento não assinado também pode não haver. "
+           "Sem o documento anterior no ficheiro a assinatura não se verifica: só informação. Com HashControl n.n, "
+           "n-XXM… ou n-XXD… também não. Sem chave pública é dito uma vez que nada se verificou.",
+           "With the public key: Hash is the signature (RSA with SHA-1) of "
+           "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; and the Hash of the document before in its series, by "
+           "number; in the first there is nothing behind the last \";\". Behind a document that is not signed there "
+           "may "
+           "be nothing too. Without the document before in the file the signature is not verified: information only. "
+           "Nor is one with a HashControl of n.n, n-XXM… or n-XXD…. Without a public key it is told once that none was "
+           "verified."},
+          "Portaria 363/2010"},
+     .invoice = JudgeLinks,
+     .at_end = JudgeOpenLinks},
+};
+
+}  // namespace
+
+std::span<const Rule> HashRules() { return kHashRules; }
+
+}  // namespace zevo
