@@ -8,6 +8,7 @@
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/FileKeys.h>
 #include <zevo/check/HashChain.h>
+#include <zevo/check/InvoiceSums.h>
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/LedgerSums.h>
 #include <zevo/check/PublicKeys.h>
@@ -66,6 +67,7 @@ class CheckedFile {
   const FileKeys& Keys() const { return keys_; }
   const AccountPlan& Accounts() const { return accounts_; }
   const LedgerSums& Ledger() const { return ledger_; }
+  const InvoiceSums& SumsOfInvoices() const { return invoice_sums_; }
   const DocumentTable& Documents() const { return documents_; }
   /// Those that the host has given.
   const zevo::PublicKeys& PublicKeys() const { return public_keys_; }
@@ -100,6 +102,7 @@ class CheckedFile {
   FileKeys keys_;
   AccountPlan accounts_;
   LedgerSums ledger_;
+  InvoiceSums invoice_sums_;
   DocumentTable documents_;
   const zevo::PublicKeys& public_keys_;
   HashChain hashes_;

@@ -15,14 +15,15 @@ std::span<const Rule> PartyRules();
 std::span<const Rule> AccountRules();
 std::span<const Rule> KeyRules();
 std::span<const Rule> LedgerRules();
+std::span<const Rule> SectionRules();
 std::span<const Rule> NumberRules();
 std::span<const Rule> DateRules();
 std::span<const Rule> DocumentRules();
 std::span<const Rule> HashRules();
 
-inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules,     HeaderRules, PartyRules,  AccountRules,
-                                                           KeyRules,      LedgerRules, NumberRules, DateRules,
-                                                           DocumentRules, HashRules};
+inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules, HeaderRules,   PartyRules,   AccountRules,
+                                                           KeyRules,  LedgerRules,   SectionRules, NumberRules,
+                                                           DateRules, DocumentRules, HashRules};
 
 }  // namespace zevo
 

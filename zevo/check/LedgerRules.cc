@@ -14,8 +14,6 @@
 namespace zevo {
 namespace {
 
-Decimal AbsoluteValue(const Decimal& number) { return number.IsNegative() ? -number : number; }
-
 // GL-COUNT
 
 constexpr RuleSentence kOtherNumberOfEntries{
@@ -45,11 +43,9 @@ constexpr RuleSentence kOtherTotalCredit{
      "TotalCredit is {found#}, but the credits of the lines are {expected#} (difference {difference#})"}};
 
 void JudgeTotal(const RuleSentence& sentence, const NumberFact& total, const AmountSum& sum, Judgement& judgement) {
-  if (!total.Read() || !sum.known) return;
-  const Decimal difference = *total - sum.sum;
-  if (AbsoluteValue(difference) <= sum.Tolerance()) return;
+  if (!total.Read() || !sum.known || sum.Allows(*total)) return;
   judgement.Tell(sentence, *judgement.File().LedgerEntries(), total,
-                 {.expected = MoneyText(sum.sum), .difference = difference});
+                 {.expected = MoneyText(sum.sum), .difference = *total - sum.sum});
 }
 
 void JudgeTotals(Judgement& judgement) {

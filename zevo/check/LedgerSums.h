@@ -2,23 +2,12 @@
 #ifndef ZEVO_CHECK_LEDGERSUMS_H_
 #define ZEVO_CHECK_LEDGERSUMS_H_
 
+#include <zevo/check/AmountSum.h>
 #include <zevo/check/EntityFacts.h>
-#include <zevo/model/Decimal.h>
 
 #include <cstdint>
 
 namespace zevo {
-
-/// A sum of amounts, exactly, with what its rounding may be off by.
-struct AmountSum {
-  Decimal sum;
-  int64_t inexact = 0;  ///< amounts of more than two decimals
-  bool known = true;    ///< no amount was unreadable
-
-  void Add(const NumberFact& amount);
-  /// What a total of two decimals may differ by: half a cent for each amount of more decimals.
-  Decimal Tolerance() const;
-};
 
 /// What the lines of transactions debit and credit: of the one that was taken last, and of all.
 class LedgerSums {
