@@ -16,9 +16,6 @@
 namespace zevo {
 namespace {
 
-using Document = DocumentTable::Document;
-using Element = DocumentTable::Element;
-
 // The documents of each series, by number.
 template <class Judge>
 void ForEachSeries(const DocumentTable& documents, Judge judge) {
@@ -103,7 +100,7 @@ void JudgeCodes(Judgement& judgement) {
   }
   std::ranges::sort(others, {}, [](const OtherUse& other) { return other.use.first; });
   for (const OtherUse& other : others) {
-    const KeptElement at = documents.Keep(documents[other.use.first], Element::kType);
+    const KeptElement at = documents.Keep(documents[other.use.first], DocumentTable::Element::kType);
     if (other.use.documents == 1) {
       judgement.Tell(kOtherType, at, {.expected = std::string(other.expected)});
     } else {
@@ -144,7 +141,7 @@ void JudgeGap(const DocumentTable& documents, uint32_t lower, uint32_t higher, J
   if (to < from || from == 1) return;
   const Decimal missing = to - from + 1;
   if (missing <= documents.UnplacedBetween(lower, higher)) return;
-  const KeptElement at = documents.Keep(documents[higher], Element::kNumber);
+  const KeptElement at = documents.Keep(documents[higher], DocumentTable::Element::kNumber);
   const Severity at_most = MostOfGaps(judgement.File());
   if (from == to) {
     judgement.Tell(kMissingNumber, at, {.expected = from.Text(), .at_most = at_most});
@@ -182,13 +179,15 @@ constexpr RuleSentence kEntryAfterHigher{
 
 // What is compared along a series.
 struct OrderedElement {
-  Element element;
-  uint64_t (Document::*order)() const;  // 0 where it is not known
+  DocumentTable::Element element;
+  uint64_t (DocumentTable::Document::*order)() const;  // 0 where it is not known
   const RuleSentence* before_lower;
   const RuleSentence* after_higher;
 };
-constexpr OrderedElement kDates{Element::kDate, &Document::DateOrder, &kDateBeforeLower, &kDateAfterHigher};
-constexpr OrderedElement kEntries{Element::kEntryTime, &Document::EntryOrder, &kEntryBeforeLower, &kEntryAfterHigher};
+constexpr OrderedElement kDates{DocumentTable::Element::kDate, &DocumentTable::Document::DateOrder, &kDateBeforeLower,
+                                &kDateAfterHigher};
+constexpr OrderedElement kEntries{DocumentTable::Element::kEntryTime, &DocumentTable::Document::EntryOrder,
+                                  &kEntryBeforeLower, &kEntryAfterHigher};
 
 bool IsInOrder(const DocumentTable& documents, std::span<const uint32_t> line, const OrderedElement& by) {
   uint64_t last = 0;
