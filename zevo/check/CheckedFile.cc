@@ -46,7 +46,7 @@ void CheckedFile::Take(const TransactionFacts& facts) {
 void CheckedFile::Take(const InvoiceFacts& facts) {
   documents_.Take(facts);
   if (!public_keys_.IsEmpty()) hashes_.Take(facts, documents_);
-  invoice_sums_.Take(facts);
+  section_sums_.Take(facts);
   if (documents_.IsNumbered()) {
     keys_.TakeKnown(documents_.IsRepeated());
   } else {

@@ -8,10 +8,10 @@
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/FileKeys.h>
 #include <zevo/check/HashChain.h>
-#include <zevo/check/InvoiceSums.h>
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/LedgerSums.h>
 #include <zevo/check/PublicKeys.h>
+#include <zevo/check/SectionSums.h>
 #include <zevo/check/TransactionTable.h>
 #include <zevo/dal/ScannedEntity.h>
 
@@ -67,7 +67,7 @@ class CheckedFile {
   const FileKeys& Keys() const { return keys_; }
   const AccountPlan& Accounts() const { return accounts_; }
   const LedgerSums& Ledger() const { return ledger_; }
-  const InvoiceSums& SumsOfInvoices() const { return invoice_sums_; }
+  const SectionSums& SumsOfSection() const { return section_sums_; }
   const DocumentTable& Documents() const { return documents_; }
   /// Those that the host has given.
   const zevo::PublicKeys& PublicKeys() const { return public_keys_; }
@@ -102,7 +102,7 @@ class CheckedFile {
   FileKeys keys_;
   AccountPlan accounts_;
   LedgerSums ledger_;
-  InvoiceSums invoice_sums_;
+  SectionSums section_sums_;
   DocumentTable documents_;
   const zevo::PublicKeys& public_keys_;
   HashChain hashes_;

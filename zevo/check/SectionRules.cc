@@ -14,13 +14,13 @@
 namespace zevo {
 namespace {
 
-using Counted = InvoiceSums::Counted;
+using Counted = SectionSums::Counted;
 
 // By which documents programs count, those that are expected first.
 constexpr std::array kCountedEntries{Counted::kAll, Counted::kNotCancelled, Counted::kNotAnulado};
 constexpr std::array kCountedAmounts{Counted::kLive, Counted::kNotCancelled, Counted::kAll, Counted::kNotAnulado};
 
-bool IsKnown(const InvoiceSums& sums, Counted counted) { return counted == Counted::kAll || sums.KnowsEachStatus(); }
+bool IsKnown(const SectionSums& sums, Counted counted) { return counted == Counted::kAll || sums.KnowsEachStatus(); }
 
 // Sums with what a total differs by from each: "40.00 (5.00), 42.00 (3.00)".
 std::string SumsAndDifferences(const std::vector<Decimal>& sums, const Decimal& total, std::string (*textOf)(Decimal)) {
@@ -68,7 +68,7 @@ void JudgeNumberOfInvoices(Judgement& judgement) {
   const Decimal& entries = *section.entries;
   std::vector<Decimal> counts;
   for (const Counted counted : kCountedEntries) {
-    if (IsKnown(file.SumsOfInvoices(), counted)) counts.emplace_back(file.SumsOfInvoices().Of(counted).invoices);
+    if (IsKnown(file.SumsOfSection(), counted)) counts.emplace_back(file.SumsOfSection().Of(counted).invoices);
   }
   const auto fits = static_cast<size_t>(std::ranges::find(counts, entries) - counts.begin());
   if (fits == 0) return;
@@ -93,7 +93,7 @@ void JudgeNumberOfInvoices(Judgement& judgement) {
 // A total of the section, with its sentences.
 struct SectionTotal {
   NumberFact SectionFacts::*total;
-  AmountSum InvoiceSums::Sums::*sum;
+  AmountSum SectionSums::Sums::*sum;
   RuleSentence other;
   RuleSentence none;
   // Which documents were counted, in the order of kCountedAmounts behind the first.
@@ -102,7 +102,7 @@ struct SectionTotal {
 
 constexpr SectionTotal kTotalDebit{
     &SectionFacts::debit,
-    &InvoiceSums::Sums::debit,
+    &SectionSums::Sums::debit,
     {Severity::kError,
      {"TotalDebit é {found#}, mas os débitos das linhas somam {expected#} (diferença {difference#})",
       "TotalDebit is {found#}, but the debits of the lines are {expected#} (difference {difference#})"}},
@@ -128,7 +128,7 @@ constexpr SectionTotal kTotalDebit{
         "only it would be {expected#}"}}}}};
 constexpr SectionTotal kTotalCredit{
     &SectionFacts::credit,
-    &InvoiceSums::Sums::credit,
+    &SectionSums::Sums::credit,
     {Severity::kError,
      {"TotalCredit é {found#}, mas os créditos das linhas somam {expected#} (diferença {difference#})",
       "TotalCredit is {found#}, but the credits of the lines are {expected#} (difference {difference#})"}},
@@ -154,7 +154,7 @@ constexpr SectionTotal kTotalCredit{
         "ones only it would be {expected#}"}}}}};
 
 void JudgeTotalOfInvoices(const SectionTotal& of, Judgement& judgement) {
-  const InvoiceSums& invoices = judgement.File().SumsOfInvoices();
+  const SectionSums& invoices = judgement.File().SumsOfSection();
   const SectionFacts& section = *judgement.File().SalesInvoices();
   const NumberFact& total = section.*of.total;
   if (!total.Read()) return;

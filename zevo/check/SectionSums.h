@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_CHECK_INVOICESUMS_H_
-#define ZEVO_CHECK_INVOICESUMS_H_
+#ifndef ZEVO_CHECK_SECTIONSUMS_H_
+#define ZEVO_CHECK_SECTIONSUMS_H_
 
 #include <zevo/check/AmountSum.h>
 #include <zevo/check/EntityFacts.h>
@@ -12,7 +12,7 @@
 namespace zevo {
 
 /// How many invoices there are and what their lines debit and credit, by which of them programs count.
-class InvoiceSums {
+class SectionSums {
  public:
   /// Which invoices count: each of these takes in those of the one before.
   enum class Counted : uint8_t {
@@ -41,4 +41,4 @@ class InvoiceSums {
 
 }  // namespace zevo
 
-#endif  // ZEVO_CHECK_INVOICESUMS_H_
+#endif  // ZEVO_CHECK_SECTIONSUMS_H_

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <zevo/check/InvoiceSums.h>
+#include <zevo/check/SectionSums.h>
 
 #include <zevo/model/Totals.h>
 
@@ -8,7 +8,7 @@
 namespace zevo {
 namespace {
 
-using Counted = InvoiceSums::Counted;
+using Counted = SectionSums::Counted;
 
 // The first way to count by which an invoice does.
 Counted FirstOf(const InvoiceFacts& facts) {
@@ -24,7 +24,7 @@ bool IsKnownStatus(const TextFact& status) {
 
 }  // namespace
 
-void InvoiceSums::Take(const InvoiceFacts& facts) {
+void SectionSums::Take(const InvoiceFacts& facts) {
   Sums& sums = more_[static_cast<size_t>(FirstOf(facts))];
   ++sums.invoices;
   for (const InvoiceLineFacts& line : facts.lines) {
@@ -36,7 +36,7 @@ void InvoiceSums::Take(const InvoiceFacts& facts) {
   if (!IsKnownStatus(facts.status)) knows_each_status_ = false;
 }
 
-InvoiceSums::Sums InvoiceSums::Of(Counted counted) const {
+SectionSums::Sums SectionSums::Of(Counted counted) const {
   Sums sums;
   for (size_t i = 0; i <= static_cast<size_t>(counted); ++i) {
     sums.invoices += more_[i].invoices;
