@@ -61,6 +61,8 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   transaction_of_invoice_ = transaction;
   const NumberFact& gross = facts.totals.gross;
   invoice_exceeds_transaction_ = transaction != nullptr && gross.Read() && transaction->TakeOff(*gross);
+  invoice_sums_.Take(facts);
+  line_amounts_.Take(facts);
   ++invoices_;
 }
 

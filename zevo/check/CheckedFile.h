@@ -8,8 +8,10 @@
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/FileKeys.h>
 #include <zevo/check/HashChain.h>
+#include <zevo/check/InvoiceSums.h>
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/LedgerSums.h>
+#include <zevo/check/LineAmounts.h>
 #include <zevo/check/PublicKeys.h>
 #include <zevo/check/SectionSums.h>
 #include <zevo/check/TransactionTable.h>
@@ -48,8 +50,9 @@ class KeptEntity {
 /// it, whatever rules are on. What takes more than a line to know is a class of its own.
 class CheckedFile {
  public:
-  /// See FileKeys. The public keys must outlive it.
-  CheckedFile(size_t mostKept, const zevo::PublicKeys& publicKeys) : keys_(mostKept), public_keys_(publicKeys) {}
+  /// See FileKeys and LineAmounts. The public keys must outlive it.
+  CheckedFile(size_t mostKept, const zevo::PublicKeys& publicKeys)
+      : keys_(mostKept), public_keys_(publicKeys), line_amounts_(mostKept) {}
 
   void Take(const HeaderFacts& facts);
   void Take(const AccountFacts& facts);
@@ -74,6 +77,9 @@ class CheckedFile {
   /// Of a check without public keys, empty.
   const HashChain& Hashes() const { return hashes_; }
   int64_t Invoices() const { return invoices_; }
+  /// Of the invoice that was taken last.
+  const InvoiceSums& SumsOfInvoice() const { return invoice_sums_; }
+  const LineAmounts& AmountsOfLines() const { return line_amounts_; }
   /// With basis I, the transaction of the invoice that was taken last, where that is live and the file has it.
   const TransactionTable::Entry* TransactionOfInvoice() const { return transaction_of_invoice_; }
   /// Whether that invoice is the first by which its transaction has more invoices than debits.
@@ -106,6 +112,8 @@ class CheckedFile {
   DocumentTable documents_;
   const zevo::PublicKeys& public_keys_;
   HashChain hashes_;
+  InvoiceSums invoice_sums_;
+  LineAmounts line_amounts_;
   TransactionTable transactions_;
   const TransactionTable::Entry* transaction_of_invoice_ = nullptr;
   bool invoice_exceeds_transaction_ = false;

@@ -324,6 +324,11 @@ bool InvoiceFacts::IsDebitDocument() const {
   return type.Read() && std::ranges::find(kTypes, *type) != kTypes.end();
 }
 
+bool InvoiceFacts::IsCreditDocument() const {
+  constexpr std::array<std::string_view, 10> kTypes{"FT", "FS", "ND", "VD", "TV", "AA", "RP", "CS", "LD", "RA"};
+  return type.Read() && std::ranges::find(kTypes, *type) != kTypes.end();
+}
+
 void TakeFacts(const ScannedEntity& entity, HeaderFacts& facts) { TakeEntity(entity, facts = {}); }
 void TakeFacts(const ScannedEntity& entity, AccountFacts& facts) { TakeEntity(entity, facts = {}); }
 void TakeFacts(const ScannedEntity& entity, PartyFacts& facts) { TakeEntity(entity, facts = {}); }

@@ -193,6 +193,8 @@ struct InvoiceFacts : EntityFacts {
   bool IsLive() const;
   /// One that lowers what the customer owes: NC, TD, DA, RE.
   bool IsDebitDocument() const;
+  /// One of the other types that there are.
+  bool IsCreditDocument() const;
 };
 
 // Fills the facts from an entity of their kind, which must outlive them. Facts that were filled before keep their

@@ -19,11 +19,12 @@ std::span<const Rule> SectionRules();
 std::span<const Rule> NumberRules();
 std::span<const Rule> DateRules();
 std::span<const Rule> DocumentRules();
+std::span<const Rule> LineRules();
 std::span<const Rule> HashRules();
 
 inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules, HeaderRules,   PartyRules,   AccountRules,
                                                            KeyRules,  LedgerRules,   SectionRules, NumberRules,
-                                                           DateRules, DocumentRules, HashRules};
+                                                           DateRules, DocumentRules, LineRules,    HashRules};
 
 }  // namespace zevo
 

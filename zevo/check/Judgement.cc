@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/Judgement.h>
 
+#include <zevo/check/Rule.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -38,8 +40,13 @@ void Judgement::TellOnce(const RuleSentence& sentence, const KeptElement& at, Fi
   if (findings_.IsFirst(sentence.text)) Tell(sentence, at, std::move(values));
 }
 
-void Judgement::TellMore(const RuleSentence& sentence, size_t findings) {
-  findings_.Count(rule_, sentence.severity, findings);
+void Judgement::TellMore(const RuleSentence& sentence, size_t findings, Severity at_most) {
+  findings_.Count(rule_, std::min(sentence.severity, at_most), findings);
+}
+
+bool Judgement::IsOn(std::string_view rule) const {
+  const auto number = RuleOf(rule);
+  return number && findings_.IsOn(*number);
 }
 
 }  // namespace zevo

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace zevo {
 
@@ -35,6 +36,8 @@ class Judgement {
   Judgement(const CheckedFile& file, Findings& findings, size_t rule) : file_(file), findings_(findings), rule_(rule) {}
 
   const CheckedFile& File() const { return file_; }
+  /// Whether another rule judges too.
+  bool IsOn(std::string_view rule) const;
 
   /// Tells of an element of an entity. The sentence must live as long as the program.
   void Tell(const RuleSentence& sentence, const EntityFacts& facts, const ElementSpot& at, FindingValues values = {});
@@ -46,7 +49,7 @@ class Judgement {
   /// The same, once a file.
   void TellOnce(const RuleSentence& sentence, const KeptElement& at, FindingValues values = {});
   /// So many more of which no more is known.
-  void TellMore(const RuleSentence& sentence, size_t findings);
+  void TellMore(const RuleSentence& sentence, size_t findings, Severity at_most = Severity::kError);
 
  private:
   const CheckedFile& file_;
