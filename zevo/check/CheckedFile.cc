@@ -22,7 +22,10 @@ void CheckedFile::Take(const PartyFacts& facts) {
 
 void CheckedFile::Take(const ProductFacts& facts) { keys_.Take(facts); }
 
-void CheckedFile::Take(const TaxTableFacts& facts) { keys_.Take(facts); }
+void CheckedFile::Take(const TaxTableFacts& facts) {
+  keys_.Take(facts);
+  taxes_.Take(facts);
+}
 
 void CheckedFile::Take(const SectionFacts& facts) {
   keys_.Take(facts);

@@ -10,6 +10,7 @@
 #include <zevo/check/HashChain.h>
 #include <zevo/check/InvoiceSums.h>
 #include <zevo/check/KeptElement.h>
+#include <zevo/check/KnownTaxes.h>
 #include <zevo/check/LedgerSums.h>
 #include <zevo/check/LineAmounts.h>
 #include <zevo/check/PublicKeys.h>
@@ -76,6 +77,7 @@ class CheckedFile {
   const zevo::PublicKeys& PublicKeys() const { return public_keys_; }
   /// Of a check without public keys, empty.
   const HashChain& Hashes() const { return hashes_; }
+  const KnownTaxes& Taxes() const { return taxes_; }
   int64_t Invoices() const { return invoices_; }
   /// Of the invoice that was taken last.
   const InvoiceSums& SumsOfInvoice() const { return invoice_sums_; }
@@ -112,6 +114,7 @@ class CheckedFile {
   DocumentTable documents_;
   const zevo::PublicKeys& public_keys_;
   HashChain hashes_;
+  KnownTaxes taxes_;
   InvoiceSums invoice_sums_;
   LineAmounts line_amounts_;
   TransactionTable transactions_;

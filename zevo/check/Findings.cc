@@ -12,10 +12,17 @@
 namespace zevo {
 namespace {
 
-// An element as findings and violations name it.
+// An element as findings and violations name it. The first of its name may be numbered or not.
 std::string ElementKey(const std::optional<EntityKind>& kind, std::string_view key, std::string_view path) {
+  constexpr std::string_view kFirst = "[1]";
   std::string name(kind ? zevo::NameOf(*kind) : std::string_view());
-  return name.append(1, '\0').append(key).append(1, '\0').append(path);
+  name.append(1, '\0').append(key).append(1, '\0');
+  while (true) {
+    const size_t first = path.find(kFirst);
+    name.append(path.substr(0, first));
+    if (first == std::string_view::npos) return name;
+    path.remove_prefix(first + kFirst.size());
+  }
 }
 
 /// What the schema has against an element.

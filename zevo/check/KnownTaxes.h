@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_CHECK_KNOWNTAXES_H_
+#define ZEVO_CHECK_KNOWNTAXES_H_
+
+#include <zevo/check/CalendarDate.h>
+#include <zevo/check/EntityFacts.h>
+#include <zevo/model/Decimal.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace zevo {
+
+/// The taxes of a file's tax table. Equal ones are kept once, however often the table has them.
+class KnownTaxes {
+ public:
+  /// When a tax may be used.
+  struct Use {
+    bool expires = false;
+    CalendarDate last_day;  ///< where it expires
+  };
+
+  void Take(const TaxTableFacts& facts);
+
+  /// Of a tax of this type, region, code and percentage, or amount: the use that is longest; null where the table has
+  /// no such tax. A percentage of 0 is an amount of 0.
+  const Use* Find(const TaxFacts& tax) const;
+
+  bool IsEmpty() const { return uses_.empty(); }
+  /// Whether each entry could be read.
+  bool IsWhole() const { return whole_; }
+
+ private:
+  struct View {
+    std::string_view type;
+    std::string_view region;
+    std::string_view code;
+    bool is_amount;
+    const Decimal& rate;
+  };
+  struct Key {
+    std::string type;
+    std::string region;
+    std::string code;
+    bool is_amount;
+    Decimal rate;
+
+    operator View() const { return {type, region, code, is_amount, rate}; }  // NOLINT(google-explicit-constructor)
+  };
+  struct Before {
+    using is_transparent = void;
+    bool operator()(const View& left, const View& right) const;
+  };
+
+  static View ViewOf(const TaxFacts& tax);
+
+  std::map<Key, Use, Before> uses_;
+  bool whole_ = true;
+};
+
+}  // namespace zevo
+
+#endif  // ZEVO_CHECK_KNOWNTAXES_H_

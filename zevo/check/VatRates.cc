@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/VatRates.h>
+
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+namespace zevo {
+namespace {
+
+/// The rates from a day on: in each region reduced, intermediate and normal.
+struct Row {
+  CalendarDate from;
+  int percentages[3][3];
+
+  int Of(const VatRate& rate) const {
+    return percentages[static_cast<size_t>(rate.region)][static_cast<size_t>(rate.level)];
+  }
+};
+
+constexpr Row kRows[] = {
+    // from           mainland       Azores        Madeira
+    {{2005, 7, 1}, {{5, 12, 21}, {4, 8, 15}, {4, 8, 15}}},   //
+    {{2008, 7, 1}, {{5, 12, 20}, {4, 8, 14}, {4, 8, 14}}},   //
+    {{2010, 7, 1}, {{6, 13, 21}, {4, 9, 15}, {4, 9, 15}}},   //
+    {{2011, 1, 1}, {{6, 13, 23}, {4, 9, 16}, {4, 9, 16}}},   //
+    {{2012, 4, 1}, {{6, 13, 23}, {4, 9, 16}, {5, 12, 22}}},  //
+    {{2014, 1, 1}, {{6, 13, 23}, {5, 10, 18}, {5, 12, 22}}},
+};
+
+// The row of a day; null before the first.
+const Row* RowOf(const CalendarDate& date) {
+  const Row* row = std::end(kRows);
+  while (row != std::begin(kRows)) {
+    --row;
+    if (row->from <= date) return row;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::optional<VatRegion> VatRegionOf(std::string_view code) {
+  if (code == "PT") return VatRegion::kMainland;
+  if (code == "PT-AC") return VatRegion::kAzores;
+  if (code == "PT-MA") return VatRegion::kMadeira;
+  return std::nullopt;
+}
+
+std::optional<VatLevel> VatLevelOf(std::string_view code) {
+  if (code == "NOR") return VatLevel::kNormal;
+  if (code == "RED") return VatLevel::kReduced;
+  if (code == "INT") return VatLevel::kIntermediate;
+  return std::nullopt;
+}
+
+std::optional<int> VatRate::On(const CalendarDate& date) const {
+  const Row* const row = RowOf(date);
+  return row == nullptr ? std::nullopt : std::optional(row->Of(*this));
+}
+
+bool VatRate::IsBeside(const CalendarDate& date, const Decimal& percentage) const {
+  const Row* const row = RowOf(date);
+  if (row == nullptr) return false;
+  const Row* const next = std::next(row);
+  if (row != std::begin(kRows) && row->from == date && std::prev(row)->Of(*this) == percentage) return true;
+  return next != std::end(kRows) && next->from == date.NextDay() && next->Of(*this) == percentage;
+}
+
+bool VatRate::WasEver(const Decimal& percentage) const {
+  return std::ranges::any_of(kRows, [&](const Row& row) { return row.Of(*this) == percentage; });
+}
+
+std::string VatRate::All() const {
+  std::vector<int> percentages;
+  for (const Row& row : kRows) {
+    if (std::ranges::find(percentages, row.Of(*this)) == percentages.end()) percentages.push_back(row.Of(*this));
+  }
+  std::string text;
+  for (const int percentage : percentages) {
+    if (!text.empty()) text += ", ";
+    text += std::to_string(percentage);
+  }
+  return text;
+}
+
+}  // namespace zevo
