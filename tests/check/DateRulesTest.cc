@@ -138,6 +138,8 @@ TEST_F(DateRulesTest, WhatTheSchemaRefusesIsToldByReadAlone) {
               ElementsAre("READ E Invoice FT A/1/InvoiceDate [2008-02-30] [date] []"));
   EXPECT_THAT(Findings(OfInvoices().With(kEntry, "2008-03-05T10:00:60")),
               ElementsAre("READ E Invoice FT A/1/SystemEntryDate [2008-03-05T10:00:60] [dateTime] []"));
+  EXPECT_THAT(Findings(OfInvoices().With("Invoice[2]/Line/TaxPointDate", "2008-02-30")),
+              ElementsAre("READ E Invoice FT A/2/Line[1]/TaxPointDate [2008-02-30] [date] []"));
   // It is not lost when READ is off.
   checker_.set_Severity("READ", Severity::kOff);
   const CleanFile file = OfInvoices().With("Invoice/InvoiceDate", "2008-02-30").With(kEntry, "x");

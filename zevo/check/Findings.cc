@@ -12,17 +12,17 @@
 namespace zevo {
 namespace {
 
-// An element as findings and violations name it. The first of its name may be numbered or not.
+// An element as findings and violations name it. A violation may come before it is known whether the first of a name is
+// the only one, so "Line[1]" is "Line".
 std::string ElementKey(const std::optional<EntityKind>& kind, std::string_view key, std::string_view path) {
-  constexpr std::string_view kFirst = "[1]";
   std::string name(kind ? zevo::NameOf(*kind) : std::string_view());
   name.append(1, '\0').append(key).append(1, '\0');
-  while (true) {
-    const size_t first = path.find(kFirst);
+  constexpr std::string_view kFirst = "[1]";
+  for (size_t first = path.find(kFirst); first != std::string_view::npos; first = path.find(kFirst)) {
     name.append(path.substr(0, first));
-    if (first == std::string_view::npos) return name;
     path.remove_prefix(first + kFirst.size());
   }
+  return name.append(path);
 }
 
 /// What the schema has against an element.
