@@ -235,6 +235,45 @@ TEST_F(AuditFileCheckerTest, ACheckMayBeAborted) {
   EXPECT_THAT(Findings(CleanFile()), IsEmpty());
 }
 
+// Of more than 256 KiB, of which the rules judge the last only.
+std::string LongFile() {
+  std::string document = CleanFile().With("Header/FiscalYear", "2011").Text();
+  return document.insert(document.find("<AuditFile"), "<!--" + std::string(1'000'000, ' ') + "-->");
+}
+
+TEST_F(AuditFileCheckerTest, ProgressIsToldOfEachPass) {
+  const std::string document = LongFile();
+  std::vector<int64_t> told;
+  checker_.Progress = [&](int64_t bytes) {
+    told.push_back(bytes);
+    return true;
+  };
+  EXPECT_THAT(Findings(document), ElementsAre(kOtherYear));
+  EXPECT_EQ(std::ranges::count(told, static_cast<int64_t>(document.size())), 2);
+  EXPECT_GE(told.size(), 6U);
+}
+
+TEST_F(AuditFileCheckerTest, ACheckMayBeAbortedBeforeTheRulesJudge) {
+  const std::string document = LongFile();
+  checker_.Progress = [&](int64_t bytes) {
+    EXPECT_EQ(checker_.BytesRead(), static_cast<uint64_t>(bytes));
+    checker_.AbortChecking();
+    return true;
+  };
+  EXPECT_THAT(Findings(document), ElementsAre("Leitura do ficheiro abortada pelo utilizador."));
+  EXPECT_EQ(checker_.AuditException()->Number(), kErrorBase + 501);
+  EXPECT_EQ(checker_.Verdict(), CheckVerdict::kNotJudged);
+  EXPECT_LT(checker_.BytesRead(), document.size());
+}
+
+TEST_F(AuditFileCheckerTest, ProgressMayEndTheCheck) {
+  checker_.Progress = [](int64_t) { return false; };
+  EXPECT_THAT(Findings(LongFile()), ElementsAre("Leitura do ficheiro abortada pelo utilizador."));
+  EXPECT_EQ(checker_.AuditException()->Source(), "AuditFileChecker.CheckAuditFile");
+  checker_.Progress = [](int64_t) -> bool { throw Error(6, "Host", "enough"); };
+  EXPECT_THAT(Findings(LongFile()), ElementsAre("enough"));
+}
+
 TEST_F(AuditFileCheckerTest, WhatTheFunctionThrowsIsAFailure) {
   checker_.Found = [](const Finding&) { throw Error(6, "Host", "enough"); };
   EXPECT_THAT(Findings(OfEachSeverity()), ElementsAre("enough"));

@@ -75,7 +75,19 @@ std::string Violations(const std::string& path) {
   return validator.ValidateAuditFile() ? told : told + Told(validator.AuditException());
 }
 
-// What a façade may do with its input, going through it once; what was wrong, or nothing.
+// What the checker finds in a file: a line for each finding, then the failure, if there is one.
+std::string Findings(const std::string& path) {
+  AuditFileChecker checker;
+  checker.set_AuditFileName(path);
+  std::string told;
+  checker.Found = [&](const Finding& finding) {
+    told.append(std::to_string(finding.place.offset)).append(": ").append(finding.rule).append(": ");
+    told.append(Describe(finding, Language::kEnglish)).append("\n");
+  };
+  return checker.CheckAuditFile() ? told : told + Told(checker.AuditException());
+}
+
+// What a façade may do with its input; what was wrong, or nothing.
 struct Reading {
   const char* name;
   std::function<std::string(const std::string& path)> run;
@@ -94,6 +106,12 @@ const Reading kReadings[] = {
        validator.set_AuditFileName(path);
        if (!validator.ValidateAuditFile()) return Told(validator.AuditException());
        return validator.Violations() == 0 ? std::string() : "violations: " + std::to_string(validator.Violations());
+     }},
+    {"check",
+     [](const std::string& path) {
+       AuditFileChecker checker;
+       checker.set_AuditFileName(path);
+       return checker.CheckAuditFile() ? std::string() : Told(checker.AuditException());
      }},
     {"reader",
      [](const std::string& path) {
@@ -154,7 +172,7 @@ class StandardInputTest : public ::testing::Test {
   std::string path_ = folder_.Path("saft.xml");
 };
 
-TEST_F(StandardInputTest, APipeIsTakenByWhatReadsItOnce) {
+TEST_F(StandardInputTest, APipeIsTaken) {
   const std::string bytes = ReadBytes(path_);
   for (const Reading& reading : kReadings) {
     const std::string report = InChildProcess([&] {
@@ -207,6 +225,51 @@ TEST_F(StandardInputTest, AFileBehindItIsReadAgainFromWhereItStood) {
     return Violations(kStandardInput);
   });
   EXPECT_EQ(told, Violations(folder_.Path("invalid.xml")));
+}
+
+TEST_F(StandardInputTest, TheSameIsFoundAsInAFile) {
+  const std::string path = WriteInvalid();
+  const std::string expected = Findings(path);
+  EXPECT_NE(expected.find("READ: Invoice FT 2008/1: InvoiceStatus"), std::string::npos) << expected;
+  EXPECT_EQ(InChildProcess([&] {
+              ReadFromWriter(ReadBytes(path));
+              return Findings(kStandardInput);
+            }),
+            expected);
+  const std::string behind = folder_.Write("behind.xml", "other" + ReadBytes(path));
+  EXPECT_EQ(InChildProcess([&] {
+              ReadFrom(open(behind.c_str(), O_RDONLY));
+              lseek(STDIN_FILENO, 5, SEEK_SET);
+              setenv("TMPDIR", "/none", 1);
+              return Findings(kStandardInput);
+            }),
+            expected);
+}
+
+TEST_F(StandardInputTest, APipeThatThereIsNoRoomToKeepIsNotChecked) {
+  const std::string bytes = ReadBytes(WriteInvalid());
+  const auto finding = [&](const std::function<void()>& prepare) {
+    return InChildProcess([&] {
+      prepare();
+      ReadFromWriter(bytes);
+      AuditFileChecker checker;
+      checker.set_AuditFileName(kStandardInput);
+      if (checker.CheckAuditFile() || checker.Verdict() != CheckVerdict::kNotJudged) return std::string("judged");
+      return Describe(*checker.AuditException(), Language::kEnglish);
+    });
+  };
+  constexpr std::string_view kTold =
+      "There is no room for a temporary copy of standard input, which is read more than once.";
+  EXPECT_EQ(finding([] { setenv("TMPDIR", "/none", 1); }), kTold);
+  for (const rlim_t most : {0, 100'000, 400'000}) {
+    EXPECT_EQ(finding([most] {
+                std::signal(SIGXFSZ, SIG_IGN);
+                const rlimit limit{most, most};
+                setrlimit(RLIMIT_FSIZE, &limit);
+              }),
+              kTold)
+        << most;
+  }
 }
 
 TEST_F(StandardInputTest, NothingOfAPipeIsLeftBehind) {

@@ -39,6 +39,16 @@ TEST_F(RepeatedInputTest, AFileIsReadFromItsBeginningEachTime) {
   EXPECT_EQ(Take(input, 2), "ab");
 }
 
+TEST_F(RepeatedInputTest, SeveralPassesGoOnAtATime) {
+  RepeatedInput input(folder_.Write("a", "abcdef"));
+  EXPECT_EQ(Take(input, 3), "abc");
+  RepeatedInput other(input, {});
+  EXPECT_EQ(Take(other, 2), "ab");
+  EXPECT_EQ(Take(input, 2), "de");
+  EXPECT_EQ(Take(other, 10), "cdef");
+  EXPECT_EQ(Take(input, 10), "f");
+}
+
 TEST_F(RepeatedInputTest, AMissingFileIsToldWhenItIsRead) {
   RepeatedInput input(folder_.Path("none"));
   EXPECT_ERROR(Take(input, 1), RunTimeError::kFileNotFound, kRunTimeSource);

@@ -44,6 +44,7 @@ std::string StepOf(const ParsedAttribute& attribute) {
 }  // namespace
 
 EntityScanner::EntityScanner(const std::string& fileName) : parse_(fileName, *this) {}
+EntityScanner::EntityScanner(RepeatedInput& input) : parse_(input, *this) {}
 EntityScanner::~EntityScanner() = default;
 
 void EntityScanner::Open(std::string_view source) {

@@ -23,6 +23,8 @@
 
 namespace zevo {
 
+class RepeatedInput;
+
 /// Goes through an audit file once and gives its entities one after the other, each with all that the file has of it.
 /// Sections and journals come first, cut off at the first entry inside. The file is read no further than the entity
 /// that is asked for takes.
@@ -30,6 +32,8 @@ class EntityScanner final : private ParserHandler {
  public:
   /// Opens the file. Raises error 7 when there is no memory.
   explicit EntityScanner(const std::string& fileName);
+  /// Reads what can be read again, from where it stands. The input must outlive this.
+  explicit EntityScanner(RepeatedInput& input);
   EntityScanner(const EntityScanner&) = delete;
   EntityScanner& operator=(const EntityScanner&) = delete;
   ~EntityScanner() override;

@@ -13,6 +13,7 @@
 #include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/platform/CompiledSchema.h>
 #include <zevo/platform/PublicKey.h>
+#include <zevo/platform/RepeatedInput.h>
 #include <zevo/platform/SchemaDiagnosis.h>
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaTables.h>
@@ -20,6 +21,7 @@
 #include <zevo/platform/XmlProblem.h>
 
 #include <algorithm>
+#include <atomic>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -42,10 +44,10 @@ struct AuditFileChecker::State {
   std::string file_name;
   CheckSettings settings;
   zevo::Language language = zevo::Language::kPortuguese;
-  bool abort_requested = false;
+  std::atomic<bool> abort_requested = false;
   CheckVerdict verdict = CheckVerdict::kNotJudged;
   std::vector<int64_t> counts;
-  uint64_t bytes_read = 0;
+  std::atomic<uint64_t> bytes_read = 0;
 };
 
 /// One check of one file.
@@ -54,7 +56,7 @@ class AuditFileChecker::Run {
   explicit Run(AuditFileChecker& owner) : owner_(owner), state_(*owner.state_) {}
 
   void Judge() {
-    EntityScanner scanner(state_.file_name);
+    EntityScanner scanner(scanned_);
     try {
       scanner.Open(kCheckSource);
     } catch (const Error& error) {
@@ -65,7 +67,7 @@ class AuditFileChecker::Run {
     const SchemaSource source = OptionsMapping::OfThisThread().HeldSchema(kCheckSource);
     const CompiledSchema schema(source, kNamespace, kCheckSource);
     SchemaValidator validator(schema);
-    const std::optional<XmlProblem> first = validator.FirstProblem(state_.file_name);
+    const std::optional<XmlProblem> first = FirstProblem(validator);
     if (first && first->fault == XmlProblem::Fault::kSchema) Raise(first, kCheckSource);
     const bool violated = first && first->fault == XmlProblem::Fault::kInvalid;
 
@@ -74,7 +76,7 @@ class AuditFileChecker::Run {
     FileCheck check(state_.settings, *findings_);
     while (ScannedEntity* const entity = scanner.Next(kCheckSource)) {
       state_.bytes_read = scanner.BytesRead();
-      owner_.Require(!state_.abort_requested, Message::kReadingAborted, kCheckMember);
+      RequireNoAbort();
       if (diagnosis_) DiagnoseTo(scanner.Pieces());
       check.Judge(*entity);
       KeepCounts();
@@ -82,6 +84,7 @@ class AuditFileChecker::Run {
     state_.bytes_read = scanner.BytesRead();
     while (diagnosis_ && diagnosis_->Feed()) {
     }
+    if (diagnosis_) Raise(diagnosis_->Result().problem, kCheckSource);
     // What stops the validator stops the scanner too; if it does not, nothing is certain.
     if (first && !violated) Raise(first, kCheckSource);
     if (violated) TellTheRest(validator);
@@ -91,6 +94,26 @@ class AuditFileChecker::Run {
   }
 
  private:
+  void RequireNoAbort() const { owner_.Require(!state_.abort_requested, Message::kReadingAborted, kCheckMember); }
+
+  // What a pass does each time it has read more. The scan itself tells how far the rules have come.
+  bool Watch(int64_t bytes_read) {
+    if (!findings_) state_.bytes_read = static_cast<uint64_t>(bytes_read);
+    RequireNoAbort();
+    owner_.Require(!owner_.Progress || owner_.Progress(bytes_read), Message::kReadingAborted, kCheckMember);
+    return true;
+  }
+
+  std::optional<XmlProblem> FirstProblem(SchemaValidator& validator) {
+    RepeatedInput input(scanned_, [this](int64_t bytes_read) { return Watch(bytes_read); });
+    std::optional<XmlProblem> first;
+    validator.Validate(input, [&](const XmlProblem& problem) {
+      first = problem;
+      return false;
+    });
+    return first;
+  }
+
   void TellVersion(const EntityScanner::Refused& refused) {
     findings_.emplace(state_.settings, owner_.Found, false);
     findings_->Tell(VersionRule(), VersionFinding(refused.found, refused.place, refused.another_version));
@@ -106,7 +129,7 @@ class AuditFileChecker::Run {
       findings_->Tell(ViolationOf(told));
       return true;
     });
-    diagnosis_->Begin(state_.file_name);
+    diagnosis_->Begin(diagnosed_);
   }
 
   // Whatever is wrong in an entity that the scan has through with so many pieces of the file is told then.
@@ -121,7 +144,8 @@ class AuditFileChecker::Run {
     if (!diagnosis_ || diagnosis_->Result().found == 0) from.emplace();
     if (diagnosis_ && diagnosis_->Result().left_off) from = diagnosis_->Result().left_off;
     if (!from) return;
-    validator.Validate(state_.file_name, [&](const XmlProblem& problem) {
+    RepeatedInput input(scanned_, [this](int64_t bytes_read) { return Watch(bytes_read); });
+    validator.Validate(input, [&](const XmlProblem& problem) {
       if (problem.fault != XmlProblem::Fault::kInvalid) return false;
       if (!IsBefore(problem.place, *from)) findings_->Tell(ViolationOf(problem));
       return true;
@@ -130,6 +154,8 @@ class AuditFileChecker::Run {
 
   AuditFileChecker& owner_;
   State& state_;
+  RepeatedInput scanned_{state_.file_name, [this](int64_t bytes_read) { return Watch(bytes_read); }};
+  RepeatedInput diagnosed_{scanned_, {}};
   std::optional<Findings> findings_;
   const std::vector<RecordElement> records_ = AuditRecords();
   std::unique_ptr<const SchemaTables> tables_;
@@ -173,7 +199,7 @@ bool AuditFileChecker::CheckAuditFile() {
   state_->bytes_read = 0;
   std::ranges::fill(state_->counts, 0);
   return Attempt([&] {
-    RequireFile(state_->file_name, Input::kFile, kCheckMember);
+    RequireFile(state_->file_name, Input::kFileOrStandardInput, kCheckMember);
     Run(*this).Judge();
   });
 }

@@ -29,13 +29,16 @@ namespace zevo {
 /// come. In a file that the schema does not allow each finding takes another 64 bytes.
 ///
 /// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
-/// success makes `AuditException` null. An object is used by one thread at a time.
+/// success makes `AuditException` null. An object is used by one thread at a time but for what says otherwise.
 class ZEVO_API AuditFileChecker : public Facade {
  public:
   AuditFileChecker();
   ~AuditFileChecker();
 
-  /// Path of the file, in UTF-8: of a regular file.
+  /// Path of the file, in UTF-8. "/dev/stdin", where the system has it, is the standard input, whatever is behind it. A
+  /// file behind it is read from where it stands. What comes through a pipe is kept, as it is read more than once, in a
+  /// nameless temporary file in the folder of the environment's TMPDIR, else in /tmp; without room for it the check
+  /// fails with error 57.
   const std::string& AuditFileName() const;
   void set_AuditFileName(std::string_view value);
   /// The same as `Options::SchemaLocation`. Where no schema is named and there is none at the default place, the one
@@ -65,12 +68,18 @@ class ZEVO_API AuditFileChecker : public Facade {
   /// check as a failure.
   std::function<void(const Finding& finding)> Found;
 
+  /// Gets how many bytes of the file have been read, every 256 KiB and at its end, and says whether to go on; false
+  /// ends the check, which then fails with message 501. A file is read more than once: the bytes are those of the pass
+  /// that is going on, so the number begins anew. What it throws ends the check as a failure.
+  std::function<bool(int64_t bytesRead)> Progress;
+
   /// Judges the file on disk. True when that could be done, whatever the verdict. Fails as `AuditFileScanner` does
   /// where the file cannot be opened or read to its end, after the findings up to there; with message 601 or 602, and a
   /// finding of the rule VERSION, where it is of another version or no audit file; with message 501 after
   /// `AbortChecking`; and where the schema cannot be used. The verdict is `kNotJudged` then.
   bool CheckAuditFile();
-  /// Makes the check fail before it judges another record. For a program that has seen enough.
+  /// Makes the check fail before it judges another record or, while the schema's own verdict is made, before it reads
+  /// another 256 KiB. For a program that has seen enough: from `Found`, from `Progress` or from another thread.
   void AbortChecking();
 
   /// What the last `CheckAuditFile` says of the file; `kNotJudged` before the first.
@@ -80,7 +89,8 @@ class ZEVO_API AuditFileChecker : public Facade {
   /// The same as `Describe`, in `Language`.
   std::string MessageOf(const Finding& finding) const;
 
-  /// How many bytes of the file the rules have judged so far, to show progress. The schema's own verdict comes first.
+  /// How many bytes of the file the pass that is going on has read so far: first for the schema's own verdict, then
+  /// those that the rules have judged. May be asked from another thread.
   uint64_t BytesRead() const;
 
   /// The rules, in an order that never changes within a version.
