@@ -40,6 +40,7 @@ std::string_view TextOf(Message message) {
       return "Leitura do ficheiro abortada pelo utilizador.";
     case Message::kOtherVersion:
     case Message::kNoAuditFile:
+    case Message::kRuleFailed:
       return {};  // the error itself says it
   }
   return {};

@@ -56,6 +56,7 @@ enum class Message : int32_t {
   // Of these two the error itself has the text.
   kOtherVersion = 601,
   kNoAuditFile = 602,
+  kRuleFailed = 701,  // the same
 };
 
 /// Numbers of the run-time errors.

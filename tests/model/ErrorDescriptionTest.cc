@@ -68,6 +68,24 @@ TEST(ErrorDescriptionTest, AnotherVersionIsNamed) {
             "The file is not an audit file.");
 }
 
+TEST(ErrorDescriptionTest, ARuleThatFailedIsNamed) {
+  const AuditException exception = Exception(
+      Message::kRuleFailed, "", "Há um erro deste programa na regra TOT-NET (basic_string); comunique-o, por favor");
+  EXPECT_EQ(Portuguese(exception),
+            "Há um erro deste programa na regra TOT-NET (basic_string); comunique-o, por favor.");
+  EXPECT_EQ(English(exception),
+            "There is a fault of this program in the rule TOT-NET (basic_string); please report it.");
+}
+
+TEST(ErrorDescriptionTest, NoRoomForACopyOfStandardInputIsTold) {
+  const Error error = MakeRunTimeError(RunTimeError::kDeviceIO, "sem lugar para uma cópia da entrada padrão");
+  AuditException exception;
+  exception.set_Number(error.Number());
+  exception.set_Description(error.Description());
+  EXPECT_EQ(Portuguese(exception),
+            "Não há lugar para uma cópia temporária da entrada padrão, que se lê mais de uma vez.");
+}
+
 TEST(ErrorDescriptionTest, EveryRunTimeErrorIsToldWithItsDetail) {
   std::set<std::string> sentences;
   for (const RunTimeError number :

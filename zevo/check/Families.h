@@ -24,9 +24,7 @@ std::span<const Rule> TotalRules();
 std::span<const Rule> TaxRules();
 std::span<const Rule> HashRules();
 
-inline constexpr std::span<const Rule> (*kFamilies[])() = {
-    FileRules,   HeaderRules, PartyRules,    AccountRules, KeyRules,   LedgerRules, SectionRules,
-    NumberRules, DateRules,   DocumentRules, LineRules,    TotalRules, TaxRules,    HashRules};
+inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules, HeaderRules, PartyRules, AccountRules, KeyRules, LedgerRules, SectionRules, NumberRules, DateRules, DocumentRules, LineRules, TotalRules, TaxRules, HashRules};
 
 }  // namespace zevo
 

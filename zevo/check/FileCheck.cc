@@ -1,15 +1,55 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/FileCheck.h>
 
+#include <zevo/Error.h>
 #include <zevo/check/Judgement.h>
 
-namespace zevo {
+#include <exception>
+#include <new>
+#include <string>
 
-FileCheck::FileCheck(const CheckSettings& settings, Findings& findings)
+namespace zevo {
+namespace {
+
+// What a rule threw, which is being handled.
+[[noreturn]] void RaiseFaultOf(const Rule& rule) {
+  std::string told(rule.info.id);
+  try {
+    throw;
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (const Error& error) {
+    if (error.Number() == static_cast<int32_t>(RunTimeError::kOutOfMemory)) throw;
+    told.append(" (").append(error.what()).append(")");
+  } catch (const std::exception& error) {
+    told.append(" (").append(error.what()).append(")");
+  } catch (...) {  // whatever it is, the rule has it
+  }
+  throw Error(kErrorBase + static_cast<int32_t>(Message::kRuleFailed), "AuditFileChecker.CheckAuditFile",
+              "Há um erro deste programa na regra " + told + "; comunique-o, por favor");
+}
+
+}  // namespace
+
+FileCheck::FileCheck(const CheckSettings& settings, Findings& findings, std::span<const Rule> rules)
     : findings_(findings), file_(settings.most_of_a_rule, settings.public_keys) {
-  const std::span<const Rule> rules = AllRules();
   for (size_t i = 0; i < rules.size(); ++i) {
     if (findings.IsOn(i)) active_.push_back({i, &rules[i]});
+  }
+}
+
+template <class Run>
+void FileCheck::RunRules(const Run& run) {
+  const Rule* at = nullptr;
+  try {
+    for (const ActiveRule& active : active_) {
+      at = active.rule;
+      Judgement judgement(file_, findings_, active.number);
+      run(*active.rule, judgement);
+    }
+  } catch (...) {
+    if (findings_.HasHostThrown()) throw;
+    RaiseFaultOf(*at);
   }
 }
 
@@ -17,11 +57,10 @@ template <class Facts>
 void FileCheck::JudgeAs(const ScannedEntity& entity, Facts& facts, void (*Rule::*judge)(const Facts&, Judgement&)) {
   TakeFacts(entity, facts);
   file_.Take(facts);
-  for (const ActiveRule& active : active_) {
-    Judgement judgement(file_, findings_, active.number);
-    if (active.rule->entity != nullptr) active.rule->entity(facts, judgement);
-    if (active.rule->*judge != nullptr) (active.rule->*judge)(facts, judgement);
-  }
+  RunRules([&](const Rule& rule, Judgement& judgement) {
+    if (rule.entity != nullptr) rule.entity(facts, judgement);
+    if (rule.*judge != nullptr) (rule.*judge)(facts, judgement);
+  });
   findings_.EndEntity(facts);
 }
 
@@ -51,10 +90,9 @@ void FileCheck::Judge(const ScannedEntity& entity) {
 }
 
 void FileCheck::End() {
-  for (const ActiveRule& active : active_) {
-    Judgement judgement(file_, findings_, active.number);
-    if (active.rule->at_end != nullptr) active.rule->at_end(judgement);
-  }
+  RunRules([](const Rule& rule, Judgement& judgement) {
+    if (rule.at_end != nullptr) rule.at_end(judgement);
+  });
   findings_.End();
 }
 

@@ -8,14 +8,16 @@
 #include <zevo/check/Rule.h>
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 namespace zevo {
 
-/// The check of one file: gives each entity to the rules that are on.
+/// The check of one file: gives each entity to the rules that are on. What a rule throws is a fault of the rule:
+/// message 701 names it. What the host's function throws, and a lack of memory, come out as they are.
 class FileCheck {
  public:
-  FileCheck(const CheckSettings& settings, Findings& findings);
+  FileCheck(const CheckSettings& settings, Findings& findings, std::span<const Rule> rules = AllRules());
 
   /// Takes the next entity of the file. Violations of the schema in it must have been told.
   void Judge(const ScannedEntity& entity);
@@ -28,6 +30,8 @@ class FileCheck {
     const Rule* rule;
   };
 
+  template <class Run>
+  void RunRules(const Run& run);
   template <class Facts>
   void JudgeAs(const ScannedEntity& entity, Facts& facts, void (*Rule::*judge)(const Facts&, Judgement&));
 

@@ -72,7 +72,10 @@ void Findings::Raise(size_t rule, Finding finding) {
   finding.severity = SeverityOf(rule, finding.severity);
   const bool told = found_ && (settings_.most_of_a_rule == 0 || counts_[rule] < Most());
   Add(rule, finding.severity, 1);
-  if (told) found_(finding);
+  if (!told) return;
+  in_host_ = true;
+  found_(finding);
+  in_host_ = false;
 }
 
 void Findings::Tell(const Violation& violation) { waiting_.push_back(violation); }

@@ -54,6 +54,9 @@ class Findings {
   /// There is no more to come.
   void End();
 
+  /// Whether the host's function has thrown.
+  bool HasHostThrown() const { return in_host_; }
+
   std::span<const int64_t> Counts() const { return counts_; }
   CheckVerdict Verdict() const;
 
@@ -75,6 +78,7 @@ class Findings {
   const Sink& found_;
   bool schema_violated_;
   std::vector<int64_t> counts_;
+  bool in_host_ = false;
   Severity worst_ = Severity::kOff;
   std::set<const Sentence*> once_;
   std::vector<Held> held_;         // of the entity at hand

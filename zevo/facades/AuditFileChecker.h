@@ -76,7 +76,8 @@ class ZEVO_API AuditFileChecker : public Facade {
   /// Judges the file on disk. True when that could be done, whatever the verdict. Fails as `AuditFileScanner` does
   /// where the file cannot be opened or read to its end, after the findings up to there; with message 601 or 602, and a
   /// finding of the rule VERSION, where it is of another version or no audit file; with message 501 after
-  /// `AbortChecking`; and where the schema cannot be used. The verdict is `kNotJudged` then.
+  /// `AbortChecking`; where the schema cannot be used; and with message 701, which names the rule, where a rule has a
+  /// fault of its own. The verdict is `kNotJudged` then.
   bool CheckAuditFile();
   /// Makes the check fail before it judges another record or, while the schema's own verdict is made, before it reads
   /// another 256 KiB. For a program that has seen enough: from `Found`, from `Progress` or from another thread.

@@ -76,6 +76,10 @@ constexpr auto kMessageRows = std::to_array<Rewording>({
      {},
      {"O ficheiro é de outra versão; só a versão 1.01_01 é lida",
       "The file is of another version; only version 1.01_01 is read"}},
+    {Number(Message::kRuleFailed),
+     "Há um erro deste programa na regra {1}; comunique-o, por favor",
+     {"Há um erro deste programa na regra {1}; comunique-o, por favor",
+      "There is a fault of this program in the rule {1}; please report it"}},
     {Number(Message::kNoAuditFile), {}, {"O ficheiro não é um ficheiro de auditoria", "The file is not an audit file"}},
 });
 
