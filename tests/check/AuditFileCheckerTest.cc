@@ -101,6 +101,28 @@ TEST_F(AuditFileCheckerTest, WhatIsCertainAtTheEndIsCountedToo) {
   EXPECT_EQ(checker_.CountOf("ACC-REF"), 3);
 }
 
+TEST_F(AuditFileCheckerTest, FindingsAreCountedBySeverity) {
+  Findings(OfEachSeverity());
+  EXPECT_EQ(checker_.CountOf("HDR-PERIOD", Severity::kError), 0);
+  EXPECT_EQ(checker_.CountOf("HDR-PERIOD", Severity::kWarning), 1);
+  EXPECT_EQ(checker_.CountOf("HDR-PERIOD", Severity::kInformation), 1);
+  EXPECT_EQ(checker_.CountOf("HDR-PERIOD", Severity::kOff), 0);
+  EXPECT_EQ(checker_.CountOf("GL-RECORD", Severity::kError), 1);
+  EXPECT_THROW(checker_.CountOf("HDR-NONE", Severity::kError), Error);
+  Findings(CleanFile());
+  EXPECT_EQ(checker_.CountOf("GL-RECORD", Severity::kError), 0);
+}
+
+TEST_F(AuditFileCheckerTest, RecordsThatWereJudgedAreCounted) {
+  EXPECT_EQ(checker_.RecordsOf(EntityKind::kInvoice), 0);
+  Findings(CleanFile());
+  EXPECT_EQ(checker_.RecordsOf(EntityKind::kHeader), 1);
+  EXPECT_EQ(checker_.RecordsOf(EntityKind::kCustomer), 2);
+  EXPECT_EQ(checker_.RecordsOf(EntityKind::kInvoice), 3);
+  Findings("<html/>");
+  EXPECT_EQ(checker_.RecordsOf(EntityKind::kInvoice), 0);
+}
+
 TEST_F(AuditFileCheckerTest, WithoutAFunctionFindingsAreCounted) {
   checker_.Found = nullptr;
   EXPECT_THAT(Findings(OfEachSeverity()), IsEmpty());

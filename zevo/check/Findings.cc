@@ -46,7 +46,7 @@ Severity Findings::SeverityOf(size_t rule, Severity told) const {
 
 bool Findings::Wants(size_t rule) const {
   if (schema_violated_) return true;
-  return found_ && (settings_.most_of_a_rule == 0 || counts_[rule] < Most());
+  return found_ && (settings_.most_of_a_rule == 0 || counts_[rule].all < Most());
 }
 
 void Findings::Tell(size_t rule, Finding finding) {
@@ -63,14 +63,18 @@ void Findings::Count(size_t rule, Severity severity, size_t findings) {
 }
 
 void Findings::Add(size_t rule, Severity severity, size_t findings) {
-  counts_[rule] += static_cast<int64_t>(findings);
+  const auto more = static_cast<int64_t>(findings);
+  FindingCount& count = counts_[rule];
+  count.all += more;
+  count.of_severity[static_cast<size_t>(severity)] += more;
+  total_ += more;
   worst_ = std::max(worst_, severity);
 }
 
 void Findings::Raise(size_t rule, Finding finding) {
   finding.rule = AllRules()[rule].info.id;
   finding.severity = SeverityOf(rule, finding.severity);
-  const bool told = found_ && (settings_.most_of_a_rule == 0 || counts_[rule] < Most());
+  const bool told = found_ && (settings_.most_of_a_rule == 0 || counts_[rule].all < Most());
   Add(rule, finding.severity, 1);
   if (!told) return;
   in_host_ = true;

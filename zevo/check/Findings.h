@@ -8,6 +8,7 @@
 #include <zevo/model/Finding.h>
 #include <zevo/model/Violation.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -18,11 +19,20 @@
 
 namespace zevo {
 
+/// How many severities there are.
+inline constexpr size_t kSeverities = static_cast<size_t>(Severity::kError) + 1;
+
 /// What a host wants of a check.
 struct CheckSettings {
   std::vector<Severity> severities;  ///< of the rules, in their order
   size_t most_of_a_rule = 20;        ///< findings that are told; 0 for all
   PublicKeys public_keys;            ///< of the documents' signatures
+};
+
+/// How many findings of a rule there are.
+struct FindingCount {
+  int64_t all = 0;
+  std::array<int64_t, kSeverities> of_severity{};
 };
 
 /// Where everything that is found comes together, and the one place that knows severities, what silences what, how much
@@ -57,7 +67,10 @@ class Findings {
   /// Whether the host's function has thrown.
   bool HasHostThrown() const { return in_host_; }
 
-  std::span<const int64_t> Counts() const { return counts_; }
+  /// Of the rules, in their order.
+  std::span<const FindingCount> Counts() const { return counts_; }
+  /// Of all rules.
+  int64_t Total() const { return total_; }
   CheckVerdict Verdict() const;
 
  private:
@@ -77,7 +90,8 @@ class Findings {
   const CheckSettings& settings_;
   const Sink& found_;
   bool schema_violated_;
-  std::vector<int64_t> counts_;
+  std::vector<FindingCount> counts_;
+  int64_t total_ = 0;
   bool in_host_ = false;
   Severity worst_ = Severity::kOff;
   std::set<const Sentence*> once_;

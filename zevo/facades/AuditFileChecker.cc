@@ -21,6 +21,7 @@
 #include <zevo/platform/XmlProblem.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <optional>
 #include <utility>
@@ -46,7 +47,9 @@ struct AuditFileChecker::State {
   zevo::Language language = zevo::Language::kPortuguese;
   std::atomic<bool> abort_requested = false;
   CheckVerdict verdict = CheckVerdict::kNotJudged;
-  std::vector<int64_t> counts;
+  std::vector<FindingCount> counts;
+  int64_t counted = 0;  // in all of them
+  std::array<int64_t, kEntityKinds> records{};
   std::atomic<uint64_t> bytes_read = 0;
 };
 
@@ -79,6 +82,7 @@ class AuditFileChecker::Run {
       RequireNoAbort();
       if (diagnosis_) DiagnoseTo(scanner.Pieces());
       check.Judge(*entity);
+      ++state_.records[static_cast<size_t>(entity->Kind())];
       KeepCounts();
     }
     state_.bytes_read = scanner.BytesRead();
@@ -120,7 +124,11 @@ class AuditFileChecker::Run {
     KeepCounts();
   }
 
-  void KeepCounts() { std::ranges::copy(findings_->Counts(), state_.counts.begin()); }
+  void KeepCounts() {
+    if (findings_->Total() == state_.counted) return;
+    state_.counted = findings_->Total();
+    std::ranges::copy(findings_->Counts(), state_.counts.begin());
+  }
 
   void StartDiagnosis(const SchemaSource& source) {
     tables_ = SchemaTables::Of(source.Read());
@@ -197,7 +205,9 @@ bool AuditFileChecker::CheckAuditFile() {
   state_->abort_requested = false;
   state_->verdict = CheckVerdict::kNotJudged;
   state_->bytes_read = 0;
-  std::ranges::fill(state_->counts, 0);
+  std::ranges::fill(state_->counts, FindingCount());
+  state_->counted = 0;
+  state_->records = {};
   return Attempt([&] {
     RequireFile(state_->file_name, Input::kFileOrStandardInput, kCheckMember);
     Run(*this).Judge();
@@ -206,7 +216,11 @@ bool AuditFileChecker::CheckAuditFile() {
 
 void AuditFileChecker::AbortChecking() { state_->abort_requested = true; }
 CheckVerdict AuditFileChecker::Verdict() const { return state_->verdict; }
-int64_t AuditFileChecker::CountOf(std::string_view rule) const { return state_->counts[KnownRule(rule)]; }
+int64_t AuditFileChecker::CountOf(std::string_view rule) const { return state_->counts[KnownRule(rule)].all; }
+int64_t AuditFileChecker::CountOf(std::string_view rule, zevo::Severity severity) const {
+  return state_->counts[KnownRule(rule)].of_severity[static_cast<size_t>(severity)];
+}
+int64_t AuditFileChecker::RecordsOf(EntityKind kind) const { return state_->records[static_cast<size_t>(kind)]; }
 std::string AuditFileChecker::MessageOf(const Finding& finding) const { return Describe(finding, state_->language); }
 uint64_t AuditFileChecker::BytesRead() const { return state_->bytes_read; }
 std::span<const RuleInfo> AuditFileChecker::Rules() { return AllRuleInfos(); }

@@ -4,6 +4,7 @@
 
 #include <zevo/Api.h>
 #include <zevo/facades/Facade.h>
+#include <zevo/model/EntityKind.h>
 #include <zevo/model/Finding.h>
 #include <zevo/model/Language.h>
 
@@ -87,6 +88,10 @@ class ZEVO_API AuditFileChecker : public Facade {
   CheckVerdict Verdict() const;
   /// How many findings of a rule there were, told or not. Raises error 5 for an identifier of no rule.
   int64_t CountOf(std::string_view rule) const;
+  /// How many of them were of a severity.
+  int64_t CountOf(std::string_view rule, zevo::Severity severity) const;
+  /// How many records of a kind the last `CheckAuditFile` has judged.
+  int64_t RecordsOf(EntityKind kind) const;
   /// The same as `Describe`, in `Language`.
   std::string MessageOf(const Finding& finding) const;
 
