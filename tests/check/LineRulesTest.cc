@@ -241,7 +241,7 @@ TEST_F(LineRulesTest, ASideIsToldInBothLanguages) {
 TEST_F(LineRulesTest, NothingOfALineIsNegative) {
   const CleanFile quantity = CleanFile().With("Invoice/Line/Quantity", "-20");
   EXPECT_THAT(Findings(quantity), ElementsAre("LINE-NEGATIVE E Invoice FT A/1/Line[1]/Quantity [-20] [] []"));
-  EXPECT_THAT(Findings(quantity.With("Invoice/InvoiceStatus", "A")),
+  EXPECT_THAT(FindingsOf("LINE-NEGATIVE", quantity.With("Invoice/InvoiceStatus", "A")),
               ElementsAre("LINE-NEGATIVE I Invoice FT A/1/Line[1]/Quantity [-20] [] []"));
   const CleanFile amount = CleanFile().With("Invoice/Line/CreditAmount", "-20.00");
   EXPECT_THAT(FindingsOf("LINE-NEGATIVE", amount),

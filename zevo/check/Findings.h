@@ -26,7 +26,7 @@ inline constexpr size_t kSeverities = static_cast<size_t>(Severity::kError) + 1;
 struct CheckSettings {
   std::vector<Severity> severities;  ///< of the rules, in their order
   size_t most_of_a_rule = 20;        ///< findings that are told; 0 for all
-  PublicKeys public_keys;            ///< of the documents' signatures
+  PublicKeys public_keys = {};       ///< of the documents' signatures
 };
 
 /// How many findings of a rule there are.
