@@ -14,7 +14,9 @@ namespace zevo {
 namespace {
 
 constexpr int kNetDecimals = 6;
-// Numbers of more digits are long ones, and those with more zeros in front than that are kept like them.
+// As the schema has it: a file cannot make the table keep long texts.
+constexpr size_t kLongestText = 60;
+// Numbers of more digits are long ones; in place of their zeros they have a number that no text has room for.
 constexpr size_t kMostShortDigits = 19;
 constexpr uint8_t kLongNumber = 255;
 
@@ -55,6 +57,8 @@ DocumentTable::State StateOf(const InvoiceFacts& facts) {
 }
 
 }  // namespace
+
+static_assert(sizeof(DocumentTable::Document) == 48);
 
 std::optional<CalendarDate> DocumentTable::Document::Date() const {
   if (date_ == 0) return std::nullopt;
@@ -104,7 +108,7 @@ DocumentTable::Value DocumentTable::ValueOf(const DocumentNumber& number) {
 
 DocumentTable::Value DocumentTable::ValueOf(const Document& document) const {
   if (document.zeros_ != kLongNumber) return {.number = document.number_};
-  return ValueOf(OfDigits(long_numbers_[document.number_]));
+  return ValueOf(OfDigits(LongNumberOf(document)));
 }
 
 uint64_t DocumentTable::HashOf(uint32_t series, const Value& value) {
@@ -116,7 +120,7 @@ uint64_t DocumentTable::HashOf(uint32_t series, const Value& value) {
 }
 
 bool DocumentTable::IsWrittenLike(const Document& document, const DocumentNumber& number) const {
-  if (document.zeros_ == kLongNumber) return long_numbers_[document.number_] == number.digits;
+  if (document.zeros_ == kLongNumber) return LongNumberOf(document) == number.digits;
   return document.zeros_ == number.digits.size() - number.Significant().size();
 }
 
@@ -169,8 +173,8 @@ bool DocumentTable::IsBelowSeries(const DocumentNumber& number) const {
 }
 
 void DocumentTable::Take(const InvoiceFacts& facts) {
-  const auto number =
-      facts.number.Missing() ? std::optional<DocumentNumber>() : DocumentNumber::FromText(*facts.number);
+  const bool fits = !facts.number.Missing() && facts.number->size() <= kLongestText;
+  const auto number = fits ? DocumentNumber::FromText(*facts.number) : std::nullopt;
   numbered_ = number.has_value();
   repeated_ = false;
   other_spelling_ = std::nullopt;
@@ -202,10 +206,9 @@ void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number,
   const uint32_t added = count_++;
   Document& document = (*this)[added];
   document.series_ = series;
-  const size_t zeros = number.digits.size() - number.Significant().size();
-  if (value.digits.empty() && zeros < kLongNumber) {
+  if (value.digits.empty()) {
     document.number_ = value.number;
-    document.zeros_ = static_cast<uint8_t>(zeros);
+    document.zeros_ = static_cast<uint8_t>(number.digits.size() - number.Significant().size());
   } else {
     document.number_ = long_numbers_.size();
     document.zeros_ = kLongNumber;
@@ -275,14 +278,14 @@ size_t DocumentTable::UnplacedBetween(uint32_t one, uint32_t other) const {
 }
 
 Decimal DocumentTable::NumberOf(const Document& document) const {
-  if (document.zeros_ == kLongNumber) return *Decimal::FromText(long_numbers_[document.number_]);
+  if (document.zeros_ == kLongNumber) return *Decimal::FromText(LongNumberOf(document));
   return document.number_;
 }
 
 std::string DocumentTable::TextOf(const Document& document) const {
   std::string text(series_[document.series_].text);
   text += '/';
-  if (document.zeros_ == kLongNumber) return text += long_numbers_[document.number_];
+  if (document.zeros_ == kLongNumber) return text += LongNumberOf(document);
   text.append(document.zeros_, '0');
   if (document.number_ > 0) text += std::to_string(document.number_);
   return text;

@@ -25,7 +25,8 @@
 namespace zevo {
 
 /// The invoices of a file by series and number, with what is asked of them later: 48 bytes each, and 5 to 11 to find
-/// it. Not in it are those whose InvoiceNo is no `DocumentNumber` or that of one before; they are only counted.
+/// it; a number of more than 19 digits takes more. Not in it are those whose InvoiceNo is no `DocumentNumber`, or
+/// longer than the schema allows, or that of one before.
 ///
 /// A document is known by how many came before it in the table.
 class DocumentTable {
@@ -91,7 +92,7 @@ class DocumentTable {
   enum class Element : uint8_t { kNumber, kDate, kType, kEntryTime, kHash };
 
   void Take(const InvoiceFacts& facts);
-  /// Whether the InvoiceNo of the invoice that was taken last could be read.
+  /// Whether the InvoiceNo of the invoice that was taken last is one that the table can have.
   bool IsNumbered() const { return numbered_; }
   /// Whether it is exactly that of one before.
   bool IsRepeated() const { return repeated_; }
@@ -137,6 +138,9 @@ class DocumentTable {
   };
 
   static Value ValueOf(const DocumentNumber& number);
+  const std::string& LongNumberOf(const Document& document) const {
+    return long_numbers_[static_cast<size_t>(document.number_)];
+  }
   Value ValueOf(const Document& document) const;
   static uint64_t HashOf(uint32_t series, const Value& value);
   std::optional<uint32_t> Find(const DocumentNumber& number, uint32_t series, const Value& value) const;

@@ -17,7 +17,7 @@ class SlotTable {
   template <class Matches>
   std::optional<uint32_t> Find(uint64_t hash, Matches matches) const {
     if (slots_.empty()) return std::nullopt;
-    for (size_t slot = hash & Mask(); slots_[slot] != 0; slot = (slot + 1) & Mask()) {
+    for (size_t slot = FirstOf(hash); slots_[slot] != 0; slot = (slot + 1) & Mask()) {
       if (matches(slots_[slot] - 1)) return slots_[slot] - 1;
     }
     return std::nullopt;
@@ -39,8 +39,9 @@ class SlotTable {
   static constexpr size_t kFirstSize = 16;
 
   size_t Mask() const { return slots_.size() - 1; }
+  size_t FirstOf(uint64_t hash) const { return static_cast<size_t>(hash) & Mask(); }
   void Put(uint64_t hash, uint32_t thing) {
-    size_t slot = hash & Mask();
+    size_t slot = FirstOf(hash);
     while (slots_[slot] != 0) slot = (slot + 1) & Mask();
     slots_[slot] = thing + 1;
   }
