@@ -37,6 +37,21 @@ TEST(AmountSumTest, EachOfMoreDecimalsMayBeRounded) {
   EXPECT_FALSE(sum.Allows(*Decimal::FromText("0.6559")));
 }
 
+TEST(AmountSumTest, ANegativeAmountMayHaveBeenMeantOtherwise) {
+  AmountSum sum;
+  sum.Add(Amount("40"));
+  sum.Add(Amount("-10"));
+  AmountSum other;
+  EXPECT_EQ(sum.negative, 10);
+  EXPECT_FALSE(sum.Allows(40));
+  EXPECT_TRUE(sum.MayAllow(30, other));
+  EXPECT_TRUE(sum.MayAllow(50, other));
+  EXPECT_FALSE(sum.MayAllow(*Decimal::FromText("50.01"), other));
+  EXPECT_FALSE(sum.MayAllow(*Decimal::FromText("29.99"), other));
+  other.Add(Amount("-1"));
+  EXPECT_TRUE(sum.MayAllow(51, other));
+}
+
 TEST(AmountSumTest, SumsAreAddedWithWhatIsKnownOfThem) {
   AmountSum all;
   AmountSum more;

@@ -187,6 +187,16 @@ TEST_F(SectionRulesTest, WhichDocumentsWereSummedIsSaidInBothLanguages) {
                           "4.00 (-3.00), 9.00 (-8.00), 559.00 (-558.00), 59.00 (-58.00)."));
 }
 
+TEST_F(SectionRulesTest, WhatFollowsFromANegativeAmountIsNotTold) {
+  const CleanFile file = CleanFile().With("Invoice/Line[2]/CreditAmount", "-10.00");
+  EXPECT_THAT(OfSection(file), IsEmpty());
+  EXPECT_EQ(checker_.CountOf("LINE-NEGATIVE"), 1);
+  EXPECT_THAT(OfSection(file.With(kCredit, "20")), IsEmpty());
+  EXPECT_THAT(OfSection(file.With(kCredit, "30").With(kDebit, "14")), IsEmpty());
+  EXPECT_THAT(OfSection(file.With(kCredit, "40.01")),
+              ElementsAre("SI-SUM E SalesInvoices/TotalCredit [40.01] [20.00] [20.01]"));
+}
+
 TEST_F(SectionRulesTest, WhatCannotBeReadSilencesTheSums) {
   EXPECT_THAT(Findings(CleanFile().With("Invoice/Line/CreditAmount", "x").With(kCredit, "1").With(kDebit, "5")),
               ElementsAre("READ E Invoice FT A/1/Line[1]/CreditAmount [x] [decimal] []",

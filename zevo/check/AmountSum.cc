@@ -10,11 +10,13 @@ void AmountSum::Add(const NumberFact& amount) {
     return;
   }
   sum += *amount;
+  if (amount->IsNegative()) negative -= *amount;
   if (amount->Decimals() > 2) ++inexact;
 }
 
 AmountSum& AmountSum::operator+=(const AmountSum& more) {
   sum += more.sum;
+  negative += more.negative;
   inexact += more.inexact;
   known = known && more.known;
   return *this;
@@ -22,7 +24,12 @@ AmountSum& AmountSum::operator+=(const AmountSum& more) {
 
 bool AmountSum::Allows(const Decimal& total) const {
   const Decimal difference = total - sum;
-  return (difference.IsNegative() ? -difference : difference) <= Decimal::OfUnits(5, 3) * inexact;
+  return (difference.IsNegative() ? -difference : difference) <= Tolerance();
+}
+
+bool AmountSum::MayAllow(const Decimal& total, const AmountSum& other) const {
+  const Decimal highest = sum + negative * 2 + other.negative;
+  return sum - Tolerance() <= total && total <= highest + Tolerance();
 }
 
 }  // namespace zevo

@@ -94,6 +94,7 @@ void JudgeNumberOfInvoices(Judgement& judgement) {
 struct SectionTotal {
   NumberFact SectionFacts::*total;
   AmountSum SectionSums::Sums::*sum;
+  AmountSum SectionSums::Sums::*other_sum;
   RuleSentence other;
   RuleSentence none;
   // Which documents were counted, in the order of kCountedAmounts behind the first.
@@ -103,6 +104,7 @@ struct SectionTotal {
 constexpr SectionTotal kTotalDebit{
     &SectionFacts::debit,
     &SectionSums::Sums::debit,
+    &SectionSums::Sums::credit,
     {Severity::kError,
      {"TotalDebit é {found#}, mas os débitos das linhas somam {expected#} (diferença {difference#})",
       "TotalDebit is {found#}, but the debits of the lines are {expected#} (difference {difference#})"}},
@@ -129,6 +131,7 @@ constexpr SectionTotal kTotalDebit{
 constexpr SectionTotal kTotalCredit{
     &SectionFacts::credit,
     &SectionSums::Sums::credit,
+    &SectionSums::Sums::debit,
     {Severity::kError,
      {"TotalCredit é {found#}, mas os créditos das linhas somam {expected#} (diferença {difference#})",
       "TotalCredit is {found#}, but the credits of the lines are {expected#} (difference {difference#})"}},
@@ -160,8 +163,10 @@ void JudgeTotalOfInvoices(const SectionTotal& of, Judgement& judgement) {
   if (!total.Read()) return;
   std::vector<Decimal> sums;
   bool known = true;
+  bool doubtful = false;
   for (size_t i = 0; i < kCountedAmounts.size(); ++i) {
-    const AmountSum sum = invoices.Of(kCountedAmounts[i]).*of.sum;
+    const SectionSums::Sums counted = invoices.Of(kCountedAmounts[i]);
+    const AmountSum& sum = counted.*of.sum;
     sums.push_back(sum.sum);
     if (!sum.known || !IsKnown(invoices, kCountedAmounts[i])) {
       known = false;
@@ -172,8 +177,10 @@ void JudgeTotalOfInvoices(const SectionTotal& of, Judgement& judgement) {
       }
       return;
     }
+    // LINE-NEGATIVE tells of negative amounts; what follows from them is not told.
+    doubtful = doubtful || sum.MayAllow(*total, counted.*of.other_sum);
   }
-  if (!known) return;
+  if (!known || doubtful) return;
   const auto text = [](Decimal sum) { return MoneyText(sum); };
   if (AreAllEqual(sums)) {
     judgement.Tell(of.other, section, total, {.expected = MoneyText(sums[0]), .difference = *total - sums[0]});
