@@ -49,7 +49,8 @@ void CheckedFile::Take(const TransactionFacts& facts) {
 void CheckedFile::Take(const InvoiceFacts& facts) {
   documents_.Take(facts);
   if (!public_keys_.IsEmpty()) hashes_.Take(facts, documents_);
-  section_sums_.Take(facts);
+  invoice_sums_.Take(facts);
+  section_sums_.Take(facts, invoice_sums_);
   if (documents_.IsNumbered()) {
     keys_.TakeKnown(documents_.IsRepeated());
   } else {
@@ -64,7 +65,6 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   transaction_of_invoice_ = transaction;
   const NumberFact& gross = facts.totals.gross;
   invoice_exceeds_transaction_ = transaction != nullptr && gross.Read() && transaction->TakeOff(*gross);
-  invoice_sums_.Take(facts);
   line_amounts_.Take(facts);
   ++invoices_;
 }

@@ -112,7 +112,6 @@ void InvoiceSums::Take(const InvoiceFacts& facts) {
       if (tax_known_) tax_ += TaxOf(line, {});
     }
   }
-  if (facts.lines.empty()) debit_.known = credit_.known = false;
   tax_known_ = tax_known_ && Known();
 }
 

@@ -2,8 +2,8 @@
 #ifndef ZEVO_CHECK_INVOICESUMS_H_
 #define ZEVO_CHECK_INVOICESUMS_H_
 
+#include <zevo/check/AmountSum.h>
 #include <zevo/check/EntityFacts.h>
-#include <zevo/check/LedgerSums.h>
 #include <zevo/model/Decimal.h>
 
 #include <vector>
@@ -21,7 +21,7 @@ class InvoiceSums {
 
   const AmountSum& Debit() const { return debit_; }
   const AmountSum& Credit() const { return credit_; }
-  /// Whether each line has an amount that can be read.
+  /// Whether each line has an amount that can be read; so it is where there are no lines.
   bool Known() const { return debit_.known && credit_.known; }
   /// Credits less debits.
   Decimal Net() const { return credit_.sum - debit_.sum; }

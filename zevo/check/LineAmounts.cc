@@ -80,7 +80,7 @@ void LineAmounts::TakeLine(const InvoiceFacts& facts, size_t number) {
 
 void LineAmounts::TakeDifference(const InvoiceFacts& facts, Fault fault) {
   const InvoiceLineFacts& line = facts.lines[fault.line];
-  Decimal excess = AbsoluteValue(fault.difference) - *Decimal::FromText("0.01");
+  Decimal excess = AbsoluteValue(fault.difference) - Decimal::OfUnits(1, 2);
   if (!(excess > 0)) return;
   const std::string_view quantity = facts.entity->TextOf(line.quantity.element);
   if (HasSevenDigits(quantity)) excess -= HalfUnit(DecimalsOf(quantity)) * AbsoluteValue(*line.unit_price);

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <zevo/check/AbsoluteValue.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 #include <zevo/check/MoneyText.h>

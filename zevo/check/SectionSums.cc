@@ -24,15 +24,11 @@ bool IsKnownStatus(const TextFact& status) {
 
 }  // namespace
 
-void SectionSums::Take(const InvoiceFacts& facts) {
+void SectionSums::Take(const InvoiceFacts& facts, const InvoiceSums& lines) {
   Sums& sums = more_[static_cast<size_t>(FirstOf(facts))];
   ++sums.invoices;
-  for (const InvoiceLineFacts& line : facts.lines) {
-    sums.debit.Add(line.debit);
-    sums.credit.Add(line.credit);
-    // A line without an amount lacks one of the two.
-    if (line.debit.Missing() && line.credit.Missing()) sums.debit.known = sums.credit.known = false;
-  }
+  sums.debit += lines.Debit();
+  sums.credit += lines.Credit();
   if (!IsKnownStatus(facts.status)) knows_each_status_ = false;
 }
 

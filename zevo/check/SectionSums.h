@@ -4,6 +4,7 @@
 
 #include <zevo/check/AmountSum.h>
 #include <zevo/check/EntityFacts.h>
+#include <zevo/check/InvoiceSums.h>
 
 #include <array>
 #include <cstddef>
@@ -27,7 +28,7 @@ class SectionSums {
     AmountSum credit;
   };
 
-  void Take(const InvoiceFacts& facts);
+  void Take(const InvoiceFacts& facts, const InvoiceSums& lines);
 
   Sums Of(Counted counted) const;
   /// Whether the status of each invoice was one of the schema's. Otherwise only `kAll` is known.
