@@ -4,6 +4,7 @@
 
 #include <zevo/check/AccountPlan.h>
 #include <zevo/check/CalendarDate.h>
+#include <zevo/check/DocumentReferences.h>
 #include <zevo/check/DocumentTable.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/FileKeys.h>
@@ -73,6 +74,7 @@ class CheckedFile {
   const LedgerSums& Ledger() const { return ledger_; }
   const SectionSums& SumsOfSection() const { return section_sums_; }
   const DocumentTable& Documents() const { return documents_; }
+  const DocumentReferences& References() const { return references_; }
   /// Those that the host has given.
   const zevo::PublicKeys& PublicKeys() const { return public_keys_; }
   /// Of a check without public keys, empty.
@@ -112,6 +114,7 @@ class CheckedFile {
   LedgerSums ledger_;
   SectionSums section_sums_;
   DocumentTable documents_;
+  DocumentReferences references_;
   const zevo::PublicKeys& public_keys_;
   HashChain hashes_;
   KnownTaxes taxes_;

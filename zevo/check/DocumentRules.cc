@@ -1,52 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/DocumentType.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
-
-#include <algorithm>
-#include <iterator>
-#include <optional>
-#include <string_view>
 
 // The types of documents, and their states.
 
 namespace zevo {
 namespace {
-
-/// What is known of a type of document.
-struct DocumentType {
-  std::string_view code;
-  std::optional<CalendarDate> first = {};  // the days on which there are such documents
-  std::optional<CalendarDate> last = {};
-  bool may_be_summarised = false;  // in an invoice of several
-};
-
-constexpr CalendarDate kLastOfOldTypes{2012, 12, 31};
-constexpr CalendarDate kFirstOfNewTypes{2013, 1, 1};
-
-// In the order of how many there are of each in a file, as a rule.
-constexpr DocumentType kTypesByUse[] = {
-    {"FT"},
-    {.code = "FS", .first = kFirstOfNewTypes, .may_be_summarised = true},
-    {.code = "VD", .last = kLastOfOldTypes},
-    {.code = "TV", .last = kLastOfOldTypes, .may_be_summarised = true},
-    {"NC"},
-    {"ND"},
-    {.code = "TD", .last = kLastOfOldTypes, .may_be_summarised = true},
-    {.code = "AA", .last = kLastOfOldTypes},
-    {.code = "DA", .last = kLastOfOldTypes},
-    {"RP"},
-    {"RE"},
-    {"CS"},
-    {"LD"},
-    {"RA"},
-};
-
-// Null for a type that cannot be read, which READ tells.
-const DocumentType* TypeOf(const InvoiceFacts& invoice) {
-  if (invoice.type.Missing()) return nullptr;
-  const auto* const type = std::ranges::find(kTypesByUse, *invoice.type, &DocumentType::code);
-  return type == std::end(kTypesByUse) ? nullptr : type;
-}
 
 // TYPE-DATE
 
@@ -62,7 +22,7 @@ constexpr RuleSentence kTypeNotYet{
 void JudgeDateOfType(const InvoiceFacts& invoice, Judgement& judgement) {
   // A date out of the period is told by DATE-RANGE.
   if (!invoice.date.Read() || !judgement.File().IsInPeriod(*invoice.date).value_or(true)) return;
-  const DocumentType* const type = TypeOf(invoice);
+  const DocumentType* const type = invoice.KnownType();
   if (type == nullptr) return;
   if (type->last && *invoice.date > *type->last) {
     judgement.Tell(kTypeNoMore, invoice, invoice.type, {.expected = type->last->Text()});
@@ -104,7 +64,7 @@ void JudgeStatus(const InvoiceFacts& invoice, Judgement& judgement) {
       judgement.Tell(kSelfBilledWithout, invoice, indicator, {.expected = "1"});
     }
   } else if (*invoice.status == "F") {
-    const DocumentType* const type = TypeOf(invoice);
+    const DocumentType* const type = invoice.KnownType();
     if (type != nullptr && !type->may_be_summarised) {
       judgement.Tell(kNotSummarised, invoice, invoice.status, {.expected = "TV, TD, FS"});
     }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/EntityFacts.h>
 
+#include <zevo/check/DocumentType.h>
 #include <zevo/dal/ElementName.h>
 #include <zevo/model/Totals.h>
 #include <zevo/platform/Text.h>
 
-#include <algorithm>
 #include <charconv>
 #include <concepts>
 #include <optional>
@@ -320,14 +320,16 @@ bool InvoiceFacts::IsCancelled() const {
 bool InvoiceFacts::IsLive() const { return !IsCancelled() && !(status.Read() && *status == "F"); }
 
 bool InvoiceFacts::IsDebitDocument() const {
-  constexpr std::array<std::string_view, 4> kTypes{"NC", "TD", "DA", "RE"};
-  return type.Read() && std::ranges::find(kTypes, *type) != kTypes.end();
+  const DocumentType* const known = KnownType();
+  return known != nullptr && known->is_debit;
 }
 
 bool InvoiceFacts::IsCreditDocument() const {
-  constexpr std::array<std::string_view, 10> kTypes{"FT", "FS", "ND", "VD", "TV", "AA", "RP", "CS", "LD", "RA"};
-  return type.Read() && std::ranges::find(kTypes, *type) != kTypes.end();
+  const DocumentType* const known = KnownType();
+  return known != nullptr && !known->is_debit;
 }
+
+const DocumentType* InvoiceFacts::KnownType() const { return type.Read() ? DocumentType::Find(*type) : nullptr; }
 
 void TakeFacts(const ScannedEntity& entity, HeaderFacts& facts) { TakeEntity(entity, facts = {}); }
 void TakeFacts(const ScannedEntity& entity, AccountFacts& facts) { TakeEntity(entity, facts = {}); }

@@ -14,6 +14,8 @@
 
 namespace zevo {
 
+struct DocumentType;
+
 // What the rules know of an entity: a member for each element that a rule looks at. Which element fills which member is
 // in the tables of EntityFacts.cc. Where an element is repeated, the first counts.
 
@@ -195,6 +197,8 @@ struct InvoiceFacts : EntityFacts {
   bool IsDebitDocument() const;
   /// One of the other types that there are.
   bool IsCreditDocument() const;
+  /// What is known of its type; null where that is none of the schema's.
+  const DocumentType* KnownType() const;
 };
 
 // Fills the facts from an entity of their kind, which must outlive them. Facts that were filled before keep their

@@ -22,9 +22,12 @@ std::span<const Rule> DocumentRules();
 std::span<const Rule> LineRules();
 std::span<const Rule> TotalRules();
 std::span<const Rule> TaxRules();
+std::span<const Rule> CreditNoteRules();
 std::span<const Rule> HashRules();
 
-inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules, HeaderRules, PartyRules, AccountRules, KeyRules, LedgerRules, SectionRules, NumberRules, DateRules, DocumentRules, LineRules, TotalRules, TaxRules, HashRules};
+inline constexpr std::span<const Rule> (*kFamilies[])() = {
+    FileRules, HeaderRules,   PartyRules, AccountRules, KeyRules, LedgerRules,     SectionRules, NumberRules,
+    DateRules, DocumentRules, LineRules,  TotalRules,   TaxRules, CreditNoteRules, HashRules};
 
 }  // namespace zevo
 
