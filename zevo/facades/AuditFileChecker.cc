@@ -67,10 +67,12 @@ class AuditFileChecker::Run {
       if (scanner.RefusedAs() && error.Number() < 0) TellVersion(*scanner.RefusedAs());
       throw;
     }
+    scanned_.RequireRewind();
     const SchemaSource source = OptionsMapping::OfThisThread().HeldSchema(kCheckSource);
     const CompiledSchema schema(source, kNamespace, kCheckSource);
     SchemaValidator validator(schema);
     const std::optional<XmlProblem> first = FirstProblem(validator);
+    scanned_.RequireRewind();
     if (first && first->fault == XmlProblem::Fault::kSchema) Raise(first, kCheckSource);
     const bool violated = first && first->fault == XmlProblem::Fault::kInvalid;
 

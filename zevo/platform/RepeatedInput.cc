@@ -13,6 +13,8 @@ namespace {
 
 constexpr int64_t kBetween = int64_t{256} * 1024;
 
+Error NoRoom() { return MakeRunTimeError(RunTimeError::kDeviceIO, "sem lugar para uma cópia da entrada padrão"); }
+
 }  // namespace
 
 /// What all passes read from.
@@ -29,9 +31,7 @@ class RepeatedInput::Store {
     const size_t length = ReadKept(from, bytes, size);
     if (length == size) return length;
     // What was taken of the pipe and could not be kept is gone.
-    if (from + static_cast<int64_t>(length) != taken_) {
-      throw MakeRunTimeError(RunTimeError::kDeviceIO, "sem lugar para uma cópia da entrada padrão");
-    }
+    if (from + static_cast<int64_t>(length) != taken_) throw NoRoom();
     const size_t more = file_->Read(bytes + length, size - length);
     if (copy_) Keep(bytes + length, more);
     taken_ += static_cast<int64_t>(more);
@@ -104,6 +104,10 @@ RepeatedInput::RepeatedInput(const RepeatedInput& other, Watch watch)
 RepeatedInput::~RepeatedInput() = default;
 
 bool RepeatedInput::CanRewind() const { return !store_->IsLost(); }
+
+void RepeatedInput::RequireRewind() const {
+  if (!CanRewind()) throw NoRoom();
+}
 
 size_t RepeatedInput::Read(char* bytes, size_t size) {
   const size_t length = store_->Read(read_, bytes, size);

@@ -35,6 +35,8 @@ class RepeatedInput final : public ByteSource {
   /// Whether all that was read can be read again. Not of a pipe where the system has no room for a temporary file: such
   /// an input has one pass only.
   bool CanRewind() const;
+  /// Raises error 57 where it cannot.
+  void RequireRewind() const;
   /// Begins another pass, where that can be.
   void Rewind() { read_ = told_ = 0; }
 
