@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "tools/saft/check/CheckCommand.h"
+#include "tools/saft/check/RulesCommand.h"
 #include "tools/saft/columns/ColumnsCommand.h"
 #include "tools/saft/create/CreateCommand.h"
 #include "tools/saft/list/ListCommand.h"
@@ -27,6 +29,8 @@ std::span<const CommandEntry> CommandList() {
       CommandEntry{"columns", words::kColumnsCommand, &Make<ColumnsCommand>},
       CommandEntry{"create", words::kCreateCommand, &Make<CreateCommand>},
       CommandEntry{"validate", words::kValidateCommand, &Make<ValidateCommand>},
+      CommandEntry{"check", words::kCheckCommand, &Make<CheckCommand>},
+      CommandEntry{"rules", words::kRulesCommand, &Make<RulesCommand>},
       CommandEntry{"summary", words::kSummaryCommand, &Make<SummaryCommand>},
       CommandEntry{"list", words::kListCommand, &Make<ListCommand>},
   };

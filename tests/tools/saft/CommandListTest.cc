@@ -53,7 +53,7 @@ TEST_F(CommandListTest, TheCommandsOfTheReadmeRunOneAfterTheOther) {
                  folder_.Path("examples/company") + "' && cd '" + folder_.Path(".") + "' && set -e && " + commands);
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.err, "");
-  EXPECT_EQ(std::ranges::count(commands, '\n'), 12);
+  EXPECT_EQ(std::ranges::count(commands, '\n'), 14);
   EXPECT_THAT(testing::ReadBytes(folder_.Path("mine/journals.csv")), HasSubstr("JournalID,"));
   EXPECT_THAT(testing::ReadBytes(folder_.Path("books/header.csv")), HasSubstr("Alforge"));
   EXPECT_THAT(testing::ReadBytes(folder_.Path("invoices.csv")), HasSubstr("InvoiceNo;"));

@@ -50,6 +50,9 @@ class LanguageTest : public testing::ToolTest, public ::testing::WithParamInterf
     folder_.Write("other.xml", R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.04_01"/>)");
     folder_.Write("page.xml", "<html/>");
     folder_.Write("text.xsd", "no schema");
+    folder_.Write("bad.toml", "max = \"x\"\n");
+    folder_.Write("unknown.toml", "[severity]\nNIF-CHEK = \"off\"\n");
+    folder_.Write("cut.toml", "max = [\n");
     Write("header.csv", "CompanyName\nX\n");
   }
 
@@ -99,6 +102,27 @@ INSTANTIATE_TEST_SUITE_P(All, LanguageTest,
                              {"validate", "none.xml"},
                              {"validate", "data"},
                              {"validate", "bad.xml", "--schema", "text.xsd"},
+                             {"check", "--help"},
+                             {"check", "bad.xml"},
+                             {"check", "bad.xml", "cut.xml", "--summary"},
+                             {"check", "bad.xml", "none.xml", "--json"},
+                             {"check", "bad.xml", "data", "--sarif"},
+                             {"check", "other.xml", "page.xml", "none.xml", "data"},
+                             {"check", "bad.xml", "--schema", "text.xsd"},
+                             {"check", "bad.xml", "--severity", "NIF"},
+                             {"check", "bad.xml", "--severity", "NIF=off"},
+                             {"check", "bad.xml", "--severity", "NIF-CHECK=of"},
+                             {"check", "bad.xml", "--max", "x"},
+                             {"check", "bad.xml", "--public-key", "bad.xml"},
+                             {"check", "bad.xml", "--public-key", "none.pem"},
+                             {"check", "bad.xml", "--config", "bad.toml"},
+                             {"check", "bad.xml", "--config", "unknown.toml"},
+                             {"check", "bad.xml", "--config", "cut.toml"},
+                             {"check", "bad.xml", "--config", "none.toml"},
+                             {"rules", "--help"},
+                             {"rules"},
+                             {"rules", "NIF-CHECK", "HDR-CERT", "SCHEMA"},
+                             {"rules", "NIF-CHEK"},
                              {"summary", "--help"},
                              {"summary", "bad.xml"},
                              {"summary", "bad.xml", "--json"},

@@ -25,7 +25,7 @@ TEST_F(UsageTest, HelpNamesTheCommandsAndTheExitCodes) {
   const testing::Outcome outcome = Run({"--help"});
   EXPECT_EQ(outcome.code, 0);
   EXPECT_THAT(outcome.out, AllOf(HasSubstr("create"), HasSubstr("validate"), HasSubstr("summary"), HasSubstr("list"),
-                                 HasSubstr("\n  0  done; "), HasSubstr("\n  1  of validate only: "),
+                                 HasSubstr("\n  0  done; "), HasSubstr("\n  1  of validate and check only: "),
                                  HasSubstr("\n  2  it could not")));
 }
 

@@ -18,29 +18,31 @@ SchemaChoice::SchemaChoice(CLI::App& options)
   option_->option_text("XSD");
 }
 
-void SchemaChoice::Use() const {
+void SchemaChoice::Use(const std::string& otherwise) const {
   std::error_code unknown;
-  if (option_->count() > 0) {
-    if (named_.empty()) throw Failure("--schema", Say(words::kNamesNoFile));
-    RequireRegularFile(named_);
-    if (!std::filesystem::exists(named_, unknown)) throw Failure(named_, Say(words::kNoSuchFile));
+  if (option_->count() > 0 && named_.empty()) throw Failure("--schema", Say(words::kNamesNoFile));
+  const std::string& named = named_.empty() ? otherwise : named_;
+  if (!named.empty()) {
+    RequireRegularFile(named);
+    if (!std::filesystem::exists(named, unknown)) throw Failure(named, Say(words::kNoSuchFile));
   }
   try {
-    if (option_->count() > 0) {
-      Options().set_SchemaLocation(named_);
+    if (!named.empty()) {
+      Options().set_SchemaLocation(named);
     } else if (!std::filesystem::is_regular_file(Options().SchemaLocation(), unknown)) {
       UseBuiltInSchema();
     }
   } catch (const Error& error) {
-    FailWith(error, named_);  // memory ran out
+    FailWith(error, named);  // memory ran out
   }
 }
 
-void SchemaChoice::RequireUsable() const {
-  if (named_.empty()) return;
+void SchemaChoice::RequireUsable(const std::string& otherwise) const {
+  const std::string& named = named_.empty() ? otherwise : named_;
+  if (named.empty()) return;
   // Only the schema is of interest, so the schema itself serves as the file to validate: it is known to exist.
   AuditFile file;
-  file.set_AuditFileName(named_);
+  file.set_AuditFileName(named);
   if (file.ValidateAuditFile() || !file.IsSchemaAtFault()) return;
   Fail(*file.AuditException());
 }

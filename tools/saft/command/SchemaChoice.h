@@ -16,10 +16,11 @@ class SchemaChoice {
   /// Declares the option.
   explicit SchemaChoice(CLI::App& options);
 
-  /// Has the library use it. Fails when a schema is named that is not there.
-  void Use() const;
-  /// Fails when the schema that the user names is no schema of an audit file: the library would ignore it and use none.
-  void RequireUsable() const;
+  /// Has the library use it, or, where the user names none here, the one that is named otherwise. Fails when a schema
+  /// is named that is not there.
+  void Use(const std::string& otherwise = {}) const;
+  /// Fails when the schema that is named so is no schema of an audit file: the library would ignore it and use none.
+  void RequireUsable(const std::string& otherwise = {}) const;
   /// Fails with an error for which the schema in use is at fault.
   [[noreturn]] static void Fail(const AuditException& error);
 

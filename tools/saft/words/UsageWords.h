@@ -16,6 +16,7 @@ inline constexpr Text<> kProgramHelp{
   saft template dados                    escreve os ficheiros CSV, vazios
   saft columns                           diz o que vai em cada coluna
   saft create dados empresa.xml          faz deles um ficheiro SAF-T, que valida
+  saft check empresa.xml                 verifica se está certo
   saft summary empresa.xml               mostra o que lá está
 
 Mais sobre um comando, com exemplos: saft COMANDO --help
@@ -24,8 +25,8 @@ O programa fala português ou inglês: como diz --lang, senão como o terminal.
 
 Códigos de saída, de todos os comandos:
 
-  0  feito; em validate: o ficheiro é válido
-  1  só em validate: o ficheiro não é válido
+  0  feito; em validate: o ficheiro é válido; em check: sem erros
+  1  só em validate e check: o ficheiro não é válido, ou tem erros
   2  não foi possível, ou só em parte (o que list e summary não conseguem ler do ficheiro); os erros são ditos na
      saída de erros)",
     R"(To begin, from a folder of CSV files to a valid file:
@@ -33,6 +34,7 @@ Códigos de saída, de todos os comandos:
   saft template data                     writes the CSV files, empty
   saft columns                           tells what goes into each column
   saft create data company.xml           makes an audit file of them, and validates it
+  saft check company.xml                 checks whether it is right
   saft summary company.xml               shows what is in it
 
 More about a command, with examples: saft COMMAND --help
@@ -41,8 +43,8 @@ The program speaks Portuguese or English: as --lang says, else as the terminal d
 
 Exit codes, of all commands:
 
-  0  done; of validate: the file is valid
-  1  of validate only: the file is not valid
+  0  done; of validate: the file is valid; of check: no errors
+  1  of validate and check only: the file is not valid, or has errors
   2  it could not be done, or only in part (what list and summary cannot read of the file); errors are told on
      standard error)"};
 
@@ -77,6 +79,10 @@ inline constexpr Text<> kCreateCommand{"Faz de uma pasta de ficheiros CSV um fic
                                        "Turn a folder of CSV files into an audit file"};
 inline constexpr Text<> kValidateCommand{"Verifica um ficheiro SAF-T pelo esquema",
                                          "Check an audit file against the schema"};
+inline constexpr Text<> kCheckCommand{"Verifica se ficheiros SAF-T estão certos, pelo esquema e por regras",
+                                      "Check whether audit files are right, by the schema and by rules"};
+inline constexpr Text<> kRulesCommand{"Mostra e explica as regras da verificação",
+                                      "List and explain the rules of the check"};
 inline constexpr Text<> kSummaryCommand{"Mostra o que um ficheiro SAF-T tem: cabeçalho, contagens e totais",
                                         "Tell what an audit file holds: header, counts and totals"};
 inline constexpr Text<> kListCommand{"Escreve os registos de um ficheiro SAF-T em CSV ou JSON",

@@ -43,8 +43,9 @@ INSTANTIATE_TEST_SUITE_P(
     All, UsageErrorTest,
     ::testing::Values(
         BadUsage{{},
-                 "the command is missing, which is one of: template, columns, create, validate, summary, list",
-                 "falta o comando, que é um de: template, columns, create, validate, summary, list"},
+                 "the command is missing, which is one of: template, columns, create, validate, check, rules, summary, "
+                 "list",
+                 "falta o comando, que é um de: template, columns, create, validate, check, rules, summary, list"},
         BadUsage{{"sumary", "a.xml"},
                  "the command \"sumary\" is not known; did you mean summary?",
                  "o comando \"sumary\" não é conhecido; queria dizer summary?"},
@@ -52,6 +53,16 @@ INSTANTIATE_TEST_SUITE_P(
         BadUsage{{"validate"}, "the command validate needs FILE.xml", "o comando validate precisa de FICHEIRO.xml"},
         BadUsage{{"summary"}, "the command summary needs FILE.xml", "o comando summary precisa de FICHEIRO.xml"},
         BadUsage{{"template"}, "the command template needs DIR", "o comando template precisa de PASTA"},
+        BadUsage{{"check"}, "the command check needs FILE.xml", "o comando check precisa de FICHEIRO.xml"},
+        BadUsage{{"check", "a.xml", "--json", "--sarif"},
+                 "the command check does not take both --json and --sarif",
+                 "o comando check não leva --json e --sarif ao mesmo tempo"},
+        BadUsage{{"check", "a.xml", "--max", "1", "--max", "2"},
+                 "the command check takes the option --max only once",
+                 "o comando check só leva a opção --max uma vez"},
+        BadUsage{{"rules", "--jsn"},
+                 "the command rules has no option --jsn; did you mean --json?",
+                 "o comando rules não tem a opção --jsn; queria dizer --json?"},
         BadUsage{{"list", "a.xml"},
                  "the command list needs a KIND, or --all DIR",
                  "o comando list precisa de um TIPO, ou de --all PASTA"},
@@ -88,6 +99,9 @@ TEST_F(UsageErrorLastTest, AnOptionWithoutItsValue) {
   EXPECT_EQ(Run({"list", "--lang", "pt", "a.xml", "--where"}).err,
             "saft: o comando list precisa de um valor depois de --where: COLUNA=VALOR\n"
             "Veja a ajuda: saft list --help\n");
+  EXPECT_EQ(Run({"check", "a.xml", "--severity"}).err,
+            "saft: the command check needs a value behind --severity: RULE=SEVERITY\n"
+            "See the help: saft check --help\n");
   EXPECT_EQ(Run({"list", "a.xml", "--lang"}).err,
             "saft: the command list needs a value behind --lang: pt|en\nSee the help: saft list --help\n");
 }
