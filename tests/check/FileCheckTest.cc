@@ -8,7 +8,6 @@
 
 #include <new>
 #include <stdexcept>
-#include <vector>
 
 #include "tests/support/Errors.h"
 
@@ -17,7 +16,8 @@ namespace {
 
 // Checks the clean file by one rule.
 void Check(const Rule& rule, const Findings::Sink& found = {}) {
-  const CheckSettings settings{std::vector<Severity>(AllRules().size(), Severity::kError)};
+  CheckSettings settings;
+  settings.severities.assign(AllRules().size(), Severity::kError);
   Findings findings(settings, found, false);
   FileCheck check(settings, findings, {&rule, 1});
   EntityScanner scanner{std::string(ZEVO_CLEAN_FILE)};
