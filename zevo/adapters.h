@@ -15,6 +15,7 @@
 #include <zevo/facades/AuditFileStreamWriter.h>
 #include <zevo/facades/AuditFileStreamer.h>
 #include <zevo/facades/AuditFileValidator.h>
+#include <zevo/facades/DocumentSigner.h>
 #include <zevo/facades/Facade.h>
 #include <zevo/facades/SchemaFacts.h>
 #include <zevo/facades/WrittenForm.h>
