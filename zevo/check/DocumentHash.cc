@@ -11,9 +11,6 @@
 namespace zevo {
 namespace {
 
-// Of RSA 1024.
-constexpr size_t kSignatureSize = 128;
-
 size_t DigitsAtFront(std::string_view text) { return std::min(text.find_first_not_of("0123456789"), text.size()); }
 
 bool IsUpperCase(char c) { return c >= 'A' && c <= 'Z'; }

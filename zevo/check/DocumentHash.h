@@ -4,6 +4,7 @@
 
 #include <zevo/check/Fact.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -11,11 +12,14 @@
 
 namespace zevo {
 
+/// The bytes of a signature of RSA 1024.
+inline constexpr size_t kSignatureSize = 128;
+
 /// What a document's Hash says.
 enum class HashForm : uint8_t {
   kNone,       ///< There is none, or it is neither of the others.
   kUnsigned,   ///< "0"
-  kSignature,  ///< 172 characters of base64, as they are written for the 128 bytes of a signature of RSA 1024
+  kSignature,  ///< 172 characters of base64, as they are written for the bytes of a signature
 };
 
 HashForm HashFormOf(const TextFact& hash);

@@ -11,8 +11,6 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kSignatureBytes = 128;
-
 // The text of an element that is a date, as it stands there.
 template <class T>
 std::string_view DateAsWritten(const EntityFacts& facts, const Fact<T>& fact) {
@@ -26,9 +24,9 @@ bool IsSignedTextKnown(const InvoiceFacts& facts) {
 
 }  // namespace
 
-std::string_view HashChain::Kept::Signature() const { return {bytes.get(), kSignatureBytes}; }
+std::string_view HashChain::Kept::Signature() const { return {bytes.get(), kSignatureSize}; }
 
-std::string_view HashChain::Kept::Text() const { return {bytes.get() + kSignatureBytes, text_size}; }
+std::string_view HashChain::Kept::Text() const { return {bytes.get() + kSignatureSize, text_size}; }
 
 HashChain::Kept HashChain::KeptOf(const InvoiceFacts& facts) {
   Kept kept{.form = facts.hash_form};
@@ -41,7 +39,7 @@ HashChain::Kept HashChain::KeptOf(const InvoiceFacts& facts) {
     bytes += SignedText(DateAsWritten(facts, facts.date), DateAsWritten(facts, facts.entry_date), *facts.number,
                         *facts.totals.gross);
   }
-  kept.text_size = static_cast<uint32_t>(bytes.size() - kSignatureBytes);
+  kept.text_size = static_cast<uint32_t>(bytes.size() - kSignatureSize);
   kept.bytes = std::make_unique<char[]>(bytes.size());
   std::ranges::copy(bytes, kept.bytes.get());
   return kept;

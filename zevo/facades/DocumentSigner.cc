@@ -3,6 +3,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/TextHash.h>
+#include <zevo/check/DocumentHash.h>
 #include <zevo/check/DocumentNumber.h>
 #include <zevo/check/SignedText.h>
 #include <zevo/model/Decimal.h>
@@ -24,7 +25,8 @@ bool IsHigher(std::string_view number, std::string_view than) {
 
 PrivateKey KeyOf(std::string_view pem) {
   auto key = PrivateKey::FromPem(pem);
-  if (!key) throw MakeRunTimeError(RunTimeError::kInvalidCall, "chave privada");
+  if (!key || key->modulus.size() != kSignatureSize)
+    throw MakeRunTimeError(RunTimeError::kInvalidCall, "chave privada");
   return *std::move(key);
 }
 
@@ -43,7 +45,9 @@ struct DocumentSigner::State {
 
 DocumentSigner::KeyKind DocumentSigner::KindOf(std::string_view pem) {
   if (PrivateKey::IsEncrypted(pem)) return KeyKind::kEncrypted;
-  return PrivateKey::FromPem(pem) ? KeyKind::kUsable : KeyKind::kNone;
+  const auto key = PrivateKey::FromPem(pem);
+  if (!key) return KeyKind::kNone;
+  return key->modulus.size() == kSignatureSize ? KeyKind::kUsable : KeyKind::kOtherSize;
 }
 
 DocumentSigner::DocumentSigner(std::string_view pem) : state_(new State{Signer(KeyOf(pem)), {}}) {}

@@ -21,7 +21,8 @@ class ZEVO_API DocumentSigner {
  public:
   /// What a text is as a private key.
   enum class KeyKind : uint8_t {
-    kUsable,     ///< An RSA key.
+    kUsable,     ///< An RSA key of 1024 bits.
+    kOtherSize,  ///< One of other than 1024 bits, whose signatures are no Hash.
     kEncrypted,  ///< One that cannot be read without its password.
     kNone,       ///< Neither.
   };

@@ -19,7 +19,8 @@ class ZEVO_API Invoice : public Record {
   /// State of the document.
   ZEVO_CODE(InvoiceStatuses, InvoiceStatus);
 
-  /// Signature of the document, which the façades write as it is; `DocumentSigner` makes it. At most 200 characters. Not read back.
+  /// Signature of the document, which the façades write as it is; `DocumentSigner` makes it. At most 200 characters.
+  /// Not read back.
   ZEVO_TEXT(Hash);
 
   /// Version of the key that signed. At most 40 characters. Not read back.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/TestKeys.h"
 #include "tests/tools/saft/ToolTest.h"
 #include "tools/saft/CommandList.h"
 
@@ -23,6 +24,7 @@ struct Words {
   const char* options;
   const char* file;
   const char* folder;
+  const char* key;
 };
 
 class HelpTest : public testing::ToolTest, public ::testing::WithParamInterface<Words> {
@@ -77,6 +79,7 @@ TEST_P(HelpTest, EveryPageHasExamplesThatRun) {
     for (const std::string& example : examples) {
       EXPECT_THAT(example, StartsWith(std::string("saft ") + command.name + " "));
       std::filesystem::create_directory(folder_.Path("run"));
+      folder_.Write(std::string("run/") + GetParam().key, testing::kPrivateKey);
       // What is there before the example: the dataset that it reads, or the audit file.
       const bool creates = command.name == std::string("create");
       const std::string link = creates ? std::string("ln -s ") + ZEVO_COMPANY_FOLDER + " " + GetParam().folder
@@ -99,10 +102,11 @@ TEST_P(HelpTest, NoLineIsWiderThanAPage) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, HelpTest,
-                         ::testing::Values(Words{"en", "Usage", "Arguments", "Options", "company.xml", "data"},
-                                           Words{"pt", "Utilização", "Argumentos", "Opções", "empresa.xml", "dados"}),
-                         [](const auto& info) { return info.param.language; });
+INSTANTIATE_TEST_SUITE_P(
+    Languages, HelpTest,
+    ::testing::Values(Words{"en", "Usage", "Arguments", "Options", "company.xml", "data", "key.pem"},
+                      Words{"pt", "Utilização", "Argumentos", "Opções", "empresa.xml", "dados", "chave.pem"}),
+    [](const auto& info) { return info.param.language; });
 
 }  // namespace
 }  // namespace zevo::saft

@@ -9,6 +9,7 @@
 
 #include "tools/saft/create/AuditFileOutput.h"
 #include "tools/saft/create/EntriesWriter.h"
+#include "tools/saft/create/InvoiceSigning.h"
 #include "tools/saft/create/InvoicesWriter.h"
 #include "tools/saft/create/MasterFilesWriter.h"
 #include "tools/saft/create/ViolationErrors.h"
@@ -46,6 +47,7 @@ CreateCommand::CreateCommand(CLI::App& options) : schema_(options) {
   options.add_flag("--no-validate", unvalidated_, Say(words::kNoValidateOption));
   options.add_flag("--stream", stream_, Say(words::kStreamOption));
   options.add_flag("--round", round_, Say(words::kRoundOption));
+  options.add_option("--private-key", private_key_, Say(words::kPrivateKeyOption))->option_text("PEM");
   options.footer(DatasetHelp());
 }
 
@@ -93,10 +95,12 @@ void CreateCommand::RequireNoDatasetFile() const {
 void CreateCommand::Write(const std::string& path, Dataset& dataset, RowIndex& index, std::ostream& notes) const {
   ReadingProgress progress(dataset.BytesToRead(), OutputWhile::kIntoFiles);
   dataset.SetProgress([&progress](uint64_t bytes) { progress.Show(bytes); });
+  std::optional<InvoiceSigning> signing;
+  if (private_key_) signing.emplace(*private_key_);
   AuditFileOutput output(path, file_, stream_ ? AuditFileOutput::kSequential : AuditFileOutput::kInMemory);
   MasterFilesWriter(dataset, index, output).Write();
   EntriesWriter(dataset, index, output, notes).Write();
-  InvoicesWriter(dataset, index, output).Write();
+  InvoicesWriter(dataset, index, output, signing ? &*signing : nullptr).Write();
   output.Save();
   dataset.SetProgress(nullptr);
 }

@@ -3,6 +3,7 @@
 #define ZEVO_TOOLS_SAFT_CREATE_CREATECOMMAND_H_
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -30,6 +31,7 @@ class CreateCommand : public Command {
   SchemaChoice schema_;
   std::string dataset_;
   std::string file_;
+  std::optional<std::string> private_key_;
   bool stream_ = false;
   bool round_ = false;
   bool force_ = false;

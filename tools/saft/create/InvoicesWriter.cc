@@ -81,6 +81,7 @@ void InvoicesWriter::WriteSection() {
     Invoice invoice;
     invoices.Fill(invoice);
     assembly.Complete(invoice, invoices.Row());
+    if (signing_ != nullptr) signing_->Sign(invoice, invoices);
     output_.Write(invoice);
   }
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tools/saft/create/AuditFileOutput.h"
+#include "tools/saft/create/InvoiceSigning.h"
 #include "tools/saft/create/SectionTotals.h"
 #include "tools/saft/dataset/ChildRows.h"
 #include "tools/saft/dataset/Dataset.h"
@@ -17,11 +18,12 @@
 namespace zevo::saft {
 
 /// Writes the sales invoices of a dataset with their lines, orders and credit notes, and the totals. All files are
-/// looked through first, then each invoice is put together and written.
+/// looked through first, then each invoice is put together, signed and written.
 class InvoicesWriter {
  public:
-  InvoicesWriter(Dataset& dataset, RowIndex& index, AuditFileOutput& output)
-      : dataset_(dataset), index_(index), output_(output) {}
+  /// Without `signing` documents keep what their rows say.
+  InvoicesWriter(Dataset& dataset, RowIndex& index, AuditFileOutput& output, InvoiceSigning* signing)
+      : dataset_(dataset), index_(index), output_(output), signing_(signing) {}
 
   void Write();
 
@@ -36,6 +38,7 @@ class InvoicesWriter {
   Dataset& dataset_;
   RowIndex& index_;
   AuditFileOutput& output_;
+  InvoiceSigning* signing_;
   bool has_invoices_ = false;
   std::vector<uint32_t> uncounted_;  // rows of the invoices that do not count in totals
   SectionTotals totals_;

@@ -19,11 +19,15 @@ inline constexpr Text<> kStreamOption{"Escrever o ficheiro de seguida, em vez de
 inline constexpr Text<> kRoundOption{
     "Escrever mesmo assim os números que o ficheiro não comporta como são dados, ver abaixo",
     "Write numbers that the file does not hold as given all the same, see below"};
+inline constexpr Text<> kPrivateKeyOption{
+    "Assinar os documentos que não têm Hash com a chave privada deste ficheiro, ver abaixo",
+    "Sign the documents that have no Hash with the private key in this file, see below"};
 inline constexpr Text<1> kCreateHelp{
     R"(Exemplos:
 
   saft create dados empresa.xml
   saft create dados empresa.xml --stream
+  saft create dados empresa.xml --private-key chave.pem
 
 O conjunto de dados é uma pasta de ficheiros CSV; só header.csv tem de existir:
 
@@ -46,6 +50,12 @@ registos com a mesma chave, exceto os de um mesmo documento: linhas com o mesmo 
 crédito de uma linha com a mesma Reference ficam todas. Encomendas e notas de crédito que nomeiam uma dessas linhas vão
 à vez para as linhas com esse número, e o que sobra para a primeira. Uma encomenda também pode estar em
 invoice_lines.csv, como OrderReferences.OriginatingOn e OrderReferences.OrderDate.
+
+Com --private-key cada documento cuja célula Hash está vazia é assinado, e onde HashControl está vazio, é 1. A chave é
+RSA, de 1024 bits, em PEM e sem palavra-passe ("openssl genrsa -out chave.pem 1024"). Assina-se
+InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; e o Hash do documento anterior da série; no primeiro da série no
+ficheiro, e depois de um Hash 0, não há anterior. Um documento que já tem Hash fica com ele. As linhas dos documentos de
+uma série têm de estar por ordem de número.
 
 Todo o conjunto de dados é verificado. Se alguma coisa estiver errada, nada é escrito: a saída de erros diz os primeiros
 50 erros, cada um com ficheiro, linha, coluna e o que é permitido, e quantos mais há em cada ficheiro.
@@ -77,6 +87,7 @@ como crédito, uma percentagem de imposto de 0 como valor de imposto, e o país 
 
   saft create data company.xml
   saft create data company.xml --stream
+  saft create data company.xml --private-key key.pem
 
 The dataset is a folder of CSV files, each of which but header.csv may be absent:
 
@@ -98,6 +109,12 @@ row whose journal, transaction or document is not there is an error too, and so 
 notes of a line with one Reference are all kept. Orders and credit notes that name such a line go to the lines of that
 number in turn, and what is left over to the first. An order may also stand in invoice_lines.csv, as
 OrderReferences.OriginatingOn and OrderReferences.OrderDate.
+
+With --private-key each document whose cell Hash is empty is signed, and HashControl is 1 where it is empty. The key is
+one of RSA, of 1024 bits, as PEM and without a password ("openssl genrsa -out key.pem 1024"). What is signed is
+InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; and the Hash of the document before in the series; the first of its
+series in the file, and one behind a Hash of 0, have none before. A document that has a Hash keeps it. The rows of the
+documents of a series have to be sorted by number.
 
 All of the dataset is looked through. When anything in it is wrong, nothing is written: standard error tells the first
 50 errors, each with file, row, column and what is allowed, and how many more there are in each file.
@@ -139,6 +156,16 @@ inline constexpr Text<> kNoHeaderRow{"não tem nenhuma linha, e um ficheiro sem 
 inline constexpr Text<> kSecondHeader{"um segundo cabeçalho", "a second header"};
 inline constexpr Text<> kQuotationMark{"um JournalID com aspas só é escrito com --stream",
                                        "a JournalID with a quotation mark is written with --stream only"};
+inline constexpr Text<> kNoPrivateKey{"não tem uma chave privada RSA, em PEM", "has no private key of RSA, as PEM"};
+inline constexpr Text<> kEncryptedKey{"a chave privada está protegida por palavra-passe; guarde-a sem ela",
+                                      "the private key is protected by a password; save it without"};
+inline constexpr Text<> kOtherKeySize{"a chave privada não é de 1024 bits, e só uma assinatura dessas cabe em Hash",
+                                      "the private key is not of 1024 bits, and only such a signature fits a Hash"};
+inline constexpr Text<> kNoDocumentNumber{"não é um número de documento como FT A/12, e não pode ser assinado",
+                                          "is no number of a document such as FT A/12, and cannot be signed"};
+inline constexpr Text<> kNotAlongSeries{
+    "vem depois de um número maior ou igual da mesma série; para assinar, ordene as linhas por número",
+    "comes behind a higher or equal number of its series; to sign, sort the rows by number"};
 inline constexpr Text<> kNoSuchLine{"não há essa linha na fatura", "no such line in its invoice"};
 inline constexpr Text<1> kNoRowIn{"não tem nenhuma linha em {1}", "has no row in {1}"};
 inline constexpr Text<> kEmptyCell{"está vazia, e é obrigatória", "is empty, and it is required"};
