@@ -296,6 +296,19 @@ TEST_F(AuditFileCheckerTest, ProgressMayEndTheCheck) {
   EXPECT_THAT(Findings(LongFile()), ElementsAre("enough"));
 }
 
+TEST_F(AuditFileCheckerTest, ACheckInsideAnotherIsRefusedAndLeavesItAsItIs) {
+  const std::vector<std::string> alone = Findings(OfEachSeverity());
+  checker_.Found = [this](const Finding& finding) {
+    found_.push_back(finding);
+    EXPECT_FALSE(checker_.CheckAuditFile());
+    EXPECT_EQ(checker_.AuditException()->Number(), kErrorBase + 4);
+  };
+  EXPECT_EQ(Findings(OfEachSeverity()), alone);
+  EXPECT_EQ(checker_.AuditException(), nullptr);
+  EXPECT_EQ(checker_.Verdict(), CheckVerdict::kErrors);
+  EXPECT_EQ(checker_.CountOf("HDR-PERIOD"), 2);
+}
+
 TEST_F(AuditFileCheckerTest, WhatTheFunctionThrowsIsAFailure) {
   checker_.Found = [](const Finding&) { throw Error(6, "Host", "enough"); };
   EXPECT_THAT(Findings(OfEachSeverity()), ElementsAre("enough"));

@@ -45,6 +45,7 @@ struct AuditFileChecker::State {
   std::string file_name;
   CheckSettings settings;
   zevo::Language language = zevo::Language::kPortuguese;
+  bool checking = false;
   std::atomic<bool> abort_requested = false;
   CheckVerdict verdict = CheckVerdict::kNotJudged;
   std::vector<FindingCount> counts;
@@ -204,16 +205,20 @@ void AuditFileChecker::set_MostFindings(int of_a_rule) {
 }
 
 bool AuditFileChecker::CheckAuditFile() {
+  if (state_->checking) return Attempt([&] { Require(false, Message::kAlreadyStarted, kCheckMember); });
+  state_->checking = true;
   state_->abort_requested = false;
   state_->verdict = CheckVerdict::kNotJudged;
   state_->bytes_read = 0;
   std::ranges::fill(state_->counts, FindingCount());
   state_->counted = 0;
   state_->records = {};
-  return Attempt([&] {
+  const bool judged = Attempt([&] {
     RequireFile(state_->file_name, Input::kFileOrStandardInput, kCheckMember);
     Run(*this).Judge();
   });
+  state_->checking = false;
+  return judged;
 }
 
 void AuditFileChecker::AbortChecking() { state_->abort_requested = true; }

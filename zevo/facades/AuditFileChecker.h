@@ -80,7 +80,8 @@ class ZEVO_API AuditFileChecker : public Facade {
   /// where the file cannot be opened or read to its end, after the findings up to there; with message 601 or 602, and a
   /// finding of the rule VERSION, where it is of another version or no audit file; with message 501 after
   /// `AbortChecking`; where the schema cannot be used; and with message 701, which names the rule, where a rule has a
-  /// fault of its own. The verdict is `kNotJudged` then.
+  /// fault of its own. The verdict is `kNotJudged` then. From within `Found` or `Progress` it fails with message 4 and
+  /// leaves the check as it is.
   bool CheckAuditFile();
   /// Makes the check fail before it judges another record or, while the schema's own verdict is made, before it reads
   /// another 256 KiB. For a program that has seen enough: from `Found`, from `Progress` or from another thread.
