@@ -30,14 +30,16 @@ TEST(ClassesTest, EveryClassIsCreatableAsTheTypeLibrarySays) {
               S_OK);
     EXPECT_EQ(interface_name.Text(), L"_" + name);
   });
-  EXPECT_EQ(classes, 40);
+  EXPECT_EQ(classes, 45);
 }
 
 TEST(ClassesTest, OwnedClassesCannotBeCreated) {
-  for (const CLSID& id : {__uuidof(::DocumentTotals), __uuidof(::AuditException), __uuidof(::LineCollection),
-                          __uuidof(::InvoiceLineCollection), __uuidof(::CreditNoteCollection),
-                          __uuidof(::TaxTableEntryCollection), __uuidof(::FilePlace), __uuidof(::ScannedElement),
-                          __uuidof(::ScannedElementCollection), __uuidof(::Problem), __uuidof(::ProblemCollection)}) {
+  for (const CLSID& id :
+       {__uuidof(::DocumentTotals), __uuidof(::AuditException), __uuidof(::LineCollection),
+        __uuidof(::InvoiceLineCollection), __uuidof(::CreditNoteCollection), __uuidof(::TaxTableEntryCollection),
+        __uuidof(::FilePlace), __uuidof(::ScannedElement), __uuidof(::ScannedElementCollection), __uuidof(::Problem),
+        __uuidof(::ProblemCollection), __uuidof(::Finding), __uuidof(::FindingCollection), __uuidof(::RuleInfo),
+        __uuidof(::RuleInfoCollection)}) {
     EXPECT_EQ(FactoryOf(id), nullptr);
   }
 }

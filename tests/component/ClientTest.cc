@@ -13,6 +13,7 @@
 #include <fstream>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/component/Com.h"
@@ -30,6 +31,7 @@ namespace {
 
 constexpr std::array kCreatable = {L"AddressStructure",
                                    L"AuditFile",
+                                   L"AuditFileChecker",
                                    L"AuditFileReader",
                                    L"AuditFileScanner",
                                    L"AuditFileStreamWriter",
@@ -61,10 +63,14 @@ constexpr std::array kOwned = {L"AuditException",
                                L"CreditNoteCollection",
                                L"DocumentTotals",
                                L"FilePlace",
+                               L"Finding",
+                               L"FindingCollection",
                                L"InvoiceLineCollection",
                                L"LineCollection",
                                L"Problem",
                                L"ProblemCollection",
+                               L"RuleInfo",
+                               L"RuleInfoCollection",
                                L"ScannedElement",
                                L"ScannedElementCollection",
                                L"TaxTableEntryCollection"};
@@ -314,6 +320,20 @@ TEST_F(ClientTest, AFileIsWrittenReadBackAndStreamed) {
   EXPECT_EQ(name.Text(), L"\x4E2D\x6587 Caf\x00E9");
   ASSERT_EQ(scanner->CloseAuditFile(&done), S_OK);
 
+  const ComPtr<_AuditFileChecker> checker = CREATE(AuditFileChecker);
+  const ComPtr<FindingSink> findings = MakeFindingSink();
+  ASSERT_EQ(checker.As(&container), S_OK);
+  ASSERT_EQ(container->FindConnectionPoint(__uuidof(__AuditFileChecker), &point), S_OK);
+  ASSERT_EQ(point->Advise(findings.Get(), &cookie), S_OK);
+  ASSERT_EQ(checker->put_AuditFileName(Bstr(path)), S_OK);
+  ASSERT_EQ(checker->CheckAuditFile(&done), S_OK);
+  EXPECT_EQ(done, VARIANT_TRUE);
+  Verdicts verdict{};
+  ASSERT_EQ(checker->get_Verdict(&verdict), S_OK);
+  EXPECT_EQ(verdict, verdictClean);
+  // Each of the three customers has the number of the final consumer, and another name.
+  EXPECT_EQ(std::ranges::count(findings->rules, L"CUS-FINAL"), 3);
+
   const ComPtr<_AuditFile> file = CREATE(AuditFile);
   ASSERT_EQ(file->put_AuditFileName(Bstr(path)), S_OK);
   ASSERT_EQ(file->DeleteAuditFile(&done), S_OK);
@@ -497,6 +517,41 @@ void Scan(const std::wstring& path) {
   EXPECT_GT(texts, 30);
 }
 
+// Checks a file, every finding and every rule.
+void CheckWhole(const std::wstring& path) {
+  const ComPtr<_AuditFileChecker> checker = CREATE(AuditFileChecker);
+  const ComPtr<FindingSink> sink = MakeFindingSink();
+  ComPtr<IConnectionPointContainer> container;
+  ComPtr<IConnectionPoint> point;
+  DWORD cookie = 0;
+  ASSERT_EQ(checker.As(&container), S_OK);
+  ASSERT_EQ(container->FindConnectionPoint(__uuidof(__AuditFileChecker), &point), S_OK);
+  ASSERT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
+  VARIANT_BOOL done = VARIANT_FALSE;
+  checker->put_AuditFileName(Bstr(path));
+  checker->CheckAuditFile(&done);
+  EXPECT_EQ(done, VARIANT_TRUE);
+  ASSERT_EQ(point->Unadvise(cookie), S_OK);
+  ComPtr<_FindingCollection> findings;
+  ComPtr<_RuleInfoCollection> rules;
+  ASSERT_EQ(checker->get_Findings(findings.GetAddressOf()), S_OK);
+  ASSERT_EQ(checker->get_Rules(rules.GetAddressOf()), S_OK);
+  LONG count = 0;
+  ASSERT_EQ(findings->get_Count(&count), S_OK);
+  EXPECT_EQ(static_cast<size_t>(count), sink->rules.size());
+  EXPECT_GT(count, 0);
+  for (const auto& [collection, text] : {std::pair<IDispatch*, const wchar_t*>(findings.Get(), L"Message"),
+                                         std::pair<IDispatch*, const wchar_t*>(rules.Get(), L"Title")}) {
+    const Variant items = Invoke(collection, DISPID_NEWENUM, DISPATCH_PROPERTYGET).value;
+    ComPtr<IEnumVARIANT> each;
+    ASSERT_EQ(V_UNKNOWN(&*items)->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(each.GetAddressOf())),
+              S_OK);
+    for (Variant item; each->Next(1, &*item, nullptr) == S_OK; item = Variant()) {
+      EXPECT_FALSE(Get(item.Object(), text).value.Text().empty());
+    }
+  }
+}
+
 TEST_F(ClientTest, FilesThatAreWrittenAndReadLeaveNothing) {
   const auto cycle = [&] {
     const std::wstring path = Path(L"saft.xml");
@@ -513,6 +568,7 @@ TEST_F(ClientTest, FilesThatAreWrittenAndReadLeaveNothing) {
     streamer->OpenAuditFile(&done);
     streamer->ReadAuditFile(VARIANT_TRUE, &done);
     Scan(path);
+    CheckWhole(path);
     std::filesystem::remove(path);
   };
   cycle();
@@ -742,6 +798,45 @@ TEST_F(ClientTest, EventsGoIntoAnotherApartment) {
   });
   EXPECT_EQ(sink->events,
             (std::vector<std::wstring>{L"Header _Header", L"Customer _Customer", L"Customer _Customer", L"finished"}));
+}
+
+TEST_F(ClientTest, ACheckerIsUsedFromAnotherApartment) {
+  const std::wstring path = Path(L"saft.xml");
+  WriteFile(path, 2);
+  const ComPtr<_AuditFileChecker> checker = CREATE(AuditFileChecker);
+  Parcel parcel(checker);
+  const ComPtr<FindingSink> sink = MakeFindingSink();
+  InTheCommonApartment([&] {
+    const ComPtr<_AuditFileChecker> far_checker = parcel.Unpack();
+    VARIANT_BOOL done = VARIANT_FALSE;
+    EXPECT_EQ(far_checker->put_AuditFileName(Bstr(path)), S_OK);
+    EXPECT_EQ(far_checker->put_Language(languageEnglish), S_OK);
+    EXPECT_EQ(far_checker->put_Severity(Bstr(L"HDR-PERIOD"), severityInformation), S_OK);
+    Severities severity{};
+    EXPECT_EQ(far_checker->get_Severity(Bstr(L"HDR-PERIOD"), &severity), S_OK);
+    EXPECT_EQ(severity, severityInformation);
+    ComPtr<IConnectionPointContainer> container;
+    ComPtr<IConnectionPoint> point;
+    ASSERT_EQ(far_checker.As(&container), S_OK);
+    ASSERT_EQ(container->FindConnectionPoint(__uuidof(__AuditFileChecker), point.GetAddressOf()), S_OK);
+    DWORD cookie = 0;
+    ASSERT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
+    EXPECT_EQ(far_checker->CheckAuditFile(&done), S_OK);
+    EXPECT_EQ(done, VARIANT_TRUE);
+    EXPECT_EQ(point->Unadvise(cookie), S_OK);
+    ComPtr<_FindingCollection> findings;
+    ComPtr<_Finding> finding;
+    Bstr rule;
+    Bstr message;
+    Bstr again;
+    ASSERT_EQ(far_checker->get_Findings(findings.GetAddressOf()), S_OK);
+    ASSERT_EQ(findings->get_Item(*Variant(1), finding.GetAddressOf()), S_OK);
+    EXPECT_EQ(finding->get_Rule(rule.Receive()), S_OK);
+    EXPECT_EQ(rule.Text(), sink->rules.at(0));
+    EXPECT_EQ(finding->get_Message(message.Receive()), S_OK);
+    EXPECT_EQ(far_checker->MessageOf(finding.Get(), again.Receive()), S_OK);
+    EXPECT_EQ(again.Text(), message.Text());
+  });
 }
 
 // A program with a manifest of its own that names the server's needs no registration.

@@ -12,18 +12,15 @@
 
 namespace zevo::testing {
 
-/// A host's end of the events of a streamer. Notes each as text and calls a handler, whose failure it raises.
-class EventSink final : public IDispatch {
+/// A host's end of the events of an object, which knows the members of the event interface by their numbers.
+class Sink : public IDispatch {
  public:
-  EventSink() = default;
-  EventSink(const EventSink&) = delete;
-  EventSink& operator=(const EventSink&) = delete;
-
-  std::vector<std::wstring> events;
-  std::function<HRESULT(const std::wstring& name, IDispatch** entity)> on_entity;
+  explicit Sink(const IID& eventInterfaceId) : event_interface_id_(eventInterfaceId) {}
+  Sink(const Sink&) = delete;
+  Sink& operator=(const Sink&) = delete;
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    *object = id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(__AuditFileStreamer) ? this : nullptr;
+    *object = id == IID_IUnknown || id == IID_IDispatch || id == event_interface_id_ ? this : nullptr;
     if (*object == nullptr) return E_NOINTERFACE;
     AddRef();
     return S_OK;
@@ -40,20 +37,7 @@ class EventSink final : public IDispatch {
   STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT*, EXCEPINFO* exception,
                       UINT*) override {
     EXPECT_EQ(flags, DISPATCH_METHOD);
-    if (member == 2) {
-      EXPECT_EQ(arguments->cArgs, 0U);
-      events.emplace_back(L"finished");
-      return S_OK;
-    }
-    EXPECT_EQ(member, 1);
-    EXPECT_EQ(arguments->cArgs, 2U);
-    EXPECT_EQ(V_VT(&arguments->rgvarg[1]), VT_BSTR);
-    EXPECT_EQ(V_VT(&arguments->rgvarg[0]), VT_BYREF | VT_DISPATCH);
-    const std::wstring name = V_BSTR(&arguments->rgvarg[1]);
-    IDispatch** entity = V_DISPATCHREF(&arguments->rgvarg[0]);
-    events.push_back(name + L" " + InterfaceName(*entity));
-    if (!on_entity) return S_OK;
-    const HRESULT result = on_entity(name, entity);
+    const HRESULT result = Take(member, *arguments);
     if (SUCCEEDED(result) || result == DISP_E_MEMBERNOTFOUND) return result;
     exception->scode = result;
     exception->bstrSource = SysAllocString(L"handler");
@@ -61,8 +45,41 @@ class EventSink final : public IDispatch {
     return DISP_E_EXCEPTION;
   }
 
+ protected:
+  virtual ~Sink() = default;
+
+  /// An event. A failure is raised with the text of a division by zero.
+  virtual HRESULT Take(DISPID member, DISPPARAMS& arguments) = 0;
+
  private:
-  ~EventSink() = default;
+  IID event_interface_id_;
+  ULONG references_ = 1;
+};
+
+/// Of the events of a streamer. Notes each as text and calls a handler, whose failure it raises.
+class EventSink final : public Sink {
+ public:
+  EventSink() : Sink(__uuidof(__AuditFileStreamer)) {}
+
+  std::vector<std::wstring> events;
+  std::function<HRESULT(const std::wstring& name, IDispatch** entity)> on_entity;
+
+ private:
+  HRESULT Take(DISPID member, DISPPARAMS& arguments) override {
+    if (member == 2) {
+      EXPECT_EQ(arguments.cArgs, 0U);
+      events.emplace_back(L"finished");
+      return S_OK;
+    }
+    EXPECT_EQ(member, 1);
+    EXPECT_EQ(arguments.cArgs, 2U);
+    EXPECT_EQ(V_VT(&arguments.rgvarg[1]), VT_BSTR);
+    EXPECT_EQ(V_VT(&arguments.rgvarg[0]), VT_BYREF | VT_DISPATCH);
+    const std::wstring name = V_BSTR(&arguments.rgvarg[1]);
+    IDispatch** entity = V_DISPATCHREF(&arguments.rgvarg[0]);
+    events.push_back(name + L" " + InterfaceName(*entity));
+    return on_entity ? on_entity(name, entity) : S_OK;
+  }
 
   static std::wstring InterfaceName(IDispatch* object) {
     if (object == nullptr) return L"Nothing";
@@ -74,11 +91,35 @@ class EventSink final : public IDispatch {
     }
     return name.Text();
   }
-
-  ULONG references_ = 1;
 };
 
 inline ComPtr<EventSink> MakeSink() { return component::Adopt(new EventSink); }
+
+/// Of the events of a checker. Notes the rule of each finding and calls a handler, whose failure it raises.
+class FindingSink final : public Sink {
+ public:
+  FindingSink() : Sink(__uuidof(__AuditFileChecker)) {}
+
+  std::vector<std::wstring> rules;
+  std::function<HRESULT(_Finding& finding)> on_finding;
+
+ private:
+  HRESULT Take(DISPID member, DISPPARAMS& arguments) override {
+    EXPECT_EQ(member, 1);
+    EXPECT_EQ(arguments.cArgs, 1U);
+    EXPECT_EQ(V_VT(&arguments.rgvarg[0]), VT_DISPATCH);
+    ComPtr<_Finding> finding;
+    EXPECT_EQ(V_DISPATCH(&arguments.rgvarg[0])
+                  ->QueryInterface(__uuidof(_Finding), reinterpret_cast<void**>(finding.GetAddressOf())),
+              S_OK);
+    Bstr rule;
+    EXPECT_EQ(finding->get_Rule(rule.Receive()), S_OK);
+    rules.push_back(rule.Text());
+    return on_finding ? on_finding(*finding.Get()) : S_OK;
+  }
+};
+
+inline ComPtr<FindingSink> MakeFindingSink() { return component::Adopt(new FindingSink); }
 
 }  // namespace zevo::testing
 

@@ -11,8 +11,11 @@
 
 #include <cstdlib>
 #include <functional>
+#include <memory>
 #include <new>
+#include <utility>
 
+#include "tests/check/CheckTest.h"
 #include "tests/component/Com.h"
 #include "tests/component/EventSink.h"
 #include "tests/facades/SampleFile.h"
@@ -76,7 +79,7 @@ class FailureTest : public ::testing::Test {
 
 TEST_F(FailureTest, OutOfMemoryWhenAnObjectIsCreated) {
   for (const CLSID& id : {__uuidof(::Header), __uuidof(::Invoice), __uuidof(::AuditFile), __uuidof(::AuditFileReader),
-                          __uuidof(::AuditFileScanner), __uuidof(::AuditFileStreamWriter),
+                          __uuidof(::AuditFileChecker), __uuidof(::AuditFileScanner), __uuidof(::AuditFileStreamWriter),
                           __uuidof(::AuditFileStreamer), __uuidof(::Options)}) {
     IClassFactory* factory = component::FactoryOf(id);
     RunOutOfMemoryIn([&] {
@@ -352,6 +355,83 @@ TEST_F(ScanningFailureTest, OutOfMemoryInEachMemberOfTheValues) {
   RunOutOfMemoryIn([&] {
     Bstr text;
     return problem->get_Description(languageEnglish, text.Receive());
+  });
+}
+
+// Where a finding cannot be told, the check fails; that it does is kept.
+TEST_F(FailureTest, OutOfMemoryWhenAFindingIsTold) {
+  TemporaryFolder folder;
+  const std::string path = folder.Write("saft.xml", CleanFile().With("Header/FiscalYear", "2011").Text());
+  const auto checker = std::make_shared<zevo::AuditFileChecker>();
+  checker->set_AuditFileName(path);
+  const ComPtr<_AuditFileChecker> face = FaceFor(checker);
+  const auto tell = std::exchange(checker->Found, nullptr);
+  for (int allowed = 0;; ++allowed) {
+    ASSERT_LT(allowed, 100);
+    checker->Found = [&](const Finding& finding) {
+      const std::shared_ptr<void> after(nullptr, [](void*) { allocations_left = -1; });
+      allocations_left = allowed;
+      tell(finding);
+    };
+    VARIANT_BOOL judged = VARIANT_TRUE;
+    EXPECT_EQ(face->CheckAuditFile(&judged), S_OK);
+    if (judged == VARIANT_TRUE) {
+      EXPECT_GT(allowed, 2);
+      break;
+    }
+    ASSERT_NE(checker->AuditException(), nullptr);
+    EXPECT_EQ(checker->AuditException()->Number(), static_cast<int32_t>(RunTimeError::kOutOfMemory));
+    EXPECT_EQ(checker->Verdict(), CheckVerdict::kNotJudged);
+  }
+}
+
+TEST_F(FailureTest, OutOfMemoryInEachMemberOfTheChecker) {
+  TemporaryFolder folder;
+  const auto checker = std::make_shared<zevo::AuditFileChecker>();
+  checker->set_AuditFileName(folder.Write("saft.xml", CleanFile().With("Header/FiscalYear", "2011").Text()));
+  const ComPtr<_AuditFileChecker> face = FaceFor(checker);
+  ASSERT_TRUE(checker->CheckAuditFile());
+  RunOutOfMemoryIn([&] {
+    ComPtr<_RuleInfoCollection> rules;
+    return face->get_Rules(rules.GetAddressOf());
+  });
+  RunOutOfMemoryIn([&] {
+    ComPtr<_FindingCollection> findings;
+    return face->get_Findings(findings.GetAddressOf());
+  });
+  const Bstr pem(kLongText);
+  allocations_left = 0;
+  EXPECT_EQ(face->AddPublicKey(pem, 0), E_OUTOFMEMORY);
+  EXPECT_EQ(face->put_Severity(pem, severityOff), E_OUTOFMEMORY);
+  allocations_left = -1;
+
+  ComPtr<_FindingCollection> findings;
+  ASSERT_EQ(face->get_Findings(findings.GetAddressOf()), S_OK);
+  RunOutOfMemoryIn([&] {
+    ComPtr<_Finding> finding;
+    return findings->get_Item(*Variant(1), finding.GetAddressOf());
+  });
+  RunOutOfMemoryIn([&] {
+    ComPtr<IUnknown> each;
+    return findings->NewEnum(each.GetAddressOf());
+  });
+  ComPtr<_Finding> finding;
+  ASSERT_EQ(findings->get_Item(*Variant(1), finding.GetAddressOf()), S_OK);
+  RunOutOfMemoryIn([&] {
+    Bstr text;
+    return finding->get_Message(text.Receive());
+  });
+  RunOutOfMemoryIn([&] {
+    Bstr text;
+    return face->MessageOf(finding.Get(), text.Receive());
+  });
+  ComPtr<_RuleInfoCollection> rules;
+  ASSERT_EQ(face->get_Rules(rules.GetAddressOf()), S_OK);
+  ComPtr<_RuleInfo> rule;
+  ASSERT_EQ(rules->get_Item(*Variant(1), rule.GetAddressOf()), S_OK);
+  RunOutOfMemoryIn([&] {
+    Bstr text;
+    return rule->get_Explanation(text.Receive());
   });
 }
 

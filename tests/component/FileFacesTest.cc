@@ -118,6 +118,23 @@ TEST(FileFacesMembersTest, MembersOfTheScannerStandInTheirSlots) {
   }
 }
 
+TEST(FileFacesMembersTest, MembersOfTheCheckerStandInTheirSlots) {
+  EXPECT_EQ(MembersOf(__uuidof(_AuditFileChecker)),
+            (std::vector<std::wstring>{L"AuditException",   L"AuditFileName", L"=AuditFileName", L"AuditFileSchema",
+                                       L"=AuditFileSchema", L"Language",      L"=Language",      L"MostFindings",
+                                       L"=MostFindings",    L"AddPublicKey",  L"Severity",       L"=Severity",
+                                       L"CheckAuditFile",   L"AbortChecking", L"BytesRead",      L"Verdict",
+                                       L"CountOf",          L"Findings",      L"MessageOf",      L"Rules"}));
+  EXPECT_EQ(MembersOf(__uuidof(_Finding)),
+            (std::vector<std::wstring>{L"Rule", L"Severity", L"Kind", L"Key", L"Path", L"Line", L"Column", L"Offset",
+                                       L"Found", L"Expected", L"Difference", L"Message"}));
+  EXPECT_EQ(MembersOf(__uuidof(_RuleInfo)),
+            (std::vector<std::wstring>{L"Id", L"Severity", L"Title", L"Explanation", L"Source"}));
+  for (const IID& id : {__uuidof(_FindingCollection), __uuidof(_RuleInfoCollection)}) {
+    EXPECT_EQ(MembersOf(id), (std::vector<std::wstring>{L"Item", L"Count", L"NewEnum"}));
+  }
+}
+
 TEST(FileFacesMembersTest, MembersOfTheOtherClassesStandInTheirSlots) {
   EXPECT_EQ(MembersOf(__uuidof(_AuditException)),
             (std::vector<std::wstring>{L"Number", L"=Number", L"Description", L"=Description", L"Source", L"=Source"}));
@@ -161,7 +178,8 @@ TEST(FileFacesMembersTest, ArgumentsThatMayBeLeftOutHaveTheirDefaults) {
                                             {L"CreateInvoice"},
                                             {L"Transactions"},
                                             {L"ReadAuditFile", VT_BOOL, VARIANT_TRUE},
-                                            {L"Description", VT_I4, languagePortuguese}}));
+                                            {L"Description", VT_I4, languagePortuguese},
+                                            {L"AddPublicKey", VT_I4, 0}}));
 }
 
 class FileFacesTest : public ::testing::Test {

@@ -67,11 +67,11 @@ auto FactoriesFor() {
 
 IClassFactory* FactoryOf(const CLSID& classId) {
   static auto factories =
-      FactoriesFor<zevo::AddressStructure, zevo::AuditFile, zevo::AuditFileReader, zevo::AuditFileScanner,
-                   zevo::AuditFileStreamWriter, zevo::AuditFileStreamer, zevo::CreditNote, zevo::CurrencyStructure,
-                   zevo::Customer, zevo::GeneralLedger, zevo::GeneralLedgerEntries, zevo::Header, zevo::Invoice,
-                   zevo::InvoiceLine, zevo::Journal, zevo::Options, zevo::OrderReferences, zevo::Product,
-                   zevo::References, zevo::SAFTConstants, zevo::SalesInvoices, zevo::Settlement,
+      FactoriesFor<zevo::AddressStructure, zevo::AuditFile, zevo::AuditFileChecker, zevo::AuditFileReader,
+                   zevo::AuditFileScanner, zevo::AuditFileStreamWriter, zevo::AuditFileStreamer, zevo::CreditNote,
+                   zevo::CurrencyStructure, zevo::Customer, zevo::GeneralLedger, zevo::GeneralLedgerEntries,
+                   zevo::Header, zevo::Invoice, zevo::InvoiceLine, zevo::Journal, zevo::Options, zevo::OrderReferences,
+                   zevo::Product, zevo::References, zevo::SAFTConstants, zevo::SalesInvoices, zevo::Settlement,
                    zevo::ShippingPointStructure, zevo::Supplier, zevo::Tax, zevo::TaxTable, zevo::TaxTableEntry,
                    zevo::Transaction, zevo::TransactionLine>();
   const auto found = std::ranges::find_if(factories, [&](const Factory& factory) { return factory.Makes(classId); });

@@ -95,6 +95,14 @@ class ProblemCollectionFace final : public ListFace<ProblemCollection> {
  public:
   using ListFace::ListFace;
 };
+class FindingCollectionFace final : public ListFace<FindingCollection> {
+ public:
+  using ListFace::ListFace;
+};
+class RuleInfoCollectionFace final : public ListFace<RuleInfoCollection> {
+ public:
+  using ListFace::ListFace;
+};
 
 }  // namespace
 
@@ -104,5 +112,7 @@ ZEVO_FACE_OF(LineCollection);
 ZEVO_FACE_OF(TaxTableEntryCollection);
 ZEVO_FACE_OF(ScannedElementCollection);
 ZEVO_FACE_OF(ProblemCollection);
+ZEVO_FACE_OF(FindingCollection);
+ZEVO_FACE_OF(RuleInfoCollection);
 
 }  // namespace zevo::component

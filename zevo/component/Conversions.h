@@ -5,6 +5,9 @@
 #include <ZevoAdapters11.h>
 #include <zevo/Error.h>
 #include <zevo/model/Amount.h>
+#include <zevo/model/EntityKind.h>
+#include <zevo/model/Finding.h>
+#include <zevo/model/Language.h>
 #include <zevo/model/Problem.h>
 #include <zevo/model/SAFTConstants.h>
 
@@ -54,6 +57,13 @@ struct Conversion<std::optional<std::string_view>> {
   }
 };
 
+/// The class of a record; an empty text for none.
+template <>
+struct Conversion<std::optional<EntityKind>> {
+  using Type = BSTR;
+  static BSTR To(std::optional<EntityKind> value) { return NewBstr(value ? NameOf(*value) : std::string_view()); }
+};
+
 template <>
 struct Conversion<Amount> {
   using Type = CURRENCY;
@@ -86,6 +96,8 @@ struct Conversion<float> : NumberConversion<float, FLOAT> {};
 template <>
 struct Conversion<double> : NumberConversion<double, DOUBLE> {};
 template <>
+struct Conversion<zevo::CheckVerdict> : NumberConversion<zevo::CheckVerdict, ::Verdicts> {};
+template <>
 struct Conversion<zevo::Fault> : NumberConversion<zevo::Fault, ::Faults> {};
 template <>
 struct Conversion<zevo::InvoiceStatuses> : NumberConversion<zevo::InvoiceStatuses, ::InvoiceStatuses> {};
@@ -99,6 +111,22 @@ template <>
 struct Conversion<zevo::TaxAccountingBasis> : NumberConversion<zevo::TaxAccountingBasis, ::TaxAccountingBasis> {};
 template <>
 struct Conversion<zevo::TransactionTypes> : NumberConversion<zevo::TransactionTypes, ::TransactionTypes> {};
+
+/// Enumerations of which the library takes no other values: raises error 5 for a number that is none of them.
+template <class Value, class ComType, Value kLast>
+struct ExactConversion : NumberConversion<Value, ComType> {
+  static Value From(ComType value) {
+    const auto number = static_cast<LONG>(value);
+    if (number < 0 || number > static_cast<LONG>(kLast)) {
+      throw MakeRunTimeError(RunTimeError::kInvalidCall, std::to_string(number));
+    }
+    return static_cast<Value>(number);
+  }
+};
+template <>
+struct Conversion<zevo::Language> : ExactConversion<zevo::Language, ::Languages, zevo::Language::kEnglish> {};
+template <>
+struct Conversion<zevo::Severity> : ExactConversion<zevo::Severity, ::Severities, zevo::Severity::kError> {};
 
 /// A number that may be too large for Automation: raises error 6.
 template <>

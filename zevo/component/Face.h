@@ -136,10 +136,10 @@ class Face : public Interface<T>, public ISupportErrorInfo, public IProvideClass
 // interface definition, and take their types from the getters of the library.
 
 /// Follows the class of a face: lets the server make it.
-#define ZEVO_FACE_OF(Class)                                                             \
-  Microsoft::WRL::ComPtr<::_##Class> FaceOf<Class>::Make(std::shared_ptr<Class> core) { \
-    return Adopt<::_##Class>(new Class##Face(std::move(core)));                         \
-  }                                                                                     \
+#define ZEVO_FACE_OF(Class)                                                                   \
+  Microsoft::WRL::ComPtr<Interface<Class>> FaceOf<Class>::Make(std::shared_ptr<Class> core) { \
+    return Adopt<Interface>(new Class##Face(std::move(core)));                                \
+  }                                                                                           \
   static_assert(true)
 
 #define ZEVO_TYPE(Name) zevo::component::ConversionOf<decltype(std::declval<const Core&>().Name())>
@@ -151,6 +151,17 @@ class Face : public Interface<T>, public ISupportErrorInfo, public IProvideClass
 #define ZEVO_ASSIGNED(put, Name)                                         \
   STDMETHODIMP put##_##Name(ZEVO_TYPE(Name)::Type value) override {      \
     return Do([&] { core().set_##Name(ZEVO_TYPE(Name)::From(value)); }); \
+  }
+
+/// What a value holds.
+#define ZEVO_VALUE(Name, member)                                                        \
+  STDMETHODIMP get_##Name(ConversionOf<decltype(Core::member)>::Type* value) override { \
+    return Answer(value, [this]() -> decltype(auto) { return (core().member); });       \
+  }
+/// Bytes are beyond what a Long holds, but not beyond what a Double does.
+#define ZEVO_BYTES(Name, member)                                                 \
+  STDMETHODIMP get_##Name(DOUBLE* value) override {                              \
+    return Answer(value, [this] { return static_cast<double>(core().member); }); \
   }
 
 #define ZEVO_PROPERTY(Name) ZEVO_READ_ONLY(Name) ZEVO_ASSIGNED(put, Name)

@@ -5,6 +5,7 @@
 #include <ZevoAdapters11.h>
 #include <wrl/client.h>
 #include <zevo/adapters.h>
+#include <zevo/component/CheckCollections.h>
 #include <zevo/component/Conversions.h>
 #include <zevo/component/Identities.h>
 #include <zevo/component/ValueCollection.h>
@@ -21,17 +22,19 @@ struct FaceOf;
 template <class Core>
 using Interface = typename FaceOf<Core>::Interface;
 
-// One line for each class that hosts can hold.
-#define ZEVO_FACE(Class)                                                        \
+// One line for each class that hosts can hold, under its own name or another.
+#define ZEVO_FACE_AS(Class, ComName)                                            \
   template <>                                                                   \
   struct FaceOf<Class> {                                                        \
-    using Interface = ::_##Class;                                               \
-    using ComClass = ::Class;                                                   \
+    using Interface = ::_##ComName;                                             \
+    using ComClass = ::ComName;                                                 \
     static Microsoft::WRL::ComPtr<Interface> Make(std::shared_ptr<Class> core); \
   }
+#define ZEVO_FACE(Class) ZEVO_FACE_AS(Class, Class)
 ZEVO_FACE(AddressStructure);
 ZEVO_FACE(AuditException);
 ZEVO_FACE(AuditFile);
+ZEVO_FACE(AuditFileChecker);
 ZEVO_FACE(AuditFileReader);
 ZEVO_FACE(AuditFileScanner);
 ZEVO_FACE(AuditFileStreamWriter);
@@ -42,6 +45,7 @@ ZEVO_FACE(CurrencyStructure);
 ZEVO_FACE(Customer);
 ZEVO_FACE(DocumentTotals);
 ZEVO_FACE(FilePlace);
+ZEVO_FACE(FindingCollection);
 ZEVO_FACE(GeneralLedger);
 ZEVO_FACE(GeneralLedgerEntries);
 ZEVO_FACE(Header);
@@ -56,6 +60,7 @@ ZEVO_FACE(Problem);
 ZEVO_FACE(ProblemCollection);
 ZEVO_FACE(Product);
 ZEVO_FACE(References);
+ZEVO_FACE(RuleInfoCollection);
 ZEVO_FACE(SAFTConstants);
 ZEVO_FACE(SalesInvoices);
 ZEVO_FACE(ScannedElement);
@@ -69,7 +74,10 @@ ZEVO_FACE(TaxTableEntry);
 ZEVO_FACE(TaxTableEntryCollection);
 ZEVO_FACE(Transaction);
 ZEVO_FACE(TransactionLine);
+ZEVO_FACE_AS(ToldFinding, Finding);
+ZEVO_FACE_AS(ToldRule, RuleInfo);
 #undef ZEVO_FACE
+#undef ZEVO_FACE_AS
 
 /// The face of an object of the library, null for none. The same object has the same face as long as somebody holds it.
 template <class Core>

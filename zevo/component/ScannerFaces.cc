@@ -3,32 +3,12 @@
 #include <zevo/component/FileFaces.h>
 
 #include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
 
 namespace zevo::component {
 namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// A host may give any number.
-Language LanguageOf(::Languages value) {
-  switch (static_cast<LONG>(value)) {
-    case languagePortuguese:
-      return Language::kPortuguese;
-    case languageEnglish:
-      return Language::kEnglish;
-    default:
-      throw MakeRunTimeError(RunTimeError::kInvalidCall, std::to_string(static_cast<LONG>(value)));
-  }
-}
-
-// What a value holds, one line each.
-#define ZEVO_VALUE(Name, member)                                                        \
-  STDMETHODIMP get_##Name(ConversionOf<decltype(Core::member)>::Type* value) override { \
-    return Answer(value, [this]() -> decltype(auto) { return (core().member); });       \
-  }
 // A place, which is part of the value.
 #define ZEVO_PLACE_OF_VALUE                                                                                  \
   STDMETHODIMP get_Place(_FilePlace** value) override {                                                      \
@@ -40,10 +20,7 @@ class FilePlaceFace final : public Face<zevo::FilePlace> {
   using Face::Face;
   ZEVO_VALUE(Line, line)
   ZEVO_VALUE(Column, column)
-  // Beyond what a Long holds, but not beyond what a Double does.
-  STDMETHODIMP get_Offset(DOUBLE* value) override {
-    return Answer(value, [this] { return static_cast<double>(core().offset); });
-  }
+  ZEVO_BYTES(Offset, offset)
 };
 
 class ScannedElementFace final : public Face<zevo::ScannedElement> {
@@ -63,7 +40,7 @@ class ProblemFace final : public Face<zevo::Problem> {
   ZEVO_PLACE_OF_VALUE
   ZEVO_VALUE(Text, text)
   STDMETHODIMP get_Description(::Languages language, BSTR* value) override {
-    return Answer(value, [&] { return Describe(core(), LanguageOf(language)); });
+    return Answer(value, [&] { return Describe(core(), Conversion<Language>::From(language)); });
   }
 };
 
@@ -97,15 +74,8 @@ class AuditFileScannerFace final : public Face<zevo::AuditFileScanner> {
     });
   }
   ZEVO_PROCEDURE(AbortReading)
-  STDMETHODIMP get_BytesRead(DOUBLE* value) override {
-    return Answer(value, [this] { return static_cast<double>(core().BytesRead()); });
-  }
-  STDMETHODIMP get_Kind(BSTR* value) override {
-    return Answer(value, [this] {
-      const std::optional<EntityKind> kind = core().Kind();
-      return kind ? NameOf(*kind) : std::string_view();
-    });
-  }
+  ZEVO_BYTES(BytesRead, BytesRead())
+  ZEVO_READ_ONLY(Kind)
   STDMETHODIMP get_Place(_FilePlace** value) override {
     return Answer(value, [this] {
       if (!entity_.place) entity_.place = std::make_shared<zevo::FilePlace>(core().Place());

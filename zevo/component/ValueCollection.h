@@ -17,7 +17,16 @@
 
 namespace zevo::component {
 
-/// Values of an entity, copied for a host: they stay what they are when the reading goes on. Lives in a shared pointer.
+/// The place in a vector of so many items that hosts know under a position, which they count from 1. Raises error 9
+/// when there is none.
+inline size_t IndexOf(int32_t position, size_t count) {
+  if (position < 1 || static_cast<size_t>(position) > count) {
+    throw MakeRunTimeError(RunTimeError::kSubscriptOutOfRange, std::to_string(position));
+  }
+  return static_cast<size_t>(position) - 1;
+}
+
+/// Values, copied for a host: they stay what they are when the reading goes on. Lives in a shared pointer.
 template <class T>
 class ValueCollection : public std::enable_shared_from_this<ValueCollection<T>> {
  public:
@@ -29,10 +38,7 @@ class ValueCollection : public std::enable_shared_from_this<ValueCollection<T>> 
   int64_t Count() const { return static_cast<int64_t>(values_.size()); }
   /// The value at a position, counted from 1; it keeps the collection alive. Raises error 9 when there is none.
   std::shared_ptr<T> Item(int32_t position) {
-    if (position < 1 || position > Count()) {
-      throw MakeRunTimeError(RunTimeError::kSubscriptOutOfRange, std::to_string(position));
-    }
-    return {this->shared_from_this(), &values_[static_cast<size_t>(position) - 1]};
+    return {this->shared_from_this(), &values_[IndexOf(position, values_.size())]};
   }
   /// Values have no keys: raises error 5.
   std::shared_ptr<T> Item(std::string_view key) { throw MakeRunTimeError(RunTimeError::kInvalidCall, key); }

@@ -123,6 +123,24 @@ streamer.ReadAuditFile();
 bridge.Disconnect();
 expect("events", events.join(" "), "Header Customer Product TaxTable SalesInvoices Invoice finished");
 
+var checker = create("AuditFileChecker", { AuditFileName: path, Language: 1 });
+var found = [];
+bridge.Connect(checker, { Found: function(finding) { found.push(finding.Rule); } });
+check(checker, "check", checker.CheckAuditFile());
+bridge.Disconnect();
+var kept = [];
+for (var findings = new Enumerator(checker.Findings); !findings.atEnd(); findings.moveNext()) {
+  kept.push(findings.item().Rule);
+  expect("message", findings.item().Message, checker.MessageOf(findings.item()));
+}
+expect("any findings", found.length > 0, true);
+expect("findings", kept.join(" "), found.join(" "));
+expect("severity", checker.Severity("GL-BALANCE"), 3);
+checker.Severity("GL-BALANCE") = 2;
+expect("severity set", checker.Severity("GL-BALANCE"), 2);
+expect("rule", checker.Rules("GL-BALANCE").Title.length > 0, true);
+expect("schema", checker.CountOf("SCHEMA"), 0);
+
 try {
   invoice.Line.Item(2);
   expect("bad position", "no error", "an error");

@@ -15,6 +15,7 @@ ReadBack folder & "\Jo" & Chr(227) & "o's file.xml"
 Scan folder & "\Jo" & Chr(227) & "o's file.xml"
 Stream folder & "\Jo" & Chr(227) & "o's file.xml"
 AbortStream folder & "\Jo" & Chr(227) & "o's file.xml"
+Judge folder & "\Jo" & Chr(227) & "o's file.xml"
 FailInHandler folder & "\Jo" & Chr(227) & "o's file.xml"
 WriteFrontToBack folder & "\front to back.xml"
 ReadBack folder & "\front to back.xml"
@@ -460,6 +461,69 @@ Sub FailInHandler(path)
   Expect "number of the failure", streamer.AuditException.Number, 11
   bridge.Disconnect
   Set h.Streamer = Nothing
+End Sub
+
+Class FindingHandler
+  Public Rules
+  Public Last
+  Public Checker
+  Public Aborts
+
+  Public Sub Found(finding)
+    Rules = Rules & finding.Rule & " "
+    Set Last = finding
+    If Aborts Then Checker.AbortChecking
+  End Sub
+End Class
+
+Sub Judge(path)
+  Dim checker, h, bridge, finding, rules, number
+  Set checker = CreateObject("ZevoAdapters11.AuditFileChecker")
+  Expect "check without a name", checker.CheckAuditFile, False
+  Expect "its number", checker.AuditException.Number, -2147221503
+  Expect "no verdict", checker.Verdict, 3
+  checker.AuditFileName = path
+  checker.Language = 1
+  checker.MostFindings = 1
+  checker.Severity("GL-BALANCE") = 0
+  Expect "severity", checker.Severity("GL-BALANCE"), 0
+  Set h = New FindingHandler
+  Set bridge = CreateObject("ZevoTest.EventBridge")
+  bridge.Connect checker, h
+  Check checker, "check", checker.CheckAuditFile
+  bridge.Disconnect
+  Expect "verdict", checker.Verdict, 2
+  ' The account 71 of the entries is not in the file.
+  Expect "unknown accounts", checker.CountOf("ACC-REF") > 1, True
+  For Each finding In checker.Findings
+    rules = rules & finding.Rule & " "
+    If finding.Rule = "ACC-REF" Then
+      Expect "kind", finding.Kind, "Transaction"
+      Expect "key", finding.Key, "2012-01-10 VENDAS 1"
+      Expect "element", finding.Path, "Line[2]/AccountID"
+      Expect "found", finding.Found, "71"
+      Expect "severity", finding.Severity, 3
+      Expect "message", checker.MessageOf(finding), finding.Message
+    End If
+  Next
+  Expect "events", h.Rules, rules
+  Expect "last event", h.Last Is checker.Findings(checker.Findings.Count), True
+  Expect "rule", checker.Rules("ACC-REF").Id, "ACC-REF"
+  Expect "first rule", checker.Rules(1).Id, checker.Rules.Item(1).Id
+  On Error Resume Next
+  checker.Severity("none") = 0
+  number = Err.Number
+  Err.Clear
+  On Error Goto 0
+  Expect "unknown rule", number, 5
+
+  h.Aborts = True
+  Set h.Checker = checker
+  bridge.Connect checker, h
+  Expect "aborted check", checker.CheckAuditFile, False
+  Expect "its number", checker.AuditException.Number, -2147221003
+  bridge.Disconnect
+  Set h.Checker = Nothing
 End Sub
 
 Sub FailureCases()
