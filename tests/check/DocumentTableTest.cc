@@ -71,7 +71,7 @@ TEST_F(DocumentTableTest, KeepsWhatIsAskedOfADocument) {
   EXPECT_EQ(document.EntryTime()->Text(), "2009-12-31T23:59:58");
   EXPECT_EQ(document.Type(), "FT");
   EXPECT_EQ(document.State(), DocumentTable::State::kLive);
-  EXPECT_EQ(document.Left(), Decimal::FromText("12.345678"));
+  EXPECT_EQ(document.Net(), Decimal::FromText("12.345678"));
 
   const KeptElement number = table_.Keep(document, DocumentTable::Element::kNumber);
   EXPECT_EQ(number.kind, EntityKind::kInvoice);
@@ -105,8 +105,7 @@ TEST_F(DocumentTableTest, WhatIsNotThereOrHasNoRoomIsNone) {
     EXPECT_EQ(table_[document].EntryTime(), std::nullopt);
     EXPECT_EQ(table_[document].EntryOrder(), 0U);
     EXPECT_EQ(table_[document].Type(), "");
-    EXPECT_EQ(table_[document].Left(), std::nullopt);
-    EXPECT_FALSE(table_[document].TakeOff(1));
+    EXPECT_EQ(table_[document].Net(), std::nullopt);
   }
   EXPECT_THAT(table_.AllSeries()[0].types, IsEmpty());
 }
@@ -142,19 +141,6 @@ TEST_F(DocumentTableTest, ADocumentIsLiveMergedOrCancelled) {
   EXPECT_EQ(table_[1].State(), State::kMerged);
   EXPECT_EQ(table_[2].State(), State::kCancelled);
   EXPECT_EQ(table_[3].State(), State::kCancelled);
-}
-
-TEST_F(DocumentTableTest, TellsWhenMoreIsTakenOffThanThereIs) {
-  Take({"<InvoiceNo>FT A/1</InvoiceNo><DocumentTotals><NetTotal>10</NetTotal></DocumentTotals>"});
-  DocumentTable::Document& document = table_[0];
-  EXPECT_FALSE(document.TakeOff(4));
-  EXPECT_FALSE(document.TakeOff(6));
-  EXPECT_EQ(document.Left(), Decimal());
-  EXPECT_TRUE(document.TakeOff(*Decimal::FromText("0.01")));
-  EXPECT_FALSE(document.TakeOff(1));
-  EXPECT_EQ(document.Left()->Text(), "-1.01");
-  EXPECT_FALSE(document.TakeOff(*Decimal::FromText("0.0000001")));
-  EXPECT_EQ(document.Left(), std::nullopt);
 }
 
 TEST_F(DocumentTableTest, NumbersAreRepeatedExactlyOrApartFromZeros) {

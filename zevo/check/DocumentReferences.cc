@@ -36,11 +36,6 @@ class ReferredNumber {
   std::optional<DocumentNumber> number_;
 };
 
-DocumentTable::State StateOfReferring(const InvoiceFacts& facts) {
-  if (facts.IsLive()) return DocumentTable::State::kLive;
-  return facts.IsCancelled() ? DocumentTable::State::kCancelled : DocumentTable::State::kMerged;
-}
-
 }  // namespace
 
 KeptElement DocumentReferences::Waiting::Kept() const {
@@ -126,7 +121,7 @@ void DocumentReferences::Take(const InvoiceFacts& facts, const DocumentTable& do
     waiting.place = facts.entity->PlaceOf(reference.element);
     if (facts.lines.size() > 1) waiting.line = static_cast<uint32_t>(share.line - facts.lines.data() + 1);
     waiting.credit_note = *facts.type == "NC";
-    waiting.state = StateOfReferring(facts);
+    waiting.state = DocumentTable::StateOf(facts);
     if (facts.date.Read()) waiting.date = *facts.date;
     waiting.credit = credit;
   }
@@ -161,8 +156,8 @@ std::vector<DocumentReferences::Excess> DocumentReferences::Excesses(const Docum
       sum.known = sum.known && from->known != 0;
     }
     const DocumentTable::Document& corrected = documents[document];
-    if (!sum.known || !corrected.Left() || corrected.State() == DocumentTable::State::kCancelled) continue;
-    const Decimal net = Unsigned(*corrected.Left());
+    if (!sum.known || !corrected.Net() || corrected.State() == DocumentTable::State::kCancelled) continue;
+    const Decimal net = Unsigned(*corrected.Net());
     if (sum.sum > net && !sum.Allows(net)) excesses.push_back({document, net, sum.sum});
   }
   return excesses;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/DocumentTable.h>
 
+#include <zevo/check/DocumentType.h>
 #include <zevo/platform/KeyedHash.h>
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <functional>
 #include <limits>
 #include <numeric>
-#include <utility>
 
 namespace zevo {
 namespace {
@@ -20,14 +20,10 @@ constexpr size_t kLongestText = 60;
 constexpr size_t kMostShortDigits = 19;
 constexpr uint8_t kLongNumber = 255;
 
-// The types of the schema, from 1 on.
-constexpr std::array<std::string_view, 15> kDocumentTypes{"",   "FT", "FS", "ND", "NC", "VD", "TV", "TD",
-                                                          "AA", "DA", "RP", "RE", "CS", "LD", "RA"};
-
-uint8_t TypeNumber(const TextFact& type) {
-  if (!type.Read()) return 0;
-  const auto* const at = std::ranges::find(kDocumentTypes, *type);
-  return at == kDocumentTypes.end() ? uint8_t{0} : static_cast<uint8_t>(at - kDocumentTypes.begin());
+// Among the types that there are, from 1 on; 0 for none of them.
+uint8_t TypeNumber(const InvoiceFacts& facts) {
+  const DocumentType* const type = facts.KnownType();
+  return type == nullptr ? uint8_t{0} : static_cast<uint8_t>(type - DocumentType::All().data() + 1);
 }
 
 // Bits of the parts, one behind the other, so that later ones are greater.
@@ -51,14 +47,14 @@ uint64_t PackedTime(const CalendarTime& time) {
 
 DocumentNumber OfDigits(std::string_view digits) { return {.series = {}, .code = {}, .name = {}, .digits = digits}; }
 
-DocumentTable::State StateOf(const InvoiceFacts& facts) {
-  if (facts.IsCancelled()) return DocumentTable::State::kCancelled;
-  return facts.IsLive() ? DocumentTable::State::kLive : DocumentTable::State::kMerged;
-}
-
 }  // namespace
 
 static_assert(sizeof(DocumentTable::Document) == 48);
+
+DocumentTable::State DocumentTable::StateOf(const InvoiceFacts& facts) {
+  if (facts.IsCancelled()) return State::kCancelled;
+  return facts.IsLive() ? State::kLive : State::kMerged;
+}
 
 std::optional<CalendarDate> DocumentTable::Document::Date() const {
   if (date_ == 0) return std::nullopt;
@@ -75,22 +71,13 @@ std::optional<CalendarTime> DocumentTable::Document::EntryTime() const {
   return time;
 }
 
-std::string_view DocumentTable::Document::Type() const { return kDocumentTypes[type_]; }
-
-std::optional<Decimal> DocumentTable::Document::Left() const {
-  if (known_ == 0) return std::nullopt;
-  return Decimal::OfUnits(left_, kNetDecimals);
+std::string_view DocumentTable::Document::Type() const {
+  return type_ == 0 ? std::string_view() : DocumentType::All()[type_ - 1U].code;
 }
 
-bool DocumentTable::Document::TakeOff(const Decimal& net) {
-  if (known_ == 0) return false;
-  const auto off = net.InUnits(kNetDecimals);
-  int64_t left = 0;
-  if (!off || __builtin_sub_overflow(left_, *off, &left)) {
-    known_ = 0;
-    return false;
-  }
-  return std::exchange(left_, left) >= 0 && left < 0;
+std::optional<Decimal> DocumentTable::Document::Net() const {
+  if (known_ == 0) return std::nullopt;
+  return Decimal::OfUnits(net_, kNetDecimals);
 }
 
 bool DocumentTable::Value::operator<(const Value& other) const {
@@ -216,13 +203,13 @@ void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number,
   }
   if (facts.date.Read()) document.date_ = PackedDate(*facts.date) & 0x7FFFFFU;
   if (facts.entry_date.Read()) document.entry_ = PackedTime(*facts.entry_date) & 0xFFFFFFFFFFU;
-  document.type_ = TypeNumber(facts.type);
+  document.type_ = TypeNumber(facts);
   document.state_ = StateOf(facts);
   document.hash_ = facts.hash_form;
   const NumberFact& net = facts.totals.net;
   if (const auto units = net.Read() ? net->InUnits(kNetDecimals) : std::nullopt) {
     document.known_ = 1;
-    document.left_ = *units;
+    document.net_ = *units;
   }
 
   const ScannedEntity& entity = *facts.entity;

@@ -48,19 +48,17 @@ class DocumentTable {
     std::string_view Type() const;
     zevo::DocumentTable::State State() const { return state_; }
     HashForm Hash() const { return hash_; }
-    /// NetTotal, less what was taken off; nothing where that is not known, or has more than six decimals.
-    std::optional<Decimal> Left() const;
-    /// Takes the net of a credit note off. Whether more was taken off than there is, for the first time.
-    bool TakeOff(const Decimal& net);
+    /// NetTotal; nothing where that was not read, or has more than six decimals.
+    std::optional<Decimal> Net() const;
 
    private:
     friend class DocumentTable;
 
     uint64_t number_ = 0;  // of a long one, its place among those
-    int64_t left_ = 0;     // in millionths
+    int64_t net_ = 0;      // in millionths
     uint64_t date_ : 23 = 0;
     uint64_t entry_ : 40 = 0;
-    uint64_t known_ : 1 = 0;    // whether left_ is
+    uint64_t known_ : 1 = 0;    // whether net_ is
     uint64_t offset_ : 48 = 0;  // of the InvoiceNo
     uint64_t steps_ : 16 = 0;
     uint32_t line_ = 0;
@@ -90,6 +88,8 @@ class DocumentTable {
 
   /// The elements that are kept of a document.
   enum class Element : uint8_t { kNumber, kDate, kType, kEntryTime, kHash };
+
+  static State StateOf(const InvoiceFacts& facts);
 
   void Take(const InvoiceFacts& facts);
   /// Whether the InvoiceNo of the invoice that was taken last is one that the table can have.

@@ -30,6 +30,8 @@ constexpr DocumentType kTypesByUse[] = {
 
 }  // namespace
 
+std::span<const DocumentType> DocumentType::All() { return kTypesByUse; }
+
 const DocumentType* DocumentType::Find(std::string_view code) {
   const auto* const type = std::ranges::find(kTypesByUse, code, &DocumentType::code);
   return type == std::end(kTypesByUse) ? nullptr : type;

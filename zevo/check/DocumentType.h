@@ -5,6 +5,7 @@
 #include <zevo/check/CalendarDate.h>
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace zevo {
@@ -20,6 +21,7 @@ struct DocumentType {
   /// Whether an invoice of several may take its place (status F).
   bool may_be_summarised = false;
 
+  static std::span<const DocumentType> All();
   /// Null for a code that is none of the schema's.
   static const DocumentType* Find(std::string_view code);
 };
