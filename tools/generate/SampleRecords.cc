@@ -14,9 +14,10 @@ constexpr std::array<std::string_view, 4> kStreets{"Rua da Alegria, 12, 3.º Esq
 constexpr std::array<std::string_view, 4> kCities{"Vila Nova de Gaia", "Évora", "Lisboa", "Olhão"};
 constexpr std::array<std::string_view, 4> kGoods{"Artigo de papelaria", "Caderno \"Atlântico\"", "Lápis de cor – caixa",
                                                  "Café em grão 1 kg"};
+// Has the form of a signature, and is none.
 constexpr std::string_view kHash =
-    "T8mMcvV2kLqZ1Yx0aQpWn4sRe7uJ9bHdGf3oXiCzKtEyLwNvBg5hPrSaUjM6Dq2lZkXcVbNmQwErTyUiOpAsDfGhJkLzXcVbNm1234567890aBcDe"
-    "FgHiJkLmNoPqRsTuVwXyZ0123456789abcdefghijklmnopqrstuvwxyz==";
+    "T8mMcvV2kLqZ1Yx0aQpWn4sRe7uJ9bHdGf3oXiCzKtEyLwNvBg5hPrSaUjM6Dq2lZkXcVbNmQwErTyUiOpAsDfGhJkLzXcVbNm1234567890aBcDeF"
+    "gHiJkLmNoPqRsTuVwXyZ0123456789abcdefghijklmnopqrstuvwxyaA=";
 
 // A well-mixed number from any other.
 uint64_t Mixed(uint64_t number) {
@@ -134,7 +135,7 @@ std::unique_ptr<Header> SampleRecords::TheHeader() const {
   header->set_EndDate("2012-12-31");
   header->set_DateCreated("2013-01-15");
   header->set_TaxEntity("Sede");
-  header->set_SoftwareCertificateNumber("0");
+  header->set_SoftwareCertificateNumber("9999");
   header->set_ProductID("Contas/Exemplo");
   header->set_ProductVersion("1.0");
   return header;
@@ -273,7 +274,7 @@ std::unique_ptr<SalesInvoices> SampleRecords::InvoicesTotals() const {
   return totals;
 }
 
-void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records) {
+void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records, DocumentSigner* signer) {
   Check(file, file.CreateAuditFile());
   WriteMasterFiles(file, records);
   Check(file, file.BeginGeneralLedgerEntries(*records.EntriesTotals()));
@@ -286,7 +287,14 @@ void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records) {
   }
   Check(file, file.EndGeneralLedgerEntries());
   Check(file, file.BeginSalesInvoices(*records.InvoicesTotals()));
-  for (int64_t i = 0; i < records.Invoices(); ++i) Check(file, file.CreateInvoice(*records.InvoiceAt(i)));
+  for (int64_t i = 0; i < records.Invoices(); ++i) {
+    const auto invoice = records.InvoiceAt(i);
+    if (signer != nullptr) {
+      invoice->set_Hash("");
+      signer->Sign(*invoice);
+    }
+    Check(file, file.CreateInvoice(*invoice));
+  }
   Check(file, file.EndSalesInvoices());
   file.CloseAuditFile();
 }

@@ -56,8 +56,8 @@ class SampleRecords {
 };
 
 /// Hands all records to a writer of either kind, in the order of the schema. Throws std::runtime_error when an
-/// operation fails.
-void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records);
+/// operation fails. With a signer the invoices are signed; otherwise each has a Hash that only looks like a signature.
+void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records, DocumentSigner* signer = nullptr);
 void WriteTo(AuditFile& file, const SampleRecords& records);
 
 }  // namespace zevo::generate

@@ -4,7 +4,10 @@
 #include <CLI/CLI.hpp>
 #include <cstdint>
 #include <exception>
+#include <fstream>
 #include <iostream>
+#include <iterator>
+#include <optional>
 #include <string>
 
 #include "tools/generate/SampleRecords.h"
@@ -19,11 +22,19 @@ int main(int argc, char** argv) {
       ->required()
       ->check(CLI::Range(int64_t{1}, int64_t{INT32_MAX}));
   program.add_option("--seed", seed, "Another one makes another year; the same, the same")->capture_default_str();
+  std::string key;
+  program.add_option("--private-key", key, "PEM file of an RSA key of 1024 bits to sign the invoices with")
+      ->check(CLI::ExistingFile);
   CLI11_PARSE(program, argc, argv);
   try {
     zevo::AuditFileStreamWriter file;
     file.set_AuditFileName(name);
-    zevo::generate::WriteTo(file, zevo::generate::SampleRecords(invoices, seed));
+    std::optional<zevo::DocumentSigner> signer;
+    if (!key.empty()) {
+      std::ifstream pem(key);
+      signer.emplace(std::string(std::istreambuf_iterator(pem), {}));
+    }
+    zevo::generate::WriteTo(file, zevo::generate::SampleRecords(invoices, seed), signer ? &*signer : nullptr);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << "generate: " << name << ": " << error.what() << '\n';

@@ -2,9 +2,12 @@
 #include <gtest/gtest.h>
 #include <zevo/adapters.h>
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestKeys.h"
 #include "tests/support/UseSchema.h"
 #include "tools/generate/SampleRecords.h"
 
@@ -60,6 +63,24 @@ TEST(SampleRecordsTest, ASeedGivesTheSameBytesAndAnotherOneOthers) {
   const std::string first = bytes("a", 1);
   EXPECT_EQ(bytes("b", 1), first);
   EXPECT_NE(bytes("c", 2), first);
+}
+
+TEST(SampleRecordsTest, TheSignaturesOfASignedFileAreRight) {
+  const testing::UseSchema schema;
+  const TemporaryFolder folder;
+  DocumentSigner signer(testing::kPrivateKey);
+  AuditFileStreamWriter file;
+  file.set_AuditFileName(folder.Path("signed"));
+  WriteTo(file, SampleRecords(20, 1), &signer);
+  AuditFileChecker checker;
+  checker.AddPublicKey(testing::kPublicKey);
+  const auto findings = [&](const std::string& name) {
+    checker.set_AuditFileName(name);
+    EXPECT_TRUE(checker.CheckAuditFile());
+    return std::vector{checker.CountOf("HASH-FORM"), checker.CountOf("HASH-CTRL"), checker.CountOf("HASH-CHAIN")};
+  };
+  EXPECT_EQ(findings(folder.Path("signed")), (std::vector<int64_t>{0, 0, 0}));
+  EXPECT_EQ(findings(Written<AuditFileStreamWriter>(folder, "unsigned", 20, 1)), (std::vector<int64_t>{0, 0, 20}));
 }
 
 }  // namespace
