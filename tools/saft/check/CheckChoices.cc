@@ -15,7 +15,7 @@ namespace zevo::saft {
 namespace {
 
 // Larger than any key.
-constexpr std::streamsize kMostOfAKey = 64 * 1024;
+constexpr std::streamsize kMostOfAKey = std::streamsize{64} * 1024;
 
 std::string KeyIn(const std::string& file) {
   RequireRegularFile(file);
