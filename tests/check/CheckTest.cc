@@ -22,23 +22,46 @@ Step TakeStep(std::string_view& path) {
 }
 
 // The element of a name among all below, counted in the order of the file.
-XmlPart* FindBelow(XmlPart& part, const Step& step, size_t& seen, XmlPart*& parent) {
-  for (XmlPart& child : part.children) {
+template <class Part>
+Part* FindBelow(Part& part, const Step& step, size_t& seen, Part*& parent) {
+  for (Part& child : part.children) {
     if (child.name == step.name && ++seen == step.number) {
       parent = &part;
       return &child;
     }
-    if (XmlPart* const found = FindBelow(child, step, seen, parent)) return found;
+    if (Part* const found = FindBelow(child, step, seen, parent)) return found;
   }
   return nullptr;
 }
 
-XmlPart* FindChild(XmlPart& part, const Step& step) {
+size_t CountBelow(const XmlPart& part, std::string_view name) {
+  size_t count = 0;
+  for (const XmlPart& child : part.children) count += (child.name == name ? 1 : 0) + CountBelow(child, name);
+  return count;
+}
+
+template <class Part>
+Part* FindChild(Part& part, const Step& step) {
   size_t seen = 0;
-  for (XmlPart& child : part.children) {
+  for (Part& child : part.children) {
     if (child.name == step.name && ++seen == step.number) return &child;
   }
   return nullptr;
+}
+
+// The element that a path leads to, and the one that it is in.
+template <class Part>
+Part& Find(Part& root, std::string_view path, Part*& above) {
+  const std::string whole(path);
+  size_t seen = 0;
+  const Step first = TakeStep(path);
+  Part* at = first.name == root.name ? &root : FindBelow(root, first, seen, above);
+  while (at != nullptr && !path.empty()) {
+    above = at;
+    at = FindChild(*at, TakeStep(path));
+  }
+  if (at == nullptr) throw std::invalid_argument("the file has no " + whole);
+  return *at;
 }
 
 std::string_view WithoutDeclaration(std::string_view document) {
@@ -67,19 +90,17 @@ CleanFile::CleanFile() {
   root_ = TakePart(text);
 }
 
+CleanFile::CleanFile(std::string_view document) {
+  std::string_view text = WithoutDeclaration(document);
+  declaration_ = document.substr(0, document.size() - text.size());
+  root_ = TakePart(text);
+}
+
 XmlPart& CleanFile::At(std::string_view path, XmlPart** parent) {
-  const std::string whole(path);
   XmlPart* above = nullptr;
-  size_t seen = 0;
-  const Step first = TakeStep(path);
-  XmlPart* at = first.name == root_.name ? &root_ : FindBelow(root_, first, seen, above);
-  while (at != nullptr && !path.empty()) {
-    above = at;
-    at = FindChild(*at, TakeStep(path));
-  }
-  if (at == nullptr) throw std::invalid_argument("the clean file has no " + whole);
+  XmlPart& at = Find(root_, path, above);
   if (parent != nullptr) *parent = above;
-  return *at;
+  return at;
 }
 
 CleanFile CleanFile::With(std::string_view path, std::string_view text) const {
@@ -117,10 +138,17 @@ CleanFile CleanFile::Twice(std::string_view path) const {
 }
 
 std::string CleanFile::Text() const {
-  std::string text;
+  std::string text = declaration_;
   root_.Write(text);
   return text;
 }
+
+const std::string& CleanFile::TextOf(std::string_view path) const {
+  const XmlPart* above = nullptr;
+  return Find(root_, path, above).text;
+}
+
+size_t CleanFile::CountOf(std::string_view name) const { return CountBelow(root_, name); }
 
 CheckTest::CheckTest() {
   checker_.Found = [this](const Finding& finding) { found_.push_back(finding); };

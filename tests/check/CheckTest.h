@@ -24,6 +24,8 @@ namespace zevo::testing {
 class CleanFile {
  public:
   CleanFile();
+  /// Another file instead.
+  explicit CleanFile(std::string_view document);
 
   /// The element has this text, and nothing inside.
   CleanFile With(std::string_view path, std::string_view text) const;
@@ -35,10 +37,17 @@ class CleanFile {
   CleanFile Twice(std::string_view path) const;
 
   std::string Text() const;
+  /// The text of the element.
+  const std::string& TextOf(std::string_view path) const;
+  /// How many elements of a name there are.
+  size_t CountOf(std::string_view name) const;
+  /// The children of an element, to be put in another order.
+  std::vector<XmlPart>& ChildrenOf(std::string_view path) { return At(path).children; }
 
  private:
   XmlPart& At(std::string_view path, XmlPart** parent = nullptr);
 
+  std::string declaration_;
   XmlPart root_;
 };
 
