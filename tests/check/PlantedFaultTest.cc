@@ -12,6 +12,7 @@
 
 #include "tests/check/CheckTest.h"
 #include "tests/check/SampleYear.h"
+#include "tests/check/Shuffled.h"
 
 // A fault of each rule is put into a right file, at a place that chance chooses, and found there, with nothing else.
 
@@ -658,6 +659,16 @@ TEST_F(PlantedFaultTest, EachFaultIsFoundAndNothingElse) {
       EXPECT_TRUE(std::ranges::any_of(
           planted.found, [&](const std::string& line) { return line.starts_with(std::string(fault.rule) + " "); }));
     }
+  }
+}
+
+TEST_F(PlantedFaultTest, InAnotherOrderTheSameIsFound) {
+  Field field(1);
+  for (const Fault& fault : kFaults) {
+    SCOPED_TRACE(fault.rule);
+    const CleanFile planted = fault.plant(field).file;
+    const std::vector<std::string> found = Findings(planted);
+    EXPECT_THAT(Findings(Shuffled(planted, 1)), ::testing::UnorderedElementsAreArray(found));
   }
 }
 
