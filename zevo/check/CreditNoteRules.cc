@@ -180,7 +180,7 @@ constexpr Rule kCreditNoteRules[] = {
            "DA and RE say so too; there is a Reason; the documents that correct another are no more than its NetTotal. "
            "Information only: documents of other types have no Reference; and all that is told of cancelled "
            "documents."},
-          "CIVA, artigo 36.º"},
+          "CIVA, art. 36.º"},
      .invoice = JudgeCorrections,
      .at_end = JudgeLateCorrections},
     {.info =
