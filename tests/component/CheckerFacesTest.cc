@@ -3,6 +3,9 @@
 #include <zevo/adapters.h>
 #include <zevo/component/Faces.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -267,6 +270,31 @@ TEST_F(CheckerFacesTest, AnErrorOfAHandlerEndsTheCheck) {
   EXPECT_EQ(FailureNumber(), 11);
   EXPECT_EQ(FailureText(), L"Divis\x00E3o por zero");
   EXPECT_EQ(Verdict(), verdictNotJudged);
+}
+
+TEST_F(CheckerFacesTest, ProgressIsToldOfEachPass) {
+  std::string document = FileOfEachSeverity();
+  document.insert(document.find("<AuditFile"), "<!--" + std::string(1'000'000, ' ') + "-->");
+  const ComPtr<FindingSink> sink = MakeFindingSink();
+  Connect(*sink.Get());
+  EXPECT_TRUE(Check(document));
+  EXPECT_EQ(std::ranges::count(sink->progress, static_cast<double>(document.size())), 2);
+  EXPECT_GE(sink->progress.size(), 6U);
+  EXPECT_EQ(sink->rules, kEachSeverity);
+
+  // A handler may end the check before anything is found.
+  sink->rules.clear();
+  sink->on_progress = [&] {
+    EXPECT_EQ(ValueFrom(*checker_.Get(), &_AuditFileChecker::get_BytesRead), sink->progress.back());
+    return checker_->AbortChecking();
+  };
+  EXPECT_FALSE(CheckAgain());
+  EXPECT_EQ(FailureNumber(), ReadingAborted);
+  EXPECT_TRUE(sink->rules.empty());
+  sink->on_progress = [] { return static_cast<HRESULT>(0x800A000B); };
+  EXPECT_FALSE(CheckAgain());
+  EXPECT_EQ(FailureNumber(), 11);
+  EXPECT_EQ(FailureText(), L"Divis\x00E3o por zero");
 }
 
 TEST_F(CheckerFacesTest, ACheckInsideAnEventIsRefused) {

@@ -95,18 +95,26 @@ class EventSink final : public Sink {
 
 inline ComPtr<EventSink> MakeSink() { return component::Adopt(new EventSink); }
 
-/// Of the events of a checker. Notes the rule of each finding and calls a handler, whose failure it raises.
+/// Of the events of a checker. Notes the rule of each finding and what was read, and calls handlers, whose failure it
+/// raises.
 class FindingSink final : public Sink {
  public:
   FindingSink() : Sink(__uuidof(__AuditFileChecker)) {}
 
   std::vector<std::wstring> rules;
+  std::vector<double> progress;
   std::function<HRESULT(_Finding& finding)> on_finding;
+  std::function<HRESULT()> on_progress;
 
  private:
   HRESULT Take(DISPID member, DISPPARAMS& arguments) override {
-    EXPECT_EQ(member, 1);
     EXPECT_EQ(arguments.cArgs, 1U);
+    if (member == 2) {
+      EXPECT_EQ(V_VT(&arguments.rgvarg[0]), VT_R8);
+      progress.push_back(V_R8(&arguments.rgvarg[0]));
+      return on_progress ? on_progress() : S_OK;
+    }
+    EXPECT_EQ(member, 1);
     EXPECT_EQ(V_VT(&arguments.rgvarg[0]), VT_DISPATCH);
     ComPtr<_Finding> finding;
     EXPECT_EQ(V_DISPATCH(&arguments.rgvarg[0])

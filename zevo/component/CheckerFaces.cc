@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -56,6 +57,10 @@ class AuditFileCheckerFace final : public EventFace<zevo::AuditFileChecker> {
   explicit AuditFileCheckerFace(std::shared_ptr<zevo::AuditFileChecker> checker)
       : EventFace(std::move(checker), __uuidof(__AuditFileChecker)) {
     core().Found = [this](const Finding& finding) { RaiseFound(finding); };
+    core().Progress = [this](int64_t bytesRead) {
+      RaiseProgress(bytesRead);
+      return true;
+    };
   }
 
   ZEVO_READ_ONLY(AuditException)
@@ -115,8 +120,9 @@ class AuditFileCheckerFace final : public EventFace<zevo::AuditFileChecker> {
   }
 
  private:
-  // The member of the event interface.
+  // The members of the event interface.
   static constexpr DISPID kFound = 1;
+  static constexpr DISPID kProgress = 2;
 
   void RaiseFound(const Finding& finding) {
     const auto told = std::make_shared<ToldFinding>(ToldFinding{finding, core().Language()});
@@ -126,6 +132,12 @@ class AuditFileCheckerFace final : public EventFace<zevo::AuditFileChecker> {
     V_VT(&argument) = VT_DISPATCH;
     V_DISPATCH(&argument) = face.Get();
     Raise(kFound, {&argument, 1});
+  }
+  void RaiseProgress(int64_t bytesRead) {
+    VARIANT argument{};
+    V_VT(&argument) = VT_R8;
+    V_R8(&argument) = static_cast<double>(bytesRead);
+    Raise(kProgress, {&argument, 1});
   }
 
   bool checking_ = false;
