@@ -10,6 +10,7 @@
 #include <zevo/Utf8.h>
 #include <zevo/facades/AuditFile.h>
 #include <zevo/facades/AuditFileChecker.h>
+#include <zevo/facades/AuditFileElementWriter.h>
 #include <zevo/facades/AuditFileReader.h>
 #include <zevo/facades/AuditFileScanner.h>
 #include <zevo/facades/AuditFileStreamWriter.h>

@@ -58,22 +58,23 @@ TEST_P(SerializerEscapeSetsTest, WriteReferencesForTheirCharactersAndForNoOther)
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SerializerEscapeSetsTest,
-                         ::testing::Values(EscapeSet{Escapes::kNone, {}},
-                                           EscapeSet{Escapes::kMarkup, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}}},
-                                           EscapeSet{Escapes::kMarkupAndQuote,
-                                                     {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}},
-                                           EscapeSet{Escapes::kMarkupAndReturn,
-                                                     {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'\r', "&#13;"}}},
-                                           EscapeSet{Escapes::kAttribute,
-                                                     {{'&', "&amp;"},
-                                                      {'<', "&lt;"},
-                                                      {'>', "&gt;"},
-                                                      {'"', "&quot;"},
-                                                      {'\r', "&#13;"},
-                                                      {'\n', "&#10;"},
-                                                      {'\t', "&#9;"}}}),
-                         testing::Numbered());
+INSTANTIATE_TEST_SUITE_P(
+    All, SerializerEscapeSetsTest,
+    ::testing::Values(
+        EscapeSet{Escapes::kNone, {}}, EscapeSet{Escapes::kMarkup, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}}},
+        EscapeSet{Escapes::kMarkupAndQuote, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}},
+        EscapeSet{Escapes::kMarkupAndReturn, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'\r', "&#13;"}}},
+        EscapeSet{Escapes::kMarkupQuoteAndReturn,
+                  {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}, {'\r', "&#13;"}}},
+        EscapeSet{Escapes::kAttribute,
+                  {{'&', "&amp;"},
+                   {'<', "&lt;"},
+                   {'>', "&gt;"},
+                   {'"', "&quot;"},
+                   {'\r', "&#13;"},
+                   {'\n', "&#10;"},
+                   {'\t', "&#9;"}}}),
+    testing::Numbered());
 
 constexpr std::string_view kUpperCharacters =
     "€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ"

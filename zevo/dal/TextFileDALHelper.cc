@@ -1,15 +1,36 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/dal/TextFileDALHelper.h>
 
+#include <zevo/Utf8.h>
 #include <zevo/dal/LoadDocument.h>
 #include <zevo/platform/Text.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace zevo {
 namespace {
 
 constexpr std::string_view kRoot = "AuditFile";
+
+// Names of letters that Windows-1252 has: a name cannot hold references.
+bool IsNameStart(char32_t c) {
+  if (c < 0x80) return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+  return c >= 0xC0 && c <= 0xFF && c != 0xD7 && c != 0xF7;
+}
+
+bool IsElementName(std::string_view name) {
+  if (name.empty() || !IsNameStart(TakeCharacter(name))) return false;
+  while (!name.empty()) {
+    const char32_t c = TakeCharacter(name);
+    if (!IsNameStart(c) && !(c >= '0' && c <= '9') && c != '-' && c != '.' && c != 0xB7) return false;
+  }
+  return true;
+}
+
+void RequireElementName(std::string_view name) {
+  if (!IsElementName(name)) ThrowNoXmlText(name);
+}
 
 }  // namespace
 
@@ -71,14 +92,7 @@ Element TextFileDALHelper::CreateElement(std::string_view name, std::string_view
   if (value.empty() && !required) return Element();
   RequireXmlText(name, value);
   CloseToParent(parent ? parent : handles_->Root());
-  if (value.empty()) {
-    // All that may fail comes before the tag is written: every tag in the file must be in open_, to be closed.
-    const Element element = HandleFor(name);
-    open_.reserve(open_.size() + 1);
-    stream_.WriteStartTag(name);
-    open_.push_back(element);
-    return element;
-  }
+  if (value.empty()) return Begin(name);
   stream_.WriteStartTag(name);
   stream_.WriteChars(value, Escapes::kMarkupAndQuote);
   stream_.WriteEndTag(name);
@@ -94,6 +108,47 @@ void TextFileDALHelper::EndElement(std::string_view name) {
 
 void TextFileDALHelper::UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) {
   CreateElement(name, value, parent, required);
+}
+
+void TextFileDALHelper::BeginElement(std::string_view name) {
+  RequireElementName(name);
+  Begin(name);
+}
+
+bool TextFileDALHelper::EndInnermost() {
+  stream_.RequireWhole();
+  if (open_.size() < 2) return false;
+  CloseInnermost();
+  return true;
+}
+
+void TextFileDALHelper::WriteElements(std::span<const ScannedElement> elements) {
+  for (const ScannedElement& element : elements) {
+    RequireElementName(element.name);
+    RequireXmlText(element.name, element.text);
+  }
+  inside_.clear();
+  const auto endFrom = [this](int depth) {
+    for (; !inside_.empty() && inside_.back()->depth >= depth; inside_.pop_back()) {
+      stream_.WriteEndTag(inside_.back()->name);
+    }
+  };
+  for (const ScannedElement& element : elements) {
+    endFrom(element.depth);
+    inside_.push_back(&element);
+    stream_.WriteStartTag(element.name);
+    if (!element.text.empty()) stream_.WriteChars(element.text, Escapes::kMarkupQuoteAndReturn);
+  }
+  endFrom(std::numeric_limits<int>::min());
+}
+
+Element TextFileDALHelper::Begin(std::string_view name) {
+  // All that may fail comes before the tag is written: every tag in the file must be in open_, to be closed.
+  const Element element = HandleFor(name);
+  open_.reserve(open_.size() + 1);
+  stream_.WriteStartTag(name);
+  open_.push_back(element);
+  return element;
 }
 
 Element TextFileDALHelper::CloseInnermost() {

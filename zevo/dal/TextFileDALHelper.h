@@ -4,9 +4,11 @@
 
 #include <zevo/dal/IDALHelper.h>
 #include <zevo/dal/TextStream.h>
+#include <zevo/model/ScannedElement.h>
 #include <zevo/platform/Document.h>
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,8 +47,19 @@ class TextFileDALHelper : public IDALHelper {
   void EndElement(std::string_view name) override;
   void UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) override;
 
+  // Of elements that no mapper knows. A text is written so that it reads back as it is, carriage returns included.
+  // These raise error 5, before anything is written, where a text is as in `CreateElement` or a name cannot be written.
+
+  /// Begins an element inside the innermost that is open.
+  void BeginElement(std::string_view name);
+  /// Ends the innermost; false where only the root is open.
+  bool EndInnermost();
+  /// Writes elements with all that is in them inside the innermost that is open.
+  void WriteElements(std::span<const ScannedElement> elements);
+
  private:
   Element HandleFor(std::string_view name);
+  Element Begin(std::string_view name);
   Element CloseInnermost();
   void CloseToParent(Element parent);
   void CloseAll();
@@ -55,6 +68,7 @@ class TextFileDALHelper : public IDALHelper {
   // One element for each name, as a handle: open elements of the same name share it.
   std::unique_ptr<Document> handles_;
   std::vector<Element> open_;
+  std::vector<const ScannedElement*> inside_;  // what is open of a list that is being written
 };
 
 }  // namespace zevo

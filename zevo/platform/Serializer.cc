@@ -49,6 +49,8 @@ std::string_view Escaped(Escapes escapes) {
       return "&<>\"";
     case Escapes::kMarkupAndReturn:
       return "&<>\r";
+    case Escapes::kMarkupQuoteAndReturn:
+      return "&<>\"\r";
     case Escapes::kAttribute:
       return "&<>\"\r\n\t";
   }
@@ -67,8 +69,11 @@ Kinds MakeKinds(Escapes escapes) {
 
 const Kinds& KindsFor(Escapes escapes) {
   static const std::array kAll = {
-      MakeKinds(Escapes::kNone),           MakeKinds(Escapes::kMarkup),
-      MakeKinds(Escapes::kMarkupAndQuote), MakeKinds(Escapes::kMarkupAndReturn),
+      MakeKinds(Escapes::kNone),
+      MakeKinds(Escapes::kMarkup),
+      MakeKinds(Escapes::kMarkupAndQuote),
+      MakeKinds(Escapes::kMarkupAndReturn),
+      MakeKinds(Escapes::kMarkupQuoteAndReturn),
       MakeKinds(Escapes::kAttribute),
   };
   return kAll[static_cast<size_t>(escapes)];

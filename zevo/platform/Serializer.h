@@ -19,7 +19,8 @@ enum class Escapes {
   kMarkup,           // & < >
   kMarkupAndQuote,   // & < > "
   kMarkupAndReturn,  // & < > and CR, which a parser would otherwise take for a line end
-  kAttribute,        // & < > " and the white space that a parser would otherwise turn into spaces
+  kMarkupQuoteAndReturn,
+  kAttribute,  // & < > " and the white space that a parser would otherwise turn into spaces
 };
 
 /// Escapes and encodes text in one pass and hands it to a sink in large pieces. Once the sink has failed, every later

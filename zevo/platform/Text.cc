@@ -77,7 +77,10 @@ bool IsXmlText(std::string_view text) {
 }
 
 void RequireXmlText(std::string_view element, std::string_view text) {
-  if (IsXmlText(text)) return;
+  if (!IsXmlText(text)) ThrowNoXmlText(element);
+}
+
+void ThrowNoXmlText(std::string_view element) {
   throw MakeRunTimeError(RunTimeError::kInvalidCall, std::string(element).append(": carácter não permitido em XML"));
 }
 

@@ -41,6 +41,8 @@ bool IsXmlText(std::string_view text);
 
 /// Raises error 5, with the name of the element and what is wrong, for a text that is none.
 void RequireXmlText(std::string_view element, std::string_view text);
+/// Raises that error.
+[[noreturn]] void ThrowNoXmlText(std::string_view element);
 
 }  // namespace zevo
 
