@@ -61,8 +61,8 @@ void Check(const Facade& file, bool succeeded) {
 }
 
 template <class File>
-void WriteMasterFiles(File& file, const SampleRecords& records) {
-  Check(file, file.CreateHeader(*records.TheHeader()));
+void WriteMasterFiles(File& file, const SampleRecords& records, SampleRecords::Months months) {
+  Check(file, file.CreateHeader(*records.TheHeader(months)));
   for (int i = 0; i < SampleRecords::kAccounts; ++i) Check(file, file.CreateGeneralLedger(*records.Account(i)));
   for (int i = 0; i < SampleRecords::kMasterRecords; ++i) Check(file, file.CreateCustomer(*records.CustomerAt(i)));
   for (int i = 0; i < SampleRecords::kMasterRecords; ++i) Check(file, file.CreateProduct(*records.ProductAt(i)));
@@ -122,7 +122,8 @@ Amount SampleRecords::GrossTotal(int64_t invoice) const {
   return Amount::FromScaled(net + net * 23 / 10'000 * 100);
 }
 
-std::unique_ptr<Header> SampleRecords::TheHeader() const {
+std::unique_ptr<Header> SampleRecords::TheHeader(Months months) const {
+  constexpr std::array kLastDays{31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   auto header = std::make_unique<Header>();
   header->set_CompanyID("Porto 12345");
   header->set_TaxRegistrationNumber("501234560");
@@ -131,9 +132,9 @@ std::unique_ptr<Header> SampleRecords::TheHeader() const {
   header->set_BusinessName("São João");
   Fill(*header->CompanyAddress(), 0);
   header->set_FiscalYear("2012");
-  header->set_StartDate("2012-01-01");
-  header->set_EndDate("2012-12-31");
-  header->set_DateCreated("2013-01-15");
+  header->set_StartDate(Formatted("2012-%02d-01", months.first + 1));
+  header->set_EndDate(Formatted("2012-%02d-%02d", months.end, kLastDays[static_cast<size_t>(months.end) - 1]));
+  header->set_DateCreated(months.end == kMonths ? "2013-01-15" : Formatted("2012-%02d-15", months.end + 1));
   header->set_TaxEntity("Sede");
   header->set_SoftwareCertificateNumber("9999");
   header->set_ProductID("Contas/Exemplo");
@@ -255,30 +256,31 @@ std::unique_ptr<Invoice> SampleRecords::InvoiceAt(int64_t invoice) const {
   return document;
 }
 
-std::unique_ptr<GeneralLedgerEntries> SampleRecords::EntriesTotals() const {
+std::unique_ptr<GeneralLedgerEntries> SampleRecords::EntriesTotals(Months months) const {
   Amount total;
-  for (int64_t invoice = 0; invoice < invoices_; ++invoice) total += GrossTotal(invoice);
+  for (int64_t i = FirstOfMonth(months.first); i < FirstOfMonth(months.end); ++i) total += GrossTotal(i);
   auto totals = std::make_unique<GeneralLedgerEntries>();
-  totals->set_NumberOfEntries(static_cast<int32_t>(invoices_));
+  totals->set_NumberOfEntries(static_cast<int32_t>(FirstOfMonth(months.end) - FirstOfMonth(months.first)));
   totals->set_TotalDebit(total);
   totals->set_TotalCredit(total);
   return totals;
 }
 
-std::unique_ptr<SalesInvoices> SampleRecords::InvoicesTotals() const {
+std::unique_ptr<SalesInvoices> SampleRecords::InvoicesTotals(Months months) const {
   Amount total;
-  for (int64_t invoice = 0; invoice < invoices_; ++invoice) total += NetTotal(invoice);
+  for (int64_t i = FirstOfMonth(months.first); i < FirstOfMonth(months.end); ++i) total += NetTotal(i);
   auto totals = std::make_unique<SalesInvoices>();
-  totals->set_NumberOfEntries(static_cast<int32_t>(invoices_));
+  totals->set_NumberOfEntries(static_cast<int32_t>(FirstOfMonth(months.end) - FirstOfMonth(months.first)));
   totals->set_TotalCredit(total);
   return totals;
 }
 
-void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records, DocumentSigner* signer) {
+void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records, SampleRecords::Months months,
+             DocumentSigner* signer) {
   Check(file, file.CreateAuditFile());
-  WriteMasterFiles(file, records);
-  Check(file, file.BeginGeneralLedgerEntries(*records.EntriesTotals()));
-  for (int month = 0; month < SampleRecords::kMonths; ++month) {
+  WriteMasterFiles(file, records, months);
+  Check(file, file.BeginGeneralLedgerEntries(*records.EntriesTotals(months)));
+  for (int month = months.first; month < months.end; ++month) {
     Check(file, file.BeginJournal(*records.JournalOf(month)));
     for (int64_t i = records.FirstOfMonth(month); i < records.FirstOfMonth(month + 1); ++i) {
       Check(file, file.CreateTransaction(*records.TransactionAt(i)));
@@ -286,22 +288,25 @@ void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records, Document
     Check(file, file.EndJournal());
   }
   Check(file, file.EndGeneralLedgerEntries());
-  Check(file, file.BeginSalesInvoices(*records.InvoicesTotals()));
-  for (int64_t i = 0; i < records.Invoices(); ++i) {
+  const int64_t first = records.FirstOfMonth(months.first);
+  const int64_t end = records.FirstOfMonth(months.end);
+  // The section holds an invoice, or is not there.
+  if (first < end) Check(file, file.BeginSalesInvoices(*records.InvoicesTotals(months)));
+  // A signature goes on from those of the months before.
+  for (int64_t i = signer != nullptr ? 0 : first; i < end; ++i) {
     const auto invoice = records.InvoiceAt(i);
     if (signer != nullptr) {
       invoice->set_Hash("");
       signer->Sign(*invoice);
     }
-    Check(file, file.CreateInvoice(*invoice));
+    if (i >= first) Check(file, file.CreateInvoice(*invoice));
   }
-  Check(file, file.EndSalesInvoices());
   file.CloseAuditFile();
 }
 
 void WriteTo(AuditFile& file, const SampleRecords& records) {
   Check(file, file.CreateAuditFile());
-  WriteMasterFiles(file, records);
+  WriteMasterFiles(file, records, {});
   GeneralLedgerEntries entries;
   Check(file, file.CreateGeneralLedgerEntries(entries));
   for (int month = 0; month < SampleRecords::kMonths; ++month) {

@@ -19,11 +19,17 @@ class SampleRecords {
 
   SampleRecords(int64_t invoices, uint64_t seed) : invoices_(invoices), seed_(seed) {}
 
+  /// The months of a file, from 0: all of the year, or some of it.
+  struct Months {
+    int first = 0;
+    int end = kMonths;  ///< behind the last
+  };
+
   int64_t Invoices() const { return invoices_; }
   /// The number, from 0, of the first invoice of a month, 0 to 11; for 12, the number of invoices.
   int64_t FirstOfMonth(int month) const { return invoices_ * month / kMonths; }
 
-  std::unique_ptr<Header> TheHeader() const;
+  std::unique_ptr<Header> TheHeader(Months months) const;
   std::unique_ptr<GeneralLedger> Account(int number) const;
   std::unique_ptr<Customer> CustomerAt(int number) const;
   std::unique_ptr<Product> ProductAt(int number) const;
@@ -31,9 +37,9 @@ class SampleRecords {
   std::unique_ptr<Journal> JournalOf(int month) const;
   std::unique_ptr<Transaction> TransactionAt(int64_t invoice) const;
   std::unique_ptr<Invoice> InvoiceAt(int64_t invoice) const;
-  /// The totals over all transactions, and over all invoices.
-  std::unique_ptr<GeneralLedgerEntries> EntriesTotals() const;
-  std::unique_ptr<SalesInvoices> InvoicesTotals() const;
+  /// The totals over the transactions, and over the invoices, of these months.
+  std::unique_ptr<GeneralLedgerEntries> EntriesTotals(Months months) const;
+  std::unique_ptr<SalesInvoices> InvoicesTotals(Months months) const;
 
   static constexpr int kAccounts = 6;
 
@@ -56,8 +62,11 @@ class SampleRecords {
 };
 
 /// Hands all records to a writer of either kind, in the order of the schema. Throws std::runtime_error when an
-/// operation fails. With a signer the invoices are signed; otherwise each has a Hash that only looks like a signature.
-void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records, DocumentSigner* signer = nullptr);
+/// operation fails. Of some of the months: the master records, and what belongs to these months; what the files of all
+/// months hold is what that of the year holds. With a signer the invoices are signed; otherwise each has a Hash that
+/// only looks like a signature.
+void WriteTo(AuditFileStreamWriter& file, const SampleRecords& records, SampleRecords::Months months = {},
+             DocumentSigner* signer = nullptr);
 void WriteTo(AuditFile& file, const SampleRecords& records);
 
 }  // namespace zevo::generate

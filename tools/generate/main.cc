@@ -25,6 +25,12 @@ int main(int argc, char** argv) {
   std::string key;
   program.add_option("--private-key", key, "PEM file of an RSA key of 1024 bits to sign the invoices with")
       ->check(CLI::ExistingFile);
+  zevo::generate::SampleRecords::Months months;
+  program
+      .add_option_function<int>(
+          "--month", [&months](int number) { months = {.first = number - 1, .end = number}; },
+          "Write only what belongs to a month of the year, 1 to 12")
+      ->check(CLI::Range(1, zevo::generate::SampleRecords::kMonths));
   CLI11_PARSE(program, argc, argv);
   try {
     zevo::AuditFileStreamWriter file;
@@ -34,7 +40,7 @@ int main(int argc, char** argv) {
       std::ifstream pem(key);
       signer.emplace(std::string(std::istreambuf_iterator(pem), {}));
     }
-    zevo::generate::WriteTo(file, zevo::generate::SampleRecords(invoices, seed), signer ? &*signer : nullptr);
+    zevo::generate::WriteTo(file, zevo::generate::SampleRecords(invoices, seed), months, signer ? &*signer : nullptr);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << "generate: " << name << ": " << error.what() << '\n';

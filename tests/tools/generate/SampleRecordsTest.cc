@@ -55,6 +55,32 @@ TEST(SampleRecordsTest, TheTotalsAreThoseThatTheLibraryAddsUp) {
             totals(Written<AuditFile>(folder, "built", 50, 7)));
 }
 
+TEST(SampleRecordsTest, EveryMonthIsAValidFileOfItsPeriod) {
+  const testing::UseSchema schema;
+  const TemporaryFolder folder;
+  // Of 20 invoices each month has one, of 5 some have none.
+  for (const int64_t invoices : {5, 20}) {
+    int64_t transactions = 0;
+    for (int month = 0; month < SampleRecords::kMonths; ++month) {
+      const std::string name = folder.Path(std::to_string(invoices) + "-" + std::to_string(month));
+      AuditFileStreamWriter writer;
+      writer.set_AuditFileName(name);
+      WriteTo(writer, SampleRecords(invoices, 1), {.first = month, .end = month + 1});
+      AuditFile file;
+      file.set_AuditFileName(name);
+      EXPECT_TRUE(file.ValidateAuditFile()) << name << ": " << file.AuditException()->Description();
+      AuditFileReader reader;
+      reader.set_AuditFileName(name);
+      ASSERT_TRUE(reader.OpenAuditFile());
+      std::shared_ptr<Header> header;
+      EXPECT_TRUE(reader.ReadHeader(header));
+      EXPECT_EQ(header->StartDate().substr(0, 8), header->EndDate().substr(0, 8));
+      transactions += reader.Transactions();
+    }
+    EXPECT_EQ(transactions, invoices);
+  }
+}
+
 TEST(SampleRecordsTest, ASeedGivesTheSameBytesAndAnotherOneOthers) {
   const TemporaryFolder folder;
   const auto bytes = [&](const char* name, uint64_t seed) {
