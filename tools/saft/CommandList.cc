@@ -8,6 +8,7 @@
 #include "tools/saft/columns/ColumnsCommand.h"
 #include "tools/saft/create/CreateCommand.h"
 #include "tools/saft/list/ListCommand.h"
+#include "tools/saft/merge/MergeCommand.h"
 #include "tools/saft/summary/SummaryCommand.h"
 #include "tools/saft/template/TemplateCommand.h"
 #include "tools/saft/validate/ValidateCommand.h"
@@ -33,6 +34,7 @@ std::span<const CommandEntry> CommandList() {
       CommandEntry{"rules", words::kRulesCommand, &Make<RulesCommand>},
       CommandEntry{"summary", words::kSummaryCommand, &Make<SummaryCommand>},
       CommandEntry{"list", words::kListCommand, &Make<ListCommand>},
+      CommandEntry{"merge", words::kMergeCommand, &Make<MergeCommand>},
   };
   return kCommands;
 }

@@ -48,12 +48,13 @@ TEST_F(CommandListTest, TheCommandsOfTheReadmeRunOneAfterTheOther) {
   const std::string readme = testing::ReadBytes(README_FILE);
   const size_t begin = readme.find("\nsaft template ") + 1;
   const std::string commands = readme.substr(begin, readme.find("```", begin) - begin);
+  WriteMonths(".");
   const testing::Outcome outcome =
       RunInShell("mkdir '" + folder_.Path("examples") + "' && ln -s " ZEVO_COMPANY_FOLDER " '" +
                  folder_.Path("examples/company") + "' && cd '" + folder_.Path(".") + "' && set -e && " + commands);
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.err, "");
-  EXPECT_EQ(std::ranges::count(commands, '\n'), 14);
+  EXPECT_EQ(std::ranges::count(commands, '\n'), 15);
   EXPECT_THAT(testing::ReadBytes(folder_.Path("mine/journals.csv")), HasSubstr("JournalID,"));
   EXPECT_THAT(testing::ReadBytes(folder_.Path("books/header.csv")), HasSubstr("Alforge"));
   EXPECT_THAT(testing::ReadBytes(folder_.Path("invoices.csv")), HasSubstr("InvoiceNo;"));

@@ -84,6 +84,7 @@ TEST_P(HelpTest, EveryPageHasExamplesThatRun) {
       const bool creates = command.name == std::string("create");
       const std::string link = creates ? std::string("ln -s ") + ZEVO_COMPANY_FOLDER + " " + GetParam().folder
                                        : std::string("ln -s ../") + GetParam().file + " " + GetParam().file;
+      WriteMonths("run");
       const testing::Outcome outcome =
           RunInShell("cd '" + folder_.Path("run") + "' && " + link + " && " + example + " >out");
       EXPECT_EQ(outcome.code, 0) << example << '\n' << outcome.err;

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "tools/generate/SampleRecords.h"
+
 namespace zevo::testing {
 
 using ::testing::ElementsAre;
@@ -70,6 +72,15 @@ void ToolTest::WriteValid(int customers) const {
     rows += "C" + std::to_string(i) + ",Desconhecido,999999990,Cliente,Desconhecido,Desconhecido,Desconhecido\n";
   }
   Write("customers.csv", rows);
+}
+
+void ToolTest::WriteMonths(const std::string& folder) const {
+  for (int month = 0; month < generate::SampleRecords::kMonths; ++month) {
+    const std::string number = std::to_string(month + 1);
+    AuditFileStreamWriter file;
+    file.set_AuditFileName(folder_.Path(folder + "/2012-" + (number.size() == 1 ? "0" : "") + number + ".xml"));
+    WriteTo(file, generate::SampleRecords(24, 1), {.first = month, .end = month + 1});
+  }
 }
 
 void ToolTest::ExpectRefused(std::string_view message, std::string_view told) const {

@@ -39,6 +39,8 @@ class ToolTest : public ::testing::Test {
   void Write(std::string_view name, std::string_view text) const;
   /// Makes it a dataset of which a valid file is made: a header and so many customers.
   void WriteValid(int customers) const;
+  /// Writes the files of an invented year, 2012-01.xml to 2012-12.xml, into a folder.
+  void WriteMonths(const std::string& folder) const;
   /// The path of a file of the dataset as messages tell it.
   std::string In(std::string_view name) const { return folder_.Path(std::string(kDataset) + "/" + std::string(name)); }
   std::string Output() const { return folder_.Path("out.xml"); }

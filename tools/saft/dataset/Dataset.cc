@@ -99,22 +99,15 @@ void Dataset::CheckNames() {
     const size_t number = NumberOf(meant);
     notes_.errors.Add({number, 0}, {},
                       Failure(PathOf(name), Say(words::kUnknownFile) + Say(words::kDidYouMean, meant)).what());
-    if (!StateOf(meant)) notes_.errors.SetIncomplete(number);
+    if (!StateOf(PathOf(meant))) notes_.errors.SetIncomplete(number);
   }
 }
 
 RecordFile Dataset::Open(std::string_view file, RecordFile::Reading reading) {
   const size_t number = NumberOf(file);
-  if (!opened_[number]) opened_[number] = StateOf(file);
+  if (!opened_[number]) opened_[number] = StateOf(PathOf(file));
   const RecordKind& kind = *std::ranges::find(RecordKinds(), file, &RecordKind::file);
   return {PathOf(file), number, kind, notes_, reading};
-}
-
-std::optional<Dataset::State> Dataset::StateOf(std::string_view file) const {
-  const std::filesystem::path path = PathOf(file);
-  std::error_code none;
-  const State state{std::filesystem::file_size(path, none), std::filesystem::last_write_time(path, none)};
-  return none ? std::nullopt : std::optional(state);
 }
 
 // Files whose records have parts in others, and those with the parts, are read twice.
@@ -122,7 +115,7 @@ uint64_t Dataset::BytesToRead() const {
   uint64_t bytes = 0;
   for (const DatasetFile& file : kDatasetFiles) {
     const bool twice = NumberOf(file.name) >= NumberOf(kJournals);
-    if (const auto state = StateOf(file.name)) bytes += state->size * (twice ? 2 : 1);
+    if (const auto state = StateOf(PathOf(file.name))) bytes += state->size * (twice ? 2 : 1);
   }
   return bytes;
 }
@@ -130,7 +123,7 @@ uint64_t Dataset::BytesToRead() const {
 void Dataset::RequireUnchanged() const {
   for (size_t number = 0; number < opened_.size(); ++number) {
     const std::string_view file = kDatasetFiles[number].name;
-    if (opened_[number] && *opened_[number] != StateOf(file)) throw Failure(PathOf(file), Say(words::kChanged));
+    if (opened_[number] && *opened_[number] != StateOf(PathOf(file))) throw Failure(PathOf(file), Say(words::kChanged));
   }
 }
 

@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <optional>
 #include <span>
@@ -17,6 +16,7 @@
 
 #include "tools/saft/dataset/DatasetNotes.h"
 #include "tools/saft/dataset/RecordFile.h"
+#include "tools/saft/input/FileState.h"
 #include "tools/saft/words/Text.h"
 
 namespace zevo::saft {
@@ -71,21 +71,13 @@ class Dataset {
   std::string PathOf(std::string_view file) const;
 
  private:
-  /// Of a file, what changes with it; nothing where there is none.
-  struct State {
-    uintmax_t size;
-    std::filesystem::file_time_type written;
-
-    friend bool operator==(const State&, const State&) = default;
-  };
   static constexpr size_t kFiles = 13;
 
   void CheckNames();
-  std::optional<State> StateOf(std::string_view file) const;
 
   std::string folder_;
   DatasetNotes notes_;
-  std::array<std::optional<std::optional<State>>, kFiles> opened_;  // by file: as it was found
+  std::array<std::optional<std::optional<FileState>>, kFiles> opened_;  // by file: as it was found
 };
 
 }  // namespace zevo::saft

@@ -87,6 +87,8 @@ inline constexpr Text<> kSummaryCommand{"Mostra o que um ficheiro SAF-T tem: cab
                                         "Tell what an audit file holds: header, counts and totals"};
 inline constexpr Text<> kListCommand{"Escreve os registos de um ficheiro SAF-T em CSV ou JSON",
                                      "Write the records of an audit file as CSV or JSON"};
+inline constexpr Text<> kMergeCommand{"Junta ficheiros SAF-T de uma empresa num só, como os meses de um ano",
+                                      "Make one file of audit files of a company, such as the months of a year"};
 
 // What commands that judge a file say of it.
 

@@ -44,8 +44,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         BadUsage{{},
                  "the command is missing, which is one of: template, columns, create, validate, check, rules, summary, "
-                 "list",
-                 "falta o comando, que é um de: template, columns, create, validate, check, rules, summary, list"},
+                 "list, merge",
+                 "falta o comando, que é um de: template, columns, create, validate, check, rules, summary, list, merge"},
         BadUsage{{"sumary", "a.xml"},
                  "the command \"sumary\" is not known; did you mean summary?",
                  "o comando \"sumary\" não é conhecido; queria dizer summary?"},
