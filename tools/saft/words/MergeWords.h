@@ -38,7 +38,7 @@ alguma coisa que não se pode copiar, como um atributo ou um elemento entre regi
 período de mais de um ano e totais errados são ditos, e não o impedem.
 
 Cada ficheiro é lido duas vezes, por isso a entrada padrão não serve. A memória é de poucos megabytes por ficheiro, mais
-57 bytes por documento, e uns 200 por conta, cliente, fornecedor ou artigo. O ficheiro é validado antes de ser posto no
+57 bytes por documento, e uns 120 por conta, cliente, fornecedor ou artigo. O ficheiro é validado antes de ser posto no
 seu lugar.)",
     R"(Examples:
 
@@ -64,7 +64,7 @@ that repeats, or something that cannot be copied, such as an attribute or an ele
 between periods, a period of more than a year and totals that are wrong are told and are not in the way.
 
 Each file is read twice, so the standard input will not do. Memory is a few megabytes a file, 57 bytes a document, and
-some 200 for each account, customer, supplier or product. The file is validated before it is put in its place.)"};
+some 120 for each account, customer, supplier or product. The file is validated before it is put in its place.)"};
 
 // What keeps files from being merged. The name of the file stands in front.
 
