@@ -97,7 +97,7 @@ TEST(SampleRecordsTest, TheSignaturesOfASignedFileAreRight) {
   DocumentSigner signer(testing::kPrivateKey);
   AuditFileStreamWriter file;
   file.set_AuditFileName(folder.Path("signed"));
-  WriteTo(file, SampleRecords(20, 1), &signer);
+  WriteTo(file, SampleRecords(20, 1), {}, &signer);
   AuditFileChecker checker;
   checker.AddPublicKey(testing::kPublicKey);
   const auto findings = [&](const std::string& name) {

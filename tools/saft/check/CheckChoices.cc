@@ -1,34 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/check/CheckChoices.h"
 
-#include <cerrno>
 #include <charconv>
-#include <fstream>
 #include <string>
 #include <system_error>
 
 #include "tools/saft/errors/Failure.h"
-#include "tools/saft/input/InputName.h"
+#include "tools/saft/input/KeyText.h"
 #include "tools/saft/words/CheckWords.h"
 
 namespace zevo::saft {
-namespace {
-
-// Larger than any key.
-constexpr std::streamsize kMostOfAKey = std::streamsize{64} * 1024;
-
-std::string KeyIn(const std::string& file) {
-  RequireRegularFile(file);
-  std::ifstream stream(file, std::ios::binary);
-  std::string text(kMostOfAKey, '\0');
-  if (stream.is_open()) stream.read(text.data(), kMostOfAKey);
-  if (!stream.is_open() || stream.bad()) FailWithSystemError(errno, file);
-  text.resize(static_cast<size_t>(stream.gcount()));
-  return text;
-}
-
-}  // namespace
-
 std::optional<int> TakeCount(std::string_view text) {
   int count = 0;
   const char* const end = text.data() + text.size();
@@ -55,7 +36,7 @@ void CheckChoices::Add(const CheckChoices& more) {
 void CheckChoices::Apply(AuditFileChecker& checker) const {
   for (const auto& [rule, severity] : severities) checker.set_Severity(rule, severity);
   for (const auto& [file, version] : public_keys) {
-    const std::string pem = KeyIn(file);
+    const std::string pem = KeyTextOf(file);
     try {
       checker.AddPublicKey(pem, version);
     } catch (const Error& error) {

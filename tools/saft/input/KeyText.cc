@@ -10,7 +10,7 @@
 namespace zevo::saft {
 namespace {
 
-constexpr std::streamsize kLongestKey = 64 * 1024;
+constexpr std::streamsize kLongestKey = std::streamsize{64} * 1024;
 
 }  // namespace
 
