@@ -55,6 +55,18 @@ TEST_F(OtherSoftwareTest, NoFileIsBlamed) {
   }
 }
 
+// Older programs cancel a document by its TransactionID, which the schema does not allow.
+TEST_F(OtherSoftwareTest, OnlyTheSchemaMindsADocumentThatItsTransactionCancels) {
+  const CleanFile file =
+      CleanFile().With("Invoice[2]/TransactionID", "Anulado").With("SalesInvoices/TotalCredit", "30");
+  EXPECT_THAT(Findings(file),
+              ::testing::ElementsAre(::testing::StartsWith("SCHEMA E Invoice FT A/2/TransactionID [Anulado] ")));
+  const CleanFile counted = file.With("SalesInvoices/NumberOfEntries", "2");
+  EXPECT_THAT(Findings(counted),
+              ::testing::ElementsAre(::testing::StartsWith("SCHEMA E Invoice FT A/2/TransactionID [Anulado] "),
+                                     ::testing::StartsWith("SI-COUNT I SalesInvoices/NumberOfEntries [2] ")));
+}
+
 TEST_F(OtherSoftwareTest, WhatIsToldIsToldOfAFile) {
   for (const Information& information : KnownInformation()) {
     EXPECT_THAT(names_, ::testing::Contains(information.file));
