@@ -11,6 +11,8 @@ namespace {
 
 class ShuffledCompanyTest : public CheckTest {
  protected:
+  ShuffledCompanyTest() { checker_.AddPublicKey(ReadBytes(ZEVO_COMPANY_FOLDER "/public-key.pem")); }
+
   static std::vector<std::string> RulesOf(std::vector<std::string> findings) {
     for (std::string& line : findings) line.resize(line.find(' '));
     return findings;
