@@ -28,7 +28,7 @@ bool IsLost(const Problem& problem) {
   if (problem.fault != Fault::kUnknownElement) return false;
   if (problem.path.starts_with('/')) return true;
   const size_t slash = problem.path.rfind('/');
-  const std::string_view step = std::string_view(problem.path).substr(slash == std::string::npos ? 0 : slash + 1);
+  const std::string_view step = std::string_view{problem.path}.substr(slash == std::string::npos ? 0 : slash + 1);
   return step.starts_with('@') || step.starts_with("text()");
 }
 
@@ -234,7 +234,7 @@ MergeSurvey::Journal MergeSurvey::JournalOf(std::string_view id) {
   const auto known = journals_.find(id);
   const bool isNew = known == journals_.end();
   if (isNew) plan_.journals.push_back({.id = std::string(id), .elements = {}, .transactions = {}});
-  const Journal journal = isNew ? std::prev(plan_.journals.end()) : known->second;
+  const auto journal = isNew ? std::prev(plan_.journals.end()) : known->second;
   if (isNew) journals_.emplace(id, journal);
   seen_.push_back({journal, isNew});
   return journal;

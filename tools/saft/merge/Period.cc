@@ -27,7 +27,7 @@ bool Period::IsLongerThanYear() const {
   std::chrono::year_month_day next = first + std::chrono::years(1);
   // A year from the 29th of February ends with February.
   if (!next.ok()) next = std::chrono::sys_days(next.year() / next.month() / std::chrono::last) + std::chrono::days(1);
-  return end >= std::chrono::sys_days(next);
+  return end >= std::chrono::sys_days{next};
 }
 
 std::optional<std::chrono::sys_days> DayOf(std::string_view text) {
@@ -44,7 +44,7 @@ std::optional<std::chrono::sys_days> DayOf(std::string_view text) {
   if (!year || !month || !day) return std::nullopt;
   const std::chrono::year_month_day date(std::chrono::year(static_cast<int>(*year)), std::chrono::month(*month),
                                          std::chrono::day(*day));
-  return date.ok() ? std::optional(std::chrono::sys_days(date)) : std::nullopt;
+  return date.ok() ? std::optional(std::chrono::sys_days{date}) : std::nullopt;
 }
 
 std::string TextOf(std::chrono::sys_days day) {
