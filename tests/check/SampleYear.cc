@@ -173,7 +173,7 @@ void Year::Change(int number) {
 }
 
 void Year::WriteMasterFiles(AuditFileStreamWriter& file) const {
-  Check(file, file.CreateHeader(*records_.TheHeader()));
+  Check(file, file.CreateHeader(*records_.TheHeader({})));
   for (int i = 0; i < SampleRecords::kAccounts; ++i) {
     const auto account = records_.Account(i);
     if (account->AccountID().starts_with("21")) account->set_OpeningDebitBalance(100);
