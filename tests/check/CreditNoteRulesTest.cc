@@ -194,6 +194,8 @@ TEST_F(CreditNoteRulesTest, WhatItCorrectsIsNotLater) {
   EXPECT_THAT(InBothOrders(file.With("Invoice[2]/InvoiceDate", "2008-07-10")), IsEmpty());
   EXPECT_THAT(InBothOrders(file.With("Invoice[2]/InvoiceDate", "x")), IsEmpty());
   EXPECT_THAT(InBothOrders(file.With("Invoice[3]/InvoiceDate", "x")), IsEmpty());
+  // That it corrects a later document by more than its net, 10.00, only follows.
+  EXPECT_THAT(InBothOrders(file.With(kNet, "10.01")), SizeIs(1));
   // What is out of the period is told by DATE-RANGE.
   EXPECT_THAT(InBothOrders(file.With("Invoice[2]/InvoiceDate", "2009-07-11")), IsEmpty());
   EXPECT_THAT(InBothOrders(file.With("Invoice[3]/InvoiceDate", "2007-07-10")), IsEmpty());

@@ -36,6 +36,12 @@ class ReferredNumber {
   std::optional<DocumentNumber> number_;
 };
 
+// A correction of a later document is told as such; nothing follows from it.
+bool Counts(const DocumentTable::Document& corrected, const std::optional<CalendarDate>& date) {
+  const auto of_corrected = corrected.Date();
+  return !date || !of_corrected || *of_corrected <= *date;
+}
+
 }  // namespace
 
 KeptElement DocumentReferences::Waiting::Kept() const {
@@ -100,6 +106,7 @@ void DocumentReferences::Take(const InvoiceFacts& facts, const DocumentTable& do
   all_numbered_ = all_numbered_ && documents.IsNumbered();
   if (!facts.IsDebitDocument()) return;
   TakeShares(facts);
+  const auto date = facts.date.Read() ? std::optional(*facts.date) : std::nullopt;
   for (const Share& share : shares_) {
     const TextFact& reference = share.line->references.credit_note.reference;
     if (!facts.number.Missing() && share.text == TrimWhiteSpace(*facts.number)) {
@@ -112,7 +119,7 @@ void DocumentReferences::Take(const InvoiceFacts& facts, const DocumentTable& do
     if (const auto document = documents.Find(*number.Get())) {
       found_.push_back({&reference, document});
       credit.document = *document;
-      if (facts.IsLive()) credits_.push_back(credit);
+      if (facts.IsLive() && Counts(documents[*document], date)) credits_.push_back(credit);
       continue;
     }
     Waiting& waiting = waiting_.emplace_back();
@@ -122,7 +129,7 @@ void DocumentReferences::Take(const InvoiceFacts& facts, const DocumentTable& do
     if (facts.lines.size() > 1) waiting.line = static_cast<uint32_t>(share.line - facts.lines.data() + 1);
     waiting.credit_note = *facts.type == "NC";
     waiting.state = DocumentTable::StateOf(facts);
-    if (facts.date.Read()) waiting.date = *facts.date;
+    waiting.date = date;
     waiting.credit = credit;
   }
 }
@@ -141,7 +148,7 @@ std::vector<DocumentReferences::Excess> DocumentReferences::Excesses(const Docum
   for (const Waiting& waiting : waiting_) {
     if (waiting.state != DocumentTable::State::kLive) continue;
     const auto document = Find(waiting, documents);
-    if (!document) continue;
+    if (!document || !Counts(documents[*document], waiting.date)) continue;
     credits.push_back(waiting.credit);
     credits.back().document = *document;
   }

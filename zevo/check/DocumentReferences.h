@@ -76,7 +76,8 @@ class DocumentReferences {
   /// Whether the file ought to have the document: it has the series, from a lower number on. Nothing is expected where
   /// some document has no number: it may be that one.
   bool IsExpected(const Waiting& waiting, const DocumentTable& documents) const;
-  /// In the order of the table. Cancelled documents, and those of which something is not known, are left out.
+  /// In the order of the table. Cancelled documents, and those of which something is not known, are left out; so are
+  /// corrections of a later document.
   std::vector<Excess> Excesses(const DocumentTable& documents) const;
 
  private:
