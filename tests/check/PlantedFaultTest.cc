@@ -380,8 +380,8 @@ Planted PlantSalesTotal(Field& field) {
 Planted PlantDocumentPeriod(Field& field) {
   const Place document = field.AnyLive();
   const int month = std::stoi(field.TextOf(document.At("Period")));
-  if (month > 1) return field.Changed("SI-PERIOD W", document, "Period", std::to_string(month - 1));
-  return field.Changed("SI-PERIOD I", document, "Period", "2");
+  const bool earlier = month == 12 || (month > 1 && field.Chance(2) == 0);
+  return field.Changed("SI-PERIOD W", document, "Period", std::to_string(earlier ? month - 1 : month + 1));
 }
 
 // Totals that count cancelled documents too are of another convention, which is told.
