@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/ProcessorTime.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zevo {
@@ -108,6 +109,20 @@ TEST_F(DocumentTableTest, WhatIsNotThereOrHasNoRoomIsNone) {
     EXPECT_EQ(table_[document].Net(), std::nullopt);
   }
   EXPECT_THAT(table_.AllSeries()[0].types, IsEmpty());
+}
+
+// A file chooses its series and numbers.
+TEST_F(DocumentTableTest, TheSameLongNumberInManySeriesTakesNoLonger) {
+  const auto seconds_of = [this](std::string_view number) {
+    std::vector<std::string> invoices;
+    for (int series = 0; series < 20'000; ++series) {
+      invoices.push_back("<InvoiceNo>FT " + std::to_string(series) + std::string(number) + "</InvoiceNo>");
+    }
+    table_ = {};
+    return testing::ProcessorSeconds([&] { Take(invoices); });
+  };
+  const double of_short = seconds_of("/1");
+  EXPECT_LT(seconds_of("/12345678901234567890"), 3 * of_short);
 }
 
 TEST_F(DocumentTableTest, LaterDatesAreGreater) {

@@ -99,11 +99,11 @@ DocumentTable::Value DocumentTable::ValueOf(const Document& document) const {
 }
 
 uint64_t DocumentTable::HashOf(uint32_t series, const Value& value) {
-  if (!value.digits.empty()) return KeyedHash(value.digits);
   std::array<char, sizeof series + sizeof value.number> bytes;
   std::memcpy(bytes.data(), &series, sizeof series);
   std::memcpy(bytes.data() + sizeof series, &value.number, sizeof value.number);
-  return KeyedHash({bytes.data(), bytes.size()});
+  const uint64_t hash = KeyedHash({bytes.data(), bytes.size()});
+  return value.digits.empty() ? hash : hash ^ KeyedHash(value.digits);
 }
 
 bool DocumentTable::IsWrittenLike(const Document& document, const DocumentNumber& number) const {
