@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <zevo/check/AmountSum.h>
 
+#include <string>
 #include <string_view>
 
 namespace zevo {
@@ -50,6 +51,13 @@ TEST(AmountSumTest, ANegativeAmountMayHaveBeenMeantOtherwise) {
   EXPECT_FALSE(sum.MayAllow(*Decimal::FromText("29.99"), other));
   other.Add(Amount("-1"));
   EXPECT_TRUE(sum.MayAllow(51, other));
+}
+
+TEST(AmountSumTest, ANegativeAmountMayHaveAnyLength) {
+  AmountSum sum;
+  sum.Add(Amount("-" + std::string(20'000, '9')));
+  EXPECT_TRUE(sum.MayAllow(*Decimal::FromText(std::string(20'000, '9')), {}));
+  EXPECT_FALSE(sum.MayAllow(*Decimal::FromText("1" + std::string(20'000, '0')), {}));
 }
 
 TEST(AmountSumTest, SumsAreAddedWithWhatIsKnownOfThem) {

@@ -28,7 +28,8 @@ bool AmountSum::Allows(const Decimal& total) const {
 }
 
 bool AmountSum::MayAllow(const Decimal& total, const AmountSum& other) const {
-  const Decimal highest = sum + negative * 2 + other.negative;
+  // Not twice: numbers may be too long to be multiplied.
+  const Decimal highest = sum + negative + negative + other.negative;
   return sum - Tolerance() <= total && total <= highest + Tolerance();
 }
 
