@@ -66,6 +66,9 @@ TEST_F(LedgerRulesTest, OfAmountsThatCannotBeReadNoSumIsJudged) {
   EXPECT_THAT(Findings(CleanFile().Without(kDebit)),
               ElementsAre("SCHEMA E Transaction 2008-03-05 V 1/Line[1]/DebitAmount "
                           "[] [DebitAmount, CreditAmount] []"));
+  EXPECT_THAT(
+      Findings(CleanFile().Without("Transaction/Line[3]").Without("Transaction/Line[2]").Without("Transaction/Line")),
+      ElementsAre("SCHEMA E Transaction 2008-03-05 V 1/Line [] [Line] []"));
   // The other side is judged all the same.
   EXPECT_THAT(FindingsOf("GL-SUM", CleanFile().With(kDebit, "x").With("GeneralLedgerEntries/TotalCredit", "1")),
               SizeIs(1));

@@ -203,6 +203,8 @@ TEST_F(SectionRulesTest, WhatCannotBeReadSilencesTheSums) {
                           "SI-SUM E SalesInvoices/TotalDebit [5] [4.00] [1]"));
   EXPECT_THAT(OfSection(CleanFile().Without("Invoice/Line/CreditAmount").With(kCredit, "1").With(kDebit, "5")),
               IsEmpty());
+  EXPECT_THAT(Findings(CleanFile().Without("Invoice[2]/Line")),
+              ElementsAre("SCHEMA E Invoice FT A/2/Line [] [Line] []"));
   EXPECT_THAT(OfSection(CleanFile().With(kCredit, "x")), IsEmpty());
   EXPECT_THAT(OfSection(CleanFile().Without(kCredit)), IsEmpty());
   // Of a cancelled document, sums that count it not are known.

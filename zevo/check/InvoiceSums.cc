@@ -102,6 +102,8 @@ bool CanMultiply(const EntityFacts& facts, const NumberFact& number) {
 
 void InvoiceSums::Take(const InvoiceFacts& facts) {
   *this = {};
+  // That there are no lines is told by SCHEMA.
+  if (facts.lines.empty()) debit_.known = credit_.known = false;
   for (const InvoiceLineFacts& line : facts.lines) {
     debit_.Add(line.debit);
     credit_.Add(line.credit);

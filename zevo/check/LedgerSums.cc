@@ -5,6 +5,8 @@ namespace zevo {
 
 void LedgerSums::Take(const TransactionFacts& facts) {
   of_this_ = {};
+  // That there are no lines is told by SCHEMA.
+  if (facts.lines.empty()) of_this_.debit.known = of_this_.credit.known = false;
   for (const EntryLineFacts& line : facts.lines) {
     of_this_.debit.Add(line.debit);
     of_this_.credit.Add(line.credit);

@@ -42,7 +42,7 @@ constexpr RuleSentence kOtherNet{
 
 std::optional<TotalFault> FaultOfNet(const InvoiceFacts& invoice, const InvoiceSums& sums) {
   const NumberFact& net = invoice.totals.net;
-  if (!net.Read() || !sums.Known() || invoice.lines.empty()) return std::nullopt;
+  if (!net.Read() || !sums.Known()) return std::nullopt;
   Decimal right = AbsoluteValue(sums.Net());
   Decimal difference = AbsoluteValue(*net) - right;
   if (difference.IsZero()) return std::nullopt;
@@ -100,7 +100,7 @@ constexpr RuleSentence kOtherTax{
      "TaxPayable is {found#}, but the taxes of the lines are {expected#} (difference {difference#})"}};
 
 std::optional<TotalFault> FaultOfTax(const InvoiceFacts& invoice, const InvoiceSums& sums) {
-  if (!sums.TaxKnown() || invoice.lines.empty() || !CanMultiply(invoice, invoice.totals.tax)) return std::nullopt;
+  if (!sums.TaxKnown() || !CanMultiply(invoice, invoice.totals.tax)) return std::nullopt;
   const Decimal payable = 100 * AbsoluteValue(*invoice.totals.tax);
   if (AbsoluteValue(payable - AbsoluteValue(sums.TaxInCents())) <= 1) return std::nullopt;
   const std::vector<Decimal> taxes = PossibleTaxesInCents(invoice);
