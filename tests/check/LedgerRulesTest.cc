@@ -242,6 +242,8 @@ TEST_F(LedgerRulesTest, AnInvoiceHasTheDateOfItsTransaction) {
   EXPECT_THAT(FindingsOf("GL-GROSS", file),
               ElementsAre("GL-GROSS W Invoice NC A/1/InvoiceDate [2008-07-09] [2008-07-10] []"));
   EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice[3]/InvoiceStatus", "A")), IsEmpty());
+  EXPECT_THAT(Findings(CleanFile().With("Invoice[3]/InvoiceDate", "2007-07-10")),
+              ElementsAre("DATE-RANGE E Invoice NC A/1/InvoiceDate [2007-07-10] [2008-01-01] []"));
   EXPECT_THAT(FindingsOf("GL-GROSS", CleanFile().With("Transaction[3]/TransactionDate", "x")), IsEmpty());
 }
 

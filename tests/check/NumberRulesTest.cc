@@ -220,6 +220,14 @@ TEST_F(NumberRulesTest, WhereTheDateStandsOutTheTimeOfEntryIsNotToldToo) {
               ElementsAre("NO-ORDER E Invoice FT A/3/InvoiceDate [2008-07-01] [2008-07-02 (FT A/2)] []"));
 }
 
+TEST_F(NumberRulesTest, DocumentsThatHaveNoPlaceInTheSeriesAreLeftOut) {
+  // The date is told by DATE-RANGE, the number by NO-FORM.
+  EXPECT_THAT(OrderOf(Dated({"01", "02", "03"}).With("Invoice[2]/InvoiceDate", "2007-07-02")), IsEmpty());
+  EXPECT_THAT(OrderOf(Dated({"02", "01", "03"}).With("Invoice[3]/InvoiceDate", "2009-07-02")), SizeIs(1));
+  EXPECT_THAT(OrderOf(Dated({"01", "02", "03"}).With("Invoice[3]/InvoiceNo", "FT A/0")), IsEmpty());
+  EXPECT_THAT(OrderOf(Dated({"02", "01", "03"}).With("Header/EndDate", "2007-01-01")), SizeIs(1));
+}
+
 TEST_F(NumberRulesTest, DatesThatCannotBeReadAreLeftOut) {
   EXPECT_THAT(OrderOf(Dated({"02", "xx", "03"})), IsEmpty());
   EXPECT_THAT(OrderOf(Dated({"03", "xx", "02"})), SizeIs(1));

@@ -256,7 +256,9 @@ void JudgeInvoiceOfTransaction(const InvoiceFacts& invoice, Judgement& judgement
     judgement.Tell(kMoreThanTransaction, invoice, invoice.totals.gross,
                    {.expected = std::string(*invoice.transaction_id), .difference = -*transaction->Left()});
   }
-  if (transaction->Date() && invoice.date.Read() && *invoice.date != *transaction->Date()) {
+  // A date out of the period is told by DATE-RANGE.
+  if (!invoice.date.Read() || !judgement.File().IsInPeriod(*invoice.date).value_or(true)) return;
+  if (transaction->Date() && *invoice.date != *transaction->Date()) {
     judgement.Tell(kDateOfTransaction, invoice, invoice.date, {.expected = transaction->Date()->Text()});
   }
 }

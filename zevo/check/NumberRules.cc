@@ -4,6 +4,7 @@
 #include <zevo/check/OutOfOrder.h>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string>
@@ -234,12 +235,21 @@ void JudgeLine(std::vector<uint32_t>& line, const OrderedElement& by, Judgement&
   line = std::move(in_line);
 }
 
+// Of a number 0 NO-FORM tells, of a date out of the period DATE-RANGE.
+bool HasPlaceInSeries(const CheckedFile& file, uint32_t number) {
+  const DocumentTable::Document& document = file.Documents()[number];
+  const auto date = document.Date();
+  return !file.Documents().NumberOf(document).IsZero() && (!date || file.IsInPeriod(*date).value_or(true));
+}
+
 void JudgeOrder(Judgement& judgement) {
   const DocumentTable& documents = judgement.File().Documents();
   ForEachSeries(documents, [&](std::span<const uint32_t> all) {
     const bool dates = IsInOrder(documents, all, kDates);
     if (dates && IsInOrder(documents, all, kEntries)) return;
-    std::vector<uint32_t> line(all.begin(), all.end());
+    std::vector<uint32_t> line;
+    std::ranges::copy_if(all, std::back_inserter(line),
+                         [&](uint32_t document) { return HasPlaceInSeries(judgement.File(), document); });
     if (!dates) JudgeLine(line, kDates, judgement);
     JudgeLine(line, kEntries, judgement);
   });
