@@ -41,8 +41,8 @@ TEST_F(KeyRulesTest, NorWhatItTellsLate) {
               ElementsAre("KEY-DUP E Transaction 2008-07-01 V 2/TransactionID [2008-07-01 V 2] [TransactionID] []",
                           "SCHEMA E Journal/JournalID [] [JournalID] []",
                           "GL-COUNT E GeneralLedgerEntries/NumberOfEntries [3] [4] [-1]",
-                          "GL-SUM E GeneralLedgerEntries/TotalDebit [49.30] [61.30] [-12]",
-                          "GL-SUM E GeneralLedgerEntries/TotalCredit [49.30] [61.30] [-12]"));
+                          "GL-SUM E GeneralLedgerEntries/TotalDebit [49.30] [61.30] [-12.00]",
+                          "GL-SUM E GeneralLedgerEntries/TotalCredit [49.30] [61.30] [-12.00]"));
 }
 
 TEST_F(KeyRulesTest, EachOneAfterTheFirstIsTold) {

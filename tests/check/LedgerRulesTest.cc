@@ -220,7 +220,7 @@ TEST_F(LedgerRulesTest, TheInvoicesOfATransactionAreNoMoreThanItsDebits) {
                                  .With("Invoice[2]/InvoiceDate", "2008-03-05")
                                  .With("Invoice[3]/InvoiceDate", "2008-03-05");
   EXPECT_THAT(FindingsOf("GL-GROSS", together),
-              ElementsAre("GL-GROSS W Invoice FT A/2/DocumentTotals/GrossTotal [12.00] [2008-03-05 V 1] [12]"));
+              ElementsAre("GL-GROSS W Invoice FT A/2/DocumentTotals/GrossTotal [12.00] [2008-03-05 V 1] [12.00]"));
   // Those that are not live do not count, nor does what cannot be read.
   EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice/InvoiceStatus", "A")), IsEmpty());
   EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice/InvoiceStatus", "F")), IsEmpty());
@@ -279,7 +279,7 @@ TEST_F(LedgerRulesTest, OpeningBalancesAreEqualOverMovementAccountsOrOverAll) {
   const CleanFile all = CleanFile().With("GeneralLedger[3]/OpeningDebitBalance", "0");
   EXPECT_THAT(Findings(all), IsEmpty());
   EXPECT_THAT(Findings(all.With("GeneralLedger[2]/OpeningDebitBalance", "99")),
-              ElementsAre("GL-OPENING W /AuditFile/MasterFiles [1500.00] [1600.00] [-100]"));
+              ElementsAre("GL-OPENING W /AuditFile/MasterFiles [1500.00] [1600.00] [-100.00]"));
   EXPECT_THAT(Findings(CleanFile().With("GeneralLedger[3]/OpeningDebitBalance", "x")),
               ElementsAre("READ E GeneralLedger 2111/OpeningDebitBalance [x] [decimal] []"));
 }

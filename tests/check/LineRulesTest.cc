@@ -82,19 +82,19 @@ TEST_F(LineRulesTest, TheAmountOfALineIsQuantityTimesPrice) {
   EXPECT_THAT(OfAmount("19.88"),
               ElementsAre("LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [19.88] [20 × 1.00 = 20.00] [-0.12]"));
   EXPECT_THAT(Findings(CleanFile().With("Invoice/Line/UnitPrice", "1.50")),
-              ElementsAre("LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [20.00] [20 × 1.50 = 30.00] [-10]"));
+              ElementsAre("LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [20.00] [20 × 1.50 = 30.00] [-10.00]"));
   EXPECT_THAT(Sentences(CleanFile().With("Invoice/Line/UnitPrice", "1.50")),
               ElementsAre("FT A/1, linha 1: o valor da linha é 20,00, mas a quantidade e o preço dão 20 × 1,50 = 30,00 "
-                          "(diferença -10).",
+                          "(diferença -10,00).",
                           "FT A/1, line 1: the amount of the line is 20.00, but quantity and price make 20 × 1.50 = "
-                          "30.00 (difference -10)."));
+                          "30.00 (difference -10.00)."));
   EXPECT_THAT(FindingsOf("LINE-AMOUNT", CleanFile().With("Invoice[3]/Line/Quantity", "5")),
-              ElementsAre("LINE-AMOUNT W Invoice NC A/1/Line/DebitAmount [4.00] [5 × 1.00 = 5.00] [-1]"));
+              ElementsAre("LINE-AMOUNT W Invoice NC A/1/Line/DebitAmount [4.00] [5 × 1.00 = 5.00] [-1.00]"));
 }
 
 TEST_F(LineRulesTest, OfACancelledDocumentTheAmountOfALineIsOnlyInformation) {
   EXPECT_THAT(OfAmount("25.00", CleanFile().With("Invoice/InvoiceStatus", "A")),
-              ElementsAre("LINE-AMOUNT I Invoice FT A/1/Line[1]/CreditAmount [25.00] [20 × 1.00 = 20.00] [5]"));
+              ElementsAre("LINE-AMOUNT I Invoice FT A/1/Line[1]/CreditAmount [25.00] [20 × 1.00 = 20.00] [5.00]"));
 }
 
 TEST_F(LineRulesTest, ASettlementMayBeInTheAmountOrNot) {
@@ -104,9 +104,9 @@ TEST_F(LineRulesTest, ASettlementMayBeInTheAmountOrNot) {
   EXPECT_THAT(OfAmount("17.89", file), IsEmpty());
   EXPECT_THAT(
       OfAmount("17.50", file),
-      ElementsAre("LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [17.50] [20 × 1.00 - 2.00 = 18.00] [-0.5]"));
+      ElementsAre("LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [17.50] [20 × 1.00 - 2.00 = 18.00] [-0.50]"));
   EXPECT_THAT(OfAmount("20.50", file),
-              ElementsAre("LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [20.50] [20 × 1.00 = 20.00] [0.5]"));
+              ElementsAre("LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [20.50] [20 × 1.00 = 20.00] [0.50]"));
   // What is given away.
   EXPECT_THAT(OfAmount("0.00", file.With("Invoice/Line/SettlementAmount", "20.00")), IsEmpty());
   EXPECT_THAT(OfAmount("17.50", file.With("Invoice/Line/SettlementAmount", "x")), IsEmpty());

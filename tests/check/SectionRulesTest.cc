@@ -107,8 +107,8 @@ TEST_F(SectionRulesTest, TheTotalsAreTheSumsOfTheLinesOfLiveDocuments) {
                           "Invoices: TotalCredit is 40.01, but the credits of the lines are 40.00 (difference "
                           "0.01)."));
   EXPECT_THAT(Sentences(CleanFile().With(kDebit, "5")),
-              ElementsAre("Faturas: TotalDebit é 5, mas os débitos das linhas somam 4,00 (diferença 1).",
-                          "Invoices: TotalDebit is 5, but the debits of the lines are 4.00 (difference 1)."));
+              ElementsAre("Faturas: TotalDebit é 5, mas os débitos das linhas somam 4,00 (diferença 1,00).",
+                          "Invoices: TotalDebit is 5, but the debits of the lines are 4.00 (difference 1.00)."));
 }
 
 TEST_F(SectionRulesTest, AmountsOfMoreDecimalsMayBeOffByHalfACentEach) {
@@ -129,7 +129,7 @@ TEST_F(SectionRulesTest, OtherWaysToSumDocumentsAreInformation) {
               ElementsAre("SI-SUM I SalesInvoices/TotalCredit [140] [30.00] []"));
   EXPECT_THAT(OfSection(OfEachState().With(kCredit, "41")),
               ElementsAre("SI-SUM E SalesInvoices/TotalCredit [41] [30.00 (11.00), 40.00 (1.00), 1140.00 (-1099.00), "
-                          "140.00 (-99.00)] [11]"));
+                          "140.00 (-99.00)] [11.00]"));
   // A tolerance is that of the lines that count.
   EXPECT_THAT(OfSection(OfEachState().With("Invoice[3]/Line/CreditAmount", "100.001").With(kCredit, "30.005")),
               SizeIs(1));
@@ -200,7 +200,7 @@ TEST_F(SectionRulesTest, WhatFollowsFromANegativeAmountIsNotTold) {
 TEST_F(SectionRulesTest, WhatCannotBeReadSilencesTheSums) {
   EXPECT_THAT(Findings(CleanFile().With("Invoice/Line/CreditAmount", "x").With(kCredit, "1").With(kDebit, "5")),
               ElementsAre("READ E Invoice FT A/1/Line[1]/CreditAmount [x] [decimal] []",
-                          "SI-SUM E SalesInvoices/TotalDebit [5] [4.00] [1]"));
+                          "SI-SUM E SalesInvoices/TotalDebit [5] [4.00] [1.00]"));
   EXPECT_THAT(OfSection(CleanFile().Without("Invoice/Line/CreditAmount").With(kCredit, "1").With(kDebit, "5")),
               IsEmpty());
   EXPECT_THAT(Findings(CleanFile().Without("Invoice[2]/Line")),

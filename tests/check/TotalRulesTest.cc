@@ -65,15 +65,15 @@ TEST_F(TotalRulesTest, TheNetTotalIsThatOfTheLines) {
               ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [30.03] [30.00] [0.03]"));
   EXPECT_THAT(of(CleanFile(), "30.0100000000000000000001"), SizeIs(1));
   EXPECT_THAT(of(CleanFile().With("Invoice/InvoiceStatus", "A"), "31"),
-              ElementsAre("TOT-NET I Invoice FT A/1/DocumentTotals/NetTotal [31] [30.00] [1]"));
+              ElementsAre("TOT-NET I Invoice FT A/1/DocumentTotals/NetTotal [31] [30.00] [1.00]"));
   EXPECT_THAT(FindingsOf("TOT-NET", CleanFile().With("Invoice[3]/DocumentTotals/NetTotal", "5.00")),
-              ElementsAre("TOT-NET E Invoice NC A/1/DocumentTotals/NetTotal [5.00] [4.00] [1]"));
+              ElementsAre("TOT-NET E Invoice NC A/1/DocumentTotals/NetTotal [5.00] [4.00] [1.00]"));
   EXPECT_THAT(of(CleanFile().With("Invoice/Line/CreditAmount", "x"), "31"), IsEmpty());
   EXPECT_THAT(of(CleanFile(), "x"), IsEmpty());
   EXPECT_THAT(of(CleanFile().Without("Invoice/Line[2]").Without("Invoice/Line"), "31"), IsEmpty());
   EXPECT_THAT(Sentences(CleanFile().With(kNet, "31.00").With(kGross, "34.10")),
-              ElementsAre("FT A/1: NetTotal é 31,00, mas os valores das linhas dão 30,00 (diferença 1).",
-                          "FT A/1: NetTotal is 31.00, but the amounts of the lines make 30.00 (difference 1)."));
+              ElementsAre("FT A/1: NetTotal é 31,00, mas os valores das linhas dão 30,00 (diferença 1,00).",
+                          "FT A/1: NetTotal is 31.00, but the amounts of the lines make 30.00 (difference 1.00)."));
 }
 
 TEST_F(TotalRulesTest, DebitsAndCreditsCountAgainstEachOther) {
@@ -82,9 +82,9 @@ TEST_F(TotalRulesTest, DebitsAndCreditsCountAgainstEachOther) {
                              .Behind("Invoice/Line[2]/Description", "<DebitAmount>10.00</DebitAmount>");
   EXPECT_THAT(FindingsOf("TOT-NET", file.With(kNet, "10.00")), IsEmpty());
   EXPECT_THAT(FindingsOf("TOT-NET", file),
-              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [30.00] [20.00 - 10.00 = 10.00] [20]"));
+              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [30.00] [20.00 - 10.00 = 10.00] [20.00]"));
   EXPECT_THAT(FindingsOf("TOT-NET", file.With("Invoice/Line[2]/DebitAmount", "50.00").With(kNet, "31.00")),
-              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [31.00] [50.00 - 20.00 = 30.00] [1]"));
+              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [31.00] [50.00 - 20.00 = 30.00] [1.00]"));
 }
 
 TEST_F(TotalRulesTest, AmountsThatAreNegativeMayHaveBeenMeantOtherwise) {
@@ -126,14 +126,14 @@ TEST_F(TotalRulesTest, TheTaxIsThatOfTheLines) {
   EXPECT_THAT(FindingsOf("TOT-TAX", CleanFile().With(kTax, "3.07")),
               ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [3.07] [3.10] [-0.03]"));
   const CleanFile file = CleanFile().With(kTax, "4.10").With(kGross, "34.10");
-  EXPECT_THAT(Findings(file), ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [4.10] [3.10] [1]"));
+  EXPECT_THAT(Findings(file), ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [4.10] [3.10] [1.00]"));
   EXPECT_THAT(FindingsOf("TOT-TAX", file.With("Invoice/InvoiceStatus", "A")),
-              ElementsAre("TOT-TAX I Invoice FT A/1/DocumentTotals/TaxPayable [4.10] [3.10] [1]"));
+              ElementsAre("TOT-TAX I Invoice FT A/1/DocumentTotals/TaxPayable [4.10] [3.10] [1.00]"));
   EXPECT_THAT(Sentences(file),
-              ElementsAre("FT A/1: TaxPayable é 4,10, mas os impostos das linhas somam 3,10 (diferença 1).",
-                          "FT A/1: TaxPayable is 4.10, but the taxes of the lines are 3.10 (difference 1)."));
+              ElementsAre("FT A/1: TaxPayable é 4,10, mas os impostos das linhas somam 3,10 (diferença 1,00).",
+                          "FT A/1: TaxPayable is 4.10, but the taxes of the lines are 3.10 (difference 1.00)."));
   EXPECT_THAT(FindingsOf("TOT-TAX", CleanFile().With("Invoice[3]/DocumentTotals/TaxPayable", "1.20")),
-              ElementsAre("TOT-TAX E Invoice NC A/1/DocumentTotals/TaxPayable [1.20] [0.20] [1]"));
+              ElementsAre("TOT-TAX E Invoice NC A/1/DocumentTotals/TaxPayable [1.20] [0.20] [1.00]"));
 }
 
 TEST_F(TotalRulesTest, TheTaxMayBeRoundedByLine) {
@@ -184,7 +184,7 @@ TEST_F(TotalRulesTest, ATaxAmountCountsByLineOrByQuantity) {
   EXPECT_THAT(FindingsOf("TOT-TAX", file.With(kTax, "3.60")), IsEmpty());
   EXPECT_THAT(FindingsOf("TOT-TAX", file.With(kTax, "8.10")), IsEmpty());
   EXPECT_THAT(FindingsOf("TOT-TAX", file.With(kTax, "5.10")),
-              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [5.10] [3.60] [1.5]"));
+              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [5.10] [3.60] [1.50]"));
   // On the other side it counts against it.
   const CleanFile debit =
       file.Without("Invoice/Line/CreditAmount").Behind("Invoice/Line/Description", "<DebitAmount>20.00</DebitAmount>");
@@ -196,7 +196,7 @@ TEST_F(TotalRulesTest, LinesWithoutTaxHaveNone) {
   EXPECT_THAT(FindingsOf("TOT-TAX", CleanFile().Without("Invoice/Line[2]/Tax").With(kTax, "1.00")), IsEmpty());
   const CleanFile none = CleanFile().Without("Invoice/Line[2]/Tax").Without("Invoice/Line/Tax");
   EXPECT_THAT(FindingsOf("TOT-TAX", none),
-              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [3.10] [0.00] [3.1]"));
+              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [3.10] [0.00] [3.10]"));
   EXPECT_THAT(FindingsOf("TOT-TAX", none.With(kTax, "0.00")), IsEmpty());
   // What is not known is not judged.
   const CleanFile wrong = CleanFile().With(kTax, "9.00");
@@ -240,9 +240,9 @@ TEST_F(TotalRulesTest, EachSideOfTheGrossTotalIsRoundedOnce) {
 
 TEST_F(TotalRulesTest, AGrossTotalThatGoesWithTheLinesIsNotToldBesideAnother) {
   EXPECT_THAT(Findings(CleanFile().With(kNet, "20.00")),
-              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [20.00] [30.00] [-10]"));
+              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [20.00] [30.00] [-10.00]"));
   EXPECT_THAT(Findings(CleanFile().With(kTax, "2.10")),
-              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [2.10] [3.10] [-1]"));
+              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [2.10] [3.10] [-1.00]"));
   EXPECT_THAT(Findings(CleanFile().With(kTax, "2.10").With(kNet, "20.00")), SizeIs(2));
   // One that goes with neither is told, and so is one beside a warning.
   EXPECT_THAT(FindingsOf("TOT-GROSS", CleanFile().With(kNet, "20.00").With(kGross, "40.00")), SizeIs(1));
@@ -252,10 +252,10 @@ TEST_F(TotalRulesTest, AGrossTotalThatGoesWithTheLinesIsNotToldBesideAnother) {
   checker_.set_Severity("TOT-SIGN", Severity::kOff);
   EXPECT_THAT(FindingsOf("TOT-GROSS", CleanFile().With(kGross, "-33.10")),
               ElementsAre("TOT-GROSS E Invoice FT A/1/DocumentTotals/GrossTotal [-33.10] [30.00 + 3.10 = 33.10] "
-                          "[-66.2]"));
+                          "[-66.20]"));
   EXPECT_THAT(FindingsOf("TOT-GROSS", CleanFile().With(kTax, "-3.10").With(kGross, "33.10")),
               ElementsAre("TOT-GROSS E Invoice FT A/1/DocumentTotals/GrossTotal [33.10] [30.00 - 3.10 = 26.90] "
-                          "[6.2]"));
+                          "[6.20]"));
 }
 
 TEST_F(TotalRulesTest, ASettlementDoesNotChangeTheGrossTotal) {

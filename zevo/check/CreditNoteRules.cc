@@ -130,7 +130,7 @@ void JudgeLateCorrections(Judgement& judgement) {
     judgement.Tell(kCorrectedByMore, documents.Keep(documents[excess.document], DocumentTable::Element::kNumber),
                    {.found = MoneyText(excess.corrected),
                     .expected = MoneyText(excess.net),
-                    .difference = excess.corrected - excess.net});
+                    .difference = MoneyText(excess.corrected - excess.net)});
   }
 }
 

@@ -50,11 +50,12 @@ void JudgeBasisAtEnd(Judgement& judgement) {
   if (!file.Header().IsThere()) return;
   const HeaderFacts& header = *file.Header();
   if (header.HasBasis("C") && file.Invoices() > 0) {
-    judgement.Tell(kInvoicesInLedgerFile, header, header.basis, {.expected = "I", .difference = file.Invoices()});
+    judgement.Tell(kInvoicesInLedgerFile, header, header.basis,
+                   {.expected = "I", .difference = std::to_string(file.Invoices())});
   }
   if (header.HasBasis("F") && file.Ledger().Transactions() > 0) {
     judgement.Tell(kEntriesInInvoicesFile, header, header.basis,
-                   {.expected = "I", .difference = file.Ledger().Transactions()});
+                   {.expected = "I", .difference = std::to_string(file.Ledger().Transactions())});
   }
   const bool ledger = header.HasBasis("C") || header.HasBasis("I");
   const bool invoices = header.HasBasis("F") || header.HasBasis("I") || header.HasBasis("S");

@@ -31,7 +31,7 @@ void Judgement::Tell(const RuleSentence& sentence, const KeptElement& at, Findin
   finding.found = std::move(values.found);
   if (finding.found.empty()) finding.found = at.text;
   finding.expected = std::move(values.expected);
-  if (values.difference) finding.difference = values.difference->Text();
+  finding.difference = std::move(values.difference);
   finding.wording.sentence = &sentence.text;
   findings_.Tell(rule_, std::move(finding));
 }

@@ -6,11 +6,9 @@
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/Findings.h>
 #include <zevo/check/KeptElement.h>
-#include <zevo/model/Decimal.h>
 #include <zevo/model/Finding.h>
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,11 +20,12 @@ struct RuleSentence {
   Sentence text;
 };
 
-/// What a finding says beside its element. What is found is the text of the element where nothing else is said.
+/// What a finding says beside its element, numbers with a point. What is found is the text of the element where nothing
+/// else is said.
 struct FindingValues {
   std::string found = {};
   std::string expected = {};
-  std::optional<Decimal> difference = {};
+  std::string difference = {};
   Severity at_most = Severity::kError;  ///< softer than the sentence
 };
 

@@ -28,7 +28,7 @@ void JudgeNumberOfEntries(Judgement& judgement) {
   const Decimal count = file.Ledger().Transactions();
   if (!section.entries.Read() || *section.entries == count) return;
   judgement.Tell(kOtherNumberOfEntries, section, section.entries,
-                 {.expected = count.Text(), .difference = *section.entries - count});
+                 {.expected = count.Text(), .difference = (*section.entries - count).Text()});
 }
 
 // GL-SUM
@@ -45,7 +45,7 @@ constexpr RuleSentence kOtherTotalCredit{
 void JudgeTotal(const RuleSentence& sentence, const NumberFact& total, const AmountSum& sum, Judgement& judgement) {
   if (!total.Read() || !sum.known || sum.Allows(*total)) return;
   judgement.Tell(sentence, *judgement.File().LedgerEntries(), total,
-                 {.expected = MoneyText(sum.sum), .difference = *total - sum.sum});
+                 {.expected = MoneyText(sum.sum), .difference = MoneyText(*total - sum.sum)});
 }
 
 void JudgeTotals(Judgement& judgement) {
@@ -67,7 +67,7 @@ void JudgeBalance(const TransactionFacts& transaction, Judgement& judgement) {
   judgement.Tell(kUnbalanced, transaction, ElementSpot(),
                  {.found = MoneyText(sums.debit.sum),
                   .expected = MoneyText(sums.credit.sum),
-                  .difference = sums.debit.sum - sums.credit.sum});
+                  .difference = MoneyText(sums.debit.sum - sums.credit.sum)});
 }
 
 // GL-TID
@@ -161,16 +161,16 @@ void JudgeLedgerPeriod(const TransactionFacts& transaction, Judgement& judgement
   const auto month = judgement.File().FiscalMonthOf(*transaction.date);
   if (!month) return;
   const int64_t period = *transaction.period;
-  const auto tell = [&](const RuleSentence& sentence, std::optional<Decimal> difference) {
+  const auto tell = [&](const RuleSentence& sentence, std::string difference) {
     judgement.Tell(sentence, transaction, transaction.period,
                    {.expected = std::to_string(*month), .difference = std::move(difference)});
   };
   if (period > 12 && period <= 16) {
-    if (*month < 12) tell(kClosingBeforeTheEnd, std::nullopt);
+    if (*month < 12) tell(kClosingBeforeTheEnd, {});
   } else if (period >= 1 && period < *month) {
-    tell(kPeriodBeforeDate, period - *month);
+    tell(kPeriodBeforeDate, std::to_string(period - *month));
   } else if (period <= 12 && period > *month) {
-    tell(kPeriodAfterDate, period - *month);
+    tell(kPeriodAfterDate, std::to_string(period - *month));
   }
 }
 
@@ -254,7 +254,7 @@ void JudgeInvoiceOfTransaction(const InvoiceFacts& invoice, Judgement& judgement
   if (transaction == nullptr) return;
   if (judgement.File().InvoiceExceedsTransaction()) {
     judgement.Tell(kMoreThanTransaction, invoice, invoice.totals.gross,
-                   {.expected = std::string(*invoice.transaction_id), .difference = -*transaction->Left()});
+                   {.expected = std::string(*invoice.transaction_id), .difference = MoneyText(-*transaction->Left())});
   }
   // A date out of the period is told by DATE-RANGE.
   if (!invoice.date.Read() || !judgement.File().IsInPeriod(*invoice.date).value_or(true)) return;
@@ -302,9 +302,11 @@ void JudgeOpeningSums(Judgement& judgement) {
   const AccountPlan::Balances moved = accounts.OpeningOfMovementAccounts();
   const AccountPlan::Balances all = accounts.OpeningOfAll();
   if (moved.debit == moved.credit || all.debit == all.credit) return;
-  judgement.Tell(
-      kOpeningUnbalanced, KeptElement{.kind = {}, .key = {}, .path = "/AuditFile/MasterFiles", .place = {}, .text = {}},
-      {.found = MoneyText(moved.debit), .expected = MoneyText(moved.credit), .difference = moved.debit - moved.credit});
+  judgement.Tell(kOpeningUnbalanced,
+                 KeptElement{.kind = {}, .key = {}, .path = "/AuditFile/MasterFiles", .place = {}, .text = {}},
+                 {.found = MoneyText(moved.debit),
+                  .expected = MoneyText(moved.credit),
+                  .difference = MoneyText(moved.debit - moved.credit)});
 }
 
 constexpr Rule kLedgerRules[] = {

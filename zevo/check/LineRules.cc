@@ -91,7 +91,7 @@ void JudgeLineAmounts(const InvoiceFacts& invoice, Judgement& judgement) {
     const InvoiceLineFacts& line = invoice.lines[fault.line];
     judgement.Tell(kOtherAmount, invoice, *LineAmounts::AmountOf(line),
                    {.expected = LineAmounts::ExpectedOf(line, fault.less_settlement),
-                    .difference = fault.difference,
+                    .difference = MoneyText(fault.difference),
                     .at_most = MostSeverity(invoice)});
   }
 }
@@ -101,7 +101,7 @@ void JudgeDoubtfulAmounts(Judgement& judgement) {
   for (const LineAmounts::KeptFault* fault : wrong.kept) {
     judgement.Tell(kOtherAmount, fault->at,
                    {.expected = fault->expected,
-                    .difference = fault->difference,
+                    .difference = MoneyText(fault->difference),
                     .at_most = fault->cancelled ? Severity::kInformation : Severity::kError});
   }
   judgement.TellMore(kOtherAmount, wrong.more);

@@ -105,7 +105,8 @@ void JudgeCodes(Judgement& judgement) {
     if (other.use.documents == 1) {
       judgement.Tell(kOtherType, at, {.expected = std::string(other.expected)});
     } else {
-      judgement.Tell(kOtherTypes, at, {.expected = std::string(other.expected), .difference = other.use.documents - 1});
+      judgement.Tell(kOtherTypes, at,
+                     {.expected = std::string(other.expected), .difference = std::to_string(other.use.documents - 1)});
     }
   }
 }
@@ -148,7 +149,7 @@ void JudgeGap(const DocumentTable& documents, uint32_t lower, uint32_t higher, J
     judgement.Tell(kMissingNumber, at, {.expected = from.Text(), .at_most = at_most});
   } else {
     judgement.Tell(kMissingNumbers, at,
-                   {.expected = from.Text() + "-" + to.Text(), .difference = missing, .at_most = at_most});
+                   {.expected = from.Text() + "-" + to.Text(), .difference = missing.Text(), .at_most = at_most});
   }
 }
 

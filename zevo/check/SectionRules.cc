@@ -81,10 +81,10 @@ void JudgeNumberOfInvoices(Judgement& judgement) {
   const auto text = [](Decimal count) { return count.Text(); };
   if (AreAllEqual(counts)) {
     judgement.Tell(kOtherNumberOfInvoices, section, section.entries,
-                   {.expected = all, .difference = entries - counts[0]});
+                   {.expected = all, .difference = (entries - counts[0]).Text()});
   } else {
     judgement.Tell(kNoNumberOfInvoices, section, section.entries,
-                   {.expected = SumsAndDifferences(counts, entries, text), .difference = entries - counts[0]});
+                   {.expected = SumsAndDifferences(counts, entries, text), .difference = (entries - counts[0]).Text()});
   }
 }
 
@@ -183,10 +183,11 @@ void JudgeTotalOfInvoices(const SectionTotal& of, Judgement& judgement) {
   if (!known || doubtful) return;
   const auto text = [](Decimal sum) { return MoneyText(sum); };
   if (AreAllEqual(sums)) {
-    judgement.Tell(of.other, section, total, {.expected = MoneyText(sums[0]), .difference = *total - sums[0]});
+    judgement.Tell(of.other, section, total,
+                   {.expected = MoneyText(sums[0]), .difference = MoneyText(*total - sums[0])});
   } else {
     judgement.Tell(of.none, section, total,
-                   {.expected = SumsAndDifferences(sums, *total, text), .difference = *total - sums[0]});
+                   {.expected = SumsAndDifferences(sums, *total, text), .difference = MoneyText(*total - sums[0])});
   }
 }
 
@@ -208,7 +209,7 @@ void JudgePeriodOfInvoice(const InvoiceFacts& invoice, Judgement& judgement) {
   const auto month = judgement.File().FiscalMonthOf(*invoice.date);
   if (!month || *invoice.period == *month) return;
   judgement.Tell(kOtherPeriod, invoice, invoice.period,
-                 {.expected = std::to_string(*month), .difference = Decimal(*invoice.period) - *month});
+                 {.expected = std::to_string(*month), .difference = std::to_string(*invoice.period - *month)});
 }
 
 constexpr Rule kSectionRules[] = {

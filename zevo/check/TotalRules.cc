@@ -72,7 +72,7 @@ void JudgeNet(const InvoiceFacts& invoice, Judgement& judgement) {
   judgement.Tell(kOtherNet, invoice, invoice.totals.net,
                  {.found = {},
                   .expected = NetFormula(sums, fault->right),
-                  .difference = fault->difference,
+                  .difference = MoneyText(fault->difference),
                   .at_most = std::min(fault->severity, MostSeverity(invoice))});
 }
 
@@ -118,7 +118,7 @@ void JudgeTax(const InvoiceFacts& invoice, Judgement& judgement) {
   judgement.Tell(kOtherTax, invoice, invoice.totals.tax,
                  {.found = {},
                   .expected = MoneyText(fault->right),
-                  .difference = fault->difference,
+                  .difference = MoneyText(fault->difference),
                   .at_most = std::min(fault->severity, MostSeverity(invoice))});
 }
 
@@ -163,7 +163,7 @@ void JudgeGross(const InvoiceFacts& invoice, Judgement& judgement) {
                  {.found = {},
                   .expected = MoneyText(*totals.net) + (totals.tax->IsNegative() ? " - " : " + ") +
                               MoneyText(AbsoluteValue(*totals.tax)) + " = " + MoneyText(sum),
-                  .difference = gross - sum,
+                  .difference = MoneyText(gross - sum),
                   .at_most = MostSeverity(invoice)});
 }
 

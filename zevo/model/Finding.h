@@ -84,7 +84,8 @@ struct Finding {
   std::string found;
   /// What would be right, with the formula where there is one: "75.00 + 17.25 = 92.25".
   std::string expected;
-  /// By how much they differ, a number with a point; empty where there is no such number.
+  /// By how much they differ, a number with a point, amounts with two decimals at least; empty where there is no such
+  /// number.
   std::string difference;
   /// Which sentence tells it.
   Wording wording;
