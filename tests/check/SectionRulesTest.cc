@@ -90,10 +90,10 @@ TEST_F(SectionRulesTest, WhichDocumentsWereCountedIsSaidInBothLanguages) {
                           "TransactionID \"Anulado\"; in all they are 8."));
   EXPECT_THAT(
       of_entries("9"),
-      ElementsAre("Faturas: NumberOfEntries é 9; os documentos são, com as diferenças, ao todo, sem os "
-                  "anulados e sem os de TransactionID \"Anulado\": 8 (1), 4 (5), 6 (3).",
-                  "Invoices: NumberOfEntries is 9; the documents are, with the differences, in all, "
-                  "without cancelled ones and without those of TransactionID \"Anulado\": 8 (1), 4 (5), 6 (3)."));
+      ElementsAre("Faturas: NumberOfEntries é 9; os documentos, com a diferença, são 8 (1) ao todo, 4 (5) sem os "
+                  "anulados e 6 (3) sem os de TransactionID \"Anulado\".",
+                  "Invoices: NumberOfEntries is 9; the documents, with the difference, are 8 (1) in all, 4 (5) without "
+                  "cancelled ones and 6 (3) without those of TransactionID \"Anulado\"."));
 }
 
 TEST_F(SectionRulesTest, TheTotalsAreTheSumsOfTheLinesOfLiveDocuments) {
@@ -157,12 +157,12 @@ TEST_F(SectionRulesTest, WhichDocumentsWereSummedIsSaidInBothLanguages) {
                           "Invoices: TotalCredit, 140, is of the credits of all documents but those of "
                           "TransactionID \"Anulado\"; of live ones only it would be 30.00."));
   EXPECT_THAT(of_total(kCredit, "41"),
-              ElementsAre("Faturas: TotalCredit é 41; os créditos das linhas somam, com as diferenças, nos documentos "
-                          "em vigor, nos não anulados, em todos e nos que não têm TransactionID \"Anulado\": 30,00 "
-                          "(11,00), 40,00 (1,00), 1140,00 (-1099,00), 140,00 (-99,00).",
-                          "Invoices: TotalCredit is 41; the credits of the lines are, with the differences, of "
-                          "live documents, of those not cancelled, of all and of those without TransactionID "
-                          "\"Anulado\": 30.00 (11.00), 40.00 (1.00), 1140.00 (-1099.00), 140.00 (-99.00)."));
+              ElementsAre("Faturas: TotalCredit é 41; os créditos das linhas, com a diferença, somam 30,00 (11,00) nos "
+                          "documentos em vigor, 40,00 (1,00) nos não anulados, 1140,00 (-1099,00) em todos e 140,00 "
+                          "(-99,00) nos que não têm TransactionID \"Anulado\".",
+                          "Invoices: TotalCredit is 41; the credits of the lines, with the difference, are 30.00 "
+                          "(11.00) of live documents, 40.00 (1.00) of those not cancelled, 1140.00 (-1099.00) of all "
+                          "and 140.00 (-99.00) of those without TransactionID \"Anulado\"."));
   EXPECT_THAT(of_total(kDebit, "9"),
               ElementsAre("Faturas: TotalDebit, 9, soma também os débitos dos documentos resumidos noutros (estado "
                           "F); sem eles seria 4,00.",
@@ -178,13 +178,14 @@ TEST_F(SectionRulesTest, WhichDocumentsWereSummedIsSaidInBothLanguages) {
                           "\"Anulado\"; só dos que estão em vigor seria 4,00.",
                           "Invoices: TotalDebit, 59, is of the debits of all documents but those of TransactionID "
                           "\"Anulado\"; of live ones only it would be 4.00."));
-  EXPECT_THAT(of_total(kDebit, "1"),
-              ElementsAre("Faturas: TotalDebit é 1; os débitos das linhas somam, com as diferenças, nos documentos em "
-                          "vigor, nos não anulados, em todos e nos que não têm TransactionID \"Anulado\": 4,00 "
-                          "(-3,00), 9,00 (-8,00), 559,00 (-558,00), 59,00 (-58,00).",
-                          "Invoices: TotalDebit is 1; the debits of the lines are, with the differences, of live "
-                          "documents, of those not cancelled, of all and of those without TransactionID \"Anulado\": "
-                          "4.00 (-3.00), 9.00 (-8.00), 559.00 (-558.00), 59.00 (-58.00)."));
+  EXPECT_THAT(
+      of_total(kDebit, "1"),
+      ElementsAre("Faturas: TotalDebit é 1; os débitos das linhas, com a diferença, somam 4,00 (-3,00) nos documentos "
+                  "em vigor, 9,00 (-8,00) nos não anulados, 559,00 (-558,00) em todos e 59,00 (-58,00) nos que "
+                  "não têm TransactionID \"Anulado\".",
+                  "Invoices: TotalDebit is 1; the debits of the lines, with the difference, are 4.00 (-3.00) "
+                  "of live documents, 9.00 (-8.00) of those not cancelled, 559.00 (-558.00) of all and 59.00 "
+                  "(-58.00) of those without TransactionID \"Anulado\"."));
 }
 
 TEST_F(SectionRulesTest, WhatFollowsFromANegativeAmountIsNotTold) {

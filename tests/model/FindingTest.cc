@@ -40,6 +40,16 @@ TEST(FindingTest, WhatIsNoNumberKeepsItsPoints) {
   EXPECT_EQ(Portuguese(finding), "Produto P.1: 92.26 devia ser 75.00 + 17.25 = 92.25.");
 }
 
+TEST(FindingTest, ASentenceMayNameEachOfSeveralValues) {
+  static constexpr Sentence kEach{"são {expected1#}, {expected3} e {expected2#}[{expected4}]",
+                                  "they are {expected1#}, {expected3} and {expected2#}[{expected4}]"};
+  Finding finding = Of(EntityKind::kSalesInvoices, "", "TotalDebit");
+  finding.expected = std::string(90, '1') + ".00 (5.00), 42.00 (3.00), 9.5";
+  finding.wording.sentence = &kEach;
+  EXPECT_EQ(Portuguese(finding), "Faturas: são " + std::string(90, '1') + ",00 (5,00), 9.5 e 42,00 (3,00)[].");
+  EXPECT_EQ(English(finding), "Invoices: they are " + std::string(90, '1') + ".00 (5.00), 9.5 and 42.00 (3.00)[].");
+}
+
 TEST(FindingTest, ASentenceBeginsWithTheRecord) {
   const auto begins = [](EntityKind kind, std::string key, std::string path = {}) {
     const Finding finding = Of(kind, std::move(key), std::move(path));

@@ -43,10 +43,10 @@ constexpr RuleSentence kOtherNumberOfInvoices{
      "NumberOfEntries is {found#}, but the file has {expected#} documents (difference {difference#})"}};
 constexpr RuleSentence kNoNumberOfInvoices{
     Severity::kError,
-    {"NumberOfEntries é {found#}; os documentos são, com as diferenças, ao todo, sem os anulados e sem os de "
-     "TransactionID \"Anulado\": {expected#}",
-     "NumberOfEntries is {found#}; the documents are, with the differences, in all, without cancelled ones and without "
-     "those of TransactionID \"Anulado\": {expected#}"}};
+    {"NumberOfEntries é {found#}; os documentos, com a diferença, são {expected1#} ao todo, {expected2#} sem os "
+     "anulados e {expected3#} sem os de TransactionID \"Anulado\"",
+     "NumberOfEntries is {found#}; the documents, with the difference, are {expected1#} in all, {expected2#} without "
+     "cancelled ones and {expected3#} without those of TransactionID \"Anulado\""}};
 constexpr RuleSentence kWithoutCancelled{
     Severity::kInformation,
     {"NumberOfEntries, {found#}, é o número de documentos sem os anulados; ao todo são {expected#}",
@@ -109,10 +109,12 @@ constexpr SectionTotal kTotalDebit{
      {"TotalDebit é {found#}, mas os débitos das linhas somam {expected#} (diferença {difference#})",
       "TotalDebit is {found#}, but the debits of the lines are {expected#} (difference {difference#})"}},
     {Severity::kError,
-     {"TotalDebit é {found#}; os débitos das linhas somam, com as diferenças, nos documentos em vigor, nos não "
-      "anulados, em todos e nos que não têm TransactionID \"Anulado\": {expected#}",
-      "TotalDebit is {found#}; the debits of the lines are, with the differences, of live documents, of those not "
-      "cancelled, of all and of those without TransactionID \"Anulado\": {expected#}"}},
+     {"TotalDebit é {found#}; os débitos das linhas, com a diferença, somam {expected1#} nos documentos em vigor, "
+      "{expected2#} nos não anulados, {expected3#} em todos e {expected4#} nos que não têm TransactionID "
+      "\"Anulado\"",
+      "TotalDebit is {found#}; the debits of the lines, with the difference, are {expected1#} of live documents, "
+      "{expected2#} of those not cancelled, {expected3#} of all and {expected4#} of those without TransactionID "
+      "\"Anulado\""}},
     {{{Severity::kInformation,
        {"TotalDebit, {found#}, soma também os débitos dos documentos resumidos noutros (estado F); sem eles seria "
         "{expected#}",
@@ -136,10 +138,12 @@ constexpr SectionTotal kTotalCredit{
      {"TotalCredit é {found#}, mas os créditos das linhas somam {expected#} (diferença {difference#})",
       "TotalCredit is {found#}, but the credits of the lines are {expected#} (difference {difference#})"}},
     {Severity::kError,
-     {"TotalCredit é {found#}; os créditos das linhas somam, com as diferenças, nos documentos em vigor, nos não "
-      "anulados, em todos e nos que não têm TransactionID \"Anulado\": {expected#}",
-      "TotalCredit is {found#}; the credits of the lines are, with the differences, of live documents, of those not "
-      "cancelled, of all and of those without TransactionID \"Anulado\": {expected#}"}},
+     {"TotalCredit é {found#}; os créditos das linhas, com a diferença, somam {expected1#} nos documentos em vigor, "
+      "{expected2#} nos não anulados, {expected3#} em todos e {expected4#} nos que não têm TransactionID "
+      "\"Anulado\"",
+      "TotalCredit is {found#}; the credits of the lines, with the difference, are {expected1#} of live documents, "
+      "{expected2#} of those not cancelled, {expected3#} of all and {expected4#} of those without TransactionID "
+      "\"Anulado\""}},
     {{{Severity::kInformation,
        {"TotalCredit, {found#}, soma também os créditos dos documentos resumidos noutros (estado F); sem eles seria "
         "{expected#}",

@@ -35,6 +35,29 @@ std::string Shown(std::string_view value, bool numbers, Language language) {
   return shown;
 }
 
+// "b" is the second of "a, b, c".
+std::string_view PartOf(std::string_view list, size_t number) {
+  constexpr std::string_view kBetween = ", ";
+  for (; number > 1; --number) {
+    const size_t end = list.find(kBetween);
+    if (end == std::string_view::npos) return {};
+    list.remove_prefix(end + kBetween.size());
+  }
+  return list.substr(0, list.find(kBetween));
+}
+
+// What takes the place of a name, such as "expected", "expected#" or "expected2#".
+std::string ValueOf(std::string_view name, const Finding& finding, Language language) {
+  const bool numbers = name.ends_with('#');
+  if (numbers) name.remove_suffix(1);
+  const size_t part = name.back() >= '1' && name.back() <= '9' ? static_cast<size_t>(name.back() - '0') : 0;
+  if (part != 0) name.remove_suffix(1);
+  const std::string& value = name == "found"      ? finding.found
+                             : name == "expected" ? finding.expected
+                                                  : finding.difference;
+  return Shown(part == 0 ? std::string_view(value) : PartOf(value, part), numbers, language);
+}
+
 std::string FilledIn(std::string_view text, const Finding& finding, Language language) {
   std::string filled;
   while (true) {
@@ -42,13 +65,7 @@ std::string FilledIn(std::string_view text, const Finding& finding, Language lan
     filled.append(text.substr(0, open));
     if (open == std::string_view::npos) return filled;
     const size_t close = text.find('}', open);
-    std::string_view name = text.substr(open + 1, close - open - 1);
-    const bool numbers = name.ends_with('#');
-    if (numbers) name.remove_suffix(1);
-    const std::string& value = name == "found"      ? finding.found
-                               : name == "expected" ? finding.expected
-                                                    : finding.difference;
-    filled.append(Shown(value, numbers, language));
+    filled.append(ValueOf(text.substr(open + 1, close - open - 1), finding, language));
     text.remove_prefix(close + 1);
   }
 }

@@ -46,7 +46,7 @@ struct RuleInfo {
 
 /// One of the sentences of a rule, in both languages. What a finding says takes the places of "{found}", "{expected}"
 /// and "{difference}"; with a "#" behind the name, as in "{found#}", it is numbers, which have a decimal comma in
-/// Portuguese.
+/// Portuguese. "{expected2}" is the second of what stands there with ", " between.
 struct Sentence {
   /// Without the record that it begins with, nor a full stop.
   std::string_view portuguese;
