@@ -37,6 +37,8 @@ int main() {
     std::cout << "\n## " << rule.id << "\n\n**" << rule.title[0] << "** · *" << rule.title[1] << "* — "
               << NameOf(rule.severity);
     if (!rule.source.empty()) std::cout << " — " << rule.source;
+    if (!rule.since.empty()) std::cout << ", desde · *since* " << rule.since;
+    if (!rule.until.empty()) std::cout << ", até · *until* " << rule.until;
     std::cout << "\n\n" << rule.explanation[0] << "\n\n*" << rule.explanation[1] << "*\n";
   }
 }

@@ -167,7 +167,8 @@ constexpr Rule kHashRules[] = {
            "assinado.",
            "Hash is the 172 characters of an RSA signature of 1024 bits in base64, or 0 for a document that was not "
            "signed."},
-          "Portaria 363/2010"},
+          "Portaria 363/2010",
+          "2011-01-01"},
      .invoice = JudgeHashForm},
     {.info =
          {"HASH-CTRL",
@@ -177,7 +178,8 @@ constexpr Rule kHashRules[] = {
            "da série o são. Um documento assinado tem em HashControl a versão da chave: n, n.n, n-XXM… ou n-XXD….",
            "Only a certified program signs (told once). Behind a signed document, by number, all of its series are. A "
            "signed document has the version of the key in HashControl: n, n.n, n-XXM… or n-XXD…."},
-          "Portaria 363/2010"},
+          "Portaria 363/2010",
+          "2011-01-01"},
      .invoice = JudgeHashControl,
      .at_end = JudgeUnsigned},
     {.info =
@@ -196,7 +198,8 @@ constexpr Rule kHashRules[] = {
            "be nothing too. Without the document before in the file the signature is not verified: information only. "
            "Nor is one with a HashControl of n.n, n-XXM… or n-XXD…. Without a public key it is told once that none was "
            "verified."},
-          "Portaria 363/2010"},
+          "Portaria 363/2010",
+          "2011-01-01"},
      .invoice = JudgeLinks,
      .at_end = JudgeOpenLinks},
 };

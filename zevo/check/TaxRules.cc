@@ -222,7 +222,8 @@ constexpr Rule kTaxRules[] = {
            "other countries and stamp duty are not judged. In ND, NC, TD, DA and RE, which have the rate of the "
            "document that they correct, it is enough that the rate existed at any time. Information only: the old rate "
            "on the first day of the new one, the new one on the last day of the old one; and cancelled documents."},
-          "CIVA, art. 18.º"},
+          "CIVA, art. 18.º",
+          "2005-07-01"},
      .invoice = JudgeRates},
     {.info =
          {"TAX-TABLE",

@@ -42,6 +42,11 @@ struct RuleInfo {
   std::string_view explanation[2];
   /// The law it comes from; empty for a rule of good practice.
   std::string_view source;
+  /// The first and the last day, yyyy-mm-dd, of the documents and entries for which the source demands it; empty where
+  /// it is for all before, or after.
+  std::string_view since = {};
+  /// See `since`.
+  std::string_view until = {};
 };
 
 /// One of the sentences of a rule, in both languages. What a finding says takes the places of "{found}", "{expected}"

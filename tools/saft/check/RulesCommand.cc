@@ -41,10 +41,18 @@ void PrintWrapped(std::string_view text) {
   std::cout << '\n';
 }
 
+// With the days for which it demands the rule.
+std::string SourceOf(const RuleInfo& rule) {
+  std::string source(rule.source);
+  if (!rule.since.empty()) source.append(", ").append(Say(words::kRuleSince, rule.since));
+  if (!rule.until.empty()) source.append(", ").append(Say(words::kRuleUntil, rule.until));
+  return source;
+}
+
 void PrintWhole(const RuleInfo& rule) {
   std::cout << rule.id << ": " << TitleOf(rule) << " (" << WordOf(rule.severity) << ")\n";
   PrintWrapped(ExplanationOf(rule));
-  if (!rule.source.empty()) PrintWrapped(Say(words::kRuleSource, rule.source));
+  if (!rule.source.empty()) PrintWrapped(Say(words::kRuleSource, SourceOf(rule)));
 }
 
 std::string JsonOf(std::span<const RuleInfo> rules) {
@@ -57,6 +65,8 @@ std::string JsonOf(std::span<const RuleInfo> rules) {
         {"title", TitleOf(rule)},
         {"explanation", ExplanationOf(rule)},
         {"source", rule.source},
+        {"since", rule.since},
+        {"until", rule.until},
     });
   }
   return all.dump(1);

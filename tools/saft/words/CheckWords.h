@@ -87,6 +87,8 @@ indicadas exige, e de que lei vem.)",
 
 Shows what "saft check" looks at: all rules, each with the severity that it has where none is chosen, or what each of
 those named demands, and the law it comes from.)"};
+inline constexpr Text<1> kRuleSince{"desde {1}", "since {1}"};
+inline constexpr Text<1> kRuleUntil{"até {1}", "until {1}"};
 inline constexpr Text<1> kRuleSource{"Fonte: {1}", "Source: {1}"};
 
 // Severities, of one finding and of several.

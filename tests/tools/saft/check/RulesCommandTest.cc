@@ -43,6 +43,15 @@ TEST_F(RulesCommandTest, ARuleIsExplained) {
               HasSubstr("VERSION: Versão do ficheiro (erro)\n  O ficheiro é um ficheiro de auditoria SAF-T (PT) da "));
 }
 
+TEST_F(RulesCommandTest, TheSourceTellsSinceWhenItDemandsTheRule) {
+  EXPECT_THAT(Run({"rules", "HASH-FORM"}).out, HasSubstr("\n  Source: Portaria 363/2010, since 2011-01-01\n"));
+  EXPECT_THAT(Run({"rules", "HASH-FORM", "--lang", "pt"}).out,
+              HasSubstr("\n  Fonte: Portaria 363/2010, desde 2011-01-01\n"));
+  const auto json = nlohmann::json::parse(Run({"rules", "HASH-FORM", "--json"}).out);
+  EXPECT_EQ(json[0]["since"], "2011-01-01");
+  EXPECT_EQ(json[0]["until"], "");
+}
+
 TEST_F(RulesCommandTest, AnUnknownRuleIsAnErrorWithTheNearest) {
   const testing::Outcome outcome = Run({"rules", "SCHEMA", "HDR-PERIODS"});
   EXPECT_EQ(outcome.code, 2);
