@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/check/CheckTest.h"
+#include "tests/check/Shuffled.h"
 
 namespace zevo::testing {
 namespace {
@@ -210,17 +211,29 @@ TEST_F(LedgerRulesTest, TheTransactionOfAnInvoiceExists) {
 
 TEST_F(LedgerRulesTest, TheInvoicesOfATransactionAreNoMoreThanItsDebits) {
   const CleanFile file = CleanFile().With("Invoice/DocumentTotals/GrossTotal", "33.11");
-  EXPECT_THAT(FindingsOf("GL-GROSS", file),
-              ElementsAre("GL-GROSS W Invoice FT A/1/DocumentTotals/GrossTotal [33.11] [2008-03-05 V 1] [0.01]"));
+  EXPECT_THAT(FindingsOf("GL-GROSS", file), ElementsAre("GL-GROSS W Invoice FT A/1/InvoiceNo [33.11] [33.10] [0.01]"));
   EXPECT_THAT(FindingsOf("GL-GROSS", CleanFile().With("Invoice/DocumentTotals/GrossTotal", "33.09")), IsEmpty());
-  // The sum counts, and is told once.
+  // The sum counts, and is told once, of the same invoice whatever their order.
   const CleanFile together = CleanFile()
                                  .With("Invoice[2]/TransactionID", "2008-03-05 V 1")
                                  .With("Invoice[3]/TransactionID", "2008-03-05 V 1")
                                  .With("Invoice[2]/InvoiceDate", "2008-03-05")
                                  .With("Invoice[3]/InvoiceDate", "2008-03-05");
-  EXPECT_THAT(FindingsOf("GL-GROSS", together),
-              ElementsAre("GL-GROSS W Invoice FT A/2/DocumentTotals/GrossTotal [12.00] [2008-03-05 V 1] [12.00]"));
+  for (const uint64_t seed : {1U, 2U, 3U, 4U}) {
+    EXPECT_THAT(FindingsOf("GL-GROSS", Shuffled(together, seed)),
+                ElementsAre("GL-GROSS W Invoice NC A/1/InvoiceNo [49.30] [33.10] [16.20]"))
+        << seed;
+    EXPECT_THAT(FindingsOf("GL-GROSS", Shuffled(together.With("Invoice[3]/DocumentTotals/GrossTotal", "-12.00"), seed)),
+                IsEmpty())
+        << seed;
+  }
+  // What KEY-DUP and GL-NEGATIVE tell is not told again.
+  EXPECT_THAT(FindingsOf("GL-GROSS", CleanFile().Twice("Invoice[2]")), IsEmpty());
+  const CleanFile negative = CleanFile()
+                                 .With("Transaction[3]/Line/DebitAmount", "-4.00")
+                                 .With("Transaction[3]/Line[2]/DebitAmount", "-0.20")
+                                 .With("Transaction[3]/Line[3]/CreditAmount", "-4.20");
+  EXPECT_THAT(FindingsOf("GL-GROSS", negative), IsEmpty());
   // Those that are not live do not count, nor does what cannot be read.
   EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice/InvoiceStatus", "A")), IsEmpty());
   EXPECT_THAT(FindingsOf("GL-GROSS", file.With("Invoice/InvoiceStatus", "F")), IsEmpty());
@@ -230,11 +243,11 @@ TEST_F(LedgerRulesTest, TheInvoicesOfATransactionAreNoMoreThanItsDebits) {
   EXPECT_THAT(FindingsOf("GL-GROSS", file.Twice("Transaction")), IsEmpty());
   const std::vector<std::string> sentences = Sentences(file);
   EXPECT_THAT(sentences,
-              ::testing::Contains("FT A/1: com o total desta fatura, 33,11, as faturas do movimento 2008-03-05 V "
-                                  "1 passam os débitos dele em 0,01."));
+              ::testing::Contains("FT A/1: as faturas do mesmo movimento, com esta, somam 33,11, mais do que os "
+                                  "débitos dele, 33,10 (diferença 0,01)."));
   EXPECT_THAT(sentences,
-              ::testing::Contains("FT A/1: with the total of this invoice, 33.11, the invoices of transaction "
-                                  "2008-03-05 V 1 exceed its debits by 0.01."));
+              ::testing::Contains("FT A/1: the invoices of the same transaction, with this one, are 33.11, more than "
+                                  "its debits, 33.10 (difference 0.01)."));
 }
 
 TEST_F(LedgerRulesTest, AnInvoiceHasTheDateOfItsTransaction) {

@@ -329,7 +329,7 @@ Planted PlantTransactionTooSmall(Field& field) {
         std::string("GeneralLedgerEntries/TotalDebit"), std::string("GeneralLedgerEntries/TotalCredit")}) {
     file = field.WithCents(file, path, cents);
   }
-  return {file, {document.Finding("GL-GROSS W", "DocumentTotals/GrossTotal")}};
+  return {file, {document.Finding("GL-GROSS W", "InvoiceNo")}};
 }
 
 Planted PlantNegativeEntry(Field& field) {

@@ -43,7 +43,7 @@ void CheckedFile::Take(const TransactionFacts& facts) {
     TakeEntryDate(facts, line.entry_date);
   }
   ledger_.Take(facts);
-  if (HasBasis("I")) transactions_.Add(facts, ledger_.OfThis().debit);
+  if (HasBasis("I")) transactions_.Add(facts, ledger_.OfThis());
 }
 
 void CheckedFile::Take(const InvoiceFacts& facts) {
@@ -61,13 +61,21 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   for (const InvoiceLineFacts& line : facts.lines) keys_.Add(FileKeys::Use::kProduct, facts, line.product);
   if (!facts.IsCancelled()) keys_.Add(FileKeys::Use::kTransaction, facts, facts.transaction_id);
   TakeEntryDate(facts, facts.entry_date);
+  TakeTransactionOf(facts);
+  line_amounts_.Take(facts);
+  ++invoices_;
+}
+
+void CheckedFile::TakeTransactionOf(const InvoiceFacts& facts) {
   TransactionTable::Entry* const transaction =
       facts.transaction_id.Read() && facts.IsLive() ? transactions_.Find(*facts.transaction_id) : nullptr;
   transaction_of_invoice_ = transaction;
-  const NumberFact& gross = facts.totals.gross;
-  invoice_exceeds_transaction_ = transaction != nullptr && gross.Read() && transaction->TakeOff(*gross);
-  line_amounts_.Take(facts);
-  ++invoices_;
+  if (transaction == nullptr) return;
+  if (facts.totals.gross.Read() && documents_.IsNumbered() && !documents_.IsRepeated()) {
+    transaction->Take(*facts.totals.gross, documents_);
+  } else {
+    transaction->TakeUnknown();
+  }
 }
 
 void CheckedFile::TakeEntryDate(const EntityFacts& facts, const TimeFact& time) {

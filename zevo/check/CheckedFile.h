@@ -86,8 +86,8 @@ class CheckedFile {
   const LineAmounts& AmountsOfLines() const { return line_amounts_; }
   /// With basis I, the transaction of the invoice that was taken last, where that is live and the file has it.
   const TransactionTable::Entry* TransactionOfInvoice() const { return transaction_of_invoice_; }
-  /// Whether that invoice is the first by which its transaction has more invoices than debits.
-  bool InvoiceExceedsTransaction() const { return invoice_exceeds_transaction_; }
+  /// With basis I, all transactions.
+  const TransactionTable& Transactions() const { return transactions_; }
 
   /// Whether the header has this basis.
   bool HasBasis(std::string_view code) const { return header_.IsThere() && header_->HasBasis(code); }
@@ -104,6 +104,7 @@ class CheckedFile {
   const std::optional<Entry>& LatestEntry() const { return latest_entry_; }
 
  private:
+  void TakeTransactionOf(const InvoiceFacts& facts);
   void TakeEntryDate(const EntityFacts& facts, const TimeFact& time);
 
   KeptEntity<HeaderFacts> header_;
@@ -122,7 +123,6 @@ class CheckedFile {
   LineAmounts line_amounts_;
   TransactionTable transactions_;
   const TransactionTable::Entry* transaction_of_invoice_ = nullptr;
-  bool invoice_exceeds_transaction_ = false;
   int64_t invoices_ = 0;
   std::optional<Entry> latest_entry_;
 };

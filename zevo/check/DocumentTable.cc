@@ -154,6 +154,13 @@ std::optional<uint32_t> DocumentTable::Neighbour(uint32_t document, int step) co
   });
 }
 
+bool DocumentTable::IsBefore(uint32_t one, uint32_t other) const {
+  const Document& left = (*this)[one];
+  const Document& right = (*this)[other];
+  if (left.series_ != right.series_) return series_[left.series_].text < series_[right.series_].text;
+  return ValueOf(left) < ValueOf(right);
+}
+
 bool DocumentTable::IsBelowSeries(const DocumentNumber& number) const {
   const auto series = FindSeries(number.series);
   return series && ValueOf(number) < ValueOf((*this)[series_[*series].lowest]);

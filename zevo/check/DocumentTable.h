@@ -107,6 +107,9 @@ class DocumentTable {
   /// The first document of the same series whose number is so much greater. Of numbers of 20 digits none is known.
   std::optional<uint32_t> Neighbour(uint32_t document, int step) const;
 
+  /// Whether one comes before another, by the texts of their series and by number.
+  bool IsBefore(uint32_t one, uint32_t other) const;
+
   const std::deque<Series>& AllSeries() const { return series_; }
   /// Where a series is among them, by its text.
   std::optional<uint32_t> FindSeries(std::string_view text) const;

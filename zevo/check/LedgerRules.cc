@@ -241,25 +241,34 @@ void JudgeTransactionsOfInvoices(Judgement& judgement) {
 
 constexpr RuleSentence kMoreThanTransaction{
     Severity::kWarning,
-    {"com o total desta fatura, {found#}, as faturas do movimento {expected} passam os débitos dele em {difference#}",
-     "with the total of this invoice, {found#}, the invoices of transaction {expected} exceed its debits by "
-     "{difference#}"}};
+    {"as faturas do mesmo movimento, com esta, somam {found#}, mais do que os débitos dele, {expected#} (diferença "
+     "{difference#})",
+     "the invoices of the same transaction, with this one, are {found#}, more than its debits, {expected#} (difference "
+     "{difference#})"}};
 constexpr RuleSentence kDateOfTransaction{
     Severity::kWarning,
     {"a data da fatura é {found}, e a do seu movimento {expected}",
      "the date of the invoice is {found}, and that of its transaction {expected}"}};
 
-void JudgeInvoiceOfTransaction(const InvoiceFacts& invoice, Judgement& judgement) {
+void JudgeDateOfInvoice(const InvoiceFacts& invoice, Judgement& judgement) {
   const TransactionTable::Entry* const transaction = judgement.File().TransactionOfInvoice();
   if (transaction == nullptr) return;
-  if (judgement.File().InvoiceExceedsTransaction()) {
-    judgement.Tell(kMoreThanTransaction, invoice, invoice.totals.gross,
-                   {.expected = std::string(*invoice.transaction_id), .difference = MoneyText(-*transaction->Left())});
-  }
   // A date out of the period is told by DATE-RANGE.
   if (!invoice.date.Read() || !judgement.File().IsInPeriod(*invoice.date).value_or(true)) return;
   if (transaction->Date() && *invoice.date != *transaction->Date()) {
     judgement.Tell(kDateOfTransaction, invoice, invoice.date, {.expected = transaction->Date()->Text()});
+  }
+}
+
+void JudgeInvoicesOfTransactions(Judgement& judgement) {
+  const DocumentTable& documents = judgement.File().Documents();
+  for (const TransactionTable::Entry& transaction : judgement.File().Transactions().All()) {
+    if (!transaction.IsExceeded()) continue;
+    judgement.Tell(kMoreThanTransaction,
+                   documents.Keep(documents[transaction.LastInvoice()], DocumentTable::Element::kNumber),
+                   {.found = MoneyText(transaction.Gross()),
+                    .expected = MoneyText(transaction.Debit()),
+                    .difference = MoneyText(transaction.Gross() - transaction.Debit())});
   }
 }
 
@@ -387,12 +396,15 @@ constexpr Rule kLedgerRules[] = {
           Severity::kWarning,
           {"Faturas de um movimento", "Invoices of a transaction"},
           {"Na base I a soma de GrossTotal das faturas de um movimento, sem as anuladas e as resumidas, não passa os "
-           "débitos dele, e cada fatura tem a data do movimento.",
+           "débitos dele, e cada fatura tem a data do movimento. A soma não se verifica quando o movimento tem valores "
+           "negativos.",
            "With basis I the sum of GrossTotal of a transaction's invoices, without cancelled and summarised ones, "
            "does "
-           "not exceed its debits, and each invoice has the date of the transaction."},
+           "not exceed its debits, and each invoice has the date of the transaction. The sum is not judged where the "
+           "transaction has negative amounts."},
           ""},
-     .invoice = JudgeInvoiceOfTransaction},
+     .invoice = JudgeDateOfInvoice,
+     .at_end = JudgeInvoicesOfTransactions},
     {.info = {"GL-NEGATIVE",
               Severity::kWarning,
               {"Valores negativos", "Negative amounts"},

@@ -10,14 +10,13 @@ std::optional<CalendarDate> TransactionTable::Entry::Date() const {
   return CalendarDate{date_ < 0 ? -year : year, static_cast<int>(days / 100 % 100), static_cast<int>(days % 100)};
 }
 
-bool TransactionTable::Entry::TakeOff(const Decimal& gross) {
-  if (!known_) return false;
-  const bool before = left_.IsNegative();
-  left_ -= gross;
-  return !before && left_.IsNegative();
+void TransactionTable::Entry::Take(const Decimal& gross, const DocumentTable& documents) {
+  gross_ += gross;
+  const uint32_t invoice = documents.Count() - 1;
+  if (last_invoice_ == kNoInvoice || documents.IsBefore(last_invoice_, invoice)) last_invoice_ = invoice;
 }
 
-void TransactionTable::Add(const TransactionFacts& facts, const AmountSum& debit) {
+void TransactionTable::Add(const TransactionFacts& facts, const LedgerSums::Sums& sums) {
   if (facts.id.Missing()) return;
   if (Entry* const same = Find(*facts.id)) {
     // Which of the two an invoice means is not known.
@@ -29,8 +28,9 @@ void TransactionTable::Add(const TransactionFacts& facts, const AmountSum& debit
   slots_.Add(id[0], [this](uint32_t number) { return entries_[number].id_[0]; });
   Entry& entry = entries_.emplace_back();
   entry.id_ = id;
-  entry.left_ = debit.sum;
-  entry.known_ = debit.known;
+  entry.debit_ = sums.debit.sum;
+  // Negative amounts, of which GL-NEGATIVE tells, may be meant for the other side.
+  entry.known_ = sums.debit.known && sums.debit.negative.IsZero() && sums.credit.negative.IsZero();
   if (facts.date.Read()) {
     const CalendarDate& date = *facts.date;
     const int64_t days = date.month * 100 + date.day;

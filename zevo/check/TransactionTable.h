@@ -3,6 +3,7 @@
 #define ZEVO_CHECK_TRANSACTIONTABLE_H_
 
 #include <zevo/check/CalendarDate.h>
+#include <zevo/check/DocumentTable.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/LedgerSums.h>
 #include <zevo/check/SlotTable.h>
@@ -11,6 +12,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -22,25 +24,39 @@ class TransactionTable {
   class Entry {
    public:
     std::optional<CalendarDate> Date() const;
-    /// What it debits less the invoices of it so far; nothing where that is not known.
-    std::optional<Decimal> Left() const { return known_ ? std::optional(left_) : std::nullopt; }
-    /// Takes an invoice off. Whether more was taken off than there is, for the first time.
-    bool TakeOff(const Decimal& gross);
+    /// Takes in the last of the documents, an invoice of it with this total.
+    void Take(const Decimal& gross, const DocumentTable& documents);
+    /// Takes in an invoice of which it is not known what it adds.
+    void TakeUnknown() { known_ = false; }
+
+    /// Whether its invoices are more than it debits, as far as both are known.
+    bool IsExceeded() const { return known_ && debit_ < gross_; }
+    const Decimal& Debit() const { return debit_; }
+    /// Of its invoices together.
+    const Decimal& Gross() const { return gross_; }
+    /// The invoice, among the documents, that comes last by series and number. Only where one was taken.
+    uint32_t LastInvoice() const { return last_invoice_; }
 
    private:
     friend class TransactionTable;
 
     Digest id_;
-    Decimal left_;
+    Decimal debit_;
+    Decimal gross_;
     int64_t date_ = 0;  // year, month and day in decimal digits; 0 for none
+    uint32_t last_invoice_ = kNoInvoice;
     bool known_ = true;
   };
 
-  void Add(const TransactionFacts& facts, const AmountSum& debit);
+  void Add(const TransactionFacts& facts, const LedgerSums::Sums& sums);
   /// Null where there is none.
   Entry* Find(std::string_view id);
+  /// In the order of the file.
+  const std::deque<Entry>& All() const { return entries_; }
 
  private:
+  static constexpr uint32_t kNoInvoice = std::numeric_limits<uint32_t>::max();
+
   std::deque<Entry> entries_;
   SlotTable slots_;
 };
