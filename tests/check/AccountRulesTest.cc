@@ -28,8 +28,8 @@ TEST_F(AccountRulesTest, AnAccountHasAnIntegratingOne) {
   EXPECT_THAT(Findings(WithAccount("62").Twice("GeneralLedger[6]").With("GeneralLedger[6]/AccountID", "622")),
               IsEmpty());
   EXPECT_THAT(Sentences(WithAccount("622")),
-              ElementsAre("Conta 622: não tem conta de integração: nenhuma conta do ficheiro, de dois ou mais "
-                          "algarismos, é o início dela.",
+              ElementsAre("Conta 622: não tem conta agregadora: nenhuma conta do ficheiro, de dois ou mais algarismos, "
+                          "é o início dela.",
                           "Account 622: has no integrating account: no account of the file, of two digits or "
                           "more, is its beginning."));
 }

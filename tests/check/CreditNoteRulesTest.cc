@@ -115,7 +115,7 @@ TEST_F(CreditNoteRulesTest, ThereIsAReason) {
   const CleanFile file = OfInvoices().Without(kReason);
   EXPECT_THAT(Findings(file), ElementsAre("NC-REF W Invoice NC A/1/Line/References/CreditNote/Reason [] [] []"));
   EXPECT_THAT(Sentences(file),
-              ElementsAre("NC A/1: o documento não diz porque retifica outro: falta Reason.",
+              ElementsAre("NC A/1: o documento não diz por que motivo retifica outro: falta Reason.",
                           "NC A/1: the document does not say why it corrects another: Reason is missing."));
   EXPECT_THAT(Findings(OfInvoices().With(kReason, " ")), SizeIs(1));
   EXPECT_THAT(Findings(OfInvoices().With(kReason, "")),
@@ -150,8 +150,8 @@ TEST_F(CreditNoteRulesTest, WhatItCorrectsIsInTheFileThatHasItsSeries) {
   EXPECT_THAT(InBothOrders(Referring("FT A/3").With("Invoice[2]/InvoiceNo", "FT A/4")),
               ElementsAre(missing + "[FT A/3] [] []"));
   EXPECT_THAT(Sentences(Referring("FT A/3")),
-              ElementsAre("NC A/1: o documento referido, FT A/3, não está no ficheiro, que tem a série dele.",
-                          "NC A/1: the document referred to, FT A/3, is not in the file, which has its series."));
+              ElementsAre("NC A/1: o documento referido, FT A/3, não está no ficheiro, embora a série dele esteja.",
+                          "NC A/1: the document referred to, FT A/3, is not in the file, though its series is."));
 }
 
 TEST_F(CreditNoteRulesTest, OfSeveralLinesTheOneThatIsWrongIsTold) {
@@ -189,8 +189,8 @@ TEST_F(CreditNoteRulesTest, WhatItCorrectsIsNotLater) {
   EXPECT_THAT(InBothOrders(file), ElementsAre("NC-REF E Invoice NC A/1/Line/References/CreditNote/Reference [FT A/2] "
                                               "[2008-07-10] []"));
   EXPECT_THAT(SentencesOf("NC-REF", file),
-              ElementsAre("NC A/1: o documento referido, FT A/2, é posterior à data deste, 2008-07-10.",
-                          "NC A/1: the document referred to, FT A/2, is later than the date of this one, 2008-07-10."));
+              ElementsAre("NC A/1: o documento referido, FT A/2, tem data posterior à deste, 2008-07-10.",
+                          "NC A/1: the document referred to, FT A/2, has a later date than this one, 2008-07-10."));
   EXPECT_THAT(InBothOrders(file.With("Invoice[2]/InvoiceDate", "2008-07-10")), IsEmpty());
   EXPECT_THAT(InBothOrders(file.With("Invoice[2]/InvoiceDate", "x")), IsEmpty());
   EXPECT_THAT(InBothOrders(file.With("Invoice[3]/InvoiceDate", "x")), IsEmpty());
@@ -215,10 +215,10 @@ TEST_F(CreditNoteRulesTest, TheNetsOfCreditNotesAreNoMoreThanThatOfTheDocument) 
   EXPECT_THAT(of_net("-30.01"), ElementsAre("NC-REF W Invoice FT A/1/InvoiceNo [30.01] [30.00] [0.01]"));
   EXPECT_THAT(of_net("x"), IsEmpty());
   EXPECT_THAT(SentencesOf("NC-REF", OfInvoices().With(kNet, "30.01")),
-              ElementsAre("FT A/1: os documentos que retificam este somam 30,01 sem impostos, mais do que o total "
+              ElementsAre("FT A/1: os documentos que retificam este somam 30,01 sem impostos, mais do que NetTotal "
                           "dele, 30,00 (diferença 0,01).",
-                          "FT A/1: the documents that correct this one are 30.01 without taxes, more than its total, "
-                          "30.00 (difference 0.01)."));
+                          "FT A/1: the documents that correct this one are 30.01 without taxes, more than its "
+                          "NetTotal, 30.00 (difference 0.01)."));
 }
 
 TEST_F(CreditNoteRulesTest, LiveDebitDocumentsCountForTheSum) {

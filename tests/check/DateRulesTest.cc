@@ -147,8 +147,8 @@ TEST_F(DateRulesTest, WhatTheSchemaRefusesIsToldByReadAlone) {
                                           "DATE-REAL E Invoice FT A/1/SystemEntryDate [x] [] []"));
   EXPECT_THAT(Sentences(file), ElementsAre("FT A/1: \"2008-02-30\" não é um dia do calendário.",
                                            "FT A/1: \"2008-02-30\" is no day of the calendar.",
-                                           "FT A/1: \"x\" não é um dia do calendário e uma hora dele.",
-                                           "FT A/1: \"x\" is no day of the calendar and time of it."));
+                                           "FT A/1: \"x\" não é um dia do calendário com uma hora que exista.",
+                                           "FT A/1: \"x\" is no day of the calendar with a time that exists."));
 }
 
 TEST_F(DateRulesTest, AYearThatTheSchemaAllowsMayBeNone) {
@@ -159,10 +159,11 @@ TEST_F(DateRulesTest, AYearThatTheSchemaAllowsMayBeNone) {
 TEST_F(DateRulesTest, ADocumentIsNotDatedAfterItIsRecorded) {
   const CleanFile file = OfInvoices().With(kEntry, "2008-03-04T23:59:59");
   EXPECT_THAT(Findings(file), ElementsAre("DATE-ENTRY W Invoice FT A/1/InvoiceDate [2008-03-05] [2008-03-04] []"));
-  EXPECT_THAT(Sentences(file),
-              ElementsAre("FT A/1: a data do documento é 2008-03-05, depois do dia em que foi gravado, 2008-03-04.",
-                          "FT A/1: the date of the document is 2008-03-05, after the day on which it was recorded, "
-                          "2008-03-04."));
+  EXPECT_THAT(
+      Sentences(file),
+      ElementsAre(
+          "FT A/1: a data do documento é 2008-03-05, depois do dia em que foi gravado, 2008-03-04.",
+          "FT A/1: the date of the document is 2008-03-05, after the day on which it was entered, 2008-03-04."));
   EXPECT_THAT(Findings(OfInvoices().With(kEntry, "2008-03-05T00:00:00")), IsEmpty());
   EXPECT_THAT(Findings(OfInvoices().With("Invoice[3]/SystemEntryDate", "2008-11-05T00:00:00")), IsEmpty());
   // The date counts, whatever the time zone.

@@ -131,9 +131,9 @@ TEST_F(HashRulesTest, OnlyACertifiedProgramSignsWhichIsToldOnce) {
   EXPECT_THAT(FindingsOf("HASH-CTRL", Of({{"FT A/1"}}).With("Header/SoftwareCertificateNumber", "0")), IsEmpty());
   EXPECT_THAT(SentencesOf("HASH-CTRL", Of(chain).With("Header/SoftwareCertificateNumber", "0")),
               ElementsAre("FT A/1: o documento está assinado, mas o programa não é certificado "
-                          "(SoftwareCertificateNumber é 0); e assim outros do ficheiro.",
+                          "(SoftwareCertificateNumber é 0); outros do ficheiro podem estar assim.",
                           "FT A/1: the document is signed, but the program is not certified (SoftwareCertificateNumber "
-                          "is 0), and so it may be with others of the file."));
+                          "is 0); so it may be with others of the file."));
 }
 
 TEST_F(HashRulesTest, BehindASignedDocumentAllOfItsSeriesAre) {
@@ -148,9 +148,10 @@ TEST_F(HashRulesTest, BehindASignedDocumentAllOfItsSeriesAre) {
                           "HASH-CTRL W Invoice FT A/5/Hash [0] [FT A/2] []"));
   // What is neither does not count.
   EXPECT_THAT(ControlOf({two, {"FT A/3", "x"}}), IsEmpty());
-  EXPECT_THAT(SentencesOf("HASH-CTRL", Of({two, {"FT A/3"}})),
-              ElementsAre("FT A/3: o documento não está assinado (Hash 0), mas um anterior da série, FT A/2, está.",
-                          "FT A/3: the document is not signed (Hash 0), but one before it in the series, FT A/2, is."));
+  EXPECT_THAT(
+      SentencesOf("HASH-CTRL", Of({two, {"FT A/3"}})),
+      ElementsAre("FT A/3: o documento não está assinado (o Hash é 0), mas um anterior da série, FT A/2, está.",
+                  "FT A/3: the document is not signed (the Hash is 0), but one before it in the series, FT A/2, is."));
 }
 
 TEST_F(HashRulesTest, TheControlOfASignedDocumentIsAVersion) {
@@ -165,10 +166,10 @@ TEST_F(HashRulesTest, TheControlOfASignedDocumentIsAVersion) {
   EXPECT_THAT(ControlOf({{"FT A/1", "x", "v1"}}), IsEmpty());
   EXPECT_THAT(
       SentencesOf("HASH-CTRL", Of({{"FT A/1", hash, "v1"}, {"FT A/2", hash, ""}})),
-      ElementsAre("FT A/1: HashControl é \"v1\"; devia ser a versão da chave, como 1 ou 1.1, ou como 1-FTM e "
-                  "1-FTD com o documento de origem.",
-                  "FT A/1: HashControl is \"v1\"; it should be the version of the key, such as 1 or 1.1, or such "
-                  "as 1-FTM and 1-FTD with the document it comes from.",
+      ElementsAre("FT A/1: HashControl é \"v1\"; devia ser a versão da chave, como 1 ou 1.1, ou, com o documento de "
+                  "origem, como 1-FTM ou 1-FTD.",
+                  "FT A/1: HashControl is \"v1\"; it should be the version of the key, such as 1 or 1.1, or, with the "
+                  "document it comes from, such as 1-FTM or 1-FTD.",
                   "FT A/2: falta HashControl, a versão da chave com que o documento foi assinado.",
                   "FT A/2: there is no HashControl, the version of the key that the document was signed with."));
 }

@@ -20,9 +20,10 @@ class HeaderRulesTest : public CheckTest {
 TEST_F(HeaderRulesTest, ALedgerFileHasNoInvoices) {
   EXPECT_THAT(FindingsOf("HDR-BASIS", OfBasis("C")), ElementsAre("HDR-BASIS E Header/TaxAccountingBasis [C] [I] [3]"));
   EXPECT_THAT(Findings(OfLedger()), IsEmpty());
-  EXPECT_THAT(Sentences(OfBasis("C")),
-              ElementsAre("Cabeçalho: a base contabilística é C (só contabilidade), mas o ficheiro tem faturas: 3.",
-                          "Header: the accounting basis is C (ledger only), but the file has invoices: 3."));
+  EXPECT_THAT(
+      Sentences(OfBasis("C")),
+      ElementsAre("Cabeçalho: a base contabilística é C (só contabilidade), mas o ficheiro tem documentos de venda: 3.",
+                  "Header: the accounting basis is C (ledger only), but the file has sales documents: 3."));
 }
 
 TEST_F(HeaderRulesTest, AnInvoicesFileHasNoLedgerEntries) {
@@ -33,10 +34,9 @@ TEST_F(HeaderRulesTest, AnInvoicesFileHasNoLedgerEntries) {
 TEST_F(HeaderRulesTest, InAnIntegratedFileEachInvoiceHasItsTransaction) {
   const CleanFile without = CleanFile().Without("Invoice[2]/TransactionID");
   EXPECT_THAT(Findings(without), ElementsAre("HDR-BASIS E Invoice FT A/2/TransactionID [] [] []"));
-  EXPECT_EQ(
-      Sentences(without)[0],
-      "FT A/2: falta TransactionID, o movimento contabilístico da fatura, que a base contabilística I (integrada) "
-      "pede.");
+  EXPECT_EQ(Sentences(without)[0],
+            "FT A/2: falta TransactionID, o movimento contabilístico do documento, que a base contabilística I "
+            "(integrada) exige.");
   EXPECT_THAT(FindingsOf("HDR-BASIS", without.With("Invoice[2]/InvoiceStatus", "A")), IsEmpty());
   EXPECT_THAT(FindingsOf("HDR-BASIS", without.With("TaxAccountingBasis", "P")), IsEmpty());
 }

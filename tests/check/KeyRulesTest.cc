@@ -49,9 +49,10 @@ TEST_F(KeyRulesTest, EachOneAfterTheFirstIsTold) {
   EXPECT_THAT(Findings(CleanFile().Twice("Product").Twice("Product")),
               ElementsAre("KEY-DUP E Product PAO/ProductCode [PAO] [ProductCode] []",
                           "KEY-DUP E Product PAO/ProductCode [PAO] [ProductCode] []"));
-  EXPECT_THAT(Sentences(CleanFile().Twice("Product")),
-              ElementsAre("Produto PAO: ProductCode PAO já identifica outro registo do ficheiro.",
-                          "Product PAO: ProductCode PAO already identifies another record of the file."));
+  EXPECT_THAT(
+      Sentences(CleanFile().Twice("Product")),
+      ElementsAre("Produto PAO: ProductCode PAO está repetido: já identifica outro registo do ficheiro.",
+                  "Product PAO: ProductCode PAO is repeated: it already identifies another record of the file."));
 }
 
 TEST_F(KeyRulesTest, KeysOfTwoKindsMayBeEqualAndDifferInLetterCase) {
@@ -70,8 +71,8 @@ TEST_F(KeyRulesTest, WhatIsUsedExists) {
   EXPECT_THAT(Findings(CleanFile().With("Invoice/Line[2]/ProductCode", "pao")),
               ElementsAre("KEY-REF E Invoice FT A/1/Line[2]/ProductCode [pao] [] []"));
   EXPECT_THAT(Sentences(CleanFile().With("Invoice/Line[2]/ProductCode", "pao")),
-              ElementsAre("FT A/1, linha 2: o produto pao não está no ficheiro.",
-                          "FT A/1, line 2: product pao is not in the file."));
+              ElementsAre("FT A/1, linha 2: o produto pao não está entre os produtos do ficheiro.",
+                          "FT A/1, line 2: product pao is not among the products of the file."));
 }
 
 TEST_F(KeyRulesTest, WhereACustomerHasNoNumberNothingIsSaidOfThoseThatAreUsed) {

@@ -31,9 +31,10 @@ TEST_F(LedgerRulesTest, TheNumberOfTransactionsIsTold) {
               ElementsAre("READ E GeneralLedgerEntries/NumberOfEntries [x] [integer] []"));
   EXPECT_THAT(
       Sentences(CleanFile().With("GeneralLedgerEntries/NumberOfEntries", "5")),
-      ElementsAre("Movimentos contabilísticos: NumberOfEntries é 5, mas os movimentos do ficheiro são 3 (diferença "
-                  "2).",
-                  "Ledger entries: NumberOfEntries is 5, but the file has 3 transactions (difference 2)."));
+      ElementsAre(
+          "Movimentos contabilísticos: NumberOfEntries é 5, mas o número de movimentos do ficheiro é 3 (diferença "
+          "2).",
+          "Ledger entries: NumberOfEntries is 5, but the number of transactions in the file is 3 (difference 2)."));
 }
 
 TEST_F(LedgerRulesTest, TheTotalsAreTheSumsOfTheLines) {
@@ -204,9 +205,9 @@ TEST_F(LedgerRulesTest, TheTransactionOfAnInvoiceExists) {
   EXPECT_THAT(FindingsOf("GL-INVOICE", CleanFile().With("Invoice[2]/TransactionID", "anulado")), IsEmpty());
   EXPECT_THAT(
       Sentences(file),
-      ElementsAre("FT A/2: o movimento 2008-07-01 V 9, da fatura, não está entre os movimentos do ficheiro.",
-                  "FT A/2: transaction 2008-07-01 V 9, that of the invoice, is not among the transactions of the "
-                  "file."));
+      ElementsAre(
+          "FT A/2: o movimento do documento, 2008-07-01 V 9, não está entre os movimentos do ficheiro.",
+          "FT A/2: the transaction of the document, 2008-07-01 V 9, is not among the transactions of the file."));
 }
 
 TEST_F(LedgerRulesTest, TheInvoicesOfATransactionAreNoMoreThanItsDebits) {
@@ -243,10 +244,10 @@ TEST_F(LedgerRulesTest, TheInvoicesOfATransactionAreNoMoreThanItsDebits) {
   EXPECT_THAT(FindingsOf("GL-GROSS", file.Twice("Transaction")), IsEmpty());
   const std::vector<std::string> sentences = Sentences(file);
   EXPECT_THAT(sentences,
-              ::testing::Contains("FT A/1: as faturas do mesmo movimento, com esta, somam 33,11, mais do que os "
+              ::testing::Contains("FT A/1: os documentos do mesmo movimento, com este, somam 33,11, mais do que os "
                                   "débitos dele, 33,10 (diferença 0,01)."));
   EXPECT_THAT(sentences,
-              ::testing::Contains("FT A/1: the invoices of the same transaction, with this one, are 33.11, more than "
+              ::testing::Contains("FT A/1: the documents of the same transaction, with this one, are 33.11, more than "
                                   "its debits, 33.10 (difference 0.01)."));
 }
 
@@ -267,11 +268,10 @@ TEST_F(LedgerRulesTest, AmountsAreNotNegative) {
   EXPECT_THAT(FindingsOf("GL-NEGATIVE", CleanFile().With(kDebit, "-0.00")), IsEmpty());
   checker_.set_Severity("GL-SUM", Severity::kOff);
   checker_.set_Severity("GL-GROSS", Severity::kOff);
-  EXPECT_THAT(Sentences(file),
-              ElementsAre("Movimento 2008-03-05 V 1, linha 3: o valor -3,10 é negativo; devia estar no outro lado, "
-                          "positivo.",
-                          "Transaction 2008-03-05 V 1, line 3: the amount -3.10 is negative; it should be on the other "
-                          "side, positive."));
+  EXPECT_THAT(Sentences(file), ElementsAre("Movimento 2008-03-05 V 1, linha 3: o valor -3,10 é negativo; devia estar "
+                                           "do outro lado (débito ou crédito), sem sinal.",
+                                           "Transaction 2008-03-05 V 1, line 3: the amount -3.10 is negative; it "
+                                           "should be on the other side (debit or credit), without a sign."));
 }
 
 TEST_F(LedgerRulesTest, AnAccountHasOneOpeningBalance) {

@@ -258,16 +258,17 @@ TEST_F(LineRulesTest, NothingOfALineIsNegative) {
                                               .With("Invoice/Line/CreditAmount", "-0.00")
                                               .With("Invoice/Line/UnitPrice", "-1.00")),
               IsEmpty());
+  EXPECT_THAT(Sentences(quantity),
+              ElementsAre("FT A/1, linha 1: a quantidade -20 é negativa; escreve-se sem sinal, e o valor da linha "
+                          "também, do outro lado (débito ou crédito) se for preciso.",
+                          "FT A/1, line 1: the quantity -20 is negative; it is written without a sign, and so is the "
+                          "amount of the line, on the other side (debit or credit) if need be."));
   EXPECT_THAT(
-      Sentences(quantity),
-      ElementsAre("FT A/1, linha 1: a quantidade -20 é negativa; devia ser positiva, e o valor da linha também, "
-                  "no outro lado se for preciso.",
-                  "FT A/1, line 1: the quantity -20 is negative; it should be positive, and the amount of the "
-                  "line, too, on the other side if need be."));
-  EXPECT_THAT(Sentences(amount),
-              ::testing::IsSupersetOf(
-                  {"FT A/1, linha 1: o valor -20,00 é negativo; devia estar no outro lado, positivo.",
-                   "FT A/1, line 1: the amount -20.00 is negative; it should be on the other side, positive."}));
+      Sentences(amount),
+      ::testing::IsSupersetOf(
+          {"FT A/1, linha 1: o valor -20,00 é negativo; devia estar do outro lado (débito ou crédito), sem sinal.",
+           "FT A/1, line 1: the amount -20.00 is negative; it should be on the other side (debit or credit), without a "
+           "sign."}));
   EXPECT_THAT(Sentences(settlement),
               ElementsAre("FT A/1, linha 1: o desconto -0,01 é negativo; os descontos escrevem-se sem sinal.",
                           "FT A/1, line 1: the discount -0.01 is negative; discounts are written without a sign."));

@@ -167,14 +167,15 @@ TEST_F(NumberRulesTest, GapsAreToldInBothLanguages) {
   const auto sentences_of = [&](std::string_view number) {
     return Sentences(CleanFile().With("Invoice[2]/InvoiceNo", number));
   };
-  EXPECT_THAT(sentences_of("FT A/3"), ElementsAre("FT A/3: falta na série, antes deste documento, o número 2.",
+  EXPECT_THAT(sentences_of("FT A/3"), ElementsAre("FT A/3: falta o número 2 da série, antes deste documento.",
                                                   "FT A/3: the series lacks number 2 before this document."));
   EXPECT_THAT(sentences_of("FT A/6"),
-              ElementsAre("FT A/6: faltam na série, antes deste documento, os números 2-5 (4 documentos).",
+              ElementsAre("FT A/6: faltam os números 2-5 da série, antes deste documento (4 documentos).",
                           "FT A/6: the series lacks numbers 2-5 before this document (4 documents)."));
-  EXPECT_THAT(sentences_of("FT A/01"),
-              ElementsAre("FT A/01: o número de FT A/01 é o de FT A/1, só com outros zeros à esquerda.",
-                          "FT A/01: the number of FT A/01 is that of FT A/1, only with other zeros in front."));
+  EXPECT_THAT(
+      sentences_of("FT A/01"),
+      ElementsAre("FT A/01: o número de FT A/01 é o mesmo de FT A/1, só com outros zeros à esquerda.",
+                  "FT A/01: the number of FT A/01 is the same as that of FT A/1, only with other zeros in front."));
 }
 
 TEST_F(NumberRulesTest, DatesNeverDecreaseAlongASeries) {
@@ -235,27 +236,31 @@ TEST_F(NumberRulesTest, DatesThatCannotBeReadAreLeftOut) {
 }
 
 TEST_F(NumberRulesTest, TheOrderIsToldAtTheElementInBothLanguages) {
-  EXPECT_THAT(SentencesOf("NO-ORDER", Dated({"02", "01"})),
-              ElementsAre("FT A/2: a data da fatura é 2008-07-01, anterior à de um documento com número mais baixo na "
-                          "série, 2008-07-02 (FT A/1).",
-                          "FT A/2: the date of the invoice is 2008-07-01, before that of a document with a lower "
-                          "number in the series, 2008-07-02 (FT A/1)."));
-  EXPECT_THAT(SentencesOf("NO-ORDER", Dated({"03", "01", "02"})),
-              ElementsAre("FT A/1: a data da fatura é 2008-07-03, posterior à de um documento com número mais alto na "
-                          "série, 2008-07-01 (FT A/2).",
-                          "FT A/1: the date of the invoice is 2008-07-03, after that of a document with a higher "
-                          "number in the series, 2008-07-01 (FT A/2)."));
+  EXPECT_THAT(
+      SentencesOf("NO-ORDER", Dated({"02", "01"})),
+      ElementsAre("FT A/2: a data do documento é 2008-07-01, anterior à de um documento com número mais baixo na "
+                  "série, 2008-07-02 (FT A/1).",
+                  "FT A/2: the date of the document is 2008-07-01, before that of a document with a lower "
+                  "number in the series, 2008-07-02 (FT A/1)."));
+  EXPECT_THAT(
+      SentencesOf("NO-ORDER", Dated({"03", "01", "02"})),
+      ElementsAre("FT A/1: a data do documento é 2008-07-03, posterior à de um documento com número mais alto na "
+                  "série, 2008-07-01 (FT A/2).",
+                  "FT A/1: the date of the document is 2008-07-03, after that of a document with a higher "
+                  "number in the series, 2008-07-01 (FT A/2)."));
   const CleanFile two = Dated({"01", "01"});
-  EXPECT_THAT(SentencesOf("NO-ORDER", two.With("Invoice[2]/SystemEntryDate", "2008-07-01T09:00:00")),
-              ElementsAre("FT A/2: a fatura foi gravada em 2008-07-01T09:00:00, antes de um documento com número mais "
-                          "baixo na série, 2008-07-01T10:00:00 (FT A/1).",
-                          "FT A/2: the invoice was entered on 2008-07-01T09:00:00, before a document with a lower "
-                          "number in the series, 2008-07-01T10:00:00 (FT A/1)."));
-  EXPECT_THAT(SentencesOf("NO-ORDER", Dated({"01", "01", "01"}).With("Invoice/SystemEntryDate", "2008-07-01T11:00:00")),
-              ElementsAre("FT A/1: a fatura foi gravada em 2008-07-01T11:00:00, depois de um documento com número mais "
-                          "alto na série, 2008-07-01T10:00:00 (FT A/2).",
-                          "FT A/1: the invoice was entered on 2008-07-01T11:00:00, after a document with a higher "
-                          "number in the series, 2008-07-01T10:00:00 (FT A/2)."));
+  EXPECT_THAT(
+      SentencesOf("NO-ORDER", two.With("Invoice[2]/SystemEntryDate", "2008-07-01T09:00:00")),
+      ElementsAre("FT A/2: o documento foi gravado em 2008-07-01T09:00:00, antes de um documento com número mais "
+                  "baixo na série, 2008-07-01T10:00:00 (FT A/1).",
+                  "FT A/2: the document was entered on 2008-07-01T09:00:00, before a document with a lower "
+                  "number in the series, 2008-07-01T10:00:00 (FT A/1)."));
+  EXPECT_THAT(
+      SentencesOf("NO-ORDER", Dated({"01", "01", "01"}).With("Invoice/SystemEntryDate", "2008-07-01T11:00:00")),
+      ElementsAre("FT A/1: o documento foi gravado em 2008-07-01T11:00:00, depois de um documento com número mais "
+                  "alto na série, 2008-07-01T10:00:00 (FT A/2).",
+                  "FT A/1: the document was entered on 2008-07-01T11:00:00, after a document with a higher "
+                  "number in the series, 2008-07-01T10:00:00 (FT A/2)."));
   const std::string text = two.With("Invoice[2]/SystemEntryDate", "2008-07-01T09:00:00").Text();
   ASSERT_THAT(FindingsOf("NO-ORDER", two.With("Invoice[2]/SystemEntryDate", "2008-07-01T09:00:00")), SizeIs(1));
   EXPECT_EQ(found_.back().place.offset, static_cast<int64_t>(text.find("<SystemEntryDate>2008-07-01T09:00:00")));

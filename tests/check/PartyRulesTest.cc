@@ -32,10 +32,10 @@ TEST_F(PartyRulesTest, TheCompanysNumberEndsInItsCheckDigit) {
   EXPECT_THAT(OfCompany("0501234560"), ElementsAre("NIF-CHECK E Header/TaxRegistrationNumber [0501234560] [] []"));
   EXPECT_THAT(
       Sentences(CleanFile().With("Header/TaxRegistrationNumber", "501234561")),
-      ElementsAre("Cabeçalho: o número de contribuinte 501234561 não é válido: com os oito primeiros algarismos "
-                  "tinha de ser 501234560.",
-                  "Header: the tax number 501234561 is not valid: with its first eight digits it had to be "
-                  "501234560."));
+      ElementsAre(
+          "Cabeçalho: o número de contribuinte 501234561 não é válido: pelo algarismo de controlo, o último, seria "
+          "501234560.",
+          "Header: the tax number 501234561 is not valid: by its check digit, the last one, it would be 501234560."));
 }
 
 TEST_F(PartyRulesTest, SoDoesThatOfCustomersAndSuppliersInPortugal) {
@@ -65,9 +65,10 @@ TEST_F(PartyRulesTest, APortugueseNumberBeginsAsTheyDo) {
   // One fault, one finding.
   EXPECT_THAT(OfCompany("400000009"),
               ElementsAre("NIF-CHECK E Header/TaxRegistrationNumber [400000009] [400000008] []"));
-  EXPECT_THAT(Sentences(CleanFile().With("Header/TaxRegistrationNumber", "400000008")),
-              ElementsAre("Cabeçalho: o número de contribuinte 400000008 não começa como os que são atribuídos.",
-                          "Header: the tax number 400000008 does not begin as those that are given out."));
+  EXPECT_THAT(
+      Sentences(CleanFile().With("Header/TaxRegistrationNumber", "400000008")),
+      ElementsAre("Cabeçalho: o número de contribuinte 400000008 não começa como nenhum dos que são atribuídos.",
+                  "Header: the tax number 400000008 does not begin as any of those that are given out."));
 }
 
 TEST_F(PartyRulesTest, ANumberHasNoCountryInFront) {

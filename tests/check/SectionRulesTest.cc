@@ -60,9 +60,10 @@ TEST_F(SectionRulesTest, TheNumberOfDocumentsIsTold) {
   EXPECT_THAT(Findings(CleanFile().With(kEntries, "+03")), IsEmpty());
   EXPECT_THAT(Findings(CleanFile().With(kEntries, "x")),
               ElementsAre("READ E SalesInvoices/NumberOfEntries [x] [integer] []"));
-  EXPECT_THAT(Sentences(CleanFile().With(kEntries, "4")),
-              ElementsAre("Faturas: NumberOfEntries é 4, mas o ficheiro tem 3 documentos (diferença 1).",
-                          "Invoices: NumberOfEntries is 4, but the file has 3 documents (difference 1)."));
+  EXPECT_THAT(
+      Sentences(CleanFile().With(kEntries, "4")),
+      ElementsAre("Faturas: NumberOfEntries é 4, mas o número de documentos do ficheiro é 3 (diferença 1).",
+                  "Invoices: NumberOfEntries is 4, but the number of documents in the file is 3 (difference 1)."));
 }
 
 TEST_F(SectionRulesTest, OtherWaysToCountDocumentsAreInformation) {
@@ -144,8 +145,8 @@ TEST_F(SectionRulesTest, WhichDocumentsWereSummedIsSaidInBothLanguages) {
   EXPECT_THAT(of_total(kCredit, "40"),
               ElementsAre("Faturas: TotalCredit, 40, soma também os créditos dos documentos resumidos noutros (estado "
                           "F); sem eles seria 30,00.",
-                          "Invoices: TotalCredit, 40, is also of the credits of documents merged into others "
-                          "(status F); without them it would be 30.00."));
+                          "Invoices: TotalCredit, 40, is also of the credits of documents summarised in others (status "
+                          "F); without them it would be 30.00."));
   EXPECT_THAT(of_total(kCredit, "1140"),
               ElementsAre("Faturas: TotalCredit, 1140, soma os créditos de todos os documentos, também dos anulados; "
                           "só dos que estão em vigor seria 30,00.",
@@ -166,8 +167,8 @@ TEST_F(SectionRulesTest, WhichDocumentsWereSummedIsSaidInBothLanguages) {
   EXPECT_THAT(of_total(kDebit, "9"),
               ElementsAre("Faturas: TotalDebit, 9, soma também os débitos dos documentos resumidos noutros (estado "
                           "F); sem eles seria 4,00.",
-                          "Invoices: TotalDebit, 9, is also of the debits of documents merged into others "
-                          "(status F); without them it would be 4.00."));
+                          "Invoices: TotalDebit, 9, is also of the debits of documents summarised in others (status "
+                          "F); without them it would be 4.00."));
   EXPECT_THAT(of_total(kDebit, "559"),
               ElementsAre("Faturas: TotalDebit, 559, soma os débitos de todos os documentos, também dos anulados; só "
                           "dos que estão em vigor seria 4,00.",
@@ -230,8 +231,8 @@ TEST_F(SectionRulesTest, ThePeriodIsTheMonthOfTheDate) {
   EXPECT_THAT(FindingsOf("SI-PERIOD", CleanFile().With("Invoice/Period", "x")), IsEmpty());
   EXPECT_THAT(FindingsOf("SI-PERIOD", CleanFile().With("Invoice/InvoiceDate", "x")), IsEmpty());
   EXPECT_THAT(Sentences(CleanFile().With("Invoice/Period", "4")),
-              ElementsAre("FT A/1: o período é 4, mas a data da fatura é do mês 3 do exercício.",
-                          "FT A/1: the period is 4, but the date of the invoice is in month 3 of the fiscal year."));
+              ElementsAre("FT A/1: o período é 4, mas a data do documento é do mês 3 do exercício.",
+                          "FT A/1: the period is 4, but the date of the document is in month 3 of the fiscal year."));
 }
 
 TEST_F(SectionRulesTest, ThePeriodIsCountedFromTheBeginningOfTheFiscalYear) {

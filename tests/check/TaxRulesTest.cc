@@ -140,10 +140,10 @@ TEST_F(TaxRulesTest, AnotherRateIsToldOnce) {
   EXPECT_THAT(Findings(file), ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [23] [20] []"));
   EXPECT_THAT(FindingsOf("TAX-RATE", file.With("Invoice[2]/InvoiceStatus", "A")),
               ElementsAre("TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [23] [20] []"));
-  EXPECT_THAT(Sentences(file),
-              ElementsAre("FT A/2: a taxa de IVA é 23; para o código, a região e a data da linha devia ser 20.",
-                          "FT A/2: the VAT rate is 23; for the code, the region and the date of the line it should be "
-                          "20."));
+  EXPECT_THAT(
+      Sentences(file),
+      ElementsAre("FT A/2: a taxa de IVA é 23%; para o código, a região e a data da linha devia ser 20%.",
+                  "FT A/2: the VAT rate is 23%; for the code, the region and the date of the line it should be 20%."));
   checker_.set_Severity("TAX-RATE", Severity::kOff);
   EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 23%] [] []"));
 }
@@ -162,9 +162,9 @@ TEST_F(TaxRulesTest, OnTheDaysOfAChangeTheRateBesideIsOnlyInformation) {
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-01", "PT-AC", "NOR", "22")), ElementsAre(::testing::HasSubstr("TAX-RATE W")));
   const auto sentences = Sentences(WithTaxOn("2008-07-01", "PT", "NOR", "21"));
   EXPECT_THAT(sentences, ::testing::IsSupersetOf(
-                             {"FT A/2: a taxa de IVA é 21, do outro lado da mudança de taxas; na data da linha é 20.",
-                              "FT A/2: the VAT rate is 21, that of the other side of the change of rates; on the date "
-                              "of the line it is 20."}));
+                             {"FT A/2: a taxa de IVA é 21%, do outro lado da mudança de taxas; na data da linha é 20%.",
+                              "FT A/2: the VAT rate is 21%, that of the other side of the change of rates; on the date "
+                              "of the line it is 20%."}));
 }
 
 TEST_F(TaxRulesTest, TheTaxPointCountsBeforeTheInvoiceDate) {
@@ -185,10 +185,10 @@ TEST_F(TaxRulesTest, DocumentsThatCorrectAnotherHaveAnyRateThatWas) {
   }
   EXPECT_THAT(
       Sentences(CleanFile().With("Invoice[3]/Line/Tax/TaxPercentage", "5.5")),
-      ::testing::IsSupersetOf({"NC A/1: a taxa de IVA é 5,5, que nunca foi a do código e da região da linha; "
-                               "essa foi 5, 6.",
-                               "NC A/1: the VAT rate is 5.5, which never was that of the code and the region of "
-                               "the line; that was 5, 6."}));
+      ::testing::IsSupersetOf(
+          {"NC A/1: a taxa de IVA é 5,5%, que nunca foi a do código e da região da linha; essa foi (em %) 5, 6.",
+           "NC A/1: the VAT rate is 5.5%, which never was that of the code and the region of the line; that was (in %) "
+           "5, 6."}));
 }
 
 TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
@@ -205,10 +205,10 @@ TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
               ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxCode [17.3.1] [] []"));
   EXPECT_THAT(OfRate(WithTaxAmount("NOR", "2.00")), IsEmpty());
   EXPECT_THAT(OfRate(WithTax("PT", "XXX", "4")), IsEmpty());
-  EXPECT_THAT(Sentences(WithTax("PT", "ISE", "5.5")),
-              ::testing::IsSupersetOf(
-                  {"FT A/2: o código é ISE, de isenção, mas a taxa ou o imposto é 5,5; devia ser 0.",
-                   "FT A/2: the code is ISE, for exemption, but the rate or the tax is 5.5; it should be 0."}));
+  EXPECT_THAT(
+      Sentences(WithTax("PT", "ISE", "5.5")),
+      ::testing::IsSupersetOf({"FT A/2: o código é ISE (isenção), mas a taxa ou o imposto é 5,5; devia ser 0.",
+                               "FT A/2: the code is ISE (exempt), but the rate or the tax is 5.5; it should be 0."}));
   EXPECT_THAT(Sentences(WithTax("PT", "17.3.1", "4")),
               ::testing::IsSupersetOf({"FT A/2: \"17.3.1\" não é um código de IVA, que são RED, INT, NOR, ISE e OUT.",
                                        "FT A/2: \"17.3.1\" is no code of VAT, which are RED, INT, NOR, ISE and OUT."}));

@@ -21,7 +21,7 @@ KeptElement KeptAccount(const AccountPlan::Account& account) {
 
 constexpr RuleSentence kNoParent{
     Severity::kWarning,
-    {"não tem conta de integração: nenhuma conta do ficheiro, de dois ou mais algarismos, é o início dela",
+    {"não tem conta agregadora: nenhuma conta do ficheiro, de dois ou mais algarismos, é o início dela",
      "has no integrating account: no account of the file, of two digits or more, is its beginning"}};
 
 void JudgeParents(Judgement& judgement) {
@@ -60,10 +60,9 @@ constexpr Rule kAccountRules[] = {
     {.info =
          {"ACC-PARENT",
           Severity::kWarning,
-          {"Conta de integração", "Integrating account"},
+          {"Conta agregadora", "Integrating account"},
           {"Cada conta de mais de dois algarismos tem no ficheiro uma conta, de pelo menos dois, que é o início dela.",
-           "Each account of more than two digits has in the file an account, of at least two, that is its "
-           "beginning."},
+           "Each account of more than two digits has in the file an account, of at least two, that is its beginning."},
           "Portaria 1192/2009"},
      .at_end = JudgeParents},
     {.info = {"ACC-REF",

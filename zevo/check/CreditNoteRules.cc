@@ -31,7 +31,7 @@ constexpr RuleSentence kReferenceMissing{Severity::kWarning,
                                          {"o documento não diz que outro retifica: falta Reference",
                                           "the document does not say which other it corrects: Reference is missing"}};
 constexpr RuleSentence kReasonMissing{Severity::kWarning,
-                                      {"o documento não diz porque retifica outro: falta Reason",
+                                      {"o documento não diz por que motivo retifica outro: falta Reason",
                                        "the document does not say why it corrects another: Reason is missing"}};
 constexpr RuleSentence kOnOtherType{
     Severity::kInformation,
@@ -40,19 +40,19 @@ constexpr RuleSentence kOnOtherType{
 constexpr RuleSentence kRefersToItself{
     Severity::kError,
     {"a referência {found} é ao próprio documento", "the reference {found} is to the document itself"}};
-constexpr RuleSentence kNoSuchDocument{Severity::kError,
-                                       {"o documento referido, {found}, não está no ficheiro, que tem a série dele",
-                                        "the document referred to, {found}, is not in the file, which has its series"}};
+constexpr RuleSentence kNoSuchDocument{
+    Severity::kError,
+    {"o documento referido, {found}, não está no ficheiro, embora a série dele esteja",
+     "the document referred to, {found}, is not in the file, though its series is"}};
 constexpr RuleSentence kLaterDocument{
     Severity::kError,
-    {"o documento referido, {found}, é posterior à data deste, {expected}",
-     "the document referred to, {found}, is later than the date of this one, {expected}"}};
-constexpr RuleSentence kCorrectedByMore{
-    Severity::kWarning,
-    {"os documentos que retificam este somam {found#} sem impostos, mais do que o total dele, {expected#} (diferença "
-     "{difference#})",
-     "the documents that correct this one are {found#} without taxes, more than its total, {expected#} (difference "
-     "{difference#})"}};
+    {"o documento referido, {found}, tem data posterior à deste, {expected}",
+     "the document referred to, {found}, has a later date than this one, {expected}"}};
+constexpr RuleSentence kCorrectedByMore{Severity::kWarning,
+                                        {"os documentos que retificam este somam {found#} sem impostos, mais do que "
+                                         "NetTotal dele, {expected#} (diferença {difference#})",
+                                         "the documents that correct this one are {found#} without taxes, more than "
+                                         "its NetTotal, {expected#} (difference {difference#})"}};
 
 // Where the Reference would stand.
 ElementSpot SpotOfReference(const InvoiceFacts& invoice) {
@@ -164,31 +164,30 @@ void JudgeLateCancelledReferences(Judgement& judgement) {
 }
 
 constexpr Rule kCreditNoteRules[] = {
-    {.info =
-         {"NC-REF",
-          Severity::kError,
-          {"Referências das notas de crédito", "References of credit notes"},
-          {"Cada nota de crédito diz, em Reference, que documento retifica. Não é o próprio, nem um posterior; quando "
-           "o "
-           "ficheiro tem a série dele, a partir de um número mais baixo, também o tem a ele (só aviso na base P). Uma "
-           "referência que não tem a forma de InvoiceNo não se verifica. Só aviso: os documentos TD, DA e RE também o "
-           "dizem; há um motivo, em Reason; os documentos que retificam outro não somam mais do que NetTotal dele. Só "
-           "informação: documentos de outros tipos não têm Reference; e tudo o que se diz de documentos anulados.",
-           "Each credit note says in Reference which document it corrects. It is not itself, nor a later one; where "
-           "the file has the series of that document, from a lower number on, it has the document too (a warning only "
-           "with basis P). A reference that has not the form of InvoiceNo is not judged. A warning only: documents TD, "
-           "DA and RE say so too; there is a Reason; the documents that correct another are no more than its NetTotal. "
-           "Information only: documents of other types have no Reference; and all that is told of cancelled "
-           "documents."},
-          "CIVA, art. 36.º"},
+    {.info = {"NC-REF",
+              Severity::kError,
+              {"Referências das notas de crédito", "References of credit notes"},
+              {"Cada nota de crédito diz, em Reference, que documento retifica. Não é o próprio, nem um posterior; "
+               "quando o ficheiro tem a série dele, a partir de um número mais baixo, também o tem a ele (só aviso na "
+               "base P). Uma referência que não tem a forma de InvoiceNo não se verifica. Só aviso: os documentos TD, "
+               "DA e RE também o dizem; há um motivo, em Reason; os documentos que retificam outro não somam mais do "
+               "que NetTotal dele. Só informação: documentos de outros tipos não têm Reference; e tudo o que se diz de "
+               "documentos anulados.",
+               "Each credit note says in Reference which document it corrects. It is not itself, nor a later one; "
+               "where the file has the series of that document, from a lower number on, it has the document too (a "
+               "warning only with basis P). A reference that has not the form of InvoiceNo is not judged. A warning "
+               "only: documents TD, DA and RE say so too; there is a Reason; the documents that correct another are no "
+               "more than its NetTotal. Information only: documents of other types have no Reference; and all that is "
+               "told of cancelled documents."},
+              "CIVA, art. 36.º"},
      .invoice = JudgeCorrections,
      .at_end = JudgeLateCorrections},
     {.info =
          {"NC-CANCELLED",
           Severity::kWarning,
           {"Notas de crédito de documentos anulados", "Credit notes of cancelled documents"},
-          {"Nenhuma nota de crédito refere um documento anulado, a não ser que ela própria esteja anulada ou "
-           "resumida noutra.",
+          {"Nenhuma nota de crédito refere um documento anulado, a não ser que ela própria esteja anulada ou resumida "
+           "noutra.",
            "No credit note refers to a cancelled document, unless it is itself cancelled or summarised in another."},
           ""},
      .invoice = JudgeCancelledReferences,

@@ -39,9 +39,9 @@ void JudgeDateInPeriod(const InvoiceFacts& invoice, Judgement& judgement) {
 
 constexpr RuleSentence kNoDate{Severity::kError,
                                {"\"{found}\" não é um dia do calendário", "\"{found}\" is no day of the calendar"}};
-constexpr RuleSentence kNoTime{
-    Severity::kError,
-    {"\"{found}\" não é um dia do calendário e uma hora dele", "\"{found}\" is no day of the calendar and time of it"}};
+constexpr RuleSentence kNoTime{Severity::kError,
+                               {"\"{found}\" não é um dia do calendário com uma hora que exista",
+                                "\"{found}\" is no day of the calendar with a time that exists"}};
 constexpr RuleSentence kHour24{
     Severity::kError,
     {"{found} tem a hora 24, mas as horas vão de 00 a 23; o fim do dia escreve-se {expected}",
@@ -107,7 +107,7 @@ void JudgeDatesOfInvoice(const InvoiceFacts& invoice, Judgement& judgement) {
 constexpr RuleSentence kDocumentAfterEntry{
     Severity::kWarning,
     {"a data do documento é {found}, depois do dia em que foi gravado, {expected}",
-     "the date of the document is {found}, after the day on which it was recorded, {expected}"}};
+     "the date of the document is {found}, after the day on which it was entered, {expected}"}};
 
 void JudgeEntryDate(const InvoiceFacts& invoice, Judgement& judgement) {
   if (!IsComparable(invoice, judgement) || !invoice.entry_date.Read()) return;
@@ -163,16 +163,15 @@ constexpr Rule kDateRules[] = {
                "InvoiceDate is between StartDate and EndDate of the header."},
               "Portaria 1192/2009"},
      .invoice = JudgeDateInPeriod},
-    {.info =
-         {"DATE-REAL",
-          Severity::kError,
-          {"Datas e horas do calendário", "Dates and times of the calendar"},
-          {"Cada data do ficheiro existe no calendário, e as horas vão de 00 a 23: o esquema aceita 24:00:00. O que "
-           "o esquema também recusa é dito por READ. Só aviso: não há fusos horários nem frações de segundo.",
-           "Each date of the file exists in the calendar, and hours go from 00 to 23: the schema takes 24:00:00. "
-           "What the schema refuses too is told by READ. A warning only: there are neither time zones nor fractions "
-           "of a second."},
-          "Portaria 1192/2009"},
+    {.info = {"DATE-REAL",
+              Severity::kError,
+              {"Datas e horas do calendário", "Dates and times of the calendar"},
+              {"Cada data do ficheiro existe no calendário, e as horas vão de 00 a 23: o esquema aceita 24:00:00. O "
+               "que o esquema também recusa é dito por READ. Só aviso: não há fusos horários nem frações de segundo.",
+               "Each date of the file exists in the calendar, and hours go from 00 to 23: the schema takes 24:00:00. "
+               "What the schema refuses too is told by READ. A warning only: there are neither time zones nor "
+               "fractions of a second."},
+              "Portaria 1192/2009"},
      .header = JudgeDatesOfHeader,
      .tax_table = JudgeDatesOfTaxTable,
      .transaction = JudgeDatesOfTransaction,

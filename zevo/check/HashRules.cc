@@ -16,12 +16,11 @@ using Document = DocumentTable::Document;
 
 // HASH-FORM
 
-constexpr RuleSentence kNoHashForm{
-    Severity::kError,
-    {"o Hash é \"{found}\"; devia ter os 172 caracteres de uma assinatura em base64, ou ser 0 se o documento não foi "
-     "assinado",
-     "the Hash is \"{found}\"; it should have the 172 characters of a signature in base64, or be 0 for a document that "
-     "was not signed"}};
+constexpr RuleSentence kNoHashForm{Severity::kError,
+                                   {"o Hash é \"{found}\"; devia ter os 172 caracteres de uma assinatura em base64, ou "
+                                    "ser 0 se o documento não foi assinado",
+                                    "the Hash is \"{found}\"; it should have the 172 characters of a signature in "
+                                    "base64, or be 0 for a document that was not signed"}};
 
 void JudgeHashForm(const InvoiceFacts& invoice, Judgement& judgement) {
   if (invoice.hash.Missing() || invoice.hash_form != HashForm::kNone) return;
@@ -32,24 +31,23 @@ void JudgeHashForm(const InvoiceFacts& invoice, Judgement& judgement) {
 
 constexpr RuleSentence kSignedWithoutCertificate{
     Severity::kWarning,
-    {"o documento está assinado, mas o programa não é certificado (SoftwareCertificateNumber é 0); e assim outros do "
-     "ficheiro",
-     "the document is signed, but the program is not certified (SoftwareCertificateNumber is 0), and so it may be with "
+    {"o documento está assinado, mas o programa não é certificado (SoftwareCertificateNumber é 0); outros do ficheiro "
+     "podem estar assim",
+     "the document is signed, but the program is not certified (SoftwareCertificateNumber is 0); so it may be with "
      "others of the file"}};
 constexpr RuleSentence kUnsignedAfterSigned{
     Severity::kWarning,
-    {"o documento não está assinado (Hash {found}), mas um anterior da série, {expected}, está",
-     "the document is not signed (Hash {found}), but one before it in the series, {expected}, is"}};
+    {"o documento não está assinado (o Hash é {found}), mas um anterior da série, {expected}, está",
+     "the document is not signed (the Hash is {found}), but one before it in the series, {expected}, is"}};
 constexpr RuleSentence kNoControl{
     Severity::kWarning,
     {"falta HashControl, a versão da chave com que o documento foi assinado",
      "there is no HashControl, the version of the key that the document was signed with"}};
-constexpr RuleSentence kOtherControl{
-    Severity::kWarning,
-    {"HashControl é \"{found}\"; devia ser a versão da chave, como 1 ou 1.1, ou como 1-FTM e 1-FTD com o documento de "
-     "origem",
-     "HashControl is \"{found}\"; it should be the version of the key, such as 1 or 1.1, or such as 1-FTM and 1-FTD "
-     "with the document it comes from"}};
+constexpr RuleSentence kOtherControl{Severity::kWarning,
+                                     {"HashControl é \"{found}\"; devia ser a versão da chave, como 1 ou 1.1, ou, com "
+                                      "o documento de origem, como 1-FTM ou 1-FTD",
+                                      "HashControl is \"{found}\"; it should be the version of the key, such as 1 or "
+                                      "1.1, or, with the document it comes from, such as 1-FTM or 1-FTD"}};
 
 bool IsNumberZero(const TextFact& certificate) {
   return !certificate.Missing() && !certificate->empty() &&
@@ -89,8 +87,7 @@ void JudgeUnsigned(Judgement& judgement) {
 constexpr RuleSentence kOtherSignature{
     Severity::kError,
     {"o Hash não é a assinatura de \"{expected}\" com a chave dada: um destes dados ou o Hash do documento anterior "
-     "foi "
-     "alterado, ou a chave é outra",
+     "foi alterado, ou a chave é outra",
      "the Hash is not the signature of \"{expected}\" by the key that was given: one of these or the Hash of the "
      "document before was changed, or the key is another"}};
 constexpr RuleSentence kNothingBefore{
@@ -159,16 +156,15 @@ void JudgeOpenLinks(Judgement& judgement) {
 }
 
 constexpr Rule kHashRules[] = {
-    {.info =
-         {"HASH-FORM",
-          Severity::kError,
-          {"Forma da assinatura", "Form of the signature"},
-          {"Hash são os 172 caracteres de uma assinatura RSA de 1024 bits em base64, ou 0 num documento que não foi "
-           "assinado.",
-           "Hash is the 172 characters of an RSA signature of 1024 bits in base64, or 0 for a document that was not "
-           "signed."},
-          "Portaria 363/2010",
-          "2011-01-01"},
+    {.info = {"HASH-FORM",
+              Severity::kError,
+              {"Forma da assinatura", "Form of the signature"},
+              {"Hash são os 172 caracteres de uma assinatura RSA de 1024 bits em base64, ou 0 num documento que não "
+               "foi assinado.",
+               "Hash is the 172 characters of an RSA signature of 1024 bits in base64, or 0 for a document that was "
+               "not signed."},
+              "Portaria 363/2010",
+              "2011-01-01"},
      .invoice = JudgeHashForm},
     {.info =
          {"HASH-CTRL",
@@ -182,24 +178,22 @@ constexpr Rule kHashRules[] = {
           "2011-01-01"},
      .invoice = JudgeHashControl,
      .at_end = JudgeUnsigned},
-    {.info =
-         {"HASH-CHAIN",
-          Severity::kError,
-          {"Assinatura do documento", "Signature of the document"},
-          {"Com a chave pública: Hash é a assinatura (RSA com SHA-1) de "
-           "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; e do Hash do documento anterior da série, por número; "
-           "no primeiro não há nada depois do último \";\". Depois de um documento não assinado também pode não haver. "
-           "Sem o documento anterior no ficheiro a assinatura não se verifica: só informação. Com HashControl n.n, "
-           "n-XXM… ou n-XXD… também não. Sem chave pública é dito uma vez que nada se verificou.",
-           "With the public key: Hash is the signature (RSA with SHA-1) of "
-           "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; and the Hash of the document before in its series, by "
-           "number; in the first there is nothing behind the last \";\". Behind a document that is not signed there "
-           "may "
-           "be nothing too. Without the document before in the file the signature is not verified: information only. "
-           "Nor is one with a HashControl of n.n, n-XXM… or n-XXD…. Without a public key it is told once that none was "
-           "verified."},
-          "Portaria 363/2010",
-          "2011-01-01"},
+    {.info = {"HASH-CHAIN",
+              Severity::kError,
+              {"Assinatura do documento", "Signature of the document"},
+              {"Com a chave pública: Hash é a assinatura (RSA com SHA-1) de "
+               "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; e do Hash do documento anterior da série, por "
+               "número; no primeiro não há nada depois do último \";\". Depois de um documento não assinado também "
+               "pode não haver. Sem o documento anterior no ficheiro a assinatura não se verifica: só informação. Com "
+               "HashControl n.n, n-XXM… ou n-XXD… também não. Sem chave pública é dito uma vez que nada se verificou.",
+               "With the public key: Hash is the signature (RSA with SHA-1) of "
+               "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; and the Hash of the document before in its series, "
+               "by number; in the first there is nothing behind the last \";\". Behind a document that is not signed "
+               "there may be nothing too. Without the document before in the file the signature is not verified: "
+               "information only. Nor is one with a HashControl of n.n, n-XXM… or n-XXD…. Without a public key it is "
+               "told once that none was verified."},
+              "Portaria 363/2010",
+              "2011-01-01"},
      .invoice = JudgeLinks,
      .at_end = JudgeOpenLinks},
 };

@@ -14,17 +14,17 @@ namespace {
 
 constexpr RuleSentence kInvoicesInLedgerFile{
     Severity::kError,
-    {"a base contabilística é C (só contabilidade), mas o ficheiro tem faturas: {difference}",
-     "the accounting basis is C (ledger only), but the file has invoices: {difference}"}};
+    {"a base contabilística é C (só contabilidade), mas o ficheiro tem documentos de venda: {difference}",
+     "the accounting basis is C (ledger only), but the file has sales documents: {difference}"}};
 constexpr RuleSentence kEntriesInInvoicesFile{
     Severity::kError,
     {"a base contabilística é F (só faturação), mas o ficheiro tem movimentos contabilísticos: {difference}",
      "the accounting basis is F (invoices only), but the file has ledger entries: {difference}"}};
 constexpr RuleSentence kNoTransactionOfInvoice{
     Severity::kError,
-    {"falta TransactionID, o movimento contabilístico da fatura, que a base contabilística I (integrada) pede",
-     "there is no TransactionID, the ledger transaction of the invoice, which the accounting basis I (integrated) asks "
-     "for"}};
+    {"falta TransactionID, o movimento contabilístico do documento, que a base contabilística I (integrada) exige",
+     "there is no TransactionID, the ledger transaction of the document, which the accounting basis I (integrated) "
+     "asks for"}};
 constexpr RuleSentence kNotSelfBilled{
     Severity::kWarning,
     {"SelfBillingIndicator é {found}, e num ficheiro de autofaturação (base S) devia ser {expected}",
@@ -96,16 +96,16 @@ constexpr RuleSentence kEndBeforeStart{Severity::kError,
                                         "the period ends on {found}, before it begins, on {expected}"}};
 constexpr RuleSentence kLongerThanAYear{
     Severity::kError,
-    {"o período acaba em {found}; para não ter mais de um ano tinha de acabar antes de {expected}",
-     "the period ends on {found}; to be no longer than a year it had to end before {expected}"}};
+    {"o período acaba em {found}; para não ter mais de um ano devia acabar antes de {expected}",
+     "the period ends on {found}; to be no longer than a year it should end before {expected}"}};
 constexpr RuleSentence kOtherFiscalYear{
     Severity::kWarning,
     {"o exercício é {found}, e devia ser {expected}, em que o período começa",
      "the fiscal year is {found} and should be {expected}, in which the period begins"}};
 constexpr RuleSentence kEntriesAfterCreation{
     Severity::kWarning,
-    {"o ficheiro foi criado em {found}, mas tem registos gravados depois, até {expected}",
-     "the file was created on {found}, but has entries made later, until {expected}"}};
+    {"o ficheiro foi criado em {found}, mas tem registos gravados depois, o último em {expected}",
+     "the file was created on {found}, but has entries made later, the last on {expected}"}};
 constexpr RuleSentence kCreatedBeforeEnd{
     Severity::kInformation,
     {"o ficheiro foi criado em {found}, antes do fim do seu período, em {expected}",
@@ -156,19 +156,18 @@ void JudgeCertificate(const HeaderFacts& header, Judgement& judgement) {
 }
 
 constexpr Rule kHeaderRules[] = {
-    {.info =
-         {"HDR-BASIS",
-          Severity::kError,
-          {"Base contabilística", "Accounting basis"},
-          {"O ficheiro tem o que TaxAccountingBasis diz: na base C não há faturas; na F não há movimentos; na I cada "
-           "fatura que não esteja anulada tem o seu TransactionID. Só aviso: na base S cada documento tem "
-           "SelfBillingIndicator 1. Só informação: as secções que a base faz esperar existem. Na base P nada se "
-           "verifica.",
-           "The file has what TaxAccountingBasis says: with basis C there are no invoices; with F no ledger "
-           "entries; with I each invoice that is not cancelled has its TransactionID. A warning only: with basis S "
-           "each document has SelfBillingIndicator 1. Information only: the sections that the basis lets expect are "
-           "there. With basis P nothing is judged."},
-          "Portaria 1192/2009"},
+    {.info = {"HDR-BASIS",
+              Severity::kError,
+              {"Base contabilística", "Accounting basis"},
+              {"O ficheiro tem o que TaxAccountingBasis diz: na base C não há documentos de venda; na F não há "
+               "movimentos; na I cada documento que não esteja anulado tem o seu TransactionID. Só aviso: na base S "
+               "cada documento tem SelfBillingIndicator 1. Só informação: as secções que a base faz esperar existem. "
+               "Na base P nada se verifica.",
+               "The file has what TaxAccountingBasis says: with basis C there are no sales documents; with F no ledger "
+               "entries; with I each document that is not cancelled has its TransactionID. A warning only: with basis "
+               "S each document has SelfBillingIndicator 1. Information only: the sections that the basis lets expect "
+               "are there. With basis P nothing is judged."},
+              "Portaria 1192/2009"},
      .invoice = JudgeBasisOfInvoice,
      .at_end = JudgeBasisAtEnd},
     {.info = {"HDR-ENTITY",
@@ -178,26 +177,25 @@ constexpr Rule kHeaderRules[] = {
                R"(TaxEntity is "Sede" with basis C and I; with F it is an establishment or "Global".)"},
               "Portaria 1192/2009"},
      .header = JudgeEntity},
-    {.info =
-         {"HDR-PERIOD",
-          Severity::kError,
-          {"Período do ficheiro", "Period of the file"},
-          {"StartDate não é posterior a EndDate, e o período não tem mais de um ano. Só aviso: FiscalYear é o ano de "
-           "StartDate, ou o anterior quando o período é mais curto do que um ano; DateCreated não é anterior a "
-           "nenhum SystemEntryDate. Só informação: DateCreated não é anterior a EndDate.",
-           "StartDate is not after EndDate, and the period is no longer than a year. A warning only: FiscalYear is "
-           "the year of StartDate, or the year before when the period is shorter than a year; DateCreated is before "
-           "no SystemEntryDate. Information only: DateCreated is not before EndDate."},
-          "Portaria 1192/2009"},
+    {.info = {"HDR-PERIOD",
+              Severity::kError,
+              {"Período do ficheiro", "Period of the file"},
+              {"StartDate não é posterior a EndDate, e o período não tem mais de um ano. Só aviso: FiscalYear é o ano "
+               "de StartDate, ou o anterior quando o período é mais curto do que um ano; DateCreated não é anterior a "
+               "nenhum SystemEntryDate. Só informação: DateCreated não é anterior a EndDate.",
+               "StartDate is not after EndDate, and the period is no longer than a year. A warning only: FiscalYear is "
+               "the year of StartDate, or the year before when the period is shorter than a year; DateCreated is "
+               "before no SystemEntryDate. Information only: DateCreated is not before EndDate."},
+              "Portaria 1192/2009"},
      .header = JudgePeriod,
      .at_end = JudgeCreation},
-    {.info = {"HDR-CERT",
-              Severity::kWarning,
-              {"Certificado do programa", "Certificate of the program"},
-              {"SoftwareCertificateNumber é um número: o do certificado, ou 0 quando o programa não é certificado.",
-               "SoftwareCertificateNumber is a number: that of the certificate, or 0 for a program that is not "
-               "certified."},
-              "Portaria 1192/2009"},
+    {.info =
+         {"HDR-CERT",
+          Severity::kWarning,
+          {"Certificado do programa", "Certificate of the program"},
+          {"SoftwareCertificateNumber é um número: o do certificado, ou 0 quando o programa não é certificado.",
+           "SoftwareCertificateNumber is a number: that of the certificate, or 0 for a program that is not certified."},
+          "Portaria 1192/2009"},
      .header = JudgeCertificate},
 };
 

@@ -11,9 +11,10 @@ namespace {
 
 // KEY-DUP
 
-constexpr RuleSentence kRepeatedKey{Severity::kError,
-                                    {"{expected} {found} já identifica outro registo do ficheiro",
-                                     "{expected} {found} already identifies another record of the file"}};
+constexpr RuleSentence kRepeatedKey{
+    Severity::kError,
+    {"{expected} {found} está repetido: já identifica outro registo do ficheiro",
+     "{expected} {found} is repeated: it already identifies another record of the file"}};
 
 void JudgeKey(const EntityFacts& facts, Judgement& judgement) {
   if (!judgement.File().Keys().IsRepeated()) return;
@@ -22,12 +23,15 @@ void JudgeKey(const EntityFacts& facts, Judgement& judgement) {
 
 // KEY-REF
 
-constexpr RuleSentence kUnknownCustomer{
-    Severity::kError, {"o cliente {found} não está no ficheiro", "customer {found} is not in the file"}};
-constexpr RuleSentence kUnknownSupplier{
-    Severity::kError, {"o fornecedor {found} não está no ficheiro", "supplier {found} is not in the file"}};
-constexpr RuleSentence kUnknownProduct{
-    Severity::kError, {"o produto {found} não está no ficheiro", "product {found} is not in the file"}};
+constexpr RuleSentence kUnknownCustomer{Severity::kError,
+                                        {"o cliente {found} não está entre os clientes do ficheiro",
+                                         "customer {found} is not among the customers of the file"}};
+constexpr RuleSentence kUnknownSupplier{Severity::kError,
+                                        {"o fornecedor {found} não está entre os fornecedores do ficheiro",
+                                         "supplier {found} is not among the suppliers of the file"}};
+constexpr RuleSentence kUnknownProduct{Severity::kError,
+                                       {"o produto {found} não está entre os produtos do ficheiro",
+                                        "product {found} is not among the products of the file"}};
 
 void JudgeReferences(Judgement& judgement) {
   struct Row {
@@ -45,21 +49,20 @@ void JudgeReferences(Judgement& judgement) {
 }
 
 constexpr Rule kKeyRules[] = {
-    {.info =
-         {"KEY-DUP",
-          Severity::kError,
-          {"Identificações repetidas", "Repeated identifications"},
-          {"CustomerID, SupplierID, ProductCode, AccountID, JournalID, TransactionID e InvoiceNo aparecem uma só vez "
-           "entre os seus iguais.",
-           "CustomerID, SupplierID, ProductCode, AccountID, JournalID, TransactionID and InvoiceNo appear only once "
-           "among their like."},
-          "Portaria 1192/2009"},
+    {.info = {"KEY-DUP",
+              Severity::kError,
+              {"Identificações repetidas", "Repeated identifications"},
+              {"CustomerID, SupplierID, ProductCode, AccountID, JournalID, TransactionID e InvoiceNo aparecem uma só "
+               "vez entre os seus iguais.",
+               "CustomerID, SupplierID, ProductCode, AccountID, JournalID, TransactionID and InvoiceNo appear only "
+               "once among their like."},
+              "Portaria 1192/2009"},
      .entity = JudgeKey},
     {.info = {"KEY-REF",
               Severity::kError,
               {"Clientes, fornecedores e produtos usados", "Customers, suppliers and products used"},
-              {"Os CustomerID, SupplierID e ProductCode que se usam nos movimentos e faturas existem no ficheiro.",
-               "The CustomerID, SupplierID and ProductCode that ledger entries and invoices use are in the file."},
+              {"Os CustomerID, SupplierID e ProductCode que se usam nos movimentos e documentos existem no ficheiro.",
+               "The CustomerID, SupplierID and ProductCode that ledger entries and documents use are in the file."},
               "Portaria 1192/2009"},
      .at_end = JudgeReferences},
 };

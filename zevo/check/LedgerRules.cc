@@ -18,8 +18,9 @@ namespace {
 
 constexpr RuleSentence kOtherNumberOfEntries{
     Severity::kError,
-    {"NumberOfEntries é {found#}, mas os movimentos do ficheiro são {expected#} (diferença {difference#})",
-     "NumberOfEntries is {found#}, but the file has {expected#} transactions (difference {difference#})"}};
+    {"NumberOfEntries é {found#}, mas o número de movimentos do ficheiro é {expected#} (diferença {difference#})",
+     "NumberOfEntries is {found#}, but the number of transactions in the file is {expected#} (difference "
+     "{difference#})"}};
 
 void JudgeNumberOfEntries(Judgement& judgement) {
   const CheckedFile& file = judgement.File();
@@ -72,21 +73,21 @@ void JudgeBalance(const TransactionFacts& transaction, Judgement& judgement) {
 
 // GL-TID
 
-constexpr RuleSentence kOtherDateInId{Severity::kWarning,
-                                      {"TransactionID {found} não começa pela data do movimento, {expected}",
-                                       "TransactionID {found} does not begin with the date of the transaction, "
-                                       "{expected}"}};
-constexpr RuleSentence kOtherJournalInId{Severity::kWarning,
-                                         {"TransactionID {found} não tem em segundo o diário do movimento, {expected}",
-                                          "TransactionID {found} does not have the journal of the transaction, "
-                                          "{expected}, second"}};
+constexpr RuleSentence kOtherDateInId{
+    Severity::kWarning,
+    {"TransactionID {found} não começa pela data do movimento, {expected}",
+     "TransactionID {found} does not begin with the date of the transaction, {expected}"}};
+constexpr RuleSentence kOtherJournalInId{
+    Severity::kWarning,
+    {"TransactionID {found} não tem em segundo lugar o diário do movimento, {expected}",
+     "TransactionID {found} does not have the journal of the transaction, {expected}, in second place"}};
 constexpr RuleSentence kOtherDocumentInId{
     Severity::kWarning,
     {"TransactionID {found} não acaba no número de arquivo do documento, {expected}",
      "TransactionID {found} does not end in the archival number of the document, {expected}"}};
 constexpr RuleSentence kPartNotCompared{
     Severity::kInformation,
-    {"\"{found}\" não cabe num TransactionID, e não foi comparado com ele; nem os outros assim deste ficheiro",
+    {"\"{found}\" não cabe num TransactionID e não foi comparado com ele, nem outros assim deste ficheiro",
      "\"{found}\" has no room in a TransactionID and was not compared with it, nor were others like it in this file"}};
 
 // What may stand in a part of a TransactionID: letters and digits, as the schema counts them.
@@ -227,8 +228,8 @@ void JudgeRecordIds(const TransactionFacts& transaction, Judgement& judgement) {
 
 constexpr RuleSentence kUnknownTransaction{
     Severity::kError,
-    {"o movimento {found}, da fatura, não está entre os movimentos do ficheiro",
-     "transaction {found}, that of the invoice, is not among the transactions of the file"}};
+    {"o movimento do documento, {found}, não está entre os movimentos do ficheiro",
+     "the transaction of the document, {found}, is not among the transactions of the file"}};
 
 void JudgeTransactionsOfInvoices(Judgement& judgement) {
   if (!judgement.File().HasBasis("I")) return;
@@ -241,14 +242,15 @@ void JudgeTransactionsOfInvoices(Judgement& judgement) {
 
 constexpr RuleSentence kMoreThanTransaction{
     Severity::kWarning,
-    {"as faturas do mesmo movimento, com esta, somam {found#}, mais do que os débitos dele, {expected#} (diferença "
-     "{difference#})",
-     "the invoices of the same transaction, with this one, are {found#}, more than its debits, {expected#} (difference "
+    {"os documentos do mesmo movimento, com este, somam {found#}, mais do que os débitos dele, {expected#} "
+     "(diferença {difference#})",
+     "the documents of the same transaction, with this one, are {found#}, more than its debits, {expected#} "
+     "(difference "
      "{difference#})"}};
 constexpr RuleSentence kDateOfTransaction{
     Severity::kWarning,
-    {"a data da fatura é {found}, e a do seu movimento {expected}",
-     "the date of the invoice is {found}, and that of its transaction {expected}"}};
+    {"a data do documento é {found}, e a do seu movimento {expected}",
+     "the date of the document is {found}, and that of its transaction {expected}"}};
 
 void JudgeDateOfInvoice(const InvoiceFacts& invoice, Judgement& judgement) {
   const TransactionTable::Entry* const transaction = judgement.File().TransactionOfInvoice();
@@ -274,9 +276,10 @@ void JudgeInvoicesOfTransactions(Judgement& judgement) {
 
 // GL-NEGATIVE
 
-constexpr RuleSentence kNegativeAmount{Severity::kWarning,
-                                       {"o valor {found#} é negativo; devia estar no outro lado, positivo",
-                                        "the amount {found#} is negative; it should be on the other side, positive"}};
+constexpr RuleSentence kNegativeAmount{
+    Severity::kWarning,
+    {"o valor {found#} é negativo; devia estar do outro lado (débito ou crédito), sem sinal",
+     "the amount {found#} is negative; it should be on the other side (debit or credit), without a sign"}};
 
 void JudgeNegativeAmounts(const TransactionFacts& transaction, Judgement& judgement) {
   for (const EntryLineFacts& line : transaction.lines) {
@@ -292,12 +295,11 @@ constexpr RuleSentence kBothBalances{
     Severity::kWarning,
     {"a conta tem saldo inicial devedor, {expected#}, e credor, {found#}; devia ter só um",
      "the account has an opening debit balance, {expected#}, and a credit balance, {found#}; it should have only one"}};
-constexpr RuleSentence kOpeningUnbalanced{
-    Severity::kWarning,
-    {"os saldos iniciais das contas de movimento somam {found#} a débito e {expected#} a crédito (diferença "
-     "{difference#})",
-     "the opening balances of movement accounts are {found#} in debit and {expected#} in credit (difference "
-     "{difference#})"}};
+constexpr RuleSentence kOpeningUnbalanced{Severity::kWarning,
+                                          {"os saldos iniciais das contas de movimento somam {found#} a débito e "
+                                           "{expected#} a crédito (diferença {difference#})",
+                                           "the opening balances of movement accounts are {found#} in debit and "
+                                           "{expected#} in credit (difference {difference#})"}};
 
 void JudgeOpening(const AccountFacts& account, Judgement& judgement) {
   if (!account.opening_debit.Read() || !account.opening_credit.Read()) return;
@@ -326,55 +328,50 @@ constexpr Rule kLedgerRules[] = {
                "NumberOfEntries of GeneralLedgerEntries is the number of transactions in the file."},
               "Portaria 1192/2009"},
      .at_end = JudgeNumberOfEntries},
-    {.info =
-         {"GL-SUM",
-          Severity::kError,
-          {"Totais dos movimentos", "Totals of ledger entries"},
-          {"TotalDebit e TotalCredit são as somas das linhas de todos os movimentos. Por cada valor com mais de duas "
-           "casas decimais aceita-se uma diferença de 0,005.",
-           "TotalDebit and TotalCredit are the sums of the lines of all transactions. For each amount of more than "
-           "two decimals a difference of 0.005 is accepted."},
-          "Portaria 1192/2009"},
+    {.info = {"GL-SUM",
+              Severity::kError,
+              {"Totais dos movimentos", "Totals of ledger entries"},
+              {"TotalDebit e TotalCredit são as somas das linhas de todos os movimentos. Por cada valor com mais de "
+               "duas casas decimais aceita-se uma diferença de 0,005.",
+               "TotalDebit and TotalCredit are the sums of the lines of all transactions. For each amount of more than "
+               "two decimals a difference of 0.005 is accepted."},
+              "Portaria 1192/2009"},
      .at_end = JudgeTotals},
     {.info = {"GL-BALANCE",
               Severity::kError,
-              {"Débitos e créditos iguais", "Debits equal credits"},
+              {"Débitos iguais aos créditos", "Debits equal credits"},
               {"Em cada movimento os débitos são iguais aos créditos, e assim também no ficheiro.",
                "In each transaction the debits are equal to the credits, and so they are in the file."},
               "Portaria 1192/2009"},
      .transaction = JudgeBalance},
-    {.info =
-         {"GL-TID",
-          Severity::kWarning,
-          {"Identificação do movimento", "Identification of the transaction"},
-          {"TransactionID tem a data do movimento, o diário e o número de arquivo do documento. Uma parte que nele não "
-           "cabe, como \"VEN 01/0001\", não se compara; isso é dito uma vez.",
-           "TransactionID has the date of the transaction, the journal and the archival number of the document. A "
-           "part that has no room in it, such as \"VEN 01/0001\", is not compared, which is told once."},
-          "Portaria 1192/2009"},
+    {.info = {"GL-TID",
+              Severity::kWarning,
+              {"Identificação do movimento", "Identification of the transaction"},
+              {"TransactionID tem a data do movimento, o diário e o número de arquivo do documento. Uma parte que nele "
+               "não cabe, como \"VEN 01/0001\", não se compara; isso é dito uma vez.",
+               "TransactionID has the date of the transaction, the journal and the archival number of the document. A "
+               "part that has no room in it, such as \"VEN 01/0001\", is not compared, which is told once."},
+              "Portaria 1192/2009"},
      .transaction = JudgeTransactionId},
-    {.info =
-         {"GL-PERIOD",
-          Severity::kWarning,
-          {"Período do movimento", "Period of the transaction"},
-          {"Um período de 1 a 12 não é anterior ao mês do exercício em que está a data do movimento; só informação: "
-           "nem "
-           "posterior. Os períodos 13 a 16 são só do último mês. Sem um exercício inteiro no cabeçalho não se "
-           "verifica.",
-           "A period from 1 to 12 is not before the month of the fiscal year that the date of the transaction is in; "
-           "information only: nor after it. Periods 13 to 16 are of the last month only. Not judged where the header "
-           "has no whole fiscal year."},
-          "Portaria 1192/2009"},
+    {.info = {"GL-PERIOD",
+              Severity::kWarning,
+              {"Período do movimento", "Period of the transaction"},
+              {"Um período de 1 a 12 não é anterior ao mês do exercício em que está a data do movimento; só "
+               "informação: nem posterior. Os períodos 13 a 16 são só do último mês. Sem um exercício inteiro no "
+               "cabeçalho não se verifica.",
+               "A period from 1 to 12 is not before the month of the fiscal year that the date of the transaction is "
+               "in; information only: nor after it. Periods 13 to 16 are of the last month only. Not judged where the "
+               "header has no whole fiscal year."},
+              "Portaria 1192/2009"},
      .transaction = JudgeLedgerPeriod},
-    {.info =
-         {"GL-DATE",
-          Severity::kWarning,
-          {"Data do movimento", "Date of the transaction"},
-          {"TransactionDate não é posterior a EndDate. Só informação: não é anterior a StartDate, nem GLPostingDate a "
-           "ela.",
-           "TransactionDate is not after EndDate. Information only: it is not before StartDate, nor GLPostingDate "
-           "before it."},
-          "Portaria 1192/2009"},
+    {.info = {"GL-DATE",
+              Severity::kWarning,
+              {"Data do movimento", "Date of the transaction"},
+              {"TransactionDate não é posterior a EndDate. Só informação: não é anterior a StartDate, e GLPostingDate "
+               "não é anterior a TransactionDate.",
+               "TransactionDate is not after EndDate. Information only: it is not before StartDate, and GLPostingDate "
+               "is not before TransactionDate."},
+              "Portaria 1192/2009"},
      .transaction = JudgeLedgerDates},
     {.info = {"GL-RECORD",
               Severity::kError,
@@ -385,23 +382,23 @@ constexpr Rule kLedgerRules[] = {
      .transaction = JudgeRecordIds},
     {.info = {"GL-INVOICE",
               Severity::kError,
-              {"Movimentos das faturas", "Transactions of invoices"},
-              {"Na base I o TransactionID de cada fatura que não esteja anulada é o de um movimento do ficheiro.",
-               "With basis I the TransactionID of each invoice that is not cancelled is that of a transaction in the "
+              {"Movimentos dos documentos", "Transactions of documents"},
+              {"Na base I o TransactionID de cada documento que não esteja anulado é o de um movimento do ficheiro.",
+               "With basis I the TransactionID of each document that is not cancelled is that of a transaction in the "
                "file."},
               "Portaria 1192/2009"},
      .at_end = JudgeTransactionsOfInvoices},
     {.info =
          {"GL-GROSS",
           Severity::kWarning,
-          {"Faturas de um movimento", "Invoices of a transaction"},
-          {"Na base I a soma de GrossTotal das faturas de um movimento, sem as anuladas e as resumidas, não passa os "
-           "débitos dele, e cada fatura tem a data do movimento. A soma não se verifica quando o movimento tem valores "
-           "negativos.",
-           "With basis I the sum of GrossTotal of a transaction's invoices, without cancelled and summarised ones, "
-           "does "
-           "not exceed its debits, and each invoice has the date of the transaction. The sum is not judged where the "
-           "transaction has negative amounts."},
+          {"Documentos de um movimento", "Documents of a transaction"},
+          {"Na base I a soma de GrossTotal dos documentos de um movimento, sem os anulados nem os resumidos, não "
+           "excede os "
+           "débitos dele, e cada documento tem a data do movimento. A soma não se verifica quando o movimento tem "
+           "valores negativos.",
+           "With basis I the sum of GrossTotal of a transaction's documents, without cancelled and summarised ones, "
+           "does not exceed its debits, and each document has the date of the transaction. The sum is not judged where "
+           "the transaction has negative amounts."},
           ""},
      .invoice = JudgeDateOfInvoice,
      .at_end = JudgeInvoicesOfTransactions},
@@ -412,15 +409,14 @@ constexpr Rule kLedgerRules[] = {
                "The amounts of ledger lines are not negative."},
               ""},
      .transaction = JudgeNegativeAmounts},
-    {.info =
-         {"GL-OPENING",
-          Severity::kWarning,
-          {"Saldos iniciais", "Opening balances"},
-          {"Nenhuma conta tem saldo inicial devedor e credor. Os saldos iniciais a débito e a crédito são iguais nas "
-           "contas de movimento, ou em todas.",
-           "No account has both an opening debit and an opening credit balance. Opening debits and credits are equal "
-           "over movement accounts, or over all."},
-          ""},
+    {.info = {"GL-OPENING",
+              Severity::kWarning,
+              {"Saldos iniciais", "Opening balances"},
+              {"Nenhuma conta tem saldo inicial devedor e credor. Os saldos iniciais a débito e a crédito são iguais "
+               "nas contas de movimento, ou em todas.",
+               "No account has both an opening debit and an opening credit balance. Opening debits and credits are "
+               "equal over movement accounts, or over all."},
+              ""},
      .account = JudgeOpening,
      .at_end = JudgeOpeningSums},
 };

@@ -22,11 +22,10 @@ constexpr RuleSentence kDescendingLine{
     Severity::kWarning,
     {"o número de linha {found} vem depois do número {expected}; os números de linha deviam ser crescentes",
      "line number {found} comes behind number {expected}; line numbers should ascend"}};
-constexpr RuleSentence kOtherLineNumber{Severity::kInformation,
-                                        {"o número de linha é {found}; contando as linhas a partir de 1 seria "
-                                         "{expected}",
-                                         "the line number is {found}; counting lines from 1 on it would be "
-                                         "{expected}"}};
+constexpr RuleSentence kOtherLineNumber{
+    Severity::kInformation,
+    {"o número de linha é {found}; contando as linhas a partir de 1 seria {expected}",
+     "the line number is {found}; counting lines from 1 on it would be {expected}"}};
 
 // Each number once, where it is there for the second time.
 std::vector<const InvoiceLineFacts*> RepeatedLines(const InvoiceFacts& invoice) {
@@ -161,19 +160,18 @@ void JudgeSides(const InvoiceFacts& invoice, Judgement& judgement) {
 
 // LINE-NEGATIVE
 
-constexpr RuleSentence kNegativeQuantity{
+constexpr RuleSentence kNegativeQuantity{Severity::kError,
+                                         {"a quantidade {found#} é negativa; escreve-se sem sinal, e o valor da linha "
+                                          "também, do outro lado (débito ou crédito) se for preciso",
+                                          "the quantity {found#} is negative; it is written without a sign, and so is "
+                                          "the amount of the line, on the other side (debit or credit) if need be"}};
+constexpr RuleSentence kNegativeLineAmount{
     Severity::kError,
-    {"a quantidade {found#} é negativa; devia ser positiva, e o valor da linha também, no outro lado se for preciso",
-     "the quantity {found#} is negative; it should be positive, and the amount of the line, too, on the other side if "
-     "need be"}};
-constexpr RuleSentence kNegativeLineAmount{Severity::kError,
-                                           {"o valor {found#} é negativo; devia estar no outro lado, positivo",
-                                            "the amount {found#} is negative; it should be on the other side, "
-                                            "positive"}};
+    {"o valor {found#} é negativo; devia estar do outro lado (débito ou crédito), sem sinal",
+     "the amount {found#} is negative; it should be on the other side (debit or credit), without a sign"}};
 constexpr RuleSentence kNegativeSettlement{Severity::kError,
                                            {"o desconto {found#} é negativo; os descontos escrevem-se sem sinal",
-                                            "the discount {found#} is negative; discounts are written without a "
-                                            "sign"}};
+                                            "the discount {found#} is negative; discounts are written without a sign"}};
 
 // A line is told once, for all of it is negative together.
 void JudgeNegativeLines(const InvoiceFacts& invoice, Judgement& judgement) {
@@ -202,37 +200,32 @@ constexpr Rule kLineRules[] = {
                "only: they are 1, 2, 3 and so on. Order and counting are told once a document."},
               "Portaria 1192/2009"},
      .invoice = JudgeLineNumbers},
-    {.info =
-         {"LINE-AMOUNT",
-          Severity::kWarning,
-          {"Valor da linha", "Amount of the line"},
-          {"O valor da linha é Quantity × UnitPrice, ou isso menos SettlementAmount. Aceita-se uma diferença de 0,01, "
-           "e "
-           "por cada unidade da quantidade meia unidade da última casa decimal dos preços: a do UnitPrice com mais "
-           "casas decimais do ficheiro, sem zeros no fim, pelo menos duas e não mais de 18. Com uma quantidade de sete "
-           "algarismos ou mais aceita-se também metade da sua última unidade vezes o preço. Só informação em "
-           "documentos "
-           "anulados.",
-           "The amount of a line is Quantity × UnitPrice, or that less SettlementAmount. A difference of 0.01 is "
-           "accepted, and for each unit of the quantity half a unit of the last decimal of prices: of the UnitPrice "
-           "with the most decimals in the file, without zeros at the end, at least two and no more than 18. With a "
-           "quantity of seven digits or more half of its last unit times the price is accepted as well. Information "
-           "only in cancelled documents."},
-          ""},
+    {.info = {"LINE-AMOUNT",
+              Severity::kWarning,
+              {"Valor da linha", "Amount of the line"},
+              {"O valor da linha é Quantity × UnitPrice, ou isso menos SettlementAmount. Aceita-se uma diferença de "
+               "0,01, e por cada unidade da quantidade meia unidade da última casa decimal dos preços: a do UnitPrice "
+               "com mais casas decimais do ficheiro, sem zeros no fim, pelo menos duas e não mais de 18. Com uma "
+               "quantidade de sete algarismos ou mais aceita-se também metade da sua última unidade vezes o preço. Só "
+               "informação em documentos anulados.",
+               "The amount of a line is Quantity × UnitPrice, or that less SettlementAmount. A difference of 0.01 is "
+               "accepted, and for each unit of the quantity half a unit of the last decimal of prices: of the "
+               "UnitPrice with the most decimals in the file, without zeros at the end, at least two and no more than "
+               "18. With a quantity of seven digits or more half of its last unit times the price is accepted as well. "
+               "Information only in cancelled documents."},
+              ""},
      .invoice = JudgeLineAmounts,
      .at_end = JudgeDoubtfulAmounts},
-    {.info =
-         {"LINE-SIDE",
-          Severity::kWarning,
-          {"Débito ou crédito", "Debit or credit"},
-          {"As linhas de NC, TD, DA e RE estão a débito, as dos outros documentos a crédito, e assim também a sua "
-           "soma. "
-           "Um valor de zero não tem lado. Quando a soma está no lado errado, isso é dito uma vez pelo documento. Só "
-           "informação em documentos anulados.",
-           "The lines of NC, TD, DA and RE are debits, those of the other documents credits, and so is their sum. An "
-           "amount of zero has no side. Where the sum is on the wrong side, that is told once for the document. "
-           "Information only in cancelled documents."},
-          ""},
+    {.info = {"LINE-SIDE",
+              Severity::kWarning,
+              {"Débito ou crédito", "Debit or credit"},
+              {"As linhas de NC, TD, DA e RE estão a débito, as dos outros documentos a crédito, e assim também a sua "
+               "soma. Um valor de zero não tem lado. Quando a soma está no lado errado, isso é dito uma vez pelo "
+               "documento. Só informação em documentos anulados.",
+               "The lines of NC, TD, DA and RE are debits, those of the other documents credits, and so is their sum. "
+               "An amount of zero has no side. Where the sum is on the wrong side, that is told once for the document. "
+               "Information only in cancelled documents."},
+              ""},
      .invoice = JudgeSides},
     {.info = {"LINE-NEGATIVE",
               Severity::kError,

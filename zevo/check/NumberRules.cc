@@ -113,15 +113,16 @@ void JudgeCodes(Judgement& judgement) {
 
 // NO-GAP
 
-constexpr RuleSentence kSameNumber{Severity::kError,
-                                   {"o número de {found} é o de {expected}, só com outros zeros à esquerda",
-                                    "the number of {found} is that of {expected}, only with other zeros in front"}};
+constexpr RuleSentence kSameNumber{
+    Severity::kError,
+    {"o número de {found} é o mesmo de {expected}, só com outros zeros à esquerda",
+     "the number of {found} is the same as that of {expected}, only with other zeros in front"}};
 constexpr RuleSentence kMissingNumber{Severity::kError,
-                                      {"falta na série, antes deste documento, o número {expected}",
+                                      {"falta o número {expected} da série, antes deste documento",
                                        "the series lacks number {expected} before this document"}};
 constexpr RuleSentence kMissingNumbers{
     Severity::kError,
-    {"faltam na série, antes deste documento, os números {expected} ({difference} documentos)",
+    {"faltam os números {expected} da série, antes deste documento ({difference} documentos)",
      "the series lacks numbers {expected} before this document ({difference} documents)"}};
 
 // In a partial file some are left out rightly.
@@ -164,20 +165,20 @@ void JudgeGaps(Judgement& judgement) {
 
 constexpr RuleSentence kDateBeforeLower{
     Severity::kError,
-    {"a data da fatura é {found}, anterior à de um documento com número mais baixo na série, {expected}",
-     "the date of the invoice is {found}, before that of a document with a lower number in the series, {expected}"}};
+    {"a data do documento é {found}, anterior à de um documento com número mais baixo na série, {expected}",
+     "the date of the document is {found}, before that of a document with a lower number in the series, {expected}"}};
 constexpr RuleSentence kDateAfterHigher{
     Severity::kError,
-    {"a data da fatura é {found}, posterior à de um documento com número mais alto na série, {expected}",
-     "the date of the invoice is {found}, after that of a document with a higher number in the series, {expected}"}};
+    {"a data do documento é {found}, posterior à de um documento com número mais alto na série, {expected}",
+     "the date of the document is {found}, after that of a document with a higher number in the series, {expected}"}};
 constexpr RuleSentence kEntryBeforeLower{
     Severity::kWarning,
-    {"a fatura foi gravada em {found}, antes de um documento com número mais baixo na série, {expected}",
-     "the invoice was entered on {found}, before a document with a lower number in the series, {expected}"}};
+    {"o documento foi gravado em {found}, antes de um documento com número mais baixo na série, {expected}",
+     "the document was entered on {found}, before a document with a lower number in the series, {expected}"}};
 constexpr RuleSentence kEntryAfterHigher{
     Severity::kWarning,
-    {"a fatura foi gravada em {found}, depois de um documento com número mais alto na série, {expected}",
-     "the invoice was entered on {found}, after a document with a higher number in the series, {expected}"}};
+    {"o documento foi gravado em {found}, depois de um documento com número mais alto na série, {expected}",
+     "the document was entered on {found}, after a document with a higher number in the series, {expected}"}};
 
 // What is compared along a series.
 struct OrderedElement {
@@ -260,41 +261,40 @@ constexpr Rule kNumberRules[] = {
     {.info = {"NO-FORM",
               Severity::kError,
               {"Forma de InvoiceNo", "Form of InvoiceNo"},
-              {"InvoiceNo é o código interno, um espaço, a série, \"/\" e o número, que é pelo menos 1. Aviso: a série "
-               "não está vazia.",
+              {"InvoiceNo é o código interno, um espaço, a série, \"/\" e o número, que é pelo menos 1. Só aviso: a "
+               "série não está vazia.",
                "InvoiceNo is the internal code, a space, the series, \"/\" and the number, which is at least 1. A "
-               "warning: the series is not empty."},
+               "warning only: the series is not empty."},
               "Portaria 1192/2009"},
      .invoice = JudgeForm},
-    {.info = {"NO-CODE",
-              Severity::kError,
-              {"Códigos internos e tipos", "Internal codes and types"},
-              {"Todos os documentos de um código interno, o que em InvoiceNo está antes do espaço, têm o mesmo "
-               "InvoiceType.",
-               "All documents of an internal code, which stands in InvoiceNo before the space, have the same "
-               "InvoiceType."},
-              ""},
-     .at_end = JudgeCodes},
     {.info =
-         {"NO-GAP",
+         {"NO-CODE",
           Severity::kError,
-          {"Números seguidos", "Numbers without gaps"},
-          {"Os números de cada série seguem-se sem faltas, e nenhum se repete só com outros zeros à esquerda. O "
-           "primeiro não tem de ser 1. Na base P é só um aviso. Uma falta em cujo lugar estão documentos com números "
-           "repetidos ou ilegíveis não se conta.",
-           "The numbers of each series follow each other without gaps, and none is repeated with only other zeros in "
-           "front. The first need not be 1. With basis P it is only a warning. A gap in whose place documents with "
-           "repeated or unreadable numbers stand does not count."},
-          "CIVA, art. 36.º, n.º 5"},
+          {"Códigos internos e tipos", "Internal codes and types"},
+          {"Todos os documentos de um código interno, o que em InvoiceNo está antes do espaço, têm o mesmo "
+           "InvoiceType.",
+           "All documents of an internal code, which stands in InvoiceNo before the space, have the same InvoiceType."},
+          ""},
+     .at_end = JudgeCodes},
+    {.info = {"NO-GAP",
+              Severity::kError,
+              {"Números seguidos", "Numbers without gaps"},
+              {"Os números de cada série seguem-se sem faltas, e nenhum se repete só com outros zeros à esquerda. O "
+               "primeiro não tem de ser 1. Na base P é só um aviso. Uma falta em cujo lugar estão documentos com "
+               "números repetidos ou ilegíveis não se conta.",
+               "The numbers of each series follow each other without gaps, and none is repeated with only other zeros "
+               "in front. The first need not be 1. With basis P it is only a warning. A gap in whose place documents "
+               "with repeated or unreadable numbers stand does not count."},
+              "CIVA, art. 36.º, n.º 5"},
      .invoice = JudgeOtherSpelling,
      .at_end = JudgeGaps},
     {.info = {"NO-ORDER",
               Severity::kError,
               {"Datas ao longo da série", "Dates along the series"},
-              {"Ao longo de cada série, por números, InvoiceDate nunca diminui. Aviso: nem SystemEntryDate. É dito dos "
-               "documentos que destoam dos outros, o menor número deles.",
-               "Along each series, by numbers, InvoiceDate never decreases. A warning: nor does SystemEntryDate. It is "
-               "told of the documents that stand out from the others, as few as possible."},
+              {"Ao longo de cada série, por números, InvoiceDate nunca diminui. Só aviso: nem SystemEntryDate. É dito "
+               "só dos documentos que destoam dos outros, o menor número possível.",
+               "Along each series, by numbers, InvoiceDate never decreases. A warning only: nor does SystemEntryDate. "
+               "It is told only of the documents that stand out from the others, as few as possible."},
               ""},
      .at_end = JudgeOrder},
 };

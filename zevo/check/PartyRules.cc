@@ -60,8 +60,8 @@ constexpr RuleSentence kNoTaxNumber{
     {"o número de contribuinte {found} não tem nove algarismos", "the tax number {found} does not have nine digits"}};
 constexpr RuleSentence kWrongCheckDigit{
     Severity::kError,
-    {"o número de contribuinte {found} não é válido: com os oito primeiros algarismos tinha de ser {expected}",
-     "the tax number {found} is not valid: with its first eight digits it had to be {expected}"}};
+    {"o número de contribuinte {found} não é válido: pelo algarismo de controlo, o último, seria {expected}",
+     "the tax number {found} is not valid: by its check digit, the last one, it would be {expected}"}};
 constexpr RuleSentence kEmptyTaxNumber{Severity::kWarning,
                                        {"o número de contribuinte está vazio", "the tax number is empty"}};
 
@@ -92,8 +92,8 @@ void JudgeTaxNumberOfParty(const PartyFacts& party, Judgement& judgement) {
 // NIF-PREFIX
 
 constexpr RuleSentence kUnknownPrefix{Severity::kWarning,
-                                      {"o número de contribuinte {found} não começa como os que são atribuídos",
-                                       "the tax number {found} does not begin as those that are given out"}};
+                                      {"o número de contribuinte {found} não começa como nenhum dos que são atribuídos",
+                                       "the tax number {found} does not begin as any of those that are given out"}};
 
 void JudgePrefixOfCompany(const HeaderFacts& header, Judgement& judgement) {
   const TextFact& number = header.tax_registration_number;
@@ -172,49 +172,45 @@ void JudgeShippingAddresses(const InvoiceFacts& invoice, Judgement& judgement) {
 }
 
 constexpr Rule kPartyRules[] = {
-    {.info =
-         {"NIF-CHECK",
-          Severity::kError,
-          {"Número de contribuinte", "Tax number"},
-          {"O número de contribuinte da empresa tem nove algarismos, e o último é o de controlo: pesos 9 a 2 sobre os "
-           "oito primeiros, resto r da soma por 11; 0 se r é menor do que 2, senão 11 − r. Só aviso: também o dos "
-           "clientes e fornecedores com morada em Portugal; o dos outros não está vazio.",
-           "The tax number of the company has nine digits, the last of which is the check digit: weights 9 to 2 over "
-           "the first eight, r the sum modulo 11; 0 when r is less than 2, else 11 − r. A warning only: so has that "
-           "of customers and suppliers with an address in Portugal; that of the others is not empty."},
-          ""},
+    {.info = {"NIF-CHECK",
+              Severity::kError,
+              {"Número de contribuinte", "Tax number"},
+              {"O número de contribuinte da empresa tem nove algarismos, e o último é o de controlo: pesos 9 a 2 sobre "
+               "os oito primeiros, resto r da soma por 11; 0 se r é menor do que 2, senão 11 − r. Só aviso: também o "
+               "dos clientes e fornecedores com morada em Portugal; o dos outros não está vazio.",
+               "The tax number of the company has nine digits, the last of which is the check digit: weights 9 to 2 "
+               "over the first eight, r the sum modulo 11; 0 when r is less than 2, else 11 − r. A warning only: so "
+               "has that of customers and suppliers with an address in Portugal; that of the others is not empty."},
+              ""},
      .header = JudgeTaxNumberOfCompany,
      .party = JudgeTaxNumberOfParty},
-    {.info =
-         {"NIF-PREFIX",
-          Severity::kWarning,
-          {"Início do número de contribuinte", "Beginning of the tax number"},
-          {"O número de contribuinte português começa por 1, 2, 3, 5, 6, 8, 45, 70, 71, 72, 74, 75, 77, 78, 79, 90, "
-           "91, 98 ou 99.",
-           "A Portuguese tax number begins with 1, 2, 3, 5, 6, 8, 45, 70, 71, 72, 74, 75, 77, 78, 79, 90, 91, 98 or "
-           "99."},
-          ""},
+    {.info = {"NIF-PREFIX",
+              Severity::kWarning,
+              {"Início do número de contribuinte", "Beginning of the tax number"},
+              {"O número de contribuinte português começa por 1, 2, 3, 5, 6, 8, 45, 70, 71, 72, 74, 75, 77, 78, 79, "
+               "90, 91, 98 ou 99.",
+               "A Portuguese tax number begins with 1, 2, 3, 5, 6, 8, 45, 70, 71, 72, 74, 75, 77, 78, 79, 90, 91, 98 "
+               "or 99."},
+              ""},
      .header = JudgePrefixOfCompany,
      .party = JudgePrefixOfParty},
-    {.info =
-         {"NIF-COUNTRY",
-          Severity::kWarning,
-          {"País à frente do número de contribuinte", "Country in front of the tax number"},
-          {"O número de contribuinte não começa pelo código do país da morada (na Grécia também não por EL), nem por "
-           "PT. Um número assim não é visto pelas regras NIF-CHECK e NIF-PREFIX.",
-           "The tax number does not begin with the code of its address's country (in Greece not with EL either), nor "
-           "with PT. Such a number is not looked at by the rules NIF-CHECK and NIF-PREFIX."},
-          "Portaria 1192/2009"},
+    {.info = {"NIF-COUNTRY",
+              Severity::kWarning,
+              {"País à frente do número de contribuinte", "Country in front of the tax number"},
+              {"O número de contribuinte não começa pelo código do país da morada (na Grécia também não por EL), nem "
+               "por PT. Um número assim não é verificado por NIF-CHECK nem NIF-PREFIX.",
+               "The tax number does not begin with the code of its address's country (in Greece not with EL either), "
+               "nor with PT. Such a number is judged neither by NIF-CHECK nor by NIF-PREFIX."},
+              "Portaria 1192/2009"},
      .party = JudgeCountryInFront},
-    {.info =
-         {"CUS-FINAL",
-          Severity::kWarning,
-          {"Consumidor final", "Final consumer"},
-          {"O cliente \"Consumidor final\" tem o número de contribuinte 999999990. Só informação: nenhum cliente de "
-           "outro nome o tem.",
-           "The customer \"Consumidor final\" has the tax number 999999990. Information only: no customer of another "
-           "name has it."},
-          "Portaria 1192/2009"},
+    {.info = {"CUS-FINAL",
+              Severity::kWarning,
+              {"Consumidor final", "Final consumer"},
+              {"O cliente \"Consumidor final\" tem o número de contribuinte 999999990. Só informação: nenhum cliente "
+               "de outro nome o tem.",
+               "The customer \"Consumidor final\" has the tax number 999999990. Information only: no customer of "
+               "another name has it."},
+              "Portaria 1192/2009"},
      .party = JudgeFinalConsumer},
     {.info = {"ADR-POSTCODE",
               Severity::kWarning,

@@ -39,8 +39,8 @@ bool AreAllEqual(const std::vector<Decimal>& sums) {
 
 constexpr RuleSentence kOtherNumberOfInvoices{
     Severity::kError,
-    {"NumberOfEntries é {found#}, mas o ficheiro tem {expected#} documentos (diferença {difference#})",
-     "NumberOfEntries is {found#}, but the file has {expected#} documents (difference {difference#})"}};
+    {"NumberOfEntries é {found#}, mas o número de documentos do ficheiro é {expected#} (diferença {difference#})",
+     "NumberOfEntries is {found#}, but the number of documents in the file is {expected#} (difference {difference#})"}};
 constexpr RuleSentence kNoNumberOfInvoices{
     Severity::kError,
     {"NumberOfEntries é {found#}; os documentos, com a diferença, são {expected1#} ao todo, {expected2#} sem os "
@@ -53,8 +53,7 @@ constexpr RuleSentence kWithoutCancelled{
      "NumberOfEntries, {found#}, is the number of documents without cancelled ones; in all they are {expected#}"}};
 constexpr RuleSentence kWithoutAnulado{
     Severity::kInformation,
-    {"NumberOfEntries, {found#}, é o número de documentos sem os de TransactionID \"Anulado\"; ao todo são "
-     "{expected#}",
+    {"NumberOfEntries, {found#}, é o número de documentos sem os de TransactionID \"Anulado\"; ao todo são {expected#}",
      "NumberOfEntries, {found#}, is the number of documents without those of TransactionID \"Anulado\"; in all they "
      "are {expected#}"}};
 // What tells which documents were counted, in the order of kCountedEntries; the first is told of nothing.
@@ -110,15 +109,14 @@ constexpr SectionTotal kTotalDebit{
       "TotalDebit is {found#}, but the debits of the lines are {expected#} (difference {difference#})"}},
     {Severity::kError,
      {"TotalDebit é {found#}; os débitos das linhas, com a diferença, somam {expected1#} nos documentos em vigor, "
-      "{expected2#} nos não anulados, {expected3#} em todos e {expected4#} nos que não têm TransactionID "
-      "\"Anulado\"",
+      "{expected2#} nos não anulados, {expected3#} em todos e {expected4#} nos que não têm TransactionID \"Anulado\"",
       "TotalDebit is {found#}; the debits of the lines, with the difference, are {expected1#} of live documents, "
       "{expected2#} of those not cancelled, {expected3#} of all and {expected4#} of those without TransactionID "
       "\"Anulado\""}},
     {{{Severity::kInformation,
        {"TotalDebit, {found#}, soma também os débitos dos documentos resumidos noutros (estado F); sem eles seria "
         "{expected#}",
-        "TotalDebit, {found#}, is also of the debits of documents merged into others (status F); without them it "
+        "TotalDebit, {found#}, is also of the debits of documents summarised in others (status F); without them it "
         "would be {expected#}"}},
       {Severity::kInformation,
        {"TotalDebit, {found#}, soma os débitos de todos os documentos, também dos anulados; só dos que estão em vigor "
@@ -139,15 +137,14 @@ constexpr SectionTotal kTotalCredit{
       "TotalCredit is {found#}, but the credits of the lines are {expected#} (difference {difference#})"}},
     {Severity::kError,
      {"TotalCredit é {found#}; os créditos das linhas, com a diferença, somam {expected1#} nos documentos em vigor, "
-      "{expected2#} nos não anulados, {expected3#} em todos e {expected4#} nos que não têm TransactionID "
-      "\"Anulado\"",
+      "{expected2#} nos não anulados, {expected3#} em todos e {expected4#} nos que não têm TransactionID \"Anulado\"",
       "TotalCredit is {found#}; the credits of the lines, with the difference, are {expected1#} of live documents, "
       "{expected2#} of those not cancelled, {expected3#} of all and {expected4#} of those without TransactionID "
       "\"Anulado\""}},
     {{{Severity::kInformation,
        {"TotalCredit, {found#}, soma também os créditos dos documentos resumidos noutros (estado F); sem eles seria "
         "{expected#}",
-        "TotalCredit, {found#}, is also of the credits of documents merged into others (status F); without them it "
+        "TotalCredit, {found#}, is also of the credits of documents summarised in others (status F); without them it "
         "would be {expected#}"}},
       {Severity::kInformation,
        {"TotalCredit, {found#}, soma os créditos de todos os documentos, também dos anulados; só dos que estão em "
@@ -205,8 +202,8 @@ void JudgeTotalsOfInvoices(Judgement& judgement) {
 
 constexpr RuleSentence kOtherPeriod{
     Severity::kWarning,
-    {"o período é {found}, mas a data da fatura é do mês {expected} do exercício",
-     "the period is {found}, but the date of the invoice is in month {expected} of the fiscal year"}};
+    {"o período é {found}, mas a data do documento é do mês {expected} do exercício",
+     "the period is {found}, but the date of the document is in month {expected} of the fiscal year"}};
 
 void JudgePeriodOfInvoice(const InvoiceFacts& invoice, Judgement& judgement) {
   if (!invoice.period.Read() || !invoice.date.Read()) return;
@@ -217,28 +214,25 @@ void JudgePeriodOfInvoice(const InvoiceFacts& invoice, Judgement& judgement) {
 }
 
 constexpr Rule kSectionRules[] = {
-    {.info =
-         {"SI-COUNT",
-          Severity::kError,
-          {"Número de documentos", "Number of documents"},
-          {"NumberOfEntries de SalesInvoices é o número de todos os documentos. Só informação: sem os anulados, ou sem "
-           "os de TransactionID \"Anulado\".",
-           "NumberOfEntries of SalesInvoices is the number of all documents. Information only: without cancelled ones, "
-           "or without those of TransactionID \"Anulado\"."},
-          "Portaria 1192/2009"},
+    {.info = {"SI-COUNT",
+              Severity::kError,
+              {"Número de documentos", "Number of documents"},
+              {"NumberOfEntries de SalesInvoices é o número de todos os documentos. Só informação: sem os anulados, ou "
+               "sem os de TransactionID \"Anulado\".",
+               "NumberOfEntries of SalesInvoices is the number of all documents. Information only: without cancelled "
+               "ones, or without those of TransactionID \"Anulado\"."},
+              "Portaria 1192/2009"},
      .at_end = JudgeNumberOfInvoices},
-    {.info =
-         {"SI-SUM",
-          Severity::kError,
-          {"Totais dos documentos", "Totals of documents"},
-          {"TotalDebit e TotalCredit são as somas das linhas dos documentos em vigor, sem os anulados nem os "
-           "resumidos. "
-           "Só informação: com os resumidos; de todos; de todos menos os de TransactionID \"Anulado\". Por cada valor "
-           "com mais de duas casas decimais aceita-se uma diferença de 0,005.",
-           "TotalDebit and TotalCredit are the sums of the lines of live documents, without those cancelled or merged. "
-           "Information only: with those merged; of all; of all but those of TransactionID \"Anulado\". For each "
-           "amount of more than two decimals a difference of 0.005 is accepted."},
-          "Portaria 1192/2009"},
+    {.info = {"SI-SUM",
+              Severity::kError,
+              {"Totais dos documentos", "Totals of documents"},
+              {"TotalDebit e TotalCredit são as somas das linhas dos documentos em vigor, sem os anulados nem os "
+               "resumidos. Só informação: com os resumidos; de todos; de todos menos os de TransactionID \"Anulado\". "
+               "Por cada valor com mais de duas casas decimais aceita-se uma diferença de 0,005.",
+               "TotalDebit and TotalCredit are the sums of the lines of live documents, without those cancelled or "
+               "summarised. Information only: with those summarised; of all; of all but those of TransactionID "
+               "\"Anulado\". For each amount of more than two decimals a difference of 0.005 is accepted."},
+              "Portaria 1192/2009"},
      .at_end = JudgeTotalsOfInvoices},
     {.info = {"SI-PERIOD",
               Severity::kWarning,

@@ -84,21 +84,22 @@ void JudgeExemption(const InvoiceFacts& invoice, Judgement& judgement) {
 
 constexpr RuleSentence kOtherRate{
     Severity::kWarning,
-    {"a taxa de IVA é {found#}; para o código, a região e a data da linha devia ser {expected#}",
-     "the VAT rate is {found#}; for the code, the region and the date of the line it should be {expected#}"}};
+    {"a taxa de IVA é {found#}%; para o código, a região e a data da linha devia ser {expected#}%",
+     "the VAT rate is {found#}%; for the code, the region and the date of the line it should be {expected#}%"}};
 constexpr RuleSentence kRateOfDayBeside{
     Severity::kInformation,
-    {"a taxa de IVA é {found#}, do outro lado da mudança de taxas; na data da linha é {expected#}",
-     "the VAT rate is {found#}, that of the other side of the change of rates; on the date of the line it is "
-     "{expected#}"}};
+    {"a taxa de IVA é {found#}%, do outro lado da mudança de taxas; na data da linha é {expected#}%",
+     "the VAT rate is {found#}%, that of the other side of the change of rates; on the date of the line it is "
+     "{expected#}%"}};
 constexpr RuleSentence kRateOfNoTime{
     Severity::kWarning,
-    {"a taxa de IVA é {found#}, que nunca foi a do código e da região da linha; essa foi {expected#}",
-     "the VAT rate is {found#}, which never was that of the code and the region of the line; that was {expected#}"}};
+    {"a taxa de IVA é {found#}%, que nunca foi a do código e da região da linha; essa foi (em %) {expected#}",
+     "the VAT rate is {found#}%, which never was that of the code and the region of the line; that was (in %) "
+     "{expected#}"}};
 constexpr RuleSentence kRateOfExempt{
     Severity::kWarning,
-    {"o código é ISE, de isenção, mas a taxa ou o imposto é {found#}; devia ser {expected#}",
-     "the code is ISE, for exemption, but the rate or the tax is {found#}; it should be {expected#}"}};
+    {"o código é ISE (isenção), mas a taxa ou o imposto é {found#}; devia ser {expected#}",
+     "the code is ISE (exempt), but the rate or the tax is {found#}; it should be {expected#}"}};
 constexpr RuleSentence kNoVatCode{Severity::kWarning,
                                   {"\"{found}\" não é um código de IVA, que são RED, INT, NOR, ISE e OUT",
                                    "\"{found}\" is no code of VAT, which are RED, INT, NOR, ISE and OUT"}};
@@ -195,25 +196,23 @@ void JudgeTaxTable(const InvoiceFacts& invoice, Judgement& judgement) {
 }
 
 constexpr Rule kTaxRules[] = {
-    {.info =
-         {"TAX-EXEMPT",
-          Severity::kError,
-          {"Motivo de isenção", "Reason of exemption"},
-          {"Uma linha com IVA de taxa ou imposto 0, ou com o código ISE, tem TaxExemptionReason. Só aviso: uma linha "
-           "sem Tax tem-no também, a não ser que não valha nada nem tenha preço ou quantidade; e uma com taxa de "
-           "IVA não o tem. Só informação em documentos anulados.",
-           "A line with VAT of rate or amount 0, or with the code ISE, has TaxExemptionReason. A warning only: a "
-           "line without Tax has it too, unless it is worth nothing and has no price or no quantity; and one with "
-           "a rate of VAT does not have it. Information only in cancelled documents."},
-          "Portaria 1192/2009"},
+    {.info = {"TAX-EXEMPT",
+              Severity::kError,
+              {"Motivo de isenção", "Reason of exemption"},
+              {"Uma linha com IVA de taxa ou imposto 0, ou com o código ISE, tem TaxExemptionReason. Só aviso: uma "
+               "linha sem Tax tem-no também, a não ser que não valha nada e lhe falte o preço ou a quantidade; e uma "
+               "com taxa de IVA não o tem. Só informação em documentos anulados.",
+               "A line with VAT of rate or amount 0, or with the code ISE, has TaxExemptionReason. A warning only: a "
+               "line without Tax has it too, unless it is worth nothing and has no price or no quantity; and one with "
+               "a rate of VAT does not have it. Information only in cancelled documents."},
+              "Portaria 1192/2009"},
      .invoice = JudgeExemption},
     {.info =
          {"TAX-RATE",
           Severity::kWarning,
           {"Taxas de IVA", "VAT rates"},
           {"TaxPercentage é a taxa do código RED, INT ou NOR na região PT, PT-AC ou PT-MA à data de TaxPointDate, ou "
-           "na "
-           "falta dela de InvoiceDate, desde 2005-07-01; com o código ISE é 0. OUT, as taxas de outros países e o "
+           "na falta dela de InvoiceDate, desde 2005-07-01; com o código ISE é 0. OUT, as taxas de outros países e o "
            "imposto do selo não se verificam. Em ND, NC, TD, DA e RE, que têm a taxa do documento que retificam, basta "
            "que a taxa alguma vez tenha existido. Só informação: a taxa antiga no primeiro dia da nova, a nova no "
            "último dia da antiga; e documentos anulados.",
@@ -225,17 +224,16 @@ constexpr Rule kTaxRules[] = {
           "CIVA, art. 18.º",
           "2005-07-01"},
      .invoice = JudgeRates},
-    {.info =
-         {"TAX-TABLE",
-          Severity::kWarning,
-          {"Tabela de impostos", "Tax table"},
-          {"O tipo, a região, o código e a taxa, ou o valor, do imposto de cada linha estão na tabela de impostos, sem "
-           "terem expirado à data que conta em TAX-RATE; TaxExpirationDate é o último dia de uso. Uma taxa de 0 é o "
-           "mesmo que um valor de 0. Sem tabela é dito uma vez, só como informação.",
-           "Type, region, code and rate, or amount, of each line's tax are in the tax table, not expired on the date "
-           "that counts for TAX-RATE; TaxExpirationDate is the last day of use. A rate of 0 is the same as an amount "
-           "of 0. That there is no table is told once, as information only."},
-          "Portaria 1192/2009"},
+    {.info = {"TAX-TABLE",
+              Severity::kWarning,
+              {"Tabela de impostos", "Tax table"},
+              {"O tipo, a região, o código e a taxa, ou o valor, do imposto de cada linha estão na tabela de impostos, "
+               "sem terem expirado à data que conta em TAX-RATE; TaxExpirationDate é o último dia de uso. Uma taxa de "
+               "0 é o mesmo que um valor de 0. Sem tabela é dito uma vez, só como informação.",
+               "Type, region, code and rate, or amount, of each line's tax are in the tax table, not expired on the "
+               "date that counts for TAX-RATE; TaxExpirationDate is the last day of use. A rate of 0 is the same as an "
+               "amount of 0. That there is no table is told once, as information only."},
+              "Portaria 1192/2009"},
      .invoice = JudgeTaxTable},
 };
 

@@ -25,7 +25,7 @@ TEST_F(RulesCommandTest, AllRulesAreListed) {
     for (const RuleInfo& rule : rules) EXPECT_THAT(outcome.out, HasSubstr("  " + std::string(rule.id) + " "));
   }
   EXPECT_THAT(Run({"rules"}).out, ContainsRegex("\n  NIF-PREFIX +warning +Beginning of the tax number\n"));
-  EXPECT_THAT(Run({"rules", "--lang", "pt"}).out, ContainsRegex("\n  GL-BALANCE +erro +Débitos e créditos iguais\n"));
+  EXPECT_THAT(Run({"rules", "--lang", "pt"}).out, ContainsRegex("\n  GL-BALANCE +erro +Débitos iguais aos créditos\n"));
 }
 
 TEST_F(RulesCommandTest, ARuleIsExplained) {
