@@ -14,6 +14,7 @@
 #include "tools/saft/check/CheckText.h"
 #include "tools/saft/check/ChoicesFile.h"
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/terminal/TerminalWidth.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/CheckWords.h"
 #include "tools/saft/words/FileWords.h"
@@ -110,9 +111,9 @@ void CheckCommand::Tell(const CheckReport& report) const {
     PrintForPrograms(JsonOf(report));
     return;
   }
-  const CheckText text(std::cout, IsColourWelcome());
+  const CheckText text(std::cout, IsColourWelcome(), TerminalWidth(STDOUT_FILENO));
   if (summary_) {
-    text.PrintSummary(report);
+    text.PrintSummary(report, files_.size() > 1);
   } else {
     text.PrintFindings(report, files_.size() > 1);
   }

@@ -11,6 +11,7 @@
 #include "tools/saft/check/RuleSeverity.h"
 #include "tools/saft/terminal/Table.h"
 #include "tools/saft/terminal/VisibleText.h"
+#include "tools/saft/terminal/WrappedText.h"
 #include "tools/saft/words/CheckWords.h"
 
 namespace zevo::saft {
@@ -90,10 +91,10 @@ Severity ColourOf(CheckVerdict verdict) {
   return verdict == CheckVerdict::kClean ? Severity::kOff : Severity::kError;
 }
 
-std::string Placed(const FilePlace& place, const std::string& text) {
-  if (place.line == 0) return text;
-  return place.column == 0 ? Say(words::kAtLine, place.line, text)
-                           : Say(words::kAtColumn, place.line, place.column, text);
+std::string Placed(const std::string& sentence, const FilePlace& place) {
+  if (place.line == 0) return sentence;
+  return place.column == 0 ? Say(words::kAtLine, sentence, place.line)
+                           : Say(words::kAtColumn, sentence, place.line, place.column);
 }
 
 }  // namespace
@@ -115,15 +116,17 @@ void CheckText::PrintFindings(const CheckReport& report, bool with_heading) cons
   if (with_heading && !rules.empty()) out_ << '\n';
 }
 
-void CheckText::PrintSummary(const CheckReport& report) const {
+void CheckText::PrintSummary(const CheckReport& report, bool with_others) const {
   Table table(3);
   for (const size_t rule : RulesWithFindings(report)) {
     const RuleInfo& info = AuditFileChecker::Rules()[rule];
     table.Add({std::string(WordOf(WorstOf(report.counts[rule]))), std::string(info.id), std::string(TitleOf(info)),
                Grouped(Total(report.counts[rule]))});
   }
-  if (!report.is_another_file) table.Print(out_);
+  const bool has_rules = !report.is_another_file && Total(SumOf(report)) > 0;
+  if (has_rules) table.Print(out_);
   PrintVerdict(report);
+  if (with_others && has_rules) out_ << '\n';
 }
 
 void CheckText::PrintGroup(const CheckReport& report, size_t rule) const {
@@ -150,7 +153,8 @@ void CheckText::PrintFinding(const Finding& finding, Severity usual) const {
   if (finding.severity != usual) {
     sentence.insert(0, Coloured(finding.severity, std::string(WordOf(finding.severity))) + ": ");
   }
-  out_ << "  " << Placed(finding.place, sentence) << '\n';
+  const std::string text = Placed(sentence, finding.place);
+  out_ << (width_ ? WrappedText(text, *width_, {.first = 2, .others = 4}) : "  " + text) << '\n';
 }
 
 void CheckText::PrintVerdict(const CheckReport& report) const {

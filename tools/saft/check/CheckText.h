@@ -2,7 +2,9 @@
 #ifndef ZEVO_TOOLS_SAFT_CHECK_CHECKTEXT_H_
 #define ZEVO_TOOLS_SAFT_CHECK_CHECKTEXT_H_
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -13,13 +15,14 @@ namespace zevo::saft {
 /// Prints for people what a check says of files.
 class CheckText {
  public:
-  /// `colour` is whether the output understands the escapes of a terminal.
-  CheckText(std::ostream& out, bool colour) : out_(out), colour_(colour) {}
+  /// `colour` is whether the output understands the escapes of a terminal, `width` how many characters its lines have,
+  /// at which findings are broken.
+  CheckText(std::ostream& out, bool colour, std::optional<size_t> width) : out_(out), colour_(colour), width_(width) {}
 
   /// The findings of each rule, the worst rules first, then the verdict. With a heading where there are other files.
   void PrintFindings(const CheckReport& report, bool with_heading) const;
-  /// A line for each rule, then the verdict.
-  void PrintSummary(const CheckReport& report) const;
+  /// A line for each rule, then the verdict, set off where there are other files.
+  void PrintSummary(const CheckReport& report, bool with_others) const;
 
  private:
   void PrintGroup(const CheckReport& report, size_t rule) const;
@@ -29,6 +32,7 @@ class CheckText {
 
   std::ostream& out_;
   bool colour_;
+  std::optional<size_t> width_;
 };
 
 /// A whole number for people: "12,000", in Portuguese "12 000".

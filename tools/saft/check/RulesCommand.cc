@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/check/RulesCommand.h"
 
+#include <unistd.h>
 #include <zevo/adapters.h>
 
 #include <algorithm>
@@ -11,6 +12,8 @@
 
 #include "tools/saft/check/RuleSeverity.h"
 #include "tools/saft/terminal/Table.h"
+#include "tools/saft/terminal/TerminalWidth.h"
+#include "tools/saft/terminal/WrappedText.h"
 #include "tools/saft/words/CheckWords.h"
 #include "tools/saft/words/UsageWords.h"
 
@@ -25,20 +28,11 @@ void PrintTable(std::span<const RuleInfo> rules) {
   table.Print(std::cout);
 }
 
-// In lines of a page's width.
+// In lines of a page's width, or of the terminal's where that is narrower.
 void PrintWrapped(std::string_view text) {
-  constexpr size_t kWidth = 100;  // characters
-  size_t column = 0;
-  while (!text.empty()) {
-    const std::string_view word = text.substr(0, text.find(' '));
-    text.remove_prefix(std::min(text.size(), word.size() + 1));
-    const size_t width = CharactersIn(word);
-    const bool fits = column + 1 + width <= kWidth;
-    if (column > 0) std::cout << (fits ? " " : "\n");
-    std::cout << (column > 0 && fits ? "" : "  ") << word;
-    column = column > 0 && fits ? column + 1 + width : 2 + width;
-  }
-  std::cout << '\n';
+  constexpr size_t kPage = 100;  // characters
+  const size_t width = std::min(kPage, TerminalWidth(STDOUT_FILENO).value_or(kPage));
+  std::cout << WrappedText(text, width, {.first = 2, .others = 2}) << '\n';
 }
 
 // With the days for which it demands the rule.

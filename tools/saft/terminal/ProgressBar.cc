@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/terminal/ProgressBar.h"
 
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "tools/saft/terminal/TerminalWidth.h"
 #include "tools/saft/words/TerminalWords.h"
 
 namespace zevo::saft {
@@ -53,10 +53,7 @@ ProgressBar::~ProgressBar() {
   if (width_ > 0) terminal_ << '\r' + std::string(std::min(width_, Room()), ' ') + '\r' << std::flush;
 }
 
-size_t ProgressBar::WidthOfTerminal() {
-  winsize size{};
-  return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUnknownWidth;
-}
+size_t ProgressBar::WidthOfTerminal() { return TerminalWidth(STDERR_FILENO).value_or(kUnknownWidth); }
 
 // Terminals begin a new line after the last character of one.
 size_t ProgressBar::Room() const { return std::max<size_t>(terminal_width_(), 2) - 1; }

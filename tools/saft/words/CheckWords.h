@@ -113,8 +113,8 @@ inline constexpr Text<1> kOneTransactionJudged{"{1} movimento", "{1} transaction
 // A rule with what it found, and where.
 
 inline constexpr Text<4> kGroup{"{1} {2}: {3} ({4})", "{1} {2}: {3} ({4})"};
-inline constexpr Text<3> kAtColumn{"linha {1}, coluna {2}: {3}", "line {1}, column {2}: {3}"};
-inline constexpr Text<2> kAtLine{"linha {1}: {2}", "line {1}: {2}"};
+inline constexpr Text<3> kAtColumn{"{1} [linha {2}, coluna {3}]", "{1} [line {2}, column {3}]"};
+inline constexpr Text<2> kAtLine{"{1} [linha {2}]", "{1} [line {2}]"};
 inline constexpr Text<1> kFindingsMore{"… e mais {1}", "… and {1} more"};
 
 // What is wrong with the choices.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,27 +51,31 @@ TEST_F(CheckCommandTest, FindingsAreToldByRuleTheWorstFirst) {
   EXPECT_EQ(outcome.code, 1);
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.out,
-            "error GL-RECORD: Lines of the transaction (2)\n  " + Place("<RecordID>", 2) +
-                ": Transaction 2008-03-05 V 1, line 2: RecordID 1 appears more than once in the transaction.\n  " +
+            "error GL-RECORD: Lines of the transaction (2)\n"
+            "  Transaction 2008-03-05 V 1, line 2: RecordID 1 appears more than once in the transaction. [" +
+                Place("<RecordID>", 2) +
+                "]\n"
+                "  Transaction 2008-03-05 V 1, line 3: RecordID 1 appears more than once in the transaction. [" +
                 Place("<RecordID>", 3) +
-                ": Transaction 2008-03-05 V 1, line 3: RecordID 1 appears more than once in the transaction.\n\n"
-                "warning HDR-PERIOD: Period of the file (1 warning, 1 note)\n  " +
+                "]\n\n"
+                "warning HDR-PERIOD: Period of the file (1 warning, 1 note)\n"
+                "  Header: the fiscal year is 2011 and should be 2008, in which the period begins. [" +
                 Place("<FiscalYear>") +
-                ": Header: the fiscal year is 2011 and should be 2008, in which the period begins.\n  " +
-                Place("<DateCreated>") +
-                ": note: Header: the file was created on 2008-12-30, before the end of its period, on 2008-12-31.\n\n" +
-                file + kBadVerdict);
+                "]\n"
+                "  note: Header: the file was created on 2008-12-30, before the end of its period, on 2008-12-31. [" +
+                Place("<DateCreated>") + "]\n\n" + file + kBadVerdict);
 }
 
 TEST_F(CheckCommandTest, InPortuguese) {
   const std::string file = WriteBad();
   EXPECT_EQ(Run({"check", file, "--lang", "pt", "--severity", "GL-RECORD=off"}).out,
-            "aviso HDR-PERIOD: Período do ficheiro (1 aviso, 1 informação)\n  " + Lugar("<FiscalYear>") +
-                ": Cabeçalho: o exercício é 2011, e devia ser 2008, em que o período começa.\n  " +
-                Lugar("<DateCreated>") +
-                ": informação: Cabeçalho: o ficheiro foi criado em 2008-12-30, antes do fim do seu período, em "
-                "2008-12-31.\n\n" +
-                file + ": 1 aviso, 1 informação (3 documentos, 3 movimentos)\n");
+            "aviso HDR-PERIOD: Período do ficheiro (1 aviso, 1 informação)\n"
+            "  Cabeçalho: o exercício é 2011, e devia ser 2008, em que o período começa. [" +
+                Lugar("<FiscalYear>") +
+                "]\n"
+                "  informação: Cabeçalho: o ficheiro foi criado em 2008-12-30, antes do fim do seu período, em "
+                "2008-12-31. [" +
+                Lugar("<DateCreated>") + "]\n\n" + file + ": 1 aviso, 1 informação (3 documentos, 3 movimentos)\n");
 }
 
 TEST_F(CheckCommandTest, WarningsAloneAreNoError) {
@@ -85,8 +90,8 @@ TEST_F(CheckCommandTest, OfARuleSomeAreListedAndAllCounted) {
   const testing::Outcome outcome = Run({"check", WriteBad(), "--max", "1"});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_THAT(outcome.out,
-              AllOf(StartsWith("error GL-RECORD: Lines of the transaction (2)\n  " + Place("<RecordID>", 2)),
-                    HasSubstr(" transaction.\n  … and 1 more\n\n"), EndsWith(kBadVerdict)));
+              AllOf(StartsWith("error GL-RECORD: Lines of the transaction (2)\n  Transaction "),
+                    HasSubstr(" [" + Place("<RecordID>", 2) + "]\n  … and 1 more\n\n"), EndsWith(kBadVerdict)));
   EXPECT_THAT(Run({"check", WriteBad(), "--max", "1", "--lang", "pt"}).out, HasSubstr("\n  … e mais 1\n"));
   EXPECT_EQ(Run({"check", WriteBad(), "--max", "0"}).out, Run({"check", WriteBad()}).out);
 }
@@ -99,6 +104,14 @@ TEST_F(CheckCommandTest, OfFindingsThereMayBeASummary) {
             "  error    GL-RECORD   Lines of the transaction  2\n"
             "  warning  HDR-PERIOD  Period of the file        2\n" +
                 file + kBadVerdict);
+}
+
+TEST_F(CheckCommandTest, SummariesOfManyFilesAreSetOff) {
+  const std::string clean = WriteClean();
+  const std::string bad = WriteBad();
+  EXPECT_THAT(Run({"check", "--summary", clean, bad, clean}).out,
+              AllOf(StartsWith(clean + kCleanVerdict + "  error    GL-RECORD "),
+                    EndsWith("\n" + bad + kBadVerdict + "\n" + clean + kCleanVerdict)));
 }
 
 TEST_F(CheckCommandTest, EachOfManyFilesHasItsVerdictAndTheExitCodeIsThatOfTheWorst) {
@@ -257,10 +270,12 @@ TEST_F(CheckCommandTest, WhatAFileHoldsIsMadeVisible) {
 // What is shown on a terminal.
 class CheckOnTerminalTest : public testing::ToolCheckTest {
  protected:
-  std::string Shown(const std::vector<std::string>& environment) const {
+  /// On a terminal of so many columns; 0 where it does not tell.
+  std::string Shown(const std::vector<std::string>& environment, unsigned short columns = 0) const {
     int terminal = -1;
+    const winsize size{.ws_row = 25, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
     const std::string file = WriteBad();
-    const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
     if (child == 0) {
       unsetenv("NO_COLOR");
       for (const std::string& each : environment) putenv(const_cast<char*>(each.c_str()));
@@ -285,8 +300,20 @@ TEST_F(CheckOnTerminalTest, SeveritiesHaveColours) {
   const std::string shown = Shown({});
   EXPECT_THAT(shown, StartsWith("\x1B[31merror\x1B[0m GL-RECORD: "));
   EXPECT_THAT(shown, HasSubstr("\n\x1B[33mwarning\x1B[0m HDR-PERIOD: "));
-  EXPECT_THAT(shown, HasSubstr(": \x1B[36mnote\x1B[0m: Header: "));
+  EXPECT_THAT(shown, HasSubstr("\n  \x1B[36mnote\x1B[0m: Header: "));
   EXPECT_THAT(shown, HasSubstr("bad.xml: \x1B[31m2 errors, 1 warning, 1 note (3 documents, 3 transactions)\x1B[0m"));
+}
+
+TEST_F(CheckOnTerminalTest, LinesAreBrokenBetweenWords) {
+  const std::string shown = Shown({}, 80);
+  EXPECT_THAT(shown,
+              HasSubstr("\r\n  Header: the fiscal year is 2011 and should be 2008, in which the period\r\n"
+                        "    begins. [" +
+                        Place("<FiscalYear>") +
+                        "]\r\n"
+                        "  \x1B[36mnote\x1B[0m: Header: the file was created on 2008-12-30, before the end of its\r\n"
+                        "    period, on 2008-12-31. [" +
+                        Place("<DateCreated>") + "]\r\n"));
 }
 
 TEST_F(CheckOnTerminalTest, WithoutColourWhereTheEnvironmentSaysSo) {
