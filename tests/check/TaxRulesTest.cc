@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "tests/check/CheckTest.h"
 
@@ -275,6 +278,18 @@ TEST_F(TaxRulesTest, WithoutATableThatIsToldOnce) {
   EXPECT_THAT(OfTable(CleanFile().Without("TaxTableEntry[3]/TaxPercentage")), IsEmpty());
   EXPECT_THAT(OfTable(CleanFile().With("TaxTableEntry[2]/TaxExpirationDate", "x").Without("TaxTableEntry[3]")),
               IsEmpty());
+}
+
+TEST_F(TaxRulesTest, ACodeThatCannotBeReadIsInNoTable) {
+  for (const auto& [element, code] : std::vector<std::pair<std::string, std::string>>{
+           {"TaxType", "XXX"}, {"TaxCountryRegion", "PT-XX"}, {"TaxCountryRegion", "Pt"}, {"TaxCode", "NORM"}}) {
+    EXPECT_THAT(FindingsOf("READ", CleanFile().With("Invoice[2]/Line/Tax/" + element, code)), SizeIs(1)) << code;
+    EXPECT_THAT(OfTable(CleanFile().With("Invoice[2]/Line/Tax/" + element, code)), IsEmpty()) << code;
+    EXPECT_THAT(OfTable(CleanFile().With("TaxTableEntry[3]/" + element, code)), IsEmpty()) << code;
+  }
+  EXPECT_THAT(OfTable(CleanFile().With("Invoice[2]/Line/Tax/TaxCountryRegion", "ES")), SizeIs(1));
+  EXPECT_THAT(OfTable(CleanFile().With("Invoice[2]/Line/Tax/TaxCode", "OUT")), SizeIs(1));
+  EXPECT_THAT(OfTable(Exempt(WithTax("PT", "ISE", "0"))), SizeIs(1));
 }
 
 TEST_F(TaxRulesTest, SeveralTablesAreOne) {

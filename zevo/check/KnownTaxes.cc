@@ -1,9 +1,30 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/KnownTaxes.h>
 
+#include <zevo/check/VatRates.h>
+
+#include <algorithm>
 #include <utility>
 
 namespace zevo {
+namespace {
+
+bool IsCountry(std::string_view code) {
+  return code.size() == 2 && std::ranges::all_of(code, [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
+bool IsTaxCode(std::string_view code) {
+  if (VatLevelOf(code) || code == "ISE" || code == "OUT") return true;
+  return std::ranges::all_of(code, [](char c) { return (c >= '0' && c <= '9') || c == '.'; });
+}
+
+}  // namespace
+
+bool KnownTaxes::HasCodes(const TaxFacts& tax) {
+  if (!tax.type.Read() || !tax.region.Read() || !tax.code.Read()) return false;
+  const bool type = *tax.type == "IVA" || *tax.type == "IS";
+  return type && (VatRegionOf(*tax.region) || IsCountry(*tax.region)) && IsTaxCode(*tax.code);
+}
 
 // Codes differ most.
 bool KnownTaxes::Before::operator()(const View& left, const View& right) const {
@@ -22,8 +43,7 @@ KnownTaxes::View KnownTaxes::ViewOf(const TaxFacts& tax) {
 
 void KnownTaxes::Take(const TaxTableFacts& facts) {
   for (const TaxFacts& entry : facts.entries) {
-    const bool read = entry.type.Read() && entry.region.Read() && entry.code.Read() &&
-                      entry.percentage.Read() != entry.amount.Read() &&
+    const bool read = HasCodes(entry) && entry.percentage.Read() != entry.amount.Read() &&
                       (entry.expires.Missing() || entry.expires.Read());
     if (!read) {
       whole_ = false;

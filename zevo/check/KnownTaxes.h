@@ -23,12 +23,15 @@ class KnownTaxes {
 
   void Take(const TaxTableFacts& facts);
 
+  /// Whether type, region and code may be such, as the schema has them: two capitals are taken for a country.
+  static bool HasCodes(const TaxFacts& tax);
+
   /// Of a tax of this type, region, code and percentage, or amount: the use that is longest; null where the table has
   /// no such tax. A percentage of 0 is an amount of 0.
   const Use* Find(const TaxFacts& tax) const;
 
   bool IsEmpty() const { return uses_.empty(); }
-  /// Whether each entry could be read.
+  /// Whether each entry could be read, its codes too.
   bool IsWhole() const { return whole_; }
 
  private:

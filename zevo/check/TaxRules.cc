@@ -185,7 +185,8 @@ void JudgeTaxTable(const InvoiceFacts& invoice, Judgement& judgement) {
     const bool expired =
         use != nullptr && use->expires && DateOfRate(invoice, line).value_or(use->last_day) > use->last_day;
     if (use != nullptr && !expired) continue;
-    // A wrong rate is in no table.
+    // A wrong rate is in no table, nor is a code that cannot be read.
+    if (!KnownTaxes::HasCodes(tax)) continue;
     if (judgement.IsOn("TAX-RATE") && FaultOfRate(invoice, line).sentence != nullptr) continue;
     if (expired) {
       judgement.Tell(kExpiredInTable, invoice, tax, {.found = TaxName(tax), .expected = use->last_day.Text()});
