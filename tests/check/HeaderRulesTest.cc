@@ -95,6 +95,8 @@ TEST_F(HeaderRulesTest, ThePeriodIsAYearAtMost) {
   EXPECT_THAT(of_period("2008-06-15", "2008-06-15", "2008"), IsEmpty());
   EXPECT_THAT(of_period("2008-06-15", "2008-06-14", "2008"),
               ElementsAre("HDR-PERIOD E Header/EndDate [2008-06-14] [2008-06-15] []"));
+  EXPECT_THAT(of_period("2008-01-01", "2009-12-31", "2008"),
+              ElementsAre("HDR-PERIOD E Header/EndDate [2009-12-31] [2009-01-01] []"));
   EXPECT_THAT(of_period("2007-02-28", "2008-02-27", "2007"), IsEmpty());
   EXPECT_THAT(of_period("2008-02-29", "2009-02-28", "2008"),
               ElementsAre("HDR-PERIOD I Header/DateCreated [2009-01-15] [2009-02-28] []"));

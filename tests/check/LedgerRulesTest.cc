@@ -177,6 +177,8 @@ TEST_F(LedgerRulesTest, TheDateIsInThePeriodOfTheFileAndBeforeItIsPosted) {
               ElementsAre("GL-DATE W Transaction 2008-07-10 D 1/TransactionDate [2008-07-10] [2008-07-09] []"));
   EXPECT_THAT(of_period("2008-03-06", "2008-07-10"),
               ElementsAre("GL-DATE I Transaction 2008-03-05 V 1/TransactionDate [2008-03-05] [2008-03-06] []"));
+  // HDR-PERIOD tells of a period that ends before it begins.
+  EXPECT_THAT(of_period("2008-01-01", "2007-12-31"), IsEmpty());
   EXPECT_THAT(Findings(CleanFile().With("Transaction/GLPostingDate", "2008-03-05T00:00:00")), IsEmpty());
   EXPECT_THAT(Findings(CleanFile().With("Transaction/GLPostingDate", "2008-03-04T23:59:59")),
               ElementsAre("GL-DATE I Transaction 2008-03-05 V 1/GLPostingDate [2008-03-04T23:59:59] [2008-03-05] []"));

@@ -117,7 +117,7 @@ void JudgePeriod(const HeaderFacts& header, Judgement& judgement) {
   if (start.Read() && end.Read()) {
     if (*end < *start) judgement.Tell(kEndBeforeStart, header, end, {.expected = start->Text()});
     if (*end >= start->YearLater()) {
-      judgement.Tell(kLongerThanAYear, header, end, {.expected = start->YearLater().Text()});
+      return judgement.Tell(kLongerThanAYear, header, end, {.expected = start->YearLater().Text()});
     }
   }
   if (start.Read() && end.Read() && header.fiscal_year.Read()) {

@@ -192,12 +192,11 @@ constexpr RuleSentence kPostedBeforeDate{Severity::kInformation,
 void JudgeLedgerDates(const TransactionFacts& transaction, Judgement& judgement) {
   if (!transaction.date.Read()) return;
   const CalendarDate& date = *transaction.date;
-  const auto& header = judgement.File().Header();
-  if (header.IsThere() && header->end_date.Read() && date > *header->end_date) {
-    judgement.Tell(kDateAfterEnd, transaction, transaction.date, {.expected = header->end_date->Text()});
-  }
-  if (header.IsThere() && header->start_date.Read() && date < *header->start_date) {
-    judgement.Tell(kDateBeforeStart, transaction, transaction.date, {.expected = header->start_date->Text()});
+  if (!judgement.File().IsInPeriod(date).value_or(true)) {
+    const HeaderFacts& header = *judgement.File().Header();
+    const bool before = date < *header.start_date;
+    judgement.Tell(before ? kDateBeforeStart : kDateAfterEnd, transaction, transaction.date,
+                   {.expected = (before ? header.start_date : header.end_date)->Text()});
   }
   if (transaction.posting_date.Read() && transaction.posting_date->date < date) {
     judgement.Tell(kPostedBeforeDate, transaction, transaction.posting_date, {.expected = date.Text()});
