@@ -7,11 +7,13 @@
 #include "tools/saft/check/RulesCommand.h"
 #include "tools/saft/columns/ColumnsCommand.h"
 #include "tools/saft/create/CreateCommand.h"
+#include "tools/saft/export/ExportCommand.h"
 #include "tools/saft/list/ListCommand.h"
 #include "tools/saft/merge/MergeCommand.h"
 #include "tools/saft/summary/SummaryCommand.h"
 #include "tools/saft/template/TemplateCommand.h"
 #include "tools/saft/validate/ValidateCommand.h"
+#include "tools/saft/words/ExportWords.h"
 #include "tools/saft/words/UsageWords.h"
 
 namespace zevo::saft {
@@ -35,6 +37,7 @@ std::span<const CommandEntry> CommandList() {
       CommandEntry{"summary", words::kSummaryCommand, &Make<SummaryCommand>},
       CommandEntry{"list", words::kListCommand, &Make<ListCommand>},
       CommandEntry{"merge", words::kMergeCommand, &Make<MergeCommand>},
+      CommandEntry{"export", words::kExportCommand, &Make<ExportCommand>},
   };
   return kCommands;
 }

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "tools/saft/dataset/LostInRows.h"
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/errors/NearestName.h"
 #include "tools/saft/input/AuditFileInput.h"
@@ -29,38 +30,14 @@ const RecordKind& KindNamed(std::string_view name) {
   throw Failure(Say(words::kUnknownKind, Quoted(name)) + DidYouMean(name, RecordKinds(), &RecordKind::name));
 }
 
-// A list of texts has what a record holds otherwise, or in another order. What it lacks is a second element where it
-// has room for one, and an element that it does not know; a text that is no value of its element misleads.
-bool IsTold(Fault fault) {
-  switch (fault) {
-    case Fault::kUnreadable:
-    case Fault::kRepeated:
-    case Fault::kUnknownElement:
-      return true;
-    case Fault::kConstant:
-    case Fault::kUnknownCode:
-    case Fault::kInexact:
-    case Fault::kOutOfOrder:
-    case Fault::kKeyTaken:
-      return false;
-  }
-  return true;
-}
-
 bool IsOfTheFile(const Problem& problem) { return problem.path.starts_with('/'); }
-
-// Whether it is a record of its own that a list has although there is no room for a second one in the record around it.
-bool IsListedAll(const AuditFileScanner& scanner, const Problem& problem) {
-  return problem.fault == Fault::kRepeated && scanner.Kind() &&
-         RecordKindAt(*scanner.Kind(), problem.path).path == WithoutNumbers(problem.path);
-}
 
 // Those problems of an entity that make a list lack something.
 template <class Concerns>
 void AddProblems(const AuditFileScanner& scanner, ProblemReport& report, const Concerns& concerns) {
   for (const Problem& problem : scanner.Problems()) {
-    const bool lost = IsTold(problem.fault) && !IsListedAll(scanner, problem) && concerns(problem);
-    if (IsOfTheFile(problem) || lost) report.Add(scanner, problem);
+    if (!IsLostInRows(scanner, problem)) continue;
+    if (IsOfTheFile(problem) || concerns(problem)) report.Add(scanner, problem);
   }
 }
 

@@ -11,9 +11,9 @@
 
 #include "tools/saft/dataset/RecordColumns.h"
 #include "tools/saft/dataset/RecordKind.h"
+#include "tools/saft/dataset/RowReader.h"
 #include "tools/saft/list/RowFilter.h"
 #include "tools/saft/list/RowPrinter.h"
-#include "tools/saft/list/RowReader.h"
 
 namespace zevo::saft {
 

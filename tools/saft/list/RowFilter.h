@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "tools/saft/dataset/RecordColumns.h"
-#include "tools/saft/list/RowReader.h"
+#include "tools/saft/dataset/RowReader.h"
 
 namespace zevo::saft {
 

@@ -13,7 +13,7 @@
 
 #include "tools/saft/csv/CsvWriter.h"
 #include "tools/saft/dataset/RecordColumns.h"
-#include "tools/saft/list/RowReader.h"
+#include "tools/saft/dataset/RowReader.h"
 
 namespace zevo::saft {
 

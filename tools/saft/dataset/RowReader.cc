@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tools/saft/list/RowReader.h"
+#include "tools/saft/dataset/RowReader.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#ifndef ZEVO_TOOLS_SAFT_LIST_ROWREADER_H_
-#define ZEVO_TOOLS_SAFT_LIST_ROWREADER_H_
+#ifndef ZEVO_TOOLS_SAFT_DATASET_ROWREADER_H_
+#define ZEVO_TOOLS_SAFT_DATASET_ROWREADER_H_
 
 #include <zevo/adapters.h>
 
@@ -61,4 +61,4 @@ class ListedElements {
 
 }  // namespace zevo::saft
 
-#endif  // ZEVO_TOOLS_SAFT_LIST_ROWREADER_H_
+#endif  // ZEVO_TOOLS_SAFT_DATASET_ROWREADER_H_

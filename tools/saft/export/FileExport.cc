@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/export/FileExport.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/export/EntityRows.h"
+#include "tools/saft/input/AuditFileInput.h"
+#include "tools/saft/input/FileDigest.h"
+#include "tools/saft/input/ScannedElements.h"
+#include "tools/saft/tables/CellOf.h"
+#include "tools/saft/words/ExportWords.h"
+#include "tools/saft/words/SpokenLanguage.h"
+
+namespace zevo::saft {
+namespace {
+
+std::string TrimmedText(const AuditFileScanner& scanner, std::string_view path) {
+  return std::string(Trimmed(scanner.TextOf(path).value_or(std::string_view())));
+}
+
+Cell TextOrNothing(std::string_view text) { return text.empty() ? Cell() : Cell(text); }
+Cell DateOrNothing(std::string_view text) { return CellOf(text, ColumnType::kDate).value_or(Cell()); }
+Cell NumberOrNothing(int64_t number) { return number == 0 ? Cell() : Cell(number); }
+
+std::string_view NameOf(Severity severity) {
+  constexpr std::array<std::string_view, 4> kNames{"off", "information", "warning", "error"};
+  return kNames[static_cast<size_t>(severity)];
+}
+
+// Dates of the calendar are in the order of their texts.
+bool Overlap(const LoadedFile& one, const LoadedFile& other) {
+  return one.start_date <= other.end_date && other.start_date <= one.end_date;
+}
+
+}  // namespace
+
+FileExport::Result FileExport::Add(const std::string& file) {
+  there_ = target_.Files();
+  LoadedFile added{.id = 1,
+                   .name = file,
+                   .sha256 = FileDigest(file),
+                   .tax_registration_number = {},
+                   .start_date = {},
+                   .end_date = {}};
+  if (!there_.empty()) added.id = there_.back().id + 1;
+  const auto same = std::ranges::find(there_, added.sha256, &LoadedFile::sha256);
+  AuditFileInput input(file, OutputWhile::kIntoFiles);
+  target_.Begin();
+  if (same != there_.end()) {
+    added.id = same->id;
+    target_.Drop(added.id);
+    there_.erase(same);
+  }
+  EntityRows rows(tables_, target_, added.id);
+  bool header = false;
+  std::string version;
+  std::string company;
+  input.Read([&](const AuditFileScanner& scanner, const Record&) {
+    if (scanner.Kind() == EntityKind::kHeader && !std::exchange(header, true)) {
+      added.tax_registration_number = TrimmedText(scanner, "TaxRegistrationNumber");
+      added.start_date = TrimmedText(scanner, "StartDate");
+      added.end_date = TrimmedText(scanner, "EndDate");
+      version = TrimmedText(scanner, "AuditFileVersion");
+      company = TrimmedText(scanner, "CompanyName");
+      MakeRoom(added);
+    }
+    rows.Take(scanner);
+  });
+  rows.TakeEnd(input.Scanner());
+  Result result{.rows = rows.Records(), .problems = rows.Problems(), .findings = 0};
+  if (choice_.check) result.findings = AddFindings(added);
+  AddFile(added, version, company);
+  target_.EndFile();
+  return result;
+}
+
+void FileExport::MakeRoom(const LoadedFile& added) {
+  for (const LoadedFile& other : there_) {
+    if (other.tax_registration_number != added.tax_registration_number || !Overlap(other, added)) continue;
+    if (!choice_.replace) {
+      throw Failure(added.name, Say(words::kPeriodThere, other.name, other.start_date, other.end_date));
+    }
+    target_.Drop(other.id);
+  }
+}
+
+int64_t FileExport::AddFindings(const LoadedFile& added) {
+  int64_t findings = 0;
+  AuditFileChecker checker;
+  checker.set_AuditFileName(added.name);
+  checker.set_MostFindings(0);
+  checker.set_Language(SpokenLanguage());
+  checker.Found = [&](const Finding& finding) {
+    const std::string message = checker.MessageOf(finding);
+    const Cell cells[] = {added.id,
+                          ++findings,
+                          NumberOrNothing(finding.place.line),
+                          NumberOrNothing(finding.place.column),
+                          finding.rule,
+                          NameOf(finding.severity),
+                          finding.kind ? Cell(zevo::NameOf(*finding.kind)) : Cell(),
+                          TextOrNothing(finding.key),
+                          TextOrNothing(finding.path),
+                          TextOrNothing(finding.found),
+                          TextOrNothing(finding.expected),
+                          TextOrNothing(finding.difference),
+                          std::string_view(message)};
+    target_.Add(AuditTables::kFindings, cells);
+  };
+  if (!checker.CheckAuditFile()) FailWith(*checker.AuditException(), added.name);
+  return findings;
+}
+
+void FileExport::AddFile(const LoadedFile& added, const std::string& version, const std::string& company) {
+  const Cell cells[] = {added.id,
+                        int64_t{1},
+                        std::string_view(added.name),
+                        std::string_view(added.sha256),
+                        TextOrNothing(version),
+                        TextOrNothing(added.tax_registration_number),
+                        TextOrNothing(company),
+                        DateOrNothing(added.start_date),
+                        DateOrNothing(added.end_date)};
+  target_.Add(AuditTables::kFiles, cells);
+}
+
+}  // namespace zevo::saft

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_EXPORT_FILEEXPORT_H_
+#define ZEVO_TOOLS_SAFT_EXPORT_FILEEXPORT_H_
+
+#include <zevo/adapters.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tools/saft/export/AuditTables.h"
+#include "tools/saft/tables/TableTarget.h"
+
+namespace zevo::saft {
+
+/// The way of one audit file into a target. The same bytes again replace what they brought. A file of the same company
+/// and an overlapping period replaces others or is refused.
+class FileExport {
+ public:
+  struct Choice {
+    bool replace = false;  ///< files of the same company and an overlapping period
+    bool check = false;    ///< whether what a check finds is added
+  };
+  struct Result {
+    int64_t rows = 0;
+    int64_t problems = 0;
+    int64_t findings = 0;
+  };
+
+  /// Both must outlive it.
+  FileExport(const AuditTables& tables, TableTarget& target, Choice choice)
+      : tables_(tables), target_(target), choice_(choice) {}
+
+  /// Adds the file and lets it stand. Where that fails, nothing of it may stay in the target, which is to be destroyed.
+  Result Add(const std::string& file);
+
+ private:
+  void MakeRoom(const LoadedFile& added);
+  int64_t AddFindings(const LoadedFile& added);
+  void AddFile(const LoadedFile& added, const std::string& version, const std::string& company);
+
+  const AuditTables& tables_;
+  TableTarget& target_;
+  Choice choice_;
+  std::vector<LoadedFile> there_;
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_EXPORT_FILEEXPORT_H_

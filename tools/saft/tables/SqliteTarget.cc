@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/saft/tables/SqliteTarget.h"
+
+#include <sqlite3.h>
+
+#include <charconv>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "tools/saft/errors/Failure.h"
+#include "tools/saft/tables/Sql.h"
+#include "tools/saft/words/ExportWords.h"
+
+namespace zevo::saft {
+namespace {
+
+constexpr std::string_view TypeName(ColumnType type) {
+  switch (type) {
+    case ColumnType::kInteger:
+      return "INTEGER";
+    case ColumnType::kNumber:
+      return "NUMERIC";
+    case ColumnType::kText:
+    case ColumnType::kDate:
+    case ColumnType::kTime:
+      return "TEXT";
+  }
+  return "TEXT";
+}
+
+std::string_view TextAt(sqlite3_stmt* statement, int column) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+  return text == nullptr ? std::string_view()
+                         : std::string_view(text, static_cast<size_t>(sqlite3_column_bytes(statement, column)));
+}
+
+// A number as the database would take it from its text, but sooner.
+int BindNumber(sqlite3_stmt* statement, int place, std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  const char* const end = text.data() + text.size();
+  int64_t whole = 0;
+  if (const auto [at, error] = std::from_chars(text.data(), end, whole); error == std::errc() && at == end) {
+    return sqlite3_bind_int64(statement, place, whole);
+  }
+  double number = 0;
+  std::from_chars(text.data(), end, number);
+  return sqlite3_bind_double(statement, place, number);
+}
+
+int Bind(sqlite3_stmt* statement, int place, const Cell& cell, ColumnType type) {
+  if (const auto* const number = std::get_if<int64_t>(&cell)) return sqlite3_bind_int64(statement, place, *number);
+  const auto* const text = std::get_if<std::string_view>(&cell);
+  if (text == nullptr) return sqlite3_bind_null(statement, place);
+  if (type == ColumnType::kNumber) return BindNumber(statement, place, *text);
+  // The text is there until the row is written. Of an empty one there may be no place.
+  return sqlite3_bind_text64(statement, place, text->empty() ? "" : text->data(), text->size(), SQLITE_STATIC,
+                             SQLITE_UTF8);
+}
+
+}  // namespace
+
+void SqliteTarget::Close::operator()(sqlite3* database) const { sqlite3_close(database); }
+void SqliteTarget::Close::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+SqliteTarget::SqliteTarget(std::string file, const std::vector<TableShape>& tables, const std::string& views)
+    : file_(std::move(file)), tables_(tables), views_(views) {
+  Open();
+}
+
+SqliteTarget::~SqliteTarget() {
+  inserts_.clear();
+  database_.reset();  // which takes back what does not stand
+  if (created_) sqlite3_vfs_find(nullptr)->xDelete(sqlite3_vfs_find(nullptr), file_.c_str(), 0);
+}
+
+void SqliteTarget::Open() {
+  std::error_code ignored;
+  const bool was_there = std::filesystem::exists(file_, ignored);
+  sqlite3* opened = nullptr;
+  const int result = sqlite3_open_v2(file_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  database_.reset(opened);
+  Require(result);
+  created_ = !was_there;
+  Run("PRAGMA cache_size = -16384");
+  Run("PRAGMA temp_store = FILE");
+  Run("BEGIN IMMEDIATE");
+  MakeTables();
+  Run("COMMIT");
+}
+
+void SqliteTarget::MakeTables() {
+  for (const TableShape& table : tables_) {
+    if (HasTable(table)) continue;
+    std::string sql = "CREATE TABLE " + QuotedName(table.name) + " (";
+    for (const TableColumn& column : table.columns) {
+      sql.append(QuotedName(column.name)).append(" ").append(TypeName(column.type)).append(", ");
+    }
+    Run(sql.append("PRIMARY KEY (")
+            .append(kFileColumn)
+            .append(", ")
+            .append(kPositionColumn)
+            .append(")) WITHOUT ROWID"));
+  }
+}
+
+bool SqliteTarget::HasTable(const TableShape& table) {
+  const Statement columns = Prepare("SELECT name FROM pragma_table_info(?)");
+  Require(sqlite3_bind_text(columns.get(), 1, table.name.c_str(), -1, SQLITE_STATIC));
+  size_t count = 0;
+  int result = SQLITE_OK;
+  while ((result = sqlite3_step(columns.get())) == SQLITE_ROW) {
+    if (count >= table.columns.size() || TextAt(columns.get(), 0) != table.columns[count].name) {
+      throw Failure(file_, Say(words::kOtherTable, table.name));
+    }
+    ++count;
+  }
+  if (result != SQLITE_DONE) Fail(result);
+  if (count != 0 && count != table.columns.size()) throw Failure(file_, Say(words::kOtherTable, table.name));
+  return count != 0;
+}
+
+std::vector<LoadedFile> SqliteTarget::Files() {
+  const Statement select = Prepare(
+      "SELECT file_id, name, sha256, tax_registration_number, start_date, end_date FROM files ORDER BY file_id");
+  std::vector<LoadedFile> files;
+  int result = SQLITE_OK;
+  while ((result = sqlite3_step(select.get())) == SQLITE_ROW) {
+    const auto text = [&](int column) { return std::string(TextAt(select.get(), column)); };
+    files.push_back({sqlite3_column_int64(select.get(), 0), text(1), text(2), text(3), text(4), text(5)});
+  }
+  if (result != SQLITE_DONE) Fail(result);
+  return files;
+}
+
+void SqliteTarget::Begin() {
+  Run("BEGIN IMMEDIATE");
+  for (const TableShape& table : tables_) {
+    std::string sql = "INSERT INTO " + QuotedName(table.name) + " VALUES (?";
+    for (size_t i = 1; i < table.columns.size(); ++i) sql += ", ?";
+    inserts_.push_back(Prepare(sql + ")"));
+  }
+}
+
+void SqliteTarget::Drop(int64_t id) {
+  for (const TableShape& table : tables_) {
+    Run("DELETE FROM " + QuotedName(table.name) + " WHERE file_id = " + std::to_string(id));
+  }
+}
+
+void SqliteTarget::Add(size_t table, std::span<const Cell> cells) {
+  sqlite3_stmt* const insert = inserts_[table].get();
+  const std::vector<TableColumn>& columns = tables_[table].columns;
+  for (size_t i = 0; i < cells.size(); ++i) Require(Bind(insert, static_cast<int>(i) + 1, cells[i], columns[i].type));
+  if (const int result = sqlite3_step(insert); result != SQLITE_DONE) Fail(result);
+  sqlite3_reset(insert);
+}
+
+void SqliteTarget::EndFile() {
+  inserts_.clear();
+  // Made behind the rows of the first file, which is sooner than with each row.
+  for (const TableShape& table : tables_) {
+    for (const auto& index : table.indexes) Run("CREATE INDEX IF NOT EXISTS " + IndexOn(table, index));
+  }
+  Run(views_);
+  Run("COMMIT");
+  created_ = false;
+}
+
+void SqliteTarget::Finish() {}
+
+void SqliteTarget::Run(const std::string& sql) {
+  Require(sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr));
+}
+
+SqliteTarget::Statement SqliteTarget::Prepare(const std::string& sql) {
+  sqlite3_stmt* prepared = nullptr;
+  const int result = sqlite3_prepare_v2(database_.get(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
+  Statement statement(prepared);
+  Require(result);
+  return statement;
+}
+
+void SqliteTarget::Require(int result) {
+  if (result != SQLITE_OK) Fail(result);
+}
+
+void SqliteTarget::Fail(int result) const {
+  switch (result & 0xFF) {
+    case SQLITE_NOMEM:
+      throw std::bad_alloc();
+    case SQLITE_NOTADB:
+      throw Failure(file_, Say(words::kNoDatabase));
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      throw Failure(file_, Say(words::kDatabaseLocked));
+    case SQLITE_FULL:
+      throw Failure(file_, Say(words::kDatabaseFull));
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      throw Failure(file_, Say(words::kDatabaseReadOnly));
+    case SQLITE_CANTOPEN:
+      throw Failure(file_, Say(words::kDatabaseUnopened));
+    default:
+      throw Failure(file_, Say(words::kDatabaseFault, std::string_view(sqlite3_errmsg(database_.get()))));
+  }
+}
+
+}  // namespace zevo::saft

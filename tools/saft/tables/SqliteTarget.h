@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#ifndef ZEVO_TOOLS_SAFT_TABLES_SQLITETARGET_H_
+#define ZEVO_TOOLS_SAFT_TABLES_SQLITETARGET_H_
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tools/saft/tables/TableTarget.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace zevo::saft {
+
+/// A database of SQLite in a file, which is made where there is none. Each audit file is a transaction.
+///
+/// Numbers have the affinity NUMERIC: whole numbers are held exactly up to 18 digits, others as the nearest double.
+class SqliteTarget final : public TableTarget {
+ public:
+  /// `views` are statements that make what stands on the tables anew. All must outlive the target. Fails where the file
+  /// is no database, or has a table of the same name with other columns.
+  SqliteTarget(std::string file, const std::vector<TableShape>& tables, const std::string& views);
+  ~SqliteTarget() override;
+
+  std::vector<LoadedFile> Files() override;
+  void Begin() override;
+  void Drop(int64_t id) override;
+  void Add(size_t table, std::span<const Cell> cells) override;
+  void EndFile() override;
+  void Finish() override;
+
+ private:
+  struct Close {
+    void operator()(sqlite3* database) const;
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  using Statement = std::unique_ptr<sqlite3_stmt, Close>;
+
+  void Open();
+  void MakeTables();
+  bool HasTable(const TableShape& table);
+  void Run(const std::string& sql);
+  Statement Prepare(const std::string& sql);
+  void Require(int result);
+  [[noreturn]] void Fail(int result) const;
+
+  std::string file_;
+  const std::vector<TableShape>& tables_;
+  const std::string& views_;
+  bool created_ = false;  // here, and nothing was added that stands
+  std::unique_ptr<sqlite3, Close> database_;
+  std::vector<Statement> inserts_;  // a table each
+};
+
+}  // namespace zevo::saft
+
+#endif  // ZEVO_TOOLS_SAFT_TABLES_SQLITETARGET_H_
