@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/tools/saft/ToolTest.h"
+#include "tests/tools/saft/tables/Queries.h"
+
+namespace zevo {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::RowsOf;
+
+class ExportCommandTest : public testing::ToolTest {
+ protected:
+  // What an export says; it must end well.
+  std::string Export(const std::vector<std::string>& files, const std::vector<std::string>& options = {}) const {
+    const testing::Outcome outcome = Try(files, options);
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+    return outcome.out;
+  }
+  testing::Outcome Try(const std::vector<std::string>& files, const std::vector<std::string>& options = {}) const {
+    std::vector<std::string> arguments{"export"};
+    arguments.insert(arguments.end(), files.begin(), files.end());
+    arguments.insert(arguments.end(), {"--to", database_});
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return Run(arguments);
+  }
+  std::vector<std::string> Rows(const std::string& query) const { return RowsOf(database_, query); }
+
+  // A file of a company and a period with whatever sections.
+  std::string File(std::string_view name, std::string_view company, std::string_view start, std::string_view end,
+                   std::string_view sections = "") const {
+    std::string text = R"(<AuditFile xmlns="urn:OECD:StandardAuditFile-Tax:PT_1.01_01"><Header><AuditFileVersion>)"
+                       "1.01_01</AuditFileVersion><TaxRegistrationNumber>";
+    text.append(company).append("</TaxRegistrationNumber><CompanyName>Padaria</CompanyName><StartDate>").append(start);
+    text.append("</StartDate><EndDate>").append(end).append("</EndDate></Header>").append(sections);
+    return folder_.Write(name, text.append("</AuditFile>"));
+  }
+  static std::string Invoices(std::string_view elements) {
+    return "<SourceDocuments><SalesInvoices><Invoice>" + std::string(elements) +
+           "</Invoice></SalesInvoices></SourceDocuments>";
+  }
+  std::string Company() const {
+    EXPECT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, folder_.Path("company.xml")}).code, 0);
+    return folder_.Path("company.xml");
+  }
+
+  const std::string database_ = folder_.Path("books.db");
+};
+
+TEST_F(ExportCommandTest, EachKindOfRecordIsATable) {
+  const std::string file = Company();
+  EXPECT_EQ(Export({file}), file + ": 7407 records\n");
+  std::string counts;
+  for (const char* table :
+       {"header", "general_ledger", "customers", "suppliers", "products", "tax_table", "journals", "transactions",
+        "transaction_lines", "invoices", "invoice_lines", "order_references", "credit_notes", "general_ledger_entries",
+        "sales_invoices", "problems", "findings", "files"}) {
+    counts.append(Rows("SELECT count(*) FROM " + std::string(table)).at(0)).append(" ");
+  }
+  EXPECT_EQ(counts, "1 263 57 23 42 15 6 1183 4121 300 1050 319 25 1 1 0 0 1 ");
+  EXPECT_THAT(Rows("SELECT version, tax_registration_number, company_name, start_date, end_date FROM files"),
+              ElementsAre("1.01_01|548807523|Alforge & Candeia – Produtos Regionais, Lda.|2012-01-01|2012-12-31"));
+  EXPECT_THAT(Rows("SELECT customer_id, billing_address_city, self_billing_indicator FROM customers LIMIT 1"),
+              ElementsAre("C0001|Viseu|0"));
+}
+
+TEST_F(ExportCommandTest, RowsTellTheirLineAndWhatTheyAreIn) {
+  const std::string file =
+      File("a.xml", "1", "2012-01-01", "2012-12-31",
+           "\n" + Invoices("\n<InvoiceNo>FT A/1</InvoiceNo>\n<Line><LineNumber>1</LineNumber></Line>") + "");
+  Export({file});
+  EXPECT_THAT(Rows("SELECT file_id, position, line, invoice_no FROM invoices"), ElementsAre("1|1|2|FT A/1"));
+  EXPECT_THAT(Rows("SELECT position, line, invoice_position, invoice_no, line_number FROM invoice_lines"),
+              ElementsAre("1|4|1|FT A/1|1"));
+}
+
+TEST_F(ExportCommandTest, PartsOfLinesTellTheirLine) {
+  const std::string line =
+      "<Line><LineNumber>7</LineNumber><OrderReferences><OriginatingON>E1</OriginatingON></OrderReferences>"
+      "<OrderReferences><OriginatingON>E2</OriginatingON></OrderReferences></Line>";
+  const std::string file =
+      File("a.xml", "1", "2012-01-01", "2012-12-31",
+           Invoices("<InvoiceNo>FT A/1</InvoiceNo><Line><LineNumber>6</LineNumber></Line>" + line));
+  Export({file});
+  EXPECT_THAT(Rows("SELECT position, invoice_line_position, invoice_no, line_number, originating_on "
+                   "FROM order_references"),
+              ElementsAre("1|2|FT A/1|7|E1", "2|2|FT A/1|7|E2"));
+}
+
+TEST_F(ExportCommandTest, WhatIsNoNumberIsNullAndAProblem) {
+  const std::string file =
+      File("a.xml", "1", "2012-01-01", "2012-12-31",
+           Invoices("<InvoiceNo>FT A/1</InvoiceNo><InvoiceDate>2012-02-30</InvoiceDate><Line><Quantity>1</Quantity>"
+                    "</Line><Line><Quantity>1,5</Quantity><CreditAmount>12.123456</CreditAmount></Line><Extra/>"));
+  EXPECT_EQ(Export({file}), file + ": 5 records; 3 problems, in the table problems\n");
+  EXPECT_THAT(Rows("SELECT quantity, credit_amount FROM invoice_lines"), ElementsAre("1|", "|12.123456"));
+  EXPECT_THAT(
+      Rows("SELECT line, kind, key, element, fault, text FROM problems ORDER BY position"),
+      ElementsAre("1|Invoice|FT A/1|Extra|unknown_element|", "1|Invoice|FT A/1|InvoiceDate|unreadable|2012-02-30",
+                  "1|Invoice|FT A/1|Line[2]/Quantity|unreadable|1,5"));
+}
+
+TEST_F(ExportCommandTest, TheSameBytesReplaceWhatTheyBrought) {
+  const std::string file = File("a.xml", "1", "2012-01-01", "2012-12-31");
+  Export({file});
+  std::filesystem::rename(file, folder_.Path("b.xml"));
+  Export({folder_.Path("b.xml")});
+  EXPECT_THAT(Rows("SELECT file_id, name FROM files"), ElementsAre("1|" + folder_.Path("b.xml")));
+  EXPECT_THAT(Rows("SELECT file_id, position FROM header"), ElementsAre("1|1"));
+}
+
+TEST_F(ExportCommandTest, AnOverlappingPeriodIsReplacedOnlyWhenThatIsSaid) {
+  const std::string year = File("year.xml", "1", "2012-01-01", "2012-12-31");
+  const std::string month = File("month.xml", "1", "2012-12-01", "2012-12-31");
+  const std::string next = File("next.xml", "1", "2013-01-01", "2013-12-31");
+  const std::string other = File("other.xml", "2", "2012-01-01", "2012-12-31");
+  Export({year, next, other});
+  const testing::Outcome outcome = Try({month});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: " + month + ": the target already has " + year +
+                             " of the same company, from 2012-01-01 to 2012-12-31; --replace replaces it\n");
+  EXPECT_THAT(Rows("SELECT file_id FROM header"), ElementsAre("1", "2", "3"));
+  Export({month}, {"--replace"});
+  EXPECT_THAT(Rows("SELECT file_id, start_date FROM header"),
+              ElementsAre("2|2013-01-01", "3|2012-01-01", "4|2012-12-01"));
+}
+
+TEST_F(ExportCommandTest, AFileThatFailsLeavesNothingAndThoseBeforeStand) {
+  const std::string good = File("good.xml", "1", "2012-01-01", "2012-12-31");
+  const std::string bad = File("bad.xml", "2", "2012-01-01", "2012-12-31", "<MasterFiles><Product></MasterFiles>");
+  EXPECT_EQ(Try({bad}).code, 2);
+  EXPECT_FALSE(std::filesystem::exists(database_));
+  const testing::Outcome outcome = Try({good, bad});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.out, good + ": 1 records\n");
+  EXPECT_THAT(Rows("SELECT file_id, tax_registration_number FROM header"), ElementsAre("1|1"));
+  EXPECT_THAT(Rows("SELECT * FROM problems"), IsEmpty());
+}
+
+TEST_F(ExportCommandTest, NamesAndTextsAreOnlyNamesAndTexts) {
+  const std::string file =
+      File("a'); DROP TABLE header; --\".xml", "'); DROP TABLE files; --", "2012-01-01", "2012-12-31");
+  Export({file});
+  EXPECT_THAT(Rows("SELECT name FROM files"), ElementsAre(file));
+  EXPECT_THAT(Rows("SELECT tax_registration_number FROM header"), ElementsAre("'); DROP TABLE files; --"));
+}
+
+TEST_F(ExportCommandTest, AddsWhatACheckFinds) {
+  const std::string file = Company();
+  EXPECT_THAT(Export({file}, {"--check"}), ::testing::StartsWith(file + ": 7407 records; "));
+  EXPECT_THAT(
+      Rows("SELECT rule, severity, kind, key, message FROM findings WHERE rule = 'GL-TID'"),
+      ElementsAre("GL-TID|information|Transaction|2012-01-02 VENDAS 010001|Transaction 2012-01-02 VENDAS 010001: "
+                  "\"VEN 01/0001\" has no room in a TransactionID and was not compared with it, nor were others "
+                  "like it in this file."));
+}
+
+TEST_F(ExportCommandTest, StandardInputIsRefused) {
+  const testing::Outcome outcome = Try({"-"});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: a file is read twice: it cannot be standard input\n");
+  EXPECT_FALSE(std::filesystem::exists(database_));
+}
+
+}  // namespace
+}  // namespace zevo
