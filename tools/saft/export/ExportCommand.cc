@@ -4,14 +4,13 @@
 #include <zevo/adapters.h>
 
 #include <iostream>
-#include <memory>
 
 #include "tools/saft/errors/Failure.h"
 #include "tools/saft/export/AuditTables.h"
 #include "tools/saft/export/AuditViews.h"
 #include "tools/saft/export/FileExport.h"
+#include "tools/saft/export/TargetChoice.h"
 #include "tools/saft/input/InputName.h"
-#include "tools/saft/tables/SqliteTarget.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/ExportWords.h"
 #include "tools/saft/words/UsageWords.h"
@@ -32,7 +31,7 @@ ExitCode ExportCommand::Run() const {
   }
   const AuditTables tables;
   const std::string views = AuditViewStatements();
-  const auto target = std::make_unique<SqliteTarget>(target_, tables.Shapes(), views);
+  const auto target = OpenTarget(target_, tables.Shapes(), views);
   FileExport files(tables, *target, {.replace = replace_, .check = check_});
   for (const std::string& file : files_) {
     const FileExport::Result added = files.Add(file);

@@ -42,6 +42,8 @@ without --replace. A text that is no number or date where one is due is left emp
 
 inline constexpr Text<> kExportNoPipe{"um ficheiro é lido duas vezes: não pode ser a entrada padrão",
                                       "a file is read twice: it cannot be standard input"};
+inline constexpr Text<1> kUnknownTarget{"{1} não é um destino conhecido; uma base de dados acaba em .db",
+                                        "{1} is no target that is known; a database ends in .db"};
 inline constexpr Text<2> kExported{"{1}: {2} registos", "{1}: {2} records"};
 inline constexpr Text<1> kExportedProblems{"; {1} problemas, na tabela problems",
                                            "; {1} problems, in the table problems"};
