@@ -42,9 +42,6 @@ std::string_view KeyTextOf(const AuditFileScanner& scanner) {
   return Trimmed(scanner.TextOf(KeyOf(*kind)).value_or(std::string_view()));
 }
 
-Cell TextOrNothing(std::string_view text) { return text.empty() ? Cell() : Cell(text); }
-Cell NumberOrNothing(int64_t number) { return number == 0 ? Cell() : Cell(number); }
-
 }  // namespace
 
 EntityRows::EntityRows(const AuditTables& tables, TableTarget& target, int64_t file)

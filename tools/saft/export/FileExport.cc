@@ -22,9 +22,7 @@ std::string TrimmedText(const AuditFileScanner& scanner, std::string_view path) 
   return std::string(Trimmed(scanner.TextOf(path).value_or(std::string_view())));
 }
 
-Cell TextOrNothing(std::string_view text) { return text.empty() ? Cell() : Cell(text); }
 Cell DateOrNothing(std::string_view text) { return CellOf(text, ColumnType::kDate).value_or(Cell()); }
-Cell NumberOrNothing(int64_t number) { return number == 0 ? Cell() : Cell(number); }
 
 std::string_view NameOf(Severity severity) {
   constexpr std::array<std::string_view, 4> kNames{"off", "information", "warning", "error"};
