@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/export/AuditViews.h"
 
-#include <cstddef>
-#include <iterator>
-
 namespace zevo::saft {
 namespace {
 
 // A document counts as a sale when it is neither cancelled nor merged into others, and below zero when it lowers what
 // the customer owes. A text of a date begins with its month in every database.
-constexpr AuditView kViews[] = {
+constexpr TableView kViews[] = {
     {"live_invoices", R"(
   SELECT invoices.*,
          substr(CAST(invoice_date AS TEXT), 1, 7) AS month,
@@ -145,18 +142,6 @@ constexpr AuditView kViews[] = {
 
 }  // namespace
 
-std::span<const AuditView> AuditViews() { return kViews; }
-
-std::string AuditViewStatements() {
-  std::string statements;
-  for (size_t i = std::size(kViews); i-- > 0;) {
-    const AuditView& view = kViews[i];
-    statements.append("DROP VIEW IF EXISTS ").append(view.name).append(";\n");
-  }
-  for (const AuditView& view : kViews) {
-    statements.append("CREATE VIEW ").append(view.name).append(" AS").append(view.query).append(";\n");
-  }
-  return statements;
-}
+std::span<const TableView> AuditViews() { return kViews; }
 
 }  // namespace zevo::saft

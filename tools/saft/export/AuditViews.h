@@ -3,23 +3,13 @@
 #define ZEVO_TOOLS_SAFT_EXPORT_AUDITVIEWS_H_
 
 #include <span>
-#include <string>
-#include <string_view>
+
+#include "tools/saft/tables/TableShape.h"
 
 namespace zevo::saft {
 
-/// What an auditor asks of the tables, as a query of its own.
-struct AuditView {
-  std::string_view name;
-  std::string_view query;
-};
-
-/// All of them, in an order in which each stands on those before it. The queries are understood by every database that
-/// the tables go to.
-std::span<const AuditView> AuditViews();
-
-/// The statements that make all views anew.
-std::string AuditViewStatements();
+/// What an auditor asks of the tables.
+std::span<const TableView> AuditViews();
 
 }  // namespace zevo::saft
 

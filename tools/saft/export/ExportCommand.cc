@@ -30,8 +30,7 @@ ExitCode ExportCommand::Run() const {
     if (InputName(file) == kStandardInput) throw Failure(Say(words::kExportNoPipe));
   }
   const AuditTables tables;
-  const std::string views = AuditViewStatements();
-  const auto target = OpenTarget(target_, tables.Shapes(), views);
+  const auto target = OpenTarget(target_, tables.Shapes(), AuditViews());
   FileExport files(tables, *target, {.replace = replace_, .check = check_});
   for (const std::string& file : files_) {
     const FileExport::Result added = files.Add(file);

@@ -12,6 +12,7 @@
 #include "tools/saft/input/FileDigest.h"
 #include "tools/saft/input/ScannedElements.h"
 #include "tools/saft/tables/CellOf.h"
+#include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/ExportWords.h"
 #include "tools/saft/words/SpokenLanguage.h"
 
@@ -37,17 +38,17 @@ bool Overlap(const LoadedFile& one, const LoadedFile& other) {
 }  // namespace
 
 FileExport::Result FileExport::Add(const std::string& file) {
-  there_ = target_.Files();
   LoadedFile added{.id = 1,
                    .name = file,
                    .sha256 = FileDigest(file),
                    .tax_registration_number = {},
                    .start_date = {},
                    .end_date = {}};
-  if (!there_.empty()) added.id = there_.back().id + 1;
-  const auto same = std::ranges::find(there_, added.sha256, &LoadedFile::sha256);
   AuditFileInput input(file, OutputWhile::kIntoFiles);
   target_.Begin();
+  there_ = target_.Files();
+  if (!there_.empty()) added.id = there_.back().id + 1;
+  const auto same = std::ranges::find(there_, added.sha256, &LoadedFile::sha256);
   if (same != there_.end()) {
     added.id = same->id;
     target_.Drop(added.id);
@@ -114,9 +115,11 @@ int64_t FileExport::AddFindings(const LoadedFile& added) {
 }
 
 void FileExport::AddFile(const LoadedFile& added, const std::string& version, const std::string& company) {
+  // Names of files need not be UTF-8, texts of databases must be.
+  const std::string name = IsUtf8(added.name) ? added.name : Visible(added.name);
   const Cell cells[] = {added.id,
                         int64_t{1},
-                        std::string_view(added.name),
+                        std::string_view(name),
                         std::string_view(added.sha256),
                         TextOrNothing(version),
                         TextOrNothing(added.tax_registration_number),

@@ -3,6 +3,7 @@
 #define ZEVO_TOOLS_SAFT_EXPORT_TARGETCHOICE_H_
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,9 +12,9 @@
 namespace zevo::saft {
 
 /// Opens the target that a user names: what its name begins or ends with tells which kind it is. The tables and the
-/// views, statements of SQL, must outlive it. Fails for a name that tells none.
+/// views must outlive it. Fails for a name that tells none.
 std::unique_ptr<TableTarget> OpenTarget(const std::string& name, const std::vector<TableShape>& tables,
-                                        const std::string& views);
+                                        std::span<const TableView> views);
 
 }  // namespace zevo::saft
 

@@ -63,7 +63,7 @@ int Bind(sqlite3_stmt* statement, int place, const Cell& cell, ColumnType type) 
 void SqliteTarget::Close::operator()(sqlite3* database) const { sqlite3_close(database); }
 void SqliteTarget::Close::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-SqliteTarget::SqliteTarget(std::string file, const std::vector<TableShape>& tables, const std::string& views)
+SqliteTarget::SqliteTarget(std::string file, const std::vector<TableShape>& tables, std::span<const TableView> views)
     : file_(std::move(file)), tables_(tables), views_(views) {
   Open();
 }
@@ -120,6 +120,15 @@ bool SqliteTarget::HasTable(const TableShape& table) {
   return count != 0;
 }
 
+void SqliteTarget::Begin() {
+  Run("BEGIN IMMEDIATE");
+  for (const TableShape& table : tables_) {
+    std::string sql = "INSERT INTO " + QuotedName(table.name) + " VALUES (?";
+    for (size_t i = 1; i < table.columns.size(); ++i) sql += ", ?";
+    inserts_.push_back(Prepare(sql + ")"));
+  }
+}
+
 std::vector<LoadedFile> SqliteTarget::Files() {
   const Statement select = Prepare(
       "SELECT file_id, name, sha256, tax_registration_number, start_date, end_date FROM files ORDER BY file_id");
@@ -131,15 +140,6 @@ std::vector<LoadedFile> SqliteTarget::Files() {
   }
   if (result != SQLITE_DONE) Fail(result);
   return files;
-}
-
-void SqliteTarget::Begin() {
-  Run("BEGIN IMMEDIATE");
-  for (const TableShape& table : tables_) {
-    std::string sql = "INSERT INTO " + QuotedName(table.name) + " VALUES (?";
-    for (size_t i = 1; i < table.columns.size(); ++i) sql += ", ?";
-    inserts_.push_back(Prepare(sql + ")"));
-  }
 }
 
 void SqliteTarget::Drop(int64_t id) {
@@ -162,9 +162,17 @@ void SqliteTarget::EndFile() {
   for (const TableShape& table : tables_) {
     for (const auto& index : table.indexes) Run("CREATE INDEX IF NOT EXISTS " + IndexOn(table, index));
   }
-  Run(views_);
+  MakeViews();
   Run("COMMIT");
   created_ = false;
+}
+
+// Anew, so that they are as they should be whatever made them before.
+void SqliteTarget::MakeViews() {
+  for (const TableView& view : views_) {
+    const std::string name = QuotedName(view.name);
+    Run("DROP VIEW IF EXISTS " + name + "; CREATE VIEW " + name + " AS " + std::string(view.query));
+  }
 }
 
 void SqliteTarget::Finish() {}

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,13 +20,13 @@ namespace zevo::saft {
 /// Numbers have the affinity NUMERIC: whole numbers are held exactly up to 18 digits, others as the nearest double.
 class SqliteTarget final : public TableTarget {
  public:
-  /// `views` are statements that make what stands on the tables anew. All must outlive the target. Fails where the file
-  /// is no database, or has a table of the same name with other columns.
-  SqliteTarget(std::string file, const std::vector<TableShape>& tables, const std::string& views);
+  /// The tables and the views must outlive the target. Fails where the file is no database, or has a table of the same
+  /// name with other columns.
+  SqliteTarget(std::string file, const std::vector<TableShape>& tables, std::span<const TableView> views);
   ~SqliteTarget() override;
 
-  std::vector<LoadedFile> Files() override;
   void Begin() override;
+  std::vector<LoadedFile> Files() override;
   void Drop(int64_t id) override;
   void Add(size_t table, std::span<const Cell> cells) override;
   void EndFile() override;
@@ -40,6 +41,7 @@ class SqliteTarget final : public TableTarget {
 
   void Open();
   void MakeTables();
+  void MakeViews();
   bool HasTable(const TableShape& table);
   void Run(const std::string& sql);
   Statement Prepare(const std::string& sql);
@@ -48,7 +50,7 @@ class SqliteTarget final : public TableTarget {
 
   std::string file_;
   const std::vector<TableShape>& tables_;
-  const std::string& views_;
+  std::span<const TableView> views_;
   bool created_ = false;  // here, and nothing was added that stands
   std::unique_ptr<sqlite3, Close> database_;
   std::vector<Statement> inserts_;  // a table each

@@ -32,6 +32,13 @@ struct TableShape {
   std::vector<std::vector<std::string>> indexes = {};
 };
 
+/// A query over the tables, by a name. What it refers to is theirs, or another one's that stands before it. Databases
+/// understand it all alike.
+struct TableView {
+  std::string_view name;
+  std::string_view query;
+};
+
 /// The file that a row comes from, and its number among the file's rows in the table, from 1 on.
 inline constexpr std::string_view kFileColumn = "file_id";
 inline constexpr std::string_view kPositionColumn = "position";

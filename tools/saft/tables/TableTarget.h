@@ -24,7 +24,7 @@ struct LoadedFile {
 
 /// Where the rows of audit files go: a database, a folder, a workbook. Files are added one after the other:
 ///
-///   target.Begin(); target.Add(table, row) …; target.EndFile();
+///   target.Begin(); target.Files(); target.Add(table, row) …; target.EndFile();
 ///
 /// A target that is destroyed between Begin and EndFile keeps nothing of that file. Failures are thrown as `Failure`.
 class TableTarget {
@@ -34,10 +34,10 @@ class TableTarget {
   TableTarget& operator=(const TableTarget&) = delete;
   virtual ~TableTarget() = default;
 
-  /// Those that it has, in the order of their ids.
-  virtual std::vector<LoadedFile> Files() = 0;
-  /// Begins another file.
+  /// Begins another file. Until it ends nobody else adds one.
   virtual void Begin() = 0;
+  /// Those that it has, in the order of their ids. To be called between Begin and EndFile.
+  virtual std::vector<LoadedFile> Files() = 0;
   /// Drops the rows of a file that it has, if the one that was begun comes to stand.
   virtual void Drop(int64_t id) = 0;
   /// Adds a row to one of the tables that the target was made with. What the cells refer to is not needed afterwards.

@@ -42,8 +42,11 @@ without --replace. A text that is no number or date where one is due is left emp
 
 inline constexpr Text<> kExportNoPipe{"um ficheiro é lido duas vezes: não pode ser a entrada padrão",
                                       "a file is read twice: it cannot be standard input"};
-inline constexpr Text<1> kUnknownTarget{"{1} não é um destino conhecido; uma base de dados acaba em .db",
-                                        "{1} is no target that is known; a database ends in .db"};
+inline constexpr Text<1> kUnknownTarget{
+    "{1} não é um destino conhecido; uma base de dados acaba em .db ou "
+    "começa por postgresql://",
+    "{1} is no target that is known; a database ends in .db or begins with "
+    "postgresql://"};
 inline constexpr Text<2> kExported{"{1}: {2} registos", "{1}: {2} records"};
 inline constexpr Text<1> kExportedProblems{"; {1} problemas, na tabela problems",
                                            "; {1} problems, in the table problems"};
@@ -64,7 +67,31 @@ inline constexpr Text<> kDatabaseReadOnly{"não há permissão para escrever na 
                                           "there is no permission to write into the database"};
 inline constexpr Text<> kDatabaseUnopened{"não é possível abrir ou criar a base de dados",
                                           "the database cannot be opened or made"};
+inline constexpr Text<> kDatabaseCharacters{
+    "a base de dados não aceita todos os carateres do ficheiro: deve ter a codificação UTF8",
+    "the database does not take all characters of the file: its encoding must be UTF8"};
+inline constexpr Text<> kDatabaseWaiting{"outra exportação está a escrever aqui; à espera que acabe",
+                                         "another export is writing here; waiting until it ends"};
 inline constexpr Text<1> kDatabaseFault{"a base de dados recusou: {1}", "the database refused: {1}"};
+
+// Of a server.
+inline constexpr Text<> kPostgresAddress{
+    "o endereço da base de dados não está certo: é postgresql://UTILIZADOR@COMPUTADOR:PORTA/BASE; numa palavra-passe, "
+    "@ e / escrevem-se %40 e %2F",
+    "the address of the database is not right: it is postgresql://USER@HOST:PORT/DATABASE; in a password, @ and / are "
+    "written %40 and %2F"};
+inline constexpr Text<> kPasswordNeeded{
+    "o servidor pede uma palavra-passe; pode estar na variável PGPASSWORD ou no ficheiro ~/.pgpass",
+    "the server asks for a password, which may be in the variable PGPASSWORD or in the file ~/.pgpass"};
+inline constexpr Text<1> kServerSilent{
+    "não responde nenhum servidor PostgreSQL; o nome do computador e a porta estão certos, e está ligado? ({1})",
+    "no server of PostgreSQL answers; are the name of the host and the port right, and is it running? ({1})"};
+inline constexpr Text<1> kServerRefuses{"o servidor recusa a ligação: {1}", "the server refuses the connection: {1}"};
+inline constexpr Text<> kServerLost{"a ligação ao servidor perdeu-se; deste ficheiro não ficou nada",
+                                    "the connection to the server was lost; nothing of this file is left there"};
+inline constexpr Text<> kServerLostAtEnd{
+    "a ligação ao servidor perdeu-se no fim: talvez este ficheiro lá esteja; exportado outra vez, substitui-se a si próprio",
+    "the connection to the server was lost at the end: this file may be there; exported again, it replaces itself"};
 
 }  // namespace zevo::saft::words
 

@@ -3,22 +3,27 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tests/tools/saft/ToolTest.h"
-#include "tests/tools/saft/tables/Queries.h"
+#include "tests/tools/saft/tables/TestDatabase.h"
 
 namespace zevo {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using testing::RowsOf;
 
-class ExportCommandTest : public testing::ToolTest {
+// Into each kind of database.
+class ExportCommandTest : public testing::ToolTest, public ::testing::WithParamInterface<testing::DatabaseKind> {
  protected:
+  void SetUp() override {
+    if (!database_) GTEST_SKIP() << testing::kNoServer;
+  }
+
   // What an export says; it must end well.
   std::string Export(const std::vector<std::string>& files, const std::vector<std::string>& options = {}) const {
     const testing::Outcome outcome = Try(files, options);
@@ -29,11 +34,11 @@ class ExportCommandTest : public testing::ToolTest {
   testing::Outcome Try(const std::vector<std::string>& files, const std::vector<std::string>& options = {}) const {
     std::vector<std::string> arguments{"export"};
     arguments.insert(arguments.end(), files.begin(), files.end());
-    arguments.insert(arguments.end(), {"--to", database_});
+    arguments.insert(arguments.end(), {"--to", database_->Name()});
     arguments.insert(arguments.end(), options.begin(), options.end());
     return Run(arguments);
   }
-  std::vector<std::string> Rows(const std::string& query) const { return RowsOf(database_, query); }
+  std::vector<std::string> Rows(const std::string& query) const { return database_->Run(query); }
 
   // A file of a company and a period with whatever sections.
   std::string File(std::string_view name, std::string_view company, std::string_view start, std::string_view end,
@@ -53,10 +58,11 @@ class ExportCommandTest : public testing::ToolTest {
     return folder_.Path("company.xml");
   }
 
-  const std::string database_ = folder_.Path("books.db");
+  const std::unique_ptr<testing::TestDatabase> database_ =  // null where there is no such server
+      testing::MakeDatabase(GetParam(), folder_);
 };
 
-TEST_F(ExportCommandTest, EachKindOfRecordIsATable) {
+TEST_P(ExportCommandTest, EachKindOfRecordIsATable) {
   const std::string file = Company();
   EXPECT_EQ(Export({file}), file + ": 7407 records\n");
   std::string counts;
@@ -73,7 +79,7 @@ TEST_F(ExportCommandTest, EachKindOfRecordIsATable) {
               ElementsAre("C0001|Viseu|0"));
 }
 
-TEST_F(ExportCommandTest, RowsTellTheirLineAndWhatTheyAreIn) {
+TEST_P(ExportCommandTest, RowsTellTheirLineAndWhatTheyAreIn) {
   const std::string file =
       File("a.xml", "1", "2012-01-01", "2012-12-31",
            "\n" + Invoices("\n<InvoiceNo>FT A/1</InvoiceNo>\n<Line><LineNumber>1</LineNumber></Line>") + "");
@@ -83,7 +89,7 @@ TEST_F(ExportCommandTest, RowsTellTheirLineAndWhatTheyAreIn) {
               ElementsAre("1|4|1|FT A/1|1"));
 }
 
-TEST_F(ExportCommandTest, PartsOfLinesTellTheirLine) {
+TEST_P(ExportCommandTest, PartsOfLinesTellTheirLine) {
   const std::string line =
       "<Line><LineNumber>7</LineNumber><OrderReferences><OriginatingON>E1</OriginatingON></OrderReferences>"
       "<OrderReferences><OriginatingON>E2</OriginatingON></OrderReferences></Line>";
@@ -96,7 +102,7 @@ TEST_F(ExportCommandTest, PartsOfLinesTellTheirLine) {
               ElementsAre("1|2|FT A/1|7|E1", "2|2|FT A/1|7|E2"));
 }
 
-TEST_F(ExportCommandTest, WhatIsNoNumberIsNullAndAProblem) {
+TEST_P(ExportCommandTest, WhatIsNoNumberIsNullAndAProblem) {
   const std::string file =
       File("a.xml", "1", "2012-01-01", "2012-12-31",
            Invoices("<InvoiceNo>FT A/1</InvoiceNo><InvoiceDate>2012-02-30</InvoiceDate><Line><Quantity>1</Quantity>"
@@ -109,7 +115,7 @@ TEST_F(ExportCommandTest, WhatIsNoNumberIsNullAndAProblem) {
                   "1|Invoice|FT A/1|Line[2]/Quantity|unreadable|1,5"));
 }
 
-TEST_F(ExportCommandTest, TheSameBytesReplaceWhatTheyBrought) {
+TEST_P(ExportCommandTest, TheSameBytesReplaceWhatTheyBrought) {
   const std::string file = File("a.xml", "1", "2012-01-01", "2012-12-31");
   Export({file});
   std::filesystem::rename(file, folder_.Path("b.xml"));
@@ -118,7 +124,7 @@ TEST_F(ExportCommandTest, TheSameBytesReplaceWhatTheyBrought) {
   EXPECT_THAT(Rows("SELECT file_id, position FROM header"), ElementsAre("1|1"));
 }
 
-TEST_F(ExportCommandTest, AnOverlappingPeriodIsReplacedOnlyWhenThatIsSaid) {
+TEST_P(ExportCommandTest, AnOverlappingPeriodIsReplacedOnlyWhenThatIsSaid) {
   const std::string year = File("year.xml", "1", "2012-01-01", "2012-12-31");
   const std::string month = File("month.xml", "1", "2012-12-01", "2012-12-31");
   const std::string next = File("next.xml", "1", "2013-01-01", "2013-12-31");
@@ -134,11 +140,11 @@ TEST_F(ExportCommandTest, AnOverlappingPeriodIsReplacedOnlyWhenThatIsSaid) {
               ElementsAre("2|2013-01-01", "3|2012-01-01", "4|2012-12-01"));
 }
 
-TEST_F(ExportCommandTest, AFileThatFailsLeavesNothingAndThoseBeforeStand) {
+TEST_P(ExportCommandTest, AFileThatFailsLeavesNothingAndThoseBeforeStand) {
   const std::string good = File("good.xml", "1", "2012-01-01", "2012-12-31");
   const std::string bad = File("bad.xml", "2", "2012-01-01", "2012-12-31", "<MasterFiles><Product></MasterFiles>");
   EXPECT_EQ(Try({bad}).code, 2);
-  EXPECT_FALSE(std::filesystem::exists(database_));
+  EXPECT_TRUE(database_->IsEmpty());
   const testing::Outcome outcome = Try({good, bad});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, good + ": 1 records\n");
@@ -146,7 +152,7 @@ TEST_F(ExportCommandTest, AFileThatFailsLeavesNothingAndThoseBeforeStand) {
   EXPECT_THAT(Rows("SELECT * FROM problems"), IsEmpty());
 }
 
-TEST_F(ExportCommandTest, NamesAndTextsAreOnlyNamesAndTexts) {
+TEST_P(ExportCommandTest, NamesAndTextsAreOnlyNamesAndTexts) {
   const std::string file =
       File("a'); DROP TABLE header; --\".xml", "'); DROP TABLE files; --", "2012-01-01", "2012-12-31");
   Export({file});
@@ -154,7 +160,7 @@ TEST_F(ExportCommandTest, NamesAndTextsAreOnlyNamesAndTexts) {
   EXPECT_THAT(Rows("SELECT tax_registration_number FROM header"), ElementsAre("'); DROP TABLE files; --"));
 }
 
-TEST_F(ExportCommandTest, AddsWhatACheckFinds) {
+TEST_P(ExportCommandTest, AddsWhatACheckFinds) {
   const std::string file = Company();
   EXPECT_THAT(Export({file}, {"--check"}), ::testing::StartsWith(file + ": 7407 records; "));
   EXPECT_THAT(
@@ -164,12 +170,16 @@ TEST_F(ExportCommandTest, AddsWhatACheckFinds) {
                   "like it in this file."));
 }
 
-TEST_F(ExportCommandTest, StandardInputIsRefused) {
+TEST_P(ExportCommandTest, StandardInputIsRefused) {
   const testing::Outcome outcome = Try({"-"});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.err, "saft: a file is read twice: it cannot be standard input\n");
-  EXPECT_FALSE(std::filesystem::exists(database_));
+  EXPECT_TRUE(database_->IsEmpty());
 }
+
+INSTANTIATE_TEST_SUITE_P(Databases, ExportCommandTest,
+                         ::testing::Values(testing::DatabaseKind::kSqlite, testing::DatabaseKind::kPostgres),
+                         [](const auto& info) { return testing::NameOf(info.param); });
 
 }  // namespace
 }  // namespace zevo
