@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/errors/Interruption.h"
 
+#include <utility>
+
 namespace zevo::saft {
 namespace {
 
 // Global because a signal handler has no other way to reach it.
 volatile std::sig_atomic_t requested = 0;  // the signal
+
+bool noting = false;  // whether there is an object
 
 void Note(int signal) { requested = signal; }
 
@@ -21,7 +25,9 @@ void Interrupted::EndProgram() const {
   std::raise(signal_);
 }
 
-Interruption::Interruption(During during) : noted_(during == During::kReading ? 1 : kSignals.size()) {
+Interruption::Interruption(During during)
+    : within_(std::exchange(noting, true)), noted_(during == During::kReading ? 1 : kSignals.size()) {
+  if (within_) return;
   requested = 0;
   for (size_t i = 0; i < noted_; ++i) {
     before_[i] = std::signal(kSignals[i], during == During::kWriting ? &Note : &NoteOnce);
@@ -31,6 +37,8 @@ Interruption::Interruption(During during) : noted_(during == During::kReading ? 
 }
 
 Interruption::~Interruption() {
+  if (within_) return;
+  noting = false;
   for (size_t i = 0; i < noted_; ++i) std::signal(kSignals[i], before_[i]);
   requested = 0;
 }

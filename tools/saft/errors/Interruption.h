@@ -22,8 +22,8 @@ class Interrupted : public std::exception {
   int signal_;
 };
 
-/// Notes the signals that ask the program to end instead of letting them end it, as long as the one object of it
-/// exists.
+/// Notes the signals that ask the program to end instead of letting them end it, as long as an object of it exists. One
+/// that is made while there is another changes nothing.
 class Interruption {
  public:
   /// What a program is doing, which decides which signals are noted and what a second one does.
@@ -53,6 +53,7 @@ class Interruption {
       SIGHUP,
 #endif
   };
+  bool within_;   // another one
   size_t noted_;  // how many of the signals are noted
   std::array<Handler, kSignals.size()> before_{};
 };

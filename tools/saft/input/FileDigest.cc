@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
 
 namespace zevo::saft {
 
@@ -22,6 +23,7 @@ std::string FileDigest(const std::string& file) {
   while (in.read(piece.data(), static_cast<std::streamsize>(piece.size())) || in.gcount() > 0) {
     crypto_hash_sha256_update(&state, reinterpret_cast<const unsigned char*>(piece.data()),
                               static_cast<unsigned long long>(in.gcount()));
+    Interruption::ThrowIfRequested();
   }
   if (in.bad()) FailWithSystemError(errno, file);
   std::array<unsigned char, crypto_hash_sha256_BYTES> digest{};

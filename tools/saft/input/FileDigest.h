@@ -7,7 +7,7 @@
 namespace zevo::saft {
 
 /// The SHA-256 of a file's bytes, as 64 small hexadecimal digits: two files with the same are the same. Fails when the
-/// file cannot be read.
+/// file cannot be read. Throws `Interrupted` where a signal was noted.
 std::string FileDigest(const std::string& file);
 
 }  // namespace zevo::saft
