@@ -15,6 +15,7 @@ class UnfinishedPath {
     kFile,
     kFileInstead,  ///< of another one, which stays until then and leaves its permissions
     kFolder,
+    kFolderInstead,  ///< of another one, which stays until then; whether that may go is for the caller to see to
   };
 
   /// Fails when something is there already, save an empty folder for a folder, and a file where one is replaced.
@@ -29,6 +30,10 @@ class UnfinishedPath {
   void PutInPlace();
 
  private:
+  bool IsFolder() const { return what_ >= kFolder; }
+  void PutFolderInPlace();
+
+  What what_;
   std::filesystem::path place_;
   std::filesystem::path folder_;  // beside it
   std::filesystem::path path_;    // that folder, or the file in it

@@ -102,5 +102,29 @@ TEST_F(UnfinishedPathTest, AnEmptyFolderGivesWay) {
   EXPECT_EQ(testing::ReadBytes(folder_.Path("empty/a.csv")), "a");
 }
 
+TEST_F(UnfinishedPathTest, AFolderIsReplacedAsAWhole) {
+  std::filesystem::create_directory(folder_.Path("full"));
+  folder_.Write("full/old", "old");
+  {
+    const UnfinishedPath folder(folder_.Path("full"), UnfinishedPath::kFolderInstead);
+    std::ofstream(folder.Path() / "new") << "new";
+  }
+  EXPECT_EQ(testing::ReadBytes(folder_.Path("full/old")), "old");
+  UnfinishedPath folder(folder_.Path("full/"), UnfinishedPath::kFolderInstead);
+  std::ofstream(folder.Path() / "new") << "new";
+  folder.PutInPlace();
+  EXPECT_THAT(Names(), ElementsAre("full"));
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path("full/old")));
+  EXPECT_EQ(testing::ReadBytes(folder_.Path("full/new")), "new");
+}
+
+TEST_F(UnfinishedPathTest, AFolderReplacesNoFileAndNoLink) {
+  folder_.Write("there", "old");
+  EXPECT_EQ(Refusal("there", UnfinishedPath::kFolderInstead), ": is there already and is no folder");
+  std::filesystem::create_directory(folder_.Path("full"));
+  std::filesystem::create_directory_symlink("full", folder_.Path("link"));
+  EXPECT_EQ(Refusal("link", UnfinishedPath::kFolderInstead), ": is there already and is no folder");
+}
+
 }  // namespace
 }  // namespace zevo::saft
