@@ -220,7 +220,7 @@ TEST_F(DocumentTableTest, ASeriesKnowsItsEndsAndTypes) {
   EXPECT_EQ(series.types[0].documents, 1U);
   EXPECT_EQ(series.types[1].type, "ND");
   EXPECT_EQ(series.types[1].documents, 2U);
-  EXPECT_EQ(series.types[1].first, 1U);
+  EXPECT_EQ(series.types[1].first, 2U);
   EXPECT_EQ(table_.FindSeries("FT B"), std::nullopt);
   EXPECT_TRUE(table_.IsBelowSeries(*DocumentNumber::FromText("FT A/4")));
   EXPECT_FALSE(table_.IsBelowSeries(*DocumentNumber::FromText("FT A/5")));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/check/CheckTest.h"
+#include "tests/check/Shuffled.h"
 
 namespace zevo::testing {
 namespace {
@@ -106,6 +107,17 @@ TEST_F(NumberRulesTest, OfTwoTypesTheLaterIsToldOnce) {
               ElementsAre("FT A/2: o tipo do documento é ND, mas os outros documentos do seu código interno são FT.",
                           "FT A/2: the type of the document is ND, but the other documents of its internal code are "
                           "FT."));
+}
+
+TEST_F(NumberRulesTest, OtherTypesAreToldOfTheSameDocumentWhateverTheOrderOfTheFile) {
+  const CleanFile file = Numbered({"FT B/1", "FT A/2", "FT A/1", "FT B/2"})
+                             .With("Invoice/InvoiceType", "ND")
+                             .With("Invoice[4]/InvoiceType", "ND");
+  for (const uint64_t seed : {1U, 2U, 3U, 4U}) {
+    EXPECT_THAT(FindingsOf("NO-CODE", Shuffled(file, seed)),
+                ElementsAre("NO-CODE E Invoice FT B/1/InvoiceType [ND] [FT] [1]"))
+        << seed;
+  }
 }
 
 TEST_F(NumberRulesTest, NumbersFollowEachOther) {

@@ -241,6 +241,7 @@ void DocumentTable::AddToSeries(uint32_t document) {
   auto use = std::ranges::find(series.types, added.Type(), &Series::TypeUse::type);
   if (use == series.types.end()) use = series.types.insert(use, {added.Type(), 0, document});
   ++use->documents;
+  if (IsBefore(document, use->first)) use->first = document;
 }
 
 std::vector<uint32_t> DocumentTable::AlongSeries() const {

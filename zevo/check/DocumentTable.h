@@ -75,7 +75,7 @@ class DocumentTable {
     struct TypeUse {
       std::string_view type;
       uint32_t documents = 0;
-      uint32_t first = 0;
+      uint32_t first = 0;  ///< the document with the lowest number
     };
 
     std::string_view text;  ///< such as "FT A"

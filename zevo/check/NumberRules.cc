@@ -60,17 +60,17 @@ constexpr RuleSentence kOtherTypes{
     {"este documento e mais {difference} do seu código interno são {found}, mas outros são {expected}",
      "this document and {difference} more of its internal code are {found}, but others are {expected}"}};
 
-// The types of the documents of an internal code: the most frequent first, of several as frequent the one that comes
-// first in the file.
+// The types of the documents of an internal code: the most frequent first, of several as frequent the one of the first
+// document by series and number, whatever the order of the file.
 using TypeUses = std::vector<DocumentTable::Series::TypeUse>;
 
-void AddUse(TypeUses& uses, const DocumentTable::Series::TypeUse& more) {
+void AddUse(TypeUses& uses, const DocumentTable::Series::TypeUse& more, const DocumentTable& documents) {
   const auto use = std::ranges::find(uses, more.type, &DocumentTable::Series::TypeUse::type);
   if (use == uses.end()) {
     uses.push_back(more);
   } else {
     use->documents += more.documents;
-    use->first = std::min(use->first, more.first);
+    if (documents.IsBefore(more.first, use->first)) use->first = more.first;
   }
 }
 
@@ -92,10 +92,11 @@ void JudgeCodes(Judgement& judgement) {
     TypeUses uses;
     const std::string_view code = by_code[i].first;
     for (; i < by_code.size() && by_code[i].first == code; ++i) {
-      for (const auto& use : by_code[i].second->types) AddUse(uses, use);
+      for (const auto& use : by_code[i].second->types) AddUse(uses, use, documents);
     }
-    std::ranges::sort(uses, [](const auto& left, const auto& right) {
-      return left.documents != right.documents ? left.documents > right.documents : left.first < right.first;
+    std::ranges::sort(uses, [&](const auto& left, const auto& right) {
+      if (left.documents != right.documents) return left.documents > right.documents;
+      return documents.IsBefore(left.first, right.first);
     });
     for (size_t other = 1; other < uses.size(); ++other) others.push_back({uses[other], uses[0].type});
   }
