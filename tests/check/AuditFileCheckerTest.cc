@@ -214,9 +214,9 @@ TEST_F(AuditFileCheckerTest, OfAFileOfAnotherVersionNothingElseIsJudged) {
   EXPECT_EQ(checker_.AuditException()->Number(), kErrorBase + 601);
   EXPECT_EQ(checker_.Verdict(), CheckVerdict::kNotJudged);
   EXPECT_EQ(checker_.CountOf("VERSION"), 1);
-  EXPECT_EQ(checker_.MessageOf(found_[0]), "o ficheiro é da versão 1.04_01; só a versão 1.01_01 é verificada.");
+  EXPECT_EQ(checker_.MessageOf(found_[0]), "O ficheiro é da versão 1.04_01; só a versão 1.01_01 é verificada.");
   checker_.set_Language(Language::kEnglish);
-  EXPECT_EQ(checker_.MessageOf(found_[0]), "the file is of version 1.04_01; only version 1.01_01 is checked.");
+  EXPECT_EQ(checker_.MessageOf(found_[0]), "The file is of version 1.04_01; only version 1.01_01 is checked.");
   EXPECT_THAT(Findings("<AuditFile><Header><AuditFileVersion>1.03_01</AuditFileVersion></Header></AuditFile>"),
               ElementsAre("VERSION E /AuditFile [1.03_01] [1.01_01] []",
                           "O ficheiro é da versão 1.03_01; só a versão 1.01_01 é lida"));

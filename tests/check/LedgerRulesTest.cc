@@ -284,7 +284,7 @@ TEST_F(LedgerRulesTest, AnAccountHasOneOpeningBalance) {
   EXPECT_EQ(Sentences(file)[0],
             "Conta 11: a conta tem saldo inicial devedor, 1500,00, e credor, 0,01; devia ter só um.");
   EXPECT_EQ(Sentences(file)[3],
-            "the opening balances of movement accounts are 1600.00 in debit and 1600.01 in credit (difference -0.01).");
+            "The opening balances of movement accounts are 1600.00 in debit and 1600.01 in credit (difference -0.01).");
 }
 
 TEST_F(LedgerRulesTest, OpeningBalancesAreEqualOverMovementAccountsOrOverAll) {

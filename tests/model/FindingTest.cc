@@ -96,6 +96,13 @@ TEST(FindingTest, AViolationIsInItsOwnWords) {
   }
 }
 
+TEST(FindingTest, WithoutARecordASentenceBeginsWithACapital) {
+  Finding finding = Of(EntityKind::kHeader, "", "/AuditFile");
+  finding.kind.reset();
+  EXPECT_EQ(Portuguese(finding), "O total é 92,26, e devia ser 75,00 + 17,25 = 92,25 (diferença 0,01).");
+  EXPECT_EQ(English(finding), "The total is 92.26 and should be 75.00 + 17.25 = 92.25 (difference 0.01).");
+}
+
 TEST(FindingTest, WithoutASentenceItSaysWhatItHas) {
   Finding finding = Of(EntityKind::kInvoice, "FT A/1", "DocumentTotals/GrossTotal");
   finding.wording = {};

@@ -101,6 +101,8 @@ std::string Describe(const Finding& finding, Language language) {
   } else {
     sentence += Plain(finding, language);
   }
+  // Where no record stands in front. The sentences of the rules begin with letters of ASCII.
+  if (!finding.kind && sentence.front() >= 'a' && sentence.front() <= 'z') sentence.front() += 'A' - 'a';
   return sentence += '.';
 }
 

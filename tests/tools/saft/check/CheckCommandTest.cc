@@ -154,7 +154,7 @@ TEST_F(CheckCommandTest, AFileOfAnotherVersionIsToldOnce) {
                              R"("counts":{"VERSION":1},"findings":[{"rule":"VERSION","severity":"error","kind":null,)"
                              R"("key":"","element":"/AuditFile","line":1,"column":1,"found":"1.04_01",)"
                              R"("expected":"1.01_01","difference":"",)"
-                             R"("message":"the file is of version 1.04_01; only version 1.01_01 is checked."}]})"
+                             R"("message":"The file is of version 1.04_01; only version 1.01_01 is checked."}]})"
                              "\n");
 }
 
