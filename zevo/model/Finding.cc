@@ -52,10 +52,10 @@ std::string ValueOf(std::string_view name, const Finding& finding, Language lang
   if (numbers) name.remove_suffix(1);
   const size_t part = name.back() >= '1' && name.back() <= '9' ? static_cast<size_t>(name.back() - '0') : 0;
   if (part != 0) name.remove_suffix(1);
-  const std::string& value = name == "found"      ? finding.found
-                             : name == "expected" ? finding.expected
-                                                  : finding.difference;
-  return Shown(part == 0 ? std::string_view(value) : PartOf(value, part), numbers, language);
+  std::string_view value = finding.difference;
+  if (name == "found") value = finding.found;
+  if (name == "expected") value = finding.expected;
+  return Shown(part == 0 ? value : PartOf(value, part), numbers, language);
 }
 
 std::string FilledIn(std::string_view text, const Finding& finding, Language language) {
