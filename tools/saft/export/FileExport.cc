@@ -115,8 +115,8 @@ int64_t FileExport::AddFindings(const LoadedFile& added) {
 }
 
 void FileExport::AddFile(const LoadedFile& added, const std::string& version, const std::string& company) {
-  // Names of files need not be UTF-8, texts of databases must be.
-  const std::string name = IsUtf8(added.name) ? added.name : Visible(added.name);
+  // A name may have bytes that are no text.
+  const std::string name = Visible(added.name);
   const Cell cells[] = {added.id,
                         int64_t{1},
                         std::string_view(name),
