@@ -22,20 +22,24 @@ inline constexpr Text<> kExportHelp{
     R"(Exemplos:
 
   saft export empresa.xml --to livros.db
-  saft export 2011.xml 2012.xml --to livros.db --check
+  saft export empresa.xml --to livros.db --check
 
-Um DESTINO que acaba em .db é uma base de dados SQLite, que é criada se não existir. Cada tipo de registo é uma tabela;
-as colunas são os elementos, como billing_address_city. Cada ficheiro entra inteiro ou não entra.
+Um DESTINO que acaba em .db é uma base de dados SQLite, que é criada se não existir. Um que começa por postgresql:// é
+uma base de dados PostgreSQL, como postgresql://ana@servidor/livros; a palavra-passe pode estar na variável PGPASSWORD
+ou no ficheiro ~/.pgpass. Cada tipo de registo é uma tabela; as colunas são os elementos, como billing_address_city.
+Cada ficheiro entra inteiro ou não entra. Perguntas como as vendas por mês são vistas, sem os documentos anulados.
 
 O mesmo ficheiro outra vez substitui o que trouxe. Outro da mesma empresa e de um período que se sobrepõe é recusado sem
 --replace. Um texto que não é o número ou a data que devia ser fica vazio e está na tabela problems.)",
     R"(Examples:
 
   saft export company.xml --to books.db
-  saft export 2011.xml 2012.xml --to books.db --check
+  saft export company.xml --to books.db --check
 
-A TARGET that ends in .db is a database of SQLite, which is made where there is none. Each kind of record is a table;
-the columns are the elements, such as billing_address_city. A file goes in as a whole or not at all.
+A TARGET that ends in .db is a database of SQLite, which is made where there is none. One that begins with postgresql://
+is a database of PostgreSQL, such as postgresql://ana@server/books; the password may be in the variable PGPASSWORD or in
+the file ~/.pgpass. Each kind of record is a table; the columns are the elements, such as billing_address_city. A file
+goes in as a whole or not at all. Questions such as sales by month are views, without documents that are cancelled.
 
 The same file once more replaces what it brought. Another one of the same company and an overlapping period is refused
 without --replace. A text that is no number or date where one is due is left empty and stands in the table problems.)"};
@@ -90,7 +94,8 @@ inline constexpr Text<1> kServerRefuses{"o servidor recusa a ligação: {1}", "t
 inline constexpr Text<> kServerLost{"a ligação ao servidor perdeu-se; deste ficheiro não ficou nada",
                                     "the connection to the server was lost; nothing of this file is left there"};
 inline constexpr Text<> kServerLostAtEnd{
-    "a ligação ao servidor perdeu-se no fim: talvez este ficheiro lá esteja; exportado outra vez, substitui-se a si próprio",
+    "a ligação ao servidor perdeu-se no fim: talvez este ficheiro lá esteja; exportado outra vez, substitui-se a si "
+    "próprio",
     "the connection to the server was lost at the end: this file may be there; exported again, it replaces itself"};
 
 }  // namespace zevo::saft::words

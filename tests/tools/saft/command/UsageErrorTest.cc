@@ -42,11 +42,11 @@ TEST_P(UsageErrorTest, IsToldWithTheHelpOfTheCommand) {
 INSTANTIATE_TEST_SUITE_P(
     All, UsageErrorTest,
     ::testing::Values(
-        BadUsage{
-            {},
-            "the command is missing, which is one of: template, columns, create, validate, check, rules, summary, "
-            "list, merge",
-            "falta o comando, que é um de: template, columns, create, validate, check, rules, summary, list, merge"},
+        BadUsage{{},
+                 "the command is missing, which is one of: template, columns, create, validate, check, rules, summary, "
+                 "list, merge, export",
+                 "falta o comando, que é um de: template, columns, create, validate, check, rules, summary, list, "
+                 "merge, export"},
         BadUsage{{"sumary", "a.xml"},
                  "the command \"sumary\" is not known; did you mean summary?",
                  "o comando \"sumary\" não é conhecido; queria dizer summary?"},
