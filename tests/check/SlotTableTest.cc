@@ -24,7 +24,7 @@ TEST(SlotTableTest, FindsWhatWasAdded) {
 
 TEST(SlotTableTest, OfThingsWithOneHashEachIsFoundTheFirstFirst) {
   SlotTable table;
-  for (int i = 0; i < 100; ++i) table.Add(5, [](uint32_t) { return 5; });
+  for (int i = 0; i < 100; ++i) table.Add(5, [](uint32_t) { return uint64_t{5}; });
   EXPECT_EQ(table.Find(5, [](uint32_t) { return true; }), 0U);
   EXPECT_EQ(table.Find(5, [](uint32_t at) { return at >= 70; }), 70U);
   EXPECT_EQ(table.Find(6, [](uint32_t at) { return at > 100; }), std::nullopt);
