@@ -49,25 +49,25 @@ bool Takes(const ElementFacts& facts, const std::string& text) {
   return !listed || std::ranges::find(values.texts, text) != values.texts.end();
 }
 
-ColumnType TypeOf(const Property* property, const ElementFacts& facts, bool fewCodes) {
+ValueType TypeOf(const Property* property, const ElementFacts& facts, bool fewCodes) {
   switch (property == nullptr ? PropertyType::kText : property->type) {
     case PropertyType::kAmount:
     case PropertyType::kSingle:
-      return ColumnType::kAmount;
+      return ValueType::kAmount;
     case PropertyType::kFlag:
-      return ColumnType::kFlag;
+      return ValueType::kFlag;
     case PropertyType::kCount:
-      return ColumnType::kWholeNumber;
+      return ValueType::kWholeNumber;
     case PropertyType::kCode:
-      return ColumnType::kCode;
+      return ValueType::kCode;
     default:
       break;
   }
   const TextKind kind = property == nullptr ? TextKind::kPlain : property->text_kind;
-  if (kind == TextKind::kDate) return ColumnType::kDate;
-  if (kind == TextKind::kDateTime) return ColumnType::kDateAndTime;
-  if (facts.type == "integer") return ColumnType::kWholeNumber;
-  return fewCodes ? ColumnType::kCode : ColumnType::kText;
+  if (kind == TextKind::kDate) return ValueType::kDate;
+  if (kind == TextKind::kDateTime) return ValueType::kDateAndTime;
+  if (facts.type == "integer") return ValueType::kWholeNumber;
+  return fewCodes ? ValueType::kCode : ValueType::kText;
 }
 
 class FactsFinder {
@@ -148,7 +148,7 @@ class FactsFinder {
     const std::string text = TextFromValue(property, property.get(record));
     const bool constant = property.set == nullptr;
     if (constant) {
-      column.type = ColumnType::kCode;
+      column.type = ValueType::kCode;
       column.codes = {text};
       column.pattern.clear();
     }

@@ -22,7 +22,7 @@ enum class Needed {
 };
 
 /// What the cells of a column are.
-enum class ColumnType { kText, kDate, kDateAndTime, kAmount, kWholeNumber, kFlag, kCode };
+enum class ValueType { kText, kDate, kDateAndTime, kAmount, kWholeNumber, kFlag, kCode };
 
 /// What there is to know of a column of a dataset, but for its meaning.
 struct ColumnFacts {
@@ -32,7 +32,7 @@ struct ColumnFacts {
   std::string group;
   /// The other column of a pair of which the file holds one; empty for others.
   std::string partner;
-  ColumnType type = ColumnType::kText;
+  ValueType type = ValueType::kText;
   std::optional<int32_t> max_length;
   /// The least and the greatest value; empty without.
   std::string least;

@@ -73,21 +73,21 @@ std::string RequiredForJson(const ColumnFacts& column) {
 }
 
 struct TypeRow {
-  ColumnType type;
+  ValueType type;
   std::string_view for_json;
   Text<> text;
 };
 constexpr std::array kTypeRows{
-    TypeRow{ColumnType::kText, "text", words::kText},
-    TypeRow{ColumnType::kDate, "date", words::kDate},
-    TypeRow{ColumnType::kDateAndTime, "date and time", words::kDateAndTime},
-    TypeRow{ColumnType::kAmount, "amount", words::kAmount},
-    TypeRow{ColumnType::kWholeNumber, "whole number", words::kWholeNumber},
-    TypeRow{ColumnType::kFlag, "flag", words::kFlag},
-    TypeRow{ColumnType::kCode, "code", words::kCode},
+    TypeRow{ValueType::kText, "text", words::kText},
+    TypeRow{ValueType::kDate, "date", words::kDate},
+    TypeRow{ValueType::kDateAndTime, "date and time", words::kDateAndTime},
+    TypeRow{ValueType::kAmount, "amount", words::kAmount},
+    TypeRow{ValueType::kWholeNumber, "whole number", words::kWholeNumber},
+    TypeRow{ValueType::kFlag, "flag", words::kFlag},
+    TypeRow{ValueType::kCode, "code", words::kCode},
 };
 
-const TypeRow& RowOf(ColumnType type) { return *std::ranges::find(kTypeRows, type, &TypeRow::type); }
+const TypeRow& RowOf(ValueType type) { return *std::ranges::find(kTypeRows, type, &TypeRow::type); }
 
 Json TextOrNull(std::string_view text) { return text.empty() ? Json() : Json(text); }
 
@@ -135,9 +135,9 @@ std::string MeaningText(const ColumnFacts& column, const Meaning* meaning) {
   if (!column.pattern.empty() && meaning != nullptr && std::ranges::count(column.codes, meaning->example) == 0) {
     add(Say(column.codes.empty() ? words::kSuchAs : words::kOrSuchAs, meaning->example));
   }
-  const bool flag = column.type == ColumnType::kFlag;
+  const bool flag = column.type == ValueType::kFlag;
   if (!flag && !column.least.empty()) add(Say(words::kFromTo, column.least, column.greatest));
-  if (!flag && column.type != ColumnType::kAmount && !column.preset.empty()) add(Say(words::kIfEmpty, column.preset));
+  if (!flag && column.type != ValueType::kAmount && !column.preset.empty()) add(Say(words::kIfEmpty, column.preset));
   return text;
 }
 

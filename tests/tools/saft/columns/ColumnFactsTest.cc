@@ -83,22 +83,22 @@ TEST_F(ColumnFactsTest, IdentifiersAndKeysAreRequired) {
   Expect("CreditNote", "Reason", Needed::kNo);
   Expect("OrderReferences", "LineNumber", Needed::kYes);
   EXPECT_EQ(Of("InvoiceLine", "LineNumber").preset, "");
-  EXPECT_EQ(Of("OrderReferences", "LineNumber").type, ColumnType::kWholeNumber);
+  EXPECT_EQ(Of("OrderReferences", "LineNumber").type, ValueType::kWholeNumber);
   EXPECT_EQ(Of("Transaction", "JournalID").max_length, 30);
 }
 
 TEST_F(ColumnFactsTest, TypesAreThoseOfThePropertyAndTheSchema) {
-  EXPECT_EQ(Of("Customer", "CompanyName").type, ColumnType::kText);
-  EXPECT_EQ(Of("Header", "StartDate").type, ColumnType::kDate);
-  EXPECT_EQ(Of("Invoice", "SystemEntryDate").type, ColumnType::kDateAndTime);
-  EXPECT_EQ(Of("InvoiceLine", "Quantity").type, ColumnType::kAmount);
-  EXPECT_EQ(Of("InvoiceLine", "Tax.TaxPercentage").type, ColumnType::kAmount);
-  EXPECT_EQ(Of("Header", "TaxRegistrationNumber").type, ColumnType::kWholeNumber);
-  EXPECT_EQ(Of("Transaction", "Period").type, ColumnType::kWholeNumber);
-  EXPECT_EQ(Of("Customer", "SelfBillingIndicator").type, ColumnType::kFlag);
-  EXPECT_EQ(Of("Product", "ProductType").type, ColumnType::kCode);
-  EXPECT_EQ(Of("Customer", "BillingAddress.Country").type, ColumnType::kCode);
-  EXPECT_EQ(Of("TaxTableEntry", "TaxType").type, ColumnType::kCode);
+  EXPECT_EQ(Of("Customer", "CompanyName").type, ValueType::kText);
+  EXPECT_EQ(Of("Header", "StartDate").type, ValueType::kDate);
+  EXPECT_EQ(Of("Invoice", "SystemEntryDate").type, ValueType::kDateAndTime);
+  EXPECT_EQ(Of("InvoiceLine", "Quantity").type, ValueType::kAmount);
+  EXPECT_EQ(Of("InvoiceLine", "Tax.TaxPercentage").type, ValueType::kAmount);
+  EXPECT_EQ(Of("Header", "TaxRegistrationNumber").type, ValueType::kWholeNumber);
+  EXPECT_EQ(Of("Transaction", "Period").type, ValueType::kWholeNumber);
+  EXPECT_EQ(Of("Customer", "SelfBillingIndicator").type, ValueType::kFlag);
+  EXPECT_EQ(Of("Product", "ProductType").type, ValueType::kCode);
+  EXPECT_EQ(Of("Customer", "BillingAddress.Country").type, ValueType::kCode);
+  EXPECT_EQ(Of("TaxTableEntry", "TaxType").type, ValueType::kCode);
 }
 
 TEST_F(ColumnFactsTest, CodesAreThoseThatCanBeWritten) {
@@ -107,7 +107,7 @@ TEST_F(ColumnFactsTest, CodesAreThoseThatCanBeWritten) {
   EXPECT_THAT(Of("Header", "CurrencyCode").codes, ElementsAre("EUR"));
   EXPECT_THAT(Of("Header", "CompanyAddress.Country").codes, ElementsAre("PT"));
   EXPECT_THAT(Of("TaxTableEntry", "TaxCode").codes, ElementsAre("RED", "INT", "NOR", "ISE", "OUT"));
-  EXPECT_EQ(Of("TaxTableEntry", "TaxCode").type, ColumnType::kText);
+  EXPECT_EQ(Of("TaxTableEntry", "TaxCode").type, ValueType::kText);
   EXPECT_THAT(Of("Customer", "CompanyName").codes, IsEmpty());
   // The empty text of the pattern is too short.
   EXPECT_THAT(Of("Supplier", "BillingAddress.Country").codes, ::testing::Not(::testing::Contains("")));
