@@ -54,7 +54,7 @@ TEST_F(CommandListTest, TheCommandsOfTheReadmeRunOneAfterTheOther) {
                  folder_.Path("examples/company") + "' && cd '" + folder_.Path(".") + "' && set -e && " + commands);
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.err, "");
-  EXPECT_EQ(std::ranges::count(commands, '\n'), 16);
+  EXPECT_EQ(std::ranges::count(commands, '\n'), 19);
   EXPECT_THAT(testing::ReadBytes(folder_.Path("books.db")), StartsWith("SQLite"));
   EXPECT_THAT(testing::ReadBytes(folder_.Path("mine/journals.csv")), HasSubstr("JournalID,"));
   EXPECT_THAT(testing::ReadBytes(folder_.Path("books/header.csv")), HasSubstr("Alforge"));

@@ -20,7 +20,12 @@ void CsvWriter::Add(std::string_view text, CellKind kind) {
   } else {
     AddQuoted(text);
   }
-  row_ += form_ == CsvForm::kSpreadsheet ? ';' : ',';
+  row_ += Separator();
+}
+
+void CsvWriter::AddEmptyText() {
+  AddQuoted({});
+  row_ += Separator();
 }
 
 void CsvWriter::EndRow() {

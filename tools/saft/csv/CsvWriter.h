@@ -22,6 +22,8 @@ class CsvWriter {
   CsvWriter(std::ostream& out, CsvForm form);
 
   void Add(std::string_view text, CellKind kind);
+  /// A text with nothing in it, as `""`: a cell without quotation marks is none to readers that know the difference.
+  void AddEmptyText();
   void EndRow();
 
  private:
@@ -30,6 +32,8 @@ class CsvWriter {
 
   std::ostream& out_;
   CsvForm form_;
+  char Separator() const { return form_ == CsvForm::kSpreadsheet ? ';' : ','; }
+
   std::string row_;
 };
 

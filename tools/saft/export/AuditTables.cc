@@ -136,6 +136,7 @@ void AuditTables::Add(const RecordKind& kind) {
   if (record.parent != records_.size()) {
     shape.columns.push_back({SnakeCase(records_[record.parent].kind->name) + "_position", kInteger});
     shape.indexes.push_back({std::string(kFileColumn), shape.columns.back().name});
+    shape.parent = {.table = shapes_[records_[record.parent].table].name, .column = shape.columns.back().name};
     ++record.fixed;
   }
   const std::vector<RecordColumn>& columns = record.columns->Columns();
@@ -146,8 +147,9 @@ void AuditTables::Add(const RecordKind& kind) {
     shape.columns.push_back({ColumnName(path.empty() ? columns[i].name : path), TypeOf(columns[i].property)});
   }
   for (const std::string_view key : kKeys) {
-    if (std::ranges::find(shape.columns, key, &TableColumn::name) != shape.columns.end())
+    if (std::ranges::find(shape.columns, key, &TableColumn::name) != shape.columns.end()) {
       shape.indexes.push_back({std::string(key)});
+    }
   }
   shapes_.push_back(std::move(shape));
   records_.push_back(std::move(record));

@@ -10,7 +10,7 @@
 
 namespace zevo::saft {
 
-/// Lays audit files into the tables of a database.
+/// Lays audit files into the tables of a database, a folder or a workbook.
 class ExportCommand : public Command {
  public:
   explicit ExportCommand(CLI::App& options);
@@ -21,6 +21,8 @@ class ExportCommand : public Command {
   std::vector<std::string> files_;
   std::string target_;
   bool replace_ = false;
+  std::string format_;
+  bool partition_ = false;
   bool check_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
 #include "tools/saft/export/EntityRows.h"
 #include "tools/saft/input/AuditFileInput.h"
 #include "tools/saft/input/FileDigest.h"
@@ -50,6 +51,7 @@ FileExport::Result FileExport::Add(const std::string& file) {
   if (!there_.empty()) added.id = there_.back().id + 1;
   const auto same = std::ranges::find(there_, added.sha256, &LoadedFile::sha256);
   if (same != there_.end()) {
+    if (target_.IsMadeAnew()) throw Failure(file, Say(words::kSameTwice, same->name));
     added.id = same->id;
     target_.Drop(added.id);
     there_.erase(same);
@@ -80,6 +82,9 @@ FileExport::Result FileExport::Add(const std::string& file) {
 void FileExport::MakeRoom(const LoadedFile& added) {
   for (const LoadedFile& other : there_) {
     if (other.tax_registration_number != added.tax_registration_number || !Overlap(other, added)) continue;
+    if (target_.IsMadeAnew()) {
+      throw Failure(added.name, Say(words::kPeriodTwice, other.name, other.start_date, other.end_date));
+    }
     if (!choice_.replace) {
       throw Failure(added.name, Say(words::kPeriodThere, other.name, other.start_date, other.end_date));
     }
@@ -93,6 +98,7 @@ int64_t FileExport::AddFindings(const LoadedFile& added) {
   checker.set_AuditFileName(added.name);
   checker.set_MostFindings(0);
   checker.set_Language(SpokenLanguage());
+  checker.Progress = [](int64_t) { return !Interruption::IsRequested(); };
   checker.Found = [&](const Finding& finding) {
     const std::string message = checker.MessageOf(finding);
     const Cell cells[] = {added.id,
@@ -107,10 +113,12 @@ int64_t FileExport::AddFindings(const LoadedFile& added) {
                           TextOrNothing(finding.found),
                           TextOrNothing(finding.expected),
                           TextOrNothing(finding.difference),
-                          std::string_view(message)};
+                          std::string_view{message}};
     target_.Add(AuditTables::kFindings, cells);
   };
-  if (!checker.CheckAuditFile()) FailWith(*checker.AuditException(), added.name);
+  const bool judged = checker.CheckAuditFile();
+  Interruption::ThrowIfRequested();
+  if (!judged) FailWith(*checker.AuditException(), added.name);
   return findings;
 }
 
@@ -119,8 +127,8 @@ void FileExport::AddFile(const LoadedFile& added, const std::string& version, co
   const std::string name = Visible(added.name);
   const Cell cells[] = {added.id,
                         int64_t{1},
-                        std::string_view(name),
-                        std::string_view(added.sha256),
+                        std::string_view{name},
+                        std::string_view{added.sha256},
                         TextOrNothing(version),
                         TextOrNothing(added.tax_registration_number),
                         TextOrNothing(company),

@@ -22,7 +22,7 @@ std::string FileDigest(const std::string& file) {
   std::vector<char> piece(size_t{1} << 20);
   while (in.read(piece.data(), static_cast<std::streamsize>(piece.size())) || in.gcount() > 0) {
     crypto_hash_sha256_update(&state, reinterpret_cast<const unsigned char*>(piece.data()),
-                              static_cast<unsigned long long>(in.gcount()));
+                              static_cast<size_t>(in.gcount()));
     Interruption::ThrowIfRequested();
   }
   if (in.bad()) FailWithSystemError(errno, file);

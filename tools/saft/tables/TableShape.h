@@ -3,6 +3,7 @@
 #define ZEVO_TOOLS_SAFT_TABLES_TABLESHAPE_H_
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -24,12 +25,19 @@ struct TableColumn {
   ColumnType type;
 };
 
+/// The table with the rows that those of another belong to.
+struct TableParent {
+  std::string table;
+  std::string column;  ///< of the other: the position of the row
+};
+
 /// A table, whatever holds it in the end. Its first columns are `kKeyColumns`: no two rows have the same there.
 struct TableShape {
   std::string name;
   std::vector<TableColumn> columns;
   /// Columns by which rows are looked up, alone or together.
   std::vector<std::vector<std::string>> indexes = {};
+  std::optional<TableParent> parent = std::nullopt;
 };
 
 /// A query over the tables, by a name. What it refers to is theirs, or another one's that stands before it. Databases

@@ -35,6 +35,16 @@ TEST(CsvWriterTest, ADatasetHasCommasAndLineFeeds) {
   EXPECT_EQ(out.str(), "a,,c d\n1.50\n");
 }
 
+TEST(CsvWriterTest, AnEmptyTextIsToldFromNothing) {
+  std::ostringstream out;
+  CsvWriter csv(out, CsvForm::kDataset);
+  csv.Add("", CellKind::kText);
+  csv.AddEmptyText();
+  csv.Add("", CellKind::kText);
+  csv.EndRow();
+  EXPECT_EQ(out.str(), ",\"\",\n");
+}
+
 TEST(CsvWriterTest, CellsOfADatasetAreQuotedWhereTheyMustBeAndNeverChanged) {
   const auto cell = [](std::string_view text) { return Written(CsvForm::kDataset, text); };
   EXPECT_EQ(cell("a,b"), "\"a,b\"\n");

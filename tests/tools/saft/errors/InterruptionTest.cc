@@ -33,12 +33,16 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
     StartCreate(arguments);
   }
   void StartCreate(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "create");
+    StartSlowly(arguments);
+  }
+  void StartSlowly(std::vector<std::string> arguments) {
     child_ = fork();
     ASSERT_GE(child_, 0);
     if (child_ > 0) return;
     setenv("LD_PRELOAD", SLOW_DISK, 1);
     setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
-    arguments.insert(arguments.begin(), {"saft", "create"});
+    arguments.insert(arguments.begin(), "saft");
     std::vector<char*> argv;
     for (std::string& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
@@ -141,6 +145,24 @@ TEST_P(InterruptionTest, LeavesNoFolderThatIsListedFromAPipe) {
   std::filesystem::create_directory(folder_.Path(kDataset));
   StartListing();
   ExpectInterrupted();
+}
+
+TEST_P(InterruptionTest, LeavesNothingOfAnExportThatIsMadeAnew) {
+  WriteValid(3000);
+  ASSERT_EQ(Create().code, 0);
+  // Before the file is read and while it is.
+  for (const char* target : {"books/", "book.xlsx"}) {
+    for (const size_t there : {size_t{2}, size_t{3}}) {
+      SCOPED_TRACE(target);
+      std::filesystem::rename(Output(), In("company.xml"));
+      StartSlowly({"export", In("company.xml"), "--to", folder_.Path(target)});
+      Await([&] { return folder_.Names().size() >= there; });
+      AwaitOpen(In("company.xml"));
+      ExpectInterrupted();
+      std::filesystem::rename(In("company.xml"), Output());
+      std::filesystem::remove(folder_.Path("err"));
+    }
+  }
 }
 
 TEST_P(InterruptionTest, ASecondOneEndsAListOfAPipeThatIsSilent) {
