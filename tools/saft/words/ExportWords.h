@@ -41,8 +41,8 @@ O DESTINO diz o que é feito:
   livros/       uma pasta de ficheiros CSV ou, com --format jsonl, com um objeto JSON por linha
 
 Cada tipo de registo é uma tabela; as colunas são os elementos, como billing_address_city. Um texto que não é o número ou a
-data que devia ser fica vazio e está na tabela problems. Nas bases de
-dados, e só aí, perguntas como as vendas por mês são vistas, sem os documentos anulados.
+data que devia ser fica vazio e está na tabela problems. Nas bases de dados, e só aí, perguntas como as vendas por mês são
+vistas, sem os documentos anulados.
 
 Numa base de dados, cada ficheiro entra inteiro ou não entra. O mesmo ficheiro outra vez substitui o que trouxe. Outro da
 mesma empresa e de um período que se sobrepõe é recusado sem --replace.
@@ -75,8 +75,8 @@ The TARGET tells what is made:
   books/        a folder of CSV files or, with --format jsonl, of a JSON object a line
 
 Each kind of record is a table; the columns are the elements, such as billing_address_city. A text that is no number or
-date where one is due is left empty and stands in the table problems. In databases,
-and only there, questions such as sales by month are views, without documents that are cancelled.
+date where one is due is left empty and stands in the table problems. In databases, and only there, questions such as sales
+by month are views, without documents that are cancelled.
 
 A file goes into a database as a whole or not at all. The same file once more replaces what it brought. Another one of the
 same company and an overlapping period is refused without --replace.
