@@ -25,7 +25,9 @@ std::span<const Rule> TaxRules();
 std::span<const Rule> CreditNoteRules();
 std::span<const Rule> HashRules();
 
-inline constexpr std::span<const Rule> (*kFamilies[])() = {FileRules, HeaderRules, PartyRules, AccountRules, KeyRules, LedgerRules, SectionRules, NumberRules, DateRules, DocumentRules, LineRules, TotalRules, TaxRules, CreditNoteRules, HashRules};
+inline constexpr std::span<const Rule> (*kFamilies[])() = {
+    FileRules, HeaderRules,   PartyRules, AccountRules, KeyRules, LedgerRules,     SectionRules, NumberRules,
+    DateRules, DocumentRules, LineRules,  TotalRules,   TaxRules, CreditNoteRules, HashRules};
 
 }  // namespace zevo
 
