@@ -96,6 +96,15 @@ TEST(FindingTest, AViolationIsInItsOwnWords) {
   }
 }
 
+TEST(FindingTest, ASentenceOfTheWholeRecordNamesNoLine) {
+  static constexpr Sentence kWhole{"falta {expected}", "{expected} is missing", true};
+  Finding finding = Of(EntityKind::kInvoice, "NC A/1", "Line[2]/References");
+  finding.expected = "Reference";
+  finding.wording.sentence = &kWhole;
+  EXPECT_EQ(Portuguese(finding), "NC A/1: falta Reference.");
+  EXPECT_EQ(English(finding), "NC A/1: Reference is missing.");
+}
+
 TEST(FindingTest, WithoutARecordASentenceBeginsWithACapital) {
   Finding finding = Of(EntityKind::kHeader, "", "/AuditFile");
   finding.kind.reset();

@@ -26,13 +26,14 @@ Severity MostOf(DocumentTable::State state) {
 constexpr RuleSentence kReferenceOfNoteMissing{
     Severity::kError,
     {"a nota de crédito não diz que documento retifica: falta Reference",
-     "the credit note does not say which document it corrects: Reference is missing"}};
-constexpr RuleSentence kReferenceMissing{Severity::kWarning,
-                                         {"o documento não diz que outro retifica: falta Reference",
-                                          "the document does not say which other it corrects: Reference is missing"}};
+     "the credit note does not say which document it corrects: Reference is missing", true}};
+constexpr RuleSentence kReferenceMissing{
+    Severity::kWarning,
+    {"o documento não diz que outro retifica: falta Reference",
+     "the document does not say which other it corrects: Reference is missing", true}};
 constexpr RuleSentence kReasonMissing{Severity::kWarning,
                                       {"o documento não diz por que motivo retifica outro: falta Reason",
-                                       "the document does not say why it corrects another: Reason is missing"}};
+                                       "the document does not say why it corrects another: Reason is missing", true}};
 constexpr RuleSentence kOnOtherType{
     Severity::kInformation,
     {"o documento não é dos que retificam outros ({expected}), mas refere {found}",

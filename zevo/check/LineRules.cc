@@ -123,7 +123,8 @@ constexpr SideSentences kOnDebit{
       "the amount {found#} is a credit; in a document of this type it should be a debit, in {expected}"}},
     {Severity::kWarning,
      {"as linhas somam {found#} a crédito; num documento deste tipo deviam estar a débito, em {expected}",
-      "the lines come to a credit of {found#}; in a document of this type they should be debits, in {expected}"}}};
+      "the lines come to a credit of {found#}; in a document of this type they should be debits, in {expected}",
+      true}}};
 constexpr SideSentences kOnCredit{
     "CreditAmount",
     {Severity::kWarning,
@@ -131,7 +132,8 @@ constexpr SideSentences kOnCredit{
       "the amount {found#} is a debit; in a document of this type it should be a credit, in {expected}"}},
     {Severity::kWarning,
      {"as linhas somam {found#} a débito; num documento deste tipo deviam estar a crédito, em {expected}",
-      "the lines come to a debit of {found#}; in a document of this type they should be credits, in {expected}"}}};
+      "the lines come to a debit of {found#}; in a document of this type they should be credits, in {expected}",
+      true}}};
 
 void JudgeSides(const InvoiceFacts& invoice, Judgement& judgement) {
   const bool debit = invoice.IsDebitDocument();

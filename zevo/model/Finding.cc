@@ -23,7 +23,8 @@ std::string_view LineOf(std::string_view path) {
 std::string BeginningOf(const Finding& finding, Language language) {
   if (!finding.kind) return {};
   std::string subject = LabelName(*finding.kind, finding.key, language);
-  if (const std::string_view line = LineOf(finding.path); !line.empty()) {
+  const bool of_record = finding.wording.sentence != nullptr && finding.wording.sentence->of_record;
+  if (const std::string_view line = LineOf(finding.path); !line.empty() && !of_record) {
     subject.append(InPortuguese(language) ? ", linha " : ", line ").append(line);
   }
   return subject.append(": ");

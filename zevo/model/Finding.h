@@ -57,6 +57,8 @@ struct Sentence {
   std::string_view portuguese;
   /// The same in English.
   std::string_view english;
+  /// Whether it is of the whole record, though what it tells of is in a line: the line is not named then.
+  bool of_record = false;
 };
 
 /// Which sentence tells a finding. The check sets it; a copy of a finding keeps it.
