@@ -76,9 +76,9 @@ void MergeWriter::WriteAccount(const AuditFileScanner& scanner, const OpeningBal
 }
 
 void MergeWriter::WriteTaxTable() {
-  const auto kind = static_cast<size_t>(EntityKind::kTaxTable);
+  constexpr auto kKind = static_cast<size_t>(EntityKind::kTaxTable);
   const bool isThere =
-      std::ranges::any_of(plan_.sources, [kind](const MergeSource& source) { return source.records[kind].first != 0; });
+      std::ranges::any_of(plan_.sources, [](const MergeSource& source) { return source.records[kKind].first != 0; });
   if (!isThere) return;
   KeyIndex known;
   output_.Begin(NameOf(EntityKind::kTaxTable));
