@@ -107,7 +107,7 @@ TEST_F(PostgresTargetTest, SaysWhereThereIsNoPermission) {
   Rows("CREATE ROLE " + schema + " LOGIN; GRANT USAGE ON SCHEMA " + schema + " TO " + schema);
   std::string name = database_->Name();
   name.replace(name.find("trial@"), 5, schema);
-  const auto target = OpenTarget(name, tables_, views_);
+  const auto target = OpenTarget(name, {}, tables_, views_);
   EXPECT_THAT([&] { target->Begin(); },
               ThrowsMessage<Failure>(database_->Shown() + ": there is no permission to write into the database"));
   Rows("DROP OWNED BY " + schema + "; DROP ROLE " + schema);
@@ -119,7 +119,7 @@ TEST_F(PostgresTargetTest, SaysWhereADatabaseDoesNotTakeAllCharacters) {
   std::string name = database_->Name();
   name = name.substr(0, name.find("options=")).replace(name.find("postgres?"), 8, latin);
   {
-    const auto target = OpenTarget(name, tables_, views_);
+    const auto target = OpenTarget(name, {}, tables_, views_);
     Add(*target, 1, "Pão");
     EXPECT_THAT([&] { Add(*target, 2, "–"); },
                 ThrowsMessage<Failure>("postgresql:///" + latin +

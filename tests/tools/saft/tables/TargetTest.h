@@ -24,7 +24,7 @@ class TargetTest : public ::testing::Test {
     if (!database_) GTEST_SKIP() << kNoServer;
   }
 
-  std::unique_ptr<saft::TableTarget> Open() const { return saft::OpenTarget(database_->Name(), tables_, views_); }
+  std::unique_ptr<saft::TableTarget> Open() const { return saft::OpenTarget(database_->Name(), {}, tables_, views_); }
   /// Adds a file with an item.
   static void Add(saft::TableTarget& target, int64_t file, const saft::Cell& name, const saft::Cell& amount = {}) {
     target.Begin();
