@@ -65,6 +65,9 @@ TEST(CalendarDateTest, DaysAndYearsFollowEachOther) {
   EXPECT_EQ(date("2008-02-28").NextDay(), date("2008-02-29"));
   EXPECT_EQ(date("2008-02-29").NextDay(), date("2008-03-01"));
   EXPECT_EQ(date("2008-12-31").NextDay(), date("2009-01-01"));
+  EXPECT_EQ(date("2008-03-02").DayBefore(), date("2008-03-01"));
+  EXPECT_EQ(date("2008-03-01").DayBefore(), date("2008-02-29"));
+  EXPECT_EQ(date("2009-01-01").DayBefore(), date("2008-12-31"));
   EXPECT_EQ(date("2008-10-01").YearLater(), date("2009-10-01"));
   EXPECT_EQ(date("2008-02-29").YearLater(), date("2009-03-01"));
   EXPECT_LT(date("2008-09-30"), date("2008-10-01"));

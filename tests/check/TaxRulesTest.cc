@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/check/CheckTest.h"
+#include "tests/check/Shuffled.h"
 
 namespace zevo::testing {
 namespace {
@@ -192,6 +193,43 @@ TEST_F(TaxRulesTest, DocumentsThatCorrectAnotherHaveAnyRateThatWas) {
           {"NC A/1: a taxa de IVA é 5,5%, que nunca foi a do código e da região da linha; essa foi (em %) 5, 6.",
            "NC A/1: the VAT rate is 5.5%, which never was that of the code and the region of the line; that was (in %) "
            "5, 6."}));
+}
+
+TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
+  // NC A/1 of July 2008 corrects FT A/1 of 5 March.
+  const auto note = [](std::string_view rate) {
+    return CleanFile().With("Invoice[3]/Line/Tax/TaxCode", "NOR").With("Invoice[3]/Line/Tax/TaxPercentage", rate);
+  };
+  constexpr std::string_view kOther = "TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [20] [21] []";
+  for (const uint64_t seed : {1U, 2U, 3U, 4U}) {
+    EXPECT_THAT(OfRate(Shuffled(note("20"), seed)), ElementsAre(kOther)) << seed;
+    EXPECT_THAT(OfRate(Shuffled(note("21"), seed)), IsEmpty()) << seed;
+    // A debit note, too; what it refers to NC-REF tells.
+    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/InvoiceType", "ND"), seed)), ElementsAre(kOther)) << seed;
+    // Invoiced within days of the tax point, perhaps.
+    EXPECT_THAT(OfRate(Shuffled(note("21").With("Invoice/InvoiceDate", "2008-07-09"), seed)), IsEmpty()) << seed;
+    EXPECT_THAT(OfRate(Shuffled(note("21").With("Invoice/InvoiceDate", "2008-07-10"), seed)),
+                ElementsAre("TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [21] [20] []"))
+        << seed;
+    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "2008-06-30"), seed)),
+                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21] []"))
+        << seed;
+    // Of no document of the file.
+    for (const char* const reference : {"FT B/1", "1234"}) {
+      EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/Line/References/CreditNote/Reference", reference), seed)),
+                  IsEmpty())
+          << reference << seed;
+    }
+    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "x"), seed)), IsEmpty()) << seed;
+    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/InvoiceStatus", "A"), seed)),
+                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21] []"))
+        << seed;
+  }
+  EXPECT_THAT(Sentences(note("20")),
+              ::testing::IsSupersetOf({"NC A/1: a taxa de IVA é 20%; para o código, a região e a data do documento que "
+                                       "este retifica devia ser 21%.",
+                                       "NC A/1: the VAT rate is 20%; for the code, the region and the date of the "
+                                       "document that this one corrects it should be 21%."}));
 }
 
 TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {

@@ -65,6 +65,18 @@ TEST(VatRatesTest, AllThereWereAreKnown) {
   EXPECT_EQ((VatRate{VatRegion::kAzores, VatLevel::kReduced}.All()), "4, 5");
 }
 
+TEST(VatRatesTest, SomeDaysBeforeCountToo) {
+  constexpr VatRate kMainland{VatRegion::kMainland, VatLevel::kNormal};
+  EXPECT_TRUE(kMainland.WasBy({2008, 7, 9}, 9, 21));
+  EXPECT_FALSE(kMainland.WasBy({2008, 7, 10}, 9, 21));
+  EXPECT_TRUE(kMainland.WasBy({2008, 7, 10}, 9, 20));
+  EXPECT_FALSE(kMainland.WasBy({2008, 6, 30}, 9, 20));
+  EXPECT_TRUE(kMainland.WasBy({2011, 1, 1}, 400, 20));
+  // Before the first that are known, any may have been.
+  EXPECT_TRUE(kMainland.WasBy({2005, 6, 30}, 9, 19));
+  EXPECT_FALSE(kMainland.WasBy({2005, 7, 1}, 9, 19));
+}
+
 TEST(VatRatesTest, CodesAreThoseOfTheFile) {
   EXPECT_EQ(VatRegionOf("PT"), VatRegion::kMainland);
   EXPECT_EQ(VatRegionOf("PT-AC"), VatRegion::kAzores);

@@ -87,6 +87,12 @@ CalendarDate CalendarDate::NextDay() const {
   return {year + 1, 1, 1};
 }
 
+CalendarDate CalendarDate::DayBefore() const {
+  if (day > 1) return {year, month, day - 1};
+  if (month > 1) return {year, month - 1, DaysIn(year, month - 1)};
+  return {year - 1, 12, 31};
+}
+
 std::string CalendarDate::Text() const {
   std::string text = std::to_string(year < 0 ? -year : year);
   if (text.size() < 4) text.insert(0, 4 - text.size(), '0');

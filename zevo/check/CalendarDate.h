@@ -25,6 +25,7 @@ struct CalendarDate {
   /// Of the 29 of February, the 1 of March.
   CalendarDate YearLater() const;
   CalendarDate NextDay() const;
+  CalendarDate DayBefore() const;
 
   friend bool operator==(const CalendarDate&, const CalendarDate&) = default;
   friend std::strong_ordering operator<=>(const CalendarDate& left, const CalendarDate& right) {

@@ -49,6 +49,7 @@ void CheckedFile::Take(const TransactionFacts& facts) {
 void CheckedFile::Take(const InvoiceFacts& facts) {
   documents_.Take(facts);
   references_.Take(facts, documents_);
+  late_rates_.Take(facts, documents_);
   if (!public_keys_.IsEmpty()) hashes_.Take(facts, documents_);
   invoice_sums_.Take(facts);
   section_sums_.Take(facts, invoice_sums_);

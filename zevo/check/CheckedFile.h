@@ -12,6 +12,7 @@
 #include <zevo/check/InvoiceSums.h>
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/KnownTaxes.h>
+#include <zevo/check/LateRates.h>
 #include <zevo/check/LedgerSums.h>
 #include <zevo/check/LineAmounts.h>
 #include <zevo/check/PublicKeys.h>
@@ -80,6 +81,7 @@ class CheckedFile {
   /// Of a check without public keys, empty.
   const HashChain& Hashes() const { return hashes_; }
   const KnownTaxes& Taxes() const { return taxes_; }
+  const LateRates& RatesOfCorrections() const { return late_rates_; }
   int64_t Invoices() const { return invoices_; }
   /// Of the invoice that was taken last.
   const InvoiceSums& SumsOfInvoice() const { return invoice_sums_; }
@@ -119,6 +121,7 @@ class CheckedFile {
   const zevo::PublicKeys& public_keys_;
   HashChain hashes_;
   KnownTaxes taxes_;
+  LateRates late_rates_;
   InvoiceSums invoice_sums_;
   LineAmounts line_amounts_;
   TransactionTable transactions_;

@@ -134,6 +134,11 @@ void DocumentReferences::Take(const InvoiceFacts& facts, const DocumentTable& do
   }
 }
 
+std::optional<uint32_t> DocumentReferences::Find(std::string_view reference, const DocumentTable& documents) {
+  const ReferredNumber number(reference, documents);
+  return number.Get() ? documents.Find(*number.Get()) : std::nullopt;
+}
+
 std::optional<uint32_t> DocumentReferences::Find(const Waiting& waiting, const DocumentTable& documents) {
   return documents.Find(*ReferredNumber(waiting.text, documents).Get());
 }

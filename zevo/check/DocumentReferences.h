@@ -71,6 +71,8 @@ class DocumentReferences {
 
   // At the end of the file.
 
+  /// The document that a text refers to, of those that the table has by then.
+  static std::optional<uint32_t> Find(std::string_view reference, const DocumentTable& documents);
   /// The document that a reference is to.
   static std::optional<uint32_t> Find(const Waiting& waiting, const DocumentTable& documents);
   /// Whether the file ought to have the document: it has the series, from a lower number on. Nothing is expected where

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/DocumentReferences.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
+#include <zevo/check/LateRates.h>
 #include <zevo/check/MostSeverity.h>
 #include <zevo/check/VatRates.h>
 #include <zevo/platform/Text.h>
@@ -96,6 +98,12 @@ constexpr RuleSentence kRateOfNoTime{
     {"a taxa de IVA é {found#}%, que nunca foi a do código e da região da linha; essa foi (em %) {expected#}",
      "the VAT rate is {found#}%, which never was that of the code and the region of the line; that was (in %) "
      "{expected#}"}};
+constexpr RuleSentence kOtherRateOfCorrected{
+    Severity::kWarning,
+    {"a taxa de IVA é {found#}%; para o código, a região e a data do documento que este retifica devia ser "
+     "{expected#}%",
+     "the VAT rate is {found#}%; for the code, the region and the date of the document that this one corrects it "
+     "should be {expected#}%"}};
 constexpr RuleSentence kRateOfExempt{
     Severity::kWarning,
     {"o código é ISE (isenção), mas a taxa ou o imposto é {found#}; devia ser {expected#}",
@@ -107,7 +115,7 @@ constexpr RuleSentence kNoVatCode{Severity::kWarning,
 /// What is wrong with the rate of a line.
 struct RateFault {
   const RuleSentence* sentence = nullptr;  // null for nothing
-  const ElementSpot at = {};
+  ElementSpot at = {};
   std::string expected = {};
 };
 
@@ -142,13 +150,48 @@ RateFault FaultOfRate(const InvoiceFacts& invoice, const InvoiceLineFacts& line)
   return {beside ? &kRateOfDayBeside : &kOtherRate, tax.percentage, std::to_string(*right)};
 }
 
+// An invoice has the rate of its tax point, which it may follow by five working days.
+constexpr int kDaysToInvoice = 9;
+
+// The rate of a line by that of the document that it corrects. One that never was is told without that.
+RateFault FaultOfCorrection(const VatRate& rate, const Decimal& value, const DocumentTable::Document& corrected) {
+  const auto date = corrected.Date();
+  if (!date || !rate.WasEver(value) || rate.WasBy(*date, kDaysToInvoice, value)) return {};
+  const bool beside = rate.IsBeside(*date, value);
+  return {beside ? &kRateOfDayBeside : &kOtherRateOfCorrected, {}, std::to_string(*rate.On(*date))};
+}
+
+RateFault FaultOfCorrection(const InvoiceFacts& invoice, const InvoiceLineFacts& line, const DocumentTable& documents) {
+  const std::string_view reference = LateRates::ReferenceOf(invoice, line);
+  if (reference.empty()) return {};
+  const auto document = DocumentReferences::Find(reference, documents);
+  const auto rate = LateRates::RateOf(line.tax);
+  if (!document || !rate) return {};
+  RateFault fault = FaultOfCorrection(*rate, *line.tax.percentage, documents[*document]);
+  fault.at = line.tax.percentage;
+  return fault;
+}
+
 void JudgeRates(const InvoiceFacts& invoice, Judgement& judgement) {
   for (const InvoiceLineFacts& line : invoice.lines) {
     RateFault fault = FaultOfRate(invoice, line);
+    if (fault.sentence == nullptr) fault = FaultOfCorrection(invoice, line, judgement.File().Documents());
     if (fault.sentence == nullptr) continue;
     judgement.Tell(
         *fault.sentence, invoice, fault.at,
         {.found = {}, .expected = std::move(fault.expected), .difference = {}, .at_most = MostSeverity(invoice)});
+  }
+}
+
+void JudgeLateRates(Judgement& judgement) {
+  const DocumentTable& documents = judgement.File().Documents();
+  for (const LateRates::Line& line : judgement.File().RatesOfCorrections().All()) {
+    const auto document = DocumentReferences::Find(line.reference, documents);
+    if (!document) continue;
+    RateFault fault = FaultOfCorrection(line.rate, line.value, documents[*document]);
+    if (fault.sentence == nullptr) continue;
+    judgement.Tell(*fault.sentence, line.percentage,
+                   {.found = {}, .expected = std::move(fault.expected), .difference = {}, .at_most = line.most});
   }
 }
 
@@ -214,17 +257,21 @@ constexpr Rule kTaxRules[] = {
           {"Taxas de IVA", "VAT rates"},
           {"TaxPercentage é a taxa do código RED, INT ou NOR na região PT, PT-AC ou PT-MA à data de TaxPointDate, ou "
            "na falta dela de InvoiceDate, desde 2005-07-01; com o código ISE é 0. OUT, as taxas de outros países e o "
-           "imposto do selo não se verificam. Em ND, NC, TD, DA e RE, que têm a taxa do documento que retificam, basta "
-           "que a taxa alguma vez tenha existido. Só informação: a taxa antiga no primeiro dia da nova, a nova no "
+           "imposto do selo não se verificam. Em ND, NC, TD, DA e RE conta a data do documento que retificam, ou até "
+           "nove dias antes; não estando esse no ficheiro, basta que a taxa alguma vez tenha existido. Só informação: "
+           "a taxa antiga no primeiro dia da nova, a nova no "
            "último dia da antiga; e documentos anulados.",
            "TaxPercentage is the rate of the code RED, INT or NOR in the region PT, PT-AC or PT-MA on the date of "
            "TaxPointDate, without one of InvoiceDate, from 2005-07-01 on; with the code ISE it is 0. OUT, rates of "
-           "other countries and stamp duty are not judged. In ND, NC, TD, DA and RE, which have the rate of the "
-           "document that they correct, it is enough that the rate existed at any time. Information only: the old rate "
+           "other countries and stamp duty are not judged. In ND, NC, TD, DA and RE the date of the document "
+           "that they correct counts, or up to nine days before; where that is not in the file it is enough that the "
+           "rate "
+           "existed at any time. Information only: the old rate "
            "on the first day of the new one, the new one on the last day of the old one; and cancelled documents."},
           "CIVA, art. 18.º",
           "2005-07-01"},
-     .invoice = JudgeRates},
+     .invoice = JudgeRates,
+     .at_end = JudgeLateRates},
     {.info = {"TAX-TABLE",
               Severity::kWarning,
               {"Tabela de impostos", "Tax table"},

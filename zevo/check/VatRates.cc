@@ -67,6 +67,18 @@ bool VatRate::IsBeside(const CalendarDate& date, const Decimal& percentage) cons
   return next != std::end(kRows) && next->from == date.NextDay() && next->Of(*this) == percentage;
 }
 
+bool VatRate::WasBy(const CalendarDate& date, int days_before, const Decimal& percentage) const {
+  const Row* row = RowOf(date);
+  if (row == nullptr) return true;
+  CalendarDate from = date;
+  for (int i = 0; i < days_before; ++i) from = from.DayBefore();
+  while (row->Of(*this) != percentage) {
+    if (row == std::begin(kRows) || row->from <= from) return false;
+    --row;
+  }
+  return true;
+}
+
 bool VatRate::WasEver(const Decimal& percentage) const {
   return std::ranges::any_of(kRows, [&](const Row& row) { return row.Of(*this) == percentage; });
 }

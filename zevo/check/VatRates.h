@@ -30,6 +30,8 @@ struct VatRate {
   std::optional<int> On(const CalendarDate& date) const;
   /// Whether the day is the first of another rate, and this is the one before; or the last, and this is the next.
   bool IsBeside(const CalendarDate& date, const Decimal& percentage) const;
+  /// Whether it was the rate on the day, or on some day of so many before it.
+  bool WasBy(const CalendarDate& date, int days_before, const Decimal& percentage) const;
   bool WasEver(const Decimal& percentage) const;
   /// All that there were, in their order: "21, 20, 23".
   std::string All() const;
