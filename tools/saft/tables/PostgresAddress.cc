@@ -3,7 +3,6 @@
 
 #include <libpq-fe.h>
 
-#include <algorithm>
 #include <memory>
 
 #include "tools/saft/errors/Failure.h"
@@ -25,8 +24,8 @@ std::string_view SchemeOf(std::string_view name) {
 bool HasPorts(const PQconninfoOption* options) {
   for (; options->keyword != nullptr; ++options) {
     if (options->keyword != std::string_view("port") || options->val == nullptr) continue;
-    if (!std::ranges::all_of(std::string_view(options->val), [](char c) { return (c >= '0' && c <= '9') || c == ','; }))
-      return false;
+    constexpr std::string_view kOfPorts = "0123456789,";
+    if (std::string_view(options->val).find_first_not_of(kOfPorts) != std::string_view::npos) return false;
   }
   return true;
 }
@@ -43,7 +42,8 @@ bool IsPostgresAddress(std::string_view name) { return !SchemeOf(name).empty(); 
 
 std::string ShownAddress(const std::string& address) {
   const std::string_view scheme = SchemeOf(address);
-  std::string_view place = std::string_view(address).substr(scheme.size());
+  std::string_view place = address;
+  place.remove_prefix(scheme.size());
   // As libpq looks for them: user and password end at the first @, if no / comes before.
   if (const size_t end = place.find_first_of("@/"); end != std::string_view::npos && place[end] == '@') {
     place.remove_prefix(end + 1);

@@ -171,7 +171,8 @@ void SqliteTarget::EndFile() {
 void SqliteTarget::MakeViews() {
   for (const TableView& view : views_) {
     const std::string name = QuotedName(view.name);
-    Run("DROP VIEW IF EXISTS " + name + "; CREATE VIEW " + name + " AS " + std::string(view.query));
+    Run("DROP VIEW IF EXISTS " + name);
+    Run(("CREATE VIEW " + name + " AS ").append(view.query));
   }
 }
 

@@ -61,7 +61,7 @@ TEST_F(SqliteTargetTest, AMillionAmountsAreSummedToTheCent) {
     for (int64_t i = 1; i <= kRows; ++i) {
       cents = (cents * 7 + 13) % 999'983;
       std::string amount = std::to_string(cents / 100) + "." + std::to_string(100 + cents % 100).substr(1);
-      AddItem(*target, 1, i, Cell(), std::string_view(amount));
+      AddItem(*target, 1, i, Cell(), amount);
     }
     target->EndFile();
   }

@@ -37,8 +37,8 @@ TEST_P(TableTargetTest, TextsComeBackAsTheyAre) {
   {
     const auto target = Open();
     target->Begin();
-    for (size_t i = 0; i < texts.size(); ++i)
-      AddItem(*target, 1, static_cast<int64_t>(i) + 1, std::string_view(texts[i]));
+    int64_t position = 0;
+    for (const std::string& text : texts) AddItem(*target, 1, ++position, text);
     EndFile(*target, 1);
   }
   EXPECT_EQ(Rows("SELECT name FROM items ORDER BY position"), texts);
@@ -50,7 +50,7 @@ TEST_P(TableTargetTest, HoldsMoreRowsThanAreHandedOverAtOnce) {
   {
     const auto target = Open();
     target->Begin();
-    for (int64_t i = 1; i <= kRows; ++i) AddItem(*target, 1, i, std::string_view(name), "0.01");
+    for (int64_t i = 1; i <= kRows; ++i) AddItem(*target, 1, i, name, "0.01");
     EndFile(*target, 1);
   }
   EXPECT_THAT(Rows("SELECT count(*), min(length(name)), max(position) FROM items"), ElementsAre("20000|100|20000"));
