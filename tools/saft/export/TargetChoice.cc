@@ -2,6 +2,7 @@
 #include "tools/saft/export/TargetChoice.h"
 
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "tools/saft/errors/Failure.h"
@@ -14,25 +15,42 @@
 #include "tools/saft/words/ExportWords.h"
 
 namespace zevo::saft {
+namespace {
+
+// Of the name of a target, what is an address's scheme; empty for other names.
+std::string_view SchemeIn(std::string_view name) {
+  const size_t end = name.find("://");
+  return end == std::string_view::npos ? std::string_view() : name.substr(0, end + 3);
+}
+
+// Behind the scheme of an address there may be a password.
+std::string QuotedTarget(std::string_view name) {
+  const std::string_view scheme = SchemeIn(name);
+  return Quoted(scheme.empty() ? name : scheme);
+}
+
+bool IsFolder(const std::string& name) {
+  std::error_code none;
+  return SchemeIn(name).empty() && (name.ends_with('/') || std::filesystem::is_directory(name, none));
+}
+
+}  // namespace
 
 std::unique_ptr<TableTarget> OpenTarget(const std::string& name, const TargetOptions& options,
                                         const std::vector<TableShape>& tables, std::span<const TableView> views) {
-  std::error_code none;
-  if (name.ends_with('/') || std::filesystem::is_directory(name, none)) {
+  if (IsFolder(name)) {
     return std::make_unique<FolderTarget>(
         name, tables,
         FolderTarget::Choice{
             .form = options.format.value_or(FolderForm::kCsv), .parts = options.partition, .replace = options.replace});
   }
-  if (options.format || options.partition) throw Failure(Say(words::kOnlyForFolders, Quoted(name)));
+  if (options.format || options.partition) throw Failure(Say(words::kOnlyForFolders, QuotedTarget(name)));
   if (IsPostgresAddress(name)) return std::make_unique<PostgresTarget>(name, tables, views);
   if (name.ends_with(".xlsx")) return std::make_unique<WorkbookTarget>(name, tables, options.replace);
   for (const char* const ending : {".db", ".sqlite", ".sqlite3"}) {
     if (name.ends_with(ending)) return std::make_unique<SqliteTarget>(name, tables, views);
   }
-  // Behind the scheme of an address there may be a password.
-  const size_t scheme = name.find("://");
-  throw Failure(Say(words::kUnknownTarget, Quoted(scheme == std::string::npos ? name : name.substr(0, scheme + 3))));
+  throw Failure(Say(words::kUnknownTarget, QuotedTarget(name)));
 }
 
 }  // namespace zevo::saft
