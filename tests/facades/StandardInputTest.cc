@@ -261,7 +261,7 @@ TEST_F(StandardInputTest, APipeThatThereIsNoRoomToKeepIsNotChecked) {
   constexpr std::string_view kTold =
       "There is no room for a temporary copy of standard input, which is read more than once.";
   EXPECT_EQ(finding([] { setenv("TMPDIR", "/none", 1); }), kTold);
-  for (const rlim_t most : {0, 100'000, 400'000}) {
+  for (const rlim_t most : {rlim_t{0}, rlim_t{100'000}, rlim_t{400'000}}) {
     EXPECT_EQ(finding([most] {
                 std::signal(SIGXFSZ, SIG_IGN);
                 const rlimit limit{most, most};
