@@ -47,7 +47,7 @@ void Create(const testing::TemporaryFolder& folder, const std::string& path, saf
   saft::AuditFileOutput output(path, path, way);
   saft::MasterFilesWriter(dataset, index, output).Write();
   saft::EntriesWriter(dataset, index, output, notes).Write();
-  saft::InvoicesWriter(dataset, index, output).Write();
+  saft::InvoicesWriter(dataset, index, output, nullptr).Write();
   output.Save();
   dataset.RequireUnchanged();
   dataset.Altered().Report(notes);
