@@ -25,11 +25,17 @@ int64_t most_allocated = 0;
 
 }  // namespace
 
-void* operator new(size_t size) {
+void* operator new(size_t size, const std::nothrow_t&) noexcept {
   void* const memory = std::malloc(size);
-  if (memory == nullptr) throw std::bad_alloc();
+  if (memory == nullptr) return nullptr;
   allocated += static_cast<int64_t>(malloc_usable_size(memory));
   most_allocated = std::max(most_allocated, allocated);
+  return memory;
+}
+
+void* operator new(size_t size) {
+  void* const memory = operator new(size, std::nothrow);
+  if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
 

@@ -87,7 +87,7 @@ void MergeSurvey::CompareHeaders() {
   for (const MergeSource& source : plan_.sources) {
     const MergeSource& first = plan_.sources.front();
     const auto refuse = [&](const std::string& reason) {
-      report_.Add(MergeReport::kFile, [&] { return Failure(source.name, reason).what(); });
+      report_.Add(MergeReport::kFile, [&] { return std::string(Failure(source.name, reason).what()); });
     };
     if (source.company != first.company) {
       refuse(Say(words::kOtherCompany, Quoted(source.company), Visible(first.name), Quoted(first.company)));
@@ -128,7 +128,7 @@ void MergeSurvey::ReadFile(size_t source) {
   EndSection(source, EntityKind::kGeneralLedgerEntries, entries_texts_, plan_.entries);
   EndSection(source, EntityKind::kSalesInvoices, invoices_texts_, plan_.invoices);
   if (problems.Count() > 0) {
-    report_.Add(MergeReport::kFile, [&] { return Failure(file.name, Say(words::kNotCopied)).what(); });
+    report_.Add(MergeReport::kFile, [&] { return std::string(Failure(file.name, Say(words::kNotCopied)).what()); });
   }
 }
 
@@ -191,7 +191,7 @@ void MergeSurvey::TakeDocument(size_t source, const AuditFileScanner& scanner, K
   if (!key) return;
   const auto before = keys.Add(*key, static_cast<uint32_t>(source) + 1);
   if (!before) return;
-  report_.Add(MergeReport::kDocument, [&] {
+  report_.Add(MergeReport::kDocument, [&]() -> std::string {
     const std::string name = Visible(SentenceName(kind, *key, SpokenLanguage()));
     const std::string& file = plan_.sources[source].name;
     if (*before == source + 1) return Failure(file, Say(words::kTwiceInFile, name)).what();
@@ -210,8 +210,9 @@ void MergeSurvey::EndSection(size_t source, EntityKind kind, const SectionTexts&
   if (!texts.is_there) return;
   section.is_there = true;
   if (section.totals.EndFile(texts.entries, texts.debit, texts.credit)) return;
-  report_.Add(MergeReport::kTotals,
-              [&] { return Failure(plan_.sources[source].name, Say(words::kWrongTotals, NameOf(kind))).what(); });
+  report_.Add(MergeReport::kTotals, [&] {
+    return std::string(Failure(plan_.sources[source].name, Say(words::kWrongTotals, NameOf(kind))).what());
+  });
 }
 
 void MergeSurvey::TakeJournal(const AuditFileScanner& scanner) {

@@ -25,6 +25,7 @@ using Row = PostgresConnection::Row;
 class PostgresConnectionTest : public ::testing::Test {
  protected:
   PostgresConnectionTest() { Speak(Language::kEnglish); }
+  ~PostgresConnectionTest() override { Speak(Language::kEnglish); }
   void SetUp() override {
     if (!database_) GTEST_SKIP() << testing::kNoServer;
   }
