@@ -25,8 +25,9 @@ bool IsHigher(std::string_view number, std::string_view than) {
 
 PrivateKey KeyOf(std::string_view pem) {
   auto key = PrivateKey::FromPem(pem);
-  if (!key || key->modulus.size() != kSignatureSize)
+  if (!key || key->modulus.size() != kSignatureSize) {
     throw MakeRunTimeError(RunTimeError::kInvalidCall, "chave privada");
+  }
   return *std::move(key);
 }
 

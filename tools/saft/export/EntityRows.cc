@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "tools/saft/dataset/LostInRows.h"
 #include "tools/saft/input/ScannedElements.h"
@@ -30,7 +31,8 @@ std::string PathOf(std::span<const ScannedElement> elements, size_t element) {
     });
     std::string step(elements[at].name);
     if (count > 1) step.append("[").append(std::to_string(number)).append("]");
-    path = path.empty() ? step : step + "/" + path;
+    if (!path.empty()) step.append("/").append(path);
+    path = std::move(step);
     at = parent;
   }
   return path;
@@ -109,6 +111,8 @@ void EntityRows::TellUnreadable(const AuditFileScanner& scanner, const Row& row,
 void EntityRows::Add(const AuditFileScanner& scanner, const Problem& problem) {
   const bool inEntity = scanner.Kind() && !problem.path.starts_with('/');
   const std::string message = Describe(problem, SpokenLanguage());
+  const std::string_view sentence = message;
+  const std::string_view text = problem.text;
   const Cell cells[] = {file_,
                         ++problems_,
                         NumberOrNothing(problem.place.line),
@@ -117,8 +121,8 @@ void EntityRows::Add(const AuditFileScanner& scanner, const Problem& problem) {
                         inEntity ? TextOrNothing(KeyTextOf(scanner)) : Cell(),
                         TextOrNothing(problem.path),
                         kFaultNames[static_cast<size_t>(problem.fault)],
-                        std::string_view(problem.text),
-                        std::string_view(message)};
+                        text,
+                        sentence};
   target_.Add(AuditTables::kProblems, cells);
 }
 

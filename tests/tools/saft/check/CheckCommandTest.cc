@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -271,7 +272,7 @@ TEST_F(CheckCommandTest, WhatAFileHoldsIsMadeVisible) {
 class CheckOnTerminalTest : public testing::ToolCheckTest {
  protected:
   /// On a terminal of so many columns; 0 where it does not tell.
-  std::string Shown(const std::vector<std::string>& environment, unsigned short columns = 0) const {
+  std::string Shown(const std::vector<std::string>& environment, uint16_t columns = 0) const {
     int terminal = -1;
     const winsize size{.ws_row = 25, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
     const std::string file = WriteBad();
