@@ -77,7 +77,7 @@ TEST_F(TargetChoiceTest, AWorkbookHasTheTablesAsSheets) {
   std::string sheets;
   for (const std::string& line : testing::LinesOfWorkbook(book)) {
     const size_t filter = line.find(": bold, frozen at A2, filter ");
-    if (filter != std::string::npos) sheets += line.substr(0, filter) + line.substr(line.find_last_of(":")) + " ";
+    if (filter != std::string::npos) sheets += line.substr(0, filter) + line.substr(line.rfind(':')) + " ";
   }
   EXPECT_EQ(sheets,
             "header:AE2 general_ledger:G264 customers:AA58 suppliers:AA24 products:H43 tax_table:J16 "
