@@ -61,17 +61,19 @@ TEST_F(WorkbookTargetTest, NoTextIsAFormula) {
 }
 
 TEST_F(WorkbookTargetTest, WhatIsNoCellIsATextAndNoted) {
-  const std::string full(32767, 'x');
-  const std::string fuller(32768, 'x');
-  const std::string enormous = "1" + std::string(400, '0');
-  Make({{.name = std::string_view(full), .amount = "1234567890123.45", .day = "1900-03-01"},
+  const std::string letters(32768, 'x');
+  const std::string digits = "1" + std::string(400, '0');
+  const std::string_view fuller = letters;
+  const std::string_view full = fuller.substr(1);
+  const std::string_view enormous = digits;
+  Make({{.name = full, .amount = "1234567890123.45", .day = "1900-03-01"},
         {.amount = "12345678901234.56"},
-        {.amount = std::string_view(enormous)},
+        {.amount = enormous},
         {.day = "1900-02-28"},
         {.time = "1900-02-28T10:00:00"},
         {.time = "2012-01-01T10:00:00.250"},
         {.time = "2012-01-01T10:00:00.2505"},
-        {.name = std::string_view(fuller)}});
+        {.name = fuller}});
   EXPECT_THAT(Lines(),
               ElementsAre("items: bold, frozen at A2, filter A1:G9",
                           "1 1 1 32767 characters 1234567890123.45 as #,##0.00######## "
