@@ -117,7 +117,7 @@ void MergeSurvey::CompareHeaders() {
 
 void MergeSurvey::ReadFile(size_t source) {
   MergeSource& file = plan_.sources[source];
-  ProblemReport& problems = problems_.emplace_back(file.name);
+  const ProblemReport& problems = problems_.emplace_back(file.name);
   entries_texts_ = {};
   invoices_texts_ = {};
   seen_.clear();
