@@ -15,13 +15,17 @@ std::string_view OwnReference(const InvoiceLineFacts& line) {
 
 }  // namespace
 
-std::string_view LateRates::ReferenceOf(const InvoiceFacts& facts, const InvoiceLineFacts& line) {
+std::string_view LateRates::ReferenceOf(const InvoiceFacts& facts) {
   if (!facts.type.Read() || (!facts.IsDebitDocument() && *facts.type != "ND")) return {};
-  if (const std::string_view own = OwnReference(line); !own.empty()) return own;
-  for (const InvoiceLineFacts& other : facts.lines) {
-    if (const std::string_view reference = OwnReference(other); !reference.empty()) return reference;
+  for (const InvoiceLineFacts& line : facts.lines) {
+    if (const std::string_view reference = OwnReference(line); !reference.empty()) return reference;
   }
   return {};
+}
+
+std::string_view LateRates::ReferenceOf(const InvoiceLineFacts& line, std::string_view first) {
+  const std::string_view own = OwnReference(line);
+  return own.empty() ? first : own;
 }
 
 std::optional<VatRate> LateRates::RateOf(const TaxFacts& tax) {
@@ -33,9 +37,11 @@ std::optional<VatRate> LateRates::RateOf(const TaxFacts& tax) {
 }
 
 void LateRates::Take(const InvoiceFacts& facts, const DocumentTable& documents) {
+  const std::string_view first = ReferenceOf(facts);
+  if (first.empty()) return;
   for (const InvoiceLineFacts& line : facts.lines) {
-    const std::string_view reference = ReferenceOf(facts, line);
-    if (reference.empty() || !DocumentNumber::FromText(reference)) continue;
+    const std::string_view reference = ReferenceOf(line, first);
+    if (!DocumentNumber::FromText(reference)) continue;
     if (DocumentReferences::Find(reference, documents)) continue;
     const auto rate = RateOf(line.tax);
     if (!rate) continue;

@@ -29,9 +29,11 @@ class LateRates {
     Severity most;
   };
 
-  /// What a line of a debit document, or of a debit note, corrects: its own reference or, where it has none, the first
-  /// that the document has. Empty where there is none, and for other documents.
-  static std::string_view ReferenceOf(const InvoiceFacts& facts, const InvoiceLineFacts& line);
+  /// What lines of a debit document, or of a debit note, correct that say nothing else: the first reference that the
+  /// document has. Empty where there is none, and for other documents.
+  static std::string_view ReferenceOf(const InvoiceFacts& facts);
+  /// What a line corrects in a document that has this reference: its own, or that.
+  static std::string_view ReferenceOf(const InvoiceLineFacts& line, std::string_view first);
   /// The rate that a line says it has; nothing where it is none that is judged.
   static std::optional<VatRate> RateOf(const TaxFacts& tax);
 

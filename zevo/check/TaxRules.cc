@@ -161,10 +161,8 @@ RateFault FaultOfCorrection(const VatRate& rate, const Decimal& value, const Doc
   return {beside ? &kRateOfDayBeside : &kOtherRateOfCorrected, {}, std::to_string(*rate.On(*date))};
 }
 
-RateFault FaultOfCorrection(const InvoiceFacts& invoice, const InvoiceLineFacts& line, const DocumentTable& documents) {
-  const std::string_view reference = LateRates::ReferenceOf(invoice, line);
-  if (reference.empty()) return {};
-  const auto document = DocumentReferences::Find(reference, documents);
+RateFault FaultOfCorrection(const InvoiceLineFacts& line, std::string_view first, const DocumentTable& documents) {
+  const auto document = DocumentReferences::Find(LateRates::ReferenceOf(line, first), documents);
   const auto rate = LateRates::RateOf(line.tax);
   if (!document || !rate) return {};
   RateFault fault = FaultOfCorrection(*rate, *line.tax.percentage, documents[*document]);
@@ -173,9 +171,12 @@ RateFault FaultOfCorrection(const InvoiceFacts& invoice, const InvoiceLineFacts&
 }
 
 void JudgeRates(const InvoiceFacts& invoice, Judgement& judgement) {
+  const std::string_view first = LateRates::ReferenceOf(invoice);
   for (const InvoiceLineFacts& line : invoice.lines) {
     RateFault fault = FaultOfRate(invoice, line);
-    if (fault.sentence == nullptr) fault = FaultOfCorrection(invoice, line, judgement.File().Documents());
+    if (fault.sentence == nullptr && !first.empty()) {
+      fault = FaultOfCorrection(line, first, judgement.File().Documents());
+    }
     if (fault.sentence == nullptr) continue;
     judgement.Tell(
         *fault.sentence, invoice, fault.at,
