@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/DocumentReferences.h>
 
+#include <zevo/check/AbsoluteValue.h>
 #include <zevo/platform/Text.h>
 
 #include <algorithm>
@@ -11,8 +12,6 @@ namespace zevo {
 namespace {
 
 constexpr int kCreditDecimals = 6;
-
-Decimal Unsigned(const Decimal& number) { return number.IsNegative() ? -number : number; }
 
 /// The number that a reference has, in the spelling of the file.
 class ReferredNumber {
@@ -89,9 +88,9 @@ DocumentReferences::Credit DocumentReferences::CreditOf(const InvoiceFacts& fact
   Credit credit;
   std::optional<int64_t> net;
   if (shares_.size() == 1) {
-    if (facts.totals.net.Read()) net = Unsigned(*facts.totals.net).InUnits(kCreditDecimals);
+    if (facts.totals.net.Read()) net = AbsoluteValue(*facts.totals.net).InUnits(kCreditDecimals);
   } else if (share.debit.known && share.credit.known) {
-    net = Unsigned(share.debit.sum - share.credit.sum).InUnits(kCreditDecimals);
+    net = AbsoluteValue(share.debit.sum - share.credit.sum).InUnits(kCreditDecimals);
     credit.inexact = static_cast<uint32_t>(share.debit.inexact + share.credit.inexact) & 0x7FFFFFFFU;
   }
   if (net) {
@@ -169,7 +168,7 @@ std::vector<DocumentReferences::Excess> DocumentReferences::Excesses(const Docum
     }
     const DocumentTable::Document& corrected = documents[document];
     if (!sum.known || !corrected.Net() || corrected.State() == DocumentTable::State::kCancelled) continue;
-    const Decimal net = Unsigned(*corrected.Net());
+    const Decimal net = AbsoluteValue(*corrected.Net());
     if (sum.sum > net && !sum.Allows(net)) excesses.push_back({document, net, sum.sum});
   }
   return excesses;
