@@ -19,15 +19,14 @@ struct NamedSeverity {
 };
 // In the order of `Severity`.
 constexpr std::array kSeverityNames{
-    NamedSeverity{"off", words::kOff},
-    NamedSeverity{"information", words::kInformation},
-    NamedSeverity{"warning", words::kWarning},
-    NamedSeverity{"error", words::kError},
+    NamedSeverity{NameOf(Severity::kOff), words::kOff},
+    NamedSeverity{NameOf(Severity::kInformation), words::kInformation},
+    NamedSeverity{NameOf(Severity::kWarning), words::kWarning},
+    NamedSeverity{NameOf(Severity::kError), words::kError},
 };
 
 }  // namespace
 
-std::string_view NameOf(Severity severity) { return kSeverityNames[static_cast<size_t>(severity)].name; }
 std::string_view WordOf(Severity severity) {
   return kSeverityNames[static_cast<size_t>(severity)].word.In(SpokenLanguage());
 }

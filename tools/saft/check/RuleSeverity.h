@@ -7,11 +7,11 @@
 #include <string>
 #include <string_view>
 
+#include "tools/saft/words/SeverityName.h"
+
 namespace zevo::saft {
 
-/// What programs call a severity: "error", "warning", "information" or "off".
-std::string_view NameOf(Severity severity);
-/// What people call it, in the language spoken.
+/// What people call a severity, in the language spoken.
 std::string_view WordOf(Severity severity);
 
 /// What a rule is about, and what must hold, in the language spoken.

@@ -2,7 +2,6 @@
 #include "tools/saft/export/FileExport.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
 
@@ -15,6 +14,7 @@
 #include "tools/saft/tables/CellOf.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/ExportWords.h"
+#include "tools/saft/words/SeverityName.h"
 #include "tools/saft/words/SpokenLanguage.h"
 
 namespace zevo::saft {
@@ -25,11 +25,6 @@ std::string TrimmedText(const AuditFileScanner& scanner, std::string_view path) 
 }
 
 Cell DateOrNothing(std::string_view text) { return CellOf(text, ColumnType::kDate).value_or(Cell()); }
-
-std::string_view NameOf(Severity severity) {
-  constexpr std::array<std::string_view, 4> kNames{"off", "information", "warning", "error"};
-  return kNames[static_cast<size_t>(severity)];
-}
 
 // Dates of the calendar are in the order of their texts.
 bool Overlap(const LoadedFile& one, const LoadedFile& other) {
