@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <zevo/check/DocumentReferences.h>
-#include <zevo/dal/EntityScanner.h>
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/check/FactsTest.h"
 
 namespace zevo {
 namespace {
@@ -16,46 +14,38 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class DocumentReferencesTest : public ::testing::Test {
+class DocumentReferencesTest : public testing::FactsTest {
  protected:
   static std::string Invoice(std::string_view number, std::string_view net) {
-    return std::string("<Invoice><InvoiceNo>")
+    return std::string("<InvoiceNo>")
         .append(number)
         .append("</InvoiceNo><InvoiceType>FT</InvoiceType><DocumentTotals><NetTotal>")
         .append(net)
-        .append("</NetTotal></DocumentTotals></Invoice>");
+        .append("</NetTotal></DocumentTotals>");
   }
   // A credit note with a line of 1 for each reference.
   static std::string Note(std::string_view number, const std::vector<std::string>& references, std::string_view net) {
-    std::string note("<Invoice><InvoiceNo>");
+    std::string note("<InvoiceNo>");
     note.append(number).append("</InvoiceNo><InvoiceDate>2008-03-05</InvoiceDate><InvoiceType>NC</InvoiceType>");
     for (const std::string& reference : references) {
       note.append("<Line><References><CreditNote><Reference>").append(reference);
       note.append("</Reference></CreditNote></References><DebitAmount>1.00</DebitAmount></Line>");
     }
-    return note.append("<DocumentTotals><NetTotal>").append(net).append("</NetTotal></DocumentTotals></Invoice>");
+    return note.append("<DocumentTotals><NetTotal>").append(net).append("</NetTotal></DocumentTotals>");
   }
 
   // Takes the invoices of a file; tells what each refers to that is before it.
   std::vector<std::string> Take(const std::vector<std::string>& invoices) {
-    std::string document = "<AuditFile><SourceDocuments><SalesInvoices>";
-    for (const std::string& invoice : invoices) document += invoice;
-    document.append("</SalesInvoices></SourceDocuments></AuditFile>");
-    EntityScanner scanner(folder_.Write("file.xml", document));
-    scanner.Open("Test");
-    InvoiceFacts facts;
     std::vector<std::string> found;
-    while (const ScannedEntity* const entity = scanner.Next("Test")) {
-      if (entity->Kind() != EntityKind::kInvoice) continue;
-      TakeFacts(*entity, facts);
+    ForEachInvoice(invoices, [&](const InvoiceFacts& facts) {
       documents_.Take(facts);
       references_.Take(facts, documents_);
       std::string& of_this = found.emplace_back();
       for (const auto& one : references_.OfThis()) {
-        of_this.append(of_this.empty() ? "" : ", ").append(entity->PathOf(one.reference->element).substr(0, 7));
+        of_this.append(of_this.empty() ? "" : ", ").append(facts.entity->PathOf(one.reference->element).substr(0, 7));
         of_this.append(" ").append(one.document ? documents_.TextOf(documents_[*one.document]) : "itself");
       }
-    }
+    });
     return found;
   }
   std::vector<std::string> Excesses() const {
@@ -67,7 +57,6 @@ class DocumentReferencesTest : public ::testing::Test {
     return excesses;
   }
 
-  testing::TemporaryFolder folder_;
   DocumentTable documents_;
   DocumentReferences references_;
 };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <zevo/check/DocumentTable.h>
-#include <zevo/dal/EntityScanner.h>
 
 #include <algorithm>
 #include <iterator>
@@ -10,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/check/FactsTest.h"
 #include "tests/support/ProcessorTime.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace zevo {
 namespace {
@@ -19,23 +17,15 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class DocumentTableTest : public ::testing::Test {
+class DocumentTableTest : public testing::FactsTest {
  protected:
   // Takes the invoices of a file in which they hold this; tells of each whether its number is repeated, such as "-R".
   std::string Take(const std::vector<std::string>& invoices) {
-    std::string document = "<AuditFile><SourceDocuments><SalesInvoices>";
-    for (const std::string& invoice : invoices) document.append("<Invoice>").append(invoice).append("</Invoice>\n");
-    document.append("</SalesInvoices></SourceDocuments></AuditFile>");
-    EntityScanner scanner(folder_.Write("file.xml", document));
-    scanner.Open("Test");
     std::string repeated;
-    InvoiceFacts facts;
-    while (const ScannedEntity* const entity = scanner.Next("Test")) {
-      if (entity->Kind() != EntityKind::kInvoice) continue;
-      TakeFacts(*entity, facts);
+    ForEachInvoice(invoices, [&](const InvoiceFacts& facts) {
       table_.Take(facts);
       repeated += table_.IsRepeated() ? 'R' : table_.OtherSpelling() ? 'Z' : table_.IsNumbered() ? '-' : '?';
-    }
+    });
     return repeated;
   }
   std::string TakeNumbers(const std::vector<std::string_view>& numbers) {
@@ -56,7 +46,6 @@ class DocumentTableTest : public ::testing::Test {
     return found ? table_.TextOf(table_[*found]) : "none";
   }
 
-  testing::TemporaryFolder folder_;
   DocumentTable table_;
 };
 
