@@ -105,6 +105,16 @@ class CheckerFacesTest : public ::testing::Test {
     EXPECT_EQ(checker_->CountOf(Bstr(id), &count), S_OK);
     return count;
   }
+  LONG CountOfSeverity(const wchar_t* id, Severities severity) {
+    LONG count = -1;
+    EXPECT_EQ(checker_->CountOfSeverity(Bstr(id), severity, &count), S_OK);
+    return count;
+  }
+  LONG RecordsOf(const wchar_t* kind) {
+    LONG records = -1;
+    EXPECT_EQ(checker_->RecordsOf(Bstr(kind), &records), S_OK);
+    return records;
+  }
   ComPtr<_FindingCollection> Collection() { return ObjectFrom(*checker_.Get(), &_AuditFileChecker::get_Findings); }
   std::vector<ComPtr<_Finding>> Findings() { return ItemsOf<_Finding>(*Collection().Get()); }
   std::vector<std::wstring> Rules() {
@@ -481,6 +491,29 @@ TEST_F(CheckerFacesTest, EnumerationsAreThoseOfTheLibrary) {
   }
 }
 
+TEST_F(CheckerFacesTest, CountsAreOfEachSeverity) {
+  EXPECT_EQ(CountOfSeverity(L"HDR-PERIOD", severityWarning), 0);
+  EXPECT_TRUE(Check(FileOfEachSeverity()));
+  EXPECT_EQ(CountOf(L"HDR-PERIOD"), 2);
+  EXPECT_EQ(CountOfSeverity(L"HDR-PERIOD", severityWarning), 1);
+  EXPECT_EQ(CountOfSeverity(L"HDR-PERIOD", severityInformation), 1);
+  EXPECT_EQ(CountOfSeverity(L"HDR-PERIOD", severityError), 0);
+  EXPECT_EQ(CountOfSeverity(L"GL-RECORD", severityError), 1);
+  LONG count = -1;
+  EXPECT_EQ(checker_->CountOfSeverity(Bstr(L"none"), severityError, &count), kInvalidCall);
+}
+
+TEST_F(CheckerFacesTest, RecordsThatWereJudgedAreCounted) {
+  EXPECT_EQ(RecordsOf(L"Invoice"), 0);
+  EXPECT_TRUE(Check(CleanFile().Text()));
+  EXPECT_EQ(RecordsOf(L"Invoice"), 3);
+  EXPECT_EQ(RecordsOf(L"Customer"), 2);
+  EXPECT_EQ(RecordsOf(L"header"), 1);
+  LONG records = -1;
+  EXPECT_EQ(checker_->RecordsOf(Bstr(L"Line"), &records), kInvalidCall);
+  EXPECT_EQ(checker_->RecordsOf(nullptr, &records), kInvalidCall);
+}
+
 TEST_F(CheckerFacesTest, FailuresAreKeptAndNotRaised) {
   EXPECT_FALSE(CheckAgain());
   EXPECT_EQ(FailureNumber(), -2147221503);
@@ -532,6 +565,9 @@ TEST_F(CheckerFacesTest, MembersAreCalledByName) {
   EXPECT_TRUE(Call(checker, L"CheckAuditFile").value.Flag());
   EXPECT_EQ(Get(checker, L"Verdict").value.Number(), verdictErrors);
   EXPECT_EQ(Call(checker, L"CountOf", {Variant(L"GL-RECORD")}).value.Number(), 1);
+  EXPECT_EQ(Call(checker, L"CountOfSeverity", {Variant(L"GL-RECORD"), Variant(severityError)}).value.Number(), 1);
+  EXPECT_EQ(Call(checker, L"CountOfSeverity", {Variant(L"GL-RECORD"), Variant(7)}).number, kInvalidCall);
+  EXPECT_EQ(Call(checker, L"RecordsOf", {Variant(L"Invoice")}).value.Number(), 3);
   EXPECT_EQ(V_R8(&*Get(checker, L"BytesRead").value), static_cast<DOUBLE>(document.size()));
   const Variant findings = Get(checker, L"Findings").value;
   EXPECT_EQ(Get(findings.Object(), L"Count").value.Number(), 1);
@@ -558,6 +594,8 @@ TEST_F(CheckerFacesTest, CallsWithoutAPlaceForTheAnswerAreRefused) {
   EXPECT_EQ(checker_->get_BytesRead(nullptr), E_POINTER);
   EXPECT_EQ(checker_->get_Verdict(nullptr), E_POINTER);
   EXPECT_EQ(checker_->CountOf(id, nullptr), E_POINTER);
+  EXPECT_EQ(checker_->CountOfSeverity(id, severityError, nullptr), E_POINTER);
+  EXPECT_EQ(checker_->RecordsOf(Bstr(L"Invoice"), nullptr), E_POINTER);
   EXPECT_EQ(checker_->get_Findings(nullptr), E_POINTER);
   EXPECT_EQ(checker_->MessageOf(finding.Get(), nullptr), E_POINTER);
   EXPECT_EQ(checker_->get_Rules(nullptr), E_POINTER);

@@ -124,7 +124,8 @@ TEST(FileFacesMembersTest, MembersOfTheCheckerStandInTheirSlots) {
                                        L"=AuditFileSchema", L"Language",      L"=Language",      L"MostFindings",
                                        L"=MostFindings",    L"AddPublicKey",  L"Severity",       L"=Severity",
                                        L"CheckAuditFile",   L"AbortChecking", L"BytesRead",      L"Verdict",
-                                       L"CountOf",          L"Findings",      L"MessageOf",      L"Rules"}));
+                                       L"CountOf",          L"Findings",      L"MessageOf",      L"Rules",
+                                       L"CountOfSeverity",  L"RecordsOf"}));
   EXPECT_EQ(MembersOf(__uuidof(_Finding)),
             (std::vector<std::wstring>{L"Rule", L"Severity", L"Kind", L"Key", L"Path", L"Line", L"Column", L"Offset",
                                        L"Found", L"Expected", L"Difference", L"Message"}));

@@ -118,6 +118,16 @@ class AuditFileCheckerFace final : public EventFace<zevo::AuditFileChecker> {
       return rules_;
     });
   }
+  STDMETHODIMP CountOfSeverity(BSTR id, ::Severities severity, LONG* value) override {
+    return Answer(value, [&] { return core().CountOf(TextOf(id), Conversion<Severity>::From(severity)); });
+  }
+  STDMETHODIMP RecordsOf(BSTR kind, LONG* value) override {
+    return Answer(value, [&] {
+      const auto known = EntityKindOf(TextOf(kind));
+      if (!known) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+      return core().RecordsOf(*known);
+    });
+  }
 
  private:
   // The members of the event interface.

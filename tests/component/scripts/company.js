@@ -140,6 +140,8 @@ checker.Severity("GL-BALANCE") = 2;
 expect("severity set", checker.Severity("GL-BALANCE"), 2);
 expect("rule", checker.Rules("GL-BALANCE").Title.length > 0, true);
 expect("schema", checker.CountOf("SCHEMA"), 0);
+expect("schema errors", checker.CountOfSeverity("SCHEMA", 3), 0);
+expect("invoices", checker.RecordsOf("Invoice"), 1);
 
 try {
   invoice.Line.Item(2);
