@@ -40,11 +40,21 @@ void WriteHeader(zevo::AuditFile& file) {
   Check(file, file.CreateHeader(header));
 }
 
-void WriteMasterFiles(zevo::AuditFile& file) {
+// An account stands with those that integrate it, which are the beginnings of its number.
+void WriteAccount(zevo::AuditFile& file, const char* id, const char* description) {
   zevo::GeneralLedger account;
-  account.set_AccountID("21111");
-  account.set_AccountDescription("Clientes gerais");
+  account.set_AccountID(id);
+  account.set_AccountDescription(description);
   Check(file, file.CreateGeneralLedger(account));
+}
+
+void WriteMasterFiles(zevo::AuditFile& file) {
+  WriteAccount(file, "21", "Clientes");
+  WriteAccount(file, "21111", "Clientes gerais");
+  WriteAccount(file, "24", "Estado e outros entes públicos");
+  WriteAccount(file, "2433", "IVA liquidado");
+  WriteAccount(file, "71", "Vendas");
+  WriteAccount(file, "711", "Mercadorias");
   zevo::Customer customer;
   customer.set_CustomerID("C001");
   customer.set_AccountID("21111");
@@ -110,6 +120,7 @@ void WriteInvoices(zevo::AuditFile& file) {
   invoice.set_InvoiceDate("2012-03-15");
   invoice.set_InvoiceType(zevo::itFT);
   invoice.set_SystemEntryDate("2012-03-15T10:20:00");
+  invoice.set_TransactionID("2012-03-15 VENDAS 1");
   invoice.set_CustomerID("C001");
   auto line = std::make_shared<zevo::InvoiceLine>();
   line->set_LineNumber(1);

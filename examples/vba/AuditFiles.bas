@@ -28,13 +28,13 @@ Public Sub ExportInvoices(ByVal path As String)
   Check file.CreateSalesInvoices(totals), file
 
   Set sale = NewInvoice("FT A/1", "2012-01-10", "2012-01-10T12:38:54", "C0001", 109.3, 475.2)
-  AddLine sale, 1, "M005", "Marmelada caseira, tigela 400 g", 72, "UN", 3.1, 223.2, "NOR", 23
-  AddLine sale, 2, "V009", "Aguardente vínica velha 0,50 L", 15, "UN", 16.8, 252, "NOR", 23
+  AddLine sale, 1, "M005", "Marmelada caseira, tigela 400 g", 72, "UN", 3.1, 0, 223.2, "NOR", 23
+  AddLine sale, 2, "V009", "Aguardente vínica velha 0,50 L", 15, "UN", 16.8, 0, 252, "NOR", 23
   Check file.CreateInvoice(sale, totals), file
 
   Set sale = NewInvoice("FT A/2", "2012-01-11", "2012-01-11T09:32:03", "C0020", 90.36, 987.32)
-  AddLine sale, 1, "V003", "Vinho branco Dão ""Carqueja Brava"" 2011 0,75 L", 144, "UN", 3.25, 444.6, "INT", 13
-  AddLine sale, 2, "Q001", "Queijo de ovelha curado amanteigado", 38.6, "KG", 14.8, 542.72, "RED", 6
+  AddLine sale, 1, "V003", "Vinho branco Dão ""Carqueja Brava"" 2011 0,75 L", 144, "UN", 3.25, 23.4, 444.6, "INT", 13
+  AddLine sale, 2, "Q001", "Queijo de ovelha curado amanteigado", 38.6, "KG", 14.8, 28.56, 542.72, "RED", 6
   Check file.CreateInvoice(sale, totals), file
 
   Check file.UpdateSalesInvoices(totals), file
@@ -186,10 +186,11 @@ Private Function NewInvoice(ByVal number As String, ByVal day As String, ByVal e
   Set NewInvoice = sale
 End Function
 
+' The credit is what is left of quantity by price when the discount is off.
 Private Sub AddLine(ByVal sale As Invoice, ByVal number As Long, ByVal productCode As String, _
                     ByVal description As String, ByVal quantity As Currency, ByVal unit As String, _
-                    ByVal price As Currency, ByVal credit As Currency, ByVal taxCode As String, _
-                    ByVal percentage As Single)
+                    ByVal price As Currency, ByVal discount As Currency, ByVal credit As Currency, _
+                    ByVal taxCode As String, ByVal percentage As Single)
   Dim item As InvoiceLine
   Dim rate As Tax
   Set item = New InvoiceLine
@@ -202,6 +203,7 @@ Private Sub AddLine(ByVal sale As Invoice, ByVal number As Long, ByVal productCo
   item.TaxPointDate = sale.InvoiceDate
   item.Description = description
   item.CreditAmount = credit
+  item.SettlementAmount = discount
   Set rate = New Tax
   rate.TaxCountryRegion = "PT"
   rate.TaxCode = taxCode

@@ -26,13 +26,13 @@ Set totals = CreateObject("ZevoAdapters11.SalesInvoices")
 Check file.CreateSalesInvoices(totals)
 
 Set invoice = NewInvoice("FT A/1", "2012-01-10", "2012-01-10T12:38:54", "C0001", "109.30", "475.20")
-AddLine invoice, 1, "M005", "Marmelada caseira, tigela 400 g", "72", "UN", "3.10", "223.20", "NOR", 23
-AddLine invoice, 2, "V009", "Aguardente vínica velha 0,50 L", "15", "UN", "16.80", "252.00", "NOR", 23
+AddLine invoice, 1, "M005", "Marmelada caseira, tigela 400 g", "72", "UN", "3.10", "0", "223.20", "NOR", 23
+AddLine invoice, 2, "V009", "Aguardente vínica velha 0,50 L", "15", "UN", "16.80", "0", "252.00", "NOR", 23
 Check file.CreateInvoice(invoice, totals)
 
 Set invoice = NewInvoice("FT A/2", "2012-01-11", "2012-01-11T09:32:03", "C0020", "90.36", "987.32")
-AddLine invoice, 1, "V003", "Vinho branco Dão ""Carqueja Brava"" 2011 0,75 L", "144", "UN", "3.25", "444.60", "INT", 13
-AddLine invoice, 2, "Q001", "Queijo de ovelha curado amanteigado", "38.6", "KG", "14.80", "542.72", "RED", 6
+AddLine invoice, 1, "V003", "Vinho branco Dão ""Carqueja Brava"" 2011 0,75 L", "144", "UN", "3.25", "23.40", "444.60", "INT", 13
+AddLine invoice, 2, "Q001", "Queijo de ovelha curado amanteigado", "38.6", "KG", "14.80", "28.56", "542.72", "RED", 6
 Check file.CreateInvoice(invoice, totals)
 
 Check file.UpdateSalesInvoices(totals)
@@ -140,7 +140,8 @@ Function NewInvoice(number, day, entered, customerID, tax, net)
   Set NewInvoice = invoice
 End Function
 
-Sub AddLine(invoice, number, product, description, quantity, unit, price, credit, taxCode, percentage)
+' The credit is what is left of quantity by price when the discount is off.
+Sub AddLine(invoice, number, product, description, quantity, unit, price, discount, credit, taxCode, percentage)
   Dim line, tax
   Set line = CreateObject("ZevoAdapters11.InvoiceLine")
   line.LineNumber = number
@@ -152,6 +153,7 @@ Sub AddLine(invoice, number, product, description, quantity, unit, price, credit
   line.TaxPointDate = invoice.InvoiceDate
   line.Description = description
   line.CreditAmount = Amount(credit)
+  line.SettlementAmount = Amount(discount)
   Set tax = CreateObject("ZevoAdapters11.Tax")
   tax.TaxCountryRegion = "PT"
   tax.TaxCode = taxCode
