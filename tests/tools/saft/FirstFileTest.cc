@@ -9,7 +9,7 @@ namespace {
 class FirstFileTest : public testing::PageTest {};
 
 TEST_F(FirstFileTest, ThePageIsWhatAUserSees) {
-  RunPage(testing::ReadBytes(FIRST_FILE_PAGE), 10);
+  RunPage(testing::ReadBytes(FIRST_FILE_PAGE), 11);
   EXPECT_EQ(Run({"validate", folder_.Path("padaria.xml")}).code, 0);
 }
 
