@@ -53,6 +53,27 @@ TEST_F(SimpleTypeTest, TypesOfXmlSchemaAreKnown) {
   }
 }
 
+TEST_F(SimpleTypeTest, DatesAndTimesHaveNoBlanksAroundThem) {
+  for (const std::string_view type : {"date", "dateTime", "gYear"}) {
+    const std::string text = std::string("2008-02-29T10:00:00")
+                                 .substr(0, type == "date"    ? 10
+                                            : type == "gYear" ? 4
+                                                              : 19);
+    EXPECT_EQ(Verdict(*SimpleType::BuiltIn(type), text), kTaken);
+    for (const std::string& blank : {" " + text, text + " ", "\n" + text, text + "\t"}) {
+      EXPECT_EQ(Verdict(*SimpleType::BuiltIn(type), blank), XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1) << type;
+      EXPECT_EQ(SimpleType::BuiltIn(type)->Check(blank)->allowed, type);
+    }
+  }
+  const auto since = Restrict("date", R"(<xs:minInclusive value="2000-01-01"/>)");
+  EXPECT_EQ(Verdict(*since, "2008-02-29 "), XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1);
+  // With a pattern libxml2 takes them off.
+  EXPECT_EQ(Verdict(*Restrict("date", R"(<xs:pattern value="2.*"/>)"), " 2008-02-29 "), kTaken);
+  for (const std::string_view type : {"decimal", "integer", "boolean"}) {
+    EXPECT_EQ(Verdict(*SimpleType::BuiltIn(type), " 1 "), kTaken) << type;
+  }
+}
+
 TEST_F(SimpleTypeTest, EveryFacetIsJudgedAndToldWithItsValue) {
   const struct {
     std::string_view base;

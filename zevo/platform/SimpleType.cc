@@ -126,8 +126,17 @@ std::string SimpleType::Normalized(std::string_view text) const {
   return changed ? std::string(reinterpret_cast<const char*>(changed.get())) : value;
 }
 
+// libxml2 takes white space off for patterns and enumerations alone, though the types would have it so. Its numbers are
+// taken with blanks around them all the same, its dates and times are not.
+bool SimpleType::TakesWhiteSpaceOff() const {
+  for (const SimpleType* step = this; step != nullptr; step = step->base_.get()) {
+    if (!step->patterns_.empty() || !step->enumeration_.empty()) return true;
+  }
+  return false;
+}
+
 std::optional<SimpleType::Refusal> SimpleType::Check(std::string_view text) const {
-  const std::string normalized = Normalized(text);
+  const std::string normalized = TakesWhiteSpaceOff() ? Normalized(text) : std::string(text);
   const xmlChar* const value = Xml(normalized);
   xmlSchemaVal* made = nullptr;
   const int type_fault = xmlSchemaValPredefTypeNodeNoNorm(built_in_, value, &made, nullptr);

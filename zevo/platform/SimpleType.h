@@ -59,6 +59,7 @@ class SimpleType {
   using Facets = std::deque<Facet>;  // libxml2 keeps the addresses of their values
 
   bool IsString() const;
+  bool TakesWhiteSpaceOff() const;
   bool Add(std::string_view facet, std::string_view value);
 
   std::shared_ptr<const SimpleType> base_;  // null for XML Schema's own
