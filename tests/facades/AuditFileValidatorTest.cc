@@ -66,6 +66,33 @@ TEST_F(AuditFileValidatorTest, OfAValidFileNothingIsTold) {
   EXPECT_THAT(violations_, IsEmpty());
 }
 
+TEST_F(AuditFileValidatorTest, ADateWithBlanksIsToldInItsRecordWithItsPlace) {
+  ASSERT_TRUE(Validate(With("<InvoiceDate>2008-03-09<", "<InvoiceDate> 2008-03-09\n<")));
+  ASSERT_THAT(violations_, SizeIs(1));
+  EXPECT_EQ(violations_[0].kind, EntityKind::kInvoice);
+  EXPECT_EQ(violations_[0].path, "InvoiceDate");
+  EXPECT_EQ(violations_[0].value, " 2008-03-09\n");
+  EXPECT_EQ(violations_[0].allowed, "date");
+  EXPECT_GT(violations_[0].place.offset, 0);
+  EXPECT_THAT(Sentences(Language::kEnglish)[0], StartsWith("Invoice FT 2008/1: InvoiceDate, \" 2008-03-09\n\", must be "
+                                                           "a date, such as 2008-03-05, without blanks around it"));
+}
+
+// The patterns are those that the sentences know.
+TEST_F(AuditFileValidatorTest, CodesOfThePatternsAreToldInWords) {
+  const auto told = [this](std::string_view text, std::string_view other) {
+    EXPECT_TRUE(Validate(With(text, other)));
+    return violations_.size() == 1 ? Sentences(Language::kEnglish)[0] : std::to_string(violations_.size());
+  };
+  const std::string country = "must be the code of a country, of two letters (ISO 3166)";
+  EXPECT_THAT(told("<Country>CH<", "<Country>XX<"), HasSubstr(country));
+  EXPECT_THAT(told("<TaxCountryRegion>PT-AC<", "<TaxCountryRegion>PT-XX<"), HasSubstr(country + ", PT-AC or PT-MA ("));
+  EXPECT_THAT(told("<CurrencyCode>USD<", "<CurrencyCode>XXX<"),
+              HasSubstr("must be the code of a currency, of three letters (ISO 4217) ("));
+  EXPECT_THAT(told("<TaxCode>INT<", "<TaxCode>MED<"),
+              HasSubstr("must be RED, INT, NOR, ISE, OUT or the number of an item, such as 17.3.1 ("));
+}
+
 TEST_F(AuditFileValidatorTest, AViolationHasItsRecordItsPlaceAndWhatWouldBeRight) {
   const std::string document = With("<InvoiceStatus>N<", "<InvoiceStatus>X<");
   ASSERT_TRUE(Validate(document));

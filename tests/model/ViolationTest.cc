@@ -69,6 +69,15 @@ const std::vector<Case>& Cases() {
        ": A, \"1.234\", must not have more than 2 digits behind the point"},
       {OfInvoice(XML_SCHEMAV_CVC_PATTERN_VALID, "A", "x", "[0-9]+"), ": A, \"x\", não tem a forma certa, que é [0-9]+",
        ": A, \"x\", does not have the right form, which is [0-9]+"},
+      {OfInvoice(XML_SCHEMAV_CVC_PATTERN_VALID, "A", "3500", "([0-9]{4}-[0-9]{3})"),
+       ": A, \"3500\", tem de ser um código postal, como 1000-001",
+       ": A, \"3500\", must be a postal code, such as 1000-001"},
+      {OfInvoice(XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, "InvoiceDate", " 2008-03-05", "date"),
+       ": InvoiceDate, \" 2008-03-05\", tem de ser uma data, como 2008-03-05, sem espaços à volta",
+       ": InvoiceDate, \" 2008-03-05\", must be a date, such as 2008-03-05, without blanks around it"},
+      {OfInvoice(XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, "A", "-0.1234567890123456789012345", "decimal"),
+       ": A, \"-0.1234567890123456789012345\", tem mais do que os 24 algarismos que um número pode ter",
+       ": A, \"-0.1234567890123456789012345\", has more than the 24 digits that a number may have"},
       {OfInvoice(XML_SCHEMAV_CVC_ENUMERATION_VALID, "InvoiceStatus", "X", "N, S, A, F"),
        ": InvoiceStatus, \"X\", tem de ser um de: N, S, A, F", ": InvoiceStatus, \"X\", must be one of: N, S, A, F"},
       {OfInvoice(XML_SCHEMAV_CVC_ELT_5_2_2_2_1, "A", "ES", "PT"), ": A, \"ES\", tem de ser \"PT\"",
@@ -109,6 +118,57 @@ TEST(ViolationTest, EveryKindHasASentenceInBothLanguages) {
     portuguese.insert(each.portuguese);
   }
   EXPECT_EQ(portuguese.size(), Cases().size());
+}
+
+std::string RestOf(int32_t number, const std::string& value, const std::string& allowed, Language language) {
+  const std::string sentence = Describe({number, {}, "", "A", {}, value, allowed}, language);
+  return sentence.substr(sentence.find("\", ") + 3);
+}
+
+TEST(ViolationTest, PatternsOfTheSchemaAreToldInWords) {
+  const std::string two_letters = "A[DEFGILMNOQRSTUWXZ]|B[ABDE]|Z[AMW]";
+  const struct {
+    std::string pattern;
+    std::string portuguese;
+    std::string english;
+  } cases[] = {
+      {two_letters + "|", "o código de um país, de duas letras (ISO 3166)",
+       "the code of a country, of two letters (ISO 3166)"},
+      {two_letters + "|Desconhecido|", "o código de um país, de duas letras (ISO 3166), ou Desconhecido",
+       "the code of a country, of two letters (ISO 3166), or Desconhecido"},
+      {two_letters + "|PT-(AC|MA)", "o código de um país, de duas letras (ISO 3166), PT-AC ou PT-MA",
+       "the code of a country, of two letters (ISO 3166), PT-AC or PT-MA"},
+      {"A(ED|FN|LL)|Z(AR|MK)|", "o código de uma moeda, de três letras (ISO 4217)",
+       "the code of a currency, of three letters (ISO 4217)"},
+      {"(([1-8][0-9a-zA-Z]*)|Desconhecido)",
+       "um número de conta, que começa por um algarismo de 1 a 8, ou Desconhecido",
+       "the number of an account, which begins with a digit from 1 to 8, or Desconhecido"},
+      {"(([1-8][0-9a-zA-Z]*))", "um número de conta, que começa por um algarismo de 1 a 8",
+       "the number of an account, which begins with a digit from 1 to 8"},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(RestOf(XML_SCHEMAV_CVC_PATTERN_VALID, "x", each.pattern, Language::kPortuguese),
+              "tem de ser " + each.portuguese + ".");
+    EXPECT_EQ(RestOf(XML_SCHEMAV_CVC_PATTERN_VALID, "x", each.pattern, Language::kEnglish),
+              "must be " + each.english + ".");
+  }
+  // One that only begins alike is another.
+  EXPECT_EQ(RestOf(XML_SCHEMAV_CVC_PATTERN_VALID, "x", "(([1-8][0-9a-zA-Z]*))?", Language::kEnglish),
+            "does not have the right form, which is (([1-8][0-9a-zA-Z]*))?.");
+}
+
+TEST(ViolationTest, NumbersMayHave24Digits) {
+  const auto english = [](const std::string& value, const std::string& type) {
+    return RestOf(XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, value, type, Language::kEnglish);
+  };
+  const std::string digits(24, '1');
+  const std::string too_many = "has more than the 24 digits that a number may have.";
+  EXPECT_EQ(english(digits + "1", "decimal"), too_many);
+  EXPECT_EQ(english(" +000" + digits + ".0", "decimal"), too_many);
+  EXPECT_EQ(english(digits + "1", "integer"), too_many);
+  EXPECT_EQ(english(digits, "decimal"), "must be a number, with a point before its decimals.");
+  EXPECT_EQ(english(digits + ",1", "decimal"), "must be a number, with a point before its decimals.");
+  EXPECT_EQ(english(digits + ".1", "integer"), "must be a whole number.");
 }
 
 TEST(ViolationTest, EveryKindOfRecordIsNamedInBothLanguages) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Violation.h>
 
+#include <zevo/model/Decimal.h>
 #include <zevo/model/SentenceName.h>
 #include <zevo/model/internal/Phrase.h>
 #include <zevo/model/internal/ToldViolation.h>
+#include <zevo/platform/Text.h>
 
 #include <algorithm>
 #include <array>
@@ -23,6 +25,8 @@ enum class Wrong : uint8_t {
   kDuplicate,
   kDangling,
   kType,
+  kTypeWithBlanks,
+  kTooManyDigits,
   kLength,
   kMinLength,
   kMaxLength,
@@ -33,6 +37,7 @@ enum class Wrong : uint8_t {
   kTotalDigits,
   kFractionDigits,
   kPattern,
+  kPatternInWords,
   kEnumeration,
   kFixed,
   kAttribute,
@@ -77,6 +82,9 @@ constexpr auto kWrongRows = std::to_array<WrongRow>({
     {Wrong::kDuplicate, {"já identifica outro registo", "already identifies another record"}},
     {Wrong::kDangling, {"não identifica nenhum {1} do ficheiro", "identifies no {1} of the file"}},
     {Wrong::kType, {"tem de ser {1}", "must be {1}"}},
+    {Wrong::kTypeWithBlanks, {"tem de ser {1}, sem espaços à volta", "must be {1}, without blanks around it"}},
+    {Wrong::kTooManyDigits,
+     {"tem mais do que os 24 algarismos que um número pode ter", "has more than the 24 digits that a number may have"}},
     {Wrong::kLength, {"tem de ter exatamente {1}", "must have exactly {1}"}},
     {Wrong::kMinLength, {"tem de ter pelo menos {1}", "must have at least {1}"}},
     {Wrong::kMaxLength, {"não pode ter mais de {1}", "must not have more than {1}"}},
@@ -88,6 +96,7 @@ constexpr auto kWrongRows = std::to_array<WrongRow>({
     {Wrong::kFractionDigits,
      {"não pode ter mais de {1} depois do ponto", "must not have more than {1} behind the point"}},
     {Wrong::kPattern, {"não tem a forma certa, que é {1}", "does not have the right form, which is {1}"}},
+    {Wrong::kPatternInWords, {"tem de ser {1}", "must be {1}"}},
     {Wrong::kEnumeration, {"tem de ser um de: {1}", "must be one of: {1}"}},
     {Wrong::kFixed, {"tem de ser \"{1}\"", "must be \"{1}\""}},
     {Wrong::kAttribute, {"é um atributo que não pode existir", "is an attribute that may not be there"}},
@@ -128,6 +137,61 @@ constexpr auto kTypeRows = std::to_array<TypeRow>({
     {"boolean", {"true ou false", "true or false"}},
 });
 
+// Patterns that are lists of codes, or that an example tells better, by how they begin and end.
+struct PatternRow {
+  std::string_view front;
+  std::string_view back;
+  Phrase text;
+};
+constexpr auto kPatternRows = std::to_array<PatternRow>({
+    {"A[DEFGILMNOQRSTUWXZ]|",
+     "|PT-(AC|MA)",
+     {"o código de um país, de duas letras (ISO 3166), PT-AC ou PT-MA",
+      "the code of a country, of two letters (ISO 3166), PT-AC or PT-MA"}},
+    {"A[DEFGILMNOQRSTUWXZ]|",
+     "|Desconhecido|",
+     {"o código de um país, de duas letras (ISO 3166), ou Desconhecido",
+      "the code of a country, of two letters (ISO 3166), or Desconhecido"}},
+    {"A[DEFGILMNOQRSTUWXZ]|",
+     "|",
+     {"o código de um país, de duas letras (ISO 3166)", "the code of a country, of two letters (ISO 3166)"}},
+    {"A(ED|FN|",
+     "|",
+     {"o código de uma moeda, de três letras (ISO 4217)", "the code of a currency, of three letters (ISO 4217)"}},
+    {"RED|INT|NOR|ISE|OUT|([0-9.])*",
+     "",
+     {"RED, INT, NOR, ISE, OUT ou o número de uma verba, como 17.3.1",
+      "RED, INT, NOR, ISE, OUT or the number of an item, such as 17.3.1"}},
+    {"(([1-8][0-9a-zA-Z]*)",
+     "|Desconhecido)",
+     {"um número de conta, que começa por um algarismo de 1 a 8, ou Desconhecido",
+      "the number of an account, which begins with a digit from 1 to 8, or Desconhecido"}},
+    {"(([1-8][0-9a-zA-Z]*))",
+     "",
+     {"um número de conta, que começa por um algarismo de 1 a 8",
+      "the number of an account, which begins with a digit from 1 to 8"}},
+    {"([0-9]{4}-[0-9]{3})", "", {"um código postal, como 1000-001", "a postal code, such as 1000-001"}},
+    {"([a-zA-Z0-9./_-])+ ([a-zA-Z0-9]*/[0-9]+)",
+     "",
+     {"o tipo, um espaço, a série, uma barra e o número, como FT A/12",
+      "the type, a blank, the series, a slash and the number, such as FT A/12"}},
+    {R"([1-9][0-9]{3}-[01][0-9]-[0-3][0-9] \w{1,30} \w{1,20})",
+     "",
+     {"a data, o diário e o número do movimento, separados por um espaço, como 2008-03-05 VENDAS 1",
+      "the date, journal and number of the transaction with a blank between them, such as 2008-03-05 VENDAS 1"}},
+    {R"(([0-9])+|([a-zA-Z0-9\-/]+ [0-9]+))",
+     "",
+     {"algarismos, ou a conservatória, um espaço e algarismos, como Lisboa 12345",
+      "digits, or the registry, a blank and digits, such as Lisboa 12345"}},
+    {R"(\w+(\s\w+)*/\w+(\s\w+)*)",
+     "",
+     {"o programa, uma barra e quem o produz, como Contas/Exemplo",
+      "the program, a slash and its maker, such as Contas/Exemplo"}},
+});
+
+// The most digits of a number that libxml2 takes, zeros in front not counted.
+constexpr size_t kMostDigits = 24;
+
 constexpr Phrase kFile{"O ficheiro", "The file"};
 constexpr Phrase kOr{" ou ", " or "};
 constexpr Phrase kCharacter{"carácter", "character"};
@@ -151,6 +215,29 @@ bool Lists(std::string_view list, std::string_view name) {
   return false;
 }
 
+// Null for a pattern that is told as it is.
+const Phrase* WordsOfPattern(std::string_view pattern) {
+  const auto row = std::ranges::find_if(kPatternRows, [&](const PatternRow& known) {
+    return pattern.starts_with(known.front) && pattern.ends_with(known.back) &&
+           (!known.back.empty() || pattern.size() == known.front.size());
+  });
+  return row == kPatternRows.end() ? nullptr : &row->text;
+}
+
+// How a text is none of a type, which is told of the commonest.
+Wrong WrongOfType(const Violation& violation) {
+  const std::string_view type = violation.allowed;
+  if (type == "date" || type == "dateTime" || type == "time") {
+    return TrimWhiteSpace(violation.value) == violation.value ? Wrong::kType : Wrong::kTypeWithBlanks;
+  }
+  const bool whole = type == "integer" && violation.value.find('.') == std::string::npos;
+  if ((!whole && type != "decimal") || !Decimal::FromText(violation.value)) return Wrong::kType;
+  const std::string_view number = violation.value;
+  const size_t first = std::min(number.find_first_of("123456789"), number.size());
+  const auto digits = std::ranges::count_if(number.substr(first), [](char c) { return c >= '0' && c <= '9'; });
+  return static_cast<size_t>(digits) > kMostDigits ? Wrong::kTooManyDigits : Wrong::kType;
+}
+
 Wrong WrongOf(const Violation& violation) {
   const bool missing = !violation.allowed.empty() && Lists(violation.allowed, LastStep(violation.path));
   if (violation.number == kElementContent) {
@@ -164,7 +251,10 @@ Wrong WrongOf(const Violation& violation) {
     return violation.allowed.empty() ? Wrong::kDuplicate : Wrong::kDangling;
   }
   const auto row = std::ranges::find(kNumberRows, violation.number, &NumberRow::number);
-  return row == kNumberRows.end() ? Wrong::kOther : row->wrong;
+  if (row == kNumberRows.end()) return Wrong::kOther;
+  if (row->wrong == Wrong::kType) return WrongOfType(violation);
+  const bool in_words = row->wrong == Wrong::kPattern && WordsOfPattern(violation.allowed) != nullptr;
+  return in_words ? Wrong::kPatternInWords : row->wrong;
 }
 
 std::string Counted(std::string_view number, const Phrase& one, const Phrase& several, Language language) {
@@ -183,7 +273,10 @@ std::string AllowedIn(const Violation& violation, Wrong wrong, Language language
     case Wrong::kMissing:
     case Wrong::kMisplaced:
       return OneOf(violation.allowed, language);
-    case Wrong::kType: {
+    case Wrong::kPatternInWords:
+      return std::string(WordsOfPattern(violation.allowed)->In(language));
+    case Wrong::kType:
+    case Wrong::kTypeWithBlanks: {
       const auto type = std::ranges::find(kTypeRows, violation.allowed, &TypeRow::name);
       if (type != kTypeRows.end()) return std::string(type->text.In(language));
       return std::string(kValueOfType.In(language)).append(violation.allowed);
