@@ -35,7 +35,22 @@ std::string_view LevelOf(Severity severity) {
 
 Json MessageOf(std::string_view text) { return {{"text", text}}; }
 
-Json ArtifactOf(const CheckReport& report, size_t number) { return {{"uri", UriOf(report.file)}, {"index", number}}; }
+/// The files of a run, each once: a user may name one twice.
+class Artifacts {
+ public:
+  /// What stands for a file in a location.
+  Json LocationOf(const CheckReport& report) {
+    const std::string uri = UriOf(report.file);
+    const auto [known, added] = numbers_.try_emplace(uri, all_.size());
+    if (added) all_.push_back({{"location", {{"uri", uri}}}});
+    return {{"uri", uri}, {"index", known->second}};
+  }
+  const Json& All() const { return all_; }
+
+ private:
+  Json all_ = Json::array();
+  std::map<std::string, size_t> numbers_;
+};
 
 Json RulesToJson() {
   Json all = Json::array();
@@ -101,14 +116,15 @@ Json ResultOf(const Finding& finding, const Json& artifact) {
   return json;
 }
 
-Json InvocationOf(std::span<const CheckReport> reports, const CheckChoices& choices, int exit_code) {
+Json InvocationOf(std::span<const CheckReport> reports, Artifacts& artifacts, const CheckChoices& choices,
+                  int exit_code) {
   Json notifications = Json::array();
-  for (size_t i = 0; i < reports.size(); ++i) {
-    if (reports[i].error.empty()) continue;
+  for (const CheckReport& report : reports) {
+    if (report.error.empty()) continue;
     notifications.push_back(
         {{"level", "error"},
-         {"message", MessageOf(reports[i].error)},
-         {"locations", Json::array({{{"physicalLocation", {{"artifactLocation", ArtifactOf(reports[i], i)}}}}})}});
+         {"message", MessageOf(report.error)},
+         {"locations", Json::array({{{"physicalLocation", {{"artifactLocation", artifacts.LocationOf(report)}}}}})}});
   }
   return {
       {"executionSuccessful", notifications.empty()},
@@ -140,21 +156,21 @@ std::string UriOf(const std::string& file) {
 }
 
 std::string SarifOf(std::span<const CheckReport> reports, const CheckChoices& choices, int exit_code) {
-  Json artifacts = Json::array();
+  Artifacts artifacts;
   Json results = Json::array();
-  for (size_t i = 0; i < reports.size(); ++i) {
-    artifacts.push_back({{"location", {{"uri", UriOf(reports[i].file)}}}});
-    const Json artifact = ArtifactOf(reports[i], i);
-    for (const Finding& finding : reports[i].findings) results.push_back(ResultOf(finding, artifact));
+  for (const CheckReport& report : reports) {
+    const Json artifact = artifacts.LocationOf(report);
+    for (const Finding& finding : report.findings) results.push_back(ResultOf(finding, artifact));
   }
+  const Json invocation = InvocationOf(reports, artifacts, choices, exit_code);
   const Json driver = {{"name", "saft"}, {"version", SAFT_VERSION}, {"rules", RulesToJson()}};
   const Json run = {
       {"tool", {{"driver", driver}}},      {"language", SpokenLanguage() == Language::kPortuguese ? "pt" : "en"},
-      {"columnKind", "unicodeCodePoints"}, {"invocations", Json::array({InvocationOf(reports, choices, exit_code)})},
-      {"artifacts", std::move(artifacts)}, {"results", std::move(results)},
+      {"columnKind", "unicodeCodePoints"}, {"invocations", Json::array({invocation})},
+      {"artifacts", artifacts.All()},      {"results", std::move(results)},
   };
   const Json document = {
-      {"$schema", "https://docs.oasis-open.org/sarif/sarif/v2.1.0/os/schemas/sarif-schema-2.1.0.json"},
+      {"$schema", "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json"},
       {"version", "2.1.0"},
       {"runs", Json::array({run})},
   };

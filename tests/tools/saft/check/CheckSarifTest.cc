@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <regex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,10 +20,13 @@ namespace {
 using nlohmann::json;
 
 // What the published schema of SARIF 2.1.0 says of the objects that are written: members that may be there, of which
-// kind, and whether they must.
+// kind, and whether they must. Where it wants one of several, such as the text or the identifier of a message, it is
+// the one that is written.
 struct Member {
   std::string_view name;
-  std::string_view kind;  // a text, a whole number, or the name of an object; of an array, that of its items in "[]"
+  // A text, a whole number, or the name of an object; of an array, that of its items in "[]", in "{}" where each item
+  // is another.
+  std::string_view kind;
   bool required = false;
   int64_t least = 0;                          // of a number
   std::vector<std::string_view> one_of = {};  // of a text
@@ -31,10 +36,10 @@ const std::map<std::string_view, std::vector<Member>> kObjects{
     {"log", {{"$schema", "text"}, {"version", "text", true, 0, {"2.1.0"}}, {"runs", "[run]", true}}},
     {"run",
      {{"tool", "tool", true},
-      {"language", "text"},
+      {"language", "culture"},
       {"columnKind", "text", false, 0, {"utf16CodeUnits", "unicodeCodePoints"}},
       {"invocations", "[invocation]"},
-      {"artifacts", "[artifact]"},
+      {"artifacts", "{artifact}"},
       {"results", "[result]"}}},
     {"tool", {{"driver", "toolComponent", true}}},
     {"toolComponent", {{"name", "text", true}, {"version", "text"}, {"rules", "[reportingDescriptor]"}}},
@@ -50,15 +55,15 @@ const std::map<std::string_view, std::vector<Member>> kObjects{
     {"invocation",
      {{"executionSuccessful", "flag", true},
       {"exitCode", "number"},
-      {"ruleConfigurationOverrides", "[configurationOverride]"},
+      {"ruleConfigurationOverrides", "{configurationOverride}"},
       {"toolExecutionNotifications", "[notification]"}}},
     {"configurationOverride",
      {{"configuration", "reportingConfiguration", true}, {"descriptor", "reportingDescriptorReference", true}}},
-    {"reportingDescriptorReference", {{"id", "text"}, {"index", "number", false, -1}}},
-    {"notification", {{"message", "message", true}, {"level", "text", false, 0, kLevels}, {"locations", "[location]"}}},
+    {"reportingDescriptorReference", {{"id", "text", true}, {"index", "number", false, -1}}},
+    {"notification", {{"message", "message", true}, {"level", "text", false, 0, kLevels}, {"locations", "{location}"}}},
     {"message", {{"text", "text", true}}},
     {"artifact", {{"location", "artifactLocation"}}},
-    {"artifactLocation", {{"uri", "text"}, {"index", "number", false, -1}}},
+    {"artifactLocation", {{"uri", "uri"}, {"index", "number", false, -1}}},
     {"result",
      {{"ruleId", "text"},
       {"ruleIndex", "number", false, -1},
@@ -66,9 +71,9 @@ const std::map<std::string_view, std::vector<Member>> kObjects{
       {"message", "message", true},
       {"locations", "[location]"},
       {"properties", "bag"}}},
-    {"location", {{"physicalLocation", "physicalLocation"}, {"logicalLocations", "[logicalLocation]"}}},
-    {"physicalLocation", {{"artifactLocation", "artifactLocation"}, {"region", "region"}}},
-    {"region", {{"startLine", "number", false, 1}, {"startColumn", "number", false, 1}}},
+    {"location", {{"physicalLocation", "physicalLocation"}, {"logicalLocations", "{logicalLocation}"}}},
+    {"physicalLocation", {{"artifactLocation", "artifactLocation", true}, {"region", "region"}}},
+    {"region", {{"startLine", "number", true, 1}, {"startColumn", "number", false, 1}}},
     {"logicalLocation", {{"name", "text"}, {"fullyQualifiedName", "text"}, {"kind", "text"}}},
 };
 
@@ -80,13 +85,23 @@ void ExpectHas(const Member& member, const json& value) {
     ASSERT_TRUE(value.is_string());
     const bool known = member.one_of.empty() || std::ranges::count(member.one_of, value.get<std::string>()) == 1;
     EXPECT_TRUE(known) << value;
+  } else if (member.kind == "culture" || member.kind == "uri") {
+    ASSERT_TRUE(value.is_string());
+    // A reference to a resource: nothing but what may stand in one, and no colon that would end a scheme but that of
+    // "file".
+    const std::regex form(member.kind == "culture" ? "[a-zA-Z]{2}(-[a-zA-Z]{2})?"
+                                                   : "(file:///)?([A-Za-z0-9._~/-]|%[0-9A-F]{2})*");
+    EXPECT_TRUE(std::regex_match(value.get<std::string>(), form)) << value;
   } else if (member.kind == "flag") {
     EXPECT_TRUE(value.is_boolean());
   } else if (member.kind == "number") {
     ASSERT_TRUE(value.is_number_integer());
     EXPECT_GE(value.get<int64_t>(), member.least);
-  } else if (member.kind.starts_with('[')) {
+  } else if (member.kind.starts_with('[') || member.kind.starts_with('{')) {
     ASSERT_TRUE(value.is_array());
+    if (member.kind.starts_with('{')) {
+      EXPECT_EQ(std::set<json>(value.begin(), value.end()).size(), value.size()) << value;
+    }
     for (const json& item : value) ExpectIs(member.kind.substr(1, member.kind.size() - 2), item);
   } else {
     ExpectIs(member.kind, value);
@@ -174,6 +189,21 @@ TEST_F(CheckSarifTest, AFindingIsAResultWithItsPlace) {
                                   {"fullyQualifiedName", "Transaction 2008-03-05 V 1/Line[2]/RecordID"},
                                   {"kind", "element"}}})}}})},
             {"properties", {{"found", "1"}}}}));
+}
+
+TEST_F(CheckSarifTest, AFileThatIsNamedTwiceIsOneArtifact) {
+  const std::string clean = WriteClean();
+  const std::string bad = WriteBad();
+  const std::string none = folder_.Path("none.xml");
+  const json run = RunOf(Run({"check", bad, none, bad, clean, none, "--sarif"}));
+  EXPECT_EQ(run["artifacts"], json::array({{{"location", {{"uri", UriOf(bad)}}}},
+                                           {{"location", {{"uri", UriOf(none)}}}},
+                                           {{"location", {{"uri", UriOf(clean)}}}}}));
+  ASSERT_EQ(run["results"].size(), 8U);
+  for (const json& result : run["results"]) {
+    EXPECT_EQ(result["locations"][0]["physicalLocation"]["artifactLocation"]["index"], 0);
+  }
+  EXPECT_EQ(run["invocations"][0]["toolExecutionNotifications"].size(), 2U);
 }
 
 TEST_F(CheckSarifTest, ColumnsAreCountedInCharacters) {
