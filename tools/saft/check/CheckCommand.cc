@@ -32,6 +32,8 @@ bool IsTerminal() { return isatty(STDOUT_FILENO) == 1; }
 
 bool IsColourWelcome() { return IsTerminal() && !IsSet("NO_COLOR"); }
 
+CheckText TextForPeople() { return {std::cout, IsColourWelcome(), TerminalWidth(STDOUT_FILENO)}; }
+
 void PrintForPrograms(const std::string& json) { std::cout << (IsTerminal() ? VisibleLines(json) : json) << '\n'; }
 
 ExitCode CodeOf(CheckVerdict verdict) {
@@ -93,9 +95,11 @@ ExitCode CheckCommand::Run() const {
   schema_.RequireUsable(choices.schema);
   ExitCode worst = kDone;
   std::vector<CheckReport> reports;
+  VerdictCounts verdicts{};
   for (const std::string& file : files_) {
     CheckReport report = CheckFile(checker, file);
     worst = std::max(worst, CodeOf(report.verdict));
+    ++verdicts[static_cast<size_t>(report.verdict)];
     if (sarif_) {
       reports.push_back(std::move(report));
     } else {
@@ -103,6 +107,7 @@ ExitCode CheckCommand::Run() const {
     }
   }
   if (sarif_) PrintForPrograms(SarifOf(reports, choices, worst));
+  if (!sarif_ && !json_ && files_.size() > 1) TextForPeople().PrintFiles(verdicts);
   return worst;
 }
 
@@ -111,7 +116,7 @@ void CheckCommand::Tell(const CheckReport& report) const {
     PrintForPrograms(JsonOf(report));
     return;
   }
-  const CheckText text(std::cout, IsColourWelcome(), TerminalWidth(STDOUT_FILENO));
+  const CheckText text = TextForPeople();
   if (summary_) {
     text.PrintSummary(report, files_.size() > 1);
   } else {

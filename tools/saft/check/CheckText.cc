@@ -129,6 +129,19 @@ void CheckText::PrintSummary(const CheckReport& report, bool with_others) const 
   if (with_others && has_rules) out_ << '\n';
 }
 
+void CheckText::PrintFiles(const VerdictCounts& files) const {
+  std::vector<std::string> parts;
+  const auto add = [&](CheckVerdict verdict, const Text<1>& text) {
+    const int64_t count = files[static_cast<size_t>(verdict)];
+    if (count > 0) parts.push_back(Coloured(ColourOf(verdict), Say(text, Grouped(count))));
+  };
+  add(CheckVerdict::kClean, words::kFilesClean);
+  add(CheckVerdict::kWarnings, words::kFilesWithWarnings);
+  add(CheckVerdict::kErrors, words::kFilesWithErrors);
+  add(CheckVerdict::kNotJudged, words::kFilesNotJudged);
+  out_ << Say(words::kFilesJudged, Grouped(std::reduce(files.begin(), files.end())), Listed(parts)) << '\n';
+}
+
 void CheckText::PrintGroup(const CheckReport& report, size_t rule) const {
   const RuleInfo& info = AuditFileChecker::Rules()[rule];
   const SeverityCounts& counts = report.counts[rule];

@@ -2,6 +2,7 @@
 #ifndef ZEVO_TOOLS_SAFT_CHECK_CHECKTEXT_H_
 #define ZEVO_TOOLS_SAFT_CHECK_CHECKTEXT_H_
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -11,6 +12,9 @@
 #include "tools/saft/check/CheckReport.h"
 
 namespace zevo::saft {
+
+/// How many files there are of each verdict.
+using VerdictCounts = std::array<int64_t, static_cast<size_t>(CheckVerdict::kNotJudged) + 1>;
 
 /// Prints for people what a check says of files.
 class CheckText {
@@ -23,6 +27,8 @@ class CheckText {
   void PrintFindings(const CheckReport& report, bool with_heading) const;
   /// A line for each rule, then the verdict, set off where there are other files.
   void PrintSummary(const CheckReport& report, bool with_others) const;
+  /// How many files there were of each verdict.
+  void PrintFiles(const VerdictCounts& files) const;
 
  private:
   void PrintGroup(const CheckReport& report, size_t rule) const;

@@ -110,6 +110,14 @@ inline constexpr Text<1> kOneDocumentJudged{"{1} documento", "{1} document"};
 inline constexpr Text<1> kTransactionsJudged{"{1} movimentos", "{1} transactions"};
 inline constexpr Text<1> kOneTransactionJudged{"{1} movimento", "{1} transaction"};
 
+// Of many files, how each came out.
+
+inline constexpr Text<2> kFilesJudged{"{1} ficheiros: {2}", "{1} files: {2}"};
+inline constexpr Text<1> kFilesClean{"{1} sem erros nem avisos", "{1} without errors or warnings"};
+inline constexpr Text<1> kFilesWithWarnings{"{1} com avisos", "{1} with warnings"};
+inline constexpr Text<1> kFilesWithErrors{"{1} com erros", "{1} with errors"};
+inline constexpr Text<1> kFilesNotJudged{"{1} por verificar", "{1} not judged"};
+
 // A rule with what it found, and where.
 
 inline constexpr Text<4> kGroup{"{1} {2}: {3} ({4})", "{1} {2}: {3} ({4})"};

@@ -112,7 +112,8 @@ TEST_F(CheckCommandTest, SummariesOfManyFilesAreSetOff) {
   const std::string bad = WriteBad();
   EXPECT_THAT(Run({"check", "--summary", clean, bad, clean}).out,
               AllOf(StartsWith(clean + kCleanVerdict + "  error    GL-RECORD "),
-                    EndsWith("\n" + bad + kBadVerdict + "\n" + clean + kCleanVerdict)));
+                    EndsWith("\n" + bad + kBadVerdict + "\n" + clean + kCleanVerdict +
+                             "3 files: 2 without errors or warnings, 1 with errors\n")));
 }
 
 TEST_F(CheckCommandTest, EachOfManyFilesHasItsVerdictAndTheExitCodeIsThatOfTheWorst) {
@@ -122,12 +123,25 @@ TEST_F(CheckCommandTest, EachOfManyFilesHasItsVerdictAndTheExitCodeIsThatOfTheWo
   testing::Outcome outcome = Run({"check", clean, bad});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_THAT(outcome.out, StartsWith(clean + kCleanVerdict + bad + "\n\nerror GL-RECORD: "));
-  EXPECT_THAT(outcome.out, EndsWith("\n\n" + bad + kBadVerdict + "\n"));
+  EXPECT_THAT(outcome.out,
+              EndsWith("\n\n" + bad + kBadVerdict + "\n2 files: 1 without errors or warnings, 1 with errors\n"));
   outcome = Run({"check", none, folder_.Path("data"), clean});
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.out, none + ": not judged\n" + folder_.Path("data") + ": not judged\n" + clean + kCleanVerdict);
+  EXPECT_EQ(outcome.out, none + ": not judged\n" + folder_.Path("data") + ": not judged\n" + clean + kCleanVerdict +
+                             "3 files: 1 without errors or warnings, 2 not judged\n");
   EXPECT_EQ(outcome.err,
             "saft: " + none + ": There is no such SAFT-PT file.\nsaft: " + folder_.Path("data") + ": is a folder.\n");
+}
+
+TEST_F(CheckCommandTest, ManyFilesAreCountedByTheirVerdicts) {
+  const std::string warned = WriteWarned();
+  const std::string none = folder_.Path("none.xml");
+  EXPECT_THAT(Run({"check", WriteClean(), WriteBad(), warned, none, warned, "--lang", "pt"}).out,
+              EndsWith("\n5 ficheiros: 1 sem erros nem avisos, 2 com avisos, 1 com erros, 1 por verificar\n"));
+  EXPECT_THAT(Run({"check", WriteClean(), warned}).out,
+              EndsWith("\n2 files: 1 without errors or warnings, 1 with warnings\n"));
+  EXPECT_THAT(Run({"check", warned}).out, Not(HasSubstr("files")));
+  EXPECT_THAT(Run({"check", warned, warned, "--json"}).out, Not(HasSubstr("2 files")));
 }
 
 TEST_F(CheckCommandTest, AFileThatBreaksOffIsToldAsFarAsItGoes) {

@@ -26,6 +26,12 @@ class ToolCheckTest : public ToolTest {
   std::string WriteClean(std::string_view name = "clean.xml") const {
     return folder_.Write(name, ReadBytes(ZEVO_CLEAN_FILE));
   }
+  /// With a warning alone.
+  std::string WriteWarned() const {
+    std::string text = ReadBytes(ZEVO_CLEAN_FILE);
+    const std::string_view year = "<FiscalYear>2008<";
+    return folder_.Write("warned.xml", text.replace(text.find(year), year.size(), "<FiscalYear>2011<"));
+  }
   std::string WriteBad(std::string_view name = "bad.xml") const { return folder_.Write(name, bad_); }
 
   /// Where a text stands in the bad file, counted from 1.
