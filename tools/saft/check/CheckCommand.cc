@@ -79,6 +79,9 @@ CheckChoices CheckCommand::Choices() const {
   CheckChoices here;
   std::ranges::transform(severities_, std::back_inserter(here.severities), TakeRuleSeverity);
   std::ranges::transform(keys_, std::back_inserter(here.public_keys), TakeKeyFile);
+  for (const KeyFile& key : here.public_keys) {
+    if (key.file.empty()) throw Failure("--public-key", Say(words::kNamesNoFile));
+  }
   if (most_option_->count() > 0) {
     here.most = TakeCount(most_);
     if (!here.most) throw Failure(Say(words::kNoCount, "--max", Quoted(most_)));

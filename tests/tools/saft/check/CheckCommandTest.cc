@@ -258,6 +258,8 @@ TEST_F(CheckCommandTest, APublicKeyIsReadFromItsFile) {
   const std::string other = folder_.Write("other.pem", "x");
   ExpectRefused({"--public-key", other}, other + ": is no RSA public key in PEM");
   ExpectRefused({"--public-key", other + ":1", "--lang", "pt"}, other + ": não é uma chave pública RSA em PEM");
+  ExpectRefused({"--public-key", ""}, "--public-key: names no file");
+  ExpectRefused({"--public-key", ":1", "--lang", "pt"}, "--public-key: não indica nenhum ficheiro");
   ExpectRefused({"--public-key", key + ":x"}, key + ":x: There is no such file");
   ExpectRefused({"--public-key", folder_.Path("data")}, folder_.Path("data") + ": is a folder");
 }
