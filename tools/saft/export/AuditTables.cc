@@ -21,13 +21,13 @@ std::vector<TableColumn> WithKeys(std::vector<TableColumn> columns) {
 }
 
 TableShape FilesShape() {
-  return {"files", WithKeys({{"name", kText},
-                             {"sha256", kText},
-                             {"version", kText},
-                             {"tax_registration_number", kText},
-                             {"company_name", kText},
-                             {"start_date", kDate},
-                             {"end_date", kDate}})};
+  return {std::string(kFilesTable), WithKeys({{"name", kText},
+                                              {"sha256", kText},
+                                              {"version", kText},
+                                              {"tax_registration_number", kText},
+                                              {"company_name", kText},
+                                              {"start_date", kDate},
+                                              {"end_date", kDate}})};
 }
 
 TableShape ProblemsShape() {

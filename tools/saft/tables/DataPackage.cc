@@ -8,8 +8,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::string_view kFilesTable = "files";
-
 std::string_view FieldType(ColumnType type) {
   switch (type) {
     case ColumnType::kText:

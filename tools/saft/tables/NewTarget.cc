@@ -27,7 +27,7 @@ LoadedFile LoadedFileOf(const TableShape& files, std::span<const Cell> cells) {
 }  // namespace
 
 void NewTarget::Add(size_t table, std::span<const Cell> cells) {
-  if (tables_[table].name == "files") files_.push_back(LoadedFileOf(tables_[table], cells));
+  if (tables_[table].name == kFilesTable) files_.push_back(LoadedFileOf(tables_[table], cells));
   Write(table, cells);
 }
 

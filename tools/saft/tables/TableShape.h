@@ -47,6 +47,8 @@ struct TableView {
   std::string_view query;
 };
 
+/// The table with a row for each audit file.
+inline constexpr std::string_view kFilesTable = "files";
 /// The file that a row comes from, and its number among the file's rows in the table, from 1 on.
 inline constexpr std::string_view kFileColumn = "file_id";
 inline constexpr std::string_view kPositionColumn = "position";

@@ -29,8 +29,8 @@ struct WorkbookFormats {
   lxw_format* time;
 };
 
-/// The rows of a table in a workbook: none before the first row, then a sheet that is named after it, and another, such
-/// as "invoice_lines (2)", when that is full.
+/// The rows of a table in a workbook: nothing before the first row, then a sheet that is named after the table, and
+/// another, such as "invoice_lines (2)", when that is full.
 class WorkbookSheets {
  public:
   /// Takes a note about a cell: the name of the sheet, the number of the row as people see it, the name of the column.
@@ -40,6 +40,8 @@ class WorkbookSheets {
   /// All must outlive it. `most` is how many rows a sheet has room for, the one with the names of the columns included.
   WorkbookSheets(lxw_workbook* book, const WorkbookFormats& formats, const TableShape& shape, uint32_t most);
 
+  /// Gives the table the next sheet of the workbook, even if no row comes. To be called before the first row.
+  void BeginSheet();
   /// Adds a row. What cannot be a cell as it is, is told.
   void Add(std::span<const Cell> cells, const NoteTaker& tell);
   /// To be called after the last row. Gives how many bytes the largest of the sheets has.
@@ -48,7 +50,6 @@ class WorkbookSheets {
   bool IsWritten() const;
 
  private:
-  void BeginSheet();
   void EndSheet();
   // A note on the cell; null where there is none.
   using Note = const Text<>*;

@@ -51,6 +51,10 @@ WorkbookTarget::WorkbookTarget(std::string file, const std::vector<TableShape>& 
       notes_shape_(NotesShape()) {
   for (const TableShape& table : tables) sheets_.emplace_back(book_.get(), formats_, table, most);
   sheets_.emplace_back(book_.get(), formats_, notes_shape_, most);
+  // Who opens the workbook sees first which files are in it.
+  for (size_t i = 0; i < tables.size(); ++i) {
+    if (tables[i].name == kFilesTable) sheets_[i].BeginSheet();
+  }
 }
 
 void WorkbookTarget::Write(size_t table, std::span<const Cell> cells) {
