@@ -33,7 +33,7 @@ std::optional<FolderForm> FormatNamed(const std::string& name) {
 }  // namespace
 
 ExportCommand::ExportCommand(CLI::App& options) {
-  options.add_option(Say(words::kFilesArgument), files_, Say(words::kExportFiles))->required()->option_text(" ");
+  options.add_option(Say(words::kFileArgument), files_, Say(words::kExportFiles))->required()->option_text(" ");
   options.add_option("--to", target_, Say(words::kExportTo))->required()->option_text(Say(words::kExportToValue));
   options.add_flag("--replace", replace_, Say(words::kExportReplace))->option_text(" ");
   options.add_option("--format", format_, Say(words::kExportFormat))->option_text("csv|jsonl");

@@ -9,7 +9,6 @@ namespace zevo::saft::words {
 
 inline constexpr Text<> kExportCommand{"Põe ficheiros numa base de dados, em folhas de cálculo ou numa pasta",
                                        "Put files into a database, into spreadsheets or into a folder"};
-inline constexpr Text<> kFilesArgument{"FICHEIRO.xml...", "FILE.xml..."};
 inline constexpr Text<> kExportFiles{"Ficheiros SAF-T a ler", "Audit files to read"};
 inline constexpr Text<> kExportTo{"Para onde vão as tabelas; ver abaixo", "Where the tables go, see below"};
 inline constexpr Text<> kExportToValue{"DESTINO", "TARGET"};
