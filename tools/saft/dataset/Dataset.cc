@@ -122,8 +122,7 @@ uint64_t Dataset::BytesToRead() const {
 
 void Dataset::RequireUnchanged() const {
   for (size_t number = 0; number < opened_.size(); ++number) {
-    const std::string_view file = kDatasetFiles[number].name;
-    if (opened_[number] && *opened_[number] != StateOf(PathOf(file))) throw Failure(PathOf(file), Say(words::kChanged));
+    if (opened_[number]) saft::RequireUnchanged(PathOf(kDatasetFiles[number].name), *opened_[number]);
   }
 }
 

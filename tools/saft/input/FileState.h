@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <system_error>
+#include <string>
 
 namespace zevo::saft {
 
@@ -18,11 +18,10 @@ struct FileState {
 };
 
 /// Nothing where there is no such file.
-inline std::optional<FileState> StateOf(const std::filesystem::path& path) {
-  std::error_code none;
-  const FileState state{std::filesystem::file_size(path, none), std::filesystem::last_write_time(path, none)};
-  return none ? std::nullopt : std::optional(state);
-}
+std::optional<FileState> StateOf(const std::filesystem::path& path);
+
+/// Fails where a file is not in the state in which it was before.
+void RequireUnchanged(const std::string& file, const std::optional<FileState>& before);
 
 }  // namespace zevo::saft
 

@@ -22,7 +22,6 @@
 #include "tools/saft/output/UnfinishedPath.h"
 #include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/CreateWords.h"
-#include "tools/saft/words/DatasetWords.h"
 #include "tools/saft/words/ErrorWords.h"
 #include "tools/saft/words/MergeWords.h"
 #include "tools/saft/words/UsageWords.h"
@@ -64,10 +63,7 @@ ExitCode MergeCommand::Run() const {
   MergeSurvey survey(report, progress);
   const MergePlan plan = survey.Read(files_);
   if (!report.IsRefusal()) {
-    ElementOutput output(path, output_);
-    MergeWriter(plan, output, progress).Write();
-    output.Save();
-    RequireUnchanged(plan);
+    Write(plan, path, progress);
   }
   progress.Clear();
   report.Report(std::cerr);
@@ -88,10 +84,20 @@ void MergeCommand::RequireOtherFiles() const {
   }
 }
 
-void MergeCommand::RequireUnchanged(const MergePlan& plan) const {
-  for (const MergeSource& source : plan.sources) {
-    if (StateOf(source.name) != source.state) throw Failure(source.name, Say(words::kChanged));
+void MergeCommand::Write(const MergePlan& plan, const std::string& path, MergeProgress& progress) const {
+  const auto require_unchanged = [&] {
+    for (const MergeSource& source : plan.sources) RequireUnchanged(source.name, source.state);
+  };
+  try {
+    ElementOutput output(path, output_);
+    MergeWriter(plan, output, progress).Write();
+    output.Save();
+  } catch (const Failure&) {
+    // What is wrong with a file that changes is that it changes.
+    require_unchanged();
+    throw;
   }
+  require_unchanged();
 }
 
 bool MergeCommand::Validate(const std::string& path) const {

@@ -8,6 +8,7 @@
 
 #include "tools/saft/command/Command.h"
 #include "tools/saft/command/SchemaChoice.h"
+#include "tools/saft/merge/EntityReader.h"
 #include "tools/saft/merge/MergePlan.h"
 
 namespace zevo::saft {
@@ -21,7 +22,8 @@ class MergeCommand : public Command {
  private:
   /// Fails where a file to read is the standard input, or the one to write.
   void RequireOtherFiles() const;
-  void RequireUnchanged(const MergePlan& plan) const;
+  /// Writes what a plan says into a new file. Fails where a file to read is no longer what it was.
+  void Write(const MergePlan& plan, const std::string& path, MergeProgress& progress) const;
   /// Tells what the schema does not allow; whether there is nothing.
   bool Validate(const std::string& path) const;
 

@@ -13,8 +13,6 @@ inline constexpr Text<> kNotADataset{
     "não é um conjunto de dados: não tem header.csv, customers.csv, ... (para começar: saft template)",
     "not a dataset: it has no header.csv, customers.csv, ... (to begin: saft template)"};
 inline constexpr Text<> kUnknownFile{"não é um ficheiro de um conjunto de dados", "is not a file of a dataset"};
-inline constexpr Text<> kChanged{"foi alterado enquanto era lido; execute o comando outra vez",
-                                 "was changed while it was read; run the command again"};
 inline constexpr Text<> kTooManyLines{"tem linhas a mais", "has too many lines"};
 
 // Columns.

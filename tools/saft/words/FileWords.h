@@ -14,6 +14,9 @@ inline constexpr Text<> kIsSocket{"é um socket", "is a socket"};
 inline constexpr Text<> kIsDevice{"é um dispositivo", "is a device"};
 inline constexpr Text<> kLeadsNowhere{"é uma ligação que não leva a lado nenhum", "is a link that leads nowhere"};
 inline constexpr Text<> kInputClosed{"a entrada padrão está fechada", "standard input is closed"};
+inline constexpr Text<> kChanged{"foi alterado enquanto era lido; execute o comando outra vez",
+                                 "was changed while it was read; run the command again"};
+inline constexpr Text<> kRemoved{"foi apagado enquanto era lido", "was removed while it was read"};
 inline constexpr Text<> kFolderInUse{"é uma pasta em uso; indique uma nova", "is a folder in use; name a new one"};
 inline constexpr Text<> kIsThere{"já existe", "is there already"};
 inline constexpr Text<> kIsThereAndNoFolder{"já existe e não é uma pasta", "is there already and is no folder"};

@@ -6,22 +6,20 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <system_error>
 #include <thread>
 #include <vector>
 
-#include "tests/tools/saft/ToolTest.h"
+#include "tests/tools/saft/SlowToolTest.h"
 
 namespace zevo {
 namespace {
 
 using ::testing::ElementsAre;
 
-// A program that is interrupted while it writes, on a disk so slow that there is time to do it.
-class InterruptionTest : public testing::ToolTest, public ::testing::WithParamInterface<int> {
+// A program that is interrupted while it writes.
+class InterruptionTest : public testing::SlowToolTest, public ::testing::WithParamInterface<int> {
  protected:
   /// Starts `create` on a dataset of some pieces.
   void Start(const std::vector<std::string>& options) {
@@ -35,20 +33,6 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
   void StartCreate(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "create");
     StartSlowly(arguments);
-  }
-  void StartSlowly(std::vector<std::string> arguments) {
-    child_ = fork();
-    ASSERT_GE(child_, 0);
-    if (child_ > 0) return;
-    setenv("LD_PRELOAD", SLOW_DISK, 1);
-    setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
-    arguments.insert(arguments.begin(), "saft");
-    std::vector<char*> argv;
-    for (std::string& argument : arguments) argv.push_back(argument.data());
-    argv.push_back(nullptr);
-    const std::string err = folder_.Path("err");
-    if (std::freopen(err.c_str(), "w", stderr)) execv(SAFT_PROGRAM, argv.data());
-    _exit(127);
   }
   /// Starts `list --all` on a pipe into which the first megabyte of an audit file goes.
   void StartListing() {
@@ -76,26 +60,6 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
     Await([&] { return folder_.Names().size() == 3; });
   }
 
-  template <class Condition>
-  void Await(Condition&& condition) const {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (!condition()) {
-      ASSERT_LT(std::chrono::steady_clock::now(), end);
-      std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    }
-  }
-  void AwaitOpen(const std::string& path) const {
-    Await([&] {
-      std::error_code ended;
-      for (const auto& descriptor :
-           std::filesystem::directory_iterator("/proc/" + std::to_string(child_) + "/fd", ended)) {
-        std::error_code closed;
-        if (std::filesystem::read_symlink(descriptor, closed) == path) return true;
-      }
-      return false;
-    });
-  }
-
   void ExpectInterrupted() const {
     ASSERT_EQ(kill(child_, GetParam()), 0);
     // As when the signal ended the program at the other end too.
@@ -108,7 +72,6 @@ class InterruptionTest : public testing::ToolTest, public ::testing::WithParamIn
     EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "err"));
   }
 
-  pid_t child_ = -1;
   int pipe_ = -1;
 };
 
@@ -137,7 +100,7 @@ TEST_P(InterruptionTest, LeavesNoFileThatIsBeingValidated) {
   WriteValid(1);
   StartCreate({folder_.Path(kDataset), Output()});
   // While a file is saved it has another name.
-  AwaitOpen(Output() + "." + std::to_string(child_) + ".0/out.xml");
+  AwaitOpen(Unfinished());
   ExpectInterrupted();
 }
 
@@ -162,6 +125,35 @@ TEST_P(InterruptionTest, LeavesNothingOfAnExportThatIsMadeAnew) {
       std::filesystem::rename(In("company.xml"), Output());
       std::filesystem::remove(folder_.Path("err"));
     }
+  }
+}
+
+TEST_P(InterruptionTest, LeavesNoFileThatIsMerged) {
+  WriteValid(3000);
+  ASSERT_EQ(Create().code, 0);
+  std::filesystem::rename(Output(), In("company.xml"));
+  const auto start = [&] { StartSlowly({"merge", In("company.xml"), "-o", Output()}); };
+  const auto expect_interrupted = [&] {
+    ExpectInterrupted();
+    std::filesystem::remove(folder_.Path("err"));
+  };
+  {
+    SCOPED_TRACE("first pass");
+    start();
+    AwaitOpen(In("company.xml"));
+    expect_interrupted();
+  }
+  {
+    SCOPED_TRACE("second pass");
+    start();
+    AwaitWriting();
+    expect_interrupted();
+  }
+  {
+    SCOPED_TRACE("validation");
+    start();
+    AwaitOpen(Unfinished());
+    expect_interrupted();
   }
 }
 

@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "tests/tools/saft/SlowToolTest.h"
 #include "tests/tools/saft/ToolTest.h"
 
 namespace zevo {
@@ -511,6 +513,67 @@ TEST_F(MergeCommandTest, NoFileIsMergedOverItself) {
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.err, "saft: " + a + ": is one of the files to merge\n");
   EXPECT_EQ(testing::ReadBytes(a), FileOf(January()));
+}
+
+// What happens to the files meanwhile.
+
+TEST_F(MergeCommandTest, AFileThatGrowsTooLargeLeavesNothing) {
+  ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, Path("company.xml")}).code, 0);
+  for (const std::string blocks : {"8", "1024"}) {
+    const testing::Outcome outcome =
+        RunInShell("ulimit -f " + blocks + "; saft merge '" + Path("company.xml") + "' -o '" + Output() + "'");
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_THAT(outcome.err, HasSubstr("saft: " + Output() + ": "));
+    EXPECT_THAT(outcome.err, HasSubstr("The file becomes too large."));
+    EXPECT_THAT(folder_.Names(), ElementsAre("company.xml", kDataset));
+  }
+}
+
+class MergeMeanwhileTest : public testing::SlowToolTest {
+ protected:
+  /// Starts to merge a file and waits until it is read for the second time.
+  void StartMerging() {
+    WriteValid(3000);
+    ASSERT_EQ(Create().code, 0);
+    std::filesystem::rename(Output(), file_);
+    StartSlowly({"merge", file_, "-o", Output()});
+    AwaitWriting();
+  }
+  /// Expects that it tells this of the file and writes nothing.
+  void ExpectTold(const std::string& message) const {
+    const testing::Outcome outcome = AwaitEnd();
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_EQ(outcome.err, "saft: " + file_ + ": " + message + "\n");
+    EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "err"));
+  }
+  static constexpr const char* kChanged = "was changed while it was read; run the command again";
+
+  const std::string file_ = In("company.xml");
+};
+
+TEST_F(MergeMeanwhileTest, AFileThatGrowsIsTold) {
+  StartMerging();
+  std::ofstream(file_, std::ios::app) << "<!-- more -->";
+  ExpectTold(kChanged);
+}
+
+TEST_F(MergeMeanwhileTest, AFileThatBreaksOffIsTold) {
+  StartMerging();
+  std::filesystem::resize_file(file_, std::filesystem::file_size(file_) / 2);
+  ExpectTold(kChanged);
+}
+
+TEST_F(MergeMeanwhileTest, AFileThatIsAnotherIsTold) {
+  StartMerging();
+  const std::string other = folder_.Write("other.xml", FileOf(January()));
+  std::filesystem::rename(other, file_);
+  ExpectTold(kChanged);
+}
+
+TEST_F(MergeMeanwhileTest, AFileThatVanishesIsTold) {
+  StartMerging();
+  std::filesystem::remove(file_);
+  ExpectTold("was removed while it was read");
 }
 
 }  // namespace
