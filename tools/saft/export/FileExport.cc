@@ -2,6 +2,7 @@
 #include "tools/saft/export/FileExport.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "tools/saft/export/EntityRows.h"
 #include "tools/saft/input/AuditFileInput.h"
 #include "tools/saft/input/FileDigest.h"
+#include "tools/saft/input/FileState.h"
 #include "tools/saft/input/ScannedElements.h"
 #include "tools/saft/tables/CellOf.h"
 #include "tools/saft/terminal/VisibleText.h"
@@ -34,6 +36,21 @@ bool Overlap(const LoadedFile& one, const LoadedFile& other) {
 }  // namespace
 
 FileExport::Result FileExport::Add(const std::string& file) {
+  const std::optional<FileState> before = StateOf(file);
+  Result result;
+  try {
+    result = AddRows(file);
+  } catch (const Failure&) {
+    // What is wrong with a file that changes is that it changes.
+    RequireUnchanged(file, before);
+    throw;
+  }
+  RequireUnchanged(file, before);
+  target_.EndFile();
+  return result;
+}
+
+FileExport::Result FileExport::AddRows(const std::string& file) {
   LoadedFile added{.id = 1,
                    .name = file,
                    .sha256 = FileDigest(file),
@@ -70,7 +87,6 @@ FileExport::Result FileExport::Add(const std::string& file) {
   Result result{.rows = rows.Records(), .problems = rows.Problems(), .findings = 0};
   if (choice_.check) result.findings = AddFindings(added);
   AddFile(added, version, company);
-  target_.EndFile();
   return result;
 }
 

@@ -31,10 +31,12 @@ class FileExport {
   FileExport(const AuditTables& tables, TableTarget& target, Choice choice)
       : tables_(tables), target_(target), choice_(choice) {}
 
-  /// Adds the file and lets it stand. Where that fails, nothing of it may stay in the target, which is to be destroyed.
+  /// Adds the file and lets it stand. Fails too where the file changes meanwhile. Where that fails, nothing of it may
+  /// stay in the target, which is to be destroyed.
   Result Add(const std::string& file);
 
  private:
+  Result AddRows(const std::string& file);
   void MakeRoom(const LoadedFile& added);
   int64_t AddFindings(const LoadedFile& added);
   void AddFile(const LoadedFile& added, const std::string& version, const std::string& company);

@@ -6,9 +6,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
+#include "tests/tools/saft/SlowToolTest.h"
 #include "tests/tools/saft/export/ExportTest.h"
 #include "tests/tools/saft/tables/Workbooks.h"
 
@@ -132,6 +134,25 @@ TEST_F(TargetChoiceTest, WhatIsMadeAnewTakesNoFileTwiceAndNoPeriodTwice) {
     EXPECT_THAT(folder_.Names(), ElementsAre("copy.xml", kDataset, "month.xml", "year.xml"));
   }
 }
+
+class ExportMeanwhileTest : public testing::SlowToolTest, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(ExportMeanwhileTest, AFileThatChangesIsToldAndNothingOfItIsThere) {
+  WriteValid(3000);
+  ASSERT_EQ(Create().code, 0);
+  const std::string file = In("company.xml");
+  std::filesystem::rename(Output(), file);
+  StartSlowly({"export", file, "--to", folder_.Path(GetParam())});
+  // It is read for the first time, or else for the second.
+  AwaitOpen(file);
+  std::ofstream(file, std::ios::app) << "<!-- more -->";
+  const testing::Outcome outcome = AwaitEnd();
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: " + file + ": was changed while it was read; run the command again\n");
+  EXPECT_THAT(folder_.Names(), ElementsAre(kDataset, "err"));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ExportMeanwhileTest, ::testing::Values("books.db", "books.xlsx", "books/"));
 
 TEST_F(TargetChoiceTest, TargetsAndFormatsThatAreNotKnownAreTold) {
   const std::string file = File("a.xml", "1", "2012-01-01", "2012-12-31");
