@@ -14,7 +14,7 @@ namespace zevo::saft {
 namespace {
 
 // A table's rows are sent when there are so many bytes of them.
-constexpr size_t kMostWaiting = size_t{1} << 18;
+constexpr size_t kMostWaiting = size_t{1} << 17;
 
 // Of a lock, so that none of another program is the same: "saft" in ASCII.
 constexpr std::string_view kLockKind = "1935763060";
