@@ -27,9 +27,9 @@ class EntityRows {
   void Take(const AuditFileScanner& scanner);
   /// Adds the problems that the scanner tells behind the last entity.
   void TakeEnd(const AuditFileScanner& scanner);
-  int64_t Problems() const { return problems_; }
+  size_t Problems() const { return static_cast<size_t>(problems_); }
   /// How many records the rows are of.
-  int64_t Records() const { return records_; }
+  size_t Records() const { return records_; }
 
  private:
   // A table of records with what is known of its rows so far.
@@ -54,7 +54,7 @@ class EntityRows {
   int64_t file_;
   std::vector<Rows> rows_;
   int64_t problems_ = 0;
-  int64_t records_ = 0;
+  size_t records_ = 0;
 };
 
 }  // namespace zevo::saft

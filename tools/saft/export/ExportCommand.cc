@@ -55,9 +55,9 @@ ExitCode ExportCommand::Run() const {
   std::string told;
   for (const std::string& file : files_) {
     const FileExport::Result added = files.Add(file);
-    told += Say(words::kExported, Visible(file), added.rows);
-    if (added.problems > 0) told += Say(words::kExportedProblems, added.problems);
-    if (check_) told += Say(words::kExportedFindings, added.findings);
+    told += SayOf(added.records, words::kExportedRecord, words::kExportedRecords, Visible(file));
+    if (added.problems > 0) told += SayOf(added.problems, words::kExportedProblem, words::kExportedProblems);
+    if (check_) told += SayOf(added.findings, words::kExportedFinding, words::kExportedFindings);
     told += '\n';
     // Nothing stands of a target that is made anew before it is finished.
     if (!target->IsMadeAnew()) std::cout << std::exchange(told, {});

@@ -84,7 +84,7 @@ FileExport::Result FileExport::AddRows(const std::string& file) {
     rows.Take(scanner);
   });
   rows.TakeEnd(input.Scanner());
-  Result result{.rows = rows.Records(), .problems = rows.Problems(), .findings = 0};
+  Result result{.records = rows.Records(), .problems = rows.Problems(), .findings = 0};
   if (choice_.check) result.findings = AddFindings(added);
   AddFile(added, version, company);
   return result;
@@ -103,7 +103,7 @@ void FileExport::MakeRoom(const LoadedFile& added) {
   }
 }
 
-int64_t FileExport::AddFindings(const LoadedFile& added) {
+size_t FileExport::AddFindings(const LoadedFile& added) {
   int64_t findings = 0;
   AuditFileChecker checker;
   checker.set_AuditFileName(added.name);
@@ -130,7 +130,7 @@ int64_t FileExport::AddFindings(const LoadedFile& added) {
   const bool judged = checker.CheckAuditFile();
   Interruption::ThrowIfRequested();
   if (!judged) FailWith(*checker.AuditException(), added.name);
-  return findings;
+  return static_cast<size_t>(findings);
 }
 
 void FileExport::AddFile(const LoadedFile& added, const std::string& version, const std::string& company) {

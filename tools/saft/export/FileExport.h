@@ -4,6 +4,7 @@
 
 #include <zevo/adapters.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -22,9 +23,9 @@ class FileExport {
     bool check = false;    ///< whether what a check finds is added
   };
   struct Result {
-    int64_t rows = 0;
-    int64_t problems = 0;
-    int64_t findings = 0;
+    size_t records = 0;
+    size_t problems = 0;
+    size_t findings = 0;
   };
 
   /// Both must outlive it.
@@ -38,7 +39,8 @@ class FileExport {
  private:
   Result AddRows(const std::string& file);
   void MakeRoom(const LoadedFile& added);
-  int64_t AddFindings(const LoadedFile& added);
+  /// Gives how many there are.
+  size_t AddFindings(const LoadedFile& added);
   void AddFile(const LoadedFile& added, const std::string& version, const std::string& company);
 
   const AuditTables& tables_;

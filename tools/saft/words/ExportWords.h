@@ -103,9 +103,13 @@ inline constexpr Text<1> kOnlyForFolders{"{1} não é uma pasta, que acaba em /:
                                          "{1} is no folder, which ends in /: --format and --partition are for those"};
 inline constexpr Text<1> kUnknownFormat{"{1} não é um formato conhecido; são csv e jsonl",
                                         "{1} is no format that is known; there are csv and jsonl"};
-inline constexpr Text<2> kExported{"{1}: {2} registos", "{1}: {2} records"};
+inline constexpr Text<2> kExportedRecord{"{2}: {1} registo", "{2}: {1} record"};
+inline constexpr Text<2> kExportedRecords{"{2}: {1} registos", "{2}: {1} records"};
+inline constexpr Text<1> kExportedProblem{"; {1} problema, na tabela problems", "; {1} problem, in the table problems"};
 inline constexpr Text<1> kExportedProblems{"; {1} problemas, na tabela problems",
                                            "; {1} problems, in the table problems"};
+inline constexpr Text<1> kExportedFinding{"; {1} resultado da verificação, na tabela findings",
+                                          "; {1} finding of the check, in the table findings"};
 inline constexpr Text<1> kExportedFindings{"; {1} resultados da verificação, na tabela findings",
                                            "; {1} findings of the check, in the table findings"};
 

@@ -104,7 +104,7 @@ TEST_P(ExportCommandTest, AFileThatFailsLeavesNothingAndThoseBeforeStand) {
   EXPECT_TRUE(database_->IsEmpty());
   const testing::Outcome outcome = Try({good, bad});
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.out, good + ": 1 records\n");
+  EXPECT_EQ(outcome.out, good + ": 1 record\n");
   EXPECT_THAT(Rows("SELECT file_id, tax_registration_number FROM header"), ElementsAre("1|1"));
   EXPECT_THAT(Rows("SELECT * FROM problems"), IsEmpty());
 }
@@ -125,6 +125,14 @@ TEST_P(ExportCommandTest, AddsWhatACheckFinds) {
       ElementsAre("GL-TID|information|Transaction|2012-01-02 VENDAS 010001|Transaction 2012-01-02 VENDAS 010001: "
                   "\"VEN 01/0001\" has no room in a TransactionID and was not compared with it, nor were others "
                   "like it in this file."));
+}
+
+TEST_P(ExportCommandTest, ItCountsInPortugueseToo) {
+  const std::string file = File("a.xml", "1", "2012-01-01", "2012-12-31");
+  EXPECT_EQ(Export({file}, {"--lang", "pt"}), file + ": 1 registo\n");
+  const std::string other =
+      File("b.xml", "1", "2013-01-01", "2013-12-31", Invoices("<InvoiceNo>FT A/1</InvoiceNo><Extra/>"));
+  EXPECT_EQ(Export({other}, {"--lang", "pt"}), other + ": 3 registos; 1 problema, na tabela problems\n");
 }
 
 TEST_P(ExportCommandTest, StandardInputIsRefused) {

@@ -57,7 +57,7 @@ TEST_F(TargetChoiceTest, AFolderHasWhatAFileHas) {
                     "<OrderReferences><OriginatingON>a, b</OriginatingON></OrderReferences></Line>"));
   const std::string books = folder_.Path("books");
   std::filesystem::create_directory(books);
-  EXPECT_EQ(TryInto(books, {file}).out, file + ": 5 records; 1 problems, in the table problems\n");
+  EXPECT_EQ(TryInto(books, {file}).out, file + ": 5 records; 1 problem, in the table problems\n");
   EXPECT_EQ(testing::ReadBytes(books + "/order_references.csv"),
             "file_id,position,line,invoice_line_position,invoice_no,line_number,originating_on,order_date\n"
             "1,1,1,1,FT A/1,1,\"a, b\",\n");
