@@ -5,7 +5,8 @@ namespace zevo::saft {
 namespace {
 
 // A document counts as a sale when it is neither cancelled nor merged into others, and below zero when it lowers what
-// the customer owes. A text of a date begins with its month in every database.
+// the customer owes. A line has the tax of its rate, an amount of tax, or none. A text of a date begins with its month
+// in every database.
 constexpr TableView kViews[] = {
     {"live_invoices", R"(
   SELECT invoices.*,
@@ -63,7 +64,9 @@ constexpr TableView kViews[] = {
          tax_tax_percentage AS percentage,
          count(*) AS lines,
          round(sum(net), 2) AS net,
-         round(sum(net * tax_tax_percentage / 100.0), 2) AS tax
+         round(sum(COALESCE(net * tax_tax_percentage / 100.0,
+                            CASE WHEN debit_amount IS NULL THEN tax_tax_amount ELSE -tax_tax_amount END,
+                            0)), 2) AS tax
   FROM live_invoice_lines
   GROUP BY file_id, month, tax_tax_type, tax_tax_country_region, tax_tax_code, tax_tax_percentage)"},
     {"invoice_series", R"(

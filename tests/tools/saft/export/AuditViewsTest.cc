@@ -103,6 +103,21 @@ TEST_P(AuditViewsTest, TaxIsThatOfTheLines) {
                           "1|2012-02|IVA|PT|RED|6|1|10|0.6"));
 }
 
+TEST_P(AuditViewsTest, ALineWithoutARateHasItsAmountOfTaxOrNone) {
+  const std::string exempt = Line("P1", "1", Credit("40"), "<TaxCode>ISE</TaxCode>");
+  const std::string stamp = "<TaxCode>SE</TaxCode><TaxAmount>0.80</TaxAmount>";
+  const std::string untaxed = "<Line><ProductCode>P1</ProductCode><CreditAmount>7</CreditAmount></Line>";
+  const std::string invoices =
+      Invoice("FT A/1", "2013-01-10", "C1", "N",
+              exempt + exempt + Line("P1", "1", Credit("10"), stamp) + Line("P1", "1", Credit("10"), stamp) + untaxed,
+              Totals("1.6", "107", "108.6")) +
+      Invoice("NC B/1", "2013-01-11", "C1", "N", Line("P1", "1", Debit("10"), stamp), Totals("0.8", "10", "10.8"));
+  Export({File("b.xml", "1", "2013-01-01", "2013-12-31",
+               "<SourceDocuments><SalesInvoices>" + invoices + "</SalesInvoices></SourceDocuments>")});
+  EXPECT_THAT(Rows("SELECT * FROM vat_by_month WHERE file_id = 2 ORDER BY net"),
+              ElementsAre("2|2013-01|||||1|7|0", "2|2013-01|IVA|PT|SE||3|10|0.8", "2|2013-01|IVA|PT|ISE||2|80|0"));
+}
+
 TEST_P(AuditViewsTest, SeriesTellWhatIsMissing) {
   EXPECT_THAT(Rows("SELECT * FROM invoice_series ORDER BY series"), ElementsAre("1|FT A|1|4|3|1", "1|NC B|1|1|1|0"));
 }
