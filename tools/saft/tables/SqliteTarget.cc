@@ -4,16 +4,23 @@
 #include <sqlite3.h>
 
 #include <charconv>
+#include <iostream>
 #include <new>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/errors/Interruption.h"
 #include "tools/saft/tables/Sql.h"
+#include "tools/saft/terminal/VisibleText.h"
 #include "tools/saft/words/ExportWords.h"
 
 namespace zevo::saft {
 namespace {
+
+// Between two tries to write into a database that another program holds.
+constexpr std::chrono::milliseconds kPause{100};
 
 constexpr std::string_view TypeName(ColumnType type) {
   switch (type) {
@@ -63,15 +70,39 @@ int Bind(sqlite3_stmt* statement, int place, const Cell& cell, ColumnType type) 
 void SqliteTarget::Close::operator()(sqlite3* database) const { sqlite3_close(database); }
 void SqliteTarget::Close::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-SqliteTarget::SqliteTarget(std::string file, const std::vector<TableShape>& tables, std::span<const TableView> views)
-    : file_(std::move(file)), tables_(tables), views_(views) {
-  Open();
+SqliteTarget::SqliteTarget(std::string file, const std::vector<TableShape>& tables, std::span<const TableView> views,
+                           std::chrono::milliseconds patience)
+    : file_(std::move(file)), tables_(tables), views_(views), patience_(patience) {
+  try {
+    Open();
+  } catch (...) {
+    DeleteIfEmpty();
+    throw;
+  }
 }
 
 SqliteTarget::~SqliteTarget() {
   inserts_.clear();
-  database_.reset();  // which takes back what does not stand
-  if (created_) sqlite3_vfs_find(nullptr)->xDelete(sqlite3_vfs_find(nullptr), file_.c_str(), 0);
+  DeleteIfEmpty();
+}
+
+// Deletes a database that was created here, unless others have put something into it. Nobody can while it is locked.
+void SqliteTarget::DeleteIfEmpty() {
+  if (!created_) return;
+  const auto run = [this](const char* sql) {
+    return sqlite3_exec(database_.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+  };
+  run("ROLLBACK");  // what does not stand
+  sqlite3_busy_handler(database_.get(), nullptr, nullptr);
+  if (!run("BEGIN IMMEDIATE")) return;
+  sqlite3_stmt* prepared = nullptr;
+  // Before there are tables there are no files.
+  const bool has_table =
+      sqlite3_prepare_v2(database_.get(), "SELECT 1 FROM files", -1, &prepared, nullptr) == SQLITE_OK;
+  const Statement files(prepared);
+  if (has_table && sqlite3_step(prepared) != SQLITE_DONE) return;
+  sqlite3_vfs* const system = sqlite3_vfs_find(nullptr);
+  system->xDelete(system, file_.c_str(), 0);
 }
 
 void SqliteTarget::Open() {
@@ -82,11 +113,30 @@ void SqliteTarget::Open() {
   database_.reset(opened);
   Require(result);
   created_ = !was_there;
+  sqlite3_busy_handler(
+      opened, [](void* target, int attempt) { return static_cast<SqliteTarget*>(target)->Wait(attempt) ? 1 : 0; },
+      this);
   Run("PRAGMA cache_size = -16384");
   Run("PRAGMA temp_store = FILE");
-  Run("BEGIN IMMEDIATE");
+  Lock();
   MakeTables();
   Run("COMMIT");
+}
+
+// Nobody else writes until the transaction ends. Who was waited for may have deleted the file.
+void SqliteTarget::Lock() {
+  Run("BEGIN IMMEDIATE");
+  int moved = 0;
+  sqlite3_file_control(database_.get(), nullptr, SQLITE_FCNTL_HAS_MOVED, &moved);
+  if (moved != 0) throw Failure(file_, Say(words::kDatabaseRemoved));
+}
+
+// Whether to try once more, the first time at once told, where another program holds the database.
+bool SqliteTarget::Wait(int attempt) {
+  if (Interruption::IsRequested() || attempt * kPause >= patience_) return false;
+  if (attempt == 0) std::cerr << "saft: " << Visible(file_) << ": " << Say(words::kDatabaseBusy) << '\n';
+  std::this_thread::sleep_for(kPause);
+  return true;
 }
 
 void SqliteTarget::MakeTables() {
@@ -121,7 +171,7 @@ bool SqliteTarget::HasTable(const TableShape& table) {
 }
 
 void SqliteTarget::Begin() {
-  Run("BEGIN IMMEDIATE");
+  Lock();
   for (const TableShape& table : tables_) {
     std::string sql = "INSERT INTO " + QuotedName(table.name) + " VALUES (?";
     for (size_t i = 1; i < table.columns.size(); ++i) sql += ", ?";
@@ -202,6 +252,7 @@ void SqliteTarget::Fail(int result) const {
       throw Failure(file_, Say(words::kNoDatabase));
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
+      Interruption::ThrowIfRequested();
       throw Failure(file_, Say(words::kDatabaseLocked));
     case SQLITE_FULL:
       throw Failure(file_, Say(words::kDatabaseFull));

@@ -2,6 +2,7 @@
 #ifndef ZEVO_TOOLS_SAFT_TABLES_SQLITETARGET_H_
 #define ZEVO_TOOLS_SAFT_TABLES_SQLITETARGET_H_
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -20,9 +21,12 @@ namespace zevo::saft {
 /// Numbers have the affinity NUMERIC: whole numbers are held exactly up to 18 digits, others as the nearest double.
 class SqliteTarget final : public TableTarget {
  public:
+  static constexpr std::chrono::milliseconds kPatience{30'000};
+
   /// The tables and the views must outlive the target. Fails where the file is no database, or has a table of the same
-  /// name with other columns.
-  SqliteTarget(std::string file, const std::vector<TableShape>& tables, std::span<const TableView> views);
+  /// name with other columns. Another program that writes is waited for, as long as `patience`, and then is a failure.
+  SqliteTarget(std::string file, const std::vector<TableShape>& tables, std::span<const TableView> views,
+               std::chrono::milliseconds patience = kPatience);
   ~SqliteTarget() override;
 
   void Begin() override;
@@ -40,6 +44,9 @@ class SqliteTarget final : public TableTarget {
   using Statement = std::unique_ptr<sqlite3_stmt, Close>;
 
   void Open();
+  void Lock();
+  bool Wait(int attempt);
+  void DeleteIfEmpty();
   void MakeTables();
   void MakeViews();
   bool HasTable(const TableShape& table);
@@ -51,6 +58,7 @@ class SqliteTarget final : public TableTarget {
   std::string file_;
   const std::vector<TableShape>& tables_;
   std::span<const TableView> views_;
+  std::chrono::milliseconds patience_;
   bool created_ = false;  // here, and nothing was added that stands
   std::unique_ptr<sqlite3, Close> database_;
   std::vector<Statement> inserts_;  // a table each

@@ -145,8 +145,13 @@ inline constexpr Text<> kTextCut{"texto com mais de 32 767 caracteres: foi corta
 inline constexpr Text<1> kOtherTable{"já tem uma tabela {1} com outras colunas",
                                      "it already has a table {1} with other columns"};
 inline constexpr Text<> kNoDatabase{"não é uma base de dados SQLite", "it is no database of SQLite"};
-inline constexpr Text<> kDatabaseLocked{"outro programa está a usar a base de dados",
-                                        "another program is using the database"};
+inline constexpr Text<> kDatabaseLocked{
+    "outro programa está a usar a base de dados; feche-o, ou espere que acabe, e execute o comando outra vez",
+    "another program is using the database; close it, or wait until it ends, and run the command again"};
+inline constexpr Text<> kDatabaseBusy{"outro programa está a usar a base de dados; à espera que acabe",
+                                      "another program is using the database; waiting until it ends"};
+inline constexpr Text<> kDatabaseRemoved{"a base de dados foi apagada entretanto; execute o comando outra vez",
+                                         "the database was removed meanwhile; run the command again"};
 inline constexpr Text<> kDatabaseFull{"não há espaço no disco", "there is no room on the disk"};
 inline constexpr Text<> kDatabaseReadOnly{"não há permissão para escrever na base de dados",
                                           "there is no permission to write into the database"};

@@ -60,7 +60,8 @@ TEST_F(PostgresConnectionTest, TellsWhatTheServerRefuses) {
   other.Run("CREATE TABLE a (b text)");
   other.Run("BEGIN; LOCK TABLE a");
   EXPECT_THAT([&] { connection.Run("SET lock_timeout = 10; SELECT * FROM a"); },
-              ThrowsMessage<Failure>(In("another program is using the database")));
+              ThrowsMessage<Failure>(In("another program is using the database; close it, or wait until it ends, "
+                                        "and run the command again")));
 }
 
 TEST_F(PostgresConnectionTest, TellsRowsThatTheServerRefusesWithWhatComesNext) {
