@@ -204,16 +204,52 @@ TEST_F(HashRulesTest, EachSignatureIsOfTheDocumentAndTheHashBefore) {
                       "changed, or the key is another."));
 }
 
-TEST_F(HashRulesTest, BehindABrokenLinkTheHashCountsAsItIsWritten) {
+TEST_F(HashRulesTest, WhatFollowsFromAHashThatWasChangedIsNotTold) {
   GiveKey();
-  std::vector<Document> chain = Chain({"FT A/1", "FT A/2", "FT A/3", "FT A/4"});
-  const std::string hash = chain[1].hash;
+  const std::vector<Document> right = Chain({"FT A/1", "FT A/2", "FT A/3", "FT A/4"});
+  std::vector<Document> chain = right;
   chain[1].hash = Sign("something else");
-  EXPECT_THAT(ChainOf(chain), ElementsAre(Broken(chain[1], TextOf(chain[1]) + chain[0].hash),
-                                          Broken(chain[2], TextOf(chain[2]) + chain[1].hash)));
+  const std::string text = TextOf(chain[1]) + chain[0].hash;
+  EXPECT_THAT(ChainOf(chain), ElementsAre(Broken(chain[1], text)));
+  EXPECT_THAT(SentencesOf("HASH-CHAIN", Of(chain)),
+              ElementsAre("FT A/2: o Hash não é a assinatura de \"" + text.substr(0, 100) +
+                              "…\" com a chave dada: um destes dados ou o próprio Hash foi alterado; a assinatura do "
+                              "documento seguinte da série também não confere, o que pode vir só deste.",
+                          "FT A/2: the Hash is not the signature of \"" + text.substr(0, 100) +
+                              "…\" by the key that was given: one of these or the Hash itself was changed; nor is the "
+                              "signature of the next document of the series right, which may follow from this one "
+                              "alone."));
   // One that is no signature is told by HASH-FORM, and what follows from it by nobody.
-  chain[1].hash = hash.substr(1);
+  chain[1].hash = right[1].hash.substr(1);
   EXPECT_THAT(ChainOf(chain), IsEmpty());
+  // Behind a broken link the Hash counts as it is written.
+  chain[1].hash = Sign("something else");
+  chain[2].hash = Sign(TextOf(chain[2]) + chain[1].hash);
+  EXPECT_THAT(ChainOf(chain), ElementsAre(Broken(chain[1], text), Broken(chain[3], TextOf(chain[3]) + chain[2].hash)));
+}
+
+TEST_F(HashRulesTest, OfDocumentsInARowThoseAreToldThatTheOthersMayFollowFrom) {
+  GiveKey();
+  std::vector<Document> chain = Chain({"FT A/1", "FT A/2", "FT A/3", "FT A/4", "FT A/5", "FT A/6"});
+  for (const size_t at : {1U, 2U, 3U}) chain[at].gross = "1.00";
+  const auto broken = [&](size_t at) {
+    return Broken(chain[at], "2008-07-01;2008-07-01T10:00:00;" + chain[at].number + ";1.00;" + chain[at - 1].hash);
+  };
+  EXPECT_THAT(ChainOf(chain), ElementsAre(broken(1), broken(3)));
+  EXPECT_THAT(ChainOf({chain[3], chain[0], chain[2], chain[5], chain[1], chain[4]}), ElementsAre(broken(3), broken(1)));
+  checker_.set_MostFindings(1);
+  EXPECT_THAT(ChainOf({chain[3], chain[0], chain[2], chain[5], chain[1], chain[4]}), ElementsAre(broken(3)));
+  EXPECT_EQ(checker_.CountOf("HASH-CHAIN"), 2);
+  EXPECT_THAT(ChainOf({chain[2], chain[0], chain[3], chain[5], chain[1], chain[4]}), ElementsAre(broken(3)));
+  EXPECT_EQ(checker_.CountOf("HASH-CHAIN"), 2);
+  checker_.set_MostFindings(0);
+  EXPECT_THAT(ChainOf(chain), ElementsAre(broken(1), broken(3)));
+  // Another series is another row.
+  std::vector<Document> other = Chain({"FT A/1", "FT A/2", "FT B/3"});
+  other[1].gross = "1.00";
+  other[2] = Chain({"FT B/1"})[0];
+  other[2].gross = "1.00";
+  EXPECT_THAT(ChainOf(other), ::testing::SizeIs(2));
 }
 
 TEST_F(HashRulesTest, DocumentsMayComeInAnyOrder) {
@@ -364,9 +400,53 @@ TEST_F(HashRulesTest, EachVersionHasItsKey) {
   EXPECT_THAT(ChainOf(chain), ::testing::SizeIs(1));
 }
 
-TEST_F(HashRulesTest, ByAnotherKeyNoneIsRight) {
+TEST_F(HashRulesTest, WhereNoSignatureIsRightTheKeyIsToldOnce) {
   GiveKey(kOtherPublicKey);
-  EXPECT_THAT(ChainOf(Chain({"FT A/1", "FT A/2"})), ::testing::SizeIs(2));
+  std::vector<Document> chain = Chain({"FT A/1", "FT A/2", "FT A/3"});
+  const std::string of_first = "HASH-CHAIN E Invoice FT A/1/Hash [" + chain[0].hash + "] ";
+  EXPECT_THAT(ChainOf(chain), ElementsAre(of_first + "[1] [3]"));
+  EXPECT_EQ(checker_.CountOf("HASH-CHAIN"), 1);
+  EXPECT_THAT(ChainOf({chain[0], chain[1]}), ElementsAre(of_first + "[1] [2]"));
+  EXPECT_THAT(SentencesOf("HASH-CHAIN", Of(chain)),
+              ElementsAre("FT A/1: nenhuma das 3 assinaturas de versão 1, a começar por esta, confere com a chave "
+                          "pública dada; a chave deve ser outra.",
+                          "FT A/1: none of the 3 signatures of version 1, beginning with this one, is by the public "
+                          "key that was given; the key is probably another."));
+  // One alone says nothing of the key.
+  EXPECT_THAT(ChainOf({chain[0]}), ElementsAre(Broken(chain[0], TextOf(chain[0]))));
+  // With HashControl of no version.
+  for (Document& document : chain) document.control = "";
+  EXPECT_THAT(ChainOf(chain), ElementsAre(of_first + "[] [3]"));
+  EXPECT_THAT(SentencesOf("HASH-CHAIN", Of(chain)),
+              ElementsAre("FT A/1: nenhuma das 3 assinaturas sem versão, a começar por esta, confere com a chave "
+                          "pública dada; a chave deve ser outra.",
+                          "FT A/1: none of the 3 signatures without a version, beginning with this one, is by the "
+                          "public key that was given; the key is probably another."));
+}
+
+TEST_F(HashRulesTest, OfEachVersionTheKeyIsToldAlone) {
+  GiveKey();
+  std::vector<Document> chain = Chain({"FT A/1", "FT A/2", "FT A/3", "FT A/4"});
+  chain[2].control = chain[3].control = "2";
+  EXPECT_THAT(ChainOf(chain), IsEmpty());
+  GiveKey(kOtherPublicKey, 2);
+  EXPECT_THAT(ChainOf(chain), ElementsAre("HASH-CHAIN E Invoice FT A/3/Hash [" + chain[2].hash + "] [2] [2]"));
+  // One key for all may be that of one version only.
+  GiveKey(kPublicKey, 2);
+  GiveKey(kOtherPublicKey, 0);
+  EXPECT_THAT(ChainOf(chain), ElementsAre("HASH-CHAIN E Invoice FT A/1/Hash [" + chain[0].hash + "] [1] [2]"));
+}
+
+TEST_F(HashRulesTest, VersionsBeyondManyCountAsOne) {
+  GiveKey(kOtherPublicKey);
+  std::vector<std::string> numbers;
+  for (int i = 1; i <= 66; ++i) numbers.push_back("FT A/" + std::to_string(i));
+  std::vector<Document> chain = Chain(numbers);
+  for (size_t i = 0; i < chain.size(); ++i) chain[i].control = std::to_string(i + 1);
+  checker_.set_MostFindings(0);
+  const std::vector<std::string> found = ChainOf(chain);
+  // The first number is verified at the end.
+  EXPECT_EQ(std::ranges::count_if(found, [](const std::string& line) { return line.ends_with("[] [2]"); }), 1);
 }
 
 TEST_F(HashRulesTest, OfDocumentsWithOneNumberTheFirstCounts) {

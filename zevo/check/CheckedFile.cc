@@ -50,7 +50,10 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   documents_.Take(facts);
   references_.Take(facts, documents_);
   late_rates_.Take(facts, documents_);
-  if (!public_keys_.IsEmpty()) hashes_.Take(facts, documents_);
+  if (!public_keys_.IsEmpty()) {
+    hashes_.Take(facts, documents_);
+    signatures_.Take(hashes_);
+  }
   invoice_sums_.Take(facts);
   section_sums_.Take(facts, invoice_sums_);
   if (documents_.IsNumbered()) {
@@ -66,6 +69,8 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   line_amounts_.Take(facts);
   ++invoices_;
 }
+
+void CheckedFile::End() { signatures_.End(hashes_, documents_); }
 
 void CheckedFile::TakeTransactionOf(const InvoiceFacts& facts) {
   TransactionTable::Entry* const transaction =

@@ -17,6 +17,7 @@
 #include <zevo/check/LineAmounts.h>
 #include <zevo/check/PublicKeys.h>
 #include <zevo/check/SectionSums.h>
+#include <zevo/check/SignatureChecks.h>
 #include <zevo/check/TransactionTable.h>
 #include <zevo/dal/ScannedEntity.h>
 
@@ -53,9 +54,10 @@ class KeptEntity {
 /// it, whatever rules are on. What takes more than a line to know is a class of its own.
 class CheckedFile {
  public:
-  /// See FileKeys and LineAmounts. The public keys must outlive it.
+  /// See FileKeys, SignatureChecks and LineAmounts. The public keys must outlive it; without any no signature is
+  /// verified.
   CheckedFile(size_t mostKept, const zevo::PublicKeys& publicKeys)
-      : keys_(mostKept), public_keys_(publicKeys), line_amounts_(mostKept) {}
+      : keys_(mostKept), public_keys_(publicKeys), signatures_(mostKept, publicKeys), line_amounts_(mostKept) {}
 
   void Take(const HeaderFacts& facts);
   void Take(const AccountFacts& facts);
@@ -66,6 +68,8 @@ class CheckedFile {
   void Take(const JournalFacts& facts);
   void Take(const TransactionFacts& facts);
   void Take(const InvoiceFacts& facts);
+  /// The file is through.
+  void End();
 
   const KeptEntity<HeaderFacts>& Header() const { return header_; }
   const KeptEntity<SectionFacts>& LedgerEntries() const { return ledger_entries_; }
@@ -80,6 +84,8 @@ class CheckedFile {
   const zevo::PublicKeys& PublicKeys() const { return public_keys_; }
   /// Of a check without public keys, empty.
   const HashChain& Hashes() const { return hashes_; }
+  /// At the end of the file, which of them are wrong.
+  const SignatureChecks& Signatures() const { return signatures_; }
   const KnownTaxes& Taxes() const { return taxes_; }
   const LateRates& RatesOfCorrections() const { return late_rates_; }
   int64_t Invoices() const { return invoices_; }
@@ -120,6 +126,7 @@ class CheckedFile {
   DocumentReferences references_;
   const zevo::PublicKeys& public_keys_;
   HashChain hashes_;
+  SignatureChecks signatures_;
   KnownTaxes taxes_;
   LateRates late_rates_;
   InvoiceSums invoice_sums_;

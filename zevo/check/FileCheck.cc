@@ -29,10 +29,16 @@ namespace {
               "Há um erro deste programa na regra " + told + "; comunique-o, por favor");
 }
 
+// None where the rule that looks at signatures is off: to verify them takes long.
+const PublicKeys& KeysFor(const Findings& findings, const PublicKeys& keys) {
+  static const PublicKeys kNone;
+  return findings.IsOn(*RuleOf("HASH-CHAIN")) ? keys : kNone;
+}
+
 }  // namespace
 
 FileCheck::FileCheck(const CheckSettings& settings, Findings& findings, std::span<const Rule> rules)
-    : findings_(findings), file_(settings.most_of_a_rule, settings.public_keys) {
+    : findings_(findings), file_(settings.most_of_a_rule, KeysFor(findings, settings.public_keys)) {
   for (size_t i = 0; i < rules.size(); ++i) {
     if (findings.IsOn(i)) active_.push_back({i, &rules[i]});
   }
@@ -90,6 +96,7 @@ void FileCheck::Judge(const ScannedEntity& entity) {
 }
 
 void FileCheck::End() {
+  file_.End();
   RunRules([](const Rule& rule, Judgement& judgement) {
     if (rule.at_end != nullptr) rule.at_end(judgement);
   });

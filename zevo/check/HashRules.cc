@@ -90,6 +90,25 @@ constexpr RuleSentence kOtherSignature{
      "foi alterado, ou a chave é outra",
      "the Hash is not the signature of \"{expected}\" by the key that was given: one of these or the Hash of the "
      "document before was changed, or the key is another"}};
+constexpr RuleSentence kOtherSignatureAndNext{
+    Severity::kError,
+    {"o Hash não é a assinatura de \"{expected}\" com a chave dada: um destes dados ou o próprio Hash foi alterado; a "
+     "assinatura do documento seguinte da série também não confere, o que pode vir só deste",
+     "the Hash is not the signature of \"{expected}\" by the key that was given: one of these or the Hash itself was "
+     "changed; nor is the signature of the next document of the series right, which may follow from this one alone"}};
+constexpr RuleSentence kOtherKey{
+    Severity::kError,
+    {"nenhuma das {difference} assinaturas de versão {expected}, a começar por esta, confere com a chave pública dada; "
+     "a chave deve ser outra",
+     "none of the {difference} signatures of version {expected}, beginning with this one, is by the public key that "
+     "was "
+     "given; the key is probably another"}};
+constexpr RuleSentence kOtherKeyOfAll{
+    Severity::kError,
+    {"nenhuma das {difference} assinaturas sem versão, a começar por esta, confere com a chave pública dada; a chave "
+     "deve ser outra",
+     "none of the {difference} signatures without a version, beginning with this one, is by the public key that was "
+     "given; the key is probably another"}};
 constexpr RuleSentence kNothingBefore{
     Severity::kInformation,
     {"a assinatura não foi verificada: o documento anterior da série, {expected}, não está no ficheiro",
@@ -104,54 +123,51 @@ constexpr RuleSentence kNoKeyOfVersion{
      "the signature of this document and of others was not verified, for want of the public key of version "
      "{expected}"}};
 
-// The key of a signature; null, and that is told, where the host has not given it.
-const SignatureVerifier* KeyOf(const HashChain::Link& link, Judgement& judgement) {
-  const CheckedFile& file = judgement.File();
-  const SignatureVerifier* const key = file.PublicKeys().Of(link.version);
-  if (key == nullptr && link.version) {
-    judgement.TellOnce(kNoKeyOfVersion,
-                       file.Documents().Keep(file.Documents()[link.document], DocumentTable::Element::kHash),
-                       {.found = Base64Of(link.signature), .expected = std::to_string(*link.version)});
-  }
-  return key;
+void JudgeKey(const InvoiceFacts& invoice, Judgement& judgement) {
+  if (!judgement.File().PublicKeys().IsEmpty() || invoice.hash_form != HashForm::kSignature) return;
+  judgement.TellOnce(kNoPublicKey, invoice, invoice.hash);
 }
 
-void TellOfLink(const RuleSentence& sentence, const HashChain::Link& link, std::string expected, Judgement& judgement) {
+void TellOfHash(const RuleSentence& sentence, uint32_t document, const std::string& signature, FindingValues values,
+                Judgement& judgement) {
   const DocumentTable& documents = judgement.File().Documents();
-  judgement.Tell(sentence, documents.Keep(documents[link.document], DocumentTable::Element::kHash),
-                 {.found = Base64Of(link.signature), .expected = std::move(expected)});
+  values.found = Base64Of(signature);
+  judgement.Tell(sentence, documents.Keep(documents[document], DocumentTable::Element::kHash), std::move(values));
 }
 
-void JudgeLinks(const InvoiceFacts& invoice, Judgement& judgement) {
-  const CheckedFile& file = judgement.File();
-  if (file.PublicKeys().IsEmpty() && invoice.hash_form == HashForm::kSignature) {
-    judgement.TellOnce(kNoPublicKey, invoice, invoice.hash);
-  }
-  for (const HashChain::Link& link : file.Hashes().Ready()) {
-    const SignatureVerifier* const key = KeyOf(link, judgement);
-    if (key == nullptr || key->Verifies(link.text + link.previous, link.signature)) continue;
-    if (link.after_unsigned && key->Verifies(link.text, link.signature)) continue;
-    TellOfLink(kOtherSignature, link, link.text + link.previous, judgement);
+void JudgeKeysOfVersions(Judgement& judgement) {
+  for (const SignatureChecks::OfVersion& of : judgement.File().Signatures().Versions()) {
+    if (!of.IsOtherKey()) continue;
+    const auto& [document, kept] = *of.kept.begin();
+    FindingValues values{.expected = of.version ? std::to_string(*of.version) : std::string(),
+                         .difference = std::to_string(of.wrong.size())};
+    TellOfHash(of.version ? kOtherKey : kOtherKeyOfAll, document, kept.signature, std::move(values), judgement);
   }
 }
 
-// The first document of a series in the file may be the first of all, and then its signature has no Hash before it.
-void JudgeOpenLinks(Judgement& judgement) {
+void JudgeSignatures(Judgement& judgement) {
   const CheckedFile& file = judgement.File();
+  const SignatureChecks& signatures = file.Signatures();
+  JudgeKeysOfVersions(judgement);
+  if (const auto& without = signatures.FirstWithoutKey()) {
+    TellOfHash(kNoKeyOfVersion, without->document, without->signature, {.expected = std::to_string(without->version)},
+               judgement);
+  }
   const DocumentTable& documents = file.Documents();
-  for (const uint32_t number : file.Hashes().OpenDocuments()) {
-    const HashChain::Link link = file.Hashes().OpenLink(number);
-    const SignatureVerifier* const key = KeyOf(link, judgement);
-    if (key == nullptr) continue;
-    const Document& document = documents[number];
-    const DocumentTable::Series& series = documents.AllSeries()[document.Series()];
-    if (series.lowest == number && key->Verifies(link.text, link.signature)) continue;
-    const Decimal before = documents.NumberOf(document) - 1;
-    if (before <= Decimal()) {
-      TellOfLink(kOtherSignature, link, link.text, judgement);
+  for (const SignatureChecks::Told& told : signatures.WrongOnes(documents)) {
+    const RuleSentence& sentence = told.next_too ? kOtherSignatureAndNext : kOtherSignature;
+    if (told.kept == nullptr) {
+      judgement.TellMore(sentence, 1);
     } else {
-      TellOfLink(kNothingBefore, link, std::string(series.text).append("/").append(before.Text()), judgement);
+      TellOfHash(sentence, told.document, told.kept->signature, {.expected = told.kept->text}, judgement);
     }
+  }
+  for (const uint32_t number : signatures.Unjudged()) {
+    const Document& document = documents[number];
+    std::string before(documents.AllSeries()[document.Series()].text);
+    before.append("/").append((documents.NumberOf(document) - 1).Text());
+    TellOfHash(kNothingBefore, number, file.Hashes().OpenLink(number).signature, {.expected = std::move(before)},
+               judgement);
   }
 }
 
@@ -178,24 +194,31 @@ constexpr Rule kHashRules[] = {
           "2011-01-01"},
      .invoice = JudgeHashControl,
      .at_end = JudgeUnsigned},
-    {.info = {"HASH-CHAIN",
-              Severity::kError,
-              {"Assinatura do documento", "Signature of the document"},
-              {"Com a chave pública: Hash é a assinatura (RSA com SHA-1) de "
-               "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; e do Hash do documento anterior da série, por "
-               "número; no primeiro não há nada depois do último \";\". Depois de um documento não assinado também "
-               "pode não haver. Sem o documento anterior no ficheiro a assinatura não se verifica: só informação. Com "
-               "HashControl n.n, n-XXM… ou n-XXD… também não. Sem chave pública é dito uma vez que nada se verificou.",
-               "With the public key: Hash is the signature (RSA with SHA-1) of "
-               "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; and the Hash of the document before in its series, "
-               "by number; in the first there is nothing behind the last \";\". Behind a document that is not signed "
-               "there may be nothing too. Without the document before in the file the signature is not verified: "
-               "information only. Nor is one with a HashControl of n.n, n-XXM… or n-XXD…. Without a public key it is "
-               "told once that none was verified."},
-              "Portaria 363/2010",
-              "2011-01-01"},
-     .invoice = JudgeLinks,
-     .at_end = JudgeOpenLinks},
+    {.info =
+         {"HASH-CHAIN",
+          Severity::kError,
+          {"Assinatura do documento", "Signature of the document"},
+          {"Com a chave pública: Hash é a assinatura (RSA com SHA-1) de "
+           "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; e do Hash do documento anterior da série, por "
+           "número; no primeiro não há nada depois do último \";\". Depois de um documento não assinado também "
+           "pode não haver. Sem o documento anterior no ficheiro a assinatura não se verifica: só informação. Com "
+           "HashControl n.n, n-XXM… ou n-XXD… também não. Quando um Hash é alterado a assinatura do documento seguinte "
+           "também não confere: de dois documentos seguidos diz-se só o primeiro, e que o outro o segue; de mais "
+           "só os que os outros podem seguir. Quando nenhuma de várias assinaturas de uma versão confere diz-se uma "
+           "vez que a chave pode ser outra. Sem chave pública é dito uma vez que nada se verificou.",
+           "With the public key: Hash is the signature (RSA with SHA-1) of "
+           "InvoiceDate;SystemEntryDate;InvoiceNo;GrossTotal; and the Hash of the document before in its series, "
+           "by number; in the first there is nothing behind the last \";\". Behind a document that is not signed "
+           "there may be nothing too. Without the document before in the file the signature is not verified: "
+           "information only. Nor is one with a HashControl of n.n, n-XXM… or n-XXD…. A Hash that was changed "
+           "makes the signature of the next document wrong too: of two documents in a row only the first is told, "
+           "and that the other follows; of more only those that the others may follow from. Where none of several "
+           "signatures of a version is right it is told once that the key may be another. Without a public key it "
+           "is told once that none was verified."},
+          "Portaria 363/2010",
+          "2011-01-01"},
+     .invoice = JudgeKey,
+     .at_end = JudgeSignatures},
 };
 
 }  // namespace
