@@ -199,6 +199,15 @@ TEST_F(SectionRulesTest, WhatFollowsFromANegativeAmountIsNotTold) {
               ElementsAre("SI-SUM E SalesInvoices/TotalCredit [40.01] [20.00] [20.01]"));
 }
 
+TEST_F(SectionRulesTest, ThatThereIsNoInvoiceIsToldBySchema) {
+  const CleanFile file = CleanFile().Without("Invoice").Without("Invoice").Without("Invoice");
+  EXPECT_THAT(Findings(file), ElementsAre("SCHEMA E SalesInvoices/Invoice [] [Invoice] []"));
+  checker_.set_Severity("SCHEMA", Severity::kOff);
+  EXPECT_THAT(Findings(file), ElementsAre("SI-COUNT E SalesInvoices/NumberOfEntries [3] [0] [3]",
+                                          "SI-SUM E SalesInvoices/TotalDebit [4.00] [0.00] [4.00]",
+                                          "SI-SUM E SalesInvoices/TotalCredit [40.00] [0.00] [40.00]"));
+}
+
 TEST_F(SectionRulesTest, WhatCannotBeReadSilencesTheSums) {
   EXPECT_THAT(Findings(CleanFile().With("Invoice/Line/CreditAmount", "x").With(kCredit, "1").With(kDebit, "5")),
               ElementsAre("READ E Invoice FT A/1/Line[1]/CreditAmount [x] [decimal] []",

@@ -60,9 +60,15 @@ constexpr RuleSentence kWithoutAnulado{
 constexpr std::array<const RuleSentence*, kCountedEntries.size()> kCountedOtherwise{nullptr, &kWithoutCancelled,
                                                                                     &kWithoutAnulado};
 
+// Whether totals are compared with what is there: that a section has no invoice is told by SCHEMA.
+bool HasSomethingToSum(const Judgement& judgement) {
+  const CheckedFile& file = judgement.File();
+  return file.SalesInvoices().IsThere() && (file.Invoices() > 0 || !judgement.IsOn("SCHEMA"));
+}
+
 void JudgeNumberOfInvoices(Judgement& judgement) {
   const CheckedFile& file = judgement.File();
-  if (!file.SalesInvoices().IsThere() || !file.SalesInvoices()->entries.Read()) return;
+  if (!HasSomethingToSum(judgement) || !file.SalesInvoices()->entries.Read()) return;
   const SectionFacts& section = *file.SalesInvoices();
   const Decimal& entries = *section.entries;
   std::vector<Decimal> counts;
@@ -193,7 +199,7 @@ void JudgeTotalOfInvoices(const SectionTotal& of, Judgement& judgement) {
 }
 
 void JudgeTotalsOfInvoices(Judgement& judgement) {
-  if (!judgement.File().SalesInvoices().IsThere()) return;
+  if (!HasSomethingToSum(judgement)) return;
   JudgeTotalOfInvoices(kTotalDebit, judgement);
   JudgeTotalOfInvoices(kTotalCredit, judgement);
 }
