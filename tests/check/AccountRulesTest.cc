@@ -77,6 +77,19 @@ TEST_F(AccountRulesTest, AccountsOfCustomersAndSuppliersExistOrAreUnknown) {
   EXPECT_THAT(Findings(behind), IsEmpty());
 }
 
+TEST_F(AccountRulesTest, ThatThereAreNoneIsToldOnce) {
+  CleanFile file = CleanFile();
+  for (int i = 0; i < 6; ++i) file = file.Without("GeneralLedger");
+  EXPECT_THAT(Findings(file), ElementsAre("ACC-REF E Transaction 2008-03-05 V 1/Line[1]/AccountID [2111] [] [9]"));
+  EXPECT_EQ(checker_.CountOf("ACC-REF"), 1);
+  EXPECT_THAT(Sentences(file),
+              ElementsAre("Movimento 2008-03-05 V 1, linha 1: a conta 2111 não está no ficheiro, que não tem plano de "
+                          "contas (linhas com contas: 9).",
+                          "Transaction 2008-03-05 V 1, line 1: account 2111 is not in the file, which has no chart of "
+                          "accounts (lines with accounts: 9)."));
+  EXPECT_THAT(FindingsOf("ACC-REF", file.With("TaxAccountingBasis", "F")), IsEmpty());
+}
+
 TEST_F(AccountRulesTest, WithoutAnyAccountCustomersAreNotToldOneByOne) {
   CleanFile file = CleanFile().With("TaxAccountingBasis", "F").With("TaxEntity", "Global");
   file = file.With("TaxAccountingBasis", "S").Without("GeneralLedgerEntries");

@@ -54,8 +54,18 @@ TEST_F(HeaderRulesTest, InAFileOfSelfBillingEachDocumentSaysSo) {
 TEST_F(HeaderRulesTest, TheSectionsOfTheBasisAreThere) {
   EXPECT_THAT(Findings(CleanFile().Without("SourceDocuments")),
               ElementsAre("HDR-BASIS I Header/TaxAccountingBasis [I] [SalesInvoices] []"));
+  // GL-INVOICE tells of a ledger that documents refer to.
+  CleanFile integrated = CleanFile().Without("GeneralLedgerEntries");
+  EXPECT_THAT(Findings(integrated), ElementsAre("GL-INVOICE E Invoice FT A/1/TransactionID [2008-03-05 V 1] [] [3]"));
+  for (const char* const invoice : {"Invoice", "Invoice[2]", "Invoice[3]"}) {
+    integrated = integrated.With(std::string(invoice).append("/InvoiceStatus"), "A");
+  }
+  EXPECT_THAT(FindingsOf("HDR-BASIS", integrated),
+              ElementsAre("HDR-BASIS I Header/TaxAccountingBasis [I] [GeneralLedgerEntries] []"));
+  checker_.set_Severity("GL-INVOICE", Severity::kOff);
   EXPECT_THAT(FindingsOf("HDR-BASIS", CleanFile().Without("GeneralLedgerEntries")),
               ElementsAre("HDR-BASIS I Header/TaxAccountingBasis [I] [GeneralLedgerEntries] []"));
+  checker_.set_Severity("GL-INVOICE", Severity::kError);
   EXPECT_THAT(Findings(OfLedger().Without("GeneralLedgerEntries")),
               ElementsAre("HDR-BASIS I Header/TaxAccountingBasis [C] [GeneralLedgerEntries] []"));
   EXPECT_THAT(Findings(OfInvoices().Without("SourceDocuments")),

@@ -75,6 +75,46 @@ TEST_F(KeyRulesTest, WhatIsUsedExists) {
                           "FT A/1, line 2: product pao is not among the products of the file."));
 }
 
+TEST_F(KeyRulesTest, ThatThereAreNoneOfAKindIsToldOnce) {
+  const CleanFile customers = CleanFile().Without("Customer").Without("Customer");
+  EXPECT_THAT(Findings(customers), ElementsAre("KEY-REF E Transaction 2008-03-05 V 1/CustomerID [C1] [] [6]"));
+  EXPECT_EQ(checker_.CountOf("KEY-REF"), 1);
+  EXPECT_THAT(Sentences(customers),
+              ElementsAre("Movimento 2008-03-05 V 1: o cliente C1 não está no ficheiro, que não tem nenhum cliente "
+                          "(referências a clientes: 6).",
+                          "Transaction 2008-03-05 V 1: customer C1 is not in the file, which has no customers at all "
+                          "(references to customers: 6)."));
+  checker_.set_MostFindings(2);
+  EXPECT_THAT(Findings(customers), ElementsAre("KEY-REF E Transaction 2008-03-05 V 1/CustomerID [C1] [] [6]"));
+  const CleanFile products = CleanFile().Without("Product").Without("Product");
+  EXPECT_THAT(Findings(products), ElementsAre("KEY-REF E Invoice FT A/1/Line[1]/ProductCode [PAO] [] [4]"));
+  EXPECT_THAT(Sentences(products),
+              ElementsAre("FT A/1, linha 1: o produto PAO não está no ficheiro, que não tem nenhum produto "
+                          "(referências a produtos: 4).",
+                          "FT A/1, line 1: product PAO is not in the file, which has no products at all (references "
+                          "to products: 4)."));
+  const CleanFile supplier =
+      CleanFile().Without("Supplier").Behind("Transaction/CustomerID", "<SupplierID>F1</SupplierID>");
+  EXPECT_THAT(Findings(supplier), ElementsAre("KEY-REF E Transaction 2008-03-05 V 1/SupplierID [F1] [] [1]"));
+  EXPECT_THAT(Sentences(supplier),
+              ElementsAre("Movimento 2008-03-05 V 1: o fornecedor F1 não está no ficheiro, que não tem nenhum "
+                          "fornecedor (referências a fornecedores: 1).",
+                          "Transaction 2008-03-05 V 1: supplier F1 is not in the file, which has no suppliers at all "
+                          "(references to suppliers: 1)."));
+}
+
+TEST_F(KeyRulesTest, ThatThereAreNoMasterFilesIsToldBySchema) {
+  for (const CleanFile& file : {CleanFile().Without("MasterFiles"), CleanFile().With("MasterFiles", "")}) {
+    Findings(file);
+    EXPECT_EQ(checker_.CountOf("SCHEMA"), 1);
+    EXPECT_EQ(checker_.CountOf("KEY-REF") + checker_.CountOf("ACC-REF"), 0);
+  }
+  checker_.set_Severity("SCHEMA", Severity::kOff);
+  Findings(CleanFile().Without("MasterFiles"));
+  EXPECT_EQ(checker_.CountOf("KEY-REF"), 2);
+  EXPECT_EQ(checker_.CountOf("ACC-REF"), 1);
+}
+
 TEST_F(KeyRulesTest, WhereACustomerHasNoNumberNothingIsSaidOfThoseThatAreUsed) {
   EXPECT_THAT(Findings(CleanFile().Without("Customer/CustomerID")),
               ElementsAre("SCHEMA E Customer/CustomerID [] [CustomerID] []"));

@@ -212,6 +212,27 @@ TEST_F(LedgerRulesTest, TheTransactionOfAnInvoiceExists) {
           "FT A/2: the transaction of the document, 2008-07-01 V 9, is not among the transactions of the file."));
 }
 
+TEST_F(LedgerRulesTest, ThatThereAreNoTransactionsIsToldOnce) {
+  const CleanFile file = CleanFile().Without("GeneralLedgerEntries");
+  EXPECT_THAT(Findings(file), ElementsAre("GL-INVOICE E Invoice FT A/1/TransactionID [2008-03-05 V 1] [] [3]"));
+  EXPECT_EQ(checker_.CountOf("GL-INVOICE"), 1);
+  EXPECT_THAT(FindingsOf("GL-INVOICE", file.With("TaxAccountingBasis", "P")), IsEmpty());
+  EXPECT_THAT(Sentences(file),
+              ElementsAre("FT A/1: o movimento do documento, 2008-03-05 V 1, não está no ficheiro, que não tem nenhum "
+                          "movimento (documentos com movimento: 3).",
+                          "FT A/1: the transaction of the document, 2008-03-05 V 1, is not in the file, which has no "
+                          "transactions at all (documents with one: 3)."));
+}
+
+TEST_F(LedgerRulesTest, OfASectionWithoutTransactionsTheCountIsTold) {
+  CleanFile file = CleanFile().With("TaxAccountingBasis", "P");
+  file = file.Without("Journal").Without("Journal");
+  EXPECT_THAT(Findings(file), ElementsAre("GL-COUNT E GeneralLedgerEntries/NumberOfEntries [3] [0] [3]"));
+  EXPECT_THAT(FindingsOf("GL-SUM", file.With("GeneralLedgerEntries/NumberOfEntries", "0")), SizeIs(2));
+  checker_.set_Severity("GL-COUNT", Severity::kOff);
+  EXPECT_THAT(FindingsOf("GL-SUM", file), SizeIs(2));
+}
+
 TEST_F(LedgerRulesTest, TheInvoicesOfATransactionAreNoMoreThanItsDebits) {
   const CleanFile file = CleanFile().With("Invoice/DocumentTotals/GrossTotal", "33.11");
   EXPECT_THAT(FindingsOf("GL-GROSS", file), ElementsAre("GL-GROSS W Invoice FT A/1/InvoiceNo [33.11] [33.10] [0.01]"));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/DanglingUses.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 
@@ -37,6 +38,10 @@ void JudgeParents(Judgement& judgement) {
 constexpr RuleSentence kUnknownAccount{Severity::kError,
                                        {"a conta {found} não está no plano de contas do ficheiro",
                                         "account {found} is not in the file's chart of accounts"}};
+constexpr RuleSentence kNoAccounts{
+    Severity::kError,
+    {"a conta {found} não está no ficheiro, que não tem plano de contas (linhas com contas: {difference})",
+     "account {found} is not in the file, which has no chart of accounts (lines with accounts: {difference})"}};
 constexpr RuleSentence kUnknownAccountOfParty{
     Severity::kWarning,
     {"a conta {found} não está no plano de contas do ficheiro; sem conta própria devia ser \"Desconhecido\"",
@@ -45,10 +50,8 @@ constexpr RuleSentence kUnknownAccountOfParty{
 
 void JudgeAccountsUsed(Judgement& judgement) {
   const CheckedFile& file = judgement.File();
-  if (file.HasBasis("F")) return;
-  const auto lines = file.Keys().DanglingOf(FileKeys::Use::kAccountOfLine);
-  for (const KeptElement* kept : lines.kept) judgement.Tell(kUnknownAccount, *kept);
-  judgement.TellMore(kUnknownAccount, lines.more);
+  if (file.HasBasis("F") || LacksMasterFiles(judgement)) return;
+  Tell({FileKeys::Use::kAccountOfLine, &kUnknownAccount, &kNoAccounts}, judgement);
   // That a file has no accounts at all is not the fault of each customer.
   if (file.Accounts().IsEmpty()) return;
   const auto parties = file.Keys().DanglingOf(FileKeys::Use::kAccountOfParty);
@@ -68,9 +71,11 @@ constexpr Rule kAccountRules[] = {
     {.info = {"ACC-REF",
               Severity::kError,
               {"Contas usadas", "Accounts used"},
-              {"As contas das linhas dos movimentos existem em GeneralLedger. Só aviso: também as dos clientes e "
+              {"As contas das linhas dos movimentos existem em GeneralLedger; que não há nenhuma é dito uma vez. Só "
+               "aviso: também as dos clientes e "
                "fornecedores, ou são \"Desconhecido\". Na base F nada se verifica.",
-               "The accounts of ledger lines are in GeneralLedger. A warning only: so are those of customers and "
+               "The accounts of ledger lines are in GeneralLedger; that there are none is told once. A warning only: "
+               "so are those of customers and "
                "suppliers, or they are \"Desconhecido\". With basis F nothing is judged."},
               "Portaria 1192/2009"},
      .at_end = JudgeAccountsUsed},

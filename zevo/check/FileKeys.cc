@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/FileKeys.h>
 
+#include <algorithm>
+
 namespace zevo {
 namespace {
 
@@ -16,6 +18,7 @@ FileKeys::FileKeys(size_t mostKept) : most_kept_(mostKept) { complete_.fill(true
 
 void FileKeys::Take(const EntityFacts& facts) {
   repeated_ = false;
+  seen_[static_cast<size_t>(facts.Kind())] = true;
   if (KeyOf(facts.Kind()).empty()) return;
   const auto kind = static_cast<size_t>(facts.Kind());
   if (facts.key.Missing()) {
@@ -37,10 +40,17 @@ void FileKeys::Add(Use use, const EntityFacts& facts, const TextFact& key) {
   }
 }
 
+bool FileKeys::HasMasterFiles() const {
+  constexpr std::array kMasterFiles{EntityKind::kGeneralLedger, EntityKind::kCustomer, EntityKind::kSupplier,
+                                    EntityKind::kProduct, EntityKind::kTaxTable};
+  return std::ranges::any_of(kMasterFiles, [this](EntityKind kind) { return seen_[static_cast<size_t>(kind)]; });
+}
+
 FileKeys::Dangling FileKeys::DanglingOf(Use use) const {
   Dangling dangling;
   const EntityKind target = TargetOf(use);
   if (!IsComplete(target)) return dangling;
+  dangling.none = !seen_[static_cast<size_t>(target)];
   const Uses& uses = uses_[static_cast<size_t>(use)];
   for (const KeptElement& kept : uses.kept) {
     if (!Has(target, kept.text)) dangling.kept.push_back(&kept);

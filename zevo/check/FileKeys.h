@@ -30,6 +30,8 @@ class FileKeys {
   bool IsRepeated() const { return repeated_; }
   bool Has(EntityKind kind, std::string_view key) const { return SetOf(kind).Has(key); }
   size_t CountOf(EntityKind kind) const { return SetOf(kind).Count(); }
+  /// Whether the file has any accounts, customers, suppliers, products or tax tables.
+  bool HasMasterFiles() const;
   /// Whether each entity of the kind had its key. Otherwise what refers to one may mean one that has none.
   bool IsComplete(EntityKind kind) const { return complete_[static_cast<size_t>(kind)]; }
 
@@ -37,6 +39,7 @@ class FileKeys {
   struct Dangling {
     std::vector<const KeptElement*> kept;
     size_t more = 0;
+    bool none = false;  ///< the file has no entity that they might mean
   };
   Dangling DanglingOf(Use use) const;
 
@@ -52,6 +55,7 @@ class FileKeys {
   size_t most_kept_;
   std::array<KeySet, kEntityKinds> sets_;
   std::array<bool, kEntityKinds> complete_;
+  std::array<bool, kEntityKinds> seen_{};
   std::array<Uses, kUses> uses_;
   bool repeated_ = false;
 };

@@ -59,7 +59,10 @@ void JudgeBasisAtEnd(Judgement& judgement) {
   }
   const bool ledger = header.HasBasis("C") || header.HasBasis("I");
   const bool invoices = header.HasBasis("F") || header.HasBasis("I") || header.HasBasis("S");
-  if (ledger && !file.LedgerEntries().IsThere()) {
+  // With basis I, of a ledger that documents refer to GL-INVOICE tells.
+  const bool told = header.HasBasis("I") && judgement.IsOn("GL-INVOICE") &&
+                    !file.Keys().DanglingOf(FileKeys::Use::kTransaction).kept.empty();
+  if (ledger && !file.LedgerEntries().IsThere() && !told) {
     judgement.Tell(kSectionMissing, header, header.basis, {.expected = "GeneralLedgerEntries"});
   }
   if (invoices && !file.SalesInvoices().IsThere()) {

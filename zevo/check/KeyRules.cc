@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/DanglingUses.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 
@@ -33,19 +34,25 @@ constexpr RuleSentence kUnknownProduct{Severity::kError,
                                        {"o produto {found} não está entre os produtos do ficheiro",
                                         "product {found} is not among the products of the file"}};
 
+constexpr RuleSentence kNoCustomers{
+    Severity::kError,
+    {"o cliente {found} não está no ficheiro, que não tem nenhum cliente (referências a clientes: {difference})",
+     "customer {found} is not in the file, which has no customers at all (references to customers: {difference})"}};
+constexpr RuleSentence kNoSuppliers{
+    Severity::kError,
+    {"o fornecedor {found} não está no ficheiro, que não tem nenhum fornecedor (referências a fornecedores: "
+     "{difference})",
+     "supplier {found} is not in the file, which has no suppliers at all (references to suppliers: {difference})"}};
+constexpr RuleSentence kNoProducts{
+    Severity::kError,
+    {"o produto {found} não está no ficheiro, que não tem nenhum produto (referências a produtos: {difference})",
+     "product {found} is not in the file, which has no products at all (references to products: {difference})"}};
+
 void JudgeReferences(Judgement& judgement) {
-  struct Row {
-    FileKeys::Use use;
-    const RuleSentence* sentence;
-  };
-  constexpr Row kRows[] = {{FileKeys::Use::kCustomer, &kUnknownCustomer},
-                           {FileKeys::Use::kSupplier, &kUnknownSupplier},
-                           {FileKeys::Use::kProduct, &kUnknownProduct}};
-  for (const Row& row : kRows) {
-    const auto dangling = judgement.File().Keys().DanglingOf(row.use);
-    for (const KeptElement* kept : dangling.kept) judgement.Tell(*row.sentence, *kept);
-    judgement.TellMore(*row.sentence, dangling.more);
-  }
+  if (LacksMasterFiles(judgement)) return;
+  Tell({FileKeys::Use::kCustomer, &kUnknownCustomer, &kNoCustomers}, judgement);
+  Tell({FileKeys::Use::kSupplier, &kUnknownSupplier, &kNoSuppliers}, judgement);
+  Tell({FileKeys::Use::kProduct, &kUnknownProduct, &kNoProducts}, judgement);
 }
 
 constexpr Rule kKeyRules[] = {
@@ -61,8 +68,11 @@ constexpr Rule kKeyRules[] = {
     {.info = {"KEY-REF",
               Severity::kError,
               {"Clientes, fornecedores e produtos usados", "Customers, suppliers and products used"},
-              {"Os CustomerID, SupplierID e ProductCode que se usam nos movimentos e documentos existem no ficheiro.",
-               "The CustomerID, SupplierID and ProductCode that ledger entries and documents use are in the file."},
+              {"Os CustomerID, SupplierID e ProductCode que se usam nos movimentos e documentos existem no ficheiro. "
+               "Que não "
+               "há nenhum cliente, fornecedor ou produto é dito uma vez.",
+               "The CustomerID, SupplierID and ProductCode that ledger entries and documents use are in the file. That "
+               "it has no customers, suppliers or products at all is told once."},
               "Portaria 1192/2009"},
      .at_end = JudgeReferences},
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <zevo/check/DanglingUses.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 #include <zevo/check/MoneyText.h>
@@ -52,6 +53,9 @@ void JudgeTotal(const RuleSentence& sentence, const NumberFact& total, const Amo
 void JudgeTotals(Judgement& judgement) {
   const CheckedFile& file = judgement.File();
   if (!file.LedgerEntries().IsThere()) return;
+  // That there are no transactions, though there should be, is told once.
+  const NumberFact& entries = file.LedgerEntries()->entries;
+  if (file.Ledger().Transactions() == 0 && entries.Read() && !entries->IsZero() && judgement.IsOn("GL-COUNT")) return;
   JudgeTotal(kOtherTotalDebit, file.LedgerEntries()->debit, file.Ledger().OfAll().debit, judgement);
   JudgeTotal(kOtherTotalCredit, file.LedgerEntries()->credit, file.Ledger().OfAll().credit, judgement);
 }
@@ -230,11 +234,16 @@ constexpr RuleSentence kUnknownTransaction{
     {"o movimento do documento, {found}, não está entre os movimentos do ficheiro",
      "the transaction of the document, {found}, is not among the transactions of the file"}};
 
+constexpr RuleSentence kNoTransactions{
+    Severity::kError,
+    {"o movimento do documento, {found}, não está no ficheiro, que não tem nenhum movimento (documentos com movimento: "
+     "{difference})",
+     "the transaction of the document, {found}, is not in the file, which has no transactions at all (documents with "
+     "one: {difference})"}};
+
 void JudgeTransactionsOfInvoices(Judgement& judgement) {
   if (!judgement.File().HasBasis("I")) return;
-  const auto dangling = judgement.File().Keys().DanglingOf(FileKeys::Use::kTransaction);
-  for (const KeptElement* kept : dangling.kept) judgement.Tell(kUnknownTransaction, *kept);
-  judgement.TellMore(kUnknownTransaction, dangling.more);
+  Tell({FileKeys::Use::kTransaction, &kUnknownTransaction, &kNoTransactions}, judgement);
 }
 
 // GL-GROSS
@@ -382,9 +391,11 @@ constexpr Rule kLedgerRules[] = {
     {.info = {"GL-INVOICE",
               Severity::kError,
               {"Movimentos dos documentos", "Transactions of documents"},
-              {"Na base I o TransactionID de cada documento que não esteja anulado é o de um movimento do ficheiro.",
+              {"Na base I o TransactionID de cada documento que não esteja anulado é o de um movimento do ficheiro; "
+               "que não "
+               "há nenhum é dito uma vez.",
                "With basis I the TransactionID of each document that is not cancelled is that of a transaction in the "
-               "file."},
+               "file; that there are none is told once."},
               "Portaria 1192/2009"},
      .at_end = JudgeTransactionsOfInvoices},
     {.info =
