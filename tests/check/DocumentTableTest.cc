@@ -153,18 +153,6 @@ TEST_F(DocumentTableTest, NumbersAreRepeatedExactlyOrApartFromZeros) {
   EXPECT_EQ(table_.Count(), 5U);
 }
 
-TEST_F(DocumentTableTest, OthersMayStandBetweenTwoDocuments) {
-  TakeNumbers({"FT A/1", "FT B/1", "FT B/1", "A/1", "FT A/1", "FT A/4", "FT A/4", "FT A/5"});
-  const auto between = [&](std::string_view one, std::string_view other) {
-    const auto at = [&](std::string_view text) { return *table_.Find(*DocumentNumber::FromText(text)); };
-    return table_.UnplacedBetween(at(one), at(other));
-  };
-  EXPECT_EQ(between("FT A/1", "FT A/4"), 2U);
-  EXPECT_EQ(between("FT A/4", "FT A/1"), 2U);
-  EXPECT_EQ(between("FT A/4", "FT A/5"), 1U);
-  EXPECT_EQ(between("FT A/1", "FT A/5"), 3U);
-}
-
 TEST_F(DocumentTableTest, ADocumentIsFoundAsItIsWrittenFirst) {
   TakeNumbers({"FT A/02", "FT A/2", "FT B/3", "FT A/18446744073709551616"});
   EXPECT_EQ(Found("FT A/2"), "FT A/2");

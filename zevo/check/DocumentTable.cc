@@ -45,6 +45,8 @@ uint64_t PackedTime(const CalendarTime& time) {
          static_cast<uint64_t>(time.second);
 }
 
+uint64_t EntryOf(const InvoiceFacts& facts) { return facts.entry_date.Read() ? PackedTime(*facts.entry_date) : 0; }
+
 DocumentNumber OfDigits(std::string_view digits) { return {.series = {}, .code = {}, .name = {}, .digits = digits}; }
 
 }  // namespace
@@ -158,7 +160,15 @@ bool DocumentTable::IsBefore(uint32_t one, uint32_t other) const {
   const Document& left = (*this)[one];
   const Document& right = (*this)[other];
   if (left.series_ != right.series_) return series_[left.series_].text < series_[right.series_].text;
-  return ValueOf(left) < ValueOf(right);
+  return IsLower(left, right);
+}
+
+bool DocumentTable::IsLower(const Document& one, const Document& other) const {
+  const Value value = ValueOf(one);
+  const Value other_value = ValueOf(other);
+  if (value != other_value) return value < other_value;
+  if (one.zeros_ != kLongNumber) return one.zeros_ < other.zeros_;
+  return LongNumberOf(one).size() < LongNumberOf(other).size();
 }
 
 bool DocumentTable::IsBelowSeries(const DocumentNumber& number) const {
@@ -173,7 +183,7 @@ void DocumentTable::Take(const InvoiceFacts& facts) {
   repeated_ = false;
   other_spelling_ = std::nullopt;
   if (!number) {
-    unnumbered_.push_back(count_);
+    unnumbered_.push_back(EntryOf(facts));
     return;
   }
   last_series_ = SeriesOf(number->series);
@@ -183,7 +193,7 @@ void DocumentTable::Take(const InvoiceFacts& facts) {
   if (const auto same = beyond ? std::nullopt : Find(*number, last_series_, value)) {
     if (IsWrittenLike((*this)[*same], *number)) {
       repeated_ = true;
-      series_[last_series_].repeated.push_back(count_);
+      copies_.push_back({*same, EntryOf(facts)});
       return;
     }
     other_spelling_ = same;
@@ -209,7 +219,7 @@ void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number,
     long_numbers_.emplace_back(number.digits);
   }
   if (facts.date.Read()) document.date_ = PackedDate(*facts.date) & 0x7FFFFFU;
-  if (facts.entry_date.Read()) document.entry_ = PackedTime(*facts.entry_date) & 0xFFFFFFFFFFU;
+  document.entry_ = EntryOf(facts) & 0xFFFFFFFFFFU;
   document.type_ = TypeNumber(facts);
   document.state_ = StateOf(facts);
   document.hash_ = facts.hash_form;
@@ -250,26 +260,14 @@ std::vector<uint32_t> DocumentTable::AlongSeries() const {
                                 [](const Series& series) { return series.documents; });
   std::vector<uint32_t> documents(count_);
   for (uint32_t i = 0; i < count_; ++i) documents[ends[(*this)[i].series_]++] = i;
-  const auto before = [this](uint32_t left, uint32_t right) {
-    return ValueOf((*this)[left]) < ValueOf((*this)[right]);
-  };
+  const auto before = [this](uint32_t left, uint32_t right) { return IsLower((*this)[left], (*this)[right]); };
   auto from = documents.begin();
   for (const Series& series : series_) {
     const auto to = from + series.documents;
-    if (!std::is_sorted(from, to, before)) std::stable_sort(from, to, before);
+    if (!std::is_sorted(from, to, before)) std::sort(from, to, before);
     from = to;
   }
   return documents;
-}
-
-size_t DocumentTable::UnplacedBetween(uint32_t one, uint32_t other) const {
-  const auto [first, second] = std::minmax(one, other);
-  size_t between = 0;
-  for (const auto* const unplaced : {&unnumbered_, &series_[(*this)[one].series_].repeated}) {
-    const auto from = std::ranges::upper_bound(*unplaced, first);
-    between += static_cast<size_t>(std::ranges::upper_bound(*unplaced, second) - from);
-  }
-  return between;
 }
 
 Decimal DocumentTable::NumberOf(const Document& document) const {

@@ -13,6 +13,7 @@
 #include <zevo/model/Decimal.h>
 
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -83,7 +84,14 @@ class DocumentTable {
     uint32_t lowest = 0;   ///< the document with the lowest number
     uint32_t highest = 0;  ///< the document with the highest number
     std::vector<TypeUse> types;
-    std::vector<uint32_t> repeated;  ///< for each repeated number, the document that it stands before
+  };
+
+  /// An invoice whose number is that of a document.
+  struct Copy {
+    uint32_t document;
+    uint64_t entry;  ///< as `EntryOrder`
+
+    friend auto operator<=>(const Copy&, const Copy&) = default;
   };
 
   /// The elements that are kept of a document.
@@ -107,7 +115,7 @@ class DocumentTable {
   /// The first document of the same series whose number is so much greater. Of numbers of 20 digits none is known.
   std::optional<uint32_t> Neighbour(uint32_t document, int step) const;
 
-  /// Whether one comes before another, by the texts of their series and by number.
+  /// Whether one comes before another, by the texts of their series, by number and by zeros in front.
   bool IsBefore(uint32_t one, uint32_t other) const;
 
   const std::deque<Series>& AllSeries() const { return series_; }
@@ -115,11 +123,12 @@ class DocumentTable {
   std::optional<uint32_t> FindSeries(std::string_view text) const;
   /// Whether the file has a series, and none of its numbers is as low as this one or lower.
   bool IsBelowSeries(const DocumentNumber& number) const;
-  /// How many invoices that are not in the table stand in the file between two documents of a series: such as may have
-  /// been meant to be of that series.
-  size_t UnplacedBetween(uint32_t one, uint32_t other) const;
+  /// The invoices that are not in the table, in the order of the file: those that are `IsRepeated`.
+  const std::vector<Copy>& Copies() const { return copies_; }
+  /// And the others, those that are not `IsNumbered`: when they were entered, as `EntryOrder`.
+  const std::vector<uint64_t>& Unnumbered() const { return unnumbered_; }
 
-  /// The documents, series by series as these come in the file, along each by number.
+  /// The documents, series by series as these come in the file, along each by number, of one number by zeros in front.
   std::vector<uint32_t> AlongSeries() const;
 
   Decimal NumberOf(const Document& document) const;
@@ -145,6 +154,8 @@ class DocumentTable {
     return long_numbers_[static_cast<size_t>(document.number_)];
   }
   Value ValueOf(const Document& document) const;
+  // Within a series.
+  bool IsLower(const Document& one, const Document& other) const;
   static uint64_t HashOf(uint32_t series, const Value& value);
   std::optional<uint32_t> Find(const DocumentNumber& number, uint32_t series, const Value& value) const;
   bool IsWrittenLike(const Document& document, const DocumentNumber& number) const;
@@ -160,7 +171,8 @@ class DocumentTable {
   uint32_t last_series_ = 0;
   std::deque<std::string> long_numbers_;  // as they are written
   PlaceSteps steps_;
-  std::vector<uint32_t> unnumbered_;  // the documents before which the others stand
+  std::vector<Copy> copies_;
+  std::vector<uint64_t> unnumbered_;
   bool numbered_ = false;
   bool repeated_ = false;
   std::optional<uint32_t> other_spelling_;

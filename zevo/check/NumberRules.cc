@@ -2,6 +2,7 @@
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 #include <zevo/check/OutOfOrder.h>
+#include <zevo/check/UnplacedDocuments.h>
 
 #include <algorithm>
 #include <iterator>
@@ -129,36 +130,44 @@ constexpr RuleSentence kMissingNumbers{
 // In a partial file some are left out rightly.
 Severity MostOfGaps(const CheckedFile& file) { return file.HasBasis("P") ? Severity::kWarning : Severity::kError; }
 
-void JudgeOtherSpelling(const InvoiceFacts& invoice, Judgement& judgement) {
+void TellOfSameNumber(uint32_t document, uint32_t other, Judgement& judgement) {
   const DocumentTable& documents = judgement.File().Documents();
-  const auto other = documents.OtherSpelling();
-  // That a number is 0 is told already.
-  if (!other || documents.NumberOf(documents[*other]).IsZero()) return;
-  judgement.Tell(kSameNumber, invoice, invoice.number,
-                 {.expected = documents.TextOf(documents[*other]), .at_most = MostOfGaps(judgement.File())});
+  judgement.Tell(kSameNumber, documents.Keep(documents[document], DocumentTable::Element::kNumber),
+                 {.expected = documents.TextOf(documents[other]), .at_most = MostOfGaps(judgement.File())});
 }
 
-void JudgeGap(const DocumentTable& documents, uint32_t lower, uint32_t higher, Judgement& judgement) {
-  const Decimal from = documents.NumberOf(documents[lower]) + 1;
-  const Decimal to = documents.NumberOf(documents[higher]) - 1;
-  // Number 0 is none of the series.
-  if (to < from || from == 1) return;
-  const Decimal missing = to - from + 1;
-  if (missing <= documents.UnplacedBetween(lower, higher)) return;
+void TellOfGap(const Decimal& from, const Decimal& to, uint32_t higher, Judgement& judgement) {
+  const DocumentTable& documents = judgement.File().Documents();
   const KeptElement at = documents.Keep(documents[higher], DocumentTable::Element::kNumber);
   const Severity at_most = MostOfGaps(judgement.File());
   if (from == to) {
     judgement.Tell(kMissingNumber, at, {.expected = from.Text(), .at_most = at_most});
   } else {
-    judgement.Tell(kMissingNumbers, at,
-                   {.expected = from.Text() + "-" + to.Text(), .difference = missing.Text(), .at_most = at_most});
+    judgement.Tell(
+        kMissingNumbers, at,
+        {.expected = from.Text() + "-" + to.Text(), .difference = (to - from + 1).Text(), .at_most = at_most});
   }
 }
 
 void JudgeGaps(Judgement& judgement) {
   const DocumentTable& documents = judgement.File().Documents();
+  const UnplacedDocuments unplaced(documents);
   ForEachSeries(documents, [&](std::span<const uint32_t> line) {
-    for (size_t i = 1; i < line.size(); ++i) JudgeGap(documents, line[i - 1], line[i], judgement);
+    size_t first = 0;  // of those with the same number
+    for (size_t i = 1; i < line.size(); ++i) {
+      const Decimal lower = documents.NumberOf(documents[line[i - 1]]);
+      const Decimal higher = documents.NumberOf(documents[line[i]]);
+      if (lower == higher) {
+        // That a number is 0 is told already.
+        if (!higher.IsZero()) TellOfSameNumber(line[i], line[first], judgement);
+        continue;
+      }
+      first = i;
+      const Decimal missing = higher - lower - 1;
+      // Number 0 is none of the series.
+      if (missing.IsZero() || lower.IsZero()) continue;
+      if (missing > unplaced.Between(line[i - 1], line[i])) TellOfGap(lower + 1, higher - 1, line[i], judgement);
+    }
   });
 }
 
@@ -238,21 +247,29 @@ void JudgeLine(std::vector<uint32_t>& line, const OrderedElement& by, Judgement&
   line = std::move(in_line);
 }
 
-// Of a number 0 NO-FORM tells, of a date out of the period DATE-RANGE.
+// Of a number 0 NO-FORM tells, of a date out of the period DATE-RANGE, of a repeated number KEY-DUP or NO-GAP.
 bool HasPlaceInSeries(const CheckedFile& file, uint32_t number) {
   const DocumentTable::Document& document = file.Documents()[number];
   const auto date = document.Date();
   return !file.Documents().NumberOf(document).IsZero() && (!date || file.IsInPeriod(*date).value_or(true));
 }
 
+bool IsSameNumber(const DocumentTable& documents, std::span<const uint32_t> line, size_t one, size_t other) {
+  return other < line.size() && documents.NumberOf(documents[line[one]]) == documents.NumberOf(documents[line[other]]);
+}
+
 void JudgeOrder(Judgement& judgement) {
   const DocumentTable& documents = judgement.File().Documents();
+  const UnplacedDocuments unplaced(documents);
   ForEachSeries(documents, [&](std::span<const uint32_t> all) {
     const bool dates = IsInOrder(documents, all, kDates);
     if (dates && IsInOrder(documents, all, kEntries)) return;
     std::vector<uint32_t> line;
-    std::ranges::copy_if(all, std::back_inserter(line),
-                         [&](uint32_t document) { return HasPlaceInSeries(judgement.File(), document); });
+    for (size_t i = 0; i < all.size(); ++i) {
+      const bool alone = !IsSameNumber(documents, all, i, i - 1) && !IsSameNumber(documents, all, i, i + 1) &&
+                         !unplaced.IsRepeated(all[i]);
+      if (alone && HasPlaceInSeries(judgement.File(), all[i])) line.push_back(all[i]);
+    }
     if (!dates) JudgeLine(line, kDates, judgement);
     JudgeLine(line, kEntries, judgement);
   });
@@ -281,22 +298,23 @@ constexpr Rule kNumberRules[] = {
               Severity::kError,
               {"Números seguidos", "Numbers without gaps"},
               {"Os números de cada série seguem-se sem faltas, e nenhum se repete só com outros zeros à esquerda. O "
-               "primeiro não tem de ser 1. Na base P é só um aviso. Uma falta em cujo lugar estão documentos com "
-               "números repetidos ou ilegíveis não se conta.",
+               "primeiro não tem de ser 1. Na base P é só um aviso. Uma falta não se conta quando entretanto foram "
+               "gravados (SystemEntryDate) outros tantos documentos com números repetidos ou ilegíveis.",
                "The numbers of each series follow each other without gaps, and none is repeated with only other zeros "
-               "in front. The first need not be 1. With basis P it is only a warning. A gap in whose place documents "
-               "with repeated or unreadable numbers stand does not count."},
+               "in front. The first need not be 1. With basis P it is only a warning. A gap does not count where as "
+               "many documents with repeated or unreadable numbers were entered meanwhile (SystemEntryDate)."},
               "CIVA, art. 36.º, n.º 5"},
-     .invoice = JudgeOtherSpelling,
      .at_end = JudgeGaps},
-    {.info = {"NO-ORDER",
-              Severity::kError,
-              {"Datas ao longo da série", "Dates along the series"},
-              {"Ao longo de cada série, por números, InvoiceDate nunca diminui. Só aviso: nem SystemEntryDate. É dito "
-               "só dos documentos que destoam dos outros, o menor número possível.",
-               "Along each series, by numbers, InvoiceDate never decreases. A warning only: nor does SystemEntryDate. "
-               "It is told only of the documents that stand out from the others, as few as possible."},
-              ""},
+    {.info =
+         {"NO-ORDER",
+          Severity::kError,
+          {"Datas ao longo da série", "Dates along the series"},
+          {"Ao longo de cada série, por números, InvoiceDate nunca diminui. Só aviso: nem SystemEntryDate. É dito "
+           "só dos documentos que destoam dos outros, o menor número possível; não daqueles cujo número se repete.",
+           "Along each series, by numbers, InvoiceDate never decreases. A warning only: nor does SystemEntryDate. "
+           "It is told only of the documents that stand out from the others, as few as possible; not of those whose "
+           "number is repeated."},
+          ""},
      .at_end = JudgeOrder},
 };
 
