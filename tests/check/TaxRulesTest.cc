@@ -129,11 +129,11 @@ TEST_F(TaxRulesTest, TheRateIsThatOfItsTime) {
     EXPECT_THAT(OfRate(WithTaxOn(row.date, row.region, row.code, row.rate)), IsEmpty()) << row.date << row.region;
   }
   EXPECT_THAT(OfRate(WithTaxOn("2014-01-02", "PT-AC", "NOR", "16")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [16] [18] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [16] [18% (NOR PT-AC)] []"));
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-02", "PT-MA", "RED", "4")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [4] [5] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [4] [5% (RED PT-MA)] []"));
   EXPECT_THAT(OfRate(WithTax("PT", "NOR", "20.001")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [20.001] [20] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [20.001] [20% (NOR PT)] []"));
 }
 
 TEST_F(TaxRulesTest, AnotherRateIsToldOnce) {
@@ -141,41 +141,41 @@ TEST_F(TaxRulesTest, AnotherRateIsToldOnce) {
                              .With("Invoice[2]/DocumentTotals/TaxPayable", "2.30")
                              .With("Invoice[2]/DocumentTotals/GrossTotal", "12.30");
   checker_.set_Severity("GL-GROSS", Severity::kOff);
-  EXPECT_THAT(Findings(file), ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [23] [20] []"));
+  EXPECT_THAT(Findings(file), ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [23] [20% (NOR PT)] []"));
   EXPECT_THAT(FindingsOf("TAX-RATE", file.With("Invoice[2]/InvoiceStatus", "A")),
-              ElementsAre("TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [23] [20] []"));
-  EXPECT_THAT(
-      Sentences(file),
-      ElementsAre("FT A/2: a taxa de IVA é 23%; para o código, a região e a data da linha devia ser 20%.",
-                  "FT A/2: the VAT rate is 23%; for the code, the region and the date of the line it should be 20%."));
+              ElementsAre("TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [23] [20% (NOR PT)] []"));
+  EXPECT_THAT(Sentences(file),
+              ElementsAre("FT A/2: a taxa de IVA é 23%; na data da linha devia ser 20% (NOR PT).",
+                          "FT A/2: the VAT rate is 23%; on the date of the line it should be 20% (NOR PT)."));
   checker_.set_Severity("TAX-RATE", Severity::kOff);
-  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 23%] [] []"));
+  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 23%] [] [1]"));
 }
 
 TEST_F(TaxRulesTest, OnTheDaysOfAChangeTheRateBesideIsOnlyInformation) {
-  constexpr std::string_view kNew = "TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [20] [21] []";
-  constexpr std::string_view kOld = "TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [21] [20] []";
+  constexpr std::string_view kNew = "TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []";
+  constexpr std::string_view kOld = "TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []";
   EXPECT_THAT(OfRate(WithTaxOn("2008-06-30", "PT", "NOR", "20")), ElementsAre(kNew));
   EXPECT_THAT(OfRate(WithTaxOn("2008-07-01", "PT", "NOR", "21")), ElementsAre(kOld));
   EXPECT_THAT(OfRate(WithTaxOn("2008-06-29", "PT", "NOR", "20")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [20] [21] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"));
   EXPECT_THAT(OfRate(WithTaxOn("2008-07-02", "PT", "NOR", "21")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [21] [20] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"));
   EXPECT_THAT(OfRate(WithTaxOn("2014-01-01", "PT-AC", "NOR", "16")), ElementsAre(::testing::HasSubstr("TAX-RATE I")));
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-01", "PT-MA", "NOR", "16")), ElementsAre(::testing::HasSubstr("TAX-RATE I")));
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-01", "PT-AC", "NOR", "22")), ElementsAre(::testing::HasSubstr("TAX-RATE W")));
   const auto sentences = Sentences(WithTaxOn("2008-07-01", "PT", "NOR", "21"));
-  EXPECT_THAT(sentences, ::testing::IsSupersetOf(
-                             {"FT A/2: a taxa de IVA é 21%, do outro lado da mudança de taxas; na data da linha é 20%.",
-                              "FT A/2: the VAT rate is 21%, that of the other side of the change of rates; on the date "
-                              "of the line it is 20%."}));
+  EXPECT_THAT(sentences,
+              ::testing::IsSupersetOf(
+                  {"FT A/2: a taxa de IVA é 21%, do outro lado da mudança de taxas; na data da linha é 20% (NOR PT).",
+                   "FT A/2: the VAT rate is 21%, that of the other side of the change of rates; on the date "
+                   "of the line it is 20% (NOR PT)."}));
 }
 
 TEST_F(TaxRulesTest, TheTaxPointCountsBeforeTheInvoiceDate) {
   const CleanFile file = WithTaxOn("2008-06-15", "PT", "NOR", "21");
   EXPECT_THAT(OfRate(file), IsEmpty());
   EXPECT_THAT(OfRate(file.Without("Invoice[2]/Line/TaxPointDate").With("Invoice[2]/InvoiceDate", "2008-07-15")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [21] [20] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"));
   EXPECT_THAT(OfRate(file.With("Invoice[2]/Line/TaxPointDate", "x")), IsEmpty());
 }
 
@@ -185,14 +185,14 @@ TEST_F(TaxRulesTest, DocumentsThatCorrectAnotherHaveAnyRateThatWas) {
       return OfRate(WithTax("PT", "NOR", rate).With("Invoice[2]/InvoiceType", type));
     };
     for (const char* const rate : {"20", "21", "23"}) EXPECT_THAT(of(rate), IsEmpty()) << type;
-    EXPECT_THAT(of("22"), ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [22] [21, 20, 23] []"));
+    EXPECT_THAT(of("22"),
+                ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [22] [21, 20, 23 (NOR PT)] []"));
   }
   EXPECT_THAT(
       Sentences(CleanFile().With("Invoice[3]/Line/Tax/TaxPercentage", "5.5")),
       ::testing::IsSupersetOf(
-          {"NC A/1: a taxa de IVA é 5,5%, que nunca foi a do código e da região da linha; essa foi (em %) 5, 6.",
-           "NC A/1: the VAT rate is 5.5%, which never was that of the code and the region of the line; that was (in %) "
-           "5, 6."}));
+          {"NC A/1: a taxa de IVA é 5,5%; deste código e nesta região só houve (em %) 5, 6 (RED PT).",
+           "NC A/1: the VAT rate is 5.5%; of this code and in this region there only were (in %) 5, 6 (RED PT)."}));
 }
 
 TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
@@ -200,7 +200,7 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
   const auto note = [](std::string_view rate) {
     return CleanFile().With("Invoice[3]/Line/Tax/TaxCode", "NOR").With("Invoice[3]/Line/Tax/TaxPercentage", rate);
   };
-  constexpr std::string_view kOther = "TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [20] [21] []";
+  constexpr std::string_view kOther = "TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []";
   for (const uint64_t seed : {1U, 2U, 3U, 4U}) {
     EXPECT_THAT(OfRate(Shuffled(note("20"), seed)), ElementsAre(kOther)) << seed;
     EXPECT_THAT(OfRate(Shuffled(note("21"), seed)), IsEmpty()) << seed;
@@ -209,10 +209,10 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
     // Invoiced within days of the tax point, perhaps.
     EXPECT_THAT(OfRate(Shuffled(note("21").With("Invoice/InvoiceDate", "2008-07-09"), seed)), IsEmpty()) << seed;
     EXPECT_THAT(OfRate(Shuffled(note("21").With("Invoice/InvoiceDate", "2008-07-10"), seed)),
-                ElementsAre("TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [21] [20] []"))
+                ElementsAre("TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"))
         << seed;
     EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "2008-06-30"), seed)),
-                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21] []"))
+                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
         << seed;
     // Of no document of the file.
     for (const char* const reference : {"FT B/1", "1234"}) {
@@ -222,14 +222,14 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
     }
     EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "x"), seed)), IsEmpty()) << seed;
     EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/InvoiceStatus", "A"), seed)),
-                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21] []"))
+                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
         << seed;
   }
   EXPECT_THAT(Sentences(note("20")),
-              ::testing::IsSupersetOf({"NC A/1: a taxa de IVA é 20%; para o código, a região e a data do documento que "
-                                       "este retifica devia ser 21%.",
-                                       "NC A/1: the VAT rate is 20%; for the code, the region and the date of the "
-                                       "document that this one corrects it should be 21%."}));
+              ::testing::IsSupersetOf(
+                  {"NC A/1: a taxa de IVA é 20%; na data do documento que este retifica devia ser 21% (NOR PT).",
+                   "NC A/1: the VAT rate is 20%; on the date of the document that this one corrects it should be 21% "
+                   "(NOR PT)."}));
 }
 
 TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
@@ -257,9 +257,11 @@ TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
 
 TEST_F(TaxRulesTest, TheTaxOfALineIsInTheTable) {
   const CleanFile file = CleanFile().Without("TaxTableEntry[3]");
-  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 20%] [] []"));
-  EXPECT_THAT(Sentences(file), ElementsAre("FT A/2: IVA PT NOR 20% não está na tabela de impostos do ficheiro.",
-                                           "FT A/2: IVA PT NOR 20% is not in the tax table of the file."));
+  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 20%] [] [1]"));
+  EXPECT_THAT(
+      Sentences(file),
+      ElementsAre("FT A/2: IVA PT NOR 20% não está na tabela de impostos do ficheiro (linhas com este imposto: 1).",
+                  "FT A/2: IVA PT NOR 20% is not in the tax table of the file (lines with this tax: 1)."));
   EXPECT_THAT(Findings(CleanFile().With("TaxTableEntry[3]/TaxPercentage", "20.00")), IsEmpty());
   EXPECT_THAT(OfTable(CleanFile().With("TaxTableEntry[3]/TaxCountryRegion", "PT-MA")), SizeIs(1));
   EXPECT_THAT(OfTable(CleanFile().With("TaxTableEntry[3]/TaxType", "IS")), SizeIs(1));
@@ -267,9 +269,51 @@ TEST_F(TaxRulesTest, TheTaxOfALineIsInTheTable) {
   EXPECT_THAT(OfTable(CleanFile().With("TaxTableEntry[3]/TaxPercentage", "20.1")), SizeIs(1));
 }
 
+TEST_F(TaxRulesTest, EachTaxThatTheTableLacksIsToldOnceWithItsLines) {
+  // Two lines at 5 %, in one invoice and in the credit note; one at 20 %.
+  CleanFile file = CleanFile().Without("TaxTableEntry[3]").Without("TaxTableEntry");
+  const auto found = [](std::string_view line, std::string_view tax, std::string_view lines) {
+    return std::string("TAX-TABLE W Invoice ")
+               .append(line)
+               .append("/Tax [")
+               .append(tax)
+               .append("] [] [")
+               .append(lines) +
+           "]";
+  };
+  file = file.With("TaxTableEntry/TaxCode", "INT");
+  const std::vector<std::string> all = OfTable(file);
+  EXPECT_THAT(all,
+              ElementsAre(found("FT A/1/Line[1]", "IVA PT RED 5%", "2"), found("FT A/1/Line[2]", "IVA PT NOR 21%", "1"),
+                          found("FT A/2/Line", "IVA PT NOR 20%", "1")));
+  EXPECT_EQ(checker_.CountOf("TAX-TABLE"), 3);
+  checker_.set_MostFindings(1);
+  EXPECT_THAT(OfTable(file), ElementsAre(all[0]));
+  EXPECT_EQ(checker_.CountOf("TAX-TABLE"), 3);
+  // In a file that the schema refuses as well.
+  checker_.set_MostFindings(0);
+  EXPECT_THAT(OfTable(file.With("Invoice[3]/InvoiceStatus", "Q")), all);
+  // Those that have expired are counted apart.
+  const CleanFile expired =
+      CleanFile().Behind("TaxTableEntry[3]/Description", "<TaxExpirationDate>2008-06-30</TaxExpirationDate>");
+  EXPECT_THAT(OfTable(expired.Twice("Invoice[2]/Line")),
+              ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IVA PT NOR 20%] [2008-06-30] [2]"));
+}
+
+TEST_F(TaxRulesTest, TaxesBeyondManyAreCountedAlone) {
+  std::string lines;
+  for (int i = 1; i <= 1002; ++i) {
+    lines.append("<Line><Tax><TaxType>IS</TaxType><TaxCountryRegion>PT</TaxCountryRegion><TaxCode>");
+    lines.append(std::to_string(i)).append("</TaxCode><TaxPercentage>1</TaxPercentage></Tax></Line>");
+  }
+  checker_.set_MostFindings(0);
+  EXPECT_THAT(OfTable(CleanFile().Behind("Invoice[2]/Line", lines)), SizeIs(1000));
+  EXPECT_EQ(checker_.CountOf("TAX-TABLE"), 1002);
+}
+
 TEST_F(TaxRulesTest, AnAmountIsInTheTableToo) {
   const CleanFile file = WithTaxAmount("17.3", "1.50").With("Invoice[2]/Line/Tax/TaxType", "IS");
-  EXPECT_THAT(OfTable(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IS PT 17.3 1.5] [] []"));
+  EXPECT_THAT(OfTable(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IS PT 17.3 1.5] [] [1]"));
   const CleanFile known = file.Behind("TaxTableEntry[3]",
                                       "<TaxTableEntry><TaxType>IS</TaxType><TaxCountryRegion>PT</TaxCountryRegion>"
                                       "<TaxCode>17.3</TaxCode><Description>Selo</Description><TaxAmount>1.5</TaxAmount>"
@@ -290,12 +334,12 @@ TEST_F(TaxRulesTest, ATaxOfTheTableIsUsedUntilItExpires) {
       CleanFile().Behind("TaxTableEntry[3]/Description", "<TaxExpirationDate>2008-07-01</TaxExpirationDate>");
   EXPECT_THAT(Findings(file), IsEmpty());
   const CleanFile expired = file.With("TaxTableEntry[3]/TaxExpirationDate", "2008-06-30");
-  EXPECT_THAT(Findings(expired), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 20%] [2008-06-30] []"));
+  EXPECT_THAT(Findings(expired), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 20%] [2008-06-30] [1]"));
   EXPECT_THAT(Sentences(expired),
               ElementsAre("FT A/2: IVA PT NOR 20% está na tabela de impostos do ficheiro só até 2008-06-30, antes da "
-                          "data da linha.",
+                          "data da linha (linhas assim: 1).",
                           "FT A/2: IVA PT NOR 20% is in the tax table of the file only until 2008-06-30, before the "
-                          "date of the line."));
+                          "date of the line (lines like it: 1)."));
   // The longest use counts, and corrections have the date of what they correct.
   EXPECT_THAT(Findings(expired.Twice("TaxTableEntry[3]").With("TaxTableEntry[4]/TaxExpirationDate", "2008-07-01")),
               IsEmpty());

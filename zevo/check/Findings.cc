@@ -25,6 +25,9 @@ std::string ElementKey(const std::optional<EntityKind>& kind, std::string_view k
   return name.append(path);
 }
 
+// No file makes more of them be kept: those beyond are counted alone.
+constexpr size_t kMostAlike = 1000;
+
 /// What the schema has against an element.
 enum class Told : uint8_t { kViolation, kUnreadable };
 
@@ -82,6 +85,20 @@ void Findings::Raise(size_t rule, Finding finding) {
   in_host_ = false;
 }
 
+bool Findings::CountAlike(const Sentence& sentence, const std::string& found, const std::string& expected) {
+  const auto alike = alike_by_key_.find({&sentence, found, expected});
+  if (alike == alike_by_key_.end()) return false;
+  ++alike->second->count;
+  return true;
+}
+
+void Findings::TellAlike(size_t rule, Finding finding) {
+  if (!IsOn(rule)) return;
+  if (alike_.size() == kMostAlike) return Add(rule, SeverityOf(rule, finding.severity), 1);
+  AlikeKey key{finding.wording.sentence, finding.found, finding.expected};
+  alike_by_key_.emplace(std::move(key), &alike_.emplace_back(Alike{rule, std::move(finding)}));
+}
+
 void Findings::Tell(const Violation& violation) { waiting_.push_back(violation); }
 
 void Findings::EndEntity(const EntityFacts& entity) {
@@ -96,6 +113,10 @@ void Findings::EndEntity(const EntityFacts& entity) {
 }
 
 void Findings::End() {
+  for (Alike& alike : alike_) {
+    alike.finding.difference = std::to_string(alike.count);
+    Tell(alike.rule, std::move(alike.finding));
+  }
   std::vector<Violation> violations(waiting_.begin(), waiting_.end());
   waiting_.clear();
   Settle(violations);

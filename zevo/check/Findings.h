@@ -13,8 +13,11 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <set>
 #include <span>
+#include <string>
+#include <tuple>
 #include <vector>
 
 namespace zevo {
@@ -57,6 +60,12 @@ class Findings {
   /// Findings that are not wanted, with that severity.
   void Count(size_t rule, Severity severity, size_t findings);
 
+  /// Whether a finding that is told at the end has the same sentence and values, which are not empty: it counts for one
+  /// more then.
+  bool CountAlike(const Sentence& sentence, const std::string& found, const std::string& expected);
+  /// A finding to be told at the end, the difference being for how many it counts.
+  void TellAlike(size_t rule, Finding finding);
+
   /// What the schema does not allow, in the order of a diagnosis.
   void Tell(const Violation& violation);
   /// An entity is through, and all violations in it were told.
@@ -79,6 +88,13 @@ class Findings {
     Finding finding;
   };
 
+  struct Alike {
+    size_t rule;
+    Finding finding;
+    size_t count = 1;
+  };
+  using AlikeKey = std::tuple<const Sentence*, std::string, std::string>;
+
   Severity SeverityOf(size_t rule, Severity told) const;
   bool SilencesSchema(const Held& held) const;
   size_t RuleOf(const Violation& violation) const;
@@ -95,6 +111,8 @@ class Findings {
   bool in_host_ = false;
   Severity worst_ = Severity::kOff;
   std::set<const Sentence*> once_;
+  std::deque<Alike> alike_;
+  std::map<AlikeKey, Alike*> alike_by_key_;
   std::vector<Held> held_;         // of the entity at hand
   std::deque<Violation> waiting_;  // of entities to come
   KeySet violated_;                // elements that the schema was told of

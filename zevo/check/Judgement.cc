@@ -21,7 +21,17 @@ void Judgement::TellOnce(const RuleSentence& sentence, const EntityFacts& facts,
   if (findings_.IsFirst(sentence.text)) Tell(sentence, facts, at, std::move(values));
 }
 
+void Judgement::TellCounted(const RuleSentence& sentence, const EntityFacts& facts, const ElementSpot& at,
+                            FindingValues values) {
+  if (findings_.CountAlike(sentence.text, values.found, values.expected)) return;
+  findings_.TellAlike(rule_, FindingOf(sentence, Keep(facts, at), std::move(values)));
+}
+
 void Judgement::Tell(const RuleSentence& sentence, const KeptElement& at, FindingValues values) {
+  findings_.Tell(rule_, FindingOf(sentence, at, std::move(values)));
+}
+
+Finding Judgement::FindingOf(const RuleSentence& sentence, const KeptElement& at, FindingValues values) {
   Finding finding;
   finding.severity = std::min(sentence.severity, values.at_most);
   finding.kind = at.kind;
@@ -33,7 +43,7 @@ void Judgement::Tell(const RuleSentence& sentence, const KeptElement& at, Findin
   finding.expected = std::move(values.expected);
   finding.difference = std::move(values.difference);
   finding.wording.sentence = &sentence.text;
-  findings_.Tell(rule_, std::move(finding));
+  return finding;
 }
 
 void Judgement::TellOnce(const RuleSentence& sentence, const KeptElement& at, FindingValues values) {

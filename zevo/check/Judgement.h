@@ -43,6 +43,9 @@ class Judgement {
   /// The same, once a file.
   void TellOnce(const RuleSentence& sentence, const EntityFacts& facts, const ElementSpot& at,
                 FindingValues values = {});
+  /// Tells of an element of an entity at the end of the file, once for all of which the sentence has the same values:
+  /// of the first, the difference being how many there are.
+  void TellCounted(const RuleSentence& sentence, const EntityFacts& facts, const ElementSpot& at, FindingValues values);
   /// Tells of an element of an entity that may be gone.
   void Tell(const RuleSentence& sentence, const KeptElement& at, FindingValues values = {});
   /// The same, once a file.
@@ -51,6 +54,8 @@ class Judgement {
   void TellMore(const RuleSentence& sentence, size_t findings, Severity at_most = Severity::kError);
 
  private:
+  static Finding FindingOf(const RuleSentence& sentence, const KeptElement& at, FindingValues values);
+
   const CheckedFile& file_;
   Findings& findings_;
   size_t rule_;

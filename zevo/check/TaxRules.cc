@@ -84,26 +84,22 @@ void JudgeExemption(const InvoiceFacts& invoice, Judgement& judgement) {
 
 // TAX-RATE
 
-constexpr RuleSentence kOtherRate{
-    Severity::kWarning,
-    {"a taxa de IVA é {found#}%; para o código, a região e a data da linha devia ser {expected#}%",
-     "the VAT rate is {found#}%; for the code, the region and the date of the line it should be {expected#}%"}};
+constexpr RuleSentence kOtherRate{Severity::kWarning,
+                                  {"a taxa de IVA é {found#}%; na data da linha devia ser {expected}",
+                                   "the VAT rate is {found#}%; on the date of the line it should be {expected}"}};
 constexpr RuleSentence kRateOfDayBeside{
     Severity::kInformation,
-    {"a taxa de IVA é {found#}%, do outro lado da mudança de taxas; na data da linha é {expected#}%",
+    {"a taxa de IVA é {found#}%, do outro lado da mudança de taxas; na data da linha é {expected}",
      "the VAT rate is {found#}%, that of the other side of the change of rates; on the date of the line it is "
-     "{expected#}%"}};
+     "{expected}"}};
 constexpr RuleSentence kRateOfNoTime{
     Severity::kWarning,
-    {"a taxa de IVA é {found#}%, que nunca foi a do código e da região da linha; essa foi (em %) {expected#}",
-     "the VAT rate is {found#}%, which never was that of the code and the region of the line; that was (in %) "
-     "{expected#}"}};
+    {"a taxa de IVA é {found#}%; deste código e nesta região só houve (em %) {expected}",
+     "the VAT rate is {found#}%; of this code and in this region there only were (in %) {expected}"}};
 constexpr RuleSentence kOtherRateOfCorrected{
     Severity::kWarning,
-    {"a taxa de IVA é {found#}%; para o código, a região e a data do documento que este retifica devia ser "
-     "{expected#}%",
-     "the VAT rate is {found#}%; for the code, the region and the date of the document that this one corrects it "
-     "should be {expected#}%"}};
+    {"a taxa de IVA é {found#}%; na data do documento que este retifica devia ser {expected}",
+     "the VAT rate is {found#}%; on the date of the document that this one corrects it should be {expected}"}};
 constexpr RuleSentence kRateOfExempt{
     Severity::kWarning,
     {"o código é ISE (isenção), mas a taxa ou o imposto é {found#}; devia ser {expected#}",
@@ -118,6 +114,11 @@ struct RateFault {
   ElementSpot at = {};
   std::string expected = {};
 };
+
+// "20% (NOR PT)".
+std::string RateText(const VatRate& rate, int percentage) {
+  return std::to_string(percentage) + "% (" + rate.Name() + ")";
+}
 
 // A code that the schema allows, for stamp duty.
 bool IsNumericCode(std::string_view code) {
@@ -142,12 +143,12 @@ RateFault FaultOfRate(const InvoiceFacts& invoice, const InvoiceLineFacts& line)
   const auto date = DateOfRate(invoice, line);
   if (!date) {
     if (rate.WasEver(*tax.percentage)) return {};
-    return {&kRateOfNoTime, tax.percentage, rate.All()};
+    return {&kRateOfNoTime, tax.percentage, rate.All() + " (" + rate.Name() + ")"};
   }
   const auto right = rate.On(*date);
   if (!right || *tax.percentage == *right) return {};
   const bool beside = rate.IsBeside(*date, *tax.percentage);
-  return {beside ? &kRateOfDayBeside : &kOtherRate, tax.percentage, std::to_string(*right)};
+  return {beside ? &kRateOfDayBeside : &kOtherRate, tax.percentage, RateText(rate, *right)};
 }
 
 // An invoice has the rate of its tax point, which it may follow by five working days.
@@ -158,7 +159,7 @@ RateFault FaultOfCorrection(const VatRate& rate, const Decimal& value, const Doc
   const auto date = corrected.Date();
   if (!date || !rate.WasEver(value) || rate.WasBy(*date, kDaysToInvoice, value)) return {};
   const bool beside = rate.IsBeside(*date, value);
-  return {beside ? &kRateOfDayBeside : &kOtherRateOfCorrected, {}, std::to_string(*rate.On(*date))};
+  return {beside ? &kRateOfDayBeside : &kOtherRateOfCorrected, {}, RateText(rate, *rate.On(*date))};
 }
 
 RateFault FaultOfCorrection(const InvoiceLineFacts& line, std::string_view first, const DocumentTable& documents) {
@@ -200,11 +201,14 @@ void JudgeLateRates(Judgement& judgement) {
 
 constexpr RuleSentence kNotInTable{
     Severity::kWarning,
-    {"{found} não está na tabela de impostos do ficheiro", "{found} is not in the tax table of the file"}};
+    {"{found} não está na tabela de impostos do ficheiro (linhas com este imposto: {difference})",
+     "{found} is not in the tax table of the file (lines with this tax: {difference})"}};
 constexpr RuleSentence kExpiredInTable{
     Severity::kWarning,
-    {"{found} está na tabela de impostos do ficheiro só até {expected}, antes da data da linha",
-     "{found} is in the tax table of the file only until {expected}, before the date of the line"}};
+    {"{found} está na tabela de impostos do ficheiro só até {expected}, antes da data da linha (linhas "
+     "assim: {difference})",
+     "{found} is in the tax table of the file only until {expected}, before the date of the line (lines like it: "
+     "{difference})"}};
 constexpr RuleSentence kNoTaxTable{
     Severity::kInformation,
     {"o ficheiro não tem tabela de impostos; os impostos das linhas não foram comparados com ela",
@@ -233,9 +237,9 @@ void JudgeTaxTable(const InvoiceFacts& invoice, Judgement& judgement) {
     if (!KnownTaxes::HasCodes(tax)) continue;
     if (judgement.IsOn("TAX-RATE") && FaultOfRate(invoice, line).sentence != nullptr) continue;
     if (expired) {
-      judgement.Tell(kExpiredInTable, invoice, tax, {.found = TaxName(tax), .expected = use->last_day.Text()});
+      judgement.TellCounted(kExpiredInTable, invoice, tax, {.found = TaxName(tax), .expected = use->last_day.Text()});
     } else {
-      judgement.Tell(kNotInTable, invoice, tax, {.found = TaxName(tax)});
+      judgement.TellCounted(kNotInTable, invoice, tax, {.found = TaxName(tax)});
     }
   }
 }
@@ -278,10 +282,12 @@ constexpr Rule kTaxRules[] = {
               {"Tabela de impostos", "Tax table"},
               {"O tipo, a região, o código e a taxa, ou o valor, do imposto de cada linha estão na tabela de impostos, "
                "sem terem expirado à data que conta em TAX-RATE; TaxExpirationDate é o último dia de uso. Uma taxa de "
-               "0 é o mesmo que um valor de 0. Sem tabela é dito uma vez, só como informação.",
+               "0 é o mesmo que um valor de 0. De cada imposto é dito uma vez, na primeira linha, com o número de "
+               "linhas. Sem tabela é dito uma vez, só como informação.",
                "Type, region, code and rate, or amount, of each line's tax are in the tax table, not expired on the "
                "date that counts for TAX-RATE; TaxExpirationDate is the last day of use. A rate of 0 is the same as an "
-               "amount of 0. That there is no table is told once, as information only."},
+               "amount of 0. Of each tax it is told once, at the first line, with the number of lines. That there is "
+               "no table is told once, as information only."},
               "Portaria 1192/2009"},
      .invoice = JudgeTaxTable},
 };

@@ -2,6 +2,8 @@
 #include <zevo/check/VatRates.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <iterator>
 #include <vector>
 
@@ -28,6 +30,17 @@ constexpr Row kRows[] = {
     {{2014, 1, 1}, {{6, 13, 23}, {5, 10, 18}, {5, 12, 22}}},
 };
 
+// In the order of VatRegion and VatLevel.
+constexpr std::array<std::string_view, 3> kRegions{"PT", "PT-AC", "PT-MA"};
+constexpr std::array<std::string_view, 3> kLevels{"RED", "INT", "NOR"};
+
+template <class T>
+std::optional<T> OfName(const std::array<std::string_view, 3>& names, std::string_view name) {
+  const auto found = std::ranges::find(names, name);
+  if (found == names.end()) return std::nullopt;
+  return static_cast<T>(found - names.begin());
+}
+
 // The row of a day; null before the first.
 const Row* RowOf(const CalendarDate& date) {
   const Row* row = std::end(kRows);
@@ -40,19 +53,9 @@ const Row* RowOf(const CalendarDate& date) {
 
 }  // namespace
 
-std::optional<VatRegion> VatRegionOf(std::string_view code) {
-  if (code == "PT") return VatRegion::kMainland;
-  if (code == "PT-AC") return VatRegion::kAzores;
-  if (code == "PT-MA") return VatRegion::kMadeira;
-  return std::nullopt;
-}
+std::optional<VatRegion> VatRegionOf(std::string_view code) { return OfName<VatRegion>(kRegions, code); }
 
-std::optional<VatLevel> VatLevelOf(std::string_view code) {
-  if (code == "NOR") return VatLevel::kNormal;
-  if (code == "RED") return VatLevel::kReduced;
-  if (code == "INT") return VatLevel::kIntermediate;
-  return std::nullopt;
-}
+std::optional<VatLevel> VatLevelOf(std::string_view code) { return OfName<VatLevel>(kLevels, code); }
 
 std::optional<int> VatRate::On(const CalendarDate& date) const {
   const Row* const row = RowOf(date);
@@ -81,6 +84,10 @@ bool VatRate::WasBy(const CalendarDate& date, int days_before, const Decimal& pe
 
 bool VatRate::WasEver(const Decimal& percentage) const {
   return std::ranges::any_of(kRows, [&](const Row& row) { return row.Of(*this) == percentage; });
+}
+
+std::string VatRate::Name() const {
+  return std::string(kLevels[static_cast<size_t>(level)]).append(" ").append(kRegions[static_cast<size_t>(region)]);
 }
 
 std::string VatRate::All() const {

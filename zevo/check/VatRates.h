@@ -33,6 +33,8 @@ struct VatRate {
   /// Whether it was the rate on the day, or on some day of so many before it.
   bool WasBy(const CalendarDate& date, int days_before, const Decimal& percentage) const;
   bool WasEver(const Decimal& percentage) const;
+  /// By its codes: "NOR PT".
+  std::string Name() const;
   /// All that there were, in their order: "21, 20, 23".
   std::string All() const;
 };
