@@ -76,6 +76,47 @@ TEST_F(TotalRulesTest, TheNetTotalIsThatOfTheLines) {
                           "FT A/1: NetTotal is 31.00, but the amounts of the lines make 30.00 (difference 1.00)."));
 }
 
+TEST_F(TotalRulesTest, WhatFollowsFromTheAmountOfALineIsNotTold) {
+  checker_.set_Severity("LINE-AMOUNT", Severity::kWarning);
+  const CleanFile line = CleanFile().With("Invoice/Line/CreditAmount", "25.00");
+  const std::string of_line = "LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [25.00] [20 × 1.00 = 20.00] [5.00]";
+  EXPECT_THAT(Findings(line), ElementsAre(of_line));
+  EXPECT_THAT(Findings(CleanFile().With("Invoice[3]/Line/DebitAmount", "3.00")), SizeIs(1));
+  EXPECT_THAT(Findings(CleanFile().With("Invoice/Line/UnitPrice", "0.9999999").With("Invoice/Line/CreditAmount", "9")),
+              SizeIs(1));
+  // What is wrong apart from that is told, with the lines as they are.
+  EXPECT_THAT(FindingsOf("TOT-NET", line.With(kNet, "30.02")),
+              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [30.02] [35.00] [-4.98]"));
+  EXPECT_THAT(FindingsOf("TOT-NET", line.With(kNet, "30.01")), IsEmpty());
+  EXPECT_THAT(FindingsOf("TOT-NET", line.With(kNet, "35.00")), IsEmpty());
+  EXPECT_THAT(FindingsOf("TOT-TAX", line.With(kTax, "4.10")),
+              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [4.10] [3.35] [0.75]"));
+  EXPECT_THAT(FindingsOf("TOT-GROSS", line.With(kGross, "33.12")), SizeIs(1));
+  EXPECT_THAT(FindingsOf("SI-SUM", line.With("SalesInvoices/TotalCredit", "41.00")), SizeIs(1));
+  EXPECT_THAT(FindingsOf("SI-SUM", line.With("SalesInvoices/TotalCredit", "45.00")), IsEmpty());
+  // Two lines, of which only one has been told.
+  EXPECT_THAT(FindingsOf("TOT-NET", line.With("Invoice/Line[2]/CreditAmount", "11.00")), IsEmpty());
+  EXPECT_THAT(
+      FindingsOf("TOT-NET", line.With("Invoice/Line[2]/CreditAmount", "11.00").Without("Invoice/Line[2]/Quantity")),
+      SizeIs(1));
+  checker_.set_Severity("LINE-AMOUNT", Severity::kOff);
+  EXPECT_THAT(Findings(line), SizeIs(3));
+}
+
+TEST_F(TotalRulesTest, TheTaxIsToldWithTwoDecimals) {
+  // 1.016 before it is rounded.
+  EXPECT_THAT(OfTax(WithCredits({"2.54", "2.54"}), "1.00"),
+              ElementsAre("TOT-TAX W Invoice FT A/2/DocumentTotals/TaxPayable [1.00] [1.02] [-0.02]"));
+  EXPECT_THAT(OfTax(WithCredits({"2.54", "2.54"}), "1.01"), IsEmpty());
+  // 1.014003, of two rates, unless that would hide what is more than a cent.
+  const CleanFile file =
+      CleanFile().With("Invoice/Line/CreditAmount", "10.14").With("Invoice/Line[2]/CreditAmount", "2.4143");
+  EXPECT_THAT(FindingsOf("TOT-TAX", file.With(kTax, "1.00")),
+              ElementsAre("TOT-TAX W Invoice FT A/1/DocumentTotals/TaxPayable [1.00] [1.014003] [-0.014003]"));
+  EXPECT_THAT(FindingsOf("TOT-TAX", file.With(kTax, "0.99")),
+              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [0.99] [1.01] [-0.02]"));
+}
+
 TEST_F(TotalRulesTest, DebitsAndCreditsCountAgainstEachOther) {
   const CleanFile file = CleanFile()
                              .Without("Invoice/Line[2]/CreditAmount")
