@@ -38,6 +38,12 @@ class TaxRulesTest : public CheckTest {
   }
   static CleanFile Exempt(const CleanFile& file) { return file.Behind("Invoice[2]/Line/Tax", kReason); }
   std::vector<std::string> OfRate(const CleanFile& file) { return FindingsOf("TAX-RATE", file); }
+  // Of the credit note, for a changed invoice may have another rate too.
+  std::vector<std::string> OfNote(const CleanFile& file) {
+    std::vector<std::string> found = OfRate(file);
+    std::erase_if(found, [](const std::string& line) { return line.find("Invoice NC A/1") == std::string::npos; });
+    return found;
+  }
   std::vector<std::string> OfTable(const CleanFile& file) { return FindingsOf("TAX-TABLE", file); }
 };
 
@@ -206,30 +212,48 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
     EXPECT_THAT(OfRate(Shuffled(note("21"), seed)), IsEmpty()) << seed;
     // A debit note, too; what it refers to NC-REF tells.
     EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/InvoiceType", "ND"), seed)), ElementsAre(kOther)) << seed;
-    // Invoiced within days of the tax point, perhaps.
+    // By the tax points of its lines, whenever it was invoiced.
     EXPECT_THAT(OfRate(Shuffled(note("21").With("Invoice/InvoiceDate", "2008-07-09"), seed)), IsEmpty()) << seed;
-    EXPECT_THAT(OfRate(Shuffled(note("21").With("Invoice/InvoiceDate", "2008-07-10"), seed)),
-                ElementsAre("TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"))
+    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "2008-07-09"), seed)), ElementsAre(kOther))
         << seed;
-    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "2008-06-30"), seed)),
+    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "x"), seed)), ElementsAre(kOther)) << seed;
+    EXPECT_THAT(FindingsOf("TAX-RATE", Shuffled(note("20").With("Invoice/Line[2]/TaxPointDate", "x"), seed)), IsEmpty())
+        << seed;
+    const CleanFile later = note("20").With("Invoice/Line[2]/TaxPointDate", "2008-07-02");
+    EXPECT_THAT(OfNote(Shuffled(later, seed)), IsEmpty()) << seed;
+    EXPECT_THAT(OfNote(Shuffled(later.With("Invoice[3]/Line/Tax/TaxPercentage", "21"), seed)), IsEmpty()) << seed;
+    EXPECT_THAT(
+        OfNote(Shuffled(
+            later.With("Invoice/Line/TaxPointDate", "2008-07-02").With("Invoice[3]/Line/Tax/TaxPercentage", "21"),
+            seed)),
+        ElementsAre("TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"))
+        << seed;
+    EXPECT_THAT(OfNote(Shuffled(note("20").With("Invoice/Line/TaxPointDate", "2008-06-30"), seed)),
                 ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
         << seed;
+    // By its date where a line has none.
+    const CleanFile without =
+        note("20").Without("Invoice/Line/TaxPointDate").With("Invoice/Line[2]/TaxPointDate", "2008-06-01");
+    EXPECT_THAT(OfNote(Shuffled(without, seed)), ElementsAre(kOther)) << seed;
+    EXPECT_THAT(OfNote(Shuffled(without.With("Invoice/InvoiceDate", "2008-07-09"), seed)), IsEmpty()) << seed;
+    EXPECT_THAT(OfNote(Shuffled(without.With("Invoice/InvoiceDate", "x"), seed)), IsEmpty()) << seed;
     // Of no document of the file.
     for (const char* const reference : {"FT B/1", "1234"}) {
       EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/Line/References/CreditNote/Reference", reference), seed)),
                   IsEmpty())
           << reference << seed;
     }
-    EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice/InvoiceDate", "x"), seed)), IsEmpty()) << seed;
     EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/InvoiceStatus", "A"), seed)),
                 ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
         << seed;
   }
-  EXPECT_THAT(Sentences(note("20")),
-              ::testing::IsSupersetOf(
-                  {"NC A/1: a taxa de IVA é 20%; na data do documento que este retifica devia ser 21% (NOR PT).",
-                   "NC A/1: the VAT rate is 20%; on the date of the document that this one corrects it should be 21% "
-                   "(NOR PT)."}));
+  EXPECT_THAT(
+      Sentences(note("20")),
+      ::testing::IsSupersetOf(
+          {"NC A/1: a taxa de IVA é 20%; na data do documento que este retifica (TaxPointDate) devia ser 21% (NOR PT).",
+           "NC A/1: the VAT rate is 20%; on the date of the document that this one corrects (TaxPointDate) it should "
+           "be 21% "
+           "(NOR PT)."}));
 }
 
 TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {

@@ -65,16 +65,41 @@ TEST(VatRatesTest, AllThereWereAreKnown) {
   EXPECT_EQ((VatRate{VatRegion::kAzores, VatLevel::kReduced}.All()), "4, 5");
 }
 
-TEST(VatRatesTest, SomeDaysBeforeCountToo) {
+TEST(VatRatesTest, TimesAreThoseOfSeveralDays) {
   constexpr VatRate kMainland{VatRegion::kMainland, VatLevel::kNormal};
-  EXPECT_TRUE(kMainland.WasBy({2008, 7, 9}, 9, 21));
-  EXPECT_FALSE(kMainland.WasBy({2008, 7, 10}, 9, 21));
-  EXPECT_TRUE(kMainland.WasBy({2008, 7, 10}, 9, 20));
-  EXPECT_FALSE(kMainland.WasBy({2008, 6, 30}, 9, 20));
-  EXPECT_TRUE(kMainland.WasBy({2011, 1, 1}, 400, 20));
+  VatTimes times;
+  times.Add({2008, 6, 29});
+  EXPECT_TRUE(times.known);
+  EXPECT_TRUE(kMainland.WasIn(times.on, 21));
+  EXPECT_FALSE(kMainland.WasIn(times.on, 20));
+  EXPECT_FALSE(kMainland.WasIn(times.beside, 20));
+  EXPECT_EQ(kMainland.LastIn(times.on), 21);
+  times.Add({2008, 6, 30});
+  EXPECT_FALSE(kMainland.WasIn(times.on, 20));
+  EXPECT_TRUE(kMainland.WasIn(times.beside, 20));
+  times.Add({2009, 1, 1});
+  EXPECT_TRUE(kMainland.WasIn(times.on, 21));
+  EXPECT_TRUE(kMainland.WasIn(times.on, 20));
+  EXPECT_FALSE(kMainland.WasIn(times.on, 23));
+  EXPECT_EQ(kMainland.LastIn(times.on), 20);
+  times = {};
+  times.Add({2011, 1, 1});
+  EXPECT_TRUE(kMainland.WasIn(times.beside, 21));
   // Before the first that are known, any may have been.
-  EXPECT_TRUE(kMainland.WasBy({2005, 6, 30}, 9, 19));
-  EXPECT_FALSE(kMainland.WasBy({2005, 7, 1}, 9, 19));
+  times.Add({2005, 6, 30});
+  EXPECT_FALSE(times.known);
+  times = {};
+  times.Add({2005, 7, 1});
+  EXPECT_TRUE(times.known);
+  EXPECT_EQ(times.beside, 0);
+  times = {};
+  times.Add({2014, 1, 2});
+  EXPECT_EQ((VatRate{VatRegion::kAzores, VatLevel::kNormal}).LastIn(times.on), 18);
+}
+
+TEST(VatRatesTest, TheNameIsThatOfTheCodes) {
+  EXPECT_EQ((VatRate{VatRegion::kAzores, VatLevel::kReduced}).Name(), "RED PT-AC");
+  EXPECT_EQ((VatRate{VatRegion::kMainland, VatLevel::kNormal}).Name(), "NOR PT");
 }
 
 TEST(VatRatesTest, CodesAreThoseOfTheFile) {

@@ -26,6 +26,22 @@ uint8_t TypeNumber(const InvoiceFacts& facts) {
   return type == nullptr ? uint8_t{0} : static_cast<uint8_t>(type - DocumentType::All().data() + 1);
 }
 
+VatTimes VatTimesOf(const InvoiceFacts& facts) {
+  VatTimes times;
+  const DateFact* last = nullptr;
+  const auto add = [&](const DateFact& date) {
+    if (!date.Read()) {
+      times.known = false;
+    } else if (last == nullptr || *date != **last) {
+      times.Add(*date);
+      last = &date;
+    }
+  };
+  for (const InvoiceLineFacts& line : facts.lines) add(line.tax_point.Missing() ? facts.date : line.tax_point);
+  if (facts.lines.empty()) add(facts.date);
+  return times;
+}
+
 // Bits of the parts, one behind the other, so that later ones are greater.
 uint64_t PackedDate(const CalendarDate& date) {
   constexpr int64_t kLastYear = 16383;
@@ -52,6 +68,10 @@ DocumentNumber OfDigits(std::string_view digits) { return {.series = {}, .code =
 }  // namespace
 
 static_assert(sizeof(DocumentTable::Document) == 48);
+
+zevo::VatTimes DocumentTable::Document::VatTimes() const {
+  return {static_cast<uint8_t>(vat_on_), static_cast<uint8_t>(vat_beside_), vat_known_ != 0};
+}
 
 DocumentTable::State DocumentTable::StateOf(const InvoiceFacts& facts) {
   if (facts.IsCancelled()) return State::kCancelled;
@@ -220,9 +240,14 @@ void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number,
   }
   if (facts.date.Read()) document.date_ = PackedDate(*facts.date) & 0x7FFFFFU;
   document.entry_ = EntryOf(facts) & 0xFFFFFFFFFFU;
-  document.type_ = TypeNumber(facts);
-  document.state_ = StateOf(facts);
-  document.hash_ = facts.hash_form;
+  document.type_ = TypeNumber(facts) & 0x1FU;
+  document.state_ = static_cast<uint32_t>(StateOf(facts)) & 3U;
+  document.hash_ = static_cast<uint32_t>(facts.hash_form) & 3U;
+  const VatTimes times = VatTimesOf(facts);
+  constexpr uint32_t kTimes = (1U << VatTimes::kBits) - 1;
+  document.vat_on_ = times.on & kTimes;
+  document.vat_beside_ = times.beside & kTimes;
+  document.vat_known_ = times.known ? 1 : 0;
   const NumberFact& net = facts.totals.net;
   if (const auto units = net.Read() ? net->InUnits(kNetDecimals) : std::nullopt) {
     document.known_ = 1;

@@ -10,6 +10,7 @@
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/PlaceSteps.h>
 #include <zevo/check/SlotTable.h>
+#include <zevo/check/VatRates.h>
 #include <zevo/model/Decimal.h>
 
 #include <array>
@@ -47,8 +48,10 @@ class DocumentTable {
     uint64_t EntryOrder() const { return entry_; }
     /// InvoiceType; empty for one that is none of the schema's.
     std::string_view Type() const;
-    zevo::DocumentTable::State State() const { return state_; }
-    HashForm Hash() const { return hash_; }
+    zevo::DocumentTable::State State() const { return static_cast<zevo::DocumentTable::State>(state_); }
+    HashForm Hash() const { return static_cast<HashForm>(hash_); }
+    /// By the tax points of its lines; of a line without one, by its date.
+    zevo::VatTimes VatTimes() const;
     /// NetTotal; nothing where that was not read, or has more than six decimals.
     std::optional<Decimal> Net() const;
 
@@ -65,10 +68,13 @@ class DocumentTable {
     uint32_t line_ = 0;
     uint32_t column_ = 0;
     uint32_t series_ = 0;
-    uint8_t zeros_ = 0;  // in front of the number
-    uint8_t type_ = 0;
-    zevo::DocumentTable::State state_ = State::kLive;
-    HashForm hash_ = HashForm::kNone;
+    uint32_t zeros_ : 8 = 0;  // in front of the number
+    uint32_t type_ : 5 = 0;
+    uint32_t state_ : 2 = 0;  // a State
+    uint32_t hash_ : 2 = 0;   // a HashForm
+    uint32_t vat_on_ : zevo::VatTimes::kBits = 0;
+    uint32_t vat_beside_ : zevo::VatTimes::kBits = 0;
+    uint32_t vat_known_ : 1 = 0;
   };
 
   /// A series, with the types of its documents.

@@ -98,8 +98,9 @@ constexpr RuleSentence kRateOfNoTime{
      "the VAT rate is {found#}%; of this code and in this region there only were (in %) {expected}"}};
 constexpr RuleSentence kOtherRateOfCorrected{
     Severity::kWarning,
-    {"a taxa de IVA é {found#}%; na data do documento que este retifica devia ser {expected}",
-     "the VAT rate is {found#}%; on the date of the document that this one corrects it should be {expected}"}};
+    {"a taxa de IVA é {found#}%; na data do documento que este retifica (TaxPointDate) devia ser {expected}",
+     "the VAT rate is {found#}%; on the date of the document that this one corrects (TaxPointDate) it should be "
+     "{expected}"}};
 constexpr RuleSentence kRateOfExempt{
     Severity::kWarning,
     {"o código é ISE (isenção), mas a taxa ou o imposto é {found#}; devia ser {expected#}",
@@ -151,15 +152,12 @@ RateFault FaultOfRate(const InvoiceFacts& invoice, const InvoiceLineFacts& line)
   return {beside ? &kRateOfDayBeside : &kOtherRate, tax.percentage, RateText(rate, *right)};
 }
 
-// An invoice has the rate of its tax point, which it may follow by five working days.
-constexpr int kDaysToInvoice = 9;
-
-// The rate of a line by that of the document that it corrects. One that never was is told without that.
+// The rate of a line by the tax points of the document that it corrects. One that never was is told without that.
 RateFault FaultOfCorrection(const VatRate& rate, const Decimal& value, const DocumentTable::Document& corrected) {
-  const auto date = corrected.Date();
-  if (!date || !rate.WasEver(value) || rate.WasBy(*date, kDaysToInvoice, value)) return {};
-  const bool beside = rate.IsBeside(*date, value);
-  return {beside ? &kRateOfDayBeside : &kOtherRateOfCorrected, {}, RateText(rate, *rate.On(*date))};
+  const VatTimes times = corrected.VatTimes();
+  if (!times.known || !rate.WasEver(value) || rate.WasIn(times.on, value)) return {};
+  const bool beside = rate.WasIn(times.beside, value);
+  return {beside ? &kRateOfDayBeside : &kOtherRateOfCorrected, {}, RateText(rate, rate.LastIn(times.on))};
 }
 
 RateFault FaultOfCorrection(const InvoiceLineFacts& line, std::string_view first, const DocumentTable& documents) {
@@ -262,16 +260,15 @@ constexpr Rule kTaxRules[] = {
           {"Taxas de IVA", "VAT rates"},
           {"TaxPercentage é a taxa do código RED, INT ou NOR na região PT, PT-AC ou PT-MA à data de TaxPointDate, ou "
            "na falta dela de InvoiceDate, desde 2005-07-01; com o código ISE é 0. OUT, as taxas de outros países e o "
-           "imposto do selo não se verificam. Em ND, NC, TD, DA e RE conta a data do documento que retificam, ou até "
-           "nove dias antes; não estando esse no ficheiro, basta que a taxa alguma vez tenha existido. Só informação: "
+           "imposto do selo não se verificam. Em ND, NC, TD, DA e RE contam as datas do documento que retificam; não "
+           "estando esse no ficheiro, basta que a taxa alguma vez tenha existido. Só informação: "
            "a taxa antiga no primeiro dia da nova, a nova no "
            "último dia da antiga; e documentos anulados.",
            "TaxPercentage is the rate of the code RED, INT or NOR in the region PT, PT-AC or PT-MA on the date of "
            "TaxPointDate, without one of InvoiceDate, from 2005-07-01 on; with the code ISE it is 0. OUT, rates of "
-           "other countries and stamp duty are not judged. In ND, NC, TD, DA and RE the date of the document "
-           "that they correct counts, or up to nine days before; where that is not in the file it is enough that the "
-           "rate "
-           "existed at any time. Information only: the old rate "
+           "other countries and stamp duty are not judged. In ND, NC, TD, DA and RE the dates of the document "
+           "that they correct count; where that is not in the file it is enough that the rate existed at any time. "
+           "Information only: the old rate "
            "on the first day of the new one, the new one on the last day of the old one; and cancelled documents."},
           "CIVA, art. 18.º",
           "2005-07-01"},

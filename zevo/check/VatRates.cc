@@ -30,6 +30,10 @@ constexpr Row kRows[] = {
     {{2014, 1, 1}, {{6, 13, 23}, {5, 10, 18}, {5, 12, 22}}},
 };
 
+static_assert(std::size(kRows) <= VatTimes::kBits);
+
+uint8_t BitOf(const Row& row) { return static_cast<uint8_t>(1U << static_cast<unsigned>(&row - kRows)); }
+
 // In the order of VatRegion and VatLevel.
 constexpr std::array<std::string_view, 3> kRegions{"PT", "PT-AC", "PT-MA"};
 constexpr std::array<std::string_view, 3> kLevels{"RED", "INT", "NOR"};
@@ -57,6 +61,18 @@ std::optional<VatRegion> VatRegionOf(std::string_view code) { return OfName<VatR
 
 std::optional<VatLevel> VatLevelOf(std::string_view code) { return OfName<VatLevel>(kLevels, code); }
 
+void VatTimes::Add(const CalendarDate& date) {
+  const Row* const row = RowOf(date);
+  if (row == nullptr) {
+    known = false;
+    return;
+  }
+  on |= BitOf(*row);
+  if (row != std::begin(kRows) && row->from == date) beside |= BitOf(*std::prev(row));
+  const Row* const next = std::next(row);
+  if (next != std::end(kRows) && next->from == date.NextDay()) beside |= BitOf(*next);
+}
+
 std::optional<int> VatRate::On(const CalendarDate& date) const {
   const Row* const row = RowOf(date);
   return row == nullptr ? std::nullopt : std::optional(row->Of(*this));
@@ -70,16 +86,15 @@ bool VatRate::IsBeside(const CalendarDate& date, const Decimal& percentage) cons
   return next != std::end(kRows) && next->from == date.NextDay() && next->Of(*this) == percentage;
 }
 
-bool VatRate::WasBy(const CalendarDate& date, int days_before, const Decimal& percentage) const {
-  const Row* row = RowOf(date);
-  if (row == nullptr) return true;
-  CalendarDate from = date;
-  for (int i = 0; i < days_before; ++i) from = from.DayBefore();
-  while (row->Of(*this) != percentage) {
-    if (row == std::begin(kRows) || row->from <= from) return false;
-    --row;
-  }
-  return true;
+bool VatRate::WasIn(uint8_t times, const Decimal& percentage) const {
+  return std::ranges::any_of(kRows,
+                             [&](const Row& row) { return (times & BitOf(row)) != 0 && row.Of(*this) == percentage; });
+}
+
+int VatRate::LastIn(uint8_t times) const {
+  const Row* row = std::end(kRows) - 1;
+  while (row != std::begin(kRows) && (times & BitOf(*row)) == 0) --row;
+  return row->Of(*this);
 }
 
 bool VatRate::WasEver(const Decimal& percentage) const {
