@@ -11,6 +11,8 @@ namespace {
 
 using PrintableAscii = ByteScan<StopBytes<0x20, true>>;
 
+constexpr bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
 bool IsXmlCharacter(char32_t c) {
   if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
   return c != 0xFFFE && c != 0xFFFF && c != kNotUtf8;
@@ -35,9 +37,9 @@ std::string_view TrimSpaces(std::string_view text) {
 }
 
 std::string_view TrimWhiteSpace(std::string_view text) {
-  constexpr std::string_view kWhiteSpace = " \t\r\n";
-  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
+  while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsWhiteSpace(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
