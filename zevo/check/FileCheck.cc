@@ -40,18 +40,34 @@ const PublicKeys& KeysFor(const Findings& findings, const PublicKeys& keys) {
 FileCheck::FileCheck(const CheckSettings& settings, Findings& findings, std::span<const Rule> rules)
     : findings_(findings), file_(settings.most_of_a_rule, KeysFor(findings, settings.public_keys)) {
   for (size_t i = 0; i < rules.size(); ++i) {
-    if (findings.IsOn(i)) active_.push_back({i, &rules[i]});
+    if (!findings.IsOn(i)) continue;
+    const Rule& rule = rules[i];
+    Add(i, rule, rule.header, header_);
+    Add(i, rule, rule.account, account_);
+    Add(i, rule, rule.party, party_);
+    Add(i, rule, rule.product, product_);
+    Add(i, rule, rule.tax_table, tax_table_);
+    Add(i, rule, rule.section, section_);
+    Add(i, rule, rule.journal, journal_);
+    Add(i, rule, rule.transaction, transaction_);
+    Add(i, rule, rule.invoice, invoice_);
+    if (rule.at_end != nullptr) at_end_.push_back({i, &rule});
   }
 }
 
-template <class Run>
-void FileCheck::RunRules(const Run& run) {
+template <class Facts>
+void FileCheck::Add(size_t number, const Rule& rule, void (*judge)(const Facts&, Judgement&), Judged<Facts>& judged) {
+  if (rule.entity != nullptr || judge != nullptr) judged.rules.push_back({number, &rule, rule.entity, judge});
+}
+
+template <class Rules, class Run>
+void FileCheck::RunRules(const Rules& rules, const Run& run) {
   const Rule* at = nullptr;
   try {
-    for (const ActiveRule& active : active_) {
+    for (const auto& active : rules) {
       at = active.rule;
       Judgement judgement(file_, findings_, active.number);
-      run(*active.rule, judgement);
+      run(active, judgement);
     }
   } catch (...) {
     if (findings_.HasHostThrown()) throw;
@@ -60,12 +76,13 @@ void FileCheck::RunRules(const Run& run) {
 }
 
 template <class Facts>
-void FileCheck::JudgeAs(const ScannedEntity& entity, Facts& facts, void (*Rule::*judge)(const Facts&, Judgement&)) {
+void FileCheck::JudgeAs(const ScannedEntity& entity, Judged<Facts>& judged) {
+  Facts& facts = judged.facts;
   TakeFacts(entity, facts);
   file_.Take(facts);
-  RunRules([&](const Rule& rule, Judgement& judgement) {
-    if (rule.entity != nullptr) rule.entity(facts, judgement);
-    if (rule.*judge != nullptr) (rule.*judge)(facts, judgement);
+  RunRules(judged.rules, [&](const ActiveRule<Facts>& active, Judgement& judgement) {
+    if (active.entity != nullptr) active.entity(facts, judgement);
+    if (active.judge != nullptr) active.judge(facts, judgement);
   });
   findings_.EndEntity(facts);
 }
@@ -73,33 +90,31 @@ void FileCheck::JudgeAs(const ScannedEntity& entity, Facts& facts, void (*Rule::
 void FileCheck::Judge(const ScannedEntity& entity) {
   switch (entity.Kind()) {
     case EntityKind::kHeader:
-      return JudgeAs(entity, header_, &Rule::header);
+      return JudgeAs(entity, header_);
     case EntityKind::kGeneralLedger:
-      return JudgeAs(entity, account_, &Rule::account);
+      return JudgeAs(entity, account_);
     case EntityKind::kCustomer:
     case EntityKind::kSupplier:
-      return JudgeAs(entity, party_, &Rule::party);
+      return JudgeAs(entity, party_);
     case EntityKind::kProduct:
-      return JudgeAs(entity, product_, &Rule::product);
+      return JudgeAs(entity, product_);
     case EntityKind::kTaxTable:
-      return JudgeAs(entity, tax_table_, &Rule::tax_table);
+      return JudgeAs(entity, tax_table_);
     case EntityKind::kGeneralLedgerEntries:
     case EntityKind::kSalesInvoices:
-      return JudgeAs(entity, section_, &Rule::section);
+      return JudgeAs(entity, section_);
     case EntityKind::kJournal:
-      return JudgeAs(entity, journal_, &Rule::journal);
+      return JudgeAs(entity, journal_);
     case EntityKind::kTransaction:
-      return JudgeAs(entity, transaction_, &Rule::transaction);
+      return JudgeAs(entity, transaction_);
     case EntityKind::kInvoice:
-      return JudgeAs(entity, invoice_, &Rule::invoice);
+      return JudgeAs(entity, invoice_);
   }
 }
 
 void FileCheck::End() {
   file_.End();
-  RunRules([](const Rule& rule, Judgement& judgement) {
-    if (rule.at_end != nullptr) rule.at_end(judgement);
-  });
+  RunRules(at_end_, [](const EndingRule& active, Judgement& judgement) { active.rule->at_end(judgement); });
   findings_.End();
 }
 

@@ -25,29 +25,44 @@ class FileCheck {
   void End();
 
  private:
+  /// A rule that is on, with its functions that judge facts.
+  template <class Facts>
   struct ActiveRule {
     size_t number;
     const Rule* rule;
+    void (*entity)(const EntityFacts&, Judgement&);
+    void (*judge)(const Facts&, Judgement&);
+  };
+  /// A kind of facts with the rules that look at it: an entity costs nothing for others.
+  template <class Facts>
+  struct Judged {
+    Facts facts;  // kept for its memory
+    std::vector<ActiveRule<Facts>> rules;
   };
 
-  template <class Run>
-  void RunRules(const Run& run);
   template <class Facts>
-  void JudgeAs(const ScannedEntity& entity, Facts& facts, void (*Rule::*judge)(const Facts&, Judgement&));
+  void Add(size_t number, const Rule& rule, void (*judge)(const Facts&, Judgement&), Judged<Facts>& judged);
+  template <class Rules, class Run>
+  void RunRules(const Rules& rules, const Run& run);
+  template <class Facts>
+  void JudgeAs(const ScannedEntity& entity, Judged<Facts>& judged);
 
   Findings& findings_;
   CheckedFile file_;
-  std::vector<ActiveRule> active_;
-  // Kept for their memory.
-  HeaderFacts header_;
-  AccountFacts account_;
-  PartyFacts party_;
-  ProductFacts product_;
-  TaxTableFacts tax_table_;
-  SectionFacts section_;
-  JournalFacts journal_;
-  TransactionFacts transaction_;
-  InvoiceFacts invoice_;
+  Judged<HeaderFacts> header_;
+  Judged<AccountFacts> account_;
+  Judged<PartyFacts> party_;
+  Judged<ProductFacts> product_;
+  Judged<TaxTableFacts> tax_table_;
+  Judged<SectionFacts> section_;
+  Judged<JournalFacts> journal_;
+  Judged<TransactionFacts> transaction_;
+  Judged<InvoiceFacts> invoice_;
+  struct EndingRule {
+    size_t number;
+    const Rule* rule;
+  };
+  std::vector<EndingRule> at_end_;
 };
 
 }  // namespace zevo
