@@ -20,7 +20,8 @@ class SectionSumsTest : public testing::FactsTest {
   void Take(const std::vector<std::string>& invoices) {
     ForEachInvoice(invoices, [this](const InvoiceFacts& facts) {
       lines_.Take(facts);
-      sums_.Take(facts, lines_);
+      amounts_.Take(facts);
+      sums_.Take(facts, lines_, amounts_);
     });
   }
   // "2: 0 6", the invoices, their debits and their credits.
@@ -30,6 +31,7 @@ class SectionSumsTest : public testing::FactsTest {
   }
 
   InvoiceSums lines_;
+  LineAmounts amounts_{0};
   SectionSums sums_;
 };
 
