@@ -14,7 +14,6 @@
 #include <zevo/model/Decimal.h>
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -96,8 +95,6 @@ class DocumentTable {
   struct Copy {
     uint32_t document;
     uint64_t entry;  ///< as `EntryOrder`
-
-    friend auto operator<=>(const Copy&, const Copy&) = default;
   };
 
   /// The elements that are kept of a document.

@@ -4,9 +4,12 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <utility>
 
 namespace zevo {
 namespace {
+
+auto OrderOf(const DocumentTable::Copy& copy) { return std::pair(copy.document, copy.entry); }
 
 // Of sorted things.
 template <class T>
@@ -19,7 +22,7 @@ size_t CountFrom(const std::vector<T>& things, const T& from, const T& to) {
 UnplacedDocuments::UnplacedDocuments(const DocumentTable& documents)
     : documents_(documents), copies_(documents.Copies()), unnumbered_(documents.Unnumbered()) {
   std::ranges::sort(unnumbered_);
-  std::ranges::sort(copies_);
+  std::ranges::sort(copies_, {}, OrderOf);
   const size_t repeats = copies_.size();
   for (size_t i = 0; i < repeats; ++i) {
     const uint32_t document = copies_[i].document;
@@ -27,14 +30,14 @@ UnplacedDocuments::UnplacedDocuments(const DocumentTable& documents)
       copies_.push_back({document, documents[document].EntryOrder()});
     }
   }
-  std::ranges::sort(copies_);
+  std::ranges::sort(copies_, {}, OrderOf);
   for (const Copy& copy : copies_) entries_.emplace_back(documents[copy.document].Series(), copy.entry);
   std::ranges::sort(entries_);
 }
 
 std::span<const UnplacedDocuments::Copy> UnplacedDocuments::CopiesOf(uint32_t document) const {
-  const auto [from, to] = std::ranges::equal_range(copies_, document, {}, &Copy::document);
-  return {from, to};
+  const auto from = std::ranges::lower_bound(copies_, document, {}, &Copy::document);
+  return {from, std::ranges::upper_bound(from, copies_.end(), document, {}, &Copy::document)};
 }
 
 size_t UnplacedDocuments::Between(uint32_t lower, uint32_t higher) const {
