@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/export/TargetChoice.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 
 #include "tools/saft/errors/Failure.h"
+#include "tools/saft/input/InputName.h"
 #include "tools/saft/tables/FolderTarget.h"
 #include "tools/saft/tables/PostgresAddress.h"
 #include "tools/saft/tables/PostgresTarget.h"
@@ -29,9 +31,19 @@ std::string QuotedTarget(std::string_view name) {
   return Quoted(scheme.empty() ? name : scheme);
 }
 
+constexpr std::string_view kWorkbookEnding = ".xlsx";
+constexpr std::string_view kDatabaseEndings[] = {".db", ".sqlite", ".sqlite3"};
+
+bool IsDatabase(std::string_view name) {
+  return std::ranges::any_of(kDatabaseEndings, [&](std::string_view ending) { return name.ends_with(ending); });
+}
+
+// A folder that is there need not be named with a slash, unless its name is that of a file.
 bool IsFolder(const std::string& name) {
   std::error_code none;
-  return SchemeIn(name).empty() && (name.ends_with('/') || std::filesystem::is_directory(name, none));
+  if (!SchemeIn(name).empty()) return false;
+  return name.ends_with('/') ||
+         (!IsDatabase(name) && !name.ends_with(kWorkbookEnding) && std::filesystem::is_directory(name, none));
 }
 
 }  // namespace
@@ -46,10 +58,9 @@ std::unique_ptr<TableTarget> OpenTarget(const std::string& name, const TargetOpt
   }
   if (options.format || options.partition) throw Failure(Say(words::kOnlyForFolders, QuotedTarget(name)));
   if (IsPostgresAddress(name)) return std::make_unique<PostgresTarget>(name, tables, views);
-  if (name.ends_with(".xlsx")) return std::make_unique<WorkbookTarget>(name, tables, options.replace);
-  for (const char* const ending : {".db", ".sqlite", ".sqlite3"}) {
-    if (name.ends_with(ending)) return std::make_unique<SqliteTarget>(name, tables, views);
-  }
+  RequireRegularFile(name);
+  if (name.ends_with(kWorkbookEnding)) return std::make_unique<WorkbookTarget>(name, tables, options.replace);
+  if (IsDatabase(name)) return std::make_unique<SqliteTarget>(name, tables, views);
   throw Failure(Say(words::kUnknownTarget, QuotedTarget(name)));
 }
 

@@ -17,10 +17,15 @@ namespace {
 
 constexpr size_t kYearDigits = 4;
 
+bool HasFiles(const std::string& folder) {
+  std::error_code none;
+  return std::filesystem::is_directory(folder, none) && !std::filesystem::is_empty(folder, none) && !none;
+}
+
 // What is replaced is deleted: it must be what an export made.
 void RequireExport(const std::string& folder, const std::vector<TableShape>& tables) {
+  if (!HasFiles(folder)) return;
   std::error_code error;
-  if (!std::filesystem::is_directory(folder, error) || std::filesystem::is_empty(folder, error)) return;
   bool described = false;
   for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
     const std::string name = entry.path().filename().string();
@@ -36,6 +41,7 @@ void RequireExport(const std::string& folder, const std::vector<TableShape>& tab
 }
 
 UnfinishedPath::What WhatToMake(const std::string& folder, const std::vector<TableShape>& tables, bool replace) {
+  if (!replace && HasFiles(folder)) throw Failure(folder, Say(words::kReplaceReplacesFolder));
   if (!replace) return UnfinishedPath::kFolder;
   RequireExport(folder, tables);
   return UnfinishedPath::kFolderInstead;

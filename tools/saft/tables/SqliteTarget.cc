@@ -260,6 +260,7 @@ void SqliteTarget::Fail(int result) const {
     case SQLITE_PERM:
       throw Failure(file_, Say(words::kDatabaseReadOnly));
     case SQLITE_CANTOPEN:
+      if (const int error = sqlite3_system_errno(database_.get()); error != 0) FailWithSystemError(error, file_, true);
       throw Failure(file_, Say(words::kDatabaseUnopened));
     default:
       throw Failure(file_, Say(words::kDatabaseFault, std::string_view(sqlite3_errmsg(database_.get()))));

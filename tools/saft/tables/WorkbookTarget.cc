@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <new>
+#include <system_error>
 #include <utility>
 
 #include "tools/saft/errors/Failure.h"
@@ -29,6 +31,13 @@ lxw_workbook* MakeBook(const std::filesystem::path& file, std::string& temporary
   return book;
 }
 
+UnfinishedPath::What WhatToMake(const std::string& file, bool replace) {
+  std::error_code none;
+  if (replace) return UnfinishedPath::kFileInstead;
+  if (std::filesystem::exists(file, none)) throw Failure(file, Say(words::kReplaceReplaces));
+  return UnfinishedPath::kFile;
+}
+
 TableShape NotesShape() {
   return {"notes",
           {{"sheet", ColumnType::kText},
@@ -44,7 +53,7 @@ void WorkbookTarget::Free::operator()(lxw_workbook* book) const { lxw_workbook_f
 WorkbookTarget::WorkbookTarget(std::string file, const std::vector<TableShape>& tables, bool replace, uint32_t most)
     : NewTarget(tables),
       name_(std::move(file)),
-      place_(name_, replace ? UnfinishedPath::kFileInstead : UnfinishedPath::kFile),
+      place_(name_, WhatToMake(name_, replace)),
       temporary_(place_.Path().parent_path().string()),
       book_(MakeBook(place_.Path(), temporary_)),
       formats_(book_.get()),

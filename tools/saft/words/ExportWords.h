@@ -55,7 +55,8 @@ de 15 algarismos, uma data antes de 1900-03-01 e uma fração de milésimo de se
 32 767 caracteres: a folha notes diz onde.
 
 Numa pasta, datapackage.json descreve as tabelas para os programas (Data Package). Uma célula vazia é nada, "" é um texto
-vazio. Com --partition, cada tabela tem um ficheiro por cada ficheiro SAF-T, no ano em que o período deste começa:
+vazio. Os textos estão lá como no ficheiro; o Excel faria contas com um que comece por =, por isso para ele é o livro.
+Com --partition, cada tabela tem um ficheiro por cada ficheiro SAF-T, no ano em que o período deste começa:
 invoices/company=501234560/year=2012/part-1.csv.)",
     R"(Examples:
 
@@ -89,6 +90,7 @@ of more than 15 digits, a date before 1900-03-01 and a fraction of a millisecond
 characters: the sheet notes tells where.
 
 In a folder, datapackage.json describes the tables to programs (Data Package). An empty cell is nothing, "" an empty text.
+Texts stand there as in the file; Excel would calculate one that begins with =, so the workbook is what it should open.
 With --partition each table has a file for each audit file, under the year in which the period of that begins:
 invoices/company=501234560/year=2012/part-1.csv.)"};
 
@@ -126,6 +128,10 @@ inline constexpr Text<3> kPeriodThere{
     "o destino já tem {1} da mesma empresa, de {2} a {3}; --replace substitui-o",
     "the target already has {1} of the same company, from {2} to {3}; --replace replaces it"};
 
+inline constexpr Text<> kReplaceReplaces{"já existe; --replace substitui-o", "is there already; --replace replaces it"};
+inline constexpr Text<> kReplaceReplacesFolder{
+    "já existe e não está vazia; --replace substitui uma pasta que só tem tabelas",
+    "is there already and is not empty; --replace replaces a folder that has only tables"};
 inline constexpr Text<1> kFolderHasOther{"não é substituída: também tem {1}", "is not replaced: it has {1} too"};
 inline constexpr Text<> kFolderNoExport{"não é substituída: não é uma exportação, que tem datapackage.json",
                                         "is not replaced: it is no export, which has datapackage.json"};

@@ -154,6 +154,34 @@ TEST_P(ExportMeanwhileTest, AFileThatChangesIsToldAndNothingOfItIsThere) {
 
 INSTANTIATE_TEST_SUITE_P(All, ExportMeanwhileTest, ::testing::Values("books.db", "books.xlsx", "books/"));
 
+TEST_F(TargetChoiceTest, WhatIsThereAndNotToBeReplacedIsTold) {
+  const std::string file = File("a.xml", "1", "2012-01-01", "2012-12-31");
+  const std::string book = folder_.Write("book.xlsx", "mine");
+  std::filesystem::create_directory(folder_.Path("books"));
+  folder_.Write("books/mine", "mine");
+  const std::string books = folder_.Path("books/");
+  EXPECT_EQ(TryInto(book, {file}).err, "saft: " + book + ": is there already; --replace replaces it\n");
+  EXPECT_EQ(TryInto(book, {file}, {"--lang", "pt"}).err, "saft: " + book + ": já existe; --replace substitui-o\n");
+  EXPECT_EQ(
+      TryInto(books, {file}).err,
+      "saft: " + books + ": is there already and is not empty; --replace replaces a folder that has only tables\n");
+  EXPECT_EQ(TryInto(books, {file}, {"--lang", "pt"}).err,
+            "saft: " + books + ": já existe e não está vazia; --replace substitui uma pasta que só tem tabelas\n");
+  EXPECT_EQ(testing::ReadBytes(book), "mine");
+}
+
+// Nobody looks for CSV files in a folder that is named as a database.
+TEST_F(TargetChoiceTest, AFolderNamedAsAFileIsRefused) {
+  const std::string file = File("a.xml", "1", "2012-01-01", "2012-12-31");
+  for (const char* name : {"books.db", "book.xlsx"}) {
+    const std::string target = folder_.Path(name);
+    std::filesystem::create_directory(target);
+    EXPECT_EQ(TryInto(target, {file}).err, "saft: " + target + ": is a folder\n");
+    EXPECT_EQ(TryInto(target, {file}, {"--lang", "pt"}).err, "saft: " + target + ": é uma pasta\n");
+    EXPECT_EQ(TryInto(target + "/", {file}).code, 0);
+  }
+}
+
 TEST_F(TargetChoiceTest, TargetsAndFormatsThatAreNotKnownAreTold) {
   const std::string file = File("a.xml", "1", "2012-01-01", "2012-12-31");
   EXPECT_EQ(TryInto("books.ods", {file}).err,

@@ -96,7 +96,9 @@ TEST_F(FolderTargetTest, NothingStaysOfWhatIsNotFinished) {
 
 TEST_F(FolderTargetTest, AnExportIsReplacedOnlyWhenThatIsSaid) {
   Make();
-  EXPECT_THAT([&] { Make(); }, ThrowsMessage<Failure>(folder_.Path("books") + ": is there already and is not empty"));
+  EXPECT_THAT([&] { Make(); },
+              ThrowsMessage<Failure>(folder_.Path("books/") + ": is there already and is not empty; --replace "
+                                                              "replaces a folder that has only tables"));
   Make({.parts = true, .replace = true});
   EXPECT_THAT(Files(), ElementsAre("datapackage.json", "files/company=501234560/year=2012/part-1.csv",
                                    "items/company=501234560/year=2012/part-1.csv"));

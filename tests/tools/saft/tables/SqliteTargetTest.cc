@@ -80,7 +80,7 @@ TEST_F(SqliteTargetTest, RefusesWhatIsNotItsDatabase) {
   folder_.Write("books.db", "not a database, but as long as one has to be for anybody to look at what it begins with");
   EXPECT_THAT([&] { Open(); }, ThrowsMessage<Failure>(file_ + ": it is no database of SQLite"));
   EXPECT_THAT([&] { SqliteTarget(folder_.Path("no/books.db"), tables_, views_); },
-              ThrowsMessage<Failure>(folder_.Path("no/books.db") + ": the database cannot be opened or made"));
+              ThrowsMessage<Failure>(folder_.Path("no/books.db") + ": There is no such folder"));
 }
 
 TEST_F(SqliteTargetTest, WaitsForWhoWritesButNotForEver) {

@@ -123,7 +123,7 @@ TEST_F(WorkbookTargetTest, TheSameRowsMakeTheSameBytes) {
 
 TEST_F(WorkbookTargetTest, AFileIsReplacedOnlyWhenThatIsSaid) {
   folder_.Write("book.xlsx", "old");
-  EXPECT_THAT([&] { Make({}); }, ThrowsMessage<Failure>(book_ + ": is there already"));
+  EXPECT_THAT([&] { Make({}); }, ThrowsMessage<Failure>(book_ + ": is there already; --replace replaces it"));
   EXPECT_EQ(testing::ReadBytes(book_), "old");
   Make({}, true);
   EXPECT_THAT(Lines(), ElementsAre(kFiles, kFile));
