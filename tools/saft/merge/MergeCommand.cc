@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <iostream>
+#include <set>
 #include <string_view>
 #include <system_error>
 
@@ -78,9 +79,13 @@ ExitCode MergeCommand::Run() const {
 
 void MergeCommand::RequireOtherFiles() const {
   std::error_code none;
+  std::set<std::filesystem::path> known;
   for (const std::string& file : files_) {
     if (file == "-" || file == kStandardInput) throw Failure(file, Say(words::kReadTwice));
     if (std::filesystem::equivalent(file, output_, none)) throw Failure(output_, Say(words::kOneOfTheFiles));
+    if (!known.insert(std::filesystem::weakly_canonical(file, none)).second) {
+      throw Failure(file, Say(words::kNamedTwice));
+    }
   }
 }
 

@@ -20,7 +20,7 @@ class MergeCommand : public Command {
   ExitCode Run() const override;
 
  private:
-  /// Fails where a file to read is the standard input, or the one to write.
+  /// Fails where a file to read is the standard input, the one to write, or named twice.
   void RequireOtherFiles() const;
   /// Writes what a plan says into a new file. Fails where a file to read is no longer what it was.
   void Write(const MergePlan& plan, const std::string& path, MergeProgress& progress) const;

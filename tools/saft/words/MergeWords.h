@@ -71,6 +71,7 @@ some 120 for each account, customer, supplier or product. The file is validated 
 inline constexpr Text<> kReadTwice{"a entrada padrão não serve: cada ficheiro é lido duas vezes",
                                    "standard input will not do: each file is read twice"};
 inline constexpr Text<> kOneOfTheFiles{"é um dos ficheiros a juntar", "is one of the files to merge"};
+inline constexpr Text<> kNamedTwice{"está indicado duas vezes", "is named twice"};
 inline constexpr Text<> kNoHeader{"não tem cabeçalho", "has no header"};
 inline constexpr Text<2> kNoPeriod{"o cabeçalho não diz o período: StartDate é {1}, EndDate {2}",
                                    "the header tells no period: StartDate is {1}, EndDate {2}"};

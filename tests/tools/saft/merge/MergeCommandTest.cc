@@ -399,7 +399,7 @@ TEST_F(MergeCommandTest, AllThatIsInTheWayIsTold) {
 TEST_F(MergeCommandTest, NotAllRepeatedDocumentsAreListed) {
   Sample sample = January();
   for (int i = 1; i <= 21; ++i) sample.invoices += InvoiceOf("FS A/" + std::to_string(i));
-  const testing::Outcome outcome = Merge({Write("a.xml", sample), Path("a.xml")});
+  const testing::Outcome outcome = Merge({Write("a.xml", sample), Write("b.xml", sample)});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_THAT(outcome.err, ::testing::EndsWith("\nsaft: and 1 more document that repeats\n" + NotWritten()));
 }
@@ -505,6 +505,13 @@ TEST_F(MergeCommandTest, AFileThatIsThereIsReplacedWithForceOnly) {
   EXPECT_EQ(testing::ReadBytes(Output()), "mine");
   EXPECT_EQ(Merge({a}, {"--force"}).code, 0);
   EXPECT_TRUE(Has("Header"));
+}
+
+TEST_F(MergeCommandTest, AFileThatIsNamedTwiceIsRefused) {
+  const std::string a = Write("a.xml", January());
+  const std::string again = folder_.Path("./a.xml");
+  ExpectNotMerged({a, again}, "saft: " + again + ": is named twice\n");
+  ExpectNotMerged({a, a}, "saft: " + a + ": está indicado duas vezes\n", {"--lang", "pt"});
 }
 
 TEST_F(MergeCommandTest, NoFileIsMergedOverItself) {
