@@ -72,17 +72,17 @@ class CreditNoteRulesTest : public CheckTest {
 
 TEST_F(CreditNoteRulesTest, ACreditNoteSaysWhatItCorrects) {
   const CleanFile file = OfInvoices().Without(kReferences);
-  EXPECT_THAT(Findings(file), ElementsAre("NC-REF E Invoice NC A/1/Line/References [] [] []"));
+  EXPECT_THAT(Findings(file), ElementsAre("NC-REF E Invoice NC A/1/Line[1]/References [] [] []"));
   EXPECT_THAT(Sentences(file), ElementsAre("NC A/1: a nota de crédito não diz que documento retifica: falta Reference.",
                                            "NC A/1: the credit note does not say which document it corrects: "
                                            "Reference is missing."));
   EXPECT_THAT(Findings(OfInvoices().Without(kReference)),
-              ElementsAre("NC-REF E Invoice NC A/1/Line/References/CreditNote/Reference [] [] []"));
+              ElementsAre("NC-REF E Invoice NC A/1/Line[1]/References/CreditNote/Reference [] [] []"));
   EXPECT_THAT(Findings(Referring(" \t")),
-              ElementsAre("NC-REF E Invoice NC A/1/Line/References/CreditNote/Reference [ \t] [] []"));
+              ElementsAre("NC-REF E Invoice NC A/1/Line[1]/References/CreditNote/Reference [ \t] [] []"));
   // What the schema has against it is the same fault.
   EXPECT_THAT(Findings(Referring("")),
-              ElementsAre("NC-REF E Invoice NC A/1/Line/References/CreditNote/Reference [] [] []"));
+              ElementsAre("NC-REF E Invoice NC A/1/Line[1]/References/CreditNote/Reference [] [] []"));
   // Nothing is missing where there are no lines.
   EXPECT_THAT(FindingsOf("NC-REF", OfInvoices().Without(kLine)), IsEmpty());
 }
@@ -99,7 +99,7 @@ TEST_F(CreditNoteRulesTest, OtherDebitDocumentsSayItToo) {
   const CleanFile file = OfInvoices().Without(kReferences);
   for (const char* const type : {"TD", "DA", "RE"}) {
     EXPECT_THAT(FindingsOf("NC-REF", file.With("Invoice[3]/InvoiceType", type)),
-                ElementsAre("NC-REF W Invoice NC A/1/Line/References [] [] []"))
+                ElementsAre("NC-REF W Invoice NC A/1/Line[1]/References [] [] []"))
         << type;
     EXPECT_THAT(FindingsOf("NC-REF", OfInvoices().With("Invoice[3]/InvoiceType", type)), IsEmpty()) << type;
   }
@@ -113,7 +113,7 @@ TEST_F(CreditNoteRulesTest, OtherDebitDocumentsSayItToo) {
 
 TEST_F(CreditNoteRulesTest, ThereIsAReason) {
   const CleanFile file = OfInvoices().Without(kReason);
-  EXPECT_THAT(Findings(file), ElementsAre("NC-REF W Invoice NC A/1/Line/References/CreditNote/Reason [] [] []"));
+  EXPECT_THAT(Findings(file), ElementsAre("NC-REF W Invoice NC A/1/Line[1]/References/CreditNote/Reason [] [] []"));
   EXPECT_THAT(Sentences(file),
               ElementsAre("NC A/1: o documento não diz por que motivo retifica outro: falta Reason.",
                           "NC A/1: the document does not say why it corrects another: Reason is missing."));
@@ -128,18 +128,19 @@ TEST_F(CreditNoteRulesTest, OtherTypesDoNotCorrect) {
   const CleanFile file =
       OfInvoices().Behind("Invoice[2]/Line/TaxPointDate",
                           "<References><CreditNote><Reference>FT A/99</Reference></CreditNote></References>");
-  EXPECT_THAT(Findings(file), ElementsAre("NC-REF I Invoice FT A/2/Line/References/CreditNote/Reference [FT A/99] "
+  EXPECT_THAT(Findings(file), ElementsAre("NC-REF I Invoice FT A/2/Line[1]/References/CreditNote/Reference [FT A/99] "
                                           "[NC, TD, DA, RE] []"));
-  EXPECT_THAT(Sentences(file),
-              ElementsAre("FT A/2: o documento não é dos que retificam outros (NC, TD, DA, RE), mas refere FT A/99.",
-                          "FT A/2: the document is none of those that correct others (NC, TD, DA, RE), but refers to "
-                          "FT A/99."));
+  EXPECT_THAT(
+      Sentences(file),
+      ElementsAre("FT A/2, linha 1: o documento não é dos que retificam outros (NC, TD, DA, RE), mas refere FT A/99.",
+                  "FT A/2, line 1: the document is none of those that correct others (NC, TD, DA, RE), but refers to "
+                  "FT A/99."));
   EXPECT_THAT(FindingsOf("NC-REF", file.With("Invoice[2]/InvoiceType", "XX")), IsEmpty());
   EXPECT_THAT(Findings(OfInvoices().Behind("Invoice[2]/Line/TaxPointDate", "<References></References>")), IsEmpty());
 }
 
 TEST_F(CreditNoteRulesTest, WhatItCorrectsIsInTheFileThatHasItsSeries) {
-  const std::string missing = "NC-REF E Invoice NC A/1/Line/References/CreditNote/Reference ";
+  const std::string missing = "NC-REF E Invoice NC A/1/Line[1]/References/CreditNote/Reference ";
   EXPECT_THAT(InBothOrders(Referring("FT A/3")), ElementsAre(missing + "[FT A/3] [] []"));
   EXPECT_THAT(InBothOrders(Referring("FT A/2")), IsEmpty());
   EXPECT_THAT(InBothOrders(Referring("FT B/3")), IsEmpty());
@@ -149,9 +150,10 @@ TEST_F(CreditNoteRulesTest, WhatItCorrectsIsInTheFileThatHasItsSeries) {
       IsEmpty());
   EXPECT_THAT(InBothOrders(Referring("FT A/3").With("Invoice[2]/InvoiceNo", "FT A/4")),
               ElementsAre(missing + "[FT A/3] [] []"));
-  EXPECT_THAT(Sentences(Referring("FT A/3")),
-              ElementsAre("NC A/1: o documento referido, FT A/3, não está no ficheiro, embora a série dele esteja.",
-                          "NC A/1: the document referred to, FT A/3, is not in the file, though its series is."));
+  EXPECT_THAT(
+      Sentences(Referring("FT A/3")),
+      ElementsAre("NC A/1, linha 1: o documento referido, FT A/3, não está no ficheiro, embora a série dele esteja.",
+                  "NC A/1, line 1: the document referred to, FT A/3, is not in the file, though its series is."));
 }
 
 TEST_F(CreditNoteRulesTest, OfSeveralLinesTheOneThatIsWrongIsTold) {
@@ -177,7 +179,7 @@ TEST_F(CreditNoteRulesTest, AReferenceMayBeWrittenInOtherWays) {
 
 TEST_F(CreditNoteRulesTest, InAPartOfAFileADocumentMayBeMissing) {
   EXPECT_THAT(InBothOrders(Referring("FT A/3").With("TaxAccountingBasis", "P")),
-              ElementsAre("NC-REF W Invoice NC A/1/Line/References/CreditNote/Reference [FT A/3] [] []"));
+              ElementsAre("NC-REF W Invoice NC A/1/Line[1]/References/CreditNote/Reference [FT A/3] [] []"));
 }
 
 TEST_F(CreditNoteRulesTest, WhereADocumentHasNoNumberItMayBeTheOne) {
@@ -186,11 +188,13 @@ TEST_F(CreditNoteRulesTest, WhereADocumentHasNoNumberItMayBeTheOne) {
 
 TEST_F(CreditNoteRulesTest, WhatItCorrectsIsNotLater) {
   const CleanFile file = Referring("FT A/2").With("Invoice[2]/InvoiceDate", "2008-07-11");
-  EXPECT_THAT(InBothOrders(file), ElementsAre("NC-REF E Invoice NC A/1/Line/References/CreditNote/Reference [FT A/2] "
-                                              "[2008-07-10] []"));
-  EXPECT_THAT(SentencesOf("NC-REF", file),
-              ElementsAre("NC A/1: o documento referido, FT A/2, tem data posterior à deste, 2008-07-10.",
-                          "NC A/1: the document referred to, FT A/2, has a later date than this one, 2008-07-10."));
+  EXPECT_THAT(InBothOrders(file),
+              ElementsAre("NC-REF E Invoice NC A/1/Line[1]/References/CreditNote/Reference [FT A/2] "
+                          "[2008-07-10] []"));
+  EXPECT_THAT(
+      SentencesOf("NC-REF", file),
+      ElementsAre("NC A/1, linha 1: o documento referido, FT A/2, tem data posterior à deste, 2008-07-10.",
+                  "NC A/1, line 1: the document referred to, FT A/2, has a later date than this one, 2008-07-10."));
   EXPECT_THAT(InBothOrders(file.With("Invoice[2]/InvoiceDate", "2008-07-10")), IsEmpty());
   EXPECT_THAT(InBothOrders(file.With("Invoice[2]/InvoiceDate", "x")), IsEmpty());
   EXPECT_THAT(InBothOrders(file.With("Invoice[3]/InvoiceDate", "x")), IsEmpty());
@@ -203,9 +207,10 @@ TEST_F(CreditNoteRulesTest, WhatItCorrectsIsNotLater) {
 
 TEST_F(CreditNoteRulesTest, ItDoesNotCorrectItself) {
   EXPECT_THAT(InBothOrders(Referring("NC A/1")),
-              ElementsAre("NC-REF E Invoice NC A/1/Line/References/CreditNote/Reference [NC A/1] [] []"));
-  EXPECT_THAT(Sentences(Referring("NC A/1")), ElementsAre("NC A/1: a referência NC A/1 é ao próprio documento.",
-                                                          "NC A/1: the reference NC A/1 is to the document itself."));
+              ElementsAre("NC-REF E Invoice NC A/1/Line[1]/References/CreditNote/Reference [NC A/1] [] []"));
+  EXPECT_THAT(Sentences(Referring("NC A/1")),
+              ElementsAre("NC A/1, linha 1: a referência NC A/1 é ao próprio documento.",
+                          "NC A/1, line 1: the reference NC A/1 is to the document itself."));
 }
 
 TEST_F(CreditNoteRulesTest, TheNetsOfCreditNotesAreNoMoreThanThatOfTheDocument) {
@@ -257,10 +262,10 @@ TEST_F(CreditNoteRulesTest, OfACancelledOneAllIsInformation) {
     return InBothOrders(file.With("Invoice[3]/InvoiceStatus", "A"));
   };
   EXPECT_THAT(cancelled(OfInvoices().Without(kReferences)),
-              ElementsAre("NC-REF I Invoice NC A/1/Line/References [] [] []"));
+              ElementsAre("NC-REF I Invoice NC A/1/Line[1]/References [] [] []"));
   EXPECT_THAT(cancelled(OfInvoices().Without(kReason)),
-              ElementsAre("NC-REF I Invoice NC A/1/Line/References/CreditNote/Reason [] [] []"));
-  const std::string told = "NC-REF I Invoice NC A/1/Line/References/CreditNote/Reference ";
+              ElementsAre("NC-REF I Invoice NC A/1/Line[1]/References/CreditNote/Reason [] [] []"));
+  const std::string told = "NC-REF I Invoice NC A/1/Line[1]/References/CreditNote/Reference ";
   EXPECT_THAT(cancelled(Referring("FT A/3")), ElementsAre(told + "[FT A/3] [] []"));
   EXPECT_THAT(cancelled(Referring("NC A/1")), ElementsAre(told + "[NC A/1] [] []"));
   EXPECT_THAT(cancelled(Referring("FT A/2").With("Invoice[2]/InvoiceDate", "2008-07-11")),
@@ -271,10 +276,10 @@ TEST_F(CreditNoteRulesTest, NoCreditNoteCorrectsACancelledDocument) {
   const CleanFile file = OfInvoices().With("Invoice/InvoiceStatus", "A");
   const auto of_file = [&](const CleanFile& changed) { return InBothOrders("NC-CANCELLED", changed); };
   EXPECT_THAT(of_file(file),
-              ElementsAre("NC-CANCELLED W Invoice NC A/1/Line/References/CreditNote/Reference [FT A/1] [] []"));
+              ElementsAre("NC-CANCELLED W Invoice NC A/1/Line[1]/References/CreditNote/Reference [FT A/1] [] []"));
   EXPECT_THAT(SentencesOf("NC-CANCELLED", file),
-              ElementsAre("NC A/1: o documento referido, FT A/1, está anulado.",
-                          "NC A/1: the document referred to, FT A/1, is cancelled."));
+              ElementsAre("NC A/1, linha 1: o documento referido, FT A/1, está anulado.",
+                          "NC A/1, line 1: the document referred to, FT A/1, is cancelled."));
   EXPECT_THAT(of_file(OfInvoices()), IsEmpty());
   EXPECT_THAT(of_file(file.With("Invoice/InvoiceStatus", "F")), IsEmpty());
   EXPECT_THAT(of_file(file.With("Invoice/InvoiceStatus", "N").With("Invoice/TransactionID", "Anulado")), SizeIs(1));

@@ -128,7 +128,7 @@ TEST_F(DateRulesTest, EachDateOfTheFileIsLookedAt) {
   EXPECT_THAT(
       paths, ElementsAre("StartDate", "EndDate", "DateCreated", "TaxTableEntry[2]/TaxExpirationDate", "TransactionDate",
                          "GLPostingDate", "Line[2]/SystemEntryDate", "InvoiceDate", "SystemEntryDate",
-                         "ShipTo/DeliveryDate", "ShipFrom/DeliveryDate", "Line[1]/OrderReferences/OrderDate",
+                         "ShipTo/DeliveryDate", "ShipFrom/DeliveryDate", "Line[1]/OrderReferences[1]/OrderDate",
                          "Line[2]/TaxPointDate", "DocumentTotals/Settlement/SettlementDate"));
   EXPECT_EQ(checker_.CountOf("DATE-REAL"), 14);
 }

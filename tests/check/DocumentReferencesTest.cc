@@ -83,7 +83,7 @@ TEST_F(DocumentReferencesTest, OthersWaitForTheEnd) {
   EXPECT_EQ(DocumentReferences::Find(second, documents_), std::nullopt);
   EXPECT_FALSE(references_.IsExpected(second, documents_));
   const DocumentReferences::Waiting& third = references_.AllWaiting()[2];
-  EXPECT_EQ(third.Kept().path, "Line/References/CreditNote/Reference");
+  EXPECT_EQ(third.Kept().path, "Line[1]/References/CreditNote/Reference");
   EXPECT_EQ(DocumentReferences::Find(third, documents_), 2U);
 }
 

@@ -14,7 +14,7 @@ TEST_F(KeptElementTest, AnElementIsKeptWithItsRecord) {
              [&](const InvoiceFacts& facts) { kept = Keep(facts, facts.lines[0].quantity); });
   EXPECT_EQ(kept.kind, EntityKind::kInvoice);
   EXPECT_EQ(kept.key, "FT A/1");
-  EXPECT_EQ(kept.path, "Line/Quantity");
+  EXPECT_EQ(kept.path, "Line[1]/Quantity");
   EXPECT_EQ(kept.place, (FilePlace{2, 9, 90}));
   EXPECT_EQ(kept.text, " 2 ");
 }
@@ -22,7 +22,7 @@ TEST_F(KeptElementTest, AnElementIsKeptWithItsRecord) {
 TEST_F(KeptElementTest, AGroupAndTheRecordItselfHaveTheirPlaces) {
   ForInvoice("<Line/>", [](const InvoiceFacts& facts) {
     const KeptElement group = Keep(facts, facts.lines[0]);
-    EXPECT_EQ(group.path, "Line");
+    EXPECT_EQ(group.path, "Line[1]");
     EXPECT_EQ(group.place, (FilePlace{1, 53, 52}));
     EXPECT_EQ(group.key, "");
     EXPECT_EQ(Keep(facts, ElementSpot(0, {})).path, "");
@@ -34,7 +34,7 @@ TEST_F(KeptElementTest, WhatIsMissingIsWhereItWouldStand) {
   ForInvoice("<Line/>", [](const InvoiceFacts& facts) {
     EXPECT_EQ(Keep(facts, ElementSpot(0, "Hash")).path, "Hash");
     const KeptElement missing = Keep(facts, ElementSpot(facts.lines[0].element, "Tax"));
-    EXPECT_EQ(missing.path, "Line/Tax");
+    EXPECT_EQ(missing.path, "Line[1]/Tax");
     EXPECT_EQ(missing.place, (FilePlace{1, 53, 52}));
     EXPECT_EQ(missing.text, "");
   });

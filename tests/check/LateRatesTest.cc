@@ -32,7 +32,7 @@ class LateRatesTest : public testing::FactsTest {
     return document.append(lines);
   }
 
-  // The rates that wait: "NC A/1 Line/Tax/TaxPercentage FT A/9 20".
+  // The rates that wait: "NC A/1 Line[1]/Tax/TaxPercentage FT A/9 20".
   std::vector<std::string> Take(const std::vector<std::string>& invoices) {
     ForEachInvoice(invoices, [this](const InvoiceFacts& facts) {
       documents_.Take(facts);

@@ -40,7 +40,7 @@ class LineAmountsTest : public testing::FactsTest {
     return faults;
   }
   std::vector<std::string> Take(std::string_view content) { return Take(amounts_, content); }
-  // What is wrong by now of what was doubtful: "InvoiceNo Line/CreditAmount 10 × 1.00 = 10.00 0.02".
+  // What is wrong by now of what was doubtful: "InvoiceNo Line[1]/CreditAmount 10 × 1.00 = 10.00 0.02".
   static std::vector<std::string> WrongByNow(const LineAmounts& amounts) {
     std::vector<std::string> faults;
     for (const LineAmounts::KeptFault* const fault : amounts.WrongByNow().kept) {
@@ -94,11 +94,11 @@ TEST_F(LineAmountsTest, WhatIsDoubtfulIsToldOnceThereAreMoreDecimals) {
   EXPECT_THAT(WrongByNow(amounts_), IsEmpty());
   Take(Line("1", "0.001", "0.00"));
   EXPECT_THAT(WrongByNow(amounts_), ElementsAre("FT A/1 Line[2]/CreditAmount [100 × 10.00 = 1000.00] 0.51",
-                                                "FT A/4 Line/CreditAmount [100 × 10.00 = 1000.00] 0.51"));
+                                                "FT A/4 Line[1]/CreditAmount [100 × 10.00 = 1000.00] 0.51"));
   Take(Line("1", "0.0001", "0.00"));
   EXPECT_THAT(WrongByNow(amounts_), ElementsAre("FT A/1 Line[2]/CreditAmount [100 × 10.00 = 1000.00] 0.51",
-                                                "FT A/2 Line/CreditAmount [100 × 10.00 = 1000.00] -0.06 cancelled",
-                                                "FT A/4 Line/CreditAmount [100 × 10.00 = 1000.00] 0.51"));
+                                                "FT A/2 Line[1]/CreditAmount [100 × 10.00 = 1000.00] -0.06 cancelled",
+                                                "FT A/4 Line[1]/CreditAmount [100 × 10.00 = 1000.00] 0.51"));
 }
 
 TEST_F(LineAmountsTest, OfDoubtfulLinesOfAKindOnlySoManyAreKept) {

@@ -89,7 +89,7 @@ TEST_F(LineRulesTest, TheAmountOfALineIsQuantityTimesPrice) {
                           "FT A/1, line 1: the amount of the line is 20.00, but quantity and price make 20 × 1.50 = "
                           "30.00 (difference -10.00)."));
   EXPECT_THAT(FindingsOf("LINE-AMOUNT", CleanFile().With("Invoice[3]/Line/Quantity", "5")),
-              ElementsAre("LINE-AMOUNT W Invoice NC A/1/Line/DebitAmount [4.00] [5 × 1.00 = 5.00] [-1.00]"));
+              ElementsAre("LINE-AMOUNT W Invoice NC A/1/Line[1]/DebitAmount [4.00] [5 × 1.00 = 5.00] [-1.00]"));
 }
 
 TEST_F(LineRulesTest, OfACancelledDocumentTheAmountOfALineIsOnlyInformation) {
@@ -202,7 +202,7 @@ TEST_F(LineRulesTest, ASumOnTheOtherSideIsToldOnce) {
               ElementsAre("LINE-SIDE W Invoice NC A/1/Line[2]/CreditAmount [4.02] [DebitAmount] []"));
   const CleanFile debit = CleanFile().With("Invoice[3]/InvoiceType", "FT");
   EXPECT_THAT(FindingsOf("LINE-SIDE", debit),
-              ElementsAre("LINE-SIDE W Invoice NC A/1/Line/DebitAmount [4.00] [CreditAmount] []"));
+              ElementsAre("LINE-SIDE W Invoice NC A/1/Line[1]/DebitAmount [4.00] [CreditAmount] []"));
   for (const char* const type : {"FS", "ND", "VD", "TV", "AA", "RP", "CS", "LD", "RA"}) {
     EXPECT_THAT(FindingsOf("LINE-SIDE", debit.With("Invoice[3]/InvoiceType", type)), SizeIs(1)) << type;
   }
@@ -246,7 +246,7 @@ TEST_F(LineRulesTest, NothingOfALineIsNegative) {
   EXPECT_THAT(FindingsOf("LINE-NEGATIVE", amount),
               ElementsAre("LINE-NEGATIVE E Invoice FT A/1/Line[1]/CreditAmount [-20.00] [] []"));
   EXPECT_THAT(FindingsOf("LINE-NEGATIVE", CleanFile().With("Invoice[3]/Line/DebitAmount", "-4.00")),
-              ElementsAre("LINE-NEGATIVE E Invoice NC A/1/Line/DebitAmount [-4.00] [] []"));
+              ElementsAre("LINE-NEGATIVE E Invoice NC A/1/Line[1]/DebitAmount [-4.00] [] []"));
   const CleanFile settlement = CleanFile().Behind("Invoice/Line/Tax", "<SettlementAmount>-0.01</SettlementAmount>");
   EXPECT_THAT(Findings(settlement),
               ElementsAre("LINE-NEGATIVE E Invoice FT A/1/Line[1]/SettlementAmount [-0.01] [] []"));

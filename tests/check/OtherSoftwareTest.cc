@@ -23,7 +23,7 @@ const std::vector<Information>& KnownInformation() {
       {"ledger-only", {"GL-PERIOD I Transaction 2010-09-30 02 REC1/Period [10] [9] [1]"}},
       {"lines-in-tens",
        {"LINE-NO I Invoice FT 1/1/Line[1]/LineNumber [10] [1] []", "TAX-TABLE I Invoice FT 1/1/Line[1]/Tax [] [] []"}},
-      {"old-rate-on-the-first-day", {"TAX-RATE I Invoice VD N/901/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"}},
+      {"old-rate-on-the-first-day", {"TAX-RATE I Invoice VD N/901/Line[1]/Tax/TaxPercentage [20] [21% (NOR PT)] []"}},
       {"opening-of-movement-accounts", {"GL-PERIOD I Transaction 2009-02-28 CAIXA 3/Period [3] [2] [1]"}},
   };
   return kInformation;

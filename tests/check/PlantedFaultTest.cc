@@ -491,7 +491,7 @@ Planted PlantSummarised(Field& field) {
 
 Planted PlantOrderAfter(Field& field) {
   const Place document = field.AnyDocument([](const auto& one) { return one.shipped; });
-  return field.Changed("ORD-REF W", document, "Line[2]/OrderReferences/OrderDate", "2012-12-31");
+  return field.Changed("ORD-REF W", document, "Line[2]/OrderReferences[1]/OrderDate", "2012-12-31");
 }
 
 Planted PlantShippedAfter(Field& field) {
@@ -609,20 +609,20 @@ Planted PlantOtherRate(Field& field) {
 // Credit notes.
 
 Planted PlantUnknownReference(Field& field) {
-  return field.Changed("NC-REF E", field.AnyCreditNote(), "Line/References/CreditNote/Reference",
+  return field.Changed("NC-REF E", field.AnyCreditNote(), "Line[1]/References/CreditNote/Reference",
                        "FT A/" + std::to_string(1000 + field.Chance(1000)));
 }
 
 Planted PlantNoReference(Field& field) {
   const Place note = field.AnyCreditNote();
-  return {field.File().Without(note.At("Line/References/CreditNote/Reference")),
-          {note.Finding("NC-REF E", "Line/References/CreditNote/Reference")}};
+  return {field.File().Without(note.At("Line[1]/References/CreditNote/Reference")),
+          {note.Finding("NC-REF E", "Line[1]/References/CreditNote/Reference")}};
 }
 
 Planted PlantNoReasonOfNote(Field& field) {
   const Place note = field.AnyCreditNote();
-  return {field.File().Without(note.At("Line/References/CreditNote/Reason")),
-          {note.Finding("NC-REF W", "Line/References/CreditNote/Reason")}};
+  return {field.File().Without(note.At("Line[1]/References/CreditNote/Reason")),
+          {note.Finding("NC-REF W", "Line[1]/References/CreditNote/Reason")}};
 }
 
 Planted PlantLaterReference(Field& field) {
@@ -631,7 +631,7 @@ Planted PlantLaterReference(Field& field) {
   const auto later = std::find_if(documents.begin() + static_cast<std::ptrdiff_t>(note.number), documents.end(),
                                   [](const auto& one) { return one.IsLiveInvoice(); });
   if (later == documents.end()) return PlantLaterReference(field);
-  return field.Changed("NC-REF E", note, "Line/References/CreditNote/Reference", later->number);
+  return field.Changed("NC-REF E", note, "Line[1]/References/CreditNote/Reference", later->number);
 }
 
 Planted PlantCancelledReference(Field& field) {
@@ -642,7 +642,7 @@ Planted PlantCancelledReference(Field& field) {
   return {field.File()
               .With(credited.At("InvoiceStatus"), "A")
               .With("SalesInvoices/TotalCredit", (Amount::FromText(total) - Amount::FromText(net)).Text()),
-          {note.Finding("NC-CANCELLED W", "Line/References/CreditNote/Reference")}};
+          {note.Finding("NC-CANCELLED W", "Line[1]/References/CreditNote/Reference")}};
 }
 
 // Signatures.

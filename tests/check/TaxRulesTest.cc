@@ -48,13 +48,13 @@ class TaxRulesTest : public CheckTest {
 };
 
 TEST_F(TaxRulesTest, ALineWithoutTaxSaysWhy) {
-  constexpr std::string_view kFound = "TAX-EXEMPT E Invoice FT A/2/Line/TaxExemptionReason [] [] []";
+  constexpr std::string_view kFound = "TAX-EXEMPT E Invoice FT A/2/Line[1]/TaxExemptionReason [] [] []";
   for (const CleanFile& file :
        {WithTax("PT", "NOR", "0"), WithTax("PT", "ISE", "0"), WithTax("PT", "ISE", "20"), WithTax("PT", "OUT", "0.00"),
         WithTaxAmount("ISE", "0"), WithTaxAmount("NOR", "0.00")}) {
     EXPECT_THAT(FindingsOf("TAX-EXEMPT", file), ElementsAre(kFound));
     EXPECT_THAT(FindingsOf("TAX-EXEMPT", file.With("Invoice[2]/InvoiceStatus", "A")),
-                ElementsAre("TAX-EXEMPT I Invoice FT A/2/Line/TaxExemptionReason [] [] []"));
+                ElementsAre("TAX-EXEMPT I Invoice FT A/2/Line[1]/TaxExemptionReason [] [] []"));
     EXPECT_THAT(FindingsOf("TAX-EXEMPT", Exempt(file)), IsEmpty());
   }
   // Of another tax there is no exemption.
@@ -86,9 +86,9 @@ TEST_F(TaxRulesTest, ALineHasATaxOrAReason) {
                              .Without("Invoice[2]/Line/Tax")
                              .With("Invoice[2]/DocumentTotals/TaxPayable", "0.00")
                              .With("Invoice[2]/DocumentTotals/GrossTotal", "10.00");
-  EXPECT_THAT(Findings(file), ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line/Tax [] [] []"));
+  EXPECT_THAT(Findings(file), ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line[1]/Tax [] [] []"));
   EXPECT_THAT(FindingsOf("TAX-EXEMPT", file.With("Invoice[2]/InvoiceStatus", "A")),
-              ElementsAre("TAX-EXEMPT I Invoice FT A/2/Line/Tax [] [] []"));
+              ElementsAre("TAX-EXEMPT I Invoice FT A/2/Line[1]/Tax [] [] []"));
   EXPECT_THAT(Findings(file.Behind("Invoice[2]/Line/CreditAmount", kReason)), IsEmpty());
   EXPECT_THAT(Sentences(file),
               ElementsAre("FT A/2: a linha não tem imposto (Tax) nem motivo de isenção (TaxExemptionReason).",
@@ -103,13 +103,13 @@ TEST_F(TaxRulesTest, ALineHasATaxOrAReason) {
 TEST_F(TaxRulesTest, AReasonIsNotBesideARate) {
   const CleanFile file = Exempt(CleanFile());
   EXPECT_THAT(Findings(file),
-              ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line/TaxExemptionReason [Artigo 9.º do CIVA] [20%] []"));
+              ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line[1]/TaxExemptionReason [Artigo 9.º do CIVA] [20%] []"));
   EXPECT_THAT(Sentences(file),
               ElementsAre("FT A/2: a linha tem o motivo de isenção \"Artigo 9.º do CIVA\", mas também IVA: 20%.",
                           "FT A/2: the line has the reason of exemption \"Artigo 9.º do CIVA\", but VAT as well: "
                           "20%."));
   EXPECT_THAT(FindingsOf("TAX-EXEMPT", Exempt(WithTaxAmount("NOR", "2.5"))),
-              ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line/TaxExemptionReason [Artigo 9.º do CIVA] [2.5] []"));
+              ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line[1]/TaxExemptionReason [Artigo 9.º do CIVA] [2.5] []"));
   // Stamp duty goes with an exemption from VAT.
   EXPECT_THAT(FindingsOf("TAX-EXEMPT", file.With("Invoice[2]/Line/Tax/TaxType", "IS")), IsEmpty());
 }
@@ -135,11 +135,11 @@ TEST_F(TaxRulesTest, TheRateIsThatOfItsTime) {
     EXPECT_THAT(OfRate(WithTaxOn(row.date, row.region, row.code, row.rate)), IsEmpty()) << row.date << row.region;
   }
   EXPECT_THAT(OfRate(WithTaxOn("2014-01-02", "PT-AC", "NOR", "16")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [16] [18% (NOR PT-AC)] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [16] [18% (NOR PT-AC)] []"));
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-02", "PT-MA", "RED", "4")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [4] [5% (RED PT-MA)] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [4] [5% (RED PT-MA)] []"));
   EXPECT_THAT(OfRate(WithTax("PT", "NOR", "20.001")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [20.001] [20% (NOR PT)] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [20.001] [20% (NOR PT)] []"));
 }
 
 TEST_F(TaxRulesTest, AnotherRateIsToldOnce) {
@@ -147,25 +147,26 @@ TEST_F(TaxRulesTest, AnotherRateIsToldOnce) {
                              .With("Invoice[2]/DocumentTotals/TaxPayable", "2.30")
                              .With("Invoice[2]/DocumentTotals/GrossTotal", "12.30");
   checker_.set_Severity("GL-GROSS", Severity::kOff);
-  EXPECT_THAT(Findings(file), ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [23] [20% (NOR PT)] []"));
+  EXPECT_THAT(Findings(file),
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [23] [20% (NOR PT)] []"));
   EXPECT_THAT(FindingsOf("TAX-RATE", file.With("Invoice[2]/InvoiceStatus", "A")),
-              ElementsAre("TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [23] [20% (NOR PT)] []"));
+              ElementsAre("TAX-RATE I Invoice FT A/2/Line[1]/Tax/TaxPercentage [23] [20% (NOR PT)] []"));
   EXPECT_THAT(Sentences(file),
               ElementsAre("FT A/2: a taxa de IVA é 23%; na data da linha devia ser 20% (NOR PT).",
                           "FT A/2: the VAT rate is 23%; on the date of the line it should be 20% (NOR PT)."));
   checker_.set_Severity("TAX-RATE", Severity::kOff);
-  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 23%] [] [1]"));
+  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IVA PT NOR 23%] [] [1]"));
 }
 
 TEST_F(TaxRulesTest, OnTheDaysOfAChangeTheRateBesideIsOnlyInformation) {
-  constexpr std::string_view kNew = "TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []";
-  constexpr std::string_view kOld = "TAX-RATE I Invoice FT A/2/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []";
+  constexpr std::string_view kNew = "TAX-RATE I Invoice FT A/2/Line[1]/Tax/TaxPercentage [20] [21% (NOR PT)] []";
+  constexpr std::string_view kOld = "TAX-RATE I Invoice FT A/2/Line[1]/Tax/TaxPercentage [21] [20% (NOR PT)] []";
   EXPECT_THAT(OfRate(WithTaxOn("2008-06-30", "PT", "NOR", "20")), ElementsAre(kNew));
   EXPECT_THAT(OfRate(WithTaxOn("2008-07-01", "PT", "NOR", "21")), ElementsAre(kOld));
   EXPECT_THAT(OfRate(WithTaxOn("2008-06-29", "PT", "NOR", "20")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [20] [21% (NOR PT)] []"));
   EXPECT_THAT(OfRate(WithTaxOn("2008-07-02", "PT", "NOR", "21")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [21] [20% (NOR PT)] []"));
   EXPECT_THAT(OfRate(WithTaxOn("2014-01-01", "PT-AC", "NOR", "16")), ElementsAre(::testing::HasSubstr("TAX-RATE I")));
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-01", "PT-MA", "NOR", "16")), ElementsAre(::testing::HasSubstr("TAX-RATE I")));
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-01", "PT-AC", "NOR", "22")), ElementsAre(::testing::HasSubstr("TAX-RATE W")));
@@ -181,7 +182,7 @@ TEST_F(TaxRulesTest, TheTaxPointCountsBeforeTheInvoiceDate) {
   const CleanFile file = WithTaxOn("2008-06-15", "PT", "NOR", "21");
   EXPECT_THAT(OfRate(file), IsEmpty());
   EXPECT_THAT(OfRate(file.Without("Invoice[2]/Line/TaxPointDate").With("Invoice[2]/InvoiceDate", "2008-07-15")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [21] [20% (NOR PT)] []"));
   EXPECT_THAT(OfRate(file.With("Invoice[2]/Line/TaxPointDate", "x")), IsEmpty());
 }
 
@@ -192,7 +193,7 @@ TEST_F(TaxRulesTest, DocumentsThatCorrectAnotherHaveAnyRateThatWas) {
     };
     for (const char* const rate : {"20", "21", "23"}) EXPECT_THAT(of(rate), IsEmpty()) << type;
     EXPECT_THAT(of("22"),
-                ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [22] [21, 20, 23 (NOR PT)] []"));
+                ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [22] [21, 20, 23 (NOR PT)] []"));
   }
   EXPECT_THAT(
       Sentences(CleanFile().With("Invoice[3]/Line/Tax/TaxPercentage", "5.5")),
@@ -206,7 +207,7 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
   const auto note = [](std::string_view rate) {
     return CleanFile().With("Invoice[3]/Line/Tax/TaxCode", "NOR").With("Invoice[3]/Line/Tax/TaxPercentage", rate);
   };
-  constexpr std::string_view kOther = "TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []";
+  constexpr std::string_view kOther = "TAX-RATE W Invoice NC A/1/Line[1]/Tax/TaxPercentage [20] [21% (NOR PT)] []";
   for (const uint64_t seed : {1U, 2U, 3U, 4U}) {
     EXPECT_THAT(OfRate(Shuffled(note("20"), seed)), ElementsAre(kOther)) << seed;
     EXPECT_THAT(OfRate(Shuffled(note("21"), seed)), IsEmpty()) << seed;
@@ -226,10 +227,10 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
         OfNote(Shuffled(
             later.With("Invoice/Line/TaxPointDate", "2008-07-02").With("Invoice[3]/Line/Tax/TaxPercentage", "21"),
             seed)),
-        ElementsAre("TAX-RATE W Invoice NC A/1/Line/Tax/TaxPercentage [21] [20% (NOR PT)] []"))
+        ElementsAre("TAX-RATE W Invoice NC A/1/Line[1]/Tax/TaxPercentage [21] [20% (NOR PT)] []"))
         << seed;
     EXPECT_THAT(OfNote(Shuffled(note("20").With("Invoice/Line/TaxPointDate", "2008-06-30"), seed)),
-                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
+                ElementsAre("TAX-RATE I Invoice NC A/1/Line[1]/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
         << seed;
     // By its date where a line has none.
     const CleanFile without =
@@ -244,7 +245,7 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
           << reference << seed;
     }
     EXPECT_THAT(OfRate(Shuffled(note("20").With("Invoice[3]/InvoiceStatus", "A"), seed)),
-                ElementsAre("TAX-RATE I Invoice NC A/1/Line/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
+                ElementsAre("TAX-RATE I Invoice NC A/1/Line[1]/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
         << seed;
   }
   EXPECT_THAT(
@@ -260,14 +261,14 @@ TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
   EXPECT_THAT(OfRate(Exempt(WithTax("PT", "ISE", "0"))), IsEmpty());
   EXPECT_THAT(OfRate(WithTaxAmount("ISE", "0.00")), IsEmpty());
   EXPECT_THAT(OfRate(WithTax("PT", "ISE", "5.5")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxPercentage [5.5] [0] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [5.5] [0] []"));
   EXPECT_THAT(OfRate(WithTaxAmount("ISE", "2.00")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxAmount [2.00] [0] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxAmount [2.00] [0] []"));
   EXPECT_THAT(OfRate(WithTax("PT", "OUT", "17")), IsEmpty());
   EXPECT_THAT(OfRate(WithTax("ES", "NOR", "16")), IsEmpty());
   EXPECT_THAT(OfRate(WithTax("PT", "17.3.1", "4").With("Invoice[2]/Line/Tax/TaxType", "IS")), IsEmpty());
   EXPECT_THAT(OfRate(WithTax("PT", "17.3.1", "4")),
-              ElementsAre("TAX-RATE W Invoice FT A/2/Line/Tax/TaxCode [17.3.1] [] []"));
+              ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxCode [17.3.1] [] []"));
   EXPECT_THAT(OfRate(WithTaxAmount("NOR", "2.00")), IsEmpty());
   EXPECT_THAT(OfRate(WithTax("PT", "XXX", "4")), IsEmpty());
   EXPECT_THAT(
@@ -281,7 +282,7 @@ TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
 
 TEST_F(TaxRulesTest, TheTaxOfALineIsInTheTable) {
   const CleanFile file = CleanFile().Without("TaxTableEntry[3]");
-  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 20%] [] [1]"));
+  EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IVA PT NOR 20%] [] [1]"));
   EXPECT_THAT(
       Sentences(file),
       ElementsAre("FT A/2: IVA PT NOR 20% não está na tabela de impostos do ficheiro (linhas com este imposto: 1).",
@@ -337,7 +338,7 @@ TEST_F(TaxRulesTest, TaxesBeyondManyAreCountedAlone) {
 
 TEST_F(TaxRulesTest, AnAmountIsInTheTableToo) {
   const CleanFile file = WithTaxAmount("17.3", "1.50").With("Invoice[2]/Line/Tax/TaxType", "IS");
-  EXPECT_THAT(OfTable(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IS PT 17.3 1.5] [] [1]"));
+  EXPECT_THAT(OfTable(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IS PT 17.3 1.5] [] [1]"));
   const CleanFile known = file.Behind("TaxTableEntry[3]",
                                       "<TaxTableEntry><TaxType>IS</TaxType><TaxCountryRegion>PT</TaxCountryRegion>"
                                       "<TaxCode>17.3</TaxCode><Description>Selo</Description><TaxAmount>1.5</TaxAmount>"
@@ -358,7 +359,8 @@ TEST_F(TaxRulesTest, ATaxOfTheTableIsUsedUntilItExpires) {
       CleanFile().Behind("TaxTableEntry[3]/Description", "<TaxExpirationDate>2008-07-01</TaxExpirationDate>");
   EXPECT_THAT(Findings(file), IsEmpty());
   const CleanFile expired = file.With("TaxTableEntry[3]/TaxExpirationDate", "2008-06-30");
-  EXPECT_THAT(Findings(expired), ElementsAre("TAX-TABLE W Invoice FT A/2/Line/Tax [IVA PT NOR 20%] [2008-06-30] [1]"));
+  EXPECT_THAT(Findings(expired),
+              ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IVA PT NOR 20%] [2008-06-30] [1]"));
   EXPECT_THAT(Sentences(expired),
               ElementsAre("FT A/2: IVA PT NOR 20% está na tabela de impostos do ficheiro só até 2008-06-30, antes da "
                           "data da linha (linhas assim: 1).",

@@ -44,11 +44,9 @@ bool Counts(const DocumentTable::Document& corrected, const std::optional<Calend
 }  // namespace
 
 KeptElement DocumentReferences::Waiting::Kept() const {
-  std::string path = "Line";
-  if (line > 0) path.append("[").append(std::to_string(line)).append("]");
   return {.kind = EntityKind::kInvoice,
           .key = key,
-          .path = path.append("/References/CreditNote/Reference"),
+          .path = "Line[" + std::to_string(line) + "]/References/CreditNote/Reference",
           .place = place,
           .text = text};
 }
@@ -125,7 +123,7 @@ void DocumentReferences::Take(const InvoiceFacts& facts, const DocumentTable& do
     waiting.key = *facts.key;
     waiting.text = *reference;
     waiting.place = facts.entity->PlaceOf(reference.element);
-    if (facts.lines.size() > 1) waiting.line = static_cast<uint32_t>(share.line - facts.lines.data() + 1);
+    waiting.line = static_cast<uint32_t>(share.line - facts.lines.data() + 1);
     waiting.credit_note = *facts.type == "NC";
     waiting.state = DocumentTable::StateOf(facts);
     waiting.date = date;

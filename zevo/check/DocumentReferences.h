@@ -49,7 +49,7 @@ class DocumentReferences {
     std::string key;  ///< of the document that refers
     std::string text;
     FilePlace place;
-    uint32_t line = 0;  ///< 0 for the only one
+    uint32_t line = 0;  ///< from 1 on
     bool credit_note = false;
     DocumentTable::State state = DocumentTable::State::kLive;
     std::optional<CalendarDate> date;  ///< of the document that refers

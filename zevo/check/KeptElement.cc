@@ -1,13 +1,35 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/KeptElement.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
 namespace zevo {
+namespace {
+
+// Those of which the schema allows several in an entity.
+constexpr std::array<std::string_view, 3> kCounted{"Line", "OrderReferences", "TaxTableEntry"};
+
+// The path as violations have it: elements of which there may be several are counted also where there is one.
+std::string CountedPath(std::string_view path) {
+  std::string counted;
+  while (!path.empty()) {
+    const std::string_view step = path.substr(0, path.find('/'));
+    counted.append(counted.empty() ? "" : "/").append(step);
+    if (std::ranges::find(kCounted, step) != kCounted.end()) counted.append("[1]");
+    path.remove_prefix(std::min(path.size(), step.size() + 1));
+  }
+  return counted;
+}
+
+}  // namespace
 
 KeptElement Keep(const EntityFacts& facts, const ElementSpot& spot) {
   const ScannedEntity& entity = *facts.entity;
   KeptElement kept{.kind = facts.Kind(),
                    .key = std::string(facts.key.value),
-                   .path = entity.PathOf(spot.element),
+                   .path = CountedPath(entity.PathOf(spot.element)),
                    .place = entity.PlaceOf(spot.element),
                    .text = {}};
   if (spot.missing.empty()) {

@@ -13,7 +13,7 @@ namespace {
 
 bool InPortuguese(Language language) { return language == Language::kPortuguese; }
 
-// The line of a document that a path leads into, such as "2"; empty where it leads into none, or into the only one.
+// The line of a document that a path leads into, such as "2"; empty where it leads into none.
 std::string_view LineOf(std::string_view path) {
   constexpr std::string_view kLine = "Line[";
   if (!path.starts_with(kLine)) return {};

@@ -83,7 +83,8 @@ struct Finding {
   /// What the record is called in the file: the text of its `KeyOf` element, such as "FT A/12". Empty without.
   std::string key;
   /// The element in the record, such as "Line[2]/CreditAmount", "" being the record's own; from the root, such as
-  /// "/AuditFile/MasterFiles", where there is no record. For something that is missing, where it would stand.
+  /// "/AuditFile/MasterFiles", where there is no record. Elements of which the schema allows several are counted, also
+  /// where there is one, and those that are there too often. For something that is missing, where it would stand.
   std::string path;
   /// Where the element begins; for something that is missing, the element that lacks it.
   FilePlace place;
