@@ -22,6 +22,16 @@ constexpr std::array<int8_t, 256> SextetsOfBytes() {
 
 constexpr std::array<int8_t, 256> kSextetOf = SextetsOfBytes();
 
+// Whether a character stands for six bits.
+constexpr bool IsSextet(char c) {
+  const auto byte = static_cast<uint8_t>(c);
+  const auto letter = static_cast<uint8_t>((byte | 0x20U) - 'a');
+  const auto digit = static_cast<uint8_t>(byte - '0');
+  const int is = static_cast<int>(letter < 26) | static_cast<int>(digit < 10) | static_cast<int>(c == '+') |
+                 static_cast<int>(c == '/');
+  return is != 0;
+}
+
 }  // namespace
 
 std::optional<std::string> Base64Decoded(std::string_view text) {
@@ -54,9 +64,10 @@ bool IsBase64Of(std::string_view text, size_t bytes) {
   const size_t padding = (3 - bytes % 3) % 3;
   const std::string_view sextets = text.substr(0, text.size() - padding);
   if (text.substr(sextets.size()) != std::string_view("==").substr(0, padding)) return false;
-  int all = 0;  // less than 0 where one is none
-  for (const char c : sextets) all |= kSextetOf[Byte(c)];
-  if (all < 0) return false;
+  // Arithmetic that compilers do for many characters at once.
+  uint8_t others = 0;
+  for (const char c : sextets) others |= static_cast<uint8_t>(!IsSextet(c));
+  if (others != 0) return false;
   // The last one has two bits for each "=" that belong to no byte.
   return padding == 0 || (kSextetOf[Byte(sextets.back())] & ((1 << (2 * padding)) - 1)) == 0;
 }
