@@ -20,8 +20,7 @@ class SectionSumsTest : public testing::FactsTest {
   void Take(const std::vector<std::string>& invoices) {
     ForEachInvoice(invoices, [this](const InvoiceFacts& facts) {
       lines_.Take(facts);
-      amounts_.Take(facts);
-      sums_.Take(facts, lines_, amounts_);
+      sums_.Take(facts, lines_);
     });
   }
   // "2: 0 6", the invoices, their debits and their credits.
@@ -31,7 +30,6 @@ class SectionSumsTest : public testing::FactsTest {
   }
 
   InvoiceSums lines_;
-  LineAmounts amounts_{0};
   SectionSums sums_;
 };
 

@@ -63,10 +63,11 @@ TEST_F(TaxRulesTest, ALineWithoutTaxSaysWhy) {
   EXPECT_THAT(FindingsOf("TAX-EXEMPT", WithTax("PT", "NOR", "x")), IsEmpty());
   const auto sentences = Sentences(WithTax("PT", "ISE", "0"));
   EXPECT_EQ(sentences[2],
-            "FT A/2: a linha está isenta ou tem a taxa 0, e falta o motivo da isenção (TaxExemptionReason).");
-  EXPECT_EQ(sentences[3],
-            "FT A/2: the line is exempt or has the rate 0, and the reason of the exemption (TaxExemptionReason) is "
-            "missing.");
+            "FT A/2, linha 1: a linha está isenta ou tem a taxa 0, e falta o motivo da isenção (TaxExemptionReason).");
+  EXPECT_EQ(
+      sentences[3],
+      "FT A/2, line 1: the line is exempt or has the rate 0, and the reason of the exemption (TaxExemptionReason) is "
+      "missing.");
 }
 
 TEST_F(TaxRulesTest, AnEmptyReasonIsNone) {
@@ -90,9 +91,10 @@ TEST_F(TaxRulesTest, ALineHasATaxOrAReason) {
   EXPECT_THAT(FindingsOf("TAX-EXEMPT", file.With("Invoice[2]/InvoiceStatus", "A")),
               ElementsAre("TAX-EXEMPT I Invoice FT A/2/Line[1]/Tax [] [] []"));
   EXPECT_THAT(Findings(file.Behind("Invoice[2]/Line/CreditAmount", kReason)), IsEmpty());
-  EXPECT_THAT(Sentences(file),
-              ElementsAre("FT A/2: a linha não tem imposto (Tax) nem motivo de isenção (TaxExemptionReason).",
-                          "FT A/2: the line has neither a tax (Tax) nor a reason of exemption (TaxExemptionReason)."));
+  EXPECT_THAT(
+      Sentences(file),
+      ElementsAre("FT A/2, linha 1: a linha não tem imposto (Tax) nem motivo de isenção (TaxExemptionReason).",
+                  "FT A/2, line 1: the line has neither a tax (Tax) nor a reason of exemption (TaxExemptionReason)."));
   // A text among the lines; not what is given away.
   const CleanFile nothing = file.With("Invoice[2]/Line/CreditAmount", "0.00");
   EXPECT_THAT(FindingsOf("TAX-EXEMPT", nothing.With("Invoice[2]/Line/Quantity", "0")), IsEmpty());
@@ -104,10 +106,11 @@ TEST_F(TaxRulesTest, AReasonIsNotBesideARate) {
   const CleanFile file = Exempt(CleanFile());
   EXPECT_THAT(Findings(file),
               ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line[1]/TaxExemptionReason [Artigo 9.º do CIVA] [20%] []"));
-  EXPECT_THAT(Sentences(file),
-              ElementsAre("FT A/2: a linha tem o motivo de isenção \"Artigo 9.º do CIVA\", mas também IVA: 20%.",
-                          "FT A/2: the line has the reason of exemption \"Artigo 9.º do CIVA\", but VAT as well: "
-                          "20%."));
+  EXPECT_THAT(
+      Sentences(file),
+      ElementsAre("FT A/2, linha 1: a linha tem o motivo de isenção \"Artigo 9.º do CIVA\", mas também IVA: 20%.",
+                  "FT A/2, line 1: the line has the reason of exemption \"Artigo 9.º do CIVA\", but VAT as well: "
+                  "20%."));
   EXPECT_THAT(FindingsOf("TAX-EXEMPT", Exempt(WithTaxAmount("NOR", "2.5"))),
               ElementsAre("TAX-EXEMPT W Invoice FT A/2/Line[1]/TaxExemptionReason [Artigo 9.º do CIVA] [2.5] []"));
   // Stamp duty goes with an exemption from VAT.
@@ -152,8 +155,8 @@ TEST_F(TaxRulesTest, AnotherRateIsToldOnce) {
   EXPECT_THAT(FindingsOf("TAX-RATE", file.With("Invoice[2]/InvoiceStatus", "A")),
               ElementsAre("TAX-RATE I Invoice FT A/2/Line[1]/Tax/TaxPercentage [23] [20% (NOR PT)] []"));
   EXPECT_THAT(Sentences(file),
-              ElementsAre("FT A/2: a taxa de IVA é 23%; na data da linha devia ser 20% (NOR PT).",
-                          "FT A/2: the VAT rate is 23%; on the date of the line it should be 20% (NOR PT)."));
+              ElementsAre("FT A/2, linha 1: a taxa de IVA é 23%; na data da linha devia ser 20% (NOR PT).",
+                          "FT A/2, line 1: the VAT rate is 23%; on the date of the line it should be 20% (NOR PT)."));
   checker_.set_Severity("TAX-RATE", Severity::kOff);
   EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IVA PT NOR 23%] [] [1]"));
 }
@@ -171,11 +174,12 @@ TEST_F(TaxRulesTest, OnTheDaysOfAChangeTheRateBesideIsOnlyInformation) {
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-01", "PT-MA", "NOR", "16")), ElementsAre(::testing::HasSubstr("TAX-RATE I")));
   EXPECT_THAT(OfRate(WithTaxOn("2012-04-01", "PT-AC", "NOR", "22")), ElementsAre(::testing::HasSubstr("TAX-RATE W")));
   const auto sentences = Sentences(WithTaxOn("2008-07-01", "PT", "NOR", "21"));
-  EXPECT_THAT(sentences,
-              ::testing::IsSupersetOf(
-                  {"FT A/2: a taxa de IVA é 21%, do outro lado da mudança de taxas; na data da linha é 20% (NOR PT).",
-                   "FT A/2: the VAT rate is 21%, that of the other side of the change of rates; on the date "
-                   "of the line it is 20% (NOR PT)."}));
+  EXPECT_THAT(
+      sentences,
+      ::testing::IsSupersetOf(
+          {"FT A/2, linha 1: a taxa de IVA é 21%, do outro lado da mudança de taxas; na data da linha é 20% (NOR PT).",
+           "FT A/2, line 1: the VAT rate is 21%, that of the other side of the change of rates; on the date "
+           "of the line it is 20% (NOR PT)."}));
 }
 
 TEST_F(TaxRulesTest, TheTaxPointCountsBeforeTheInvoiceDate) {
@@ -195,11 +199,11 @@ TEST_F(TaxRulesTest, DocumentsThatCorrectAnotherHaveAnyRateThatWas) {
     EXPECT_THAT(of("22"),
                 ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxPercentage [22] [21, 20, 23 (NOR PT)] []"));
   }
-  EXPECT_THAT(
-      Sentences(CleanFile().With("Invoice[3]/Line/Tax/TaxPercentage", "5.5")),
-      ::testing::IsSupersetOf(
-          {"NC A/1: a taxa de IVA é 5,5%; deste código e nesta região só houve (em %) 5, 6 (RED PT).",
-           "NC A/1: the VAT rate is 5.5%; of this code and in this region there only were (in %) 5, 6 (RED PT)."}));
+  EXPECT_THAT(Sentences(CleanFile().With("Invoice[3]/Line/Tax/TaxPercentage", "5.5")),
+              ::testing::IsSupersetOf(
+                  {"NC A/1, linha 1: a taxa de IVA é 5,5%; deste código e nesta região só houve (em %) 5, 6 (RED PT).",
+                   "NC A/1, line 1: the VAT rate is 5.5%; of this code and in this region there only were (in %) 5, 6 "
+                   "(RED PT)."}));
 }
 
 TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
@@ -248,13 +252,13 @@ TEST_F(TaxRulesTest, ARateIsThatOfTheDocumentThatIsCorrected) {
                 ElementsAre("TAX-RATE I Invoice NC A/1/Line[1]/Tax/TaxPercentage [20] [21% (NOR PT)] []"))
         << seed;
   }
-  EXPECT_THAT(
-      Sentences(note("20")),
-      ::testing::IsSupersetOf(
-          {"NC A/1: a taxa de IVA é 20%; na data do documento que este retifica (TaxPointDate) devia ser 21% (NOR PT).",
-           "NC A/1: the VAT rate is 20%; on the date of the document that this one corrects (TaxPointDate) it should "
-           "be 21% "
-           "(NOR PT)."}));
+  EXPECT_THAT(Sentences(note("20")),
+              ::testing::IsSupersetOf({"NC A/1, linha 1: a taxa de IVA é 20%; na data do documento que este retifica "
+                                       "(TaxPointDate) devia ser 21% (NOR PT).",
+                                       "NC A/1, line 1: the VAT rate is 20%; on the date of the document that this one "
+                                       "corrects (TaxPointDate) it should "
+                                       "be 21% "
+                                       "(NOR PT)."}));
 }
 
 TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
@@ -271,13 +275,14 @@ TEST_F(TaxRulesTest, OtherCodesAndRegionsHaveRatesOfTheirOwn) {
               ElementsAre("TAX-RATE W Invoice FT A/2/Line[1]/Tax/TaxCode [17.3.1] [] []"));
   EXPECT_THAT(OfRate(WithTaxAmount("NOR", "2.00")), IsEmpty());
   EXPECT_THAT(OfRate(WithTax("PT", "XXX", "4")), IsEmpty());
+  EXPECT_THAT(Sentences(WithTax("PT", "ISE", "5.5")),
+              ::testing::IsSupersetOf(
+                  {"FT A/2, linha 1: o código é ISE (isenção), mas a taxa ou o imposto é 5,5; devia ser 0.",
+                   "FT A/2, line 1: the code is ISE (exempt), but the rate or the tax is 5.5; it should be 0."}));
   EXPECT_THAT(
-      Sentences(WithTax("PT", "ISE", "5.5")),
-      ::testing::IsSupersetOf({"FT A/2: o código é ISE (isenção), mas a taxa ou o imposto é 5,5; devia ser 0.",
-                               "FT A/2: the code is ISE (exempt), but the rate or the tax is 5.5; it should be 0."}));
-  EXPECT_THAT(Sentences(WithTax("PT", "17.3.1", "4")),
-              ::testing::IsSupersetOf({"FT A/2: \"17.3.1\" não é um código de IVA, que são RED, INT, NOR, ISE e OUT.",
-                                       "FT A/2: \"17.3.1\" is no code of VAT, which are RED, INT, NOR, ISE and OUT."}));
+      Sentences(WithTax("PT", "17.3.1", "4")),
+      ::testing::IsSupersetOf({"FT A/2, linha 1: \"17.3.1\" não é um código de IVA, que são RED, INT, NOR, ISE e OUT.",
+                               "FT A/2, line 1: \"17.3.1\" is no code of VAT, which are RED, INT, NOR, ISE and OUT."}));
 }
 
 TEST_F(TaxRulesTest, TheTaxOfALineIsInTheTable) {
@@ -285,8 +290,9 @@ TEST_F(TaxRulesTest, TheTaxOfALineIsInTheTable) {
   EXPECT_THAT(Findings(file), ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IVA PT NOR 20%] [] [1]"));
   EXPECT_THAT(
       Sentences(file),
-      ElementsAre("FT A/2: IVA PT NOR 20% não está na tabela de impostos do ficheiro (linhas com este imposto: 1).",
-                  "FT A/2: IVA PT NOR 20% is not in the tax table of the file (lines with this tax: 1)."));
+      ElementsAre(
+          "FT A/2, linha 1: IVA PT NOR 20% não está na tabela de impostos do ficheiro (linhas com este imposto: 1).",
+          "FT A/2, line 1: IVA PT NOR 20% is not in the tax table of the file (lines with this tax: 1)."));
   EXPECT_THAT(Findings(CleanFile().With("TaxTableEntry[3]/TaxPercentage", "20.00")), IsEmpty());
   EXPECT_THAT(OfTable(CleanFile().With("TaxTableEntry[3]/TaxCountryRegion", "PT-MA")), SizeIs(1));
   EXPECT_THAT(OfTable(CleanFile().With("TaxTableEntry[3]/TaxType", "IS")), SizeIs(1));
@@ -361,11 +367,12 @@ TEST_F(TaxRulesTest, ATaxOfTheTableIsUsedUntilItExpires) {
   const CleanFile expired = file.With("TaxTableEntry[3]/TaxExpirationDate", "2008-06-30");
   EXPECT_THAT(Findings(expired),
               ElementsAre("TAX-TABLE W Invoice FT A/2/Line[1]/Tax [IVA PT NOR 20%] [2008-06-30] [1]"));
-  EXPECT_THAT(Sentences(expired),
-              ElementsAre("FT A/2: IVA PT NOR 20% está na tabela de impostos do ficheiro só até 2008-06-30, antes da "
-                          "data da linha (linhas assim: 1).",
-                          "FT A/2: IVA PT NOR 20% is in the tax table of the file only until 2008-06-30, before the "
-                          "date of the line (lines like it: 1)."));
+  EXPECT_THAT(
+      Sentences(expired),
+      ElementsAre("FT A/2, linha 1: IVA PT NOR 20% está na tabela de impostos do ficheiro só até 2008-06-30, antes da "
+                  "data da linha (linhas assim: 1).",
+                  "FT A/2, line 1: IVA PT NOR 20% is in the tax table of the file only until 2008-06-30, before the "
+                  "date of the line (lines like it: 1)."));
   // The longest use counts, and corrections have the date of what they correct.
   EXPECT_THAT(Findings(expired.Twice("TaxTableEntry[3]").With("TaxTableEntry[4]/TaxExpirationDate", "2008-07-01")),
               IsEmpty());

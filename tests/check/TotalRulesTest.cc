@@ -76,33 +76,6 @@ TEST_F(TotalRulesTest, TheNetTotalIsThatOfTheLines) {
                           "FT A/1: NetTotal is 31.00, but the amounts of the lines make 30.00 (difference 1.00)."));
 }
 
-TEST_F(TotalRulesTest, WhatFollowsFromTheAmountOfALineIsNotTold) {
-  checker_.set_Severity("LINE-AMOUNT", Severity::kWarning);
-  const CleanFile line = CleanFile().With("Invoice/Line/CreditAmount", "25.00");
-  const std::string of_line = "LINE-AMOUNT W Invoice FT A/1/Line[1]/CreditAmount [25.00] [20 × 1.00 = 20.00] [5.00]";
-  EXPECT_THAT(Findings(line), ElementsAre(of_line));
-  EXPECT_THAT(Findings(CleanFile().With("Invoice[3]/Line/DebitAmount", "3.00")), SizeIs(1));
-  EXPECT_THAT(Findings(CleanFile().With("Invoice/Line/UnitPrice", "0.9999999").With("Invoice/Line/CreditAmount", "9")),
-              SizeIs(1));
-  // What is wrong apart from that is told, with the lines as they are.
-  EXPECT_THAT(FindingsOf("TOT-NET", line.With(kNet, "30.02")),
-              ElementsAre("TOT-NET E Invoice FT A/1/DocumentTotals/NetTotal [30.02] [35.00] [-4.98]"));
-  EXPECT_THAT(FindingsOf("TOT-NET", line.With(kNet, "30.01")), IsEmpty());
-  EXPECT_THAT(FindingsOf("TOT-NET", line.With(kNet, "35.00")), IsEmpty());
-  EXPECT_THAT(FindingsOf("TOT-TAX", line.With(kTax, "4.10")),
-              ElementsAre("TOT-TAX E Invoice FT A/1/DocumentTotals/TaxPayable [4.10] [3.35] [0.75]"));
-  EXPECT_THAT(FindingsOf("TOT-GROSS", line.With(kGross, "33.12")), SizeIs(1));
-  EXPECT_THAT(FindingsOf("SI-SUM", line.With("SalesInvoices/TotalCredit", "41.00")), SizeIs(1));
-  EXPECT_THAT(FindingsOf("SI-SUM", line.With("SalesInvoices/TotalCredit", "45.00")), IsEmpty());
-  // Two lines, of which only one has been told.
-  EXPECT_THAT(FindingsOf("TOT-NET", line.With("Invoice/Line[2]/CreditAmount", "11.00")), IsEmpty());
-  EXPECT_THAT(
-      FindingsOf("TOT-NET", line.With("Invoice/Line[2]/CreditAmount", "11.00").Without("Invoice/Line[2]/Quantity")),
-      SizeIs(1));
-  checker_.set_Severity("LINE-AMOUNT", Severity::kOff);
-  EXPECT_THAT(Findings(line), SizeIs(3));
-}
-
 TEST_F(TotalRulesTest, TheTaxIsToldWithTwoDecimals) {
   // 1.016 before it is rounded.
   EXPECT_THAT(OfTax(WithCredits({"2.54", "2.54"}), "1.00"),

@@ -55,8 +55,7 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
     signatures_.Take(hashes_);
   }
   invoice_sums_.Take(facts);
-  line_amounts_.Take(facts);
-  section_sums_.Take(facts, invoice_sums_, line_amounts_);
+  section_sums_.Take(facts, invoice_sums_);
   if (documents_.IsNumbered()) {
     keys_.TakeKnown(documents_.IsRepeated());
   } else {
@@ -67,6 +66,7 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   if (!facts.IsCancelled()) keys_.Add(FileKeys::Use::kTransaction, facts, facts.transaction_id);
   TakeEntryDate(facts, facts.entry_date);
   TakeTransactionOf(facts);
+  line_amounts_.Take(facts);
   ++invoices_;
 }
 

@@ -50,23 +50,6 @@ std::string LineAmounts::ExpectedOf(const InvoiceLineFacts& line, bool lessSettl
   return text + " = " + MoneyText(amount);
 }
 
-Decimal LineAmounts::RightAmountOf(const InvoiceLineFacts& line, const Fault& fault) {
-  const Decimal& amount = **AmountOf(line);
-  Decimal right = AbsoluteValue(amount) - fault.difference;
-  if (amount.Decimals() <= 2) right = right.RoundedTo(2);
-  return amount.IsNegative() ? -right : right;
-}
-
-InvoiceFacts LineAmounts::Corrected(const InvoiceFacts& facts) const {
-  InvoiceFacts corrected = facts;
-  for (const Fault& fault : of_this_) {
-    InvoiceLineFacts& line = corrected.lines[fault.line];
-    NumberFact& amount = AmountOf(line) == &line.credit ? line.credit : line.debit;
-    amount.value = RightAmountOf(line, fault);
-  }
-  return corrected;
-}
-
 void LineAmounts::Take(const InvoiceFacts& facts) {
   of_this_.clear();
   for (const InvoiceLineFacts& line : facts.lines) {

@@ -55,10 +55,6 @@ class LineAmounts {
 
   /// The amount of a line, the one that is not zero; null where there is none, or two.
   static const NumberFact* AmountOf(const InvoiceLineFacts& line);
-  /// What the amount of a line should be, to the cent where it is written so; with its sign.
-  static Decimal RightAmountOf(const InvoiceLineFacts& line, const Fault& fault);
-  /// The invoice that was taken last as it would be if the lines of its faults had the amounts that they should have.
-  InvoiceFacts Corrected(const InvoiceFacts& facts) const;
   /// What the amount should be, with the formula: "20 × 1.50 = 30.00".
   static std::string ExpectedOf(const InvoiceLineFacts& line, bool lessSettlement);
 

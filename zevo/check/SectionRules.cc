@@ -100,7 +100,6 @@ struct SectionTotal {
   NumberFact SectionFacts::*total;
   AmountSum SectionSums::Sums::*sum;
   AmountSum SectionSums::Sums::*other_sum;
-  Decimal SectionSums::Sums::*correction;
   RuleSentence other;
   RuleSentence none;
   // Which documents were counted, in the order of kCountedAmounts behind the first.
@@ -111,7 +110,6 @@ constexpr SectionTotal kTotalDebit{
     &SectionFacts::debit,
     &SectionSums::Sums::debit,
     &SectionSums::Sums::credit,
-    &SectionSums::Sums::debit_correction,
     {Severity::kError,
      {"TotalDebit é {found#}, mas os débitos das linhas somam {expected#} (diferença {difference#})",
       "TotalDebit is {found#}, but the debits of the lines are {expected#} (difference {difference#})"}},
@@ -140,7 +138,6 @@ constexpr SectionTotal kTotalCredit{
     &SectionFacts::credit,
     &SectionSums::Sums::credit,
     &SectionSums::Sums::debit,
-    &SectionSums::Sums::credit_correction,
     {Severity::kError,
      {"TotalCredit é {found#}, mas os créditos das linhas somam {expected#} (diferença {difference#})",
       "TotalCredit is {found#}, but the credits of the lines are {expected#} (difference {difference#})"}},
@@ -174,7 +171,6 @@ void JudgeTotalOfInvoices(const SectionTotal& of, Judgement& judgement) {
   std::vector<Decimal> sums;
   bool known = true;
   bool doubtful = false;
-  const bool lines_told = judgement.IsOn("LINE-AMOUNT");
   for (size_t i = 0; i < kCountedAmounts.size(); ++i) {
     const SectionSums::Sums counted = invoices.Of(kCountedAmounts[i]);
     const AmountSum& sum = counted.*of.sum;
@@ -190,9 +186,6 @@ void JudgeTotalOfInvoices(const SectionTotal& of, Judgement& judgement) {
     }
     // LINE-NEGATIVE tells of negative amounts; what follows from them is not told.
     doubtful = doubtful || sum.MayAllow(*total, counted.*of.other_sum);
-    // Nor what follows from the amounts of lines of which LINE-AMOUNT tells.
-    const Decimal& correction = counted.*of.correction;
-    doubtful = doubtful || (lines_told && !correction.IsZero() && sum.Allows(*total - correction));
   }
   if (!known || doubtful) return;
   const auto text = [](Decimal sum) { return MoneyText(sum); };
@@ -236,19 +229,16 @@ constexpr Rule kSectionRules[] = {
                "ones, or without those of TransactionID \"Anulado\"."},
               "Portaria 1192/2009"},
      .at_end = JudgeNumberOfInvoices},
-    {.info =
-         {"SI-SUM",
-          Severity::kError,
-          {"Totais dos documentos", "Totals of documents"},
-          {"TotalDebit e TotalCredit são as somas das linhas dos documentos em vigor, sem os anulados nem os "
-           "resumidos. Só informação: com os resumidos; de todos; de todos menos os de TransactionID \"Anulado\". "
-           "Por cada valor com mais de duas casas decimais aceita-se uma diferença de 0,005. Não se diz quando vem só "
-           "de linhas de que LINE-AMOUNT diz o valor certo.",
-           "TotalDebit and TotalCredit are the sums of the lines of live documents, without those cancelled or "
-           "summarised. Information only: with those summarised; of all; of all but those of TransactionID "
-           "\"Anulado\". For each amount of more than two decimals a difference of 0.005 is accepted. Not told "
-           "where it only follows from lines of which LINE-AMOUNT tells the right amount."},
-          "Portaria 1192/2009"},
+    {.info = {"SI-SUM",
+              Severity::kError,
+              {"Totais dos documentos", "Totals of documents"},
+              {"TotalDebit e TotalCredit são as somas das linhas dos documentos em vigor, sem os anulados nem os "
+               "resumidos. Só informação: com os resumidos; de todos; de todos menos os de TransactionID \"Anulado\". "
+               "Por cada valor com mais de duas casas decimais aceita-se uma diferença de 0,005.",
+               "TotalDebit and TotalCredit are the sums of the lines of live documents, without those cancelled or "
+               "summarised. Information only: with those summarised; of all; of all but those of TransactionID "
+               "\"Anulado\". For each amount of more than two decimals a difference of 0.005 is accepted."},
+              "Portaria 1192/2009"},
      .at_end = JudgeTotalsOfInvoices},
     {.info = {"SI-PERIOD",
               Severity::kWarning,

@@ -24,17 +24,11 @@ bool IsKnownStatus(const TextFact& status) {
 
 }  // namespace
 
-void SectionSums::Take(const InvoiceFacts& facts, const InvoiceSums& lines, const LineAmounts& amounts) {
+void SectionSums::Take(const InvoiceFacts& facts, const InvoiceSums& lines) {
   Sums& sums = more_[static_cast<size_t>(FirstOf(facts))];
   ++sums.invoices;
   sums.debit += lines.Debit();
   sums.credit += lines.Credit();
-  for (const LineAmounts::Fault& fault : amounts.OfThis()) {
-    const InvoiceLineFacts& line = facts.lines[fault.line];
-    const NumberFact* const amount = LineAmounts::AmountOf(line);
-    (amount == &line.debit ? sums.debit_correction : sums.credit_correction) +=
-        LineAmounts::RightAmountOf(line, fault) - **amount;
-  }
   if (!IsKnownStatus(facts.status)) knows_each_status_ = false;
 }
 
@@ -44,8 +38,6 @@ SectionSums::Sums SectionSums::Of(Counted counted) const {
     sums.invoices += more_[i].invoices;
     sums.debit += more_[i].debit;
     sums.credit += more_[i].credit;
-    sums.debit_correction += more_[i].debit_correction;
-    sums.credit_correction += more_[i].credit_correction;
   }
   return sums;
 }

@@ -5,8 +5,6 @@
 #include <zevo/check/AmountSum.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/InvoiceSums.h>
-#include <zevo/check/LineAmounts.h>
-#include <zevo/model/Decimal.h>
 
 #include <array>
 #include <cstddef>
@@ -28,13 +26,9 @@ class SectionSums {
     int64_t invoices = 0;
     AmountSum debit;
     AmountSum credit;
-    /// What the sums would be more if lines that are wrong had the amounts that they should have.
-    Decimal debit_correction;
-    Decimal credit_correction;
   };
 
-  /// The amounts have taken it in before.
-  void Take(const InvoiceFacts& facts, const InvoiceSums& lines, const LineAmounts& amounts);
+  void Take(const InvoiceFacts& facts, const InvoiceSums& lines);
 
   Sums Of(Counted counted) const;
   /// Whether the status of each invoice was one of the schema's. Otherwise only `kAll` is known.

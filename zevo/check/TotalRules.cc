@@ -55,26 +55,6 @@ std::optional<TotalFault> FaultOfNet(const InvoiceFacts& invoice, const InvoiceS
   return TotalFault{*severity, std::move(right), std::move(difference)};
 }
 
-// Whether LINE-AMOUNT tells of lines that are all that is wrong with a total: with the amounts that they should have
-// the total has no fault.
-bool FollowsFromLines(const InvoiceFacts& invoice, const Judgement& judgement,
-                      std::optional<TotalFault> (*faultOf)(const InvoiceFacts&, const InvoiceSums&)) {
-  const LineAmounts& amounts = judgement.File().AmountsOfLines();
-  if (amounts.OfThis().empty() || !judgement.IsOn("LINE-AMOUNT")) return false;
-  const InvoiceFacts corrected = amounts.Corrected(invoice);
-  InvoiceSums sums;
-  sums.Take(corrected);
-  return !faultOf(corrected, sums);
-}
-
-// The fault of a total that is told.
-std::optional<TotalFault> ToldFault(const InvoiceFacts& invoice, const Judgement& judgement,
-                                    std::optional<TotalFault> (*faultOf)(const InvoiceFacts&, const InvoiceSums&)) {
-  auto fault = faultOf(invoice, judgement.File().SumsOfInvoice());
-  if (fault && FollowsFromLines(invoice, judgement, faultOf)) fault.reset();
-  return fault;
-}
-
 // "30.00 - 4.00 = 26.00" where there are both sides.
 std::string NetFormula(const InvoiceSums& sums, const Decimal& right) {
   const Decimal& debit = sums.Debit().sum;
@@ -87,7 +67,7 @@ std::string NetFormula(const InvoiceSums& sums, const Decimal& right) {
 
 void JudgeNet(const InvoiceFacts& invoice, Judgement& judgement) {
   const InvoiceSums& sums = judgement.File().SumsOfInvoice();
-  const auto fault = ToldFault(invoice, judgement, FaultOfNet);
+  const auto fault = FaultOfNet(invoice, sums);
   if (!fault) return;
   judgement.Tell(kOtherNet, invoice, invoice.totals.net,
                  {.found = {},
@@ -133,7 +113,7 @@ std::optional<TotalFault> FaultOfTax(const InvoiceFacts& invoice, const InvoiceS
 }
 
 void JudgeTax(const InvoiceFacts& invoice, Judgement& judgement) {
-  const auto fault = ToldFault(invoice, judgement, FaultOfTax);
+  const auto fault = FaultOfTax(invoice, judgement.File().SumsOfInvoice());
   if (!fault) return;
   // As money, unless that hides by how much it is more than a cent.
   Decimal right = fault->right.RoundedTo(2);
@@ -158,13 +138,14 @@ constexpr RuleSentence kOtherGross{
 
 // Whether another rule tells an error of NetTotal or TaxPayable, and the gross total goes with what they should be.
 bool FollowsFromOtherTotals(const InvoiceFacts& invoice, const Judgement& judgement) {
+  const InvoiceSums& sums = judgement.File().SumsOfInvoice();
   Decimal gross = AbsoluteValue(*invoice.totals.net);
   bool told = false;
-  if (const auto fault = ToldFault(invoice, judgement, FaultOfNet); fault && judgement.IsOn("TOT-NET")) {
+  if (const auto fault = FaultOfNet(invoice, sums); fault && judgement.IsOn("TOT-NET")) {
     told = fault->severity == Severity::kError;
     gross = fault->right;
   }
-  if (const auto fault = ToldFault(invoice, judgement, FaultOfTax); fault && judgement.IsOn("TOT-TAX")) {
+  if (const auto fault = FaultOfTax(invoice, sums); fault && judgement.IsOn("TOT-TAX")) {
     told = told || fault->severity == Severity::kError;
     gross += fault->right;
   } else {
@@ -245,12 +226,10 @@ constexpr Rule kTotalRules[] = {
           Severity::kError,
           {"Total sem imposto", "Total without tax"},
           {"NetTotal é a diferença entre créditos e débitos das linhas, sem sinal, ± 0,01. Só aviso: até 0,01 por "
-           "linha. Não se diz quando vem só de linhas de que LINE-AMOUNT diz o valor certo. Só informação em "
-           "documentos "
-           "anulados.",
+           "linha. "
+           "Só informação em documentos anulados.",
            "NetTotal is the difference of credits and debits of the lines, without a sign, ± 0.01. A warning only: up "
-           "to 0.01 a line. Not told where it only follows from lines of which LINE-AMOUNT tells the right amount. "
-           "Information only in cancelled documents."},
+           "to 0.01 a line. Information only in cancelled documents."},
           "Portaria 1192/2009"},
      .invoice = JudgeNet},
     {.info =
@@ -269,14 +248,11 @@ constexpr Rule kTotalRules[] = {
           {"Total do imposto", "Total of tax"},
           {"TaxPayable é a soma dos impostos das linhas, os de créditos menos os de débitos, sem sinal, ± 0,01; "
            "arredondados por linha, por tipo, região, código e taxa, ou não arredondados. TaxAmount conta uma vez por "
-           "linha, ou vezes a quantidade. Só aviso: até 0,01 por linha. Não se diz quando vem só de linhas de que "
-           "LINE-AMOUNT diz "
-           "o valor certo. Só informação em documentos anulados. Números "
+           "linha, ou vezes a quantidade. Só aviso: até 0,01 por linha. Só informação em documentos anulados. Números "
            "de mais de 1000 caracteres não se multiplicam.",
            "TaxPayable is the sum of the taxes of the lines, those of credits less those of debits, without a sign, ± "
            "0.01; rounded per line, per type, region, code and rate, or not rounded. TaxAmount counts once a line, or "
-           "times the quantity. A warning only: up to 0.01 a line. Not told where it only follows from lines of which "
-           "LINE-AMOUNT tells the right amount. Information only in cancelled documents. Numbers of "
+           "times the quantity. A warning only: up to 0.01 a line. Information only in cancelled documents. Numbers of "
            "more than 1000 characters are not multiplied."},
           "Portaria 1192/2009"},
      .invoice = JudgeTax},
