@@ -15,6 +15,7 @@ TEST_F(ExportPageTest, ThePageIsWhatAUserSees) {
   if (RunInShell("command -v sqlite3").code != 0) GTEST_SKIP() << "the page shows sqlite3, which is not installed";
   std::filesystem::create_directory(folder_.Path("examples"));
   std::filesystem::create_directory_symlink(ZEVO_COMPANY_FOLDER, folder_.Path("examples/company"));
+  WriteMonths(".");
   RunPage(testing::ReadBytes(EXPORT_PAGE), 12);
 }
 
