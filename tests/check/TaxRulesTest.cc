@@ -316,7 +316,7 @@ TEST_F(TaxRulesTest, EachTaxThatTheTableLacksIsToldOnceWithItsLines) {
   const std::vector<std::string> all = OfTable(file);
   EXPECT_THAT(all,
               ElementsAre(found("FT A/1/Line[1]", "IVA PT RED 5%", "2"), found("FT A/1/Line[2]", "IVA PT NOR 21%", "1"),
-                          found("FT A/2/Line", "IVA PT NOR 20%", "1")));
+                          found("FT A/2/Line[1]", "IVA PT NOR 20%", "1")));
   EXPECT_EQ(checker_.CountOf("TAX-TABLE"), 3);
   checker_.set_MostFindings(1);
   EXPECT_THAT(OfTable(file), ElementsAre(all[0]));
