@@ -43,7 +43,7 @@ void CheckedFile::Take(const TransactionFacts& facts) {
     TakeEntryDate(facts, line.entry_date);
   }
   ledger_.Take(facts);
-  if (HasBasis("I")) transactions_.Add(facts, ledger_.OfThis());
+  if (keys_.Number() && HasBasis("I")) transactions_.Take(*keys_.Number(), facts, ledger_.OfThis());
 }
 
 void CheckedFile::Take(const InvoiceFacts& facts) {
@@ -63,7 +63,6 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
   }
   keys_.Add(FileKeys::Use::kCustomer, facts, facts.customer);
   for (const InvoiceLineFacts& line : facts.lines) keys_.Add(FileKeys::Use::kProduct, facts, line.product);
-  if (!facts.IsCancelled()) keys_.Add(FileKeys::Use::kTransaction, facts, facts.transaction_id);
   TakeEntryDate(facts, facts.entry_date);
   TakeTransactionOf(facts);
   line_amounts_.Take(facts);
@@ -73,8 +72,10 @@ void CheckedFile::Take(const InvoiceFacts& facts) {
 void CheckedFile::End() { signatures_.End(hashes_, documents_); }
 
 void CheckedFile::TakeTransactionOf(const InvoiceFacts& facts) {
-  TransactionTable::Entry* const transaction =
-      facts.transaction_id.Read() && facts.IsLive() ? transactions_.Find(*facts.transaction_id) : nullptr;
+  transaction_of_invoice_ = nullptr;
+  if (facts.IsCancelled()) return;
+  const auto number = keys_.Add(FileKeys::Use::kTransaction, facts, facts.transaction_id);
+  TransactionTable::Entry* const transaction = number && facts.IsLive() ? transactions_.Find(*number) : nullptr;
   transaction_of_invoice_ = transaction;
   if (transaction == nullptr) return;
   if (facts.totals.gross.Read() && documents_.IsNumbered() && !documents_.IsRepeated()) {

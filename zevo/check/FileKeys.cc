@@ -17,27 +17,30 @@ EntityKind TargetOf(FileKeys::Use use) { return kTargets[static_cast<size_t>(use
 FileKeys::FileKeys(size_t mostKept) : most_kept_(mostKept) { complete_.fill(true); }
 
 void FileKeys::Take(const EntityFacts& facts) {
-  repeated_ = false;
+  TakeKnown(false);
   seen_[static_cast<size_t>(facts.Kind())] = true;
   if (KeyOf(facts.Kind()).empty()) return;
   const auto kind = static_cast<size_t>(facts.Kind());
   if (facts.key.Missing()) {
     complete_[kind] = false;
   } else {
-    repeated_ = !sets_[kind].Add(*facts.key);
+    KeySet& keys = sets_[kind];
+    repeated_ = !keys.Add(*facts.key);
+    number_ = repeated_ ? keys.Find(*facts.key) : static_cast<uint32_t>(keys.Count() - 1);
   }
 }
 
-void FileKeys::Add(Use use, const EntityFacts& facts, const TextFact& key) {
-  if (key.Missing()) return;
-  const Digest digest = KeyedDigest(*key);
-  if (SetOf(TargetOf(use)).Has(digest)) return;
+std::optional<uint32_t> FileKeys::Add(Use use, const EntityFacts& facts, const TextFact& key) {
+  if (key.Missing()) return std::nullopt;
+  const CompactKey compact(*key);
+  if (const auto found = SetOf(TargetOf(use)).Find(compact)) return found;
   Uses& uses = uses_[static_cast<size_t>(use)];
   if (most_kept_ == 0 || uses.kept.size() < most_kept_) {
     uses.kept.push_back(Keep(facts, key));
   } else {
-    uses.digests.push_back(digest);
+    uses.more.push_back(compact);
   }
+  return std::nullopt;
 }
 
 bool FileKeys::HasMasterFiles() const {
@@ -55,8 +58,8 @@ FileKeys::Dangling FileKeys::DanglingOf(Use use) const {
   for (const KeptElement& kept : uses.kept) {
     if (!Has(target, kept.text)) dangling.kept.push_back(&kept);
   }
-  for (const Digest& digest : uses.digests) {
-    if (!SetOf(target).Has(digest)) ++dangling.more;
+  for (const CompactKey& key : uses.more) {
+    if (!SetOf(target).Has(key)) ++dangling.more;
   }
   return dangling;
 }

@@ -2,12 +2,16 @@
 #ifndef ZEVO_CHECK_FILEKEYS_H_
 #define ZEVO_CHECK_FILEKEYS_H_
 
+#include <zevo/check/CompactKey.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/KeptElement.h>
 #include <zevo/check/KeySet.h>
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 namespace zevo {
@@ -18,16 +22,22 @@ class FileKeys {
   /// What refers to a key.
   enum class Use : uint8_t { kCustomer, kSupplier, kProduct, kAccountOfLine, kAccountOfParty, kTransaction };
 
-  /// Of uses without their key, so many of a kind are kept whole, the rest as digests; 0 keeps all whole.
+  /// Of uses without their key, so many of a kind are kept whole, of the rest the keys; 0 keeps all whole.
   explicit FileKeys(size_t mostKept);
 
   void Take(const EntityFacts& facts);
   /// Takes one whose key is not kept here: whether it is that of an entity before is known.
-  void TakeKnown(bool repeated) { repeated_ = repeated; }
-  void Add(Use use, const EntityFacts& facts, const TextFact& key);
+  void TakeKnown(bool repeated) {
+    repeated_ = repeated;
+    number_.reset();
+  }
+  /// Gives which one of its kind the entity with the key is, where the file has had it.
+  std::optional<uint32_t> Add(Use use, const EntityFacts& facts, const TextFact& key);
 
   /// Whether the key of the entity that was taken last is that of an entity before it.
   bool IsRepeated() const { return repeated_; }
+  /// The first of its kind with that key, counted from 0; nothing where it has none, or one that is not kept here.
+  std::optional<uint32_t> Number() const { return number_; }
   bool Has(EntityKind kind, std::string_view key) const { return SetOf(kind).Has(key); }
   size_t CountOf(EntityKind kind) const { return SetOf(kind).Count(); }
   /// Whether the file has any accounts, customers, suppliers, products or tax tables.
@@ -46,7 +56,7 @@ class FileKeys {
  private:
   struct Uses {
     std::vector<KeptElement> kept;
-    std::vector<Digest> digests;  // of the others
+    std::vector<CompactKey> more;
   };
   static constexpr size_t kUses = static_cast<size_t>(Use::kTransaction) + 1;
 
@@ -58,6 +68,7 @@ class FileKeys {
   std::array<bool, kEntityKinds> seen_{};
   std::array<Uses, kUses> uses_;
   bool repeated_ = false;
+  std::optional<uint32_t> number_;
 };
 
 }  // namespace zevo

@@ -1,40 +1,42 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/KeySet.h>
 
-#include <utility>
+#include <zevo/check/NumberedOrder.h>
 
 namespace zevo {
 namespace {
 
-constexpr size_t kFirstSize = 16;
+constexpr size_t kRecent = 1024;
+constexpr size_t kMostCompared = 64;
 
 }  // namespace
 
-// Where a digest is, or would be put.
-size_t KeySet::SlotOf(const Digest& digest) const {
-  const size_t mask = slots_.size() - 1;
-  size_t slot = static_cast<size_t>(digest[0]) & mask;
-  while (slots_[slot] != Digest{} && slots_[slot] != digest) slot = (slot + 1) & mask;
-  return slot;
-}
-
-bool KeySet::Has(const Digest& digest) const { return count_ > 0 && slots_[SlotOf(digest)] == digest; }
-
-bool KeySet::Add(const Digest& digest) {
-  if (4 * (count_ + 1) > 3 * slots_.size()) Grow();
-  Digest& slot = slots_[SlotOf(digest)];
-  if (slot == digest) return false;
-  slot = digest;
-  ++count_;
+bool KeySet::Add(std::string_view key) {
+  const CompactKey added(key);
+  if (key.size() <= kMostCompared && (keys_.empty() || IsNumberedBefore(highest_, key))) {
+    highest_ = key;
+  } else if (Find(added)) {
+    return false;
+  }
+  keys_.push_back(added);
   return true;
 }
 
-void KeySet::Grow() {
-  std::vector<Digest> grown(slots_.empty() ? kFirstSize : 2 * slots_.size());
-  std::swap(slots_, grown);
-  for (const Digest& digest : grown) {
-    if (digest != Digest{}) slots_[SlotOf(digest)] = digest;
+// In order: what was found last once more, or the one behind it.
+std::optional<uint32_t> KeySet::Find(const CompactKey& key) const {
+  for (uint32_t near = last_; near < keys_.size() && near < last_ + 2; ++near) {
+    if (keys_[near] == key) return last_ = near;
   }
+  if (keys_.empty()) return std::nullopt;
+  if (recent_.empty()) recent_.resize(kRecent);
+  uint32_t& recent = recent_[key.QuickHash() % kRecent];
+  if (keys_[recent] == key) return last_ = recent;
+  while (slots_.Count() < keys_.size()) {
+    slots_.Add(keys_[slots_.Count()].Hash(), [this](uint32_t number) { return keys_[number].Hash(); });
+  }
+  const auto found = slots_.Find(key.Hash(), [&](uint32_t number) { return keys_[number] == key; });
+  if (found) last_ = recent = *found;
+  return found;
 }
 
 }  // namespace zevo

@@ -23,6 +23,9 @@ class SlotTable {
     return std::nullopt;
   }
 
+  /// How many there are.
+  uint32_t Count() const { return count_; }
+
   /// Adds the next thing. `hashOf` gives the hash of each that was added before.
   template <class HashOf>
   void Add(uint64_t hash, HashOf hashOf) {

@@ -16,18 +16,16 @@ void TransactionTable::Entry::Take(const Decimal& gross, const DocumentTable& do
   if (last_invoice_ == kNoInvoice || documents.IsBefore(last_invoice_, invoice)) last_invoice_ = invoice;
 }
 
-void TransactionTable::Add(const TransactionFacts& facts, const LedgerSums::Sums& sums) {
-  if (facts.id.Missing()) return;
-  if (Entry* const same = Find(*facts.id)) {
+void TransactionTable::Take(uint32_t number, const TransactionFacts& facts, const LedgerSums::Sums& sums) {
+  if (Entry* const same = Find(number)) {
     // Which of the two an invoice means is not known.
     same->known_ = false;
     same->date_ = 0;
     return;
   }
-  const Digest id = KeyedDigest(*facts.id);
-  slots_.Add(id[0], [this](uint32_t number) { return entries_[number].id_[0]; });
-  Entry& entry = entries_.emplace_back();
-  entry.id_ = id;
+  // Before it may be some that were not taken.
+  entries_.resize(size_t{number} + 1);
+  Entry& entry = entries_.back();
   entry.debit_ = sums.debit.sum;
   // Negative amounts, of which GL-NEGATIVE tells, may be meant for the other side.
   entry.known_ = sums.debit.known && sums.debit.negative.IsZero() && sums.credit.negative.IsZero();
@@ -36,12 +34,6 @@ void TransactionTable::Add(const TransactionFacts& facts, const LedgerSums::Sums
     const int64_t days = date.month * 100 + date.day;
     entry.date_ = date.year < 0 ? date.year * 10'000 - days : date.year * 10'000 + days;
   }
-}
-
-TransactionTable::Entry* TransactionTable::Find(std::string_view id) {
-  const Digest digest = KeyedDigest(id);
-  const auto found = slots_.Find(digest[0], [&](uint32_t number) { return entries_[number].id_ == digest; });
-  return found ? &entries_[*found] : nullptr;
 }
 
 }  // namespace zevo

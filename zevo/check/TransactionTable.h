@@ -6,19 +6,16 @@
 #include <zevo/check/DocumentTable.h>
 #include <zevo/check/EntityFacts.h>
 #include <zevo/check/LedgerSums.h>
-#include <zevo/check/SlotTable.h>
 #include <zevo/model/Decimal.h>
-#include <zevo/platform/KeyedHash.h>
 
 #include <cstdint>
 #include <deque>
 #include <limits>
 #include <optional>
-#include <string_view>
 
 namespace zevo {
 
-/// The transactions of a file, by their identifiers, with what invoices are compared with. About 80 bytes each.
+/// The transactions of a file, as `FileKeys` counts them, with what invoices are compared with: 64 bytes each.
 class TransactionTable {
  public:
   class Entry {
@@ -40,17 +37,17 @@ class TransactionTable {
    private:
     friend class TransactionTable;
 
-    Digest id_;
     Decimal debit_;
     Decimal gross_;
     int64_t date_ = 0;  // year, month and day in decimal digits; 0 for none
     uint32_t last_invoice_ = kNoInvoice;
-    bool known_ = true;
+    bool known_ = false;
   };
 
-  void Add(const TransactionFacts& facts, const LedgerSums::Sums& sums);
-  /// Null where there is none.
-  Entry* Find(std::string_view id);
+  /// Takes the transaction of a number. Of several with one number, nothing is known.
+  void Take(uint32_t number, const TransactionFacts& facts, const LedgerSums::Sums& sums);
+  /// Null where it was not taken.
+  Entry* Find(uint32_t number) { return number < entries_.size() ? &entries_[number] : nullptr; }
   /// In the order of the file.
   const std::deque<Entry>& All() const { return entries_; }
 
@@ -58,7 +55,6 @@ class TransactionTable {
   static constexpr uint32_t kNoInvoice = std::numeric_limits<uint32_t>::max();
 
   std::deque<Entry> entries_;
-  SlotTable slots_;
 };
 
 }  // namespace zevo
