@@ -148,18 +148,34 @@ uint32_t DocumentTable::SeriesOf(std::string_view text) {
   return number;
 }
 
+template <class Matches>
+std::optional<uint32_t> DocumentTable::LookUp(uint32_t series, const Value& value, Matches matches) const {
+  const auto hash_of = [this](uint32_t document) {
+    const Document& one = (*this)[document];
+    return HashOf(one.series_, ValueOf(one));
+  };
+  while (slots_.Count() < count_) slots_.Add(hash_of(slots_.Count()), hash_of);
+  return slots_.Find(HashOf(series, value),
+                     [&](uint32_t document) { return Is(document, series, value) && matches(document); });
+}
+
 std::optional<uint32_t> DocumentTable::Find(const DocumentNumber& number) const {
   const auto series = FindSeries(number.series);
   return series ? Find(number, *series, ValueOf(number)) : std::nullopt;
 }
 
 std::optional<uint32_t> DocumentTable::Find(const DocumentNumber& number, uint32_t series, const Value& value) const {
+  // Where it stands when all numbers from it to the highest stand there one behind the other.
+  const uint32_t highest = series_[series].highest;
+  const uint64_t distance = ValueOf((*this)[highest]).number - value.number;
+  if (distance <= highest) {
+    const uint32_t guess = highest - static_cast<uint32_t>(distance);
+    if (Is(guess, series, value) && IsWrittenLike((*this)[guess], number)) return guess;
+  }
   std::optional<uint32_t> other;
-  const auto same = slots_.Find(HashOf(series, value), [&](uint32_t document) {
-    const Document& one = (*this)[document];
-    if (one.series_ != series || ValueOf(one) != value) return false;
+  const auto same = LookUp(series, value, [&](uint32_t document) {
     if (!other) other = document;
-    return IsWrittenLike(one, number);
+    return IsWrittenLike((*this)[document], number);
   });
   return same ? same : other;
 }
@@ -170,10 +186,12 @@ std::optional<uint32_t> DocumentTable::Neighbour(uint32_t document, int step) co
   const bool below = step < 0 && value.number < static_cast<uint64_t>(-step);
   if (!value.digits.empty() || below || (step > 0 && series_[from.series_].highest == document)) return std::nullopt;
   value.number += static_cast<uint64_t>(int64_t{step});
-  return slots_.Find(HashOf(from.series_, value), [&](uint32_t other) {
-    const Document& one = (*this)[other];
-    return one.series_ == from.series_ && ValueOf(one) == value;
-  });
+  const int64_t guess = int64_t{document} + step;
+  if (!several_spellings_ && guess >= 0 && guess < count_) {
+    const auto beside = static_cast<uint32_t>(guess);
+    if (Is(beside, from.series_, value)) return beside;
+  }
+  return LookUp(from.series_, value, [](uint32_t) { return true; });
 }
 
 bool DocumentTable::IsBefore(uint32_t one, uint32_t other) const {
@@ -217,15 +235,12 @@ void DocumentTable::Take(const InvoiceFacts& facts) {
       return;
     }
     other_spelling_ = same;
+    several_spellings_ = true;
   }
   Add(facts, *number, last_series_, value);
 }
 
 void DocumentTable::Add(const InvoiceFacts& facts, const DocumentNumber& number, uint32_t series, const Value& value) {
-  slots_.Add(HashOf(series, value), [&](uint32_t document) {
-    const Document& one = (*this)[document];
-    return HashOf(one.series_, ValueOf(one));
-  });
   if (count_ % kChunk == 0) chunks_.push_back(std::make_unique<std::array<Document, kChunk>>());
   const uint32_t added = count_++;
   Document& document = (*this)[added];

@@ -26,8 +26,9 @@
 namespace zevo {
 
 /// The invoices of a file by series and number, with what is asked of them later: 48 bytes each, and 5 to 11 to find
-/// it; a number of more than 19 digits takes more. Not in it are those whose InvoiceNo is no `DocumentNumber`, or
-/// longer than the schema allows, or that of one before.
+/// it once one is looked for that does not stand where numbers without gaps would have it; a number of more than 19
+/// digits takes more. Not in it are those whose InvoiceNo is no `DocumentNumber`, or longer than the schema allows, or
+/// that of one before.
 ///
 /// A document is known by how many came before it in the table.
 class DocumentTable {
@@ -160,6 +161,11 @@ class DocumentTable {
   // Within a series.
   bool IsLower(const Document& one, const Document& other) const;
   static uint64_t HashOf(uint32_t series, const Value& value);
+  bool Is(uint32_t document, uint32_t series, const Value& value) const {
+    return (*this)[document].series_ == series && ValueOf((*this)[document]) == value;
+  }
+  template <class Matches>
+  std::optional<uint32_t> LookUp(uint32_t series, const Value& value, Matches matches) const;
   std::optional<uint32_t> Find(const DocumentNumber& number, uint32_t series, const Value& value) const;
   bool IsWrittenLike(const Document& document, const DocumentNumber& number) const;
   uint32_t SeriesOf(std::string_view text);
@@ -168,7 +174,7 @@ class DocumentTable {
 
   std::vector<std::unique_ptr<std::array<Document, kChunk>>> chunks_;
   uint32_t count_ = 0;
-  SlotTable slots_;
+  mutable SlotTable slots_;  // of so many documents as there were when one was looked up
   std::deque<Series> series_;
   TextMap<uint32_t> series_by_text_;
   uint32_t last_series_ = 0;
@@ -178,6 +184,7 @@ class DocumentTable {
   std::vector<uint64_t> unnumbered_;
   bool numbered_ = false;
   bool repeated_ = false;
+  bool several_spellings_ = false;  // of some number
   std::optional<uint32_t> other_spelling_;
 };
 
