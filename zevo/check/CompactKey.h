@@ -13,6 +13,8 @@ namespace zevo {
 /// one file are equal in them.
 class CompactKey {
  public:
+  /// That of the empty key.
+  CompactKey() = default;
   explicit CompactKey(std::string_view key);
 
   /// A keyed hash: for tables that files must not choose the slots of.

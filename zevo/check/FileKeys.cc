@@ -26,7 +26,7 @@ void FileKeys::Take(const EntityFacts& facts) {
   } else {
     KeySet& keys = sets_[kind];
     repeated_ = !keys.Add(*facts.key);
-    number_ = repeated_ ? keys.Find(*facts.key) : static_cast<uint32_t>(keys.Count() - 1);
+    number_ = repeated_ ? keys.Find(*facts.key) : keys.Count() - 1;
   }
 }
 

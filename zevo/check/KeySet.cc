@@ -6,37 +6,41 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kRecent = 1024;
+constexpr size_t kRecent = 4096;
 constexpr size_t kMostCompared = 64;
 
 }  // namespace
 
 bool KeySet::Add(std::string_view key) {
   const CompactKey added(key);
-  if (key.size() <= kMostCompared && (keys_.empty() || IsNumberedBefore(highest_, key))) {
+  if (key.size() <= kMostCompared && (count_ == 0 || IsNumberedBefore(highest_, key))) {
     highest_ = key;
   } else if (Find(added)) {
     return false;
   }
-  keys_.push_back(added);
+  if (count_ % kChunk == 0) chunks_.push_back(std::make_unique<CompactKey[]>(kChunk));
+  chunks_.back()[count_ % kChunk] = added;
+  ++count_;
   return true;
 }
 
-// In order: what was found last once more, or the one behind it.
 std::optional<uint32_t> KeySet::Find(const CompactKey& key) const {
-  for (uint32_t near = last_; near < keys_.size() && near < last_ + 2; ++near) {
-    if (keys_[near] == key) return last_ = near;
-  }
-  if (keys_.empty()) return std::nullopt;
+  // Next in order.
+  if (const uint32_t next = last_ + 1; next < count_ && At(next) == key) return last_ = next;
+  if (count_ == 0) return std::nullopt;
   if (recent_.empty()) recent_.resize(kRecent);
   uint32_t& recent = recent_[key.QuickHash() % kRecent];
-  if (keys_[recent] == key) return last_ = recent;
-  while (slots_.Count() < keys_.size()) {
-    slots_.Add(keys_[slots_.Count()].Hash(), [this](uint32_t number) { return keys_[number].Hash(); });
-  }
-  const auto found = slots_.Find(key.Hash(), [&](uint32_t number) { return keys_[number] == key; });
+  if (At(recent) == key) return last_ = recent;
+  const auto found = LookUp(key);
   if (found) last_ = recent = *found;
   return found;
+}
+
+std::optional<uint32_t> KeySet::LookUp(const CompactKey& key) const {
+  while (slots_.Count() < count_) {
+    slots_.Add(At(slots_.Count()).Hash(), [this](uint32_t number) { return At(number).Hash(); });
+  }
+  return slots_.Find(key.Hash(), [&](uint32_t number) { return At(number) == key; });
 }
 
 }  // namespace zevo

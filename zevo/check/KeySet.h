@@ -7,7 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,10 +26,16 @@ class KeySet {
   /// Which one it is.
   std::optional<uint32_t> Find(std::string_view key) const { return Find(CompactKey(key)); }
   std::optional<uint32_t> Find(const CompactKey& key) const;
-  size_t Count() const { return keys_.size(); }
+  uint32_t Count() const { return count_; }
 
  private:
-  std::deque<CompactKey> keys_;
+  static constexpr uint32_t kChunk = 256;
+
+  const CompactKey& At(uint32_t number) const { return chunks_[number / kChunk][number % kChunk]; }
+  std::optional<uint32_t> LookUp(const CompactKey& key) const;
+
+  std::vector<std::unique_ptr<CompactKey[]>> chunks_;
+  uint32_t count_ = 0;
   std::string highest_;  // of the keys that are not too long for it, in the order of numbers in texts
   // Made when somebody asks: what was found last, what was found before by its quick hash, and the keys by their hash.
   mutable uint32_t last_ = 0;

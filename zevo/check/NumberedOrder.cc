@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/NumberedOrder.h>
 
+#include <zevo/platform/Text.h>
+
 #include <algorithm>
 #include <cstddef>
 
@@ -32,8 +34,7 @@ bool IsNumberedBefore(std::string_view left, std::string_view right) {
     left.remove_prefix(same);
     right.remove_prefix(same);
     if (left.empty() || right.empty()) return !right.empty();
-    if (!IsNumeral(left[0]) || !IsNumeral(right[0]))
-      return static_cast<unsigned char>(left[0]) < static_cast<unsigned char>(right[0]);
+    if (!IsNumeral(left[0]) || !IsNumeral(right[0])) return Byte(left[0]) < Byte(right[0]);
     const std::string_view of_left = TakeNumber(left);
     const std::string_view of_right = TakeNumber(right);
     if (of_left.size() != of_right.size()) return of_left.size() < of_right.size();
