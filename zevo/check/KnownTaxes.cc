@@ -35,6 +35,11 @@ bool KnownTaxes::Before::operator()(const View& left, const View& right) const {
   return left.rate < right.rate;
 }
 
+bool KnownTaxes::AreEqual(const View& left, const View& right) {
+  return left.code == right.code && left.region == right.region && left.type == right.type &&
+         left.is_amount == right.is_amount && left.rate == right.rate;
+}
+
 KnownTaxes::View KnownTaxes::ViewOf(const TaxFacts& tax) {
   const bool amount = !tax.percentage.Read();
   const Decimal& rate = amount ? *tax.amount : *tax.percentage;
@@ -64,8 +69,13 @@ void KnownTaxes::Take(const TaxTableFacts& facts) {
 }
 
 const KnownTaxes::Use* KnownTaxes::Find(const TaxFacts& tax) const {
-  const auto place = uses_.find(ViewOf(tax));
-  return place == uses_.end() ? nullptr : &place->second;
+  const View view = ViewOf(tax);
+  if (last_ == nullptr || !AreEqual(last_->first, view)) {
+    const auto place = uses_.find(view);
+    if (place == uses_.end()) return nullptr;
+    last_ = &*place;
+  }
+  return &last_->second;
 }
 
 }  // namespace zevo

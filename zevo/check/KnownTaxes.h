@@ -9,6 +9,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zevo {
 
@@ -57,8 +58,10 @@ class KnownTaxes {
   };
 
   static View ViewOf(const TaxFacts& tax);
+  static bool AreEqual(const View& left, const View& right);
 
   std::map<Key, Use, Before> uses_;
+  mutable const std::pair<const Key, Use>* last_ = nullptr;  // found
   bool whole_ = true;
 };
 

@@ -16,7 +16,7 @@ std::string_view OwnReference(const InvoiceLineFacts& line) {
 }  // namespace
 
 std::string_view LateRates::ReferenceOf(const InvoiceFacts& facts) {
-  if (!facts.type.Read() || (!facts.IsDebitDocument() && *facts.type != "ND")) return {};
+  if (!facts.type.Read() || (!facts.IsDebitDocument() && !Is(*facts.type, "ND"))) return {};
   for (const InvoiceLineFacts& line : facts.lines) {
     if (const std::string_view reference = OwnReference(line); !reference.empty()) return reference;
   }
@@ -29,7 +29,7 @@ std::string_view LateRates::ReferenceOf(const InvoiceLineFacts& line, std::strin
 }
 
 std::optional<VatRate> LateRates::RateOf(const TaxFacts& tax) {
-  if (!tax.type.Read() || *tax.type != "IVA" || !tax.region.Read() || !tax.code.Read()) return std::nullopt;
+  if (!tax.type.Read() || !Is(*tax.type, "IVA") || !tax.region.Read() || !tax.code.Read()) return std::nullopt;
   const auto region = VatRegionOf(*tax.region);
   const auto level = VatLevelOf(*tax.code);
   if (!region || !level || !tax.percentage.Read()) return std::nullopt;

@@ -17,14 +17,12 @@
 namespace zevo {
 namespace {
 
-bool IsVat(const TaxFacts& tax) { return tax.type.Read() && *tax.type == "IVA"; }
-
-bool HasCode(const TaxFacts& tax, std::string_view code) { return tax.code.Read() && *tax.code == code; }
+bool IsVat(const TaxFacts& tax) { return tax.type.Read() && Is(*tax.type, "IVA"); }
 
 // The date whose rates a line takes; nothing for any date: debit documents and debit notes have the rate of the
 // document that they correct, whenever that was.
 std::optional<CalendarDate> DateOfRate(const InvoiceFacts& invoice, const InvoiceLineFacts& line) {
-  if (!invoice.IsCreditDocument() || *invoice.type == "ND") return std::nullopt;
+  if (!invoice.IsCreditDocument() || Is(*invoice.type, "ND")) return std::nullopt;
   if (line.tax_point.IsThere()) return line.tax_point.Read() ? std::optional(*line.tax_point) : std::nullopt;
   return invoice.date.Read() ? std::optional(*invoice.date) : std::nullopt;
 }
@@ -63,7 +61,7 @@ void JudgeExemption(const InvoiceFacts& invoice, Judgement& judgement) {
       if (reason.Missing() && !IsTextOnly(line)) tell(kNoTax, {line.element, "Tax"}, {});
       continue;
     }
-    const bool exempt = HasCode(tax, "ISE");
+    const bool exempt = tax.code.Read() && Is(*tax.code, "ISE");
     if (!exempt && !IsVat(tax)) continue;
     const bool rated = tax.percentage.IsThere() || tax.amount.IsThere();
     const bool zero = rated && IsWorthNothing(tax.percentage) && IsWorthNothing(tax.amount);
@@ -128,8 +126,8 @@ bool IsNumericCode(std::string_view code) {
 
 RateFault FaultOfRate(const InvoiceFacts& invoice, const InvoiceLineFacts& line) {
   const TaxFacts& tax = line.tax;
-  if (!IsVat(tax) || !tax.code.Read() || *tax.code == "OUT") return {};
-  if (*tax.code == "ISE") {
+  if (!IsVat(tax) || !tax.code.Read() || Is(*tax.code, "OUT")) return {};
+  if (Is(*tax.code, "ISE")) {
     for (const NumberFact* const rate : {&tax.percentage, &tax.amount}) {
       if (!IsWorthNothing(*rate) && rate->Read()) return {&kRateOfExempt, *rate, "0"};
     }

@@ -11,8 +11,6 @@ namespace {
 
 using PrintableAscii = ByteScan<StopBytes<0x20, true>>;
 
-constexpr bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
 bool IsXmlCharacter(char32_t c) {
   if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
   return c != 0xFFFE && c != 0xFFFF && c != kNotUtf8;
@@ -33,12 +31,6 @@ std::string_view Leftmost(std::string_view text, int characters) {
 std::string_view TrimSpaces(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
-std::string_view TrimWhiteSpace(std::string_view text) {
-  while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsWhiteSpace(text.back())) text.remove_suffix(1);
   return text;
 }
 

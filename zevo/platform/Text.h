@@ -5,6 +5,7 @@
 #include <zevo/Utf8.h>
 #include <zevo/platform/ByteScan.h>
 
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,19 @@ std::string_view Leftmost(std::string_view text, int characters);
 /// Without the spaces (nothing but U+0020) at both ends.
 std::string_view TrimSpaces(std::string_view text);
 
+/// Whether a text is a literal: compared at once, where a comparison of any two texts goes through them.
+template <size_t kSize>
+bool Is(std::string_view text, const char (&literal)[kSize]) {
+  return text.size() == kSize - 1 && std::memcmp(text.data(), literal, kSize - 1) == 0;
+}
+
 /// Without the white space of XML at both ends: spaces, tabs and line ends.
-std::string_view TrimWhiteSpace(std::string_view text);
+inline std::string_view TrimWhiteSpace(std::string_view text) {
+  constexpr auto kIsWhiteSpace = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  while (!text.empty() && kIsWhiteSpace(text.front())) text.remove_prefix(1);
+  while (!text.empty() && kIsWhiteSpace(text.back())) text.remove_suffix(1);
+  return text;
+}
 
 /// Whether a text holds a control character, such as a tab or a line break, or one of some other ASCII characters, of
 /// which the space is none.
