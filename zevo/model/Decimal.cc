@@ -182,6 +182,21 @@ void Decimal::SetLong(bool negative, uint64_t magnitude) {
 bool Decimal::IsLongNegative() const { return limbs_->Sign() < 0; }
 
 std::optional<Decimal> Decimal::FromText(std::string_view text) {
+  // As nearly all are written: some digits, perhaps a point and more digits.
+  if (text.size() <= kMostDecimals) [[likely]] {
+    int64_t digits = 0;
+    size_t seen = 0;
+    while (seen < text.size() && IsDigit(text[seen])) digits = digits * 10 + (text[seen++] - '0');
+    const size_t wholes = seen;
+    if (seen < text.size() && text[seen] == '.') ++seen;
+    const size_t from = seen;
+    while (seen < text.size() && IsDigit(text[seen])) digits = digits * 10 + (text[seen++] - '0');
+    if (wholes > 0 && seen == text.size()) return Decimal(digits, static_cast<int32_t>(seen - from));
+  }
+  return FromOtherText(text);
+}
+
+std::optional<Decimal> Decimal::FromOtherText(std::string_view text) {
   text = TrimWhiteSpace(text);
   bool negative = false;
   if (!text.empty() && (text[0] == '-' || text[0] == '+')) {

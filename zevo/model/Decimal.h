@@ -86,6 +86,13 @@ class ZEVO_API Decimal {
   }
   /// Subtracts. Where memory runs out, the number stays as it was.
   Decimal& operator-=(const Decimal& other) {
+    if (!limbs_ && !other.limbs_ && decimals_ == other.decimals_) [[likely]] {
+      const int64_t difference = digits_ - other.digits_;
+      if (difference < kLimit && difference > -kLimit) [[likely]] {
+        digits_ = difference;
+        return *this;
+      }
+    }
     Add(other, -1);
     return *this;
   }
@@ -126,6 +133,7 @@ class ZEVO_API Decimal {
   };
   using LimbsPointer = std::unique_ptr<Limbs, DeleteLimbs>;
 
+  static std::optional<Decimal> FromOtherText(std::string_view text);
   static LimbsPointer CopyOf(const Limbs& limbs);
   static Decimal Product(const Decimal& left, const Decimal& right);
   static std::strong_ordering Compared(const Decimal& left, const Decimal& right);
