@@ -3,6 +3,7 @@
 
 #include <zevo/platform/Text.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -35,22 +36,40 @@ int DaysIn(int64_t year, int month) {
   return month == 2 && IsLeap(year) ? 29 : kDays[static_cast<size_t>(month - 1)];
 }
 
+std::optional<CalendarDate> Checked(const CalendarDate& date) {
+  if (date.year == 0 || date.month < 1 || date.month > 12) return std::nullopt;
+  // Each month has 28 days.
+  if (date.day < 1 || (date.day > 28 && date.day > DaysIn(date.year, date.month))) return std::nullopt;
+  return date;
+}
+
+// Whether a text begins as nearly all dates do: 2012-12-31.
+bool IsPlainDate(std::string_view text) {
+  if (text.size() < 10 || text[4] != '-' || text[7] != '-') return false;
+  constexpr std::array<size_t, 8> kDigits{0, 1, 2, 3, 5, 6, 8, 9};
+  return std::ranges::all_of(kDigits, [&](size_t at) { return IsDateDigit(text[at]); });
+}
+
+int TwoDigitsAt(std::string_view text, size_t from) { return (text[from] - '0') * 10 + (text[from + 1] - '0'); }
+
 std::optional<CalendarDate> TakeDate(std::string_view& text) {
   CalendarDate date;
+  if (IsPlainDate(text)) {
+    date = {TwoDigitsAt(text, 0) * 100 + TwoDigitsAt(text, 2), TwoDigitsAt(text, 5), TwoDigitsAt(text, 8)};
+    text.remove_prefix(10);
+    return Checked(date);
+  }
   const bool negative = TakeMark(text, '-');
   size_t digits = 0;
   for (; digits < text.size() && digits <= kMostYearDigits && IsDateDigit(text[digits]); ++digits) {
     date.year = date.year * 10 + (text[digits] - '0');
   }
-  if (digits < 4 || digits > kMostYearDigits || (digits > 4 && text[0] == '0') || date.year == 0) return std::nullopt;
+  if (digits < 4 || digits > kMostYearDigits || (digits > 4 && text[0] == '0')) return std::nullopt;
   if (negative) date.year = -date.year;
   text.remove_prefix(digits);
   if (!TakeMark(text, '-') || !TakeTwoDigits(text, date.month)) return std::nullopt;
   if (!TakeMark(text, '-') || !TakeTwoDigits(text, date.day)) return std::nullopt;
-  if (date.month < 1 || date.month > 12 || date.day < 1 || date.day > DaysIn(date.year, date.month)) {
-    return std::nullopt;
-  }
-  return date;
+  return Checked(date);
 }
 
 // What may stand at the end: nothing, or a time zone.

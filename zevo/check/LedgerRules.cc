@@ -3,8 +3,10 @@
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 #include <zevo/check/MoneyText.h>
+#include <zevo/platform/Text.h>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -96,18 +98,24 @@ constexpr RuleSentence kPartNotCompared{
 
 // What may stand in a part of a TransactionID: letters and digits, as the schema counts them.
 bool IsPart(std::string_view text, size_t longest) {
-  constexpr std::string_view kMarks = " !\"#%&'()*,-./:;?@[\\]_{}\t\r\n";
+  static constexpr std::array<bool, 256> kIsMark = [] {
+    std::array<bool, 256> marks{};
+    constexpr std::string_view kMarks = " !\"#%&'()*,-./:;?@[\\]_{}\t\r\n";
+    for (const char c : kMarks) marks[Byte(c)] = true;
+    return marks;
+  }();
   size_t characters = 0;
   for (const char c : text) {
+    const auto byte = Byte(c);
     // A byte that continues a character counts for none.
-    if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) ++characters;
-    if (kMarks.find(c) != std::string_view::npos) return false;
+    if ((byte & 0xC0U) != 0x80U) ++characters;
+    if (kIsMark[byte]) return false;
   }
   return characters >= 1 && characters <= longest;
 }
 
 struct IdParts {
-  std::string_view date;
+  CalendarDate date;
   std::string_view journal;
   std::string_view document;
 };
@@ -115,11 +123,13 @@ struct IdParts {
 // Nothing where the identifier is not of its form, which the schema tells.
 std::optional<IdParts> PartsOf(std::string_view id) {
   constexpr size_t kDate = 10;
-  if (id.size() <= kDate || id[kDate] != ' ' || !CalendarDate::FromText(id.substr(0, kDate))) return std::nullopt;
+  if (id.size() <= kDate || id[kDate] != ' ') return std::nullopt;
+  const auto date = CalendarDate::FromText(id.substr(0, kDate));
+  if (!date) return std::nullopt;
   const std::string_view rest = id.substr(kDate + 1);
   const size_t blank = rest.find(' ');
   if (blank == std::string_view::npos) return std::nullopt;
-  const IdParts parts{id.substr(0, kDate), rest.substr(0, blank), rest.substr(blank + 1)};
+  const IdParts parts{*date, rest.substr(0, blank), rest.substr(blank + 1)};
   const bool fits = IsPart(parts.journal, 30) && IsPart(parts.document, 20);
   return fits ? std::optional(parts) : std::nullopt;
 }
@@ -127,7 +137,7 @@ std::optional<IdParts> PartsOf(std::string_view id) {
 void JudgeTransactionId(const TransactionFacts& transaction, Judgement& judgement) {
   if (transaction.id.Missing()) return;
   const auto parts = PartsOf(*transaction.id);
-  if (transaction.date.Read() && parts && parts->date != transaction.date->Text()) {
+  if (transaction.date.Read() && parts && parts->date != *transaction.date) {
     judgement.Tell(kOtherDateInId, transaction, transaction.id, {.expected = transaction.date->Text()});
   }
   const std::string& journal = transaction.entity->JournalID();
@@ -213,7 +223,19 @@ constexpr RuleSentence kRepeatedRecord{Severity::kError,
                                        {"RecordID {found} aparece mais do que uma vez no movimento",
                                         "RecordID {found} appears more than once in the transaction"}};
 
+// Whether record numbers ascend, as they do where lines are counted, so that none is repeated.
+bool DoRecordIdsAscend(const std::vector<EntryLineFacts>& lines) {
+  for (size_t i = 1; i < lines.size(); ++i) {
+    const TextFact& before = lines[i - 1].record_id;
+    const TextFact& id = lines[i].record_id;
+    if (before.Missing() || id.Missing()) return false;
+    if (before->size() != id->size() ? before->size() > id->size() : *before >= *id) return false;
+  }
+  return true;
+}
+
 void JudgeRecordIds(const TransactionFacts& transaction, Judgement& judgement) {
+  if (DoRecordIdsAscend(transaction.lines)) return;
   std::vector<const EntryLineFacts*> lines;
   for (const EntryLineFacts& line : transaction.lines) {
     if (!line.record_id.Missing()) lines.push_back(&line);
