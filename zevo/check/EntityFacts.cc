@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/EntityFacts.h>
 
-#include <zevo/check/DocumentType.h>
 #include <zevo/dal/ElementName.h>
 #include <zevo/model/Totals.h>
 #include <zevo/platform/Text.h>
 
 #include <charconv>
 #include <concepts>
+#include <memory>
 #include <optional>
 #include <span>
 #include <system_error>
@@ -16,11 +16,11 @@
 namespace zevo {
 namespace {
 
-/// Takes the element that fills a member, with all that is inside.
+/// Takes the element that fills a member, with all that is inside. Gives where to go on: behind it, or inside.
 template <class Facts>
 struct FactRow {
   uint32_t number;  // of the element's name
-  void (*take)(Facts& facts, const ScannedEntity& entity, size_t element);
+  size_t (*take)(Facts& facts, const ScannedEntity& entity, size_t element);
 };
 
 template <class T>
@@ -42,72 +42,65 @@ std::optional<int64_t> WholeNumber(std::string_view text) {
   return number;
 }
 
-void TakeElement(TextFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) SetFact(fact, element, std::optional(entity.TextOf(element)));
-}
-void TakeElement(NumberFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) SetFact(fact, element, Decimal::FromText(entity.TextOf(element)));
-}
-void TakeElement(CountFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) SetFact(fact, element, WholeNumber(entity.TextOf(element)));
-}
-void TakeElement(DateFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) SetFact(fact, element, CalendarDate::FromText(entity.TextOf(element)));
-}
-void TakeElement(TimeFact& fact, const ScannedEntity& entity, size_t element) {
-  if (!fact.IsThere()) SetFact(fact, element, CalendarTime::FromText(entity.TextOf(element)));
+std::optional<std::string_view> ValueOf(const TextFact&, std::string_view text) { return text; }
+std::optional<Decimal> ValueOf(const NumberFact&, std::string_view text) { return Decimal::FromText(text); }
+std::optional<int64_t> ValueOf(const CountFact&, std::string_view text) { return WholeNumber(text); }
+std::optional<CalendarDate> ValueOf(const DateFact&, std::string_view text) { return CalendarDate::FromText(text); }
+std::optional<CalendarTime> ValueOf(const TimeFact&, std::string_view text) { return CalendarTime::FromText(text); }
+
+template <class T>
+size_t TakeElement(Fact<T>& fact, const ScannedEntity& entity, size_t element) {
+  if (!fact.IsThere()) SetFact(fact, element, ValueOf(fact, entity.TextOf(element)));
+  return element + 1;
 }
 
 /// The table of a kind of facts: specialised for each below.
 template <class Facts>
 struct FactTable;
 
-// What follows an element and all that is inside it.
-size_t Behind(const ScannedEntity& entity, size_t element) {
-  const int depth = entity.DepthOf(element);
-  do {
-    ++element;
-  } while (element < entity.Count() && entity.DepthOf(element) > depth);
-  return element;
+/// For the number of each name its row in the table, from 1 on; 0 for names that are not in it.
+template <class Facts>
+consteval auto RowsByName() {
+  std::array<uint8_t, kElementNames.size() + 1> rows{};
+  uint8_t row = 0;
+  for (const FactRow<Facts>& one : FactTable<Facts>::kRows) rows[one.number] = ++row;
+  return rows;
 }
 
-// Children come in the order of their table, as a rule: each is looked for behind the one before.
+// Gives what follows the element and all that is inside it.
 template <class Facts>
-void TakeChildren(Facts& facts, const ScannedEntity& entity, size_t element) {
-  constexpr auto& kRows = FactTable<Facts>::kRows;
-  const int depth = entity.DepthOf(element);
-  size_t expected = 0;
-  for (size_t child = element + 1; child < entity.Count() && entity.DepthOf(child) > depth;
-       child = Behind(entity, child)) {
-    const uint32_t name = entity.NameOf(child).element;
-    for (size_t tried = 0; tried < kRows.size(); ++tried) {
-      const size_t row = expected + tried < kRows.size() ? expected + tried : expected + tried - kRows.size();
-      if (kRows[row].number != name) continue;
-      kRows[row].take(facts, entity, child);
-      expected = row;
-      break;
-    }
+size_t TakeChildren(Facts& facts, const ScannedEntity& entity, size_t element) {
+  static constexpr auto kRowsByName = RowsByName<Facts>();
+  const int depth = entity.DepthOf(element) + 1;
+  const size_t count = entity.Count();
+  size_t child = element + 1;
+  while (child < count) {
+    const int here = entity.DepthOf(child);
+    if (here < depth) break;
+    const size_t row = here == depth ? kRowsByName[entity.NameOf(child).element] : 0;
+    child = row == 0 ? child + 1 : FactTable<Facts>::kRows[row - 1].take(facts, entity, child);
   }
+  return child;
 }
 
 template <std::derived_from<GroupFacts> Group>
-void TakeElement(Group& group, const ScannedEntity& entity, size_t element) {
-  if (group.there) return;
+size_t TakeElement(Group& group, const ScannedEntity& entity, size_t element) {
+  if (group.there) return element + 1;
   group.there = true;
   group.element = static_cast<uint32_t>(element);
-  TakeChildren(group, entity, element);
+  return TakeChildren(group, entity, element);
 }
 
 template <std::derived_from<GroupFacts> Group>
-void TakeElement(std::vector<Group>& groups, const ScannedEntity& entity, size_t element) {
-  TakeElement(groups.emplace_back(), entity, element);
+size_t TakeElement(std::vector<Group>& groups, const ScannedEntity& entity, size_t element) {
+  return TakeElement(groups.emplace_back(), entity, element);
 }
 
 /// The row of a member.
 template <class Facts, auto kMember>
 constexpr FactRow<Facts> Fills(ElementName element) {
   return {element.Number(),
-          [](Facts& facts, const ScannedEntity& entity, size_t at) { TakeElement(facts.*kMember, entity, at); }};
+          [](Facts& facts, const ScannedEntity& entity, size_t at) { return TakeElement(facts.*kMember, entity, at); }};
 }
 
 template <>
@@ -307,29 +300,12 @@ template <class Facts, class List>
 void Reuse(Facts& facts, List Facts::*list) {
   List kept = std::move(facts.*list);
   kept.clear();
-  facts = Facts();
+  std::destroy_at(&facts);
+  std::construct_at(&facts);
   facts.*list = std::move(kept);
 }
 
 }  // namespace
-
-bool InvoiceFacts::IsCancelled() const {
-  return (status.Read() && *status == "A") || (transaction_id.Read() && !CountsInTotals(*transaction_id));
-}
-
-bool InvoiceFacts::IsLive() const { return !IsCancelled() && !(status.Read() && *status == "F"); }
-
-bool InvoiceFacts::IsDebitDocument() const {
-  const DocumentType* const known = KnownType();
-  return known != nullptr && known->is_debit;
-}
-
-bool InvoiceFacts::IsCreditDocument() const {
-  const DocumentType* const known = KnownType();
-  return known != nullptr && !known->is_debit;
-}
-
-const DocumentType* InvoiceFacts::KnownType() const { return type.Read() ? DocumentType::Find(*type) : nullptr; }
 
 void TakeFacts(const ScannedEntity& entity, HeaderFacts& facts) { TakeEntity(entity, facts = {}); }
 void TakeFacts(const ScannedEntity& entity, AccountFacts& facts) { TakeEntity(entity, facts = {}); }
@@ -346,6 +322,10 @@ void TakeFacts(const ScannedEntity& entity, InvoiceFacts& facts) {
   Reuse(facts, &InvoiceFacts::lines);
   TakeEntity(entity, facts);
   facts.hash_form = HashFormOf(facts.hash);
+  facts.cancelled = (facts.status.Read() && Is(*facts.status, "A")) ||
+                    (facts.transaction_id.Read() && !CountsInTotals(*facts.transaction_id));
+  facts.merged = facts.status.Read() && Is(*facts.status, "F");
+  if (facts.type.Read()) facts.known_type = DocumentType::Find(*facts.type);
 }
 
 }  // namespace zevo

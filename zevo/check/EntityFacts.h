@@ -3,6 +3,7 @@
 #define ZEVO_CHECK_ENTITYFACTS_H_
 
 #include <zevo/check/DocumentHash.h>
+#include <zevo/check/DocumentType.h>
 #include <zevo/check/Fact.h>
 #include <zevo/dal/ScannedEntity.h>
 
@@ -13,8 +14,6 @@
 #include <vector>
 
 namespace zevo {
-
-struct DocumentType;
 
 // What the rules know of an entity: a member for each element that a rule looks at. Which element fills which member is
 // in the tables of EntityFacts.cc. Where an element is repeated, the first counts.
@@ -189,16 +188,21 @@ struct InvoiceFacts : EntityFacts {
   std::vector<InvoiceLineFacts> lines;
   TotalsFacts totals;
 
+  // What follows from these.
+  bool cancelled = false;
+  bool merged = false;
+  const DocumentType* known_type = nullptr;
+
   /// InvoiceStatus A, or TransactionID "Anulado".
-  bool IsCancelled() const;
+  bool IsCancelled() const { return cancelled; }
   /// Neither cancelled nor merged into others (status F).
-  bool IsLive() const;
+  bool IsLive() const { return !cancelled && !merged; }
   /// One that lowers what the customer owes: NC, TD, DA, RE.
-  bool IsDebitDocument() const;
+  bool IsDebitDocument() const { return known_type != nullptr && known_type->is_debit; }
   /// One of the other types that there are.
-  bool IsCreditDocument() const;
+  bool IsCreditDocument() const { return known_type != nullptr && !known_type->is_debit; }
   /// What is known of its type; null where that is none of the schema's.
-  const DocumentType* KnownType() const;
+  const DocumentType* KnownType() const { return known_type; }
 };
 
 // Fills the facts from an entity of their kind, which must outlive them. Facts that were filled before keep their

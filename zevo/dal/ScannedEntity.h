@@ -99,7 +99,7 @@ class ScannedEntity {
     bool has_children;
   };
 
-  std::string_view TextAt(Extent extent) const { return std::string_view{texts_}.substr(extent.begin, extent.length); }
+  std::string_view TextAt(Extent extent) const { return {texts_.data() + extent.begin, extent.length}; }
   void Note(Fault fault, size_t element, Extent step, Extent text) {
     noted_.push_back({fault, static_cast<uint32_t>(element), step, text});
   }
