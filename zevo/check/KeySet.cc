@@ -25,15 +25,18 @@ bool KeySet::Add(std::string_view key) {
 }
 
 std::optional<uint32_t> KeySet::Find(const CompactKey& key) const {
-  // Next in order.
-  if (const uint32_t next = last_ + 1; next < count_ && At(next) == key) return last_ = next;
+  const uint32_t next = last_ + 1;
+  if (in_order_ && next < count_ && At(next) == key) return last_ = next;
   if (count_ == 0) return std::nullopt;
   if (recent_.empty()) recent_.resize(kRecent);
   uint32_t& recent = recent_[key.QuickHash() % kRecent];
-  if (At(recent) == key) return last_ = recent;
-  const auto found = LookUp(key);
-  if (found) last_ = recent = *found;
-  return found;
+  if (At(recent) != key) {
+    const auto found = LookUp(key);
+    if (!found) return std::nullopt;
+    recent = *found;
+  }
+  in_order_ = recent == next;
+  return last_ = recent;
 }
 
 std::optional<uint32_t> KeySet::LookUp(const CompactKey& key) const {

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,7 +39,8 @@ class KeySet {
   uint32_t count_ = 0;
   std::string highest_;  // of the keys that are not too long for it, in the order of numbers in texts
   // Made when somebody asks: what was found last, what was found before by its quick hash, and the keys by their hash.
-  mutable uint32_t last_ = 0;
+  mutable uint32_t last_ = std::numeric_limits<uint32_t>::max();  // one before the first
+  mutable bool in_order_ = true;                                  // whether it stood behind the one before
   mutable std::vector<uint32_t> recent_;
   mutable SlotTable slots_;
 };
