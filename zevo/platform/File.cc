@@ -179,6 +179,19 @@ size_t InputFile::Read(char* bytes, size_t size) {
   return total;
 }
 
+bool InputFile::CanRestart() {
+  beginning_ = PositionOf(descriptor_);
+  stamp_ = StampOf(descriptor_);
+  return beginning_ >= 0;
+}
+
+void InputFile::Restart() {
+  if (StampOf(descriptor_) != stamp_) {
+    throw MakeRunTimeError(RunTimeError::kDeviceIO, "o ficheiro mudou enquanto era lido: " + name_);
+  }
+  if (SeekTo(descriptor_, beginning_) != 0) Fail(errno, name_);
+}
+
 size_t InputBytes::Read(char* bytes, size_t size) {
   const size_t length = left_.copy(bytes, size);
   left_.remove_prefix(length);

@@ -39,6 +39,10 @@ class ByteSource {
   virtual ~ByteSource() = default;
   /// Reads up to `size` bytes; fewer only at the end.
   virtual size_t Read(char* bytes, size_t size) = 0;
+  /// Whether Restart can be called later. To be asked before the first byte is read.
+  virtual bool CanRestart() { return false; }
+  /// Has it read from its beginning again. Raises error 57 where the bytes may be others than before.
+  virtual void Restart() {}
 };
 
 /// A file read from front to back.
@@ -57,21 +61,30 @@ class InputFile : public ByteSource {
   ~InputFile() override;
 
   size_t Read(char* bytes, size_t size) override;
+  /// A regular file can.
+  bool CanRestart() override;
+  void Restart() override;
   int Descriptor() const { return descriptor_; }
 
  private:
   std::string name_;
   int descriptor_;
+  // When it was asked whether it can be read again.
+  int64_t beginning_ = -1;
+  FileStamp stamp_;
 };
 
 /// Bytes in memory, which must outlive this.
 class InputBytes : public ByteSource {
  public:
-  explicit InputBytes(std::string_view bytes) : left_(bytes) {}
+  explicit InputBytes(std::string_view bytes) : bytes_(bytes), left_(bytes) {}
 
   size_t Read(char* bytes, size_t size) override;
+  bool CanRestart() override { return true; }
+  void Restart() override { left_ = bytes_; }
 
  private:
+  std::string_view bytes_;
   std::string_view left_;
 };
 

@@ -40,11 +40,20 @@ class RepeatedInput::Store {
 
   bool IsLost() const { return lost_; }
 
+  bool CanRestart() {
+    if (!file_) Open();
+    return start_ >= 0;
+  }
+  void RequireUnchanged() {
+    file_->Restart();
+    at_ = start_;
+  }
+
  private:
   void Open() {
     file_.emplace(name_);
     at_ = start_ = PositionOf(file_->Descriptor());
-    if (start_ >= 0) return;
+    if (file_->CanRestart()) return;
     const int copy = OpenNameless();
     if (copy >= 0) {
       copy_.emplace(std::string(name_), copy);
@@ -109,6 +118,14 @@ void RepeatedInput::RequireRewind() const {
   if (!CanRewind()) throw NoRoom();
 }
 
+bool RepeatedInput::CanRestart() { return store_->CanRestart(); }
+
+void RepeatedInput::Restart() {
+  store_->RequireUnchanged();
+  furthest_ = std::max(furthest_, told_);
+  read_ = told_ = 0;
+}
+
 size_t RepeatedInput::Read(char* bytes, size_t size) {
   const size_t length = store_->Read(read_, bytes, size);
   read_ += static_cast<int64_t>(length);
@@ -119,7 +136,7 @@ size_t RepeatedInput::Read(char* bytes, size_t size) {
 void RepeatedInput::Tell(bool atEnd) {
   if (read_ - told_ < kBetween && (!atEnd || read_ == told_)) return;
   told_ = read_;
-  if (!watch_(read_)) throw LibraryError(Message::kReadingAborted, {});
+  if (!watch_(std::max(read_, furthest_))) throw LibraryError(Message::kReadingAborted, {});
 }
 
 }  // namespace zevo

@@ -32,13 +32,17 @@ class RepeatedInput final : public ByteSource {
   /// there is no room to keep.
   size_t Read(char* bytes, size_t size) override;
 
+  /// Where a file is behind it. Progress goes on from where it was told last.
+  bool CanRestart() override;
+  void Restart() override;
+
   /// Whether all that was read can be read again. Not of a pipe where the system has no room for a temporary file: such
   /// an input has one pass only.
   bool CanRewind() const;
   /// Raises error 57 where it cannot.
   void RequireRewind() const;
   /// Begins another pass, where that can be.
-  void Rewind() { read_ = told_ = 0; }
+  void Rewind() { read_ = told_ = furthest_ = 0; }
 
  private:
   class Store;
@@ -49,6 +53,7 @@ class RepeatedInput final : public ByteSource {
   Watch watch_;
   int64_t read_ = 0;  // in this pass
   int64_t told_ = 0;
+  int64_t furthest_ = 0;  // of what was read before a restart
 };
 
 }  // namespace zevo

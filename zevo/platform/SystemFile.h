@@ -48,6 +48,16 @@ int64_t PositionOf(int descriptor);
 /// Has it read and written there next.
 int SeekTo(int descriptor, int64_t position);
 
+/// What changes when an open file is written to.
+struct FileStamp {
+  int64_t size = 0;
+  int64_t written = 0;  ///< when, in units of the system
+
+  friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+/// Zeros for what is not regular.
+FileStamp StampOf(int descriptor);
+
 /// A new file for this process alone, open for reading and writing, without a name: it is gone when it is closed. -1
 /// also where the system has no such files.
 int OpenNameless();

@@ -80,6 +80,13 @@ int64_t PositionOf(int descriptor) { return IsRegular(descriptor) ? lseek(descri
 
 int SeekTo(int descriptor, int64_t position) { return lseek(descriptor, position, SEEK_SET) == position ? 0 : -1; }
 
+FileStamp StampOf(int descriptor) {
+  struct stat status {};
+  if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) return {};
+  constexpr int64_t kNanoseconds = 1'000'000'000;
+  return {.size = status.st_size, .written = status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
+
 int OpenNameless() {
   const char* const named = std::getenv("TMPDIR");  // NOLINT(concurrency-mt-unsafe): nobody here sets it
   const std::string folder = named == nullptr || *named == '\0' ? "/tmp" : named;
