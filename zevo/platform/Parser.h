@@ -17,6 +17,7 @@ struct _xmlSchemaValidCtxt;  // NOLINT(bugprone-reserved-identifier): libxml2's 
 namespace zevo {
 
 class ByteSource;
+class TextDecoder;
 
 /// The name of an element or attribute. Equal names of one parse are the same pointers. `prefix` is null without one.
 struct ParsedName {
@@ -41,6 +42,12 @@ class ParserHandler {
   virtual void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) = 0;
   virtual void EndElement(const ParsedName& name) = 0;
   virtual void Characters(std::string_view text) = 0;
+  /// An element without attributes, with this text and nothing else in it. May come in place of the three above.
+  virtual void Leaf(const ParsedName& name, std::string_view text) {
+    StartElement(name, {});
+    if (!text.empty()) Characters(text);
+    EndElement({name.local, name.prefix});
+  }
   virtual void CData(std::string_view text) { Characters(text); }
   virtual void Comment(std::string_view) {}
   virtual void Instruction(std::string_view /*target*/, std::string_view /*data*/) {}
@@ -58,7 +65,11 @@ class Parser {
   /// Gives what stopped the parse before the end, nothing when the whole file was parsed: a file that cannot be read,
   /// is not well-formed or is refused, because it has a document type declaration or goes beyond ParserLimits. Raises
   /// error 7 when libxml2 has no memory, and what the handler raises.
-  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler) { return Parse(handler, nullptr, {}); }
+  [[nodiscard]] std::optional<XmlProblem> Parse(ParserHandler& handler);
+  /// The same without the fast path.
+  [[nodiscard]] std::optional<XmlProblem> ParseWithLibxml2(ParserHandler& handler) {
+    return Parse(handler, nullptr, {});
+  }
 
   /// The same with a libxml2 schema validation listening in. Violations go to `violated`, which may end the parse: then
   /// there is no other problem. Where the validation breaks down, that is what stopped the parse.
@@ -69,6 +80,9 @@ class Parser {
   uint64_t BytesRead() const { return bytes_read_; }
 
  private:
+  std::optional<XmlProblem> Run(TextDecoder& decoder, ParserHandler& handler, _xmlSchemaValidCtxt* validation,
+                                const ProblemSink& violated);
+
   ByteSource* input_ = nullptr;  // none: the file is opened for each parse
   std::string file_;
   uint64_t bytes_read_ = 0;

@@ -11,7 +11,12 @@
 #include <zevo/platform/ParserRun.h>
 #include <zevo/platform/PlaceCounter.h>
 #include <zevo/platform/RepeatedInput.h>
+#include <zevo/platform/RestOfEvents.h>
 #include <zevo/platform/TextDecoder.h>
+#include <zevo/platform/fastpath/FastEvents.h>
+#include <zevo/platform/fastpath/FastNames.h>
+#include <zevo/platform/fastpath/FastParse.h>
+#include <zevo/platform/fastpath/FastPath.h>
 
 #include <algorithm>
 #include <cstring>
@@ -25,7 +30,7 @@ bool GoesOn(const XmlProblem&) { return true; }
 
 }  // namespace
 
-/// Stands before a handler and knows how much came by: events that are no text, and bytes of text since the last.
+/// Stands before a handler and knows how much came by.
 class PulledParse::Counter final : public ParserHandler {
  public:
   explicit Counter(ParserHandler& handler) : handler_(handler) {}
@@ -39,11 +44,12 @@ class PulledParse::Counter final : public ParserHandler {
     handler_.EndElement(name);
   }
   void Characters(std::string_view text) override {
-    this->text += text.size();
+    count_.text += text.size();
     handler_.Characters(text);
   }
   void CData(std::string_view text) override {
-    this->text += text.size();
+    if (text.empty()) Count();
+    count_.text += text.size();
     handler_.CData(text);
   }
   void Comment(std::string_view text) override {
@@ -59,82 +65,91 @@ class PulledParse::Counter final : public ParserHandler {
     handler_.Standalone();
   }
 
-  uint64_t events = 0;
-  uint64_t text = 0;
+  const EventCount& Counted() const { return count_; }
 
  private:
   void Count() {
-    ++events;
-    text = 0;
+    ++count_.events;
+    count_.text = 0;
   }
 
   ParserHandler& handler_;
+  EventCount count_;
 };
 
-/// Stands before a handler and holds back what came by once before.
-class PulledParse::Skipper final : public ParserHandler {
+/// A file that can be read, from its beginning.
+class PulledParse::Input {
  public:
-  Skipper(ParserHandler& handler, const Counter& before)
-      : handler_(handler), events_(before.events), text_(before.text) {}
+  explicit Input(const std::string& file) : file_(file), source_(*file_) {}
+  explicit Input(RepeatedInput& again) : again_(&again), source_(again) {}
 
-  void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
-    if (Passes()) handler_.StartElement(name, attributes);
-  }
-  void EndElement(const ParsedName& name) override {
-    if (Passes()) handler_.EndElement(name);
-  }
-  void Characters(std::string_view text) override {
-    if (Left(text)) handler_.Characters(text);
-  }
-  void CData(std::string_view text) override {
-    if (Left(text)) handler_.CData(text);
-  }
-  void Comment(std::string_view text) override {
-    if (Passes()) handler_.Comment(text);
-  }
-  void Instruction(std::string_view target, std::string_view data) override {
-    if (Passes()) handler_.Instruction(target, data);
-  }
-  void Standalone() override {
-    if (Passes()) handler_.Standalone();
-  }
+  bool CanRestart() { return source_.CanRestart(); }
+  void Restart() { source_.Restart(); }
+  void Begin() { decoder_.emplace(source_); }
+
+  TextDecoder& Decoder() { return *decoder_; }
+  RepeatedInput* Again() { return again_; }
 
  private:
-  bool Passes() {
-    if (events_ == 0) return true;
-    --events_;
-    return false;
-  }
-  bool Left(std::string_view& text) {
-    if (events_ > 0) return false;
-    const auto known = static_cast<size_t>(std::min<uint64_t>(text_, text.size()));
-    text_ -= known;
-    text.remove_prefix(known);
-    return !text.empty();
-  }
-
-  ParserHandler& handler_;
-  uint64_t events_;
-  uint64_t text_;
+  std::optional<InputFile> file_;
+  RepeatedInput* again_ = nullptr;
+  ByteSource& source_;
+  std::optional<TextDecoder> decoder_;
 };
 
-/// A file that can be read.
-struct PulledParse::Input {
-  explicit Input(const std::string& name) : file(name), decoder(*file) {}
-  explicit Input(ByteSource& source) : decoder(source) {}
+/// A parse on the fast path.
+class PulledParse::FastState {
+ public:
+  FastState(TextDecoder& decoder, ParserHandler& handler)
+      : events_(handler), parse_(decoder, names_, events_, bytes_read_), places_(decoder.Width(), decoder.Start()) {}
 
-  std::optional<InputFile> file;
-  TextDecoder decoder;
+  FastOutcome Feed() {
+    if (std::exchange(ended_, true)) return FastOutcome::kThrough;
+    ++pieces_;
+    Count();
+    counted_ = 0;
+    const FastOutcome outcome = parse_.ParsePiece();
+    ended_ = outcome != FastOutcome::kGoesOn;
+    return outcome;
+  }
+
+  FilePlace StartTagPlace() {
+    Count();
+    return places_.Place();
+  }
+
+  const std::optional<XmlProblem>& Problem() const { return parse_.Problem(); }
+  uint64_t BytesRead() const { return bytes_read_; }
+  uint64_t Pieces() const { return pieces_; }
+  const EventCount& Events() const { return events_.Count(); }
+  FastNames& Names() { return names_; }
+
+ private:
+  void Count() {
+    const std::string_view before = parse_.Before();
+    places_.Advance(before.substr(counted_));
+    counted_ = before.size();
+  }
+
+  FastNames names_;
+  FastEvents events_;
+  uint64_t bytes_read_ = 0;
+  FastParse<FastEvents> parse_;
+  PlaceCounter places_;
+  size_t counted_ = 0;  // of the piece
+  uint64_t pieces_ = 0;
+  bool ended_ = false;
 };
 
+/// A parse by libxml2.
 class PulledParse::State {
  public:
-  State(std::string file, RepeatedInput* again, std::unique_ptr<Input> input, ParserHandler& handler)
+  State(std::string file, Input& input, ParserHandler& handler)
       : file_(std::move(file)),
-        again_(again),
+        again_(input.Again()),
         handler_(handler),
-        input_(std::move(input)),
-        run_(input_->decoder, counter_, violated_, bytes_read_) {
+        input_(input),
+        run_(input.Decoder(), counter_, violated_, bytes_read_) {
     const HostErrorHandlers aside;
     xmlSAXHandler callbacks = ParserRun::Callbacks();
     run_.Begin(xmlCreatePushParserCtxt(&callbacks, &run_, nullptr, 0, nullptr), nullptr);
@@ -227,9 +242,9 @@ class PulledParse::State {
       return;
     }
     whole_ = true;
-    Skipper skipper(handler_, counter_);
+    RestOfEvents rest(handler_, counter_.Counted(), nullptr);
     if (again_ != nullptr) again_->Rewind();
-    problem_ = (again_ == nullptr ? Parser(file_) : Parser(*again_)).Parse(skipper);
+    problem_ = (again_ == nullptr ? Parser(file_) : Parser(*again_)).ParseWithLibxml2(rest);
   }
 
   // What was noticed here, and not by the parser.
@@ -250,7 +265,7 @@ class PulledParse::State {
   RepeatedInput* again_;  // null for a file that is opened again
   ParserHandler& handler_;
   Counter counter_{handler_};
-  std::unique_ptr<Input> input_;
+  Input& input_;
   ProblemSink violated_ = &GoesOn;
   uint64_t bytes_read_ = 0;
   ParserRun run_;
@@ -260,31 +275,78 @@ class PulledParse::State {
   size_t piece_ = 0;    // what the parser has of them
   size_t before_ = 0;   // bytes of the pieces before
   size_t counted_ = 0;  // of the piece
-  PlaceCounter places_{input_->decoder.Width(), input_->decoder.Start()};
+  PlaceCounter places_{input_.Decoder().Width(), input_.Decoder().Start()};
   bool ended_ = false;
   bool whole_ = false;
   std::optional<XmlProblem> problem_;
 };
 
-PulledParse::PulledParse(const std::string& file, ParserHandler& handler) { Begin(file, nullptr, handler); }
-PulledParse::PulledParse(RepeatedInput& input, ParserHandler& handler) { Begin({}, &input, handler); }
+PulledParse::PulledParse(const std::string& file, ParserHandler& handler) : file_(file), handler_(handler) {
+  Begin(nullptr);
+}
+PulledParse::PulledParse(RepeatedInput& input, ParserHandler& handler) : handler_(handler) { Begin(&input); }
+PulledParse::~PulledParse() = default;
 
-void PulledParse::Begin(std::string file, RepeatedInput* again, ParserHandler& handler) {
-  std::unique_ptr<Input> input;
+void PulledParse::Begin(RepeatedInput* again) {
+  bool fast = false;
   try {
-    input = again == nullptr ? std::make_unique<Input>(file) : std::make_unique<Input>(*again);
+    input_ = again == nullptr ? std::make_unique<Input>(file_) : std::make_unique<Input>(*again);
+    fast = IsFastPathOn() && input_->CanRestart();
+    input_->Begin();
   } catch (const Error& error) {
     unreadable_ = UnreadableFile(error);
     return;
   }
-  state_ = std::make_unique<State>(std::move(file), again, std::move(input), handler);
+  if (fast) {
+    fast_ = std::make_unique<FastState>(input_->Decoder(), handler_);
+  } else {
+    state_ = std::make_unique<State>(file_, *input_, handler_);
+  }
 }
-PulledParse::~PulledParse() = default;
 
-bool PulledParse::Feed() { return state_ && state_->Feed(); }
-const std::optional<XmlProblem>& PulledParse::Problem() const { return state_ ? state_->Problem() : unreadable_; }
-FilePlace PulledParse::StartTagPlace(std::string_view localName) { return state_->StartTagPlace(localName); }
-uint64_t PulledParse::BytesRead() const { return state_ ? state_->BytesRead() : 0; }
-uint64_t PulledParse::Pieces() const { return state_ ? state_->Pieces() : 0; }
+bool PulledParse::Feed() {
+  if (unreadable_) return false;
+  if (state_) return state_->Feed();
+  switch (fast_->Feed()) {
+    case FastOutcome::kGoesOn:
+      return true;
+    case FastOutcome::kGivenUp:
+      return LeaveFastPath();
+    default:
+      return false;
+  }
+}
+
+// Has libxml2 parse the file as far as it came, and a piece more.
+bool PulledParse::LeaveFastPath() {
+  try {
+    input_->Restart();
+    input_->Begin();
+  } catch (const Error& error) {
+    unreadable_ = UnreadableFile(error);
+    return false;
+  }
+  rest_ = std::make_unique<RestOfEvents>(handler_, fast_->Events(), &fast_->Names());
+  state_ = std::make_unique<State>(file_, *input_, *rest_);
+  bool more = true;
+  while (more && !rest_->HasCaughtUp()) more = state_->Feed();
+  return more && state_->Feed();
+}
+
+const std::optional<XmlProblem>& PulledParse::Problem() const {
+  if (state_) return state_->Problem();
+  return fast_ && !unreadable_ ? fast_->Problem() : unreadable_;
+}
+
+FilePlace PulledParse::StartTagPlace(std::string_view localName) {
+  return state_ ? state_->StartTagPlace(localName) : fast_->StartTagPlace();
+}
+
+uint64_t PulledParse::BytesRead() const {
+  if (state_) return state_->BytesRead();
+  return fast_ ? fast_->BytesRead() : 0;
+}
+
+uint64_t PulledParse::Pieces() const { return (fast_ ? fast_->Pieces() : 0) + (state_ ? state_->Pieces() : 0); }
 
 }  // namespace zevo

@@ -15,6 +15,7 @@
 namespace zevo {
 
 class RepeatedInput;
+class RestOfEvents;
 
 /// A parse that goes on when it is asked to: the same as Parser's, a piece of the file at a time.
 class PulledParse {
@@ -45,13 +46,19 @@ class PulledParse {
 
  private:
   class Counter;
-  class Skipper;
-  struct Input;
+  class Input;
+  class FastState;
   class State;
 
-  void Begin(std::string file, RepeatedInput* again, ParserHandler& handler);
+  void Begin(RepeatedInput* again);
+  bool LeaveFastPath();
 
-  std::unique_ptr<State> state_;  // null for a file that cannot be read
+  std::string file_;
+  ParserHandler& handler_;
+  std::unique_ptr<Input> input_;
+  std::unique_ptr<FastState> fast_;     // null where the file is not tried on the fast path
+  std::unique_ptr<RestOfEvents> rest_;  // once that was left
+  std::unique_ptr<State> state_;        // null on the fast path, and for a file that cannot be read
   std::optional<XmlProblem> unreadable_;
 };
 
