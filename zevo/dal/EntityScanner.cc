@@ -140,6 +140,13 @@ void EntityScanner::Characters(std::string_view text) {
   if (between_size_ + text_between_.size() + text.size() <= kMostBetween) text_between_ += text;
 }
 
+void EntityScanner::Leaf(const ParsedName& parsed, std::string_view text) {
+  if (!entity_) return ParserHandler::Leaf(parsed, text);
+  const Name& name = NameOf(parsed);
+  if (name.kind) return ParserHandler::Leaf(parsed, text);
+  entity_->AddLeaf(name, parse_.StartTagPlace(name.text), text);
+}
+
 void EntityScanner::StartRoot(const ParsedName& name, std::span<const ParsedAttribute> attributes,
                               const FilePlace& place) {
   root_place_ = place;

@@ -85,6 +85,7 @@ class EntityScanner final : private ParserHandler {
   void StartElement(const ParsedName& parsed, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& parsed) override;
   void Characters(std::string_view text) override;
+  void Leaf(const ParsedName& parsed, std::string_view text) override;
 
   const Name& NameOf(const ParsedName& parsed);
   const Name& AddName(const ParsedName& parsed);

@@ -63,6 +63,14 @@ void SAXDALReader::Characters(std::string_view text) {
   if (in_entity_) builder_->Characters(text);
 }
 
+void SAXDALReader::Leaf(const ParsedName& name, std::string_view text) {
+  // Most elements are inside an entity that takes all of them.
+  if (!in_entity_ || abort_requested_ || HoldsEntries(kind_) || name.local == current_pointer_) {
+    return ParserHandler::Leaf(name, text);
+  }
+  builder_->Leaf({name.local, nullptr, name.number}, text);
+}
+
 void SAXDALReader::BeginEntity(EntityKind kind, const char* localName) {
   builder_->Clear();
   if (cursors_) cursors_->Clear();

@@ -76,6 +76,7 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& name) override;
   void Characters(std::string_view text) override;
+  void Leaf(const ParsedName& name, std::string_view text) override;
 
   std::optional<EntityKind> KindOf(const ParsedName& name);
   void BeginEntity(EntityKind kind, const char* localName);

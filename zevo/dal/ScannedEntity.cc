@@ -40,7 +40,20 @@ void ScannedEntity::Begin(EntityKind kind, std::string_view journalId) {
 }
 
 void ScannedEntity::BeginElement(const ScannedName& name, const FilePlace& place) {
-  const uint32_t element = Small(nodes_.size());
+  AddElement(name, place);
+  open_.push_back({static_cast<uint32_t>(nodes_.size() - 1), texts_.size(), false});
+}
+
+void ScannedEntity::AddLeaf(const ScannedName& name, const FilePlace& place, std::string_view text) {
+  Node& node = AddElement(name, place);
+  const size_t begin = texts_.size();
+  texts_ += text;
+  if (!text.empty()) node.text = ExtentFrom(begin);
+  open_.back().text = texts_.size();
+}
+
+inline ScannedEntity::Node& ScannedEntity::AddElement(const ScannedName& name, const FilePlace& place) {
+  Small(nodes_.size());
   uint32_t parent = 0;
   if (open_.empty()) {
     place_ = place;
@@ -56,8 +69,7 @@ void ScannedEntity::BeginElement(const ScannedName& name, const FilePlace& place
     node.column = static_cast<uint32_t>(place.column - (node.line == 0 ? place_.column : 0));
     node.offset = Small(static_cast<uint64_t>(place.offset - place_.offset));
   }
-  nodes_.push_back(node);
-  open_.push_back({element, texts_.size(), false});
+  return nodes_.emplace_back(node);
 }
 
 FilePlace ScannedEntity::PlaceOf(size_t element) const {

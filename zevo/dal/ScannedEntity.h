@@ -59,6 +59,8 @@ class ScannedEntity {
   /// Notes an attribute of the element that has just begun. `step` is that of a path, such as "@id".
   void NoteAttribute(std::string_view step, std::string_view value);
   void EndElement();
+  /// An element inside the one that is open, with nothing but a text.
+  void AddLeaf(const ScannedName& name, const FilePlace& place, std::string_view text);
   void AppendText(std::string_view text) { texts_.append(text); }
   /// How many elements are open.
   size_t Depth() const { return open_.size(); }
@@ -104,6 +106,7 @@ class ScannedEntity {
     noted_.push_back({fault, static_cast<uint32_t>(element), step, text});
   }
   Extent ExtentFrom(size_t begin) const;
+  Node& AddElement(const ScannedName& name, const FilePlace& place);
   void EndText(Open& open);
   void NumberSiblings() const;
   std::optional<size_t> ChildOf(size_t element, std::string_view name, uint32_t ordinal) const;

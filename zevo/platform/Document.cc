@@ -121,6 +121,12 @@ void Document::AppendText(Element parent, NodeKind kind, std::string_view text, 
   AppendLeaf(parent ? parent.node() : top_, kind, name.empty() ? NameTable::kNone : names_.Add(name), text);
 }
 
+void Document::AppendElement(Element parent, uint32_t name, std::string_view text) {
+  if (text.empty()) return Trim(AppendElement(parent, name));
+  const std::string_view kept = CopyText(text);
+  static_cast<FullNode*>(AppendElement(parent, name).node())->Hold(kept);
+}
+
 void Document::AppendLeaf(Node* parent, NodeKind kind, uint32_t name, std::string_view text) {
   if (Node::HasRoomFor(kind, text)) return AppendShort(parent, kind, name, text);
   const std::string_view kept = CopyText(text);

@@ -21,6 +21,11 @@ void DocumentBuilder::StartElement(const ParsedName& name, std::span<const Parse
   if (!attributes.empty()) AppendAttributes(attributes);
 }
 
+void DocumentBuilder::Leaf(const ParsedName& name, std::string_view text) {
+  if (length_ > 0) EndText();
+  document_.AppendElement(Open(), document_.Names().AddParsed(name.number, name.local, name.prefix), text);
+}
+
 void DocumentBuilder::AppendAttributes(std::span<const ParsedAttribute> attributes) {
   for (const ParsedAttribute& attribute : attributes) {
     const ParsedName& name = attribute.name;
