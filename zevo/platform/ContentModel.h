@@ -41,6 +41,12 @@ class ContentModel {
   /// Where a child leads to; nothing where it may not follow.
   std::optional<State> Next(State state, Child child) const;
   bool MayEnd(State state) const;
+  /// How many states there are: the start, and one for each place of a child.
+  size_t States() const { return places_.size(); }
+  /// The states that may follow, each once, in the order of the model. Several may be of the same child.
+  const std::vector<State>& Following(State state) const { return places_[state].following; }
+  /// The child of a state, but for the start.
+  Child ChildOf(State state) const { return places_[state].child; }
   /// The children that may follow, each once.
   std::vector<Child> Allowed(State state) const;
   /// Whether a child may come, now or later.
