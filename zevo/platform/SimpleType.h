@@ -26,6 +26,17 @@ class SimpleType {
   /// that libxml2 does not take.
   static std::shared_ptr<const SimpleType> Restricted(std::shared_ptr<const SimpleType> base, Element restriction);
 
+  enum class WhiteSpace : uint8_t { kPreserve = 1, kReplace, kCollapse };  // libxml2's values
+  struct FreeFacet {
+    void operator()(_xmlSchemaFacet* facet) const;
+  };
+  struct Facet {
+    int32_t number;  // of the violation
+    std::string value;
+    std::unique_ptr<_xmlSchemaFacet, FreeFacet> compiled;
+  };
+  using Facets = std::deque<Facet>;  // libxml2 keeps the addresses of their values
+
   SimpleType() = default;
   SimpleType(const SimpleType&) = delete;
   SimpleType& operator=(const SimpleType&) = delete;
@@ -46,18 +57,20 @@ class SimpleType {
   /// The text with its white space as the type has it.
   std::string Normalized(std::string_view text) const;
 
- private:
-  enum class WhiteSpace : uint8_t { kPreserve = 1, kReplace, kCollapse };  // libxml2's values
-  struct FreeFacet {
-    void operator()(_xmlSchemaFacet* facet) const;
-  };
-  struct Facet {
-    int32_t number;  // of the violation
-    std::string value;
-    std::unique_ptr<_xmlSchemaFacet, FreeFacet> compiled;
-  };
-  using Facets = std::deque<Facet>;  // libxml2 keeps the addresses of their values
+  // What it is made of, for those that judge texts without libxml2.
 
+  /// The type of XML Schema's own that it restricts, or is.
+  std::string_view BuiltInName() const { return name_; }
+  WhiteSpace Space() const { return white_space_; }
+  /// What it restricts; null for XML Schema's own.
+  const SimpleType* Base() const { return base_.get(); }
+  /// The facets of this restriction alone. A text must satisfy all limits and one of the patterns of each restriction,
+  /// and be one of the values of the innermost that has values.
+  const Facets& Limits() const { return limits_; }
+  const Facets& Values() const { return enumeration_; }
+  const Facets& Patterns() const { return patterns_; }
+
+ private:
   bool IsString() const;
   bool TakesWhiteSpaceOff() const;
   bool Add(std::string_view facet, std::string_view value);
