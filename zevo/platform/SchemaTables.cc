@@ -62,6 +62,7 @@ class SchemaTables::Maker {
     for (const Element child : schema_.Children()) {
       if (child.Name() != "element") continue;
       const ElementDeclaration* declaration = Global(child);
+      tables_.globals_.push_back(declaration);
       tables_.global_.emplace(declaration->name.local, declaration);
     }
   }

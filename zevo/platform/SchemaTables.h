@@ -82,6 +82,8 @@ class SchemaTables {
   const std::string& Namespace() const { return namespace_; }
   /// A global declaration, or null.
   const ElementDeclaration* Find(std::string_view local, bool qualified) const;
+  /// All global declarations, in the order of the schema.
+  const std::vector<const ElementDeclaration*>& Globals() const { return globals_; }
 
  private:
   class Maker;
@@ -89,6 +91,7 @@ class SchemaTables {
   std::string namespace_;
   std::deque<ElementDeclaration> declarations_;
   std::deque<ElementType> types_;
+  std::vector<const ElementDeclaration*> globals_;
   TextMap<const ElementDeclaration*> global_;
 };
 

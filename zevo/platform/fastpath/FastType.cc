@@ -243,6 +243,14 @@ bool FastType::IsSureOf(std::string_view text) const {
   });
 }
 
+size_t FastType::Entries() const {
+  size_t entries = values_ ? values_->Entries() : 0;
+  for (const auto& alternatives : patterns_) {
+    for (const PatternAutomaton& pattern : alternatives) entries += pattern.Entries();
+  }
+  return entries;
+}
+
 // Whether a text is what the type makes of its white space.
 bool FastType::IsPlain(std::string_view text) const {
   if (white_space_ == SimpleType::WhiteSpace::kPreserve) return true;

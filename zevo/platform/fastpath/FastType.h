@@ -27,6 +27,9 @@ class FastType {
   /// Whether it has it for certain, without asking libxml2.
   bool IsSureOf(std::string_view text) const;
 
+  /// Of the tables of its patterns.
+  size_t Entries() const;
+
   /// Whether values can be told apart at all.
   bool HasKeys() const { return form_ == Form::kText || form_ == Form::kNumber; }
   /// For a text that the type takes: the same for equal values, and for no others, whichever types they are of. Nothing

@@ -15,7 +15,8 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kMostStates = 1'000;
+constexpr size_t kMostEntries = 16'384;  // of the table
+constexpr size_t kMostWork = 200'000;    // places that are looked at to make it
 constexpr int kMostRepetitions = 100;
 constexpr int kDepth = 50;  // of groups
 
@@ -250,7 +251,7 @@ class PatternAutomaton::Maker {
 
  private:
   using Places = std::vector<ContentModel::State>;
-  using Row = uint32_t;
+  using Row = uint16_t;
 
   // Bytes within a character beyond ASCII lead nowhere: its first byte has done so for all of it.
   static constexpr uint8_t kWithin = 0;
@@ -270,10 +271,11 @@ class PatternAutomaton::Maker {
   }
 
   Row StateOf(Places places) {
-    const auto row = static_cast<Row>(places_.size() * kinds_of_characters_.size());
+    const size_t next = places_.size() * kinds_of_characters_.size();
+    Require(next < kMostEntries || rows_.contains(places));
+    const auto row = static_cast<Row>(next);
     const auto [found, added] = rows_.emplace(std::move(places), row);
     if (added) {
-      Require(places_.size() < kMostStates);
       places_.push_back(&found->first);
       automaton_.takes_.resize(row + 1);
       automaton_.takes_[row] =
@@ -288,6 +290,8 @@ class PatternAutomaton::Maker {
     for (size_t kind = 1; kind < kinds_of_characters_.size(); ++kind) {
       Places next;
       for (const ContentModel::State place : *places_[state]) {
+        work_ += pattern_.model.Following(place).size();
+        Require(work_ <= kMostWork);
         for (const ContentModel::State following : pattern_.model.Following(place)) {
           const Reader::Atom& atom = pattern_.atoms[pattern_.model.ChildOf(following)];
           if (atom.characters[kinds_of_characters_[kind]]) next.push_back(following);
@@ -304,6 +308,7 @@ class PatternAutomaton::Maker {
   std::vector<size_t> kinds_of_characters_;  // a character of each kind
   std::map<Places, Row> rows_;
   std::vector<const Places*> places_;  // by state
+  size_t work_ = 0;
 };
 
 std::optional<PatternAutomaton> PatternAutomaton::Of(std::string_view pattern) {

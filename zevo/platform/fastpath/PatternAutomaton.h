@@ -26,6 +26,9 @@ class PatternAutomaton {
     return takes_[state];
   }
 
+  /// Of the table.
+  size_t Entries() const { return next_.size(); }
+
  private:
   class Reader;
   class Maker;
@@ -33,7 +36,7 @@ class PatternAutomaton {
   static constexpr size_t kStart = 0;
 
   std::array<uint8_t, 256> kind_of_{};  // bytes that no state tells apart are of one kind
-  std::vector<uint32_t> next_;          // a row for each state, of where each kind leads: where the row begins
+  std::vector<uint16_t> next_;          // a row for each state, of where each kind leads: where the row begins
   std::vector<bool> takes_;             // by where a row begins
 };
 
