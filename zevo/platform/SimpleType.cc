@@ -135,13 +135,15 @@ bool SimpleType::TakesWhiteSpaceOff() const {
   return false;
 }
 
-std::optional<SimpleType::Refusal> SimpleType::Check(std::string_view text) const {
+// A fault is negative where libxml2 breaks down.
+std::optional<SimpleType::Refusal> SimpleType::Judge(std::string_view text, bool breakdownRefuses) const {
   const std::string normalized = TakesWhiteSpaceOff() ? Normalized(text) : std::string(text);
   const xmlChar* const value = Xml(normalized);
   xmlSchemaVal* made = nullptr;
   const int type_fault = xmlSchemaValPredefTypeNodeNoNorm(built_in_, value, &made, nullptr);
   const std::unique_ptr<xmlSchemaVal, FreeValue> typed(made);
-  if (type_fault > 0) return Refusal{XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, std::string(name_)};
+  const auto is_refused = [&](int fault) { return fault > 0 || (breakdownRefuses && fault < 0); };
+  if (is_refused(type_fault)) return Refusal{XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1, std::string(name_)};
   const auto value_type = static_cast<xmlSchemaValType>(built_in_->builtInType);
   const auto space = static_cast<xmlSchemaWhitespaceValueType>(white_space_);
   const auto refuses = [&](const Facet& facet) {
@@ -150,7 +152,7 @@ std::optional<SimpleType::Refusal> SimpleType::Check(std::string_view text) cons
         IsLength(facet.compiled->type)
             ? xmlSchemaValidateLengthFacetWhtsp(facet.compiled.get(), value_type, value, typed.get(), &length, space)
             : xmlSchemaValidateFacetWhtsp(facet.compiled.get(), space, value_type, value, typed.get(), space);
-    return fault > 0;
+    return is_refused(fault);
   };
   for (const SimpleType* step = this; step != nullptr; step = step->base_.get()) {
     for (const Facet& facet : step->limits_) {

@@ -47,7 +47,9 @@ class SimpleType {
     std::string allowed;  // the value of the facet, or the name of the type; of an enumeration its values
   };
   /// Nothing for a text that is taken.
-  std::optional<Refusal> Check(std::string_view text) const;
+  std::optional<Refusal> Check(std::string_view text) const { return Judge(text, false); }
+  /// Whether a text is taken for certain: not where libxml2 cannot tell, as of patterns that it gives up on.
+  bool Takes(std::string_view text) const { return !Judge(text, true); }
 
   /// Whether it is a string of which every character counts.
   bool KeepsWhiteSpace() const { return IsString() && white_space_ == WhiteSpace::kPreserve; }
@@ -71,6 +73,7 @@ class SimpleType {
   const Facets& Patterns() const { return patterns_; }
 
  private:
+  std::optional<Refusal> Judge(std::string_view text, bool breakdownRefuses) const;
   bool IsString() const;
   bool TakesWhiteSpaceOff() const;
   bool Add(std::string_view facet, std::string_view value);

@@ -23,7 +23,7 @@ class FastType {
   explicit FastType(std::shared_ptr<const SimpleType> type);
 
   /// Whether the type has the text, valid UTF-8.
-  bool Takes(std::string_view text) const { return IsSureOf(text) || !type_->Check(text); }
+  bool Takes(std::string_view text) const { return IsSureOf(text) || type_->Takes(text); }
   /// Whether it has it for certain, without asking libxml2.
   bool IsSureOf(std::string_view text) const;
 
