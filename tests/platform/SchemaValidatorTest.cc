@@ -8,8 +8,10 @@
 #include <sys/socket.h>
 #include <unistd.h>
 #include <zevo/platform/CompiledSchema.h>
+#include <zevo/platform/File.h>
 #include <zevo/platform/SchemaSource.h>
 #include <zevo/platform/SchemaValidator.h>
+#include <zevo/platform/fastpath/FastPath.h>
 
 #include <optional>
 #include <string>
@@ -296,6 +298,44 @@ TEST_F(SchemaValidatorTest, TheHostsDefaultsDoNotCount) {
   xmlSubstituteEntitiesDefault(entities);
   xmlPedanticParserDefault(pedantic);
   xmlLineNumbersDefault(lines);
+}
+
+// A source that takes down how often it is read again.
+class CountedBytes : public InputBytes {
+ public:
+  using InputBytes::InputBytes;
+  void Restart() override {
+    ++restarts;
+    InputBytes::Restart();
+  }
+  int restarts = 0;
+};
+
+TEST_F(SchemaValidatorTest, AValidFileIsReadOnceAndAnotherAgainByLibxml2) {
+  const CompiledSchema& schema = Compile(kLines);
+  const auto read = [&](std::string_view document, bool valid) {
+    CountedBytes bytes(document);
+    int problems = 0;
+    SchemaValidator(schema).Validate(bytes, [&](const XmlProblem&) { return ++problems < 0; });
+    EXPECT_EQ(problems == 0, valid) << document;
+    return bytes.restarts;
+  };
+  EXPECT_EQ(read("<a><n>1</n><n>2</n></a>", true), 0);
+  EXPECT_EQ(read("<a><n>1</n><n>1</n></a>", false), 1);
+  EXPECT_EQ(read("<a><n>1</n><n></a>", false), 1);
+  EXPECT_EQ(read("<a><n>1</n><?i?></a>", true), 1);
+  SetFastPath(false);
+  EXPECT_EQ(read("<a><n>1</n><n>2</n></a>", true), 0);
+  EXPECT_EQ(read("<a><n>1</n><n>1</n></a>", false), 0);
+  SetFastPath(true);
+}
+
+TEST_F(SchemaValidatorTest, ASchemaThatTheFastPathDoesNotTakeIsLibxml2sAlone) {
+  const std::string recursive = SchemaOf(R"(<xs:element name="a" type="t"/><xs:complexType name="t"><xs:sequence>
+      <xs:element name="a" type="t" minOccurs="0"/></xs:sequence></xs:complexType>)");
+  EXPECT_EQ(Compile(recursive).Fast(), nullptr);
+  EXPECT_EQ(Verdict("<a><a/></a>", recursive), kNone);
+  EXPECT_NE(Verdict("<a><b/></a>", recursive), kNone);
 }
 
 }  // namespace

@@ -12,8 +12,11 @@
 #include <zevo/platform/SchemaDocument.h>
 #include <zevo/platform/SchemaRestrictions.h>
 #include <zevo/platform/SchemaSource.h>
+#include <zevo/platform/SchemaTables.h>
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlProblem.h>
+#include <zevo/platform/fastpath/FastPath.h>
+#include <zevo/platform/fastpath/FastSchema.h>
 
 #include <cstddef>
 #include <mutex>
@@ -101,6 +104,9 @@ void CompiledSchema::Compile(std::string_view bytes, std::string_view targetName
   compiled_.reset(xmlSchemaParse(context.get()));
   Raise(first.problem, errorSource);
   if (!compiled_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
+  if (!IsFastPathOn()) return;
+  tables_ = SchemaTables::Of(bytes);
+  if (tables_) fast_ = FastSchema::Of(*tables_);
 }
 
 }  // namespace zevo

@@ -10,7 +10,9 @@ struct _xmlSchema;  // NOLINT(bugprone-reserved-identifier): libxml2's name
 
 namespace zevo {
 
+class FastSchema;
 class SchemaSource;
+class SchemaTables;
 
 /// A compiled XML schema. A schema must be a single file without a document type declaration, and within the limits of
 /// SchemaLimits.
@@ -24,6 +26,8 @@ class CompiledSchema {
   const std::string& Name() const { return name_; }
   /// libxml2's, which lives as long as this.
   _xmlSchema* Get() const { return compiled_.get(); }
+  /// The same for the fast path; null where that is off or does not take the schema.
+  const FastSchema* Fast() const { return fast_.get(); }
 
  private:
   struct Free {
@@ -34,6 +38,9 @@ class CompiledSchema {
 
   std::string name_;
   std::unique_ptr<_xmlSchema, Free> compiled_;
+  // Shared by nobody, but made where their classes are not known.
+  std::shared_ptr<const SchemaTables> tables_;
+  std::shared_ptr<const FastSchema> fast_;
 };
 
 }  // namespace zevo

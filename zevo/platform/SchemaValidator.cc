@@ -5,8 +5,14 @@
 #include <libxml/xmlschemas.h>
 #include <zevo/Error.h>
 #include <zevo/platform/CompiledSchema.h>
+#include <zevo/platform/File.h>
 #include <zevo/platform/HostErrorHandlers.h>
 #include <zevo/platform/Parser.h>
+#include <zevo/platform/TextDecoder.h>
+#include <zevo/platform/fastpath/FastNames.h>
+#include <zevo/platform/fastpath/FastParse.h>
+#include <zevo/platform/fastpath/FastPath.h>
+#include <zevo/platform/fastpath/FastValidation.h>
 
 #include <span>
 #include <string_view>
@@ -20,6 +26,24 @@ struct NoEvents : ParserHandler {
   void Characters(std::string_view) override {}
 };
 
+// Passes what comes on the fast path to a validation.
+class ValidationEvents {
+ public:
+  explicit ValidationEvents(FastValidation& validation) : validation_(validation) {}
+
+  static bool Standalone() { return true; }
+  bool StartElement(const FastName& name, std::span<const ParsedAttribute> attributes) {
+    return validation_.StartElement(name.Parsed(), attributes);
+  }
+  bool EndElement(const FastName&) { return validation_.EndElement(); }
+  bool Leaf(const FastName& name, std::string_view text) { return validation_.Leaf(name.Parsed(), text); }
+  bool Characters(std::string_view text) { return validation_.Characters(text); }
+  static bool Comment(std::string_view) { return true; }
+
+ private:
+  FastValidation& validation_;
+};
+
 }  // namespace
 
 void SchemaValidator::Free::operator()(xmlSchemaValidCtxt* context) const { xmlSchemaFreeValidCtxt(context); }
@@ -30,9 +54,47 @@ SchemaValidator::SchemaValidator(const CompiledSchema& schema) : schema_(schema)
   if (!context_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
 }
 
-void SchemaValidator::Validate(const std::string& file, const ProblemSink& found) { Validate(Parser(file), found); }
+void SchemaValidator::Validate(const std::string& file, const ProblemSink& found) {
+  std::optional<InputFile> input;
+  try {
+    input.emplace(file);
+  } catch (const Error& error) {
+    found(UnreadableFile(error));
+    return;
+  }
+  Validate(*input, found);
+}
 
-void SchemaValidator::Validate(ByteSource& input, const ProblemSink& found) { Validate(Parser(input), found); }
+void SchemaValidator::Validate(ByteSource& input, const ProblemSink& found) {
+  if (schema_.Fast() != nullptr && IsFastPathOn() && input.CanRestart()) {
+    if (IsSurelyValid(input)) return;
+    try {
+      input.Restart();
+    } catch (const Error& error) {
+      found(UnreadableFile(error));
+      return;
+    }
+  }
+  Validate(Parser(input), found);
+}
+
+bool SchemaValidator::IsSurelyValid(ByteSource& input) const {
+  const HostErrorHandlers aside;
+  std::optional<TextDecoder> decoder;
+  try {
+    decoder.emplace(input);
+  } catch (const Error&) {
+    return false;
+  }
+  FastNames names;
+  FastValidation validation(*schema_.Fast());
+  ValidationEvents events(validation);
+  uint64_t bytes_read = 0;
+  FastParse<ValidationEvents> parse(*decoder, names, events, bytes_read);
+  auto outcome = FastOutcome::kGoesOn;
+  while (outcome == FastOutcome::kGoesOn) outcome = parse.ParsePiece();
+  return outcome == FastOutcome::kThrough && validation.IsValid();
+}
 
 void SchemaValidator::Validate(Parser parser, const ProblemSink& found) {
   const HostErrorHandlers aside;
