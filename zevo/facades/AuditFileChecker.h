@@ -24,9 +24,9 @@ namespace zevo {
 /// One fault is one finding. Amounts are judged as they are written, exactly, however long they are. What cannot be
 /// read is told once, and nothing that it takes part in.
 ///
-/// A file that the schema allows is read twice, another three times. The first time libxml2 judges it, in the memory
-/// that `AuditFile::ValidateAuditFile` takes, which is given back: some 250 bytes for each key, and each use of one,
-/// that the schema compares. Then memory does not grow with the file but for 64 bytes for each key (of a transaction
+/// A file that the schema allows is read twice, another three times or four. First the schema judges it, in the memory
+/// that `AuditFile::ValidateAuditFile` takes, which is given back: 28 bytes for each key that the schema compares or,
+/// where libxml2 has to judge, some 250 for each and for each use of one. Then memory does not grow with the file but for 64 bytes for each key (of a transaction
 /// with basis I, 160), another 300 for each series of documents and 100 for each number of a document with 20 digits or
 /// more, its accounts and the taxes of its tax table, 16 bytes for each use of a key that the file does not have before
 /// it, as many for each document that a credit note refers to (140 where the file does not have it before, and 300 for

@@ -66,34 +66,36 @@ void SchemaValidator::Validate(const std::string& file, const ProblemSink& found
 }
 
 void SchemaValidator::Validate(ByteSource& input, const ProblemSink& found) {
-  if (schema_.Fast() != nullptr && IsFastPathOn() && input.CanRestart()) {
-    if (IsSurelyValid(input)) return;
-    try {
-      input.Restart();
-    } catch (const Error& error) {
-      found(UnreadableFile(error));
-      return;
-    }
+  std::optional<XmlProblem> unreadable;
+  bool valid = false;
+  try {
+    valid = IsSurelyValid(input, unreadable);
+  } catch (const Error& error) {
+    unreadable = UnreadableFile(error);
   }
-  Validate(Parser(input), found);
+  if (unreadable) {
+    found(*unreadable);
+  } else if (!valid) {
+    Validate(Parser(input), found);
+  }
 }
 
-bool SchemaValidator::IsSurelyValid(ByteSource& input) const {
-  const HostErrorHandlers aside;
-  std::optional<TextDecoder> decoder;
-  try {
-    decoder.emplace(input);
-  } catch (const Error&) {
-    return false;
-  }
+bool SchemaValidator::IsSurelyValid(ByteSource& input, std::optional<XmlProblem>& unreadable) const {
+  if (schema_.Fast() == nullptr || !IsFastPathOn() || !input.CanRestart()) return false;
+  TextDecoder decoder(input);
   FastNames names;
   FastValidation validation(*schema_.Fast());
   ValidationEvents events(validation);
   uint64_t bytes_read = 0;
-  FastParse<ValidationEvents> parse(*decoder, names, events, bytes_read);
+  FastParse<ValidationEvents> parse(decoder, names, events, bytes_read);
+  // What is asked of libxml2 about a text must not be told to the host.
+  const HostErrorHandlers aside;
   auto outcome = FastOutcome::kGoesOn;
   while (outcome == FastOutcome::kGoesOn) outcome = parse.ParsePiece();
-  return outcome == FastOutcome::kThrough && validation.IsValid();
+  if (outcome == FastOutcome::kThrough && validation.IsValid()) return true;
+  unreadable = parse.Problem();
+  if (!unreadable) input.Restart();
+  return false;
 }
 
 void SchemaValidator::Validate(Parser parser, const ProblemSink& found) {

@@ -38,8 +38,8 @@ class SchemaValidator {
     void operator()(_xmlSchemaValidCtxt* context) const;
   };
 
-  // Whether the fast path takes all of it; it says nothing of what is wrong.
-  bool IsSurelyValid(ByteSource& input) const;
+  // Whether the fast path takes all of it; it says nothing of what is wrong with it. Otherwise the input begins again.
+  bool IsSurelyValid(ByteSource& input, std::optional<XmlProblem>& unreadable) const;
   void Validate(Parser parser, const ProblemSink& found);
 
   const CompiledSchema& schema_;
