@@ -19,6 +19,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zevo {
 
@@ -128,8 +129,9 @@ class FastParse {
 
   // Before the root and behind it.
   bool ParseOutside(const char* limit) {
-    at_ = SkipBlanks(at_);
-    if (*at_ != '<') return false;
+    const char* const blanks = std::exchange(at_, SkipBlanks(at_));
+    // For ParserLimits, those before the root belong to its tag.
+    if (*at_ != '<' || at_ - blanks > kMostTag) return false;
     if (at_ == limit) return true;
     if (at_[1] == '!') return ParseComment(limit);
     if (state_ == State::kEpilog) return false;
