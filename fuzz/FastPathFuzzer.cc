@@ -4,6 +4,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/EntityScanner.h>
+#include <zevo/dal/SAXDALReader.h>
 #include <zevo/platform/CompiledSchema.h>
 #include <zevo/platform/Document.h>
 #include <zevo/platform/DocumentBuilder.h>
@@ -71,17 +72,38 @@ Line LineOf(const Problem& problem) {
           problem.place};
 }
 
-Lines Tree(const std::string& path) {
-  Document document;
-  DocumentBuilder builder(document);
-  if (const auto problem = Parser(path).Parse(builder)) return {LineOf(*problem)};
+Line Written(const Document& document) {
   Bytes bytes;
   try {
     WriteDocumentTo(bytes, document);
   } catch (const Error& error) {
-    return {{"not written " + std::to_string(error.Number())}};
+    return {"not written " + std::to_string(error.Number())};
   }
-  return {{bytes.text}};
+  return {bytes.text};
+}
+
+Lines Tree(const std::string& path) {
+  Document document;
+  DocumentBuilder builder(document);
+  if (const auto problem = Parser(path).Parse(builder)) return {LineOf(*problem)};
+  return {Written(document)};
+}
+
+Lines Streamed(const std::string& path) {
+  Lines lines;
+  SAXDALReader reader;
+  reader.set_AuditFileName(path);
+  reader.ReadEntity = [&](const std::string& name, Element entity) {
+    lines.push_back({"streamed " + name});
+    if (entity) lines.push_back(Written(entity.Owner()));
+  };
+  try {
+    reader.OpenFile();
+    reader.ReadFile();
+  } catch (const Error& error) {
+    lines.push_back({"error " + std::to_string(error.Number()) + " " + error.Description()});
+  }
+  return lines;
 }
 
 Lines Entities(const std::string& path) {
@@ -152,11 +174,13 @@ void Compare(std::string_view bytes) {
         : parsed(testing::ToldByParser(bytes)),
           pulled(testing::ToldByPulledParse(path)),
           tree(Tree(path)),
+          streamed(Streamed(path)),
           entities(Entities(path)),
           violations(Violations(path)) {}
     Telling parsed;
     Telling pulled;
     Lines tree;
+    Lines streamed;
     Lines entities;
     Lines violations;
   };
@@ -168,6 +192,7 @@ void Compare(std::string_view bytes) {
   ExpectNoDifference(Difference(fast.parsed, slow.parsed), "Parser");
   ExpectNoDifference(Difference(fast.pulled, slow.pulled), "PulledParse");
   ExpectSame(fast.tree, slow.tree, "tree");
+  ExpectSame(fast.streamed, slow.streamed, "streamed");
   ExpectSame(fast.entities, slow.entities, "entities");
   ExpectSame(fast.violations, slow.violations, "violations");
   const bool is_decodable = CanBeDecoded(bytes);

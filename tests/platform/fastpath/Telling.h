@@ -9,6 +9,7 @@
 #include <zevo/platform/fastpath/FastPath.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -44,7 +45,8 @@ struct Telling {
   std::string broken_rule;
 };
 
-/// The first thing in which two differ; empty where they are alike. A place that was not expected to be known may be.
+/// The first thing in which two differ; empty where they are alike. A place that was not expected to be known may be,
+/// and what was expected to break a rule need not.
 std::string Difference(const Telling& found, const Telling& expected);
 
 /// Takes down what a parse tells.
@@ -75,7 +77,7 @@ class Teller final : public ParserHandler {
 
   PlaceOf place_of_;
   Telling told_;
-  std::vector<ParsedName> names_;             // by their numbers
+  std::map<std::string, uint32_t> numbers_;   // of names
   std::map<std::string, const char*> parts_;  // of names, by their text
   std::vector<ParsedName> open_;
 };
@@ -83,7 +85,7 @@ class Teller final : public ParserHandler {
 /// What Parser and PulledParse tell of a file.
 Telling ToldByParser(std::string_view bytes);
 /// With places; of a file, since that is what there is. Of one with a problem nothing is told of broken rules: libxml2
-/// may parse it anew from the beginning, whose names are other pointers.
+/// may parse it anew from the beginning, and then names are other pointers.
 Telling ToldByPulledParse(const std::string& path);
 
 /// How a parse on the fast path went, with pieces of some length.
