@@ -64,7 +64,7 @@ int Main(int argc, char** argv) {
     state.SetBytesProcessed(bytes);
     state.counters["peak_megabytes"] = PeakMegabytes();
   };
-  benchmark::RegisterBenchmark("Run", job)->Unit(benchmark::kMillisecond)->UseRealTime();
+  benchmark::RegisterBenchmark("Run", job)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
   return benchmark::RunSpecifiedBenchmarks() == 1 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
