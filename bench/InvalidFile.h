@@ -15,10 +15,9 @@ namespace zevo::bench {
 inline std::string InvalidFile(const Setting& setting) {
   std::ifstream pool(setting.Pool(), std::ios::binary);
   std::string xml{std::istreambuf_iterator<char>(pool), {}};
-  const std::string tag = "<GrossTotal>";
-  const size_t last = xml.rfind(tag);
-  Require(last != std::string::npos, "no pool");
-  xml.insert(last + tag.size(), "x");
+  const size_t name = xml.rfind("GrossTotal>");
+  Require(name != std::string::npos, "no pool");
+  xml.insert(xml.rfind('<', name), "x");
   std::ofstream(setting.Output(), std::ios::binary) << xml;
   return setting.Output();
 }
