@@ -26,14 +26,14 @@ namespace zevo {
 ///
 /// A file that the schema allows is read twice, another three times or four. First the schema judges it, in the memory
 /// that `AuditFile::ValidateAuditFile` takes, which is given back: 28 bytes for each key that the schema compares or,
-/// where libxml2 has to judge, some 250 for each and for each use of one. Then memory does not grow with the file but for 64 bytes for each key (of a transaction
-/// with basis I, 160), another 300 for each series of documents and 100 for each number of a document with 20 digits or
-/// more, its accounts and the taxes of its tax table, 16 bytes for each use of a key that the file does not have before
-/// it, as many for each document that a credit note refers to (140 where the file does not have it before, and 300 for
-/// each line of the note), and, with a public key, 256 for each signed document whose neighbours by number have not
-/// come and 16 for each signature that is wrong, another 500 for those that are told. Of a series whose dates are out
-/// of order each invoice takes another 16 bytes at the end. In a file that the schema does not allow each finding takes
-/// another 64 bytes.
+/// where libxml2 has to judge, some 250 for each and for each use of one. Then memory does not grow with the file but
+/// for 64 bytes for each key (of a transaction with basis I, 160), another 300 for each series of documents and 100 for
+/// each number of a document with 20 digits or more, its accounts and the taxes of its tax table, 16 bytes for each use
+/// of a key that the file does not have before it, as many for each document that a credit note refers to (140 where
+/// the file does not have it before, and 300 for each line of the note), and, with a public key, 256 for each signed
+/// document whose neighbours by number have not come and 16 for each signature that is wrong, another 500 for those
+/// that are told. Of a series whose dates are out of order each invoice takes another 16 bytes at the end. In a file
+/// that the schema does not allow each finding takes another 64 bytes.
 ///
 /// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
 /// success makes `AuditException` null. An object is used by one thread at a time but for what says otherwise.
