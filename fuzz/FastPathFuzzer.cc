@@ -19,7 +19,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -152,7 +151,8 @@ bool CanBeDecoded(std::string_view bytes) {
   InputBytes input(bytes);
   TextDecoder decoder(input);
   std::array<char, 4096> piece;
-  while (decoder.Read(piece.data(), piece.size()) > 0) continue;
+  while (decoder.Read(piece.data(), piece.size()) > 0) {
+  }
   return decoder.fault() == TextDecoder::Fault::kNone;
 }
 
@@ -211,7 +211,7 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t max
   if (seed % 3 == 0) return LLVMFuzzerMutate(data, size, maxSize);
   const std::string changed = zevo::fuzz::XmlMutator(seed).Mutated({reinterpret_cast<const char*>(data), size});
   if (changed.empty() || changed.size() > maxSize) return LLVMFuzzerMutate(data, size, maxSize);
-  std::memcpy(data, changed.data(), changed.size());
+  std::ranges::copy(changed, data);
   return changed.size();
 }
 
