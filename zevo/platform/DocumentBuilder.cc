@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/DocumentBuilder.h>
 
+#include <zevo/platform/Text.h>
+
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -83,7 +85,7 @@ void DocumentBuilder::EndText() {
 }
 
 std::string_view DocumentBuilder::Shared(std::string_view text) {
-  if (text.size() >= white_space_.size() || text.find_first_not_of(" \t\n\r") != std::string_view::npos) return text;
+  if (text.size() >= white_space_.size() || !IsWhiteSpace(text)) return text;
   std::string_view& known = white_space_[text.size()];
   // The same characters may lie at two addresses: those that came first are kept.
   // cppcheck-suppress duplicateConditionalAssign

@@ -5,6 +5,7 @@
 #include <zevo/Utf8.h>
 #include <zevo/platform/ByteScan.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -28,12 +29,19 @@ bool Is(std::string_view text, const char (&literal)[kSize]) {
   return text.size() == kSize - 1 && std::memcmp(text.data(), literal, kSize - 1) == 0;
 }
 
-/// Without the white space of XML at both ends: spaces, tabs and line ends.
+/// The white space of XML: spaces, tabs and line ends.
+constexpr bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+/// Without white space at both ends.
 inline std::string_view TrimWhiteSpace(std::string_view text) {
-  constexpr auto kIsWhiteSpace = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
-  while (!text.empty() && kIsWhiteSpace(text.front())) text.remove_prefix(1);
-  while (!text.empty() && kIsWhiteSpace(text.back())) text.remove_suffix(1);
+  while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsWhiteSpace(text.back())) text.remove_suffix(1);
   return text;
+}
+
+/// Whether a text has nothing but white space, or nothing at all.
+inline bool IsWhiteSpace(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return IsWhiteSpace(c); });
 }
 
 /// Whether a text holds a control character, such as a tab or a line break, or one of some other ASCII characters, of

@@ -6,6 +6,7 @@
 #include <zevo/platform/TextDecoder.h>
 
 #include <array>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -531,24 +532,24 @@ TEST(LimitsTest, FilesAboutALimitComeToTheSame) {
     EXPECT_EQ(tell("depth", depth, Nested(depth - 1, "<b/>")), depth <= 256);
     EXPECT_EQ(tell("depth", depth, Nested(depth - 1, "<b c=''>x</b>")), depth <= 256);
   }
-  for (const size_t count : {9'998, 9'999, 10'000, 10'001}) {
+  for (const size_t count : std::initializer_list<size_t>{9'998, 9'999, 10'000, 10'001}) {
     std::string names;
     for (size_t i = 1; i < count; ++i) names += "<n" + std::to_string(i) + "/>";
     EXPECT_EQ(tell("names", count, "<a>" + names + "</a>"), count <= 10'000);
     EXPECT_EQ(tell("names left early", count, "<a><n1 a=''/>" + names + "</a>"), count <= 10'000);
     EXPECT_EQ(tell("names left late", count, "<a>" + names + "<n1 a=''/><b/></a>"), count < 10'000);
   }
-  for (const size_t count : {15, 16, 17, 255, 256, 257}) {
+  for (const size_t count : std::initializer_list<size_t>{15, 16, 17, 255, 256, 257}) {
     std::string attributes;
     for (size_t i = 0; i < count; ++i) attributes += " b" + std::to_string(i) + "='c'";
     EXPECT_EQ(tell("attributes", count, "<a" + attributes + "><d>x</d></a>"), count <= 256);
   }
-  for (const size_t count : {15, 16, 17, 63, 64, 65}) {
+  for (const size_t count : std::initializer_list<size_t>{15, 16, 17, 63, 64, 65}) {
     std::string declarations;
     for (size_t i = 0; i < count; ++i) declarations += " xmlns:b" + std::to_string(i) + "='c'";
     EXPECT_EQ(tell("declarations", count, "<a" + declarations + "><b1:d>x</b1:d></a>"), count <= 64);
   }
-  for (const size_t blanks : {8'180, 8'190, 8'191, 8'192, 8'193, 65'000, 66'000}) {
+  for (const size_t blanks : std::initializer_list<size_t>{8'180, 8'190, 8'191, 8'192, 8'193, 65'000, 66'000}) {
     const std::string gap(blanks, ' ');
     const bool right = blanks < 65'536;
     EXPECT_EQ(tell("blanks", blanks, "<a><b" + gap + ">x</b><c" + gap + "/><b>y</b" + gap + "></a>"), right);
@@ -558,8 +559,8 @@ TEST(LimitsTest, FilesAboutALimitComeToTheSame) {
     EXPECT_EQ(tell("blanks", blanks, "<!--b-->" + gap + "<a/>"), right);
     EXPECT_TRUE(tell("blanks", blanks, "<a/>" + gap));
   }
-  for (const size_t length :
-       {130'900, 131'000, 131'060, 131'066, 131'068, 131'069, 131'070, 131'072, 131'080, 300'000}) {
+  for (const size_t length : std::initializer_list<size_t>{130'900, 131'000, 131'060, 131'066, 131'068, 131'069,
+                                                           131'070, 131'072, 131'080, 300'000}) {
     for (const std::string_view fill : {"x", " ", "\r", "]"}) {
       const std::string text = testing::Repeated(fill, length);
       EXPECT_TRUE(tell("text", length, "<a>" + text + "<b>" + text + "</b><c/></a>"));
@@ -567,7 +568,7 @@ TEST(LimitsTest, FilesAboutALimitComeToTheSame) {
     }
     EXPECT_TRUE(tell("text of two bytes", length, "<a>" + testing::Repeated("é", length / 2) + "<b/></a>"));
   }
-  for (const size_t length : {9'990'000, 10'000'000, 10'000'001}) {
+  for (const size_t length : std::initializer_list<size_t>{9'990'000, 10'000'000, 10'000'001}) {
     const std::string comment = "x<!--" + std::string(100'000, 'y') + "-->";
     std::string text = testing::Repeated(std::string(99'999, 'z') + "<!--c-->", length / 99'999);
     text += std::string(length % 99'999, 'z');

@@ -180,7 +180,7 @@ TEST(FastTextTest, TakesTheTextOfAComment) {
 TEST(FastTextTest, BlanksAreThoseOfXml) {
   for (int byte = 0; byte < 0x100; ++byte) {
     const char c = static_cast<char>(byte);
-    EXPECT_EQ(IsBlank(c), c == ' ' || c == '\t' || c == '\n' || c == '\r') << byte;
+    EXPECT_EQ(IsWhiteSpace(c), c == ' ' || c == '\t' || c == '\n' || c == '\r') << byte;
   }
   const InBuffer buffer(" \t\r\n\n x");
   EXPECT_EQ(buffer.Before(SkipBlanks(buffer.Begin())), " \t\r\n\n ");

@@ -236,7 +236,13 @@ class FastParse {
 
   // A text of an open element, up to the next "<".
   bool ParseText() {
-    const char* from = at_;
+    // Nearly always it is a new line with what is in front of the tag there.
+    const char* from = at_ + (*at_ == '\r' ? 1 : 0);
+    if (*from == '\n') {
+      const char* const end = SkipIndentation(from + 1);
+      if (*end == '<') return Tell(from, at_ = end);
+    }
+    from = at_;
     const char* sound = at_;
     for (;;) {
       at_ = SkipText(at_);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/fastpath/FastText.h>
 
-#include <zevo/platform/Text.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>

@@ -4,6 +4,7 @@
 
 #include <zevo/Utf8.h>
 #include <zevo/platform/ByteScan.h>
+#include <zevo/platform/Text.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -17,6 +18,8 @@ namespace zevo {
 // buffer behind the last one: nothing here looks for an end of the buffer.
 
 inline constexpr size_t kReadableBehind = 64;
+
+inline constexpr uint64_t kBlanks = 0x2020202020202020U;
 
 /// Goes on to the first byte that is no printable ASCII character, and to "<", "&" and ">".
 inline const char* SkipPlain(const char* at) {
@@ -73,10 +76,22 @@ inline const char* SkipLines(const char* at) {
   return at;
 }
 
-inline bool IsBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
+/// The blanks and tabs with which a line begins.
+inline const char* SkipIndentation(const char* at) {
+  for (;;) {
+    const uint64_t others = WordBlocks::Load(at) ^ kBlanks;
+    if (others == 0) {
+      at += WordBlocks::kBytes;
+      continue;
+    }
+    at += WordBlocks::First(others);
+    if (*at != '\t') return at;
+    ++at;
+  }
+}
 
 inline const char* SkipBlanks(const char* at) {
-  while (IsBlank(*at)) ++at;
+  while (IsWhiteSpace(*at)) ++at;
   return at;
 }
 

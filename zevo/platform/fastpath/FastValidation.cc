@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/fastpath/FastValidation.h>
 
+#include <zevo/platform/Text.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -11,11 +13,6 @@ using Content = ElementType::Content;
 
 // Of a name that was not looked up yet.
 constexpr FastSchema::Name kNotYet = UINT32_MAX;
-
-// In XML nothing below the blank but white space.
-bool IsWhiteSpace(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) <= ' '; });
-}
 
 }  // namespace
 

@@ -9,7 +9,7 @@ namespace zevo {
 namespace {
 
 bool TakeBlanks(std::string_view& text) {
-  const auto end = std::ranges::find_if_not(text, IsBlank);
+  const auto end = std::ranges::find_if_not(text, [](char c) { return IsWhiteSpace(c); });
   const auto length = static_cast<size_t>(end - text.begin());
   text.remove_prefix(length);
   return length > 0;
