@@ -106,7 +106,8 @@ TEST(SampleRecordsTest, TheSignaturesOfASignedFileAreRight) {
     return std::vector{checker.CountOf("HASH-FORM"), checker.CountOf("HASH-CTRL"), checker.CountOf("HASH-CHAIN")};
   };
   EXPECT_EQ(findings(folder.Path("signed")), (std::vector<int64_t>{0, 0, 0}));
-  EXPECT_EQ(findings(Written<AuditFileStreamWriter>(folder, "unsigned", 20, 1)), (std::vector<int64_t>{0, 0, 20}));
+  // Of 20 none is right, which is told once.
+  EXPECT_EQ(findings(Written<AuditFileStreamWriter>(folder, "unsigned", 20, 1)), (std::vector<int64_t>{0, 0, 1}));
 }
 
 }  // namespace
