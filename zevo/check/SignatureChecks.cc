@@ -84,16 +84,18 @@ std::vector<SignatureChecks::Told> SignatureChecks::WrongOnes(const DocumentTabl
   std::ranges::sort(
       wrong, [&](const Wrong& left, const Wrong& right) { return documents.IsBefore(left.document, right.document); });
   std::vector<Told> told;
-  std::optional<uint32_t> next;  // behind the last one that is told
+  constexpr int64_t kNone = -1;
+  int64_t next = kNone;  // behind the last one that is told
   for (const auto& [document, version] : wrong) {
     if (document == next) {
       told.back().next_too = true;
-      next = std::nullopt;
+      next = kNone;
       continue;
     }
     const auto kept = version->kept.find(document);
     told.push_back({document, false, kept == version->kept.end() ? nullptr : &kept->second});
-    next = documents.Neighbour(document, 1);
+    const auto neighbour = documents.Neighbour(document, 1);
+    next = neighbour ? *neighbour : kNone;
   }
   std::ranges::sort(told, {}, &Told::document);
   return told;
