@@ -281,7 +281,7 @@ class PulledParse::State {
   std::optional<XmlProblem> problem_;
 };
 
-PulledParse::PulledParse(const std::string& file, ParserHandler& handler) : file_(file), handler_(handler) {
+PulledParse::PulledParse(std::string file, ParserHandler& handler) : file_(std::move(file)), handler_(handler) {
   Begin(nullptr);
 }
 PulledParse::PulledParse(RepeatedInput& input, ParserHandler& handler) : handler_(handler) { Begin(&input); }

@@ -21,7 +21,7 @@ class RestOfEvents;
 class PulledParse {
  public:
   /// Opens the file. One that cannot be read is a problem at once. Raises error 7 when libxml2 has no memory.
-  PulledParse(const std::string& file, ParserHandler& handler);
+  PulledParse(std::string file, ParserHandler& handler);
   /// Parses, from where it stands, what can be read again. The input must outlive this.
   PulledParse(RepeatedInput& input, ParserHandler& handler);
   PulledParse(const PulledParse&) = delete;

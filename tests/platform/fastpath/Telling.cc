@@ -80,7 +80,7 @@ std::string Teller::Known(const ParsedName& name) {
     if (part == nullptr || (name.number == 0 && std::string_view(part) == "xmlns")) continue;
     if (parts_.try_emplace(part, part).first->second != part) Break("another pointer for " + std::string(part));
   }
-  const std::string text = Qualified(name);
+  std::string text = Qualified(name);
   if (name.number == 0) return text;
   const auto [known, is_new] = numbers_.try_emplace(text, name.number);
   if (known->second != name.number) Break("another number for " + text);
