@@ -31,7 +31,7 @@ namespace {
 
 // None where the rule that looks at signatures is off: to verify them takes long.
 const PublicKeys& KeysFor(const Findings& findings, const PublicKeys& keys) {
-  static const PublicKeys kNone;
+  static const PublicKeys kNone{};
   return findings.IsOn(*RuleOf("HASH-CHAIN")) ? keys : kNone;
 }
 

@@ -26,9 +26,13 @@ SignatureChecks::OfVersion& SignatureChecks::VersionOf(const HashChain::Link& li
     return std::ranges::find(versions_, version, &OfVersion::version);
   };
   if (const auto found = find(link.version); found != versions_.end()) return *found;
-  if (versions_.size() < kMostVersions) return versions_.emplace_back(OfVersion{.version = link.version});
-  const auto other = find(std::nullopt);
-  return other != versions_.end() ? *other : versions_.emplace_back(OfVersion{.version = {}});
+  std::optional<int32_t> version = link.version;
+  if (versions_.size() >= kMostVersions) {
+    version.reset();
+    if (const auto others = find(version); others != versions_.end()) return *others;
+  }
+  versions_.push_back({.version = version});
+  return versions_.back();
 }
 
 void SignatureChecks::TakeWrong(const HashChain::Link& link) {

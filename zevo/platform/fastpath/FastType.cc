@@ -17,11 +17,13 @@ constexpr size_t kMostDigits = 18;  // of a number: what 64 bits hold
 constexpr size_t kMostCounted = 1'000'000'000;
 constexpr int64_t kOne = 1'000'000'000'000'000'000;
 
-constexpr auto kPowersOfTen = [] {
-  std::array<int64_t, kMostDigits + 1> powers{1};
+constexpr std::array<int64_t, kMostDigits + 1> PowersOfTen() {
+  std::array<int64_t, kMostDigits + 1> powers{};
+  powers[0] = 1;
   for (size_t i = 1; i < powers.size(); ++i) powers[i] = 10 * powers[i - 1];
   return powers;
-}();
+}
+constexpr std::array<int64_t, kMostDigits + 1> kPowersOfTen = PowersOfTen();
 
 bool IsAsciiDigit(char c) { return c >= '0' && c <= '9'; }
 

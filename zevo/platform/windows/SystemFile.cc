@@ -138,9 +138,8 @@ int64_t PositionOf(int descriptor) { return IsRegular(descriptor) ? _lseeki64(de
 int SeekTo(int descriptor, int64_t position) { return _lseeki64(descriptor, position, SEEK_SET) == position ? 0 : -1; }
 
 FileStamp StampOf(int descriptor) {
-  const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
   BY_HANDLE_FILE_INFORMATION about{};
-  if (!IsRegular(descriptor) || GetFileInformationByHandle(handle, &about) == 0) return {};
+  if (!IsRegular(descriptor) || GetFileInformationByHandle(HandleOf(descriptor), &about) == 0) return {};
   const auto joined = [](DWORD high, DWORD low) { return static_cast<int64_t>(uint64_t{high} << 32 | low); };
   return {.size = joined(about.nFileSizeHigh, about.nFileSizeLow),
           .written = joined(about.ftLastWriteTime.dwHighDateTime, about.ftLastWriteTime.dwLowDateTime)};
