@@ -39,7 +39,8 @@ CompactKey::CompactKey(std::string_view key) {
 uint64_t CompactKey::Hash() const {
   const uint64_t form = words_.back() >> kFormShift;
   if (form == kLong) return words_[0];
-  return KeyedHash({reinterpret_cast<const char*>(words_.data()), (form / kWordBytes + 1) * kWordBytes});
+  return KeyedHash(
+      {reinterpret_cast<const char*>(words_.data()), static_cast<size_t>(form / kWordBytes + 1) * kWordBytes});
 }
 
 }  // namespace zevo

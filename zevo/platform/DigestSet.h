@@ -33,7 +33,9 @@ class DigestSet {
 
   static size_t SlotOf(const Segment& segment, const Digest& digest);
   static bool Put(Segment& segment, const Digest& digest);
-  size_t SegmentOf(const Digest& digest) const { return (digest[0] >> kSegmentShift) & (segments_.size() - 1); }
+  size_t SegmentOf(const Digest& digest) const {
+    return static_cast<size_t>(digest[0] >> kSegmentShift) & (segments_.size() - 1);
+  }
   void Divide();
 
   static constexpr unsigned kSegmentShift = 58;
