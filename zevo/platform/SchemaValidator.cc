@@ -38,7 +38,7 @@ class ValidationEvents {
   bool EndElement(const FastName&) { return validation_.EndElement(); }
   bool Leaf(const FastName& name, std::string_view text) { return validation_.Leaf(name.Parsed(), text); }
   bool Characters(std::string_view text) { return validation_.Characters(text); }
-  static bool Comment(std::string_view) { return true; }
+  bool Comment(std::string_view text) { return validation_.Comment(text); }
 
  private:
   FastValidation& validation_;

@@ -4,10 +4,10 @@
 
 namespace zevo {
 
-/// Whether files are tried on the fast path before libxml2 gets them. Off where the library was built without it
-/// (ZEVO_FAST_PATH=OFF) and where the environment variable ZEVO_FAST_PATH was "off" when this was asked first.
+/// Whether files are tried on the fast path before libxml2 gets them. Never where the library was built with
+/// ZEVO_FAST_PATH=OFF; otherwise unless the environment variable ZEVO_FAST_PATH was "off" when this was asked first.
 bool IsFastPathOn();
-/// For tests: has their own way until they say otherwise.
+/// For tests: switches it for the whole process. Does nothing where the library was built with it off.
 void SetFastPath(bool on);
 
 }  // namespace zevo

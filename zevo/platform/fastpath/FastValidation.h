@@ -23,7 +23,6 @@ class FastValidation {
   /// The schema must outlive this. For one file only.
   explicit FastValidation(const FastSchema& schema);
 
-  bool Standalone() { return true; }
   /// Attributes other than declarations of namespaces, and any but on the root, give the file up.
   bool StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes);
   bool EndElement();
