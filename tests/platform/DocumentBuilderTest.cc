@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <zevo/platform/DocumentBuilder.h>
 
+#include <cstdint>
+#include <initializer_list>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -178,10 +180,36 @@ TEST(DocumentBuilderTest, WhiteSpaceOfEveryLengthAndKindIsKept) {
 TEST(DocumentBuilderTest, SharedWhiteSpaceDoesNotChangeWithOneElement) {
   const Parsing parsing;
   Document document;
-  parsing.Load(document, "<a> <b k='v'> </b> <c> </c> </a>");
+  parsing.Load(document, "<a>\n <b k='v'>\n </b>\n <c>\n </c>\n </a>");
   document.SetText(document.FirstChild(document.Root(), "b"), "x");
   document.SetText(document.FirstChild(document.Root(), "c"), "y");
-  EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a> <b k=\"v\">x</b> <c>y</c> </a>"));
+  EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", "<a>\n <b k=\"v\">x</b>\n <c>y</c>\n </a>"));
+}
+
+TEST(DocumentBuilderTest, ATextMayBeginAsIndentationDoes) {
+  Document document;
+  DocumentBuilder builder(document);
+  uint32_t names = 1;
+  const auto element = [&](const char* name, std::initializer_list<std::string_view> pieces) {
+    const ParsedName parsed{name, nullptr, ++names};
+    builder.StartElement(parsed, {});
+    for (const std::string_view piece : pieces) builder.Characters(piece);
+    builder.EndElement(parsed);
+  };
+  builder.StartElement({"a", nullptr, 1}, {});
+  element("b", {"\n "});
+  builder.Characters("\n ");
+  element("c", {"\n", " ", "x"});
+  builder.Characters("\n");
+  builder.Characters(" y");
+  element("d", {"x", "\n "});
+  builder.Characters("\n ");
+  builder.Characters("\n ");
+  builder.EndElement({"a", nullptr, 1});
+  EXPECT_EQ(testing::BytesOf(document),
+            Declared("windows-1252", "<a><b>\n </b>\n <c>\n x</c>\n y<d>x\n </d>\n \n </a>"));
+  document.SetText(document.FirstChild(document.Root(), "b"), "x");
+  EXPECT_EQ(document.FirstChild(document.Root(), "b").AllText(), "x");
 }
 
 // Short texts lie in their nodes, longer ones apart.

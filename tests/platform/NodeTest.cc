@@ -36,7 +36,7 @@ TEST_P(ShortNode, HoldsATextThatItHasRoomForAndNothingElse) {
     Node& node = memory.node;
     node.parent = 1;
     node.next = 2;
-    node.tag = Node::TagOf(kind, kind == NodeKind::kText ? NameTable::kNone : NameTable::kMostNames);
+    node.tag = Node::TagOf(kind, NameTable::kMostNames);
     node.HoldShort(text);
     EXPECT_EQ(node.Text(), text);
     EXPECT_TRUE(node.HoldsText());
@@ -45,9 +45,7 @@ TEST_P(ShortNode, HoldsATextThatItHasRoomForAndNothingElse) {
     EXPECT_EQ(node.Kind(), kind);
     EXPECT_EQ(node.parent, 1u);
     EXPECT_EQ(node.next, 2u);
-    if (kind != NodeKind::kText) {
-      EXPECT_EQ(node.Name(), NameTable::kMostNames);
-    }
+    EXPECT_EQ(node.Name(), NameTable::kMostNames);
     // Nothing beyond the words that it is said to take.
     if (Node::WordsBehind(kind, text) == 0) {
       EXPECT_EQ(memory.node.length, 0u);
@@ -58,9 +56,37 @@ TEST_P(ShortNode, HoldsATextThatItHasRoomForAndNothingElse) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryKind, ShortNode,
-                         ::testing::Values(ShortKind{NodeKind::kText, 3}, ShortKind{NodeKind::kElement, 4},
-                                           ShortKind{NodeKind::kCData, 4}, ShortKind{NodeKind::kComment, 4},
-                                           ShortKind{NodeKind::kInstruction, 4}, ShortKind{NodeKind::kAttribute, 4}));
+                         ::testing::Values(ShortKind{NodeKind::kElement, 4}, ShortKind{NodeKind::kCData, 4},
+                                           ShortKind{NodeKind::kComment, 4}, ShortKind{NodeKind::kInstruction, 4},
+                                           ShortKind{NodeKind::kAttribute, 4}));
+
+TEST(NodeTest, ATextNodeOf12BytesHoldsAnyIndentation) {
+  for (const char blank : {' ', '\t'}) {
+    for (size_t length = 1; length <= Node::kMostIndentation; ++length) {
+      const std::string text = "\n" + std::string(length - 1, blank);
+      ASSERT_TRUE(Node::HasRoomFor(NodeKind::kText, text)) << length;
+      EXPECT_EQ(Node::WordsBehind(NodeKind::kText, text), 0U);
+      EXPECT_EQ((std::string_view{Node::Indentation(text), length}), text);
+      Node node{.parent = 1, .next = 2, .tag = Node::TagOf(NodeKind::kText, NameTable::kNone)};
+      node.HoldShort(text);
+      EXPECT_EQ(node.Text(), text);
+      EXPECT_TRUE(node.HoldsText());
+      EXPECT_TRUE(node.IsShort());
+      EXPECT_FALSE(node.IsPrefixed());
+      EXPECT_EQ(node.Kind(), NodeKind::kText);
+      EXPECT_EQ(node.parent, 1U);
+      EXPECT_EQ(node.next, 2U);
+    }
+    EXPECT_FALSE(Node::HasRoomFor(NodeKind::kText, "\n" + std::string(Node::kMostIndentation, blank)));
+  }
+}
+
+TEST(NodeTest, NoOtherTextIsAnIndentation) {
+  for (const std::string_view text :
+       {"", " ", "\t", "\r", "\r\n", "\n\n", "\n \t", "\n\t ", "\n  x", "\nx  ", "\n \n ", " \n", "x"}) {
+    EXPECT_FALSE(Node::HasRoomFor(NodeKind::kText, text)) << ::testing::PrintToString(text);
+  }
+}
 
 TEST(NodeTest, AFullNodeHoldsTextOrChildren) {
   FullNode node{};

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/platform/DocumentBuilder.h>
 
-#include <zevo/platform/Text.h>
-
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -14,7 +12,6 @@ void DocumentBuilder::Clear() {
   open_.clear();
   text_ = nullptr;
   length_ = room_ = 0;
-  white_space_ = {};
 }
 
 void DocumentBuilder::StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) {
@@ -46,8 +43,13 @@ void DocumentBuilder::EndElement(const ParsedName&) {
   const bool empty = !static_cast<const FullNode*>(Open().node())->HasChildren();
   if (length_ > 0) {
     if (empty) {
-      document_.KeepText(length_);
-      document_.AdoptText(Open(), {text_, length_});
+      std::string_view text(text_, length_);
+      if (room_ == 0) {
+        text = document_.CopyText(text);
+      } else {
+        document_.KeepText(length_);
+      }
+      document_.AdoptText(Open(), text);
       length_ = room_ = 0;
     } else {
       EndText();
@@ -59,38 +61,30 @@ void DocumentBuilder::EndElement(const ParsedName&) {
 }
 
 void DocumentBuilder::Characters(std::string_view text) {
-  // An empty CDATA section comes as an empty text, for which `text_` may still be null.
+  // An empty CDATA section comes as an empty text.
   if (text.empty()) return;
-  if (length_ + text.size() > room_) {
-    room_ = std::max(length_ + text.size(), 2 * room_);
-    char* roomier = document_.ReserveText(room_);
-    if (length_ > 0 && roomier != text_) std::memcpy(roomier, text_, length_);
-    text_ = roomier;
+  if (length_ == 0) {
+    text_ = Node::Indentation(text);
+    if (text_ != nullptr) {
+      length_ = text.size();
+      return;
+    }
   }
-  std::memcpy(text_ + length_, text.data(), text.size());
+  if (length_ + text.size() > room_) room_ = std::max(length_ + text.size(), 2 * room_);
+  char* const arena = document_.ReserveText(room_);
+  if (length_ > 0 && arena != text_) std::memcpy(arena, text_, length_);
+  std::memcpy(arena + length_, text.data(), text.size());
+  text_ = arena;
   length_ += text.size();
 }
 
 void DocumentBuilder::EndText() {
   const std::string_view text(text_, length_);
-  if (Node::HasRoomFor(NodeKind::kText, text)) {
-    length_ = room_ = 0;
-    document_.AppendShortText(Open(), text);
-    return;
-  }
-  const std::string_view shared = Shared(text);
-  if (shared.data() == text.data()) document_.KeepText(length_);
+  const bool indentation = room_ == 0;
   length_ = room_ = 0;
-  document_.AppendAdoptedText(Open(), shared);
-}
-
-std::string_view DocumentBuilder::Shared(std::string_view text) {
-  if (text.size() >= white_space_.size() || !IsWhiteSpace(text)) return text;
-  std::string_view& known = white_space_[text.size()];
-  // The same characters may lie at two addresses: those that came first are kept.
-  // cppcheck-suppress duplicateConditionalAssign
-  if (known != text) known = text;
-  return known;
+  if (indentation) return document_.AppendShortText(Open(), text);
+  document_.KeepText(text.size());
+  document_.AppendAdoptedText(Open(), text);
 }
 
 void DocumentBuilder::CData(std::string_view text) {

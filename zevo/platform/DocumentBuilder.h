@@ -5,7 +5,6 @@
 #include <zevo/platform/Document.h>
 #include <zevo/platform/Parser.h>
 
-#include <array>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -36,16 +35,13 @@ class DocumentBuilder final : public ParserHandler {
   // Kept apart from the code that every element runs through.
   [[gnu::noinline]] void AppendAttributes(std::span<const ParsedAttribute> attributes);
   void EndText();
-  std::string_view Shared(std::string_view text);
 
   Document& document_;
   std::vector<Element> open_;
-  // The text that is being put together at the end of the document's arena.
-  char* text_ = nullptr;
+  // The text that has come so far: an indentation that Node keeps, or at the end of the document's arena.
+  const char* text_ = nullptr;
   size_t length_ = 0;
-  size_t room_ = 0;
-  // The last white space between elements of each length: indentation repeats itself, so equal ones share one text.
-  std::array<std::string_view, 64> white_space_;
+  size_t room_ = 0;  // in the arena
 };
 
 }  // namespace zevo

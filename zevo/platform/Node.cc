@@ -4,7 +4,9 @@
 namespace zevo {
 
 std::string_view Node::TextOfShort() const {
-  return HoldsText() ? std::string_view(ShortText(), (tag >> kShortShift) - 1) : std::string_view();
+  if (!HoldsText()) return {};
+  if (Kind() == NodeKind::kText) return {KeptIndentation(Name() & kTabs), Name() & (kTabs - 1)};
+  return {ShortText(), (tag >> kShortShift) - 1};
 }
 
 }  // namespace zevo

@@ -4,7 +4,7 @@
 
 #include <zevo/platform/NameTable.h>
 
-#include <bit>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -15,7 +15,8 @@ namespace zevo {
 enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, kInstruction, kAttribute };
 
 /// A node of a document as it lies in memory, linked by 32-bit references that the document resolves. This is all that
-/// a short node has: one that came without content or with a text that lies in the node itself.
+/// a short node has: one that came without content, a text node that is an indentation, or another node with a text
+/// that lies behind it.
 struct Node {
   uint32_t parent;
   uint32_t next;
@@ -29,10 +30,14 @@ struct Node {
   static constexpr uint32_t kHoldsText = 1U << 27;
   static constexpr uint32_t kPrefixed = 1U << 28;  // the name has a prefix
   static constexpr uint32_t kShortShift = 29;      // one more than the length of a short node's text
-  // The greatest lengths of a text that lies in the bits for the name, as a text node has no name, and of one that lies
-  // behind the node.
-  static constexpr size_t kShortest = 3;
+  // The greatest length of a text that lies behind a short node.
   static constexpr size_t kShortText = 4;
+
+  // An indentation is a line feed and spaces, or a line feed and tabs, and no longer than this. Every second node of
+  // many files is one. It lies in the bits for the name, as a text node has no name: its length, and what it is made
+  // of.
+  static constexpr size_t kMostIndentation = 64;
+  static constexpr uint32_t kTabs = 1U << 8;
 
   static constexpr uint32_t TagOf(NodeKind kind, uint32_t name) {
     return (name & kNameMask) | static_cast<uint32_t>(kind) << kKindShift;
@@ -49,8 +54,14 @@ struct Node {
   [[gnu::always_inline]] inline std::string_view Text() const;
 
   /// Whether a short node has room for a text.
-  static constexpr bool HasRoomFor(NodeKind kind, std::string_view text) {
-    return text.size() <= (kind == NodeKind::kText ? kShortest : kShortText);
+  static bool HasRoomFor(NodeKind kind, std::string_view text) {
+    return kind == NodeKind::kText ? Indentation(text) != nullptr : text.size() <= kShortText;
+  }
+  /// The same text where it is kept for all nodes; null for one that is no indentation.
+  static const char* Indentation(std::string_view text) {
+    if (text.empty() || text.front() != '\n' || text.size() > kMostIndentation) return nullptr;
+    const char* const kept = KeptIndentation(text.back() == '\t' ? kTabs : 0);
+    return std::memcmp(text.data(), kept, text.size()) == 0 ? kept : nullptr;
   }
   /// How many words the text of a short node takes behind it.
   static constexpr uint32_t WordsBehind(NodeKind kind, std::string_view text) {
@@ -58,14 +69,26 @@ struct Node {
   }
   /// Makes it a short node, which it stays.
   void HoldShort(std::string_view text) {
+    if (Kind() == NodeKind::kText) {
+      tag = TagOf(NodeKind::kText, static_cast<uint32_t>(text.size()) | (text.back() == '\t' ? kTabs : 0)) |
+            kHoldsText | 1U << kShortShift;
+      return;
+    }
     if (!text.empty()) std::memcpy(const_cast<char*>(ShortText()), text.data(), text.size());
     tag |= kHoldsText | static_cast<uint32_t>(text.size() + 1) << kShortShift;
   }
 
  private:
-  const char* ShortText() const {
-    if (Kind() != NodeKind::kText) return reinterpret_cast<const char*>(this + 1);
-    return reinterpret_cast<const char*>(&tag) + (std::endian::native == std::endian::little ? 0 : 1);
+  const char* ShortText() const { return reinterpret_cast<const char*>(this + 1); }
+  static const char* KeptIndentation(uint32_t tabs) {
+    static constexpr auto kKept = [] {
+      std::array<std::array<char, kMostIndentation>, 2> kept{};
+      kept[0].fill(' ');
+      kept[1].fill('\t');
+      kept[0][0] = kept[1][0] = '\n';
+      return kept;
+    }();
+    return kKept[tabs == 0 ? 0 : 1].data();
   }
   // The text of any node but a full one that holds it.
   std::string_view TextOfShort() const;
