@@ -12,7 +12,7 @@
 namespace zevo {
 namespace {
 
-constexpr size_t kBufferSize = size_t{256} * 1024;
+constexpr size_t kBufferSize = size_t{64} * 1024;
 
 // The bytes 0x80 to 0xFF as UTF-8, three bytes each with the length behind.
 struct Utf8Sequence {
