@@ -88,6 +88,7 @@ TEST_F(DocumentTest, ElementsAreFoundByTheirLocalName) {
   EXPECT_EQ(document_.FirstChild(root_, "Header").QualifiedName(), "n1:Header");
   EXPECT_EQ(document_.FirstChild(root_, "Header").Name(), "Header");
   EXPECT_FALSE(document_.FirstChild(root_, "n1"));
+  EXPECT_TRUE(document_.MayHold(document_.Names().Find("Header")));
 }
 
 // Texts.
@@ -233,6 +234,25 @@ TEST_F(DocumentTest, WhatWasNotWindows1252IsForgottenWhenCleared) {
   document_.Clear();
   document_.AppendElement(Element(), "a");
   EXPECT_EQ(testing::BytesOf(document_), "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n<a/>\n");
+}
+
+TEST_F(DocumentTest, KnowsWhichNamesItCannotHold) {
+  const uint32_t journal = document_.Names().Add("Journal");
+  EXPECT_FALSE(document_.MayHold(journal));
+  document_.AppendElement(root_, journal, "text");
+  EXPECT_TRUE(document_.MayHold(journal));
+  document_.Clear();
+  EXPECT_FALSE(document_.MayHold(journal));
+}
+
+TEST_F(DocumentTest, KnowsWhetherThereIsOtherMarkup) {
+  for (const NodeKind kind : {NodeKind::kText, NodeKind::kCData, NodeKind::kComment, NodeKind::kInstruction}) {
+    EXPECT_FALSE(document_.MayHoldOtherMarkup());
+    document_.AppendText(root_, kind, "text", kind == NodeKind::kInstruction ? "target" : "");
+    EXPECT_EQ(document_.MayHoldOtherMarkup(), kind != NodeKind::kText);
+    document_.Clear();
+    root_ = document_.AppendElement({}, "root");
+  }
 }
 
 }  // namespace

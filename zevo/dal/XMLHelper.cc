@@ -59,20 +59,26 @@ inline uint32_t ElementTexts::Note(const Node& node) {
 }
 
 // Goes on with the walk until an element of that name is noted, the tree ends or something is met that may hide tags.
-void ElementTexts::WalkTo(uint32_t name) {
-  if (walked_ == nullptr) return;
+// Returns the element, or null.
+inline const Node* ElementTexts::WalkTo(uint32_t name) {
+  if (walked_ == nullptr) return nullptr;
   const Document& document = node_.Owner();
+  if (!document.MayHold(name) && !document.MayHoldOtherMarkup()) return nullptr;
   while (!hides_tags_) {
-    walked_ = document.Following(walked_, node_.node());
-    if (walked_ == nullptr || Note(*walked_) == name) return;
+    // Most are leaves, and so are those behind them.
+    const Node* next = walked_->HoldsText() && walked_ != node_.node() ? document.Next(walked_) : nullptr;
+    walked_ = next != nullptr ? next : document.Following(walked_, node_.node());
+    if (walked_ == nullptr) return nullptr;
+    if (Note(*walked_) == name) return walked_;
   }
+  return nullptr;
 }
 
 std::string_view ElementTexts::operator[](ElementName name) {
   const uint32_t number = name.Number();
-  if (!noted_[number]) WalkTo(number);
-  if (!noted_[number]) return hides_tags_ ? Searched(name) : std::string_view();
-  const std::string_view text = Element(const_cast<Node*>(first_[number])).LeadingText();
+  const Node* const first = noted_[number] ? first_[number] : WalkTo(number);
+  if (first == nullptr) return hides_tags_ ? Searched(name) : std::string_view();
+  const std::string_view text = first->HoldsText() ? first->Text() : Element(const_cast<Node*>(first)).LeadingText();
   return HoldsControlOrAnyOf<'&'>(text) ? Cleaned(text) : TrimSpaces(text);
 }
 

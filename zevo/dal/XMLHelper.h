@@ -32,7 +32,7 @@ class ElementTexts {
   static constexpr size_t kNames = kElementNames.size() + 1;
 
   uint32_t Note(const Node& node);
-  void WalkTo(uint32_t name);
+  const Node* WalkTo(uint32_t name);
   std::string_view Cleaned(std::string_view text);
   std::string_view Searched(ElementName name);
 

@@ -120,6 +120,10 @@ class ByteScan {
   static bool Finds(std::string_view text) {
     uint64_t word = 0;
     if (text.size() < sizeof word) {
+      if (text.size() >= sizeof word / 2) {
+        word = WordBlocks::LoadEnds<sizeof word / 2>(text.data(), text.data() + (text.size() - sizeof word / 2));
+        return WordBlocks::Find(word, Stops()) != 0;
+      }
       for (size_t i = 0; i < sizeof word; ++i) word = word << 8 | static_cast<unsigned char>(kPlain);
       for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
       return WordBlocks::Find(word, Stops()) != 0;

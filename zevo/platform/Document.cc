@@ -34,6 +34,8 @@ void Document::Clear() {
   standalone = false;
   needs_unicode = false;
   default_namespaces = 0;
+  met_.fill(false);
+  met_other_markup_ = false;
   children_.Forget();
   top_ = NewFullNode(NodeKind::kDocument, NameTable::kNone, 0);
 }
@@ -115,6 +117,7 @@ void Document::AppendAttribute(Element element, uint32_t name, std::string_view 
 }
 
 void Document::AppendText(Element parent, NodeKind kind, std::string_view text, std::string_view name) {
+  if (kind != NodeKind::kText) met_other_markup_ = true;
   if ((kind == NodeKind::kComment || kind == NodeKind::kInstruction) && !IsWindows1252(text)) {
     needs_unicode = true;
   }
@@ -197,7 +200,7 @@ Node* Document::FirstNamed(const Node* from, uint32_t local) const {
 
 Element Document::FirstChild(Element parent, uint32_t local) const {
   const Node* above = parent.node();
-  if (local == NameTable::kNone || above->HoldsText()) return Element();
+  if (local == NameTable::kNone || !MayHold(local) || above->HoldsText()) return Element();
   Node* node = First(above);
   for (size_t passed = 0; node != nullptr && passed < kPassedQuickly; ++passed, node = Next(node)) {
     if (IsNamed(node, local)) return Element(node);

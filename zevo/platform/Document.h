@@ -46,8 +46,9 @@ class Element {
   friend bool operator==(Element, Element) = default;
 
   Document& Owner() const;
-  /// The local name.
+  /// The local name, and its number in the document.
   std::string_view Name() const;
+  inline uint32_t LocalNumber() const;
   /// The name with its prefix.
   std::string_view QualifiedName() const;
   /// The text at the front of the content, up to the first markup.
@@ -127,6 +128,11 @@ class Document {
   /// looks at all its children, later calls only at those that were added since. Elements inside a key must not change
   /// after the first call.
   Element FirstChildByKey(Element parent, std::string_view name, std::string_view key, std::string_view text) const;
+
+  /// Whether an element of a local name may be in the document. False is certain: where it is, nobody need look.
+  bool MayHold(uint32_t localName) const { return met_[static_cast<uint8_t>(localName)]; }
+  /// Whether comments, CDATA sections or instructions may be in the document. False is certain.
+  bool MayHoldOtherMarkup() const { return met_other_markup_; }
 
   /// The node that follows in the order of the file, within the tree under `root`; null after the last. Attributes are
   /// passed over.
@@ -228,6 +234,8 @@ class Document {
   char* next_text_ = nullptr;  // in the last block in use
   char* texts_end_ = nullptr;
   Node* top_ = nullptr;
+  std::array<bool, 256> met_{};  // by the last byte of a name's number, which tells those of the vocabulary apart
+  bool met_other_markup_ = false;
   mutable ChildIndex children_{*this};
 };
 
@@ -237,6 +245,8 @@ inline Document::Chunk* Document::ChunkOf(const Node* node) {
 }
 inline Document& Document::Of(const Node* node) { return *ChunkOf(node)->document; }
 inline Document& Element::Owner() const { return Document::Of(node_); }
+
+inline uint32_t Element::LocalNumber() const { return Owner().Names().Local(node_->Name()); }
 
 inline uint32_t Document::Reference(const Node* node) {
   const auto within = reinterpret_cast<uintptr_t>(node) & (kChunkSize - 1);
@@ -257,8 +267,11 @@ inline Node* Document::NewNode(NodeKind kind, uint32_t name, uint32_t parent, ui
     AddChunk();
   }
   uint32_t tag = Node::TagOf(kind, name);
+  met_[static_cast<uint8_t>(name)] = true;
   if (!names_.IsPlain(name)) [[unlikely]] {
-    if (names_.Local(name) != name) tag |= Node::kPrefixed;
+    const uint32_t local = names_.Local(name);
+    if (local != name) tag |= Node::kPrefixed;
+    met_[static_cast<uint8_t>(local)] = true;
     if (!names_.IsWindows1252(name)) needs_unicode = true;
   }
   auto* node = reinterpret_cast<Node*>(next_node_);

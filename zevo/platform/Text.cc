@@ -28,12 +28,6 @@ std::string_view Leftmost(std::string_view text, int characters) {
   return text.substr(0, end);
 }
 
-std::string_view TrimSpaces(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
   std::string replaced;
   for (size_t at = text.find(from); at != std::string_view::npos; at = text.find(from)) {

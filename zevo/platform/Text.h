@@ -21,7 +21,11 @@ constexpr unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 std::string_view Leftmost(std::string_view text, int characters);
 
 /// Without the spaces (nothing but U+0020) at both ends.
-std::string_view TrimSpaces(std::string_view text);
+inline std::string_view TrimSpaces(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
 
 /// Whether a text is a literal: compared at once, where a comparison of any two texts goes through them.
 template <size_t kSize>
