@@ -3,9 +3,9 @@
 #include <zevo/dal/Cursors.h>
 #include <zevo/platform/Document.h>
 
-#include <string>
+#include <array>
+#include <cstdint>
 #include <string_view>
-#include <vector>
 
 namespace zevo {
 namespace {
@@ -13,72 +13,77 @@ namespace {
 // A tree in which a, b and a stand under the root and two more a under the second a.
 class CursorsTest : public ::testing::Test {
  protected:
-  Element Add(Element parent, std::string_view name) { return document_.AppendElement(parent, name); }
+  static constexpr std::array<std::string_view, 3> kNames{"a", "b", "c"};
+  static constexpr uint32_t kA = 1;
+  static constexpr uint32_t kB = 2;
+  static constexpr uint32_t kC = 3;
 
-  Document document_;
-  Element root_ = Add({}, "root");
-  Element first_ = Add(root_, "a");
-  Element other_ = Add(root_, "b");
-  Element second_ = Add(root_, "a");
-  Element inner_ = Add(second_, "a");
-  Element last_inner_ = Add(second_, "a");
+  Element Add(Element parent, uint32_t name) { return document_.AppendElement(parent, name); }
+
+  Document document_{kNames};
+  Element root_ = document_.AppendElement({}, "root");
+  Element first_ = Add(root_, kA);
+  Element other_ = Add(root_, kB);
+  Element second_ = Add(root_, kA);
+  Element inner_ = Add(second_, kA);
+  Element last_inner_ = Add(second_, kA);
   Cursors cursors_;
 };
 
 TEST_F(CursorsTest, WalkGivesTheSiblingsOfTheName) {
-  cursors_.Begin("a", first_);
-  EXPECT_EQ(cursors_.Next("a"), first_);
-  EXPECT_EQ(cursors_.Next("a"), second_);
-  EXPECT_FALSE(cursors_.Next("a"));
+  cursors_.Begin(kA, first_);
+  EXPECT_EQ(cursors_.Next(kA), first_);
+  EXPECT_EQ(cursors_.Next(kA), second_);
+  EXPECT_FALSE(cursors_.Next(kA));
 }
 
 TEST_F(CursorsTest, WalkIsForgottenOnlyWhenItsEndHasBeenTold) {
-  cursors_.Begin("b", other_);
-  EXPECT_TRUE(cursors_.Has("b"));
-  EXPECT_EQ(cursors_.Next("b"), other_);
-  EXPECT_TRUE(cursors_.Has("b"));
-  EXPECT_FALSE(cursors_.Next("b"));
-  EXPECT_FALSE(cursors_.Has("b"));
-  EXPECT_FALSE(cursors_.Next("b"));
+  cursors_.Begin(kB, other_);
+  EXPECT_TRUE(cursors_.Has(kB));
+  EXPECT_EQ(cursors_.Next(kB), other_);
+  EXPECT_TRUE(cursors_.Has(kB));
+  EXPECT_FALSE(cursors_.Next(kB));
+  EXPECT_FALSE(cursors_.Has(kB));
+  EXPECT_FALSE(cursors_.Next(kB));
 }
 
 TEST_F(CursorsTest, WalkOfNoElementIsKnownUntilItsEndHasBeenTold) {
-  cursors_.Begin("c", {});
-  EXPECT_TRUE(cursors_.Has("c"));
-  EXPECT_FALSE(cursors_.Next("c"));
-  EXPECT_FALSE(cursors_.Has("c"));
+  cursors_.Begin(kC, {});
+  EXPECT_TRUE(cursors_.Has(kC));
+  EXPECT_FALSE(cursors_.Next(kC));
+  EXPECT_FALSE(cursors_.Has(kC));
 }
 
 TEST_F(CursorsTest, NextWithoutAWalkGivesNothing) {
-  EXPECT_FALSE(cursors_.Has("a"));
-  EXPECT_FALSE(cursors_.Next("a"));
+  EXPECT_FALSE(cursors_.Has(kA));
+  EXPECT_FALSE(cursors_.Next(kA));
 }
 
 TEST_F(CursorsTest, NewWalkOfANameReplacesTheUnfinishedOne) {
-  cursors_.Begin("a", first_);
-  cursors_.Next("a");
-  cursors_.Begin("a", inner_);
-  EXPECT_EQ(cursors_.Next("a"), inner_);
-  EXPECT_EQ(cursors_.Next("a"), last_inner_);
-  EXPECT_FALSE(cursors_.Next("a"));
+  cursors_.Begin(kA, first_);
+  cursors_.Next(kA);
+  cursors_.Begin(kA, inner_);
+  EXPECT_EQ(cursors_.Next(kA), inner_);
+  EXPECT_EQ(cursors_.Next(kA), last_inner_);
+  EXPECT_FALSE(cursors_.Next(kA));
 }
 
 TEST_F(CursorsTest, WalksOfSeveralNamesGoOnSideBySide) {
-  cursors_.Begin("a", first_);
-  cursors_.Begin("b", other_);
-  EXPECT_EQ(cursors_.Next("a"), first_);
-  EXPECT_EQ(cursors_.Next("b"), other_);
-  EXPECT_EQ(cursors_.Next("a"), second_);
-  EXPECT_FALSE(cursors_.Next("b"));
-  EXPECT_FALSE(cursors_.Next("a"));
+  cursors_.Begin(kA, first_);
+  cursors_.Begin(kB, other_);
+  EXPECT_EQ(cursors_.Next(kA), first_);
+  EXPECT_EQ(cursors_.Next(kB), other_);
+  EXPECT_EQ(cursors_.Next(kA), second_);
+  EXPECT_FALSE(cursors_.Next(kB));
+  EXPECT_FALSE(cursors_.Next(kA));
 }
 
 TEST_F(CursorsTest, ClearedTheyForgetEveryWalk) {
-  cursors_.Begin("a", first_);
-  cursors_.Begin("b", other_);
+  cursors_.Begin(kA, first_);
+  cursors_.Begin(kB, other_);
   cursors_.Clear();
-  EXPECT_FALSE(cursors_.Has("a"));
-  EXPECT_FALSE(cursors_.Next("b"));
+  EXPECT_FALSE(cursors_.Has(kA));
+  EXPECT_FALSE(cursors_.Next(kB));
 }
 
 }  // namespace

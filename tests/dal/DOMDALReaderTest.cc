@@ -88,10 +88,11 @@ TEST_F(DOMDALReaderTest, WithoutParentFindsTheHeaderUnderTheRoot) {
 
 TEST_F(DOMDALReaderTest, WithoutParentFindsChildrenOfTheRootOnly) {
   Open(kTwoTransactions);
-  for (const std::string_view name : {"AuditFile", "Journal", "CompanyID"}) {
-    EXPECT_FALSE(reader_.GetElement(name, {}, {})) << name;
-    EXPECT_EQ(reader_.GetElements(name, {}, {})->size(), 0U) << name;
-    EXPECT_FALSE(reader_.GetFirstElement(name, {})) << name;
+  for (const ElementName name : std::initializer_list<ElementName>{"AuditFile", "Journal", "CompanyID"}) {
+    EXPECT_FALSE(reader_.GetElement(name, {})) << name.Text();
+    EXPECT_FALSE(reader_.GetElement(name.Text(), {}, {})) << name.Text();
+    EXPECT_EQ(reader_.GetElements(name.Text(), {}, {})->size(), 0U) << name.Text();
+    EXPECT_FALSE(reader_.GetFirstElement(name, {})) << name.Text();
   }
 }
 
@@ -117,6 +118,8 @@ TEST_F(DOMDALReaderTest, ElementsOfAFileWithPrefixesAreFoundByTheirLocalName) {
   const Element header = reader_.GetElement("Header", {}, {});
   ASSERT_TRUE(header);
   EXPECT_EQ(reader_.GetElement("CompanyID", header, {}).AllText(), "9");
+  EXPECT_EQ(reader_.GetElement("Header", {}), header);
+  EXPECT_EQ(reader_.GetElement("CompanyID", header).AllText(), "9");
   EXPECT_EQ(reader_.GetElements("Header", {}, "[CompanyID = \"9\"]")->size(), 1U);
 }
 

@@ -54,7 +54,7 @@ class ReaderContract : public ::testing::Test {
   }
 
   /// The texts of a child of each element that a walk comes to.
-  std::vector<std::string> Walk(std::string_view name, Element parent, std::string_view child) {
+  std::vector<std::string> Walk(ElementName name, Element parent, std::string_view child) {
     std::vector<std::string> texts;
     for (Element at = reader_.GetFirstElement(name, parent); at; at = reader_.GetNextElement(name)) {
       texts.push_back(Text(at, child));

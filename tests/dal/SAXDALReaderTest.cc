@@ -250,7 +250,11 @@ TEST_F(SAXDALReaderTest, ElementsAreAskedForFromTheEntity) {
     ++calls;
     EXPECT_EQ(reader_.GetElement("MasterFiles", {}, {}), entity);
     EXPECT_EQ(reader_.GetElement("Anything", {}, "[x = \"y\"]"), entity);
+    EXPECT_EQ(reader_.GetElement("MasterFiles", {}), entity);
     EXPECT_EQ(reader_.GetElement("Customer", entity, {}), entity);
+    EXPECT_EQ(reader_.GetElement("Customer", entity), entity);
+    EXPECT_EQ(reader_.GetElement("Contact", entity).AllText(), "a");
+    EXPECT_FALSE(reader_.GetElement("Fax", entity));
     EXPECT_EQ(reader_.GetElement("Contact", entity, {}).AllText(), "a");
     EXPECT_FALSE(reader_.GetElement("customer", entity, {}));
     EXPECT_EQ(reader_.GetFirstElement("Customer", {}), entity);
@@ -314,10 +318,10 @@ TEST_F(SAXDALReaderTest, ClosedByAHandlerItReadsOn) {
   on_entity_ = [&](const std::string&, Element entity) {
     reader_.CloseFile();
     EXPECT_FALSE(reader_.IsOpen());
-    EXPECT_EQ(reader_.GetFirstElement("a", entity), entity);
+    EXPECT_EQ(reader_.GetFirstElement("Contact", entity), entity);
   };
-  EXPECT_THAT(EventsOf("<Customer><a/></Customer><Product/>"),
-              ElementsAre("Customer: <Customer><a/></Customer>", "Product: <Product/>", "finished"));
+  EXPECT_THAT(EventsOf("<Customer><Contact/></Customer><Product/>"),
+              ElementsAre("Customer: <Customer><Contact/></Customer>", "Product: <Product/>", "finished"));
 }
 
 TEST_F(SAXDALReaderTest, CannotReadWhileClosedOrReading) {

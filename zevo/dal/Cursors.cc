@@ -5,24 +5,22 @@
 
 namespace zevo {
 
-std::vector<Cursors::Cursor>::iterator Cursors::Find(std::string_view name) {
+std::vector<Cursors::Cursor>::iterator Cursors::Find(uint32_t name) {
   return std::ranges::find(cursors_, name, &Cursor::name);
 }
 
-void Cursors::Begin(std::string_view name, Element first) {
+void Cursors::Begin(uint32_t name, Element first) {
   const auto cursor = Find(name);
   if (cursor == cursors_.end()) {
-    cursors_.push_back({std::string(name), first});
+    cursors_.push_back({name, first});
   } else {
     cursor->next = first;
   }
 }
 
-bool Cursors::Has(std::string_view name) const {
-  return std::ranges::find(cursors_, name, &Cursor::name) != cursors_.end();
-}
+bool Cursors::Has(uint32_t name) const { return std::ranges::find(cursors_, name, &Cursor::name) != cursors_.end(); }
 
-Element Cursors::Next(std::string_view name) {
+Element Cursors::Next(uint32_t name) {
   const auto cursor = Find(name);
   if (cursor == cursors_.end()) return Element();
   const Element element = cursor->next;
@@ -30,9 +28,8 @@ Element Cursors::Next(std::string_view name) {
     cursors_.erase(cursor);
     return element;
   }
-  Element next = element.NextSibling();
-  while (next && next.Name() != name) next = next.NextSibling();
-  cursor->next = next;
+  const Document& document = element.Owner();
+  cursor->next = Element(document.FirstNamed(document.Next(element.node()), name));
   return element;
 }
 

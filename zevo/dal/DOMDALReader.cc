@@ -25,6 +25,11 @@ Element DOMDALReader::Base(Element parent) const {
   return parent ? parent : document_->Root();
 }
 
+Element DOMDALReader::GetElement(ElementName name, Element parent) {
+  const Element base = Base(parent);
+  return document_->FirstChild(base, name.Number());
+}
+
 Element DOMDALReader::GetElement(std::string_view name, Element parent, std::string_view xpathQuery) {
   return SelectFirst(Base(parent), name, xpathQuery);
 }
@@ -34,13 +39,13 @@ std::optional<std::vector<Element>> DOMDALReader::GetElements(std::string_view n
   return Selection(std::string(name).append(xpathQuery)).All(Base(parent));
 }
 
-Element DOMDALReader::GetFirstElement(std::string_view name, Element parent) {
-  const Element first = SelectFirst(Base(parent), name, {});
+Element DOMDALReader::GetFirstElement(ElementName name, Element parent) {
+  const Element first = GetElement(name, parent);
   if (!cursors_) return Element();
-  cursors_->Begin(name, first);
+  cursors_->Begin(name.Number(), first);
   return GetNextElement(name);
 }
 
-Element DOMDALReader::GetNextElement(std::string_view name) { return cursors_ ? cursors_->Next(name) : Element(); }
+Element DOMDALReader::GetNextElement(ElementName name) { return cursors_ ? cursors_->Next(name.Number()) : Element(); }
 
 }  // namespace zevo

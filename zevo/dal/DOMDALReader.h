@@ -30,11 +30,12 @@ class DOMDALReader : public IDALReader {
   void CloseFile() override;
 
   // Without a document these raise error 5.
+  Element GetElement(ElementName name, Element parent) override;
   Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override;
   std::optional<std::vector<Element>> GetElements(std::string_view name, Element parent,
                                                   std::string_view xpathQuery) override;
-  Element GetFirstElement(std::string_view name, Element parent) override;
-  Element GetNextElement(std::string_view name) override;
+  Element GetFirstElement(ElementName name, Element parent) override;
+  Element GetNextElement(ElementName name) override;
 
  private:
   Element Base(Element parent) const;

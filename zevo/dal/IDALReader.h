@@ -2,6 +2,7 @@
 #ifndef ZEVO_DAL_IDALREADER_H_
 #define ZEVO_DAL_IDALREADER_H_
 
+#include <zevo/dal/ElementName.h>
 #include <zevo/platform/Document.h>
 
 #include <optional>
@@ -25,6 +26,8 @@ class IDALReader {
   virtual void ReadFile() = 0;
   virtual void CloseFile() = 0;
 
+  /// The first child of a name; nothing when there is none.
+  virtual Element GetElement(ElementName name, Element parent) = 0;
   /// The first element under `parent` that the name, with the query put behind it, selects; nothing when none does. The
   /// query is a predicate in square brackets or empty.
   virtual Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) = 0;
@@ -32,9 +35,9 @@ class IDALReader {
   virtual std::optional<std::vector<Element>> GetElements(std::string_view name, Element parent,
                                                           std::string_view xpathQuery) = 0;
   /// Begins to walk the children of a name; one walk for each name is remembered.
-  virtual Element GetFirstElement(std::string_view name, Element parent) = 0;
+  virtual Element GetFirstElement(ElementName name, Element parent) = 0;
   /// Goes on with the walk of that name; nothing at its end.
-  virtual Element GetNextElement(std::string_view name) = 0;
+  virtual Element GetNextElement(ElementName name) = 0;
 };
 
 }  // namespace zevo

@@ -16,7 +16,7 @@ void SAXDALReader::ReadFile() {
     bool& flag;
     ~Reading() { flag = false; }
   } reading{reading_ = true};
-  in_entity_ = false;
+  in_entity_ = takes_leaves_ = false;
   kinds_.clear();
   builder_.emplace(*entity_);
   parser_.emplace(file_name_);
@@ -64,10 +64,7 @@ void SAXDALReader::Characters(std::string_view text) {
 }
 
 void SAXDALReader::Leaf(const ParsedName& name, std::string_view text) {
-  // Most elements are inside an entity that takes all of them.
-  if (!in_entity_ || abort_requested_ || HoldsEntries(kind_) || name.local == current_pointer_) {
-    return ParserHandler::Leaf(name, text);
-  }
+  if (!takes_leaves_ || abort_requested_ || name.local == current_pointer_) return ParserHandler::Leaf(name, text);
   builder_->Leaf({name.local, nullptr, name.number}, text);
 }
 
@@ -76,6 +73,7 @@ void SAXDALReader::BeginEntity(EntityKind kind, const char* localName) {
   if (cursors_) cursors_->Clear();
   depth_ = 0;
   in_entity_ = true;
+  takes_leaves_ = !HoldsEntries(kind);
   kind_ = kind;
   current_name_ = localName;
   current_pointer_ = localName;
@@ -88,9 +86,14 @@ void SAXDALReader::EndInnermost(const ParsedName& name) {
 
 // An entity that ends while an element inside it is open is not well-formed by itself.
 void SAXDALReader::EndEntity() {
-  in_entity_ = false;
+  in_entity_ = takes_leaves_ = false;
   if (depth_ > 0) throw LibraryError(Message::kEntityNotXml, "SAXDALReader.EndElement");
   if (ReadEntity) ReadEntity(current_name_, entity_->Root());
+}
+
+Element SAXDALReader::GetElement(ElementName name, Element parent) {
+  if (!parent) return entity_->Root();
+  return parent.LocalNumber() == name.Number() ? parent : entity_->FirstChild(parent, name.Number());
 }
 
 Element SAXDALReader::GetElement(std::string_view name, Element parent, std::string_view xpathQuery) {
@@ -98,15 +101,15 @@ Element SAXDALReader::GetElement(std::string_view name, Element parent, std::str
   return parent.Name() == name ? parent : SelectFirst(parent, name, xpathQuery);
 }
 
-Element SAXDALReader::GetFirstElement(std::string_view name, Element parent) {
-  if (!parent) return GetElement(name, {}, {});
-  const Element first = SelectFirst(parent, name, {});
-  if (cursors_) cursors_->Begin(name, first);
+Element SAXDALReader::GetFirstElement(ElementName name, Element parent) {
+  if (!parent) return entity_->Root();
+  const Element first = entity_->FirstChild(parent, name.Number());
+  if (cursors_) cursors_->Begin(name.Number(), first);
   return GetNextElement(name);
 }
 
-Element SAXDALReader::GetNextElement(std::string_view name) {
-  return cursors_ && cursors_->Has(name) ? cursors_->Next(name) : entity_->Root();
+Element SAXDALReader::GetNextElement(ElementName name) {
+  return cursors_ && cursors_->Has(name.Number()) ? cursors_->Next(name.Number()) : entity_->Root();
 }
 
 }  // namespace zevo

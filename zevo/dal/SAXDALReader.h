@@ -57,13 +57,14 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   /// A handler may call it too; reading goes on all the same.
   void CloseFile() override { cursors_.reset(); }
 
+  Element GetElement(ElementName name, Element parent) override;
   Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override;
   /// Never a list: the reader does not know what is still to come.
   std::optional<std::vector<Element>> GetElements(std::string_view, Element, std::string_view) override {
     return std::nullopt;
   }
-  Element GetFirstElement(std::string_view name, Element parent) override;
-  Element GetNextElement(std::string_view name) override;
+  Element GetFirstElement(ElementName name, Element parent) override;
+  Element GetNextElement(ElementName name) override;
 
  private:
   /// What is known of a name.
@@ -92,7 +93,8 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   std::optional<DocumentBuilder> builder_;  // of the running parse
   std::vector<NamedKind> kinds_;            // by the numbers of names in the running parse
   bool in_entity_ = false;
-  EntityKind kind_{};  // of the entity, or of the last one
+  bool takes_leaves_ = false;  // the entity takes whatever comes, but for its end
+  EntityKind kind_{};          // of the entity, or of the last one
   std::string current_name_;
   const char* current_pointer_ = nullptr;  // the name as the parser has it, the same for every element of that name
   size_t depth_ = 0;                       // open elements of the entity

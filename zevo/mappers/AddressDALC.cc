@@ -28,7 +28,7 @@ void AddressDALC::CreateAddress(ElementName name, Element parent, IDALHelper& wr
 
 void AddressDALC::ReadAddress(ElementName name, std::shared_ptr<AddressStructure>& address, Element parent,
                               IDALReader& reader) {
-  const Element element = reader.GetElement(name.Text(), parent, {});
+  const Element element = reader.GetElement(name, parent);
   if (!element) return;
   if (!address) address = std::make_shared<AddressStructure>();
   kAddressLayout.Read(*address, element, reader);

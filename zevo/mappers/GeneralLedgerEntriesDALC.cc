@@ -29,7 +29,7 @@ void GeneralLedgerEntriesDALC::UpdateGeneralLedgerEntries(const GeneralLedgerEnt
 
 void GeneralLedgerEntriesDALC::ReadGeneralLedgerEntries(std::shared_ptr<GeneralLedgerEntries>& value,
                                                         IDALReader& reader) {
-  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  const Element section = reader.GetElement(kGeneralLedgerEntries, {});
   if (!section) throw LibraryError(Message::kEntriesExistText, "GeneralLedgerEntriesDALC.ReadGeneralLedgerEntries");
   value = std::make_shared<GeneralLedgerEntries>();
   kTotalsLayout<GeneralLedgerEntries>.Read(*value, section, reader);

@@ -53,7 +53,7 @@ void HeaderDALC::CreateHeader(const Header& value, IDALHelper& writer) {
 
 void HeaderDALC::ReadHeader(std::shared_ptr<Header>& value, IDALReader& reader) {
   value = nullptr;
-  const Element header = reader.GetElement(kHeader.Text(), {}, {});
+  const Element header = reader.GetElement(kHeader, {});
   if (!header) throw LibraryError(Message::kHeaderMissing, "HeaderDALC.ReadHeader");
   value = std::make_shared<Header>();
   kHeaderLayout.Read(*value, header, reader);

@@ -99,7 +99,7 @@ void InvoiceDALC::ReadInvoice(std::shared_ptr<Invoice>& value, IDALReader& reade
 }
 
 void InvoiceDALC::ReadFlatInvoice(std::shared_ptr<Invoice>& value, IDALReader& reader) {
-  ReadRecord(kInvoiceLayout, reader.GetElement(kInvoice.Text(), {}, {}), value, reader);
+  ReadRecord(kInvoiceLayout, reader.GetElement(kInvoice, {}), value, reader);
 }
 
 int32_t InvoiceDALC::Invoices(IDALReader& reader) {

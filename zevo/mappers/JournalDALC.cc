@@ -26,13 +26,13 @@ void JournalDALC::CreateJournal(const Journal& value, IDALHelper& writer) {
 }
 
 void JournalDALC::ReadJournal(std::shared_ptr<Journal>& value, IDALReader& reader, bool first) {
-  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  const Element section = reader.GetElement(kGeneralLedgerEntries, {});
   if (!section) throw LibraryError(Message::kEntriesMissingText, "JournalDALC.ReadJournal");
   ReadRecord(kJournalLayout, FirstOrNext(reader, kJournal, section, first), value, reader);
 }
 
 int32_t JournalDALC::Journals(IDALReader& reader) {
-  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  const Element section = reader.GetElement(kGeneralLedgerEntries, {});
   return section ? CountOf(reader, kJournal, section) : 0;
 }
 

@@ -332,7 +332,7 @@ struct SharedGroup {
   }
   template <class R, class Handle>
   void Read(R& record, const Handle& property, ElementName name, Element parent, IDALReader& reader) const {
-    const Element found = reader.GetElement(name.Text(), parent, {});
+    const Element found = reader.GetElement(name, parent);
     if (!found) return;
     auto child = std::make_shared<typename Handle::template ValueIn<R>::element_type>();
     property.set(record, child);
@@ -355,7 +355,7 @@ struct OwnedGroup {
   }
   template <class R, class Handle>
   void Read(R& record, const Handle& property, ElementName name, Element parent, IDALReader& reader) const {
-    layout.Read(*property.get(record), reader.GetElement(name.Text(), parent, {}), reader);
+    layout.Read(*property.get(record), reader.GetElement(name, parent), reader);
   }
 };
 template <class ChildLayout>
@@ -458,7 +458,7 @@ std::span<const LayoutRow> DataOf() {
 
 /// The first element of a name under `parent`, or the next one of a walk that has begun.
 inline Element FirstOrNext(IDALReader& reader, ElementName name, Element parent, bool first) {
-  return first ? reader.GetFirstElement(name.Text(), parent) : reader.GetNextElement(name.Text());
+  return first ? reader.GetFirstElement(name, parent) : reader.GetNextElement(name);
 }
 
 inline int32_t CountOf(IDALReader& reader, ElementName name, Element parent) {

@@ -55,15 +55,15 @@ void ReadMasterRecord(const RecordLayout& layout, ElementName name, std::shared_
                       bool first) {
   Element element;
   if (!first) {
-    element = reader.GetNextElement(name.Text());
-  } else if (const Element masterFiles = reader.GetElement(kMasterFiles.Text(), {}, {})) {
-    element = reader.GetFirstElement(name.Text(), masterFiles);
+    element = reader.GetNextElement(name);
+  } else if (const Element masterFiles = reader.GetElement(kMasterFiles, {})) {
+    element = reader.GetFirstElement(name, masterFiles);
   }
   ReadRecord(layout, element, value, reader);
 }
 
 inline int32_t CountMasterRecords(ElementName name, IDALReader& reader) {
-  const Element masterFiles = reader.GetElement(kMasterFiles.Text(), {}, {});
+  const Element masterFiles = reader.GetElement(kMasterFiles, {});
   return masterFiles ? CountOf(reader, name, masterFiles) : 0;
 }
 

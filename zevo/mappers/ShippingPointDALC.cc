@@ -29,7 +29,7 @@ void ShippingPointDALC::CreateShippingPointStructure(ElementName name, const Shi
 std::shared_ptr<ShippingPointStructure> ShippingPointDALC::ReadShippingPointStructure(ElementName name, Element parent,
                                                                                       IDALReader& reader) {
   std::shared_ptr<ShippingPointStructure> value;
-  ReadRecord(kShippingPointLayout, reader.GetElement(name.Text(), parent, {}), value, reader);
+  ReadRecord(kShippingPointLayout, reader.GetElement(name, parent), value, reader);
   return value;
 }
 

@@ -34,17 +34,17 @@ void TaxTableEntryDALC::CreateTaxTableEntry(const TaxTableEntry& value, IDALHelp
 void TaxTableEntryDALC::ReadTaxTableEntry(std::shared_ptr<TaxTableEntry>& value, IDALReader& reader, bool first) {
   Element element;
   if (!first) {
-    element = reader.GetNextElement(kTaxTableEntry.Text());
-  } else if (const Element masterFiles = reader.GetElement(kMasterFiles.Text(), {}, {})) {
-    const Element table = reader.GetElement(kTaxTable.Text(), masterFiles, {});
-    if (table) element = reader.GetFirstElement(kTaxTableEntry.Text(), table);
+    element = reader.GetNextElement(kTaxTableEntry);
+  } else if (const Element masterFiles = reader.GetElement(kMasterFiles, {})) {
+    const Element table = reader.GetElement(kTaxTable, masterFiles);
+    if (table) element = reader.GetFirstElement(kTaxTableEntry, table);
   }
   ReadRecord(kTaxTableEntryLayout, element, value, reader);
 }
 
 int32_t TaxTableEntryDALC::TaxTableEntrys(IDALReader& reader) {
-  const Element masterFiles = reader.GetElement(kMasterFiles.Text(), {}, {});
-  const Element table = masterFiles ? reader.GetElement(kTaxTable.Text(), masterFiles, {}) : Element();
+  const Element masterFiles = reader.GetElement(kMasterFiles, {});
+  const Element table = masterFiles ? reader.GetElement(kTaxTable, masterFiles) : Element();
   return table ? CountOf(reader, kTaxTableEntry, table) : 0;
 }
 

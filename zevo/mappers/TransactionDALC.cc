@@ -54,8 +54,8 @@ void TransactionDALC::ReadTransaction(std::shared_ptr<Transaction>& value, const
   Element journal;
   if (transactionJournal == nullptr) {
     // Looks directly under the root: there a reader that holds one entity has its journal, and a whole file has none.
-    journal = reader.GetElement(kJournal.Text(), {}, {});
-  } else if (const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
+    journal = reader.GetElement(kJournal, {});
+  } else if (const Element section = reader.GetElement(kGeneralLedgerEntries, {})) {
     journal = reader.GetElement(kJournal.Text(), section, QueryFor(*transactionJournal));
   }
   if (!journal) throw LibraryError(Message::kJournalMissing, "TransactionDALC.ReadTransaction");
@@ -67,7 +67,7 @@ int32_t TransactionDALC::Transactions(const Journal* transactionJournal, IDALRea
     const auto everywhere = reader.GetElements("//Transaction", {}, {});
     return everywhere ? static_cast<int32_t>(everywhere->size()) : 0;
   }
-  const Element section = reader.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  const Element section = reader.GetElement(kGeneralLedgerEntries, {});
   const Element journal =
       section ? reader.GetElement(kJournal.Text(), section, QueryFor(*transactionJournal)) : Element();
   return journal ? CountOf(reader, kTransaction, journal) : 0;
