@@ -176,7 +176,7 @@ TEST_F(AuditFileValidatorTest, ProgressMayEndItInEachPass) {
   const std::string valid = Large(Complete());
   const std::string invalid = Large(With("<AuditFile ", "<AuditFile id=\"1\" "));
   for (const auto& [document, last, found] :
-       {std::tuple{valid, 1, 0}, {valid, 2, 0}, {invalid, 1, 0}, {invalid, 2, 1}}) {
+       {std::tuple{valid, 1, 0}, {valid, 2, 0}, {invalid, 1, 1}, {invalid, 2, 1}}) {
     int calls = 0;
     validator_.Progress = [&, most = last](int64_t) { return ++calls < most; };
     EXPECT_FALSE(Validate(document));

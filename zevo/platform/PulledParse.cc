@@ -172,7 +172,8 @@ class PulledParse::State {
     if (!stops && !ended_) return true;
     ended_ = true;
     problem_ = run_.End();
-    if (stops) ParseWhole();
+    const bool unreadable = problem_ && problem_->fault == XmlProblem::Fault::kUnreadable;
+    if (stops && !unreadable) ParseWhole();
     return false;
   }
 
