@@ -22,11 +22,12 @@ inline constexpr size_t kReadableBehind = 64;
 inline constexpr uint64_t kBlanks = 0x2020202020202020U;
 
 /// Goes on to the first byte that is no printable ASCII character, and to "<", "&" and ">".
-inline const char* SkipPlain(const char* at) {
+template <class B = Blocks>
+const char* SkipPlain(const char* at) {
   using Special = StopBytes<0x20, true, '<', '&', '>'>;
-  for (;; at += Blocks::kBytes) {
-    const auto stops = Blocks::Find(Blocks::Load(at), Special());
-    if (stops != 0) return at + Blocks::First(stops);
+  for (;; at += B::kBytes) {
+    const auto stops = B::Find(B::Load(at), Special());
+    if (stops != 0) return at + B::First(stops);
   }
 }
 
@@ -45,9 +46,10 @@ inline size_t CharacterBytes(const char* at) {
 }
 
 /// Goes on to the first "<", "&" or carriage return. Null where something comes before that a text may not have.
-inline const char* SkipText(const char* at) {
+template <class B = Blocks>
+const char* SkipText(const char* at) {
   for (;;) {
-    at = SkipPlain(at);
+    at = SkipPlain<B>(at);
     switch (*at) {
       case '<':
       case '&':
