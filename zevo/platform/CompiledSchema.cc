@@ -83,6 +83,8 @@ CompiledSchema::CompiledSchema(const SchemaSource& schema, std::string_view targ
   }
 }
 
+CompiledSchema::~CompiledSchema() = default;
+
 void CompiledSchema::Compile(std::string_view bytes, std::string_view targetNamespace, std::string_view errorSource) {
   // libxml2 makes its table of built-in types at its first use, without a lock.
   static std::once_flag once;

@@ -21,6 +21,9 @@ class CompiledSchema {
   /// Reads and compiles a schema, which must declare for `targetNamespace`, empty for no namespace. Raises what stops
   /// it as the error of `errorSource`, with a description that names the schema.
   CompiledSchema(const SchemaSource& schema, std::string_view targetNamespace, std::string_view errorSource);
+  CompiledSchema(const CompiledSchema&) = delete;
+  CompiledSchema& operator=(const CompiledSchema&) = delete;
+  ~CompiledSchema();
 
   /// What errors call the schema.
   const std::string& Name() const { return name_; }
@@ -38,9 +41,8 @@ class CompiledSchema {
 
   std::string name_;
   std::unique_ptr<_xmlSchema, Free> compiled_;
-  // Shared by nobody, but made where their classes are not known.
-  std::shared_ptr<const SchemaTables> tables_;
-  std::shared_ptr<const FastSchema> fast_;
+  std::unique_ptr<const SchemaTables> tables_;
+  std::unique_ptr<const FastSchema> fast_;
 };
 
 }  // namespace zevo
