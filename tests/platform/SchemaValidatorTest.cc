@@ -324,6 +324,10 @@ TEST_F(SchemaValidatorTest, AValidFileIsReadOnceAndAnotherAgainByLibxml2) {
     return bytes.restarts;
   };
   EXPECT_EQ(read("<a><n>1</n><n>2</n></a>", true), 0);
+  EXPECT_EQ(read("<a xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='a.xsd'>"
+                 "<n>1</n></a>",
+                 true),
+            0);
   EXPECT_EQ(read("<a><n>1</n><n>1</n></a>", false), 1);
   EXPECT_EQ(read("<a><n>1</n><n></a>", false), 1);
   EXPECT_EQ(read("<a><n>1</n><?i?></a>", true), 1);

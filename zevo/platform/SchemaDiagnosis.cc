@@ -15,8 +15,6 @@ namespace {
 
 using Content = ElementType::Content;
 
-constexpr std::string_view kInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
-
 // Beyond this much, text that stands where there must be none is not kept.
 constexpr size_t kMostStrayText = size_t{64} * 1024;
 // Unknown children that are remembered.

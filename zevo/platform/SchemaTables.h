@@ -19,6 +19,9 @@ namespace zevo {
 
 struct ElementType;
 
+/// Of the attributes with which a file speaks of its schema.
+inline constexpr std::string_view kInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+
 /// What an element is called, as far as a schema tells names apart: its local name, and whether it is in the namespace
 /// of the schema. Where the schema has none, no name is.
 struct SchemaName {

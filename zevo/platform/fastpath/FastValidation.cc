@@ -14,13 +14,15 @@ using Content = ElementType::Content;
 // Of a name that was not looked up yet.
 constexpr FastSchema::Name kNotYet = UINT32_MAX;
 
+bool IsLocation(std::string_view name) { return name == "schemaLocation" || name == "noNamespaceSchemaLocation"; }
+
 }  // namespace
 
 FastValidation::FastValidation(const FastSchema& schema)
     : schema_(schema), tuples_(schema.Fields()), keys_(schema.Constraints().size()) {}
 
 bool FastValidation::StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) {
-  if (!attributes.empty() && (!open_.empty() || !Bind(attributes))) return false;
+  if (!attributes.empty() && (!open_.empty() || !TakeAttributes(attributes))) return false;
   const FastSchema::Way* const way = schema_.Follow(state_, NameOf(name));
   if (way == nullptr) return false;
   open_.push_back({context_, way->next});
@@ -88,19 +90,27 @@ FastSchema::Name FastValidation::NameOf(const ParsedName& name) {
 }
 
 FastSchema::Name FastValidation::Find(const ParsedName& name) const {
-  const std::string_view prefix = name.prefix == nullptr ? "" : name.prefix;
-  const auto bound = std::ranges::find(bindings_, prefix, &Binding::prefix);
-  if (bound == bindings_.end() && !prefix.empty()) return FastSchema::kNoName;
-  const std::string_view uri = bound == bindings_.end() ? std::string_view() : bound->uri;
-  if (uri.empty()) return schema_.Find(name.local, false);
-  return uri == schema_.Namespace() ? schema_.Find(name.local, true) : FastSchema::kNoName;
+  const auto uri = NamespaceOf(name.prefix == nullptr ? "" : name.prefix);
+  if (!uri) return FastSchema::kNoName;
+  if (uri->empty()) return schema_.Find(name.local, false);
+  return *uri == schema_.Namespace() ? schema_.Find(name.local, true) : FastSchema::kNoName;
 }
 
-bool FastValidation::Bind(std::span<const ParsedAttribute> attributes) {
-  for (const ParsedAttribute& attribute : attributes) {
-    const bool bare = attribute.name.prefix == nullptr;
-    if (std::string_view(bare ? attribute.name.local : attribute.name.prefix) != "xmlns") return false;
-    bindings_.push_back({bare ? "" : attribute.name.local, std::string(attribute.value)});
+std::optional<std::string_view> FastValidation::NamespaceOf(std::string_view prefix) const {
+  const auto bound = std::ranges::find(bindings_, prefix, &Binding::prefix);
+  if (bound != bindings_.end()) return bound->uri;
+  return prefix.empty() ? std::optional(std::string_view()) : std::nullopt;
+}
+
+// Declarations come before other attributes. Of those, libxml2 looks at no location, whatever it says.
+bool FastValidation::TakeAttributes(std::span<const ParsedAttribute> attributes) {
+  for (const auto& [name, value] : attributes) {
+    const bool bare = name.prefix == nullptr;
+    if (std::string_view(bare ? name.local : name.prefix) == "xmlns") {
+      bindings_.push_back({bare ? "" : name.local, std::string(value)});
+    } else if (bare || NamespaceOf(name.prefix) != kInstanceNamespace || !IsLocation(name.local)) {
+      return false;
+    }
   }
   return true;
 }

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,7 +24,8 @@ class FastValidation {
   /// The schema must outlive this. For one file only.
   explicit FastValidation(const FastSchema& schema);
 
-  /// Attributes other than declarations of namespaces, and any but on the root, give the file up.
+  /// Attributes give the file up, but on the root: declarations of namespaces, and where schemas may be found
+  /// (`xsi:schemaLocation`, `xsi:noNamespaceSchemaLocation`).
   bool StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes);
   bool EndElement();
   /// An element without attributes and with nothing but this text.
@@ -51,7 +53,9 @@ class FastValidation {
 
   FastSchema::Name NameOf(const ParsedName& name);
   FastSchema::Name Find(const ParsedName& name) const;
-  bool Bind(std::span<const ParsedAttribute> attributes);
+  // Nothing for a prefix that is not declared.
+  std::optional<std::string_view> NamespaceOf(std::string_view prefix) const;
+  bool TakeAttributes(std::span<const ParsedAttribute> attributes);
 
   static bool Takes(const Context& context, std::string_view text);
   void Begin(const FastSchema::Roles& roles);
