@@ -72,7 +72,14 @@ class PatternAutomaton::Reader {
     Require(IsAscii(pattern));
     model.Finish(Alternatives());
     Require(AtEnd());
-    for (ContentModel::State state = 0; state < model.States(); ++state) RequireOneWay(state);
+  }
+
+  /// Whether libxml2 finds all ways.
+  bool IsReadAlike() const {
+    for (ContentModel::State state = 0; state < model.States(); ++state) {
+      if (!IsReadAlikeFrom(state)) return false;
+    }
+    return true;
   }
 
   ContentModel model;
@@ -82,7 +89,7 @@ class PatternAutomaton::Reader {
   using Part = ContentModel::Part;
 
   // Several ways are found where there are only lists.
-  void RequireOneWay(ContentModel::State state) const {
+  bool IsReadAlikeFrom(ContentModel::State state) const {
     Characters before;
     bool several = false;
     bool listed = !counts_;
@@ -94,7 +101,7 @@ class PatternAutomaton::Reader {
       listed = listed && atom.listed;
       before |= characters;
     }
-    Require(!several || listed);
+    return !several || listed;
   }
 
   bool AtEnd() const { return at_ == pattern_.size(); }
@@ -193,7 +200,9 @@ class PatternAutomaton::Reader {
     if (letter == 't') return {Just('\t'), true};
     if (std::string_view("\\|.-^?*+{}()[]").find(letter) != std::string_view::npos) return {Just(letter), true};
     Require(std::string_view("sSiIcCdDwW").find(letter) != std::string_view::npos);
-    return {ClassOf(letter), false};
+    const auto [known, added] = classes_.try_emplace(letter);
+    if (added) known->second = ClassOf(letter);
+    return {known->second, false};
   }
 
   Atom Class() {
@@ -236,6 +245,7 @@ class PatternAutomaton::Reader {
   size_t at_ = 0;
   int depth_ = 0;
   bool counts_ = false;
+  std::map<char, Characters> classes_;  // by their letters
 };
 
 // Makes the table: a state stands for all places of the pattern that a text may have come to.
@@ -246,6 +256,7 @@ class PatternAutomaton::Maker {
   void Make() {
     FindKinds();
     StateOf({ContentModel::kStart});
+    StateOf({});
     for (size_t i = 0; i < places_.size(); ++i) AddRow(i);
   }
 
@@ -255,58 +266,85 @@ class PatternAutomaton::Maker {
 
   // Bytes within a character beyond ASCII lead nowhere: its first byte has done so for all of it.
   static constexpr uint8_t kWithin = 0;
+  // The state of texts that do not match, whatever follows.
+  static constexpr size_t kNowhere = 1;
 
+  // At first all characters are of one kind; each set of them divides the kinds into those that are in it and others.
   void FindKinds() {
-    std::map<std::vector<bool>, uint8_t> known;
-    kinds_of_characters_.resize(1);
+    std::array<uint8_t, kBeyondAscii + 1> kind_of;
+    kind_of.fill(1);
+    uint8_t kinds = 1;
+    std::vector<Characters> sets;
+    for (const Reader::Atom& atom : pattern_.atoms) {
+      const auto known = std::ranges::find(sets, atom.characters);
+      sets_.push_back(static_cast<size_t>(known - sets.begin()));
+      if (known != sets.end()) continue;
+      sets.push_back(atom.characters);
+      std::array<std::array<uint8_t, 2>, kBeyondAscii + 2> divided{};
+      kinds = 0;
+      for (size_t character = 0; character < kind_of.size(); ++character) {
+        uint8_t& kind = divided[kind_of[character]][atom.characters[character] ? 1 : 0];
+        if (kind == 0) kind = ++kinds;
+        kind_of[character] = kind;
+      }
+    }
+    std::vector<size_t> character_of(kinds + size_t{1});
+    for (size_t character = 0; character < kind_of.size(); ++character) character_of[kind_of[character]] = character;
+    for (const Characters& set : sets) {
+      std::vector<uint8_t>& in = kinds_of_sets_.emplace_back();
+      for (uint8_t kind = 1; kind <= kinds; ++kind) {
+        if (set[character_of[kind]]) in.push_back(kind);
+      }
+    }
+    next_.resize(kinds + size_t{1});
     for (size_t byte = 0; byte < automaton_.kind_of_.size(); ++byte) {
-      if (byte >= 0x80 && byte < 0xC0) continue;
-      const size_t character = std::min(byte, kBeyondAscii);
-      std::vector<bool> in;
-      for (const Reader::Atom& atom : pattern_.atoms) in.push_back(atom.characters[character]);
-      const auto [found, added] = known.emplace(in, static_cast<uint8_t>(kinds_of_characters_.size()));
-      if (added) kinds_of_characters_.push_back(character);
-      automaton_.kind_of_[byte] = found->second;
+      const bool within = byte >= 0x80 && byte < 0xC0;
+      automaton_.kind_of_[byte] = within ? kWithin : kind_of[std::min(byte, kBeyondAscii)];
     }
   }
 
-  Row StateOf(Places places) {
-    const size_t next = places_.size() * kinds_of_characters_.size();
-    Require(next < kMostEntries || rows_.contains(places));
-    const auto row = static_cast<Row>(next);
-    const auto [found, added] = rows_.emplace(std::move(places), row);
-    if (added) {
-      places_.push_back(&found->first);
-      automaton_.takes_.resize(row + 1);
-      automaton_.takes_[row] =
-          std::ranges::any_of(found->first, [&](ContentModel::State place) { return pattern_.model.MayEnd(place); });
-    }
-    return found->second;
+  Row RowOf(size_t state) const { return static_cast<Row>(state * next_.size()); }
+
+  Row StateOf(const Places& places) {
+    const auto [found, added] = rows_.try_emplace(places, RowOf(places_.size()));
+    if (!added) return found->second;
+    Require(places_.size() * next_.size() < kMostEntries);
+    const Row row = found->second;
+    places_.push_back(&found->first);
+    automaton_.takes_.resize(row + size_t{1});
+    automaton_.takes_[row] =
+        std::ranges::any_of(places, [&](ContentModel::State place) { return pattern_.model.MayEnd(place); });
+    return row;
   }
 
   void AddRow(size_t state) {
-    automaton_.next_.push_back(static_cast<Row>(state * kinds_of_characters_.size()));
-    static_assert(kWithin == 0);
-    for (size_t kind = 1; kind < kinds_of_characters_.size(); ++kind) {
-      Places next;
-      for (const ContentModel::State place : *places_[state]) {
-        work_ += pattern_.model.Following(place).size();
-        Require(work_ <= kMostWork);
-        for (const ContentModel::State following : pattern_.model.Following(place)) {
-          const Reader::Atom& atom = pattern_.atoms[pattern_.model.ChildOf(following)];
-          if (atom.characters[kinds_of_characters_[kind]]) next.push_back(following);
-        }
+    for (const ContentModel::State place : *places_[state]) {
+      const std::vector<ContentModel::State>& following = pattern_.model.Following(place);
+      work_ += following.size() * next_.size();
+      Require(work_ <= kMostWork);
+      for (const ContentModel::State each : following) {
+        for (const uint8_t kind : kinds_of_sets_[sets_[pattern_.model.ChildOf(each)]]) next_[kind].push_back(each);
       }
-      std::ranges::sort(next);
-      next.erase(std::unique(next.begin(), next.end()), next.end());
-      automaton_.next_.push_back(StateOf(std::move(next)));
+    }
+    const size_t row = automaton_.next_.size();
+    automaton_.next_.resize(row + next_.size(), RowOf(kNowhere));
+    automaton_.next_[row + kWithin] = RowOf(state);
+    for (size_t kind = 0; kind < next_.size(); ++kind) {
+      Places& places = next_[kind];
+      if (places.empty()) continue;
+      std::ranges::sort(places);
+      places.erase(std::unique(places.begin(), places.end()), places.end());
+      automaton_.next_[row + kind] = StateOf(places);
+      places.clear();
     }
   }
 
   PatternAutomaton& automaton_;
   const Reader& pattern_;
-  std::vector<size_t> kinds_of_characters_;  // a character of each kind
+  std::vector<size_t> sets_;                         // by the number of an atom: that of its set of characters
+  std::vector<std::vector<uint8_t>> kinds_of_sets_;  // those that are in a set
   std::map<Places, Row> rows_;
+  std::vector<Places> next_;           // by kind: where it leads from the row that is made
   std::vector<const Places*> places_;  // by state
   size_t work_ = 0;
 };
@@ -315,6 +353,8 @@ std::optional<PatternAutomaton> PatternAutomaton::Of(std::string_view pattern) {
   try {
     PatternAutomaton automaton;
     const Reader read(pattern);
+    // Not thrown: the patterns of ordinary schemas are such.
+    if (!read.IsReadAlike()) return std::nullopt;
     Maker(automaton, read).Make();
     return automaton;
   } catch (const NotRead&) {
