@@ -5,7 +5,7 @@
 #include <zevo/platform/Document.h>
 
 #include <cstdint>
-#include <deque>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,7 +35,7 @@ class SimpleType {
     std::string value;
     std::unique_ptr<_xmlSchemaFacet, FreeFacet> compiled;
   };
-  using Facets = std::deque<Facet>;  // libxml2 keeps the addresses of their values
+  using Facets = std::list<Facet>;  // libxml2 keeps the addresses of their values
 
   SimpleType() = default;
   SimpleType(const SimpleType&) = delete;
