@@ -90,14 +90,17 @@ void CompiledSchema::Compile(std::string_view bytes, std::string_view targetName
   static std::once_flag once;
   std::call_once(once, xmlSchemaInitTypes);
   // Read by our own parser first, so that a schema meets the same refusals as any file.
-  {
-    Document document;
-    LoadSchemaDocument(bytes, errorSource, document);
-    RequireModestSchema(document, targetNamespace, errorSource);
-  }
-  const std::string text = Utf8Of(bytes);
+  Document document;
+  LoadSchemaDocument(bytes, errorSource, document);
+  RequireModestSchema(document, targetNamespace, errorSource);
   const HostErrorHandlers aside;
+  CompileWithLibxml2(Utf8Of(bytes), errorSource);
+  if (!IsFastPathOn()) return;
+  tables_ = SchemaTables::Of(bytes, document);
+  if (tables_) fast_ = FastSchema::Of(*tables_);
+}
 
+void CompiledSchema::CompileWithLibxml2(const std::string& text, std::string_view errorSource) {
   FirstError first;
   const std::unique_ptr<xmlSchemaParserCtxt, FreeContext> context(
       xmlSchemaNewMemParserCtxt(text.data(), static_cast<int>(text.size())));
@@ -106,9 +109,6 @@ void CompiledSchema::Compile(std::string_view bytes, std::string_view targetName
   compiled_.reset(xmlSchemaParse(context.get()));
   Raise(first.problem, errorSource);
   if (!compiled_) throw MakeRunTimeError(RunTimeError::kOutOfMemory);
-  if (!IsFastPathOn()) return;
-  tables_ = SchemaTables::Of(bytes);
-  if (tables_) fast_ = FastSchema::Of(*tables_);
 }
 
 }  // namespace zevo

@@ -38,6 +38,7 @@ class CompiledSchema {
   };
 
   void Compile(std::string_view bytes, std::string_view targetNamespace, std::string_view errorSource);
+  void CompileWithLibxml2(const std::string& text, std::string_view errorSource);
 
   std::string name_;
   std::unique_ptr<_xmlSchema, Free> compiled_;

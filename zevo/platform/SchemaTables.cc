@@ -293,7 +293,7 @@ class SchemaTables::Maker {
   }
 
   // A path of child steps.
-  IdentityConstraint::Path PathOf(std::string_view xpath) const {
+  IdentityConstraint::Path PathOf(std::string_view xpath) {
     IdentityConstraint::Path path;
     std::string_view rest = TrimWhiteSpace(xpath);
     while (!rest.empty()) {
@@ -309,9 +309,15 @@ class SchemaTables::Maker {
     return path;
   }
 
+  bool MeansTheNamespace(std::string_view prefix) {
+    const auto [known, added] = own_prefixes_.try_emplace(std::string(prefix));
+    if (added) known->second = IsDeclaredForTheNamespace(prefix);
+    return known->second;
+  }
+
   // Whether a prefix is declared for the schema's own namespace. Declarations are not in the document: they are looked
   // for in the text.
-  bool MeansTheNamespace(std::string_view prefix) const {
+  bool IsDeclaredForTheNamespace(std::string_view prefix) const {
     const std::string declaration = std::string("xmlns:").append(prefix).append("=");
     for (size_t at = text_.find(declaration); at != std::string_view::npos; at = text_.find(declaration, at + 1)) {
       const std::string_view value = text_.substr(at + declaration.size());
@@ -334,12 +340,17 @@ class SchemaTables::Maker {
   std::unordered_map<const Node*, ElementType*> complex_types_;
   std::unordered_map<const Node*, std::shared_ptr<const SimpleType>> simple_types_;
   TextMap<const ElementType*> named_texts_;
+  TextMap<bool> own_prefixes_;  // those of paths: whether they mean the schema's namespace
 };
 
 std::unique_ptr<const SchemaTables> SchemaTables::Of(std::string_view schema) {
-  const HostErrorHandlers aside;
   Document document;
   LoadSchemaDocument(schema, {}, document);
+  return Of(schema, document);
+}
+
+std::unique_ptr<const SchemaTables> SchemaTables::Of(std::string_view schema, const Document& document) {
+  const HostErrorHandlers aside;
   auto tables = std::make_unique<SchemaTables>();
   try {
     Maker(*tables, document.Root(), schema).Make();

@@ -76,6 +76,8 @@ class SchemaTables {
   /// or texts; attributes; types derived by more than restriction of one simple type; elements that stand for others,
   /// or may be nil; defaults; identities by other paths than child by child.
   static std::unique_ptr<const SchemaTables> Of(std::string_view schema);
+  /// The same of one that LoadSchemaDocument has read into a document.
+  static std::unique_ptr<const SchemaTables> Of(std::string_view schema, const Document& document);
 
   SchemaTables() = default;
   SchemaTables(const SchemaTables&) = delete;
