@@ -42,9 +42,7 @@ class TextFileDALHelperTest : public ::testing::Test {
     writer_.CreateFile();
   }
 
-  Element Container(std::string_view name, Element parent = {}) {
-    return writer_.CreateElement(name, {}, parent, true);
-  }
+  Element Container(ElementName name, Element parent = {}) { return writer_.CreateElement(name, {}, parent, true); }
   // Closes the file; gives what stands behind the root's start tag.
   std::string Content() {
     writer_.CloseFile();

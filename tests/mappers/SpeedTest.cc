@@ -118,7 +118,7 @@ TEST(SpeedTest, CustomersThenTaxTableEntriesWhereverTheSectionStands) {
     jobs.emplace_back([&, before] {
       DOMDALHelper helper;
       helper.CreateFile();
-      for (int i = 0; i < before; ++i) helper.CreateElement("Other", {}, {}, true);
+      for (int i = 0; i < before; ++i) helper.CreateElement("Supplier", {}, {}, true);
       for (int i = 0; i < 8'000; ++i) CustomerDALC().CreateCustomer(customer, helper);
       for (int i = 0; i < 8'000; ++i) TaxTableEntryDALC().CreateTaxTableEntry(entry, helper);
     });

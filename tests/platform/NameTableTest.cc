@@ -136,6 +136,20 @@ TEST(NameTableTest, OnlyGivenNamesWithoutPrefixOrAccentsArePlain) {
   EXPECT_FALSE(mixed.IsPlain(mixed.Find("Endereço")));
 }
 
+TEST(NameTableTest, ANameIsShortUpToALengthThatCanBeReadOfEveryName) {
+  NameTable names(kVocabulary);
+  EXPECT_FALSE(names.IsShort(NameTable::kNone));
+  for (size_t length = 1; length <= NameTable::kShort + 2; ++length) {
+    const std::string text(length, 'n');
+    const uint32_t name = names.Add(text);
+    EXPECT_EQ(names.IsShort(name), length <= NameTable::kShort) << length;
+    const std::string read(names.Text(name).data(), NameTable::kShort);
+    EXPECT_EQ(read.substr(0, length), text.substr(0, NameTable::kShort));
+  }
+  EXPECT_TRUE(names.IsShort(names.Add("n:Line")));
+  EXPECT_FALSE(names.IsShort(names.Add("Endereço")));
+}
+
 TEST(NameTableTest, ANumberMayStandForAnotherNameOnceForgotten) {
   NameTable names({});
   names.AddParsed(1, "Line", nullptr);

@@ -147,6 +147,80 @@ TEST(SerializerTest, ManySmallTextsComeOutInLargePieces) {
   EXPECT_LT(sink.pieces, 50);
 }
 
+// A serializer with some names.
+class SerializerElementTest : public ::testing::Test {
+ protected:
+  uint32_t Name(std::string_view text) { return names_.Add(text); }
+  // In whichever way the serializer takes it.
+  void Write(uint32_t name, std::string_view text) {
+    if (serializer_.WritePlainElement(names_, name, text)) return;
+    serializer_.WriteStartTag(names_, name);
+    serializer_.Write(text, Escapes::kMarkup);
+    serializer_.WriteEndTag(names_, name);
+  }
+  // All that was written.
+  std::string Written() {
+    serializer_.Flush();
+    return sink_.text;
+  }
+
+  NameTable names_{{}};
+  StringSink sink_;
+  Serializer serializer_{sink_, Serializer::Encoding::kWindows1252};
+};
+
+TEST_F(SerializerElementTest, TextsOfAnyLengthAreWrittenAtOnceWhereAllOfThemIsPlain) {
+  std::string expected;
+  for (size_t length = 1; length <= 40; ++length) {
+    const std::string plain(length, '~');
+    EXPECT_TRUE(serializer_.WritePlainElement(names_, Name("City"), plain)) << length;
+    expected += "<City>" + plain + "</City>";
+    for (size_t at = 0; at < length; ++at) {
+      for (const char other : {'&', '<', '>', '"', '\t', '\r', '\0', '\x1F', '\x80', '\xC3'}) {
+        std::string text = plain;
+        text[at] = other;
+        EXPECT_FALSE(serializer_.WritePlainElement(names_, Name("City"), text)) << length << " " << at;
+      }
+    }
+  }
+  EXPECT_FALSE(serializer_.WritePlainElement(names_, Name("City"), ""));
+  EXPECT_EQ(Written(), expected);
+}
+
+TEST_F(SerializerElementTest, NamesMayBeOfAnyLengthAndOutsideAscii) {
+  std::string expected;
+  for (const std::string_view name : {"a", "SoftwareCertificateNumber", "n:Line"}) {
+    Write(Name(name), "x");
+    expected.append("<").append(name).append(">x</").append(name).append(">");
+  }
+  for (const size_t length : {NameTable::kShort - 1, NameTable::kShort, NameTable::kShort + 1, size_t{300}}) {
+    const std::string name(length, 'n');
+    Write(Name(name), "x");
+    expected += "<" + name + ">x</" + name + ">";
+  }
+  Write(Name("Preço€"), "x");
+  EXPECT_EQ(Written(), expected + "<Pre\xE7o\x80>x</Pre\xE7o\x80>");
+}
+
+TEST_F(SerializerElementTest, ElementsComeOutWholeWhereverTheyMeetTheEndOfTheBuffer) {
+  constexpr std::string_view kElement = "<NetTotal>2667.75</NetTotal>";
+  constexpr size_t kElements = 20'000;  // more than two buffers full
+  const std::string expected = Repeated(kElement, kElements);
+  for (size_t pad = 0; pad < kElement.size(); ++pad) {
+    serializer_.Write(std::string(pad, 'x'));
+    for (size_t i = 0; i < kElements; ++i) Write(Name("NetTotal"), "2667.75");
+    EXPECT_TRUE(Written() == std::string(pad, 'x') + expected) << pad;
+    sink_.text.clear();
+  }
+}
+
+TEST_F(SerializerElementTest, ATextLongerThanTheBufferIsWrittenInPieces) {
+  const std::string text(1'000'000, 'x');
+  EXPECT_FALSE(serializer_.WritePlainElement(names_, Name("City"), text));
+  Write(Name("City"), text);
+  EXPECT_TRUE(Written() == "<City>" + text + "</City>");
+}
+
 TEST(SerializerTest, AnElementAloneEscapesNothingButMarkup) {
   const Parsing parsing;
   Document document;

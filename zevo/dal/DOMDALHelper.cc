@@ -47,23 +47,25 @@ void DOMDALHelper::SaveFile() {
   file.Commit();
 }
 
-Element DOMDALHelper::GetElement(std::string_view name, Element parent, std::string_view xpathQuery) {
+Element DOMDALHelper::GetElement(ElementName name, Element parent, std::string_view xpathQuery) {
+  if (xpathQuery.empty()) return document_->FirstChild(Base(parent), name.Number());
   return SelectFirst(Base(parent), name, xpathQuery);
 }
 
-Element DOMDALHelper::CreateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+Element DOMDALHelper::CreateElement(ElementName name, std::string_view value, Element parent, bool required) {
   const std::string_view text = TrimSpaces(value);
   if (text.empty() && !required) return Element();
   RequireXmlText(name, text);
   const Element base = Base(parent);
   const bool declares = !one_namespace_ && DefaultNamespaceAt(base) != kNamespace;
-  const Element element = document_->AppendElement(base, name);
+  if (!declares && !text.empty()) return document_->AppendElement(base, name.Number(), text);
+  const Element element = document_->AppendElement(base, name.Number());
   if (declares) document_->AppendAttribute(element, kDefaultNamespace, kNamespace);
   if (!text.empty()) document_->SetText(element, text);
   return element;
 }
 
-void DOMDALHelper::UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+void DOMDALHelper::UpdateElement(ElementName name, std::string_view value, Element parent, bool required) {
   const Element element = GetElement(name, parent, {});
   if (!element) {
     CreateElement(name, value, parent, required);

@@ -28,12 +28,12 @@ class DOMDALHelper : public IDALHelper {
   void SaveFile() override;
   void CloseFile() override { document_.reset(); }
 
-  Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override;
+  Element GetElement(ElementName name, Element parent, std::string_view xpathQuery) override;
   /// Texts are written without the spaces at their ends.
-  Element CreateElement(std::string_view name, std::string_view value, Element parent, bool required) override;
-  void EndElement(std::string_view) override {}
+  Element CreateElement(ElementName name, std::string_view value, Element parent, bool required) override;
+  void EndElement(ElementName) override {}
   /// The new text of an element that exists is taken as given, spaces and emptiness included.
-  void UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) override;
+  void UpdateElement(ElementName name, std::string_view value, Element parent, bool required) override;
 
  private:
   Element Base(Element parent) const { return parent ? parent : document_->Root(); }

@@ -147,6 +147,8 @@ class ElementName {
   consteval ElementName(const char* text) : number_(NumberOf(text)) {}
 
   constexpr std::string_view Text() const { return kElementNames[number_ - 1U]; }
+  // NOLINTNEXTLINE(google-explicit-constructor): it stands wherever a text is expected.
+  constexpr operator std::string_view() const { return Text(); }
   /// Its number in a document.
   constexpr uint32_t Number() const { return number_; }
 

@@ -2,6 +2,7 @@
 #ifndef ZEVO_DAL_IDALHELPER_H_
 #define ZEVO_DAL_IDALHELPER_H_
 
+#include <zevo/dal/ElementName.h>
 #include <zevo/platform/Document.h>
 
 #include <string>
@@ -25,15 +26,15 @@ class IDALHelper {
 
   /// The first element under `parent` that the name, with the query put behind it, selects; nothing when none does. The
   /// query is a predicate in square brackets or empty.
-  virtual Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) = 0;
+  virtual Element GetElement(ElementName name, Element parent, std::string_view xpathQuery) = 0;
   /// Appends an element with a text, which may be left out when it is empty and not `required`. A required one without
   /// text is also how a section or a group begins. Raises error 5, before anything is written, when the text is not
   /// UTF-8 or holds a character that XML forbids.
-  virtual Element CreateElement(std::string_view name, std::string_view value, Element parent, bool required) = 0;
+  virtual Element CreateElement(ElementName name, std::string_view value, Element parent, bool required) = 0;
   /// Tells that an element is complete.
-  virtual void EndElement(std::string_view name) = 0;
+  virtual void EndElement(ElementName name) = 0;
   /// Gives an element a new text; one that does not exist is created.
-  virtual void UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) = 0;
+  virtual void UpdateElement(ElementName name, std::string_view value, Element parent, bool required) = 0;
 };
 
 }  // namespace zevo

@@ -51,6 +51,12 @@ Element TextFileDALHelper::HandleFor(std::string_view name) {
   return known ? known : handles_->AppendElement(root, name);
 }
 
+Element TextFileDALHelper::HandleFor(ElementName name) {
+  Element& known = known_handles_[name.Number()];
+  if (!known) known = HandleFor(name.Text());
+  return known;
+}
+
 void TextFileDALHelper::CreateFile() {
   open_.clear();
   try {
@@ -82,37 +88,41 @@ void TextFileDALHelper::CloseFile() {
 }
 
 // Mappers ask for what is open before they write anything, so a write that failed is reported here.
-Element TextFileDALHelper::GetElement(std::string_view name, Element, std::string_view) {
+Element TextFileDALHelper::GetElement(ElementName name, Element, std::string_view) {
   stream_.RequireWhole();
-  const auto open = std::ranges::find(open_, name, &Element::Name);
+  const auto open = std::ranges::find(open_, name.Number(), [](Element element) { return element.node()->Name(); });
   return open == open_.end() ? Element() : *open;
 }
 
-Element TextFileDALHelper::CreateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+Element TextFileDALHelper::CreateElement(ElementName name, std::string_view value, Element parent, bool required) {
   if (value.empty() && !required) return Element();
+  if (!parent) parent = handles_->Root();
+  const NameTable& names = handles_->Names();
+  const bool goes_inside = !open_.empty() && open_.back() == parent;
+  if (goes_inside && stream_.WritePlainElement(names, name.Number(), value)) return Element();
   RequireXmlText(name, value);
-  CloseToParent(parent ? parent : handles_->Root());
-  if (value.empty()) return Begin(name);
-  stream_.WriteStartTag(name);
+  CloseToParent(parent);
+  if (value.empty()) return Begin(HandleFor(name));
+  stream_.WriteStartTag(names, name.Number());
   stream_.WriteChars(value, Escapes::kMarkupAndQuote);
-  stream_.WriteEndTag(name);
+  stream_.WriteEndTag(names, name.Number());
   return Element();
 }
 
-void TextFileDALHelper::EndElement(std::string_view name) {
+void TextFileDALHelper::EndElement(ElementName name) {
   const Element element = GetElement(name, {}, {});
   if (!element) return;
   while (CloseInnermost() != element) {
   }
 }
 
-void TextFileDALHelper::UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) {
+void TextFileDALHelper::UpdateElement(ElementName name, std::string_view value, Element parent, bool required) {
   CreateElement(name, value, parent, required);
 }
 
 void TextFileDALHelper::BeginElement(std::string_view name) {
   RequireElementName(name);
-  Begin(name);
+  Begin(HandleFor(name));
 }
 
 bool TextFileDALHelper::EndInnermost() {
@@ -142,19 +152,18 @@ void TextFileDALHelper::WriteElements(std::span<const ScannedElement> elements) 
   endFrom(std::numeric_limits<int>::min());
 }
 
-Element TextFileDALHelper::Begin(std::string_view name) {
+Element TextFileDALHelper::Begin(Element handle) {
   // All that may fail comes before the tag is written: every tag in the file must be in open_, to be closed.
-  const Element element = HandleFor(name);
   open_.reserve(open_.size() + 1);
-  stream_.WriteStartTag(name);
-  open_.push_back(element);
-  return element;
+  stream_.WriteStartTag(handles_->Names(), handle.node()->Name());
+  open_.push_back(handle);
+  return handle;
 }
 
 Element TextFileDALHelper::CloseInnermost() {
   const Element innermost = open_.back();
   open_.pop_back();
-  stream_.WriteEndTag(innermost.Name());
+  stream_.WriteEndTag(handles_->Names(), innermost.node()->Name());
   return innermost;
 }
 

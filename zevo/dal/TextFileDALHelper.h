@@ -7,6 +7,7 @@
 #include <zevo/model/ScannedElement.h>
 #include <zevo/platform/Document.h>
 
+#include <array>
 #include <memory>
 #include <span>
 #include <string>
@@ -41,11 +42,11 @@ class TextFileDALHelper : public IDALHelper {
   /// Writes all pending end tags and closes the file, which it does also when it raises a failed write.
   void CloseFile() override;
 
-  Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override;
+  Element GetElement(ElementName name, Element parent, std::string_view xpathQuery) override;
   /// A text is written as it is, spaces included. Gives an element only where it began one without text.
-  Element CreateElement(std::string_view name, std::string_view value, Element parent, bool required) override;
-  void EndElement(std::string_view name) override;
-  void UpdateElement(std::string_view name, std::string_view value, Element parent, bool required) override;
+  Element CreateElement(ElementName name, std::string_view value, Element parent, bool required) override;
+  void EndElement(ElementName name) override;
+  void UpdateElement(ElementName name, std::string_view value, Element parent, bool required) override;
 
   // Of elements that no mapper knows. A text is written so that it reads back as it is, carriage returns included.
   // These raise error 5, before anything is written, where a text is as in `CreateElement` or a name cannot be written.
@@ -59,7 +60,8 @@ class TextFileDALHelper : public IDALHelper {
 
  private:
   Element HandleFor(std::string_view name);
-  Element Begin(std::string_view name);
+  Element HandleFor(ElementName name);
+  Element Begin(Element handle);
   Element CloseInnermost();
   void CloseToParent(Element parent);
   void CloseAll();
@@ -67,6 +69,7 @@ class TextFileDALHelper : public IDALHelper {
   TextStream stream_;
   // One element for each name, as a handle: open elements of the same name share it.
   std::unique_ptr<Document> handles_;
+  std::array<Element, kElementNames.size() + 1> known_handles_;  // by number; nothing until first asked for
   std::vector<Element> open_;
   std::vector<const ScannedElement*> inside_;  // what is open of a list that is being written
 };

@@ -5,6 +5,7 @@
 #include <zevo/platform/File.h>
 #include <zevo/platform/Serializer.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +38,14 @@ class TextStream {
   /// Writes a start tag, or an end tag.
   void WriteStartTag(std::string_view name) { WriteTag("<", name); }
   void WriteEndTag(std::string_view name) { WriteTag("</", name); }
+  /// The same by the number of the name in a table.
+  void WriteStartTag(const NameTable& names, uint32_t name) { Writer().WriteStartTag(names, name); }
+  void WriteEndTag(const NameTable& names, uint32_t name) { Writer().WriteEndTag(names, name); }
+  /// Writes an element with a text that needs neither escapes nor encoding; gives false, and writes nothing, where it
+  /// does, or for another reason cannot be written at once.
+  bool WritePlainElement(const NameTable& names, uint32_t name, std::string_view text) {
+    return IsOpen() && serializer_->WritePlainElement(names, name, text);
+  }
   /// Raises the write that failed, if one did since the file was opened.
   void RequireWhole() const {
     if (IsOpen()) output_->RequireWhole();

@@ -25,12 +25,12 @@ class NullRecordWriter final : public IDALHelper {
   void SaveFile() override { Refuse(); }
   void CloseFile() override { Refuse(); }
 
-  Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override {
+  Element GetElement(ElementName name, Element parent, std::string_view xpathQuery) override {
     return writer_.GetElement(name, parent, xpathQuery);
   }
-  Element CreateElement(std::string_view, std::string_view, Element, bool) override { Refuse(); }
-  void EndElement(std::string_view) override { Refuse(); }
-  void UpdateElement(std::string_view, std::string_view, Element, bool) override { Refuse(); }
+  Element CreateElement(ElementName, std::string_view, Element, bool) override { Refuse(); }
+  void EndElement(ElementName) override { Refuse(); }
+  void UpdateElement(ElementName, std::string_view, Element, bool) override { Refuse(); }
 
   /// Raises error 91.
   [[noreturn]] static void Refuse();

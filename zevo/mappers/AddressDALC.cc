@@ -22,8 +22,8 @@ std::span<const LayoutRow> LayoutOf<AddressStructure>() {
 }
 
 void AddressDALC::CreateAddress(ElementName name, Element parent, IDALHelper& writer, const AddressStructure& address) {
-  kAddressLayout.Write(address, writer.CreateElement(name.Text(), {}, parent, true), writer);
-  writer.EndElement(name.Text());
+  kAddressLayout.Write(address, writer.CreateElement(name, {}, parent, true), writer);
+  writer.EndElement(name);
 }
 
 void AddressDALC::ReadAddress(ElementName name, std::shared_ptr<AddressStructure>& address, Element parent,

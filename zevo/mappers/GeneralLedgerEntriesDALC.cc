@@ -12,15 +12,15 @@ std::span<const LayoutRow> LayoutOf<GeneralLedgerEntries>() {
 }
 
 void GeneralLedgerEntriesDALC::CreateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& writer) {
-  if (writer.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
+  if (writer.GetElement(kGeneralLedgerEntries, {}, {})) {
     throw LibraryError(Message::kEntriesMissingText, "GeneralLedgerEntriesDALC.CreateGeneralLedgerEntries");
   }
-  writer.CreateElement(kGeneralLedgerEntries.Text(), {}, {}, true);
+  writer.CreateElement(kGeneralLedgerEntries, {}, {}, true);
   UpdateGeneralLedgerEntries(value, writer);
 }
 
 void GeneralLedgerEntriesDALC::UpdateGeneralLedgerEntries(const GeneralLedgerEntries& value, IDALHelper& writer) {
-  const Element section = writer.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  const Element section = writer.GetElement(kGeneralLedgerEntries, {}, {});
   if (!section) {
     throw LibraryError(Message::kEntriesExistText, "GeneralLedgerEntriesDALC.UpdateGeneralLedgerEntries");
   }

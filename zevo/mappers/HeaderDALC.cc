@@ -44,11 +44,11 @@ std::span<const LayoutRow> LayoutOf<Header>() {
 }
 
 void HeaderDALC::CreateHeader(const Header& value, IDALHelper& writer) {
-  if (writer.GetElement(kHeader.Text(), {}, {})) {
+  if (writer.GetElement(kHeader, {}, {})) {
     throw LibraryError(Message::kHeaderExists, "HeaderDALC.CreateHeader");
   }
-  kHeaderLayout.Write(value, writer.CreateElement(kHeader.Text(), {}, {}, true), writer);
-  writer.EndElement(kHeader.Text());
+  kHeaderLayout.Write(value, writer.CreateElement(kHeader, {}, {}, true), writer);
+  writer.EndElement(kHeader);
 }
 
 void HeaderDALC::ReadHeader(std::shared_ptr<Header>& value, IDALReader& reader) {

@@ -88,8 +88,8 @@ std::span<const LayoutRow> LayoutOf<Invoice>() {
 void InvoiceDALC::CreateInvoice(const Invoice& value, IDALHelper& writer) {
   const Element section = SalesInvoicesSection(writer);
   if (!section) throw LibraryError(Message::kSalesInvoicesMissing, "InvoiceDALC.CreateInvoice");
-  kInvoiceLayout.Write(value, writer.CreateElement(kInvoice.Text(), {}, section, true), writer);
-  writer.EndElement(kInvoice.Text());
+  kInvoiceLayout.Write(value, writer.CreateElement(kInvoice, {}, section, true), writer);
+  writer.EndElement(kInvoice);
 }
 
 void InvoiceDALC::ReadInvoice(std::shared_ptr<Invoice>& value, IDALReader& reader, bool first) {

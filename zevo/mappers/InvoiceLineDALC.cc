@@ -17,7 +17,7 @@ constexpr auto kReferencesLayout = LayoutFor<References>(Rows{
     // The corrected invoices, each an element of its own.
     ZEVO_ROW(CreditNote,
              Items{[](const CreditNote& note, Element references, IDALHelper& writer) {
-                     const Element element = writer.CreateElement(kCreditNote.Text(), {}, references, true);
+                     const Element element = writer.CreateElement(kCreditNote, {}, references, true);
                      kCreditNoteLayout.Write(note, element, writer);
                    },
                    [](std::shared_ptr<CreditNote>& note, Element references, IDALReader& reader, bool first) {
@@ -84,8 +84,8 @@ std::span<const LayoutRow> LayoutOf<InvoiceLine>() {
 }
 
 void InvoiceLineDALC::CreateInvoiceLine(const InvoiceLine& value, Element invoice, IDALHelper& writer) {
-  kInvoiceLineLayout.Write(value, writer.CreateElement(kLine.Text(), {}, invoice, true), writer);
-  writer.EndElement(kLine.Text());
+  kInvoiceLineLayout.Write(value, writer.CreateElement(kLine, {}, invoice, true), writer);
+  writer.EndElement(kLine);
 }
 
 void InvoiceLineDALC::ReadInvoiceLine(std::shared_ptr<InvoiceLine>& value, Element invoice, IDALReader& reader,

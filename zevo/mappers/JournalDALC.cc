@@ -20,9 +20,9 @@ std::span<const LayoutRow> LayoutOf<Journal>() {
 }
 
 void JournalDALC::CreateJournal(const Journal& value, IDALHelper& writer) {
-  const Element section = writer.GetElement(kGeneralLedgerEntries.Text(), {}, {});
+  const Element section = writer.GetElement(kGeneralLedgerEntries, {}, {});
   if (!section) throw LibraryError(Message::kEntriesMissingText, "JournalDALC.CreateJournal");
-  kJournalLayout.Write(value, writer.CreateElement(kJournal.Text(), {}, section, true), writer);
+  kJournalLayout.Write(value, writer.CreateElement(kJournal, {}, section, true), writer);
 }
 
 void JournalDALC::ReadJournal(std::shared_ptr<Journal>& value, IDALReader& reader, bool first) {

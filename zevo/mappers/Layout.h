@@ -164,11 +164,11 @@ struct ElementRow {
 
   template <class R>
   void Write(const R& record, Element parent, IDALHelper& writer) const {
-    writer.CreateElement(element.Text(), Codec::ToText(property.get(record)), parent, written == kAlways);
+    writer.CreateElement(element, Codec::ToText(property.get(record)), parent, written == kAlways);
   }
   template <class R>
   void Update(const R& record, Element parent, IDALHelper& writer) const {
-    writer.UpdateElement(element.Text(), Codec::ToText(property.get(record)), parent, written == kAlways);
+    writer.UpdateElement(element, Codec::ToText(property.get(record)), parent, written == kAlways);
   }
   template <class R>
   void Read(R& record, ElementTexts& texts, Element, IDALReader&) const {
@@ -328,7 +328,7 @@ struct SharedGroup {
 
   template <class Child>
   void Write(const std::shared_ptr<Child>& child, ElementName name, Element parent, IDALHelper& writer) const {
-    if (child) layout.Write(*child, writer.CreateElement(name.Text(), {}, parent, true), writer);
+    if (child) layout.Write(*child, writer.CreateElement(name, {}, parent, true), writer);
   }
   template <class R, class Handle>
   void Read(R& record, const Handle& property, ElementName name, Element parent, IDALReader& reader) const {
@@ -351,7 +351,7 @@ struct OwnedGroup {
 
   template <class Child>
   void Write(const std::shared_ptr<Child>& child, ElementName name, Element parent, IDALHelper& writer) const {
-    layout.Write(*child, writer.CreateElement(name.Text(), {}, parent, true), writer);
+    layout.Write(*child, writer.CreateElement(name, {}, parent, true), writer);
   }
   template <class R, class Handle>
   void Read(R& record, const Handle& property, ElementName name, Element parent, IDALReader& reader) const {

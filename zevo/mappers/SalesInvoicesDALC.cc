@@ -13,10 +13,10 @@ std::span<const LayoutRow> LayoutOf<SalesInvoices>() {
 
 void SalesInvoicesDALC::CreateSalesInvoices(const SalesInvoices& value, IDALHelper& writer) {
   const Element sourceDocuments = GetOrCreate(writer, kSourceDocuments, {});
-  if (writer.GetElement(kSalesInvoices.Text(), sourceDocuments, {})) {
+  if (writer.GetElement(kSalesInvoices, sourceDocuments, {})) {
     throw LibraryError(Message::kSalesInvoicesExist, "SalesInvoicesDALC.CreateSalesInvoices");
   }
-  writer.CreateElement(kSalesInvoices.Text(), {}, sourceDocuments, true);
+  writer.CreateElement(kSalesInvoices, {}, sourceDocuments, true);
   UpdateSalesInvoices(value, writer);
 }
 

@@ -22,22 +22,22 @@ inline constexpr ElementName kLine = "Line";
 /// The sales invoices section, or nothing, of a writer or a reader.
 template <class WriterOrReader>
 Element SalesInvoicesSection(WriterOrReader& file) {
-  const Element sourceDocuments = file.GetElement(kSourceDocuments.Text(), {}, {});
-  return sourceDocuments ? file.GetElement(kSalesInvoices.Text(), sourceDocuments, {}) : Element();
+  const Element sourceDocuments = file.GetElement(kSourceDocuments, {}, {});
+  return sourceDocuments ? file.GetElement(kSalesInvoices, sourceDocuments, {}) : Element();
 }
 
 /// The child of a name under `parent`, created when it is missing.
 inline Element GetOrCreate(IDALHelper& writer, ElementName name, Element parent) {
-  const Element element = writer.GetElement(name.Text(), parent, {});
-  return element ? element : writer.CreateElement(name.Text(), {}, parent, true);
+  const Element element = writer.GetElement(name, parent, {});
+  return element ? element : writer.CreateElement(name, {}, parent, true);
 }
 
 /// Writes a record as one element under MasterFiles.
 template <class R, class RecordLayout>
 void CreateMasterRecord(const RecordLayout& layout, ElementName name, const R& value, IDALHelper& writer) {
   const Element masterFiles = GetOrCreate(writer, kMasterFiles, {});
-  layout.Write(value, writer.CreateElement(name.Text(), {}, masterFiles, true), writer);
-  writer.EndElement(name.Text());
+  layout.Write(value, writer.CreateElement(name, {}, masterFiles, true), writer);
+  writer.EndElement(name);
 }
 
 /// Fills the slot with a new record read from an element, or with nothing when the element is.

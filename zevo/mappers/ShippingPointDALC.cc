@@ -22,8 +22,8 @@ std::span<const LayoutRow> LayoutOf<ShippingPointStructure>() {
 
 void ShippingPointDALC::CreateShippingPointStructure(ElementName name, const ShippingPointStructure& value,
                                                      Element parent, IDALHelper& writer) {
-  kShippingPointLayout.Write(value, writer.CreateElement(name.Text(), {}, parent, true), writer);
-  writer.EndElement(name.Text());
+  kShippingPointLayout.Write(value, writer.CreateElement(name, {}, parent, true), writer);
+  writer.EndElement(name);
 }
 
 std::shared_ptr<ShippingPointStructure> ShippingPointDALC::ReadShippingPointStructure(ElementName name, Element parent,

@@ -27,8 +27,8 @@ std::span<const LayoutRow> LayoutOf<TaxTableEntry>() {
 
 void TaxTableEntryDALC::CreateTaxTableEntry(const TaxTableEntry& value, IDALHelper& writer) {
   const Element table = GetOrCreate(writer, kTaxTable, GetOrCreate(writer, kMasterFiles, {}));
-  kTaxTableEntryLayout.Write(value, writer.CreateElement(kTaxTableEntry.Text(), {}, table, true), writer);
-  writer.EndElement(kTaxTableEntry.Text());
+  kTaxTableEntryLayout.Write(value, writer.CreateElement(kTaxTableEntry, {}, table, true), writer);
+  writer.EndElement(kTaxTableEntry);
 }
 
 void TaxTableEntryDALC::ReadTaxTableEntry(std::shared_ptr<TaxTableEntry>& value, IDALReader& reader, bool first) {

@@ -39,14 +39,14 @@ std::span<const LayoutRow> LayoutOf<Transaction>() {
 void TransactionDALC::CreateTransaction(const Transaction& value, const Journal* transactionJournal,
                                         IDALHelper& writer) {
   Element journal;
-  if (const Element section = writer.GetElement(kGeneralLedgerEntries.Text(), {}, {})) {
+  if (const Element section = writer.GetElement(kGeneralLedgerEntries, {}, {})) {
     const std::string query = transactionJournal == nullptr ? std::string() : QueryFor(*transactionJournal);
-    journal = writer.GetElement(kJournal.Text(), section, query);
+    journal = writer.GetElement(kJournal, section, query);
   }
   if (!journal) throw LibraryError(Message::kJournalMissing, "TransactionDALC.CreateTransaction");
-  const Element transaction = writer.CreateElement(kTransaction.Text(), {}, journal, true);
+  const Element transaction = writer.CreateElement(kTransaction, {}, journal, true);
   kTransactionLayout.Write(value, transaction, writer);
-  writer.EndElement(kTransaction.Text());
+  writer.EndElement(kTransaction);
 }
 
 void TransactionDALC::ReadTransaction(std::shared_ptr<Transaction>& value, const Journal* transactionJournal,

@@ -26,8 +26,8 @@ std::span<const LayoutRow> LayoutOf<TransactionLine>() {
 }
 
 void TransactionLineDALC::CreateTransactionLine(const TransactionLine& value, Element transaction, IDALHelper& writer) {
-  kTransactionLineLayout.Write(value, writer.CreateElement(kLine.Text(), {}, transaction, true), writer);
-  writer.EndElement(kLine.Text());
+  kTransactionLineLayout.Write(value, writer.CreateElement(kLine, {}, transaction, true), writer);
+  writer.EndElement(kLine);
 }
 
 void TransactionLineDALC::ReadTransactionLine(std::shared_ptr<TransactionLine>& value, Element transaction,

@@ -124,10 +124,15 @@ void Document::AppendText(Element parent, NodeKind kind, std::string_view text, 
   AppendLeaf(parent ? parent.node() : top_, kind, name.empty() ? NameTable::kNone : names_.Add(name), text);
 }
 
-void Document::AppendElement(Element parent, uint32_t name, std::string_view text) {
-  if (text.empty()) return Trim(AppendElement(parent, name));
+Element Document::AppendElement(Element parent, uint32_t name, std::string_view text) {
   const std::string_view kept = CopyText(text);
-  static_cast<FullNode*>(AppendElement(parent, name).node())->Hold(kept);
+  const Element element = AppendElement(parent, name);
+  if (kept.empty()) {
+    Trim(element);
+  } else {
+    static_cast<FullNode*>(element.node())->Hold(kept);
+  }
+  return element;
 }
 
 void Document::AppendLeaf(Node* parent, NodeKind kind, uint32_t name, std::string_view text) {

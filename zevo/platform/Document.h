@@ -102,7 +102,7 @@ class Document {
   Element AppendElement(Element parent, std::string_view name) { return AppendElement(parent, names_.Add(name)); }
   Element AppendElement(Element parent, uint32_t name);
   /// Appends an element with a text for its only content. It may change like any other.
-  void AppendElement(Element parent, uint32_t name, std::string_view text);
+  Element AppendElement(Element parent, uint32_t name, std::string_view text);
   /// Appends an attribute. Attributes come before any content.
   void AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value);
   /// The same for one that is no namespace declaration.

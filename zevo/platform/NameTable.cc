@@ -24,7 +24,8 @@ size_t QuickHash(std::string_view text) {
 
 }  // namespace
 
-NameTable::NameTable(std::span<const std::string_view> first) : entries_(1, {{}, kNone, true, true}), slots_(512) {
+NameTable::NameTable(std::span<const std::string_view> first)
+    : entries_(1, {{}, kNone, true, true, false}), slots_(512) {
   for (const std::string_view name : first) {
     const uint32_t number = Add(name);
     if (number == plain_ + 1 && Local(number) == number && IsAscii(number)) plain_ = number;
@@ -65,10 +66,15 @@ uint32_t NameTable::Insert(std::string_view text) {
   const size_t colon = text.find(':');
   const uint32_t local = colon == std::string_view::npos ? kNone : Add(text.substr(colon + 1));
   if (entries_.size() * 2 >= slots_.size()) Grow();
-  texts_.emplace_back(text);
+  std::string& kept = texts_.emplace_back(std::max(text.size(), kShort), '\0');
+  text.copy(kept.data(), text.size());
   const bool ascii = std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
   const auto name = static_cast<uint32_t>(entries_.size());
-  entries_.push_back({texts_.back(), local == kNone ? name : local, zevo::IsWindows1252(text), ascii});
+  entries_.push_back({.text = std::string_view(kept).substr(0, text.size()),
+                      .local = local == kNone ? name : local,
+                      .is_windows1252 = zevo::IsWindows1252(text),
+                      .is_ascii = ascii,
+                      .is_short = ascii && text.size() <= kShort});
   slots_[SlotOf(text)] = name;
   return name;
 }

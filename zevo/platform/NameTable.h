@@ -3,6 +3,7 @@
 #define ZEVO_PLATFORM_NAMETABLE_H_
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <span>
@@ -19,6 +20,8 @@ class NameTable {
   static constexpr uint32_t kNone = 0;
   /// The greatest number that a node has room for.
   static constexpr uint32_t kMostNames = (1U << 24) - 1;
+  /// The greatest length of a short name.
+  static constexpr size_t kShort = 32;
 
   explicit NameTable(std::span<const std::string_view> first);
 
@@ -41,6 +44,8 @@ class NameTable {
   /// Whether Windows-1252 has every character of the name.
   bool IsWindows1252(uint32_t name) const { return entries_[name].is_windows1252; }
   bool IsAscii(uint32_t name) const { return entries_[name].is_ascii; }
+  /// Whether a name is short and ASCII. From the beginning of its text kShort bytes can be read, however long it is.
+  bool IsShort(uint32_t name) const { return entries_[name].is_short; }
 
  private:
   struct Entry {
@@ -48,6 +53,7 @@ class NameTable {
     uint32_t local;
     bool is_windows1252;
     bool is_ascii;
+    bool is_short;
   };
   size_t SlotOf(std::string_view name) const;
   uint32_t AddNewlyParsed(uint32_t number, const char* local, const char* prefix);

@@ -82,6 +82,27 @@ const Kinds& KindsFor(Escapes escapes) {
 // Bytes that are written as they are, however a text is escaped and encoded.
 using PlainBytes = ByteScan<StopBytes<0x20, true, '&', '<', '>', '"'>>;
 
+// Room for a tag of a short name, with what is copied behind that.
+constexpr size_t kTagRoom = NameTable::kShort + 3;
+
+// Short names are copied with what stands behind them: a copy of a size that is known is a few instructions. These give
+// the end of the tag.
+char* CopyStartTag(std::string_view name, char* to) {
+  *to++ = '<';
+  std::memcpy(to, name.data(), NameTable::kShort);
+  to += name.size();
+  *to++ = '>';
+  return to;
+}
+char* CopyEndTag(std::string_view name, char* to) {
+  *to++ = '<';
+  *to++ = '/';
+  std::memcpy(to, name.data(), NameTable::kShort);
+  to += name.size();
+  *to++ = '>';
+  return to;
+}
+
 class StringSink : public ByteSink {
  public:
   void Write(std::string_view bytes) override { text.append(bytes); }
@@ -126,9 +147,37 @@ void Serializer::WriteAsciiBeyond(std::string_view text) {
   WriteAscii(text);
 }
 
-void Serializer::WriteName(const Document& document, const Node* node) {
-  const std::string_view name = document.Names().Text(node->Name());
-  document.Names().IsAscii(node->Name()) ? WriteAscii(name) : Write(name);
+void Serializer::WriteName(const NameTable& names, uint32_t name) {
+  names.IsAscii(name) ? WriteAscii(names.Text(name)) : Write(names.Text(name));
+}
+
+void Serializer::WriteStartTag(const NameTable& names, uint32_t name) {
+  if (names.IsShort(name) && kBufferSize - used_ >= kTagRoom) {
+    used_ = static_cast<size_t>(CopyStartTag(names.Text(name), buffer_.get() + used_) - buffer_.get());
+    return;
+  }
+  WriteAscii("<");
+  WriteName(names, name);
+  WriteAscii(">");
+}
+
+void Serializer::WriteEndTag(const NameTable& names, uint32_t name) {
+  if (names.IsShort(name) && kBufferSize - used_ >= kTagRoom) {
+    used_ = static_cast<size_t>(CopyEndTag(names.Text(name), buffer_.get() + used_) - buffer_.get());
+    return;
+  }
+  WriteAscii("</");
+  WriteName(names, name);
+  WriteAscii(">");
+}
+
+bool Serializer::WritePlainElement(const NameTable& names, uint32_t name, std::string_view text) {
+  const size_t room = kBufferSize - used_;
+  if (text.empty() || room < 2 * kTagRoom || room - 2 * kTagRoom < text.size() || !names.IsShort(name)) return false;
+  char* const content = CopyStartTag(names.Text(name), buffer_.get() + used_);
+  if (PlainBytes::CopyRun(text.data(), text.size(), content) != text.size()) return false;
+  used_ = static_cast<size_t>(CopyEndTag(names.Text(name), content + text.size()) - buffer_.get());
+  return true;
 }
 
 void Serializer::WriteEscaped(std::string_view text, Escapes escapes) {
@@ -195,17 +244,13 @@ void Serializer::WriteTree(const Node* root) {
 void Serializer::Open(const Document& document, const Node* node) {
   switch (node->Kind()) {
     case NodeKind::kElement: {
+      if (node->HoldsText()) return WriteTextElement(document.Names(), node->Name(), node->Text());
       WriteAscii("<");
-      WriteName(document, node);
-      if (node->HoldsText()) {
-        WriteAscii(node->Text().empty() ? "/>" : ">");
-        Write(node->Text(), text_escapes_);
-        return;
-      }
+      WriteName(document.Names(), node->Name());
       const Node* child = document.First(node);
       for (; child != nullptr && child->Kind() == NodeKind::kAttribute; child = document.At(child->next)) {
         WriteAscii(" ");
-        WriteName(document, child);
+        WriteName(document.Names(), child->Name());
         WriteAscii("=\"");
         Write(child->Text(), Escapes::kAttribute);
         WriteAscii("\"");
@@ -223,7 +268,7 @@ void Serializer::Open(const Document& document, const Node* node) {
       return WriteAscii("-->");
     case NodeKind::kInstruction:
       WriteAscii("<?");
-      WriteName(document, node);
+      WriteName(document.Names(), node->Name());
       if (!node->Text().empty()) WriteAscii(" ");
       Write(node->Text());
       return WriteAscii("?>");
@@ -234,16 +279,23 @@ void Serializer::Open(const Document& document, const Node* node) {
 }
 
 void Serializer::Close(const Document& document, const Node* node) {
-  if (node->Kind() != NodeKind::kElement) return;
-  if (node->HoldsText()) {
-    if (node->Text().empty()) return;
-  } else {
-    const Node* last = document.Last(node);
-    if (last == nullptr || last->Kind() == NodeKind::kAttribute) return;
+  if (node->Kind() != NodeKind::kElement || node->HoldsText()) return;
+  const Node* last = document.Last(node);
+  if (last == nullptr || last->Kind() == NodeKind::kAttribute) return;
+  WriteEndTag(document.Names(), node->Name());
+}
+
+// Writes an element that holds its text itself, end tag included.
+void Serializer::WriteTextElement(const NameTable& names, uint32_t name, std::string_view text) {
+  if (WritePlainElement(names, name, text)) return;
+  if (text.empty()) {
+    WriteAscii("<");
+    WriteName(names, name);
+    return WriteAscii("/>");
   }
-  WriteAscii("</");
-  WriteName(document, node);
-  WriteAscii(">");
+  WriteStartTag(names, name);
+  Write(text, text_escapes_);
+  WriteEndTag(names, name);
 }
 
 // A character that Windows-1252 lacks is written as a reference, which means nothing inside a CDATA section: the

@@ -6,6 +6,7 @@
 #include <zevo/platform/File.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -43,6 +44,13 @@ class Serializer {
     used_ += text.size();
   }
 
+  /// Writes a start tag without attributes.
+  void WriteStartTag(const NameTable& names, uint32_t name);
+  void WriteEndTag(const NameTable& names, uint32_t name);
+  /// Writes an element that has nothing but a text. Most texts are of ASCII that stays as it is, however a text is
+  /// escaped and encoded; where this one is not, is empty or is too long, gives false and has written nothing.
+  bool WritePlainElement(const NameTable& names, uint32_t name, std::string_view text);
+
   void WriteDocument(const Document& document);
   void WriteElement(Element element);
 
@@ -56,8 +64,9 @@ class Serializer {
   void WriteTree(const Node* root);
   void Open(const Document& document, const Node* node);
   void Close(const Document& document, const Node* node);
+  void WriteTextElement(const NameTable& names, uint32_t name, std::string_view text);
   void WriteCData(std::string_view text);
-  void WriteName(const Document& document, const Node* node);
+  void WriteName(const NameTable& names, uint32_t name);
   void WriteEscaped(std::string_view text, Escapes escapes);
 
   ByteSink& sink_;
