@@ -119,12 +119,23 @@ TEST(HelperTransformationsTest, ASingleIsWrittenAsItsShortestText) {
       {0.3333333F, "0.3333333"},
       {1e10F, "10000000000"},
       {1e-7F, "0.0000001"},
+      {4194303.5F, "4194303.5"},
+      {-16777215.0F, "-16777215"},
       {16777216.0F, "16777216"},
+      {16777218.0F, "16777218"},
+      {-33554432.0F, "-33554432"},
+      {100000000.0F, "100000000"},
       {3.4028235e38F, "340282350000000000000000000000000000000"},
       {1e-45F, "0.000000000000000000000000000000000000000000001"},
       {-1.1754944e-38F, "-0.000000000000000000000000000000000000011754944"},
   };
   for (const auto& row : kRows) EXPECT_EQ(std::string_view(SingleText(row.value)), row.text);
+}
+
+TEST(HelperTransformationsTest, AWholeSingleIsWrittenAsThatNumber) {
+  for (int number = -(1 << 24); number <= 1 << 24; number += 1009) {
+    EXPECT_EQ(std::string_view(SingleText(static_cast<float>(number))), std::to_string(number));
+  }
 }
 
 RC_GTEST_PROP(HelperTransformationsTest, ASingleReadsBackTheSameWithoutExponentOrJunk, ()) {

@@ -25,34 +25,38 @@ uint64_t Magnitude(Amount value) {
   return value.Scaled() < 0 ? ~scaled + 1 : scaled;
 }
 
-void AppendDigits(uint64_t value, size_t atLeast, NumberText& text) {
-  std::array<char, 24> digits;
-  size_t count = 0;
-  for (; value > 0 || count < atLeast; value /= 10) digits[count++] = static_cast<char>('0' + value % 10);
-  while (count > 0) text.Append(digits[--count]);
+// Appends the last of a number's digits, with zeros in front where it has fewer.
+void AppendDigits(uint64_t value, size_t count, NumberText& text) {
+  std::array<char, 4> digits;
+  for (size_t i = count; i-- > 0; value /= 10) digits[i] = static_cast<char>('0' + value % 10);
+  text.Append(std::string_view(digits.data(), count));
 }
 
-NumberText ShortestText(Amount value, std::string_view separator) {
+// Not all texts need the separator, so it is asked for when one does.
+
+template <class Separator>
+NumberText ShortestText(Amount value, const Separator& separator) {
   NumberText text;
   const uint64_t magnitude = Magnitude(value);
   if (value.Scaled() < 0) text.Append('-');
-  AppendDigits(magnitude / Amount::kScale, 1, text);
-  uint64_t fraction = magnitude % Amount::kScale;
+  text.Append(magnitude / Amount::kScale);
+  const uint64_t fraction = magnitude % Amount::kScale;
   if (fraction == 0) return text;
-  size_t decimals = 4;
-  for (; fraction % 10 == 0; fraction /= 10) --decimals;
-  text.Append(separator);
-  AppendDigits(fraction, decimals, text);
+  text.Append(separator());
+  AppendDigits(fraction, 4, text);
+  text.DropZeros();
   return text;
 }
 
-// Few texts need the separator, so it is asked for when one does.
 template <class Separator>
 NumberText ShortestText(float value, const Separator& separator) {
   if (!std::isfinite(value)) throw MakeRunTimeError(RunTimeError::kInvalidCall);
   NumberText text;
-  if (value == 0) {
-    text.Append('0');
+  // Up to here a float has each whole number, so none is shortened, and there is 0.
+  constexpr float kMostWhole = 1 << 24;
+  if (std::fabs(value) < kMostWhole && std::trunc(value) == value) {
+    if (value < 0) text.Append('-');
+    text.Append(static_cast<uint64_t>(std::fabs(value)));
     return text;
   }
   // The shortest digits, as d.ddde±xx, then laid out without the exponent.
@@ -176,15 +180,17 @@ bool IsTimePart(std::string_view text) {
 
 }  // namespace
 
-NumberText AmountText(Amount value) { return ShortestText(value, DecimalSeparator()); }
+NumberText AmountText(Amount value) { return ShortestText(value, &DecimalSeparator); }
 
-NumberText AmountTextWithPoint(Amount value) { return ShortestText(value, kPoint); }
+NumberText AmountTextWithPoint(Amount value) {
+  return ShortestText(value, [] { return kPoint; });
+}
 
 NumberText TwoDecimalsText(Amount value) {
   const uint64_t hundredths = (Magnitude(value) + 50) / 100;
   NumberText text;
   if (value.Scaled() < 0 && hundredths != 0) text.Append('-');
-  AppendDigits(hundredths / 100, 0, text);
+  if (hundredths >= 100) text.Append(hundredths / 100);
   text.Append(DecimalSeparator());
   AppendDigits(hundredths % 100, 2, text);
   return text;
@@ -199,7 +205,7 @@ NumberText SingleTextWithPoint(float value) {
 NumberText IntegerText(int32_t value) {
   NumberText text;
   if (value < 0) text.Append('-');
-  AppendDigits(static_cast<uint64_t>(std::llabs(value)), 1, text);
+  text.Append(static_cast<uint64_t>(std::llabs(value)));
   return text;
 }
 

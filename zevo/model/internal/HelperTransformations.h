@@ -6,6 +6,7 @@
 #include <zevo/model/SAFTConstants.h>
 
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -27,6 +28,15 @@ class NumberText {
   }
   void Append(size_t count, char c) {
     while (count-- > 0) Append(c);
+  }
+  /// In decimal.
+  void Append(uint64_t number) {
+    char* const at = characters_.data() + length_;
+    length_ += static_cast<size_t>(std::to_chars(at, characters_.data() + characters_.size(), number).ptr - at);
+  }
+  /// Takes away the zeros at the end.
+  void DropZeros() {
+    while (length_ > 0 && characters_[length_ - 1] == '0') --length_;
   }
 
  private:
