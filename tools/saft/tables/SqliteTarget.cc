@@ -3,7 +3,6 @@
 
 #include <sqlite3.h>
 
-#include <charconv>
 #include <iostream>
 #include <new>
 #include <string_view>
@@ -21,6 +20,9 @@ namespace {
 
 // Between two tries to write into a database that another program holds.
 constexpr std::chrono::milliseconds kPause{100};
+
+// A table's rows are inserted when they take so many bytes.
+constexpr size_t kMostWaiting = size_t{1} << 16;
 
 constexpr std::string_view TypeName(ColumnType type) {
   switch (type) {
@@ -40,29 +42,6 @@ std::string_view TextAt(sqlite3_stmt* statement, int column) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
   return text == nullptr ? std::string_view()
                          : std::string_view(text, static_cast<size_t>(sqlite3_column_bytes(statement, column)));
-}
-
-// A number as the database would take it from its text, but sooner.
-int BindNumber(sqlite3_stmt* statement, int place, std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
-  const char* const end = text.data() + text.size();
-  int64_t whole = 0;
-  if (const auto [at, error] = std::from_chars(text.data(), end, whole); error == std::errc() && at == end) {
-    return sqlite3_bind_int64(statement, place, whole);
-  }
-  double number = 0;
-  std::from_chars(text.data(), end, number);
-  return sqlite3_bind_double(statement, place, number);
-}
-
-int Bind(sqlite3_stmt* statement, int place, const Cell& cell, ColumnType type) {
-  if (const auto* const number = std::get_if<int64_t>(&cell)) return sqlite3_bind_int64(statement, place, *number);
-  const auto* const text = std::get_if<std::string_view>(&cell);
-  if (text == nullptr) return sqlite3_bind_null(statement, place);
-  if (type == ColumnType::kNumber) return BindNumber(statement, place, *text);
-  // The text is there until the row is written. Of an empty one there may be no place.
-  return sqlite3_bind_text64(statement, place, text->empty() ? "" : text->data(), text->size(), SQLITE_STATIC,
-                             SQLITE_UTF8);
 }
 
 }  // namespace
@@ -121,6 +100,7 @@ void SqliteTarget::Open() {
   Lock();
   MakeTables();
   Run("COMMIT");
+  for (const TableShape& table : tables_) Require(rows_.emplace_back(table).Attach(opened));
 }
 
 // Nobody else writes until the transaction ends. Who was waited for may have deleted the file.
@@ -172,10 +152,10 @@ bool SqliteTarget::HasTable(const TableShape& table) {
 
 void SqliteTarget::Begin() {
   Lock();
-  for (const TableShape& table : tables_) {
-    std::string sql = "INSERT INTO " + QuotedName(table.name) + " VALUES (?";
-    for (size_t i = 1; i < table.columns.size(); ++i) sql += ", ?";
-    inserts_.push_back(Prepare(sql + ")"));
+  // Were it to take back its own rows where one fails, it would keep copies of pages. The transaction takes back all.
+  for (size_t i = 0; i < tables_.size(); ++i) {
+    inserts_.push_back(
+        Prepare("INSERT OR FAIL INTO " + QuotedName(tables_[i].name) + " SELECT * FROM " + rows_[i].Name()));
   }
 }
 
@@ -199,14 +179,19 @@ void SqliteTarget::Drop(int64_t id) {
 }
 
 void SqliteTarget::Add(size_t table, std::span<const Cell> cells) {
+  rows_[table].Add(cells);
+  if (rows_[table].Bytes() >= kMostWaiting) Insert(table);
+}
+
+void SqliteTarget::Insert(size_t table) {
   sqlite3_stmt* const insert = inserts_[table].get();
-  const std::vector<TableColumn>& columns = tables_[table].columns;
-  for (size_t i = 0; i < cells.size(); ++i) Require(Bind(insert, static_cast<int>(i) + 1, cells[i], columns[i].type));
   if (const int result = sqlite3_step(insert); result != SQLITE_DONE) Fail(result);
   sqlite3_reset(insert);
+  rows_[table].Clear();
 }
 
 void SqliteTarget::EndFile() {
+  for (size_t table = 0; table < tables_.size(); ++table) Insert(table);
   inserts_.clear();
   // Made behind the rows of the first file, which is sooner than with each row.
   for (const TableShape& table : tables_) {

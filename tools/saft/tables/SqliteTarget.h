@@ -3,12 +3,14 @@
 #define ZEVO_TOOLS_SAFT_TABLES_SQLITETARGET_H_
 
 #include <chrono>
+#include <deque>
 #include <filesystem>
 #include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "tools/saft/tables/SqliteRows.h"
 #include "tools/saft/tables/TableTarget.h"
 
 struct sqlite3;
@@ -50,6 +52,7 @@ class SqliteTarget final : public TableTarget {
   void MakeTables();
   void MakeViews();
   bool HasTable(const TableShape& table);
+  void Insert(size_t table);
   void Run(const std::string& sql);
   Statement Prepare(const std::string& sql);
   void Require(int result);
@@ -59,7 +62,8 @@ class SqliteTarget final : public TableTarget {
   const std::vector<TableShape>& tables_;
   std::span<const TableView> views_;
   std::chrono::milliseconds patience_;
-  bool created_ = false;  // here, and nothing was added that stands
+  bool created_ = false;         // here, and nothing was added that stands
+  std::deque<SqliteRows> rows_;  // of each table, that are not inserted yet
   std::unique_ptr<sqlite3, Close> database_;
   std::vector<Statement> inserts_;  // a table each
 };

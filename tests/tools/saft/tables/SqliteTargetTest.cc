@@ -129,6 +129,22 @@ TEST_F(SqliteTargetTest, LeavesNothingOfADatabaseThatCannotBeMade) {
   EXPECT_TRUE(database_->IsEmpty());
 }
 
+// Those before it are inserted by then.
+TEST_F(SqliteTargetTest, ARowThatCannotBeInsertedLeavesTheDatabaseAsItWas) {
+  Add(*Open(), 1, "x");
+  {
+    const auto target = Open();
+    target->Begin();
+    target->Drop(1);
+    for (int64_t i = 1; i <= 10'000; ++i) AddItem(*target, 2, i, "y");
+    AddItem(*target, 2, 10'000, "y");
+    AddItem(*target, 2, 10'001, "y");
+    EXPECT_THROW(EndFile(*target, 2), Failure);
+  }
+  EXPECT_THAT(Items(), ElementsAre("1|1|x|"));
+  EXPECT_THAT(Rows("SELECT file_id FROM files"), ElementsAre("1"));
+}
+
 // A file has some 100,000 lines, a group of companies a million.
 TEST_F(SqliteTargetTest, AMillionAmountsAreSummedToTheCent) {
   constexpr int64_t kRows = 1'000'000;
