@@ -10,10 +10,9 @@ namespace zevo::saft {
 
 const ListedElement* ListedElements::Find(std::string_view name) {
   for (size_t tried = 0; tried < listed_.size(); ++tried) {
-    const size_t place = (expected_ + tried) % listed_.size();
-    if (listed_[place].name != name) continue;
-    expected_ = place + 1;
-    return &listed_[place];
+    if (expected_ == listed_.size()) expected_ = 0;
+    const ListedElement& listed = listed_[expected_++];
+    if (listed.name == name) return &listed;
   }
   return nullptr;
 }
@@ -34,11 +33,8 @@ void RowReader::ReadInside(size_t element, std::string_view path, size_t parent,
   const std::string_view step = path.substr(0, path.find('/'));
   path.remove_prefix(std::min(path.size(), step.size() + 1));
   if (parent < kind_.Parents()) {
-    cells_[parent] = std::nullopt;
-    ForEachChild(elements_, element, [&](size_t child) {
-      if (cells_[parent] || elements_[child].name != kind_.parents[parent]) return;
-      cells_[parent] = Trimmed(elements_[child].text);
-    });
+    const auto found = ChildNamed(elements_, element, kind_.parents[parent]);
+    cells_[parent] = found ? std::optional(Trimmed(elements_[*found].text)) : std::nullopt;
   }
   ForEachChild(elements_, element, [&](size_t child) {
     if (elements_[child].name != step) return;

@@ -4,8 +4,8 @@
 
 #include <zevo/adapters.h>
 
-#include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -13,9 +13,10 @@ namespace zevo::saft {
 
 /// The text of an element without the white space at its ends, which is no part of what it says.
 inline std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kWhiteSpace = " \t\r\n";
-  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
+  const auto is_space = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  while (!text.empty() && is_space(text.front())) text.remove_prefix(1);
+  while (!text.empty() && is_space(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 /// Goes through the elements that stand directly in one of them: calls `visit(size_t child)` with each.
@@ -25,6 +26,16 @@ void ForEachChild(std::span<const ScannedElement> elements, size_t element, cons
   for (size_t inside = element + 1; inside < elements.size() && elements[inside].depth > depth; ++inside) {
     if (elements[inside].depth == depth + 1) visit(inside);
   }
+}
+
+/// The first element of a name that stands directly in one of them.
+inline std::optional<size_t> ChildNamed(std::span<const ScannedElement> elements, size_t element,
+                                        std::string_view name) {
+  const int depth = elements[element].depth;
+  for (size_t inside = element + 1; inside < elements.size() && elements[inside].depth > depth; ++inside) {
+    if (elements[inside].depth == depth + 1 && elements[inside].name == name) return inside;
+  }
+  return std::nullopt;
 }
 
 }  // namespace zevo::saft

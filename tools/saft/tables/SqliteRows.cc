@@ -144,7 +144,7 @@ void SqliteRows::Give(size_t row, size_t column, sqlite3_context* to) const {
   }
   if (const auto* const whole = std::get_if<int64_t>(&value)) return sqlite3_result_int64(to, *whole);
   if (const auto* const number = std::get_if<double>(&value)) return sqlite3_result_double(to, *number);
-  sqlite3_result_null(to);
+  // Else it is NULL as it is.
 }
 
 }  // namespace zevo::saft
