@@ -4,6 +4,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/FilePlace.h>
+#include <zevo/TextHash.h>
 #include <zevo/dal/ScannedEntity.h>
 #include <zevo/model/EntityKind.h>
 #include <zevo/platform/Parser.h>
@@ -13,12 +14,12 @@
 #include <cstdint>
 #include <deque>
 #include <exception>
-#include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace zevo {
@@ -109,10 +110,10 @@ class EntityScanner final : private ParserHandler {
   bool at_end_ = false;
   std::exception_ptr thrown_;  // by the handler
   std::deque<Name> names_;
-  std::map<std::string_view, uint32_t> numbers_;  // of names without their prefixes
-  std::vector<const Name*> by_number_;            // in the parse; null for those of attributes
-  std::vector<OpenElement> open_;                 // around the entity that is being read
-  std::unique_ptr<ScannedEntity> entity_;         // null between entities
+  std::unordered_map<std::string_view, uint32_t, TextHash> numbers_;  // of names without their prefixes
+  std::vector<const Name*> by_number_;                                // in the parse; null for those of attributes
+  std::vector<OpenElement> open_;                                     // around the entity that is being read
+  std::unique_ptr<ScannedEntity> entity_;                             // null between entities
   std::vector<OpenJournal> journals_;
   // What the root is refused for. It is told by what follows: the parser gives the root also where its tag is broken.
   std::optional<Error> refusal_;
