@@ -95,9 +95,10 @@ void CompiledSchema::Compile(std::string_view bytes, std::string_view targetName
   RequireModestSchema(document, targetNamespace, errorSource);
   const HostErrorHandlers aside;
   CompileWithLibxml2(Utf8Of(bytes), errorSource);
-  if (!IsFastPathOn()) return;
-  tables_ = SchemaTables::Of(bytes, document);
-  if (tables_) fast_ = FastSchema::Of(*tables_);
+  if constexpr (kHasFastPath) {
+    if (IsFastPathOn()) tables_ = SchemaTables::Of(bytes, document);
+    if (tables_) fast_ = FastSchema::Of(*tables_);
+  }
 }
 
 void CompiledSchema::CompileWithLibxml2(const std::string& text, std::string_view errorSource) {

@@ -82,19 +82,21 @@ void SchemaValidator::Validate(ByteSource& input, const ProblemSink& found) {
 
 bool SchemaValidator::IsSurelyValid(ByteSource& input, std::optional<XmlProblem>& unreadable) const {
   if (schema_.Fast() == nullptr || !IsFastPathOn() || !input.CanRestart()) return false;
-  TextDecoder decoder(input);
-  FastNames names;
-  FastValidation validation(*schema_.Fast());
-  ValidationEvents events(validation);
-  uint64_t bytes_read = 0;
-  FastParse<ValidationEvents> parse(decoder, names, events, bytes_read);
-  // What is asked of libxml2 about a text must not be told to the host.
-  const HostErrorHandlers aside;
-  auto outcome = FastOutcome::kGoesOn;
-  while (outcome == FastOutcome::kGoesOn) outcome = parse.ParsePiece();
-  if (outcome == FastOutcome::kThrough && validation.IsValid()) return true;
-  unreadable = parse.Problem();
-  if (!unreadable) input.Restart();
+  if constexpr (kHasFastPath) {
+    TextDecoder decoder(input);
+    FastNames names;
+    FastValidation validation(*schema_.Fast());
+    ValidationEvents events(validation);
+    uint64_t bytes_read = 0;
+    FastParse<ValidationEvents> parse(decoder, names, events, bytes_read);
+    // What is asked of libxml2 about a text must not be told to the host.
+    const HostErrorHandlers aside;
+    auto outcome = FastOutcome::kGoesOn;
+    while (outcome == FastOutcome::kGoesOn) outcome = parse.ParsePiece();
+    if (outcome == FastOutcome::kThrough && validation.IsValid()) return true;
+    unreadable = parse.Problem();
+    if (!unreadable) input.Restart();
+  }
   return false;
 }
 

@@ -7,6 +7,7 @@
 #include <zevo/platform/TextDecoder.h>
 #include <zevo/platform/XmlProblem.h>
 #include <zevo/platform/fastpath/FastNames.h>
+#include <zevo/platform/fastpath/FastPath.h>
 #include <zevo/platform/fastpath/FastText.h>
 #include <zevo/platform/fastpath/RootTag.h>
 #include <zevo/platform/fastpath/XmlDeclaration.h>
@@ -52,10 +53,11 @@ class FastParse {
 
   /// Parses the next piece. Raises what the sink raises.
   FastOutcome ParsePiece() {
-    if (!TakeMore()) return unreadable_ ? FastOutcome::kUnreadable : FastOutcome::kGivenUp;
-    if (!ParseUpTo(limit_)) return FastOutcome::kGivenUp;
-    if (!ended_) return FastOutcome::kGoesOn;
-    return state_ == State::kEpilog && at_ == limit_ ? FastOutcome::kThrough : FastOutcome::kGivenUp;
+    if constexpr (!kHasFastPath) {
+      return FastOutcome::kGivenUp;
+    } else {
+      return ParseNext();
+    }
   }
 
   /// Why the file is unreadable.
@@ -73,6 +75,13 @@ class FastParse {
   static constexpr size_t kMostText = 1'000'000;
 
   enum class State { kStart, kProlog, kContent, kEpilog };
+
+  FastOutcome ParseNext() {
+    if (!TakeMore()) return unreadable_ ? FastOutcome::kUnreadable : FastOutcome::kGivenUp;
+    if (!ParseUpTo(limit_)) return FastOutcome::kGivenUp;
+    if (!ended_) return FastOutcome::kGoesOn;
+    return state_ == State::kEpilog && at_ == limit_ ? FastOutcome::kThrough : FastOutcome::kGivenUp;
+  }
 
   // Brings what is not parsed to the front and more behind it, up to the next "<" at least.
   bool TakeMore() {

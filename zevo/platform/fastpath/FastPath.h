@@ -4,10 +4,18 @@
 
 namespace zevo {
 
-/// Whether files are tried on the fast path before libxml2 gets them. Never where the library was built with
-/// ZEVO_FAST_PATH=OFF; otherwise unless the environment variable ZEVO_FAST_PATH was "off" when this was asked first.
+/// Whether the library has the fast path at all: not where it is built with ZEVO_FAST_PATH=OFF. Then what needs the
+/// engine is not compiled, and its sources are left out.
+#ifdef ZEVO_NO_FAST_PATH
+inline constexpr bool kHasFastPath = false;
+#else
+inline constexpr bool kHasFastPath = true;
+#endif
+
+/// Whether files are tried on the fast path before libxml2 gets them. Never without it;
+/// otherwise unless the environment variable ZEVO_FAST_PATH was "off" when this was asked first.
 bool IsFastPathOn();
-/// For tests: switches it for the whole process. Does nothing where the library was built with it off.
+/// For tests: switches it for the whole process. Does nothing in a library without it.
 void SetFastPath(bool on);
 
 }  // namespace zevo
