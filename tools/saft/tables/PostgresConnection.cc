@@ -52,7 +52,10 @@ void PostgresConnection::Connect(const std::string& address) {
   if (!connection_) throw std::bad_alloc();
   PQsetNoticeReceiver(
       connection_.get(), [](void*, const PGresult*) {}, nullptr);
-  if (PQstatus(connection_.get()) == CONNECTION_OK) return;
+  if (PQstatus(connection_.get()) == CONNECTION_OK) {
+    Require(PQsetnonblocking(connection_.get(), 1) == 0);
+    return;
+  }
   if (PQconnectionNeedsPassword(connection_.get()) != 0) throw Failure(name_, Say(words::kPasswordNeeded));
   const bool silent = PQpingParams(kParameters.data(), values.data(), 1) == PQPING_NO_RESPONSE;
   throw Failure(
@@ -87,6 +90,11 @@ void PostgresConnection::Copy(const std::string& table, std::string_view rows) {
   Require(PQputCopyEnd(connection_.get(), nullptr) == 1);
 }
 
+bool PostgresConnection::IsDone() {
+  Require(PQconsumeInput(connection_.get()) != 0);
+  return PQisBusy(connection_.get()) == 0;
+}
+
 // Once it has begun to end nobody could tell an interrupted transaction from one that stands.
 void PostgresConnection::Commit() {
   Last();
@@ -98,7 +106,10 @@ void PostgresConnection::Commit() {
 // The next result of what was sent; null behind the last one.
 PostgresConnection::Result PostgresConnection::Next() {
   while (PQisBusy(connection_.get()) != 0) {
+    const int unsent = PQflush(connection_.get());
+    Require(unsent >= 0);
     pollfd socket{PQsocket(connection_.get()), POLLIN, 0};
+    if (unsent != 0) socket.events = POLLIN | POLLOUT;
     poll(&socket, 1, kPatience);
     Interruption::ThrowIfRequested();
     Require(PQconsumeInput(connection_.get()) != 0);

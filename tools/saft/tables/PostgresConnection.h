@@ -28,6 +28,8 @@ class PostgresConnection {
   /// Has the server take rows, in the text form of COPY, into a table while the program goes on. Whether it could is
   /// told by what is called next.
   void Copy(const std::string& table, std::string_view rows);
+  /// Whether the server may have done what it was sent. Does not wait.
+  bool IsDone();
   /// Ends the transaction: what was done in it stands.
   void Commit();
 

@@ -13,8 +13,10 @@
 namespace zevo::saft {
 namespace {
 
-// A table's rows are sent when there are so many bytes of them.
-constexpr size_t kMostWaiting = size_t{1} << 17;
+// A table's rows are sent when there are so many bytes of them; while the server is busy they wait for as many again,
+// and so on, up to the most.
+constexpr size_t kBatch = size_t{1} << 17;
+constexpr size_t kMostWaiting = 4 * kBatch;
 
 // Of a lock, so that none of another program is the same: "saft" in ASCII.
 constexpr std::string_view kLockKind = "1935763060";
@@ -151,12 +153,14 @@ void PostgresTarget::Drop(int64_t id) {
 
 void PostgresTarget::Add(size_t table, std::span<const Cell> cells) {
   std::string& rows = rows_[table];
+  const size_t before = rows.size();
   for (const Cell& cell : cells) {
     AppendCell(rows, cell);
     rows += '\t';
   }
   rows.back() = '\n';
-  if (rows.size() >= kMostWaiting) Send(table);
+  const bool another_batch = rows.size() / kBatch != before / kBatch;
+  if (another_batch && (rows.size() >= kMostWaiting || connection_.IsDone())) Send(table);
 }
 
 void PostgresTarget::Send(size_t table) {

@@ -77,6 +77,22 @@ TEST_F(PostgresConnectionTest, TellsRowsThatTheServerRefusesWithWhatComesNext) {
               ThrowsMessage<Failure>(In("the database refused: relation \"none\" does not exist")));
 }
 
+// More of them than are on their way at once.
+TEST_F(PostgresConnectionTest, GoesOnWhileTheServerTakesRows) {
+  PostgresConnection connection(database_->Name());
+  connection.Run("CREATE TABLE slow (number bigint CHECK (pg_sleep(600) IS NOT NULL))");
+  const std::string server = connection.Run("SELECT pg_backend_pid()")[0][0];
+  EXPECT_TRUE(connection.IsDone());
+  std::string rows;
+  while (rows.size() < 4'000'000) rows += "1\n";
+  connection.Copy("slow", rows);
+  EXPECT_FALSE(connection.IsDone());
+  const Interruption writing(Interruption::During::kWriting);
+  std::raise(SIGTERM);
+  EXPECT_THROW(connection.Run("SELECT 1"), Interrupted);
+  database_->Run("SELECT pg_terminate_backend(" + server + ")");
+}
+
 TEST_F(PostgresConnectionTest, TellsAConnectionThatIsLost) {
   PostgresConnection connection(database_->Name());
   const auto end = [&] {
