@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 #include <zevo/platform/Document.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tests/platform/Parsing.h"
+#include "tests/support/Errors.h"
 
 namespace zevo {
 namespace {
@@ -188,6 +190,24 @@ TEST_F(DocumentTest, TextsLargerThanABlockOfTheArenaAreKeptWhole) {
   }
   size_t at = 0;
   for (const Element element : root_.Children()) EXPECT_TRUE(element.LeadingText() == texts[at++]);
+}
+
+TEST_F(DocumentTest, ATextOfXmlIsCopiedWholeAndNoOtherText) {
+  std::vector<std::string> texts;
+  std::vector<std::string_view> copies;
+  for (size_t length = 0; length <= 40; ++length) {
+    for (const std::string_view last : {"~", "\t", "é", "€", "😀"}) {
+      texts.push_back(std::string(length, 'x').append(last));
+      copies.push_back(document_.CopyXmlText("City", texts.back()));
+    }
+    for (const std::string_view last : {std::string_view("\0", 1), {"\x1F"}, {"\xC3"}, {"\xEF\xBF\xBE"}}) {
+      EXPECT_ERROR(document_.CopyXmlText("City", std::string(length, 'x').append(last)), RunTimeError::kInvalidCall,
+                   "ZevoAdapters11");
+    }
+  }
+  texts.emplace_back(100'000, 'x');
+  copies.push_back(document_.CopyXmlText("City", texts.back()));
+  EXPECT_TRUE(std::ranges::equal(copies, texts));
 }
 
 // The order of the file.

@@ -55,13 +55,17 @@ Element DOMDALHelper::GetElement(ElementName name, Element parent, std::string_v
 Element DOMDALHelper::CreateElement(ElementName name, std::string_view value, Element parent, bool required) {
   const std::string_view text = TrimSpaces(value);
   if (text.empty() && !required) return Element();
-  RequireXmlText(name, text);
   const Element base = Base(parent);
   const bool declares = !one_namespace_ && DefaultNamespaceAt(base) != kNamespace;
-  if (!declares && !text.empty()) return document_->AppendElement(base, name.Number(), text);
+  const std::string_view kept = document_->CopyXmlText(name, text);
   const Element element = document_->AppendElement(base, name.Number());
   if (declares) document_->AppendAttribute(element, kDefaultNamespace, kNamespace);
-  if (!text.empty()) document_->SetText(element, text);
+  if (kept.empty()) return element;
+  if (declares) {
+    document_->AppendAdoptedText(element, kept);
+  } else {
+    document_->AdoptText(element, kept);
+  }
   return element;
 }
 

@@ -52,15 +52,13 @@ void ChildIndex::TakeKeysOf(const Node* child) {
 }
 
 // A child that gets another key has to be looked at again.
-void ChildIndex::OnAppend(const Node* parent, uint32_t name) {
-  const bool asked = document_.Names().Local(name) == keys_.key && parent->parent == keys_.parent;
-  if (asked) keys_.unsettled.push_back(Document::Reference(parent));
+void ChildIndex::OnAppend(const Node* parent) {
+  if (parent->parent == keys_.parent) keys_.unsettled.push_back(Document::Reference(parent));
 }
 
 // Forgets all keys when the element is one of those remembered. It is not remembered yet while its parent waits to be
 // looked at again.
 void ChildIndex::OnChange(const Node* element) {
-  if (!KnowsKeys() || document_.Names().Local(element->Name()) != keys_.key) return;
   const bool below = document_.At(element->parent)->parent == keys_.parent;
   if (below && (keys_.unsettled.empty() || keys_.unsettled.back() != element->parent)) keys_ = {};
 }

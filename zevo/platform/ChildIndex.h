@@ -29,11 +29,12 @@ class ChildIndex {
   /// for a parent and these names looks at all its children, later calls only at those that were added since.
   Node* FirstByKey(const Node* parent, uint32_t local, uint32_t key, std::string_view text);
 
-  /// Whether keys are remembered, so that OnAppend and OnChange have to be called.
-  bool KnowsKeys() const { return keys_.parent != 0; }
-  /// An element of a name is about to be appended under `parent`.
-  void OnAppend(const Node* parent, uint32_t name);
-  /// The content of an element is about to change.
+  /// Whether keys are remembered that elements of a local name hold, so that these have to be reported by OnAppend and
+  /// OnChange.
+  bool KnowsKeysIn(uint32_t local) const { return keys_.parent != 0 && keys_.key == local; }
+  /// An element of such a name is about to be appended under `parent`.
+  void OnAppend(const Node* parent);
+  /// The content of such an element is about to change.
   void OnChange(const Node* element);
 
   void Forget() {

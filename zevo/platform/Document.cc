@@ -81,6 +81,18 @@ std::string_view Document::CopyText(std::string_view text) {
   return std::string_view(copy, text.size());
 }
 
+std::string_view Document::CopyXmlText(std::string_view element, std::string_view text) {
+  if (text.size() > UINT32_MAX) throw std::bad_alloc();
+  char* const copy = ReserveText(text.size());
+  // Most texts are printable ASCII, which is seen while they are copied.
+  if (PrintableAscii::CopyRun(text.data(), text.size(), copy) < text.size()) {
+    RequireXmlText(element, text);
+    std::memcpy(copy, text.data(), text.size());
+  }
+  KeepText(text.size());
+  return std::string_view(copy, text.size());
+}
+
 Element Document::Root() const {
   for (Node* node = First(top_); node != nullptr; node = Next(node)) {
     if (node->Kind() == NodeKind::kElement) return Element(node);
@@ -124,15 +136,10 @@ void Document::AppendText(Element parent, NodeKind kind, std::string_view text, 
   AppendLeaf(parent ? parent.node() : top_, kind, name.empty() ? NameTable::kNone : names_.Add(name), text);
 }
 
-Element Document::AppendElement(Element parent, uint32_t name, std::string_view text) {
+void Document::AppendElement(Element parent, uint32_t name, std::string_view text) {
+  if (text.empty()) return Trim(AppendElement(parent, name));
   const std::string_view kept = CopyText(text);
-  const Element element = AppendElement(parent, name);
-  if (kept.empty()) {
-    Trim(element);
-  } else {
-    static_cast<FullNode*>(element.node())->Hold(kept);
-  }
-  return element;
+  static_cast<FullNode*>(AppendElement(parent, name).node())->Hold(kept);
 }
 
 void Document::AppendLeaf(Node* parent, NodeKind kind, uint32_t name, std::string_view text) {
@@ -154,7 +161,7 @@ void Document::AppendAdoptedText(Element parent, std::string_view text) {
 
 void Document::SetText(Element element, std::string_view text) {
   Node* node = element.node();
-  children_.OnChange(node);
+  ReportChange(node);
   if (node->HoldsText() && text.size() <= node->Text().size()) {
     if (node->IsShort()) return;
     // A text that does not grow is overwritten in place: totals are updated again and again, and the arena must not

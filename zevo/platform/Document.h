@@ -102,7 +102,7 @@ class Document {
   Element AppendElement(Element parent, std::string_view name) { return AppendElement(parent, names_.Add(name)); }
   Element AppendElement(Element parent, uint32_t name);
   /// Appends an element with a text for its only content. It may change like any other.
-  Element AppendElement(Element parent, uint32_t name, std::string_view text);
+  void AppendElement(Element parent, uint32_t name, std::string_view text);
   /// Appends an attribute. Attributes come before any content.
   void AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value);
   /// The same for one that is no namespace declaration.
@@ -176,6 +176,8 @@ class Document {
   /// Keeps `size` characters written to what ReserveText gave.
   void KeepText(size_t size) { next_text_ += size; }
   std::string_view CopyText(std::string_view text);
+  /// The same of a text that may be none of XML: raises error 5, as RequireXmlText does for an element of that name.
+  std::string_view CopyXmlText(std::string_view element, std::string_view text);
 
  private:
   // A chunk is aligned to its own size, so that the address of a node leads to its chunk and from there to the
@@ -210,6 +212,7 @@ class Document {
   uint32_t* ChildrenOf(Node* parent) { return const_cast<uint32_t*>(std::as_const(*this).ChildrenOf(parent)); }
   [[gnu::cold]] const uint32_t* GrownChildrenOf(const Node* parent) const;
   void RemoveContent(Node* parent);
+  void ReportChange(const Node* element);
   void PrepareFor(Node* parent);
   void Link(Node* parent, Node* node);
   FullNode* Append(Node* parent, NodeKind kind, uint32_t name);
@@ -289,10 +292,14 @@ inline FullNode* Document::NewFullNode(NodeKind kind, uint32_t name, uint32_t pa
   return node;
 }
 
-inline void Document::PrepareFor(Node* parent) {
-  if (children_.KnowsKeys()) [[unlikely]] {
-    children_.OnChange(parent);
+inline void Document::ReportChange(const Node* element) {
+  if (children_.KnowsKeysIn(names_.Local(element->Name()))) [[unlikely]] {
+    children_.OnChange(element);
   }
+}
+
+inline void Document::PrepareFor(Node* parent) {
+  ReportChange(parent);
   if (parent->HoldsText()) [[unlikely]] {
     MakeRoomForChildren(parent);
   }
@@ -318,16 +325,14 @@ inline FullNode* Document::Append(Node* parent, NodeKind kind, uint32_t name) {
 
 inline Element Document::AppendElement(Element parent, uint32_t name) {
   Node* above = parent ? parent.node() : top_;
-  if (children_.KnowsKeys()) [[unlikely]] {
-    children_.OnAppend(above, name);
+  if (children_.KnowsKeysIn(names_.Local(name))) [[unlikely]] {
+    children_.OnAppend(above);
   }
   return Element(Append(above, NodeKind::kElement, name));
 }
 
 inline void Document::AdoptText(Element element, std::string_view text) {
-  if (children_.KnowsKeys()) [[unlikely]] {
-    children_.OnChange(element.node());
-  }
+  ReportChange(element.node());
   static_cast<FullNode*>(element.node())->Hold(text);
 }
 

@@ -9,8 +9,6 @@
 namespace zevo {
 namespace {
 
-using PrintableAscii = ByteScan<StopBytes<0x20, true>>;
-
 bool IsXmlCharacter(char32_t c) {
   if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
   return c != 0xFFFE && c != 0xFFFF && c != kNotUtf8;

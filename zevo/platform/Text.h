@@ -60,6 +60,9 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 
 void AppendCharacter(char32_t character, std::string& text);
 
+/// Scans that stop at control characters and outside ASCII.
+using PrintableAscii = ByteScan<StopBytes<0x20, true>>;
+
 /// Whether a text is UTF-8 and holds no character that XML 1.0 forbids.
 bool IsXmlText(std::string_view text);
 
