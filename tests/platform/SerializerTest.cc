@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 #include <zevo/platform/Serializer.h>
+#include <zevo/platform/Text.h>
 
 #include <algorithm>
 #include <ostream>
@@ -187,6 +188,46 @@ TEST_F(SerializerElementTest, TextsOfAnyLengthAreWrittenAtOnceWhereAllOfThemIsPl
   EXPECT_EQ(Written(), expected);
 }
 
+TEST_F(SerializerElementTest, CharactersThatHaveTheirOwnNumbersInWindows1252ArePlainWhereverTheyStand) {
+  StringSink utf8_sink;
+  Serializer utf8(utf8_sink, Serializer::Encoding::kUtf8);
+  std::string expected;
+  std::string expected_utf8;
+  for (char32_t character = 0xA0; character <= 0xFF; ++character) {
+    std::string letter;
+    AppendCharacter(character, letter);
+    for (size_t length = 0; length <= 20; ++length) {
+      for (size_t at = 0; at <= length; ++at) {
+        const std::string before(at, 'x');
+        const std::string behind(length - at, 'y');
+        const std::string text = before + letter + behind + letter;
+        EXPECT_TRUE(serializer_.WritePlainElement(names_, Name("City"), text)) << text;
+        EXPECT_TRUE(utf8.WritePlainElement(names_, Name("City"), text)) << text;
+        const char byte = static_cast<char>(character);
+        expected += "<City>" + before + byte + behind + byte + "</City>";
+        expected_utf8 += "<City>" + text + "</City>";
+      }
+    }
+    serializer_.Flush();
+    utf8.Flush();
+  }
+  EXPECT_TRUE(sink_.text == expected);
+  EXPECT_TRUE(utf8_sink.text == expected_utf8);
+}
+
+TEST_F(SerializerElementTest, OtherCharactersAndWhatIsNotUtf8AreNotPlain) {
+  for (const std::string_view other : {"\xC2\x80", "\xC2\x9F", "\xC4\x80", "\xC1\xBF", "\xC3", "\xC3\xC3", "\xC2 ",
+                                       "\xC3\x7F", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xA0", "\xE9"}) {
+    for (size_t before = 0; before <= 20; ++before) {
+      EXPECT_FALSE(serializer_.WritePlainElement(names_, Name("City"), std::string(before, 'x').append(other)))
+          << before;
+      EXPECT_FALSE(serializer_.WritePlainElement(names_, Name("City"), std::string(before, 'x').append(other) + "xyz"))
+          << before;
+    }
+  }
+  EXPECT_EQ(Written(), "");
+}
+
 TEST_F(SerializerElementTest, NamesMayBeOfAnyLengthAndOutsideAscii) {
   std::string expected;
   for (const std::string_view name : {"a", "SoftwareCertificateNumber", "n:Line"}) {
@@ -227,6 +268,16 @@ TEST(SerializerTest, AnElementAloneEscapesNothingButMarkup) {
   parsing.Load(document, "<a><b k='&quot;&#10;'>x&#13;\"<c/>&lt;&gt;&amp; Ł<!--é--></b>behind</a>");
   EXPECT_EQ(SerializedXml(document.FirstChild(document.Root(), "b")),
             "<b k=\"&quot;&#10;\">x\r\"<c/>&lt;&gt;&amp; Ł<!--é--></b>");
+}
+
+TEST(SerializerTest, AnElementAloneEndsBeforeItsSiblings) {
+  const Parsing parsing;
+  Document document;
+  parsing.Load(document, "<a><b>x</b><c>y</c><d/>z</a>");
+  const auto child = [&](std::string_view name) { return document.FirstChild(document.Root(), name); };
+  EXPECT_EQ(SerializedXml(child("b")), "<b>x</b>");
+  EXPECT_EQ(SerializedXml(child("c")), "<c>y</c>");
+  EXPECT_EQ(SerializedXml(child("d")), "<d/>");
 }
 
 TEST(SerializerTest, AnEmptyDocumentIsItsDeclaration) {

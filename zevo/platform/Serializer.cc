@@ -82,6 +82,15 @@ const Kinds& KindsFor(Escapes escapes) {
 // Bytes that are written as they are, however a text is escaped and encoded.
 using PlainBytes = ByteScan<StopBytes<0x20, true, '&', '<', '>', '"'>>;
 
+// Characters of two bytes that Windows-1252 has under their own numbers, such as all letters of Portuguese outside
+// ASCII.
+constexpr size_t kLatinSize = 2;
+bool StartsWithLatin(std::string_view text) {
+  if (text.size() < kLatinSize || !IsContinuation(text[1])) return false;
+  return Byte(text[0]) == 0xC3 || (Byte(text[0]) == 0xC2 && Byte(text[1]) >= 0xA0);
+}
+unsigned LatinNumber(std::string_view text) { return (Byte(text[0]) & 3U) << 6 | (Byte(text[1]) & 0x3FU); }
+
 // Room for a tag of a short name, with what is copied behind that.
 constexpr size_t kTagRoom = NameTable::kShort + 3;
 
@@ -174,9 +183,21 @@ void Serializer::WriteEndTag(const NameTable& names, uint32_t name) {
 bool Serializer::WritePlainElement(const NameTable& names, uint32_t name, std::string_view text) {
   const size_t room = kBufferSize - used_;
   if (text.empty() || room < 2 * kTagRoom || room - 2 * kTagRoom < text.size() || !names.IsShort(name)) return false;
-  char* const content = CopyStartTag(names.Text(name), buffer_.get() + used_);
-  if (PlainBytes::CopyRun(text.data(), text.size(), content) != text.size()) return false;
-  used_ = static_cast<size_t>(CopyEndTag(names.Text(name), content + text.size()) - buffer_.get());
+  char* to = CopyStartTag(names.Text(name), buffer_.get() + used_);
+  for (;;) {
+    const size_t plain = PlainBytes::CopyRun(text.data(), text.size(), to);
+    to += plain;
+    text.remove_prefix(plain);
+    if (text.empty()) break;
+    if (!StartsWithLatin(text)) return false;
+    if (encoding_ == Encoding::kUtf8) {
+      to = std::copy_n(text.data(), kLatinSize, to);
+    } else {
+      *to++ = static_cast<char>(LatinNumber(text));
+    }
+    text.remove_prefix(kLatinSize);
+  }
+  used_ = static_cast<size_t>(CopyEndTag(names.Text(name), to) - buffer_.get());
   return true;
 }
 
@@ -231,7 +252,16 @@ void Serializer::WriteTree(const Node* root) {
   const Document& document = Document::Of(root);
   const Node* node = root;
   for (;;) {
-    Open(document, node);
+    if (node->Kind() == NodeKind::kElement && node->HoldsText()) {
+      WriteTextElement(document.Names(), node->Name(), node->Text());
+      // Most are followed by a sibling: then nothing ends but this one.
+      if (node != root && node->next != 0) {
+        node = document.Next(node);
+        continue;
+      }
+    } else {
+      Open(document, node);
+    }
     const Node* next = document.Following(node, root);
     // Close what ends before the next node begins.
     const Node* const parent = next == nullptr ? document.At(root->parent) : document.At(next->parent);
@@ -244,7 +274,6 @@ void Serializer::WriteTree(const Node* root) {
 void Serializer::Open(const Document& document, const Node* node) {
   switch (node->Kind()) {
     case NodeKind::kElement: {
-      if (node->HoldsText()) return WriteTextElement(document.Names(), node->Name(), node->Text());
       WriteAscii("<");
       WriteName(document.Names(), node->Name());
       const Node* child = document.First(node);

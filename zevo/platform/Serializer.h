@@ -47,8 +47,8 @@ class Serializer {
   /// Writes a start tag without attributes.
   void WriteStartTag(const NameTable& names, uint32_t name);
   void WriteEndTag(const NameTable& names, uint32_t name);
-  /// Writes an element that has nothing but a text. Most texts are of ASCII that stays as it is, however a text is
-  /// escaped and encoded; where this one is not, is empty or is too long, gives false and has written nothing.
+  /// Writes an element that has nothing but a text of XML. Most texts are of printable ASCII that is never escaped and
+  /// of Portuguese letters; where this one is not, is empty or is too long, gives false and has written nothing.
   bool WritePlainElement(const NameTable& names, uint32_t name, std::string_view text);
 
   void WriteDocument(const Document& document);
