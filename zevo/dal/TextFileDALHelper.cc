@@ -97,12 +97,17 @@ Element TextFileDALHelper::GetElement(ElementName name, Element, std::string_vie
 Element TextFileDALHelper::CreateElement(ElementName name, std::string_view value, Element parent, bool required) {
   if (value.empty() && !required) return Element();
   if (!parent) parent = handles_->Root();
-  const NameTable& names = handles_->Names();
   const bool goes_inside = !open_.empty() && open_.back() == parent;
-  if (goes_inside && stream_.WritePlainElement(names, name.Number(), value)) return Element();
+  if (goes_inside && stream_.WritePlainElement(handles_->Names(), name.Number(), value)) return Element();
+  return WriteAnyElement(name, value, parent);
+}
+
+// Writes what may need more than to be copied between tags.
+Element TextFileDALHelper::WriteAnyElement(ElementName name, std::string_view value, Element parent) {
   RequireXmlText(name, value);
   CloseToParent(parent);
   if (value.empty()) return Begin(HandleFor(name));
+  const NameTable& names = handles_->Names();
   stream_.WriteStartTag(names, name.Number());
   stream_.WriteChars(value, Escapes::kMarkupAndQuote);
   stream_.WriteEndTag(names, name.Number());

@@ -62,6 +62,7 @@ class TextFileDALHelper : public IDALHelper {
   Element HandleFor(std::string_view name);
   Element HandleFor(ElementName name);
   Element Begin(Element handle);
+  [[gnu::noinline]] Element WriteAnyElement(ElementName name, std::string_view value, Element parent);
   Element CloseInnermost();
   void CloseToParent(Element parent);
   void CloseAll();
