@@ -41,8 +41,8 @@ class TextStream {
   /// The same by the number of the name in a table.
   void WriteStartTag(const NameTable& names, uint32_t name) { Writer().WriteStartTag(names, name); }
   void WriteEndTag(const NameTable& names, uint32_t name) { Writer().WriteEndTag(names, name); }
-  /// Writes an element with a text that needs neither escapes nor encoding; gives false, and writes nothing, where it
-  /// does, or for another reason cannot be written at once.
+  /// Writes an element with a text as most are: see Serializer. Gives false and has written nothing where it cannot, or
+  /// the file is not open.
   bool WritePlainElement(const NameTable& names, uint32_t name, std::string_view text) {
     return IsOpen() && serializer_->WritePlainElement(names, name, text);
   }

@@ -70,7 +70,7 @@ uint32_t NameTable::Insert(std::string_view text) {
   text.copy(kept.data(), text.size());
   const bool ascii = std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
   const auto name = static_cast<uint32_t>(entries_.size());
-  entries_.push_back({.text = std::string_view(kept).substr(0, text.size()),
+  entries_.push_back({.text = std::string_view{kept}.substr(0, text.size()),
                       .local = local == kNone ? name : local,
                       .is_windows1252 = zevo::IsWindows1252(text),
                       .is_ascii = ascii,
