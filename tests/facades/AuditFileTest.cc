@@ -708,18 +708,19 @@ TEST_F(AuditFileRunningTotalsTest, FailureLeavesThemAsTheyWere) {
   EXPECT_THAT(Of(invoices_), ElementsAre(0, 0, 0));
 }
 
-TEST_F(AuditFileRunningTotalsTest, OverflowFailsAndLeavesAllOfThemAsTheyWere) {
+TEST_F(AuditFileRunningTotalsTest, OverflowFailsAndWhatWasAddedBeforeStays) {
   entries_.set_TotalDebit(1);
   entries_.set_TotalCredit(kLargest);
-  EXPECT_FALSE(Write(*SampleTransaction(1)));
+  EXPECT_FALSE(Write(*SampleTransaction(1, 5, 7)));
   EXPECT_THAT(file_, RecordedError(kOverflow, "ZevoAdapters11", Not(IsEmpty())));
-  EXPECT_THAT(Of(entries_), ElementsAre(0, 10000, kLargest.Scaled()));
+  EXPECT_THAT(Of(entries_), ElementsAre(1, 60000, kLargest.Scaled()));
 
-  invoices_.set_TotalDebit(1);
-  invoices_.set_TotalCredit(kLargest);
-  EXPECT_FALSE(Write(*SampleInvoice(1, "C1", "P1")));
+  const auto invoice = SampleInvoice(1, "C1", "P1", 7);
+  invoice->Line()->Add(SampleInvoiceLine(2, "P1", 5, kLargest));
+  invoice->Line()->Add(SampleInvoiceLine(3, "P1", 5, 3));
+  EXPECT_FALSE(Write(*invoice));
   EXPECT_THAT(file_, RecordedError(kOverflow, "ZevoAdapters11", Not(IsEmpty())));
-  EXPECT_THAT(Of(invoices_), ElementsAre(0, 10000, kLargest.Scaled()));
+  EXPECT_THAT(Of(invoices_), ElementsAre(1, 50000, 70000));
 }
 
 TEST_F(AuditFileRunningTotalsTest, OverflowOfTheCountFailsAndLeavesAllOfThemAsTheyWere) {

@@ -21,10 +21,7 @@ namespace {
 // Adds an entry to the totals that the host keeps; null when it keeps none.
 template <class Section, class R>
 void AddTo(Section* section, const R& entry) {
-  if (section == nullptr) return;
-  Totals totals = TotalsIn(*section);
-  totals.Add(entry);
-  SetTotals(*section, totals);
+  if (section != nullptr) AddToTotals(*section, entry);
 }
 
 }  // namespace

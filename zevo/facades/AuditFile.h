@@ -98,7 +98,8 @@ class ZEVO_API AuditFile : public Facade {
   /// Begins a journal. Fails with message 201 without the section.
   bool CreateJournal(const Journal& value);
   /// Writes a transaction into its journal, or into the first when that is null, and adds it to the totals when given.
-  /// Fails with message 251 without that journal, and with error 6 when the totals overflow: they stay as they were.
+  /// Fails with message 251 without that journal, and with error 6 when the totals overflow: what was added to them
+  /// before stays.
   bool CreateTransaction(const Transaction& value, const Journal* journalValue,
                          GeneralLedgerEntries* generalLedgerEntriesValue = nullptr);
   /// Begins the sales invoices section. Fails with message 302 when the file has it.
@@ -106,7 +107,8 @@ class ZEVO_API AuditFile : public Facade {
   /// Brings the totals in the file up to date. Fails with message 301 without the section.
   bool UpdateSalesInvoices(const SalesInvoices& value);
   /// Writes an invoice and adds it to the totals when given, unless its `TransactionID` is "Anulado". Fails with
-  /// message 301 without the section, and with error 6 when the totals overflow: they stay as they were.
+  /// message 301 without the section, and with error 6 when the totals overflow: what was added to them before
+  /// stays.
   bool CreateInvoice(const Invoice& value, SalesInvoices* salesInvoicesValue = nullptr);
 
  private:

@@ -64,6 +64,20 @@ void SetTotals(Section& section, const Totals& totals) {
   section.set_TotalCredit(totals.credit);
 }
 
+/// Adds an entry with its lines to the totals that a section holds: the number first, then line after line its debit
+/// and its credit, each through the section's property. Raises error 6 at the first sum that is out of range; what was
+/// added before stays.
+template <class Section, class R>
+void AddToTotals(Section& section, const R& entry) {
+  Totals number{section.NumberOfEntries(), 0, 0};
+  number += {1, 0, 0};
+  section.set_NumberOfEntries(number.entries);
+  for (const auto& line : *entry.Line()) {
+    section.set_TotalDebit(section.TotalDebit() + line->DebitAmount());
+    section.set_TotalCredit(section.TotalCredit() + line->CreditAmount());
+  }
+}
+
 }  // namespace zevo
 
 #endif  // ZEVO_MODEL_TOTALS_H_
