@@ -9,6 +9,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -29,23 +30,24 @@ struct Case {
   std::string source;
   Matcher<const std::string&> kept;
   Matcher<const std::string&> emptied;
+  std::optional<Matcher<const std::string&>> longer = std::nullopt;
 };
 
 void PrintTo(const Case& given, std::ostream* out) { *out << given.name; }
 
 class ErrorRecordingTest : public ::testing::TestWithParam<Case> {
  protected:
-  static std::shared_ptr<const AuditException> Record(UnknownDescription unknown) {
+  static std::shared_ptr<const AuditException> Record(OwnDescription own) {
     try {
       GetParam().raise();
     } catch (...) {
-      return RecordError(unknown);
+      return RecordError(own);
     }
     return nullptr;
   }
 
-  static void ExpectRecord(UnknownDescription unknown, const Matcher<const std::string&>& description) {
-    const auto exception = Record(unknown);
+  static void ExpectRecord(OwnDescription own, const Matcher<const std::string&>& description) {
+    const auto exception = Record(own);
     ASSERT_NE(exception, nullptr);
     EXPECT_EQ(exception->Number(), GetParam().number);
     EXPECT_EQ(exception->Source(), GetParam().source);
@@ -53,10 +55,12 @@ class ErrorRecordingTest : public ::testing::TestWithParam<Case> {
   }
 };
 
-TEST_P(ErrorRecordingTest, KeepsUnknownDescriptions) { ExpectRecord(UnknownDescription::kKept, GetParam().kept); }
+TEST_P(ErrorRecordingTest, KeepsUnknownDescriptions) { ExpectRecord(OwnDescription::kWithoutMessage, GetParam().kept); }
 
-TEST_P(ErrorRecordingTest, EmptiesUnknownDescriptions) {
-  ExpectRecord(UnknownDescription::kEmptied, GetParam().emptied);
+TEST_P(ErrorRecordingTest, EmptiesUnknownDescriptions) { ExpectRecord(OwnDescription::kNever, GetParam().emptied); }
+
+TEST_P(ErrorRecordingTest, KeepsDescriptionsThatSayMoreThanTheMessage) {
+  ExpectRecord(OwnDescription::kWithoutMessageOrLonger, GetParam().longer.value_or(GetParam().kept));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -66,6 +70,10 @@ INSTANTIATE_TEST_SUITE_P(
                 "Não foi indicado o nome do ficheiro SAFT-PT."},
            Case{"library error with a description", [] { throw Error(-2147221403, "S", "its own"); }, -2147221403, "S",
                 "Já existe um Header associado ao ficheiro.", "Já existe um Header associado ao ficheiro."},
+           Case{"library error that says more",
+                [] { throw Error(-2147221502, "S", "Ficheiro SAFT-PT não encontrado: z."); }, -2147221502, "S",
+                "Ficheiro SAFT-PT não encontrado.", "Ficheiro SAFT-PT não encontrado.",
+                "Ficheiro SAFT-PT não encontrado: z."},
            Case{"negative number without a message", [] { throw Error(-2147221497, "S", "its own"); }, -2147221497, "S",
                 "its own", ""},
            Case{"negative number far below the base",

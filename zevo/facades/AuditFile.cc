@@ -4,6 +4,7 @@
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALHelper.h>
 #include <zevo/dal/LoadDocument.h>
+#include <zevo/facades/ErrorRecording.h>
 #include <zevo/facades/RecordWriting.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/Totals.h>
@@ -26,7 +27,8 @@ void AddTo(Section* section, const R& entry) {
 
 }  // namespace
 
-AuditFile::AuditFile() : Facade("AuditFile", true), writer_(std::make_unique<DOMDALHelper>()) {}
+AuditFile::AuditFile()
+    : Facade("AuditFile", OwnDescription::kWithoutMessage), writer_(std::make_unique<DOMDALHelper>()) {}
 AuditFile::~AuditFile() = default;
 
 const std::string& AuditFile::AuditFileName() const { return writer_->AuditFileName(); }

@@ -9,6 +9,7 @@
 #include <zevo/dal/AuditViolation.h>
 #include <zevo/dal/EntityScanner.h>
 #include <zevo/dal/LoadDocument.h>
+#include <zevo/facades/ErrorRecording.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/platform/CompiledSchema.h>
@@ -173,7 +174,8 @@ class AuditFileChecker::Run {
   std::optional<SchemaDiagnosis> diagnosis_;
 };
 
-AuditFileChecker::AuditFileChecker() : Facade("AuditFileChecker", true), state_(std::make_unique<State>()) {
+AuditFileChecker::AuditFileChecker()
+    : Facade("AuditFileChecker", OwnDescription::kWithoutMessageOrLonger), state_(std::make_unique<State>()) {
   for (const RuleInfo& rule : Rules()) state_->settings.severities.push_back(rule.severity);
   state_->counts.resize(Rules().size());
 }

@@ -3,11 +3,12 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/TextFileDALHelper.h>
+#include <zevo/facades/ErrorRecording.h>
 
 namespace zevo {
 
 AuditFileElementWriter::AuditFileElementWriter()
-    : Facade("AuditFileElementWriter", false), writer_(std::make_unique<TextFileDALHelper>()) {}
+    : Facade("AuditFileElementWriter", OwnDescription::kNever), writer_(std::make_unique<TextFileDALHelper>()) {}
 AuditFileElementWriter::~AuditFileElementWriter() = default;
 
 const std::string& AuditFileElementWriter::AuditFileName() const { return writer_->AuditFileName(); }

@@ -3,6 +3,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/DOMDALReader.h>
+#include <zevo/facades/ErrorRecording.h>
 #include <zevo/facades/NullRecord.h>
 #include <zevo/mappers/CustomerDALC.h>
 #include <zevo/mappers/GeneralLedgerDALC.h>
@@ -19,7 +20,8 @@
 
 namespace zevo {
 
-AuditFileReader::AuditFileReader() : Facade("AuditFileReader", false), reader_(std::make_unique<DOMDALReader>()) {}
+AuditFileReader::AuditFileReader()
+    : Facade("AuditFileReader", OwnDescription::kNever), reader_(std::make_unique<DOMDALReader>()) {}
 AuditFileReader::~AuditFileReader() = default;
 
 template <class Operation>

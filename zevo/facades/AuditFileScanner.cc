@@ -3,6 +3,7 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/EntityScanner.h>
+#include <zevo/facades/ErrorRecording.h>
 #include <zevo/mappers/EntityFiller.h>
 #include <zevo/model/Record.h>
 
@@ -10,7 +11,7 @@
 
 namespace zevo {
 
-AuditFileScanner::AuditFileScanner() : Facade("AuditFileScanner", true) {}
+AuditFileScanner::AuditFileScanner() : Facade("AuditFileScanner", OwnDescription::kWithoutMessageOrLonger) {}
 AuditFileScanner::~AuditFileScanner() = default;
 
 const std::string& AuditFileScanner::AuditFileName() const { return file_name_; }

@@ -3,12 +3,13 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/TextFileDALHelper.h>
+#include <zevo/facades/ErrorRecording.h>
 #include <zevo/facades/RecordWriting.h>
 
 namespace zevo {
 
 AuditFileStreamWriter::AuditFileStreamWriter()
-    : Facade("AuditFileStreamWriter", false), writer_(std::make_unique<TextFileDALHelper>()) {}
+    : Facade("AuditFileStreamWriter", OwnDescription::kNever), writer_(std::make_unique<TextFileDALHelper>()) {}
 AuditFileStreamWriter::~AuditFileStreamWriter() = default;
 
 bool AuditFileStreamWriter::End(std::string_view member) {

@@ -3,13 +3,15 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/SAXDALReader.h>
+#include <zevo/facades/ErrorRecording.h>
 #include <zevo/mappers/EntityMapper.h>
 #include <zevo/model/Record.h>
 #include <zevo/platform/HostMessages.h>
 
 namespace zevo {
 
-AuditFileStreamer::AuditFileStreamer() : Facade("AuditFileStreamer", false), reader_(std::make_unique<SAXDALReader>()) {
+AuditFileStreamer::AuditFileStreamer()
+    : Facade("AuditFileStreamer", OwnDescription::kNever), reader_(std::make_unique<SAXDALReader>()) {
   reader_->ReadEntity = [this](const std::string& entityName, Element) {
     const std::shared_ptr<Record> record = Build(reader_->Kind());
     if (ReadEntity) ReadEntity(entityName, record);

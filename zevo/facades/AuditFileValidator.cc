@@ -4,6 +4,7 @@
 #include <zevo/Error.h>
 #include <zevo/dal/AuditViolation.h>
 #include <zevo/dal/LoadDocument.h>
+#include <zevo/facades/ErrorRecording.h>
 #include <zevo/model/Options.h>
 #include <zevo/model/internal/OptionsMapping.h>
 #include <zevo/platform/CompiledSchema.h>
@@ -90,7 +91,7 @@ class AuditFileValidator::Run {
   RepeatedInput input_;
 };
 
-AuditFileValidator::AuditFileValidator() : Facade("AuditFileValidator", true) {}
+AuditFileValidator::AuditFileValidator() : Facade("AuditFileValidator", OwnDescription::kWithoutMessageOrLonger) {}
 AuditFileValidator::~AuditFileValidator() = default;
 
 const std::string& AuditFileValidator::AuditFileName() const { return file_name_; }

@@ -8,12 +8,17 @@
 
 namespace zevo {
 
-/// What becomes of the description of an error with a negative number that the library has no message for.
-enum class UnknownDescription { kKept, kEmptied };
+/// When an error with a negative number keeps its own description instead of the message of its number. Where there is
+/// no message either, the description is empty.
+enum class OwnDescription {
+  kNever,
+  kWithoutMessage,
+  kWithoutMessageOrLonger,  ///< Also where it goes on where the message ends.
+};
 
 /// The exception that is being handled, as a façade keeps it. Called from a catch-all. Where there is no memory for the
 /// record, it gives one that says so.
-std::shared_ptr<const AuditException> RecordError(UnknownDescription unknown) noexcept;
+std::shared_ptr<const AuditException> RecordError(OwnDescription own) noexcept;
 
 }  // namespace zevo
 

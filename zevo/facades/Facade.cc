@@ -37,9 +37,6 @@ void Facade::RequireFile(const std::string& fileName, Input input, std::string_v
   throw Error(kNumber, source, std::move(description));
 }
 
-void Facade::RecordError() noexcept {
-  exception_ =
-      zevo::RecordError(keeps_unknown_descriptions_ ? UnknownDescription::kKept : UnknownDescription::kEmptied);
-}
+void Facade::RecordError() noexcept { exception_ = zevo::RecordError(own_description_); }
 
 }  // namespace zevo

@@ -13,6 +13,7 @@
 namespace zevo {
 
 class IDALHelper;
+enum class OwnDescription;
 
 /// What the façades have in common: an operation that fails throws nothing, but leaves its failure behind.
 class ZEVO_API Facade {
@@ -27,10 +28,8 @@ class ZEVO_API Facade {
   /// What a façade reads: one that goes through its input once, and does not write it back, takes a pipe as well.
   enum class Input { kFile, kFileOrStandardInput };
 
-  /// `name` is the class that errors of its own operations name as their source; it must outlive the object. The
-  /// description of an error with a negative number that the library has no message for is kept or emptied.
-  Facade(std::string_view name, bool keepsUnknownDescriptions)
-      : name_(name), keeps_unknown_descriptions_(keepsUnknownDescriptions) {}
+  /// `name` is the class that errors of its own operations name as their source; it must outlive the object.
+  Facade(std::string_view name, OwnDescription ownDescription) : name_(name), own_description_(ownDescription) {}
   ~Facade() = default;
 
   /// Raises a message with the source "name.member" unless the condition holds.
@@ -71,7 +70,7 @@ class ZEVO_API Facade {
 
  private:
   std::string_view name_;
-  bool keeps_unknown_descriptions_;
+  OwnDescription own_description_;
   std::shared_ptr<const zevo::AuditException> exception_;
 };
 
