@@ -389,6 +389,21 @@ TEST_F(AuditFileReaderTest, ReadHeaderWithoutAHeaderEmptiesTheVariable) {
   EXPECT_EQ(header, nullptr);
 }
 
+TEST_F(AuditFileReaderTest, FailureAmongTheSalesInvoicesLeavesTheVariableAsItWas) {
+  Open(
+      "<SourceDocuments><SalesInvoices><Invoice><InvoiceNo>FT A/1</InvoiceNo><Line/></Invoice></SalesInvoices>"
+      "</SourceDocuments>");
+  const auto before = SampleInvoice(1, "C1", "P1");
+  auto invoice = before;
+  EXPECT_FALSE(reader_.ReadInvoice(invoice));
+  EXPECT_THAT(reader_, RecordedError(kTypeMismatch, "ZevoAdapters11", Not(IsEmpty())));
+  EXPECT_EQ(invoice, before);
+  std::shared_ptr<SalesInvoices> none;
+  EXPECT_FALSE(reader_.ReadSalesInvoices(none));
+  EXPECT_THAT(reader_, RecordedError(kTypeMismatch, "ZevoAdapters11", Not(IsEmpty())));
+  EXPECT_EQ(none, nullptr);
+}
+
 // What mappers raise reaches the host as they raised it.
 
 struct MissingSection {

@@ -18,6 +18,8 @@
 #include <zevo/mappers/TaxTableEntryDALC.h>
 #include <zevo/mappers/TransactionDALC.h>
 
+#include <utility>
+
 namespace zevo {
 
 AuditFileReader::AuditFileReader()
@@ -117,12 +119,19 @@ bool AuditFileReader::ReadTransaction(std::shared_ptr<Transaction>& value, const
 }
 
 bool AuditFileReader::ReadSalesInvoices(std::shared_ptr<SalesInvoices>& value) {
-  return Read("ReadSalesInvoices", [&](IDALReader& helper) { SalesInvoicesDALC().ReadSalesInvoices(value, helper); });
+  return Read("ReadSalesInvoices", [&](IDALReader& helper) {
+    std::shared_ptr<SalesInvoices> read;
+    SalesInvoicesDALC().ReadSalesInvoices(read, helper);
+    value = std::move(read);
+  });
 }
 
 bool AuditFileReader::ReadInvoice(std::shared_ptr<Invoice>& value) {
-  return Walk("ReadInvoice", kInvoice,
-              [&](IDALReader& helper, bool first) { InvoiceDALC().ReadInvoice(value, helper, first); });
+  return Walk("ReadInvoice", kInvoice, [&](IDALReader& helper, bool first) {
+    std::shared_ptr<Invoice> read;
+    InvoiceDALC().ReadInvoice(read, helper, first);
+    value = std::move(read);
+  });
 }
 
 int32_t AuditFileReader::Customers() {

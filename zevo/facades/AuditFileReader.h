@@ -74,10 +74,10 @@ class ZEVO_API AuditFileReader : public Facade {
   /// The next transaction of a journal; another journal than in the call before begins anew. Fails with message 251
   /// when the file does not have the journal. A first journal whose `JournalID` is empty yields no transaction.
   bool ReadTransaction(std::shared_ptr<Transaction>& value, const Journal& journalValue);
-  /// The totals of the sales invoices section. Fails with message 301 without it.
+  /// The totals of the sales invoices section. Fails with message 301 without it; the variable then keeps what it had.
   bool ReadSalesInvoices(std::shared_ptr<SalesInvoices>& value);
   /// The next invoice. Fails with message 301 without the section, and with error 13 when the LineNumber or Quantity of
-  /// a line is missing or no number.
+  /// a line is missing or no number; the variable then keeps what it had.
   bool ReadInvoice(std::shared_ptr<Invoice>& value);
 
   // A count is 0 where the file does not have the section or the journal, and -1 on failure.
