@@ -13,6 +13,7 @@
 namespace zevo {
 
 class IDALHelper;
+/// When an error keeps its own description instead of the message of its number.
 enum class OwnDescription;
 
 /// What the façades have in common: an operation that fails throws nothing, but leaves its failure behind.
