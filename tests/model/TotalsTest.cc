@@ -85,6 +85,23 @@ TEST(TotalsTest, NothingIsAddedWhereASumIsOutOfRange) {
   }
 }
 
+TEST(TotalsTest, InOrderWhatComesBeforeASumThatIsOutOfRangeIsAdded) {
+  constexpr int32_t kMostEntries = std::numeric_limits<int32_t>::max();
+  const struct {
+    Totals full;
+    Totals after;
+  } kRows[] = {
+      {{kMostEntries, 2, 3}, {kMostEntries, 2, 3}},
+      {{1, Amount::FromScaled(kMost), 3}, {2, Amount::FromScaled(kMost), 3}},
+      {{1, 2, Amount::FromScaled(kMost)}, {2, 3, Amount::FromScaled(kMost)}},
+  };
+  for (const auto& [full, after] : kRows) {
+    Totals totals = full;
+    EXPECT_ERROR(totals.AddInOrder(*TransactionOf(1, 1)), RunTimeError::kOverflow, kRunTimeSource);
+    EXPECT_EQ(totals, after);
+  }
+}
+
 TEST(TotalsTest, AnInvoiceWithoutALedgerTransactionDoesNotCount) {
   Invoice invoice;
   for (const std::string_view id : {"Anulado", "ANULADO", "aNULADO"}) {

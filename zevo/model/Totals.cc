@@ -8,17 +8,24 @@ namespace zevo {
 namespace {
 
 void AddEntries(int32_t& entries, int32_t more) {
-  if (__builtin_add_overflow(entries, more, &entries)) throw MakeRunTimeError(RunTimeError::kOverflow);
+  int32_t sum;
+  if (__builtin_add_overflow(entries, more, &sum)) throw MakeRunTimeError(RunTimeError::kOverflow);
+  entries = sum;
+}
+
+template <class R>
+void AddEntryInOrder(Totals& totals, const R& entry) {
+  AddEntries(totals.entries, 1);
+  for (const auto& line : *entry.Line()) {
+    totals.debit += line->DebitAmount();
+    totals.credit += line->CreditAmount();
+  }
 }
 
 template <class R>
 void AddEntry(Totals& totals, const R& entry) {
   Totals sum = totals;
-  AddEntries(sum.entries, 1);
-  for (const auto& line : *entry.Line()) {
-    sum.debit += line->DebitAmount();
-    sum.credit += line->CreditAmount();
-  }
+  AddEntryInOrder(sum, entry);
   totals = sum;
 }
 
@@ -26,6 +33,9 @@ void AddEntry(Totals& totals, const R& entry) {
 
 void Totals::Add(const Transaction& entry) { AddEntry(*this, entry); }
 void Totals::Add(const Invoice& entry) { AddEntry(*this, entry); }
+
+void Totals::AddInOrder(const Transaction& entry) { AddEntryInOrder(*this, entry); }
+void Totals::AddInOrder(const Invoice& entry) { AddEntryInOrder(*this, entry); }
 
 Totals& Totals::operator+=(const Totals& other) {
   Totals sum{.entries = entries, .debit = debit + other.debit, .credit = credit + other.credit};

@@ -34,6 +34,12 @@ struct ZEVO_API Totals {
   /// The same of an invoice, whether it counts or not.
   void Add(const Invoice& entry);
 
+  /// Adds an entry with its lines: the number first, then line after line its debit and its credit. Raises error 6 at
+  /// the first sum that is out of range; what came before it is added.
+  void AddInOrder(const Transaction& entry);
+  /// The same of an invoice, whether it counts or not.
+  void AddInOrder(const Invoice& entry);
+
   /// Raises error 6 when a sum is out of range; nothing is added then.
   Totals& operator+=(const Totals& other);
   friend bool operator==(const Totals&, const Totals&) = default;
@@ -64,18 +70,17 @@ void SetTotals(Section& section, const Totals& totals) {
   section.set_TotalCredit(totals.credit);
 }
 
-/// Adds an entry with its lines to the totals that a section holds: the number first, then line after line its debit
-/// and its credit, each through the section's property. Raises error 6 at the first sum that is out of range; what was
-/// added before stays.
+/// Adds an entry with its lines to the totals that a section holds, as `Totals::AddInOrder` does, with its error.
 template <class Section, class R>
 void AddToTotals(Section& section, const R& entry) {
-  Totals number{section.NumberOfEntries(), 0, 0};
-  number += {1, 0, 0};
-  section.set_NumberOfEntries(number.entries);
-  for (const auto& line : *entry.Line()) {
-    section.set_TotalDebit(section.TotalDebit() + line->DebitAmount());
-    section.set_TotalCredit(section.TotalCredit() + line->CreditAmount());
+  Totals totals = TotalsIn(section);
+  try {
+    totals.AddInOrder(entry);
+  } catch (...) {
+    SetTotals(section, totals);
+    throw;
   }
+  SetTotals(section, totals);
 }
 
 }  // namespace zevo
