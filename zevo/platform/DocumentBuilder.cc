@@ -80,9 +80,9 @@ void DocumentBuilder::Characters(std::string_view text) {
 
 void DocumentBuilder::EndText() {
   const std::string_view text(text_, length_);
-  const bool indentation = room_ == 0;
+  const bool isShort = room_ == 0 || text.size() <= Node::kShortest;
   length_ = room_ = 0;
-  if (indentation) return document_.AppendShortText(Open(), text);
+  if (isShort) return document_.AppendShortText(Open(), text);
   document_.KeepText(text.size());
   document_.AppendAdoptedText(Open(), text);
 }

@@ -5,7 +5,7 @@ namespace zevo {
 
 std::string_view Node::TextOfShort() const {
   if (!HoldsText()) return {};
-  if (Kind() == NodeKind::kText) return {KeptIndentation(Name() & kTabs), Name() & (kTabs - 1)};
+  if (tag >> kShortShift == kIndentation) return {KeptIndentation(Name() & kTabs), Name() & (kTabs - 1)};
   return {ShortText(), (tag >> kShortShift) - 1};
 }
 

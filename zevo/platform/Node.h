@@ -5,6 +5,7 @@
 #include <zevo/platform/NameTable.h>
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -15,8 +16,7 @@ namespace zevo {
 enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, kInstruction, kAttribute };
 
 /// A node of a document as it lies in memory, linked by 32-bit references that the document resolves. This is all that
-/// a short node has: one that came without content, a text node that is an indentation, or another node with a text
-/// that lies behind it.
+/// a short node has: one that came without content, or with a text that is an indentation or lies in the node itself.
 struct Node {
   uint32_t parent;
   uint32_t next;
@@ -30,14 +30,16 @@ struct Node {
   static constexpr uint32_t kHoldsText = 1U << 27;
   static constexpr uint32_t kPrefixed = 1U << 28;  // the name has a prefix
   static constexpr uint32_t kShortShift = 29;      // one more than the length of a short node's text
-  // The greatest length of a text that lies behind a short node.
+  // The greatest lengths of a text that lies in the bits for the name, as a text node has no name, and of one that lies
+  // behind the node.
+  static constexpr size_t kShortest = 3;
   static constexpr size_t kShortText = 4;
 
   // An indentation is a line feed and spaces, or a line feed and tabs, and no longer than this. Every second node of
-  // many files is one. It lies in the bits for the name, as a text node has no name: its length, and what it is made
-  // of.
+  // many files is one. The bits for the name have its length and what it is made of, those for a length this mark.
   static constexpr size_t kMostIndentation = 64;
   static constexpr uint32_t kTabs = 1U << 8;
+  static constexpr uint32_t kIndentation = 7;
 
   static constexpr uint32_t TagOf(NodeKind kind, uint32_t name) {
     return (name & kNameMask) | static_cast<uint32_t>(kind) << kKindShift;
@@ -55,7 +57,8 @@ struct Node {
 
   /// Whether a short node has room for a text.
   static bool HasRoomFor(NodeKind kind, std::string_view text) {
-    return kind == NodeKind::kText ? Indentation(text) != nullptr : text.size() <= kShortText;
+    if (kind != NodeKind::kText) return text.size() <= kShortText;
+    return text.size() <= kShortest || Indentation(text) != nullptr;
   }
   /// The same text where it is kept for all nodes; null for one that is no indentation.
   static const char* Indentation(std::string_view text) {
@@ -69,9 +72,9 @@ struct Node {
   }
   /// Makes it a short node, which it stays.
   void HoldShort(std::string_view text) {
-    if (Kind() == NodeKind::kText) {
-      tag = TagOf(NodeKind::kText, static_cast<uint32_t>(text.size()) | (text.back() == '\t' ? kTabs : 0)) |
-            kHoldsText | 1U << kShortShift;
+    if (Kind() == NodeKind::kText && text.size() > kShortest) {
+      const auto size = static_cast<uint32_t>(text.size());
+      tag |= (text.back() == '\t' ? size | kTabs : size) | kHoldsText | kIndentation << kShortShift;
       return;
     }
     if (!text.empty()) std::memcpy(const_cast<char*>(ShortText()), text.data(), text.size());
@@ -79,7 +82,10 @@ struct Node {
   }
 
  private:
-  const char* ShortText() const { return reinterpret_cast<const char*>(this + 1); }
+  const char* ShortText() const {
+    if (Kind() != NodeKind::kText) return reinterpret_cast<const char*>(this + 1);
+    return reinterpret_cast<const char*>(&tag) + (std::endian::native == std::endian::little ? 0 : 1);
+  }
   static const char* KeptIndentation(uint32_t tabs) {
     static constexpr auto kKept = [] {
       std::array<std::array<char, kMostIndentation>, 2> kept{};
