@@ -11,7 +11,6 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/facades/ChildProcess.h"
 #include "tests/facades/Expectations.h"
 #include "tests/facades/SampleFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -232,27 +231,6 @@ TEST_F(AuditFileTest, SavesUnderTheNameOfTheMomentAlsoOverAnExistingFile) {
   Save();
   EXPECT_EQ(ReadBytes(other), kEmptyFile);
   EXPECT_THAT(folder_.Names(), ElementsAre("other.xml"));
-}
-
-TEST_F(AuditFileTest, FileOutOfReachIsNotFoundInTheWordsOfTheMessage) {
-  std::filesystem::create_directory(folder_.Path("closed"));
-  const std::string path = folder_.Write("closed/file.xml", kEmptyFile);
-  std::filesystem::permissions(folder_.Path("closed"), std::filesystem::perms::none);
-  const std::string told = InChildProcess([&] {
-    DropPrivileges();
-    std::string descriptions;
-    const auto open = [&](auto&& facade) {
-      facade.set_AuditFileName(path);
-      descriptions += facade.OpenAuditFile() ? "opened" : facade.AuditException()->Description();
-    };
-    open(AuditFile());
-    open(AuditFileReader());
-    open(AuditFileStreamer());
-    return descriptions;
-  });
-  std::filesystem::permissions(folder_.Path("closed"), std::filesystem::perms::owner_all);
-  const std::string message(MessageText(kErrorBase + static_cast<int32_t>(Message::kFileNotFound)));
-  EXPECT_EQ(told, message + message + message);
 }
 
 TEST_F(AuditFileTest, OpensAddsAndSaves) {

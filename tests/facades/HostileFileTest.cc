@@ -788,6 +788,27 @@ TEST_F(HostileFileTest, UnreadableFileIsReportedWithTheSystemsReason) {
   EXPECT_EQ(report, "");
 }
 
+TEST_F(HostileFileTest, FileOutOfReachIsNotFoundInTheWordsOfTheMessage) {
+  std::filesystem::create_directory(folder_.Path("closed"));
+  const std::string path = folder_.Write("closed/file.xml", "<AuditFile/>");
+  std::filesystem::permissions(folder_.Path("closed"), std::filesystem::perms::none);
+  const std::string told = InChildProcess([&] {
+    DropPrivileges();
+    std::string descriptions;
+    const auto open = [&](auto&& facade) {
+      facade.set_AuditFileName(path);
+      descriptions += facade.OpenAuditFile() ? "opened" : facade.AuditException()->Description();
+    };
+    open(AuditFile());
+    open(AuditFileReader());
+    open(AuditFileStreamer());
+    return descriptions;
+  });
+  std::filesystem::permissions(folder_.Path("closed"), std::filesystem::perms::owner_all);
+  const std::string message(MessageText(kErrorBase + static_cast<int32_t>(Message::kFileNotFound)));
+  EXPECT_EQ(told, message + message + message);
+}
+
 TEST_F(HostileFileTest, UnreadableSchemaIsReportedByValidation) {
   const std::string path = folder_.Path("saft.xml");
   SaveSampleFile(path);
