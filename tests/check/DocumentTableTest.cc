@@ -107,8 +107,10 @@ TEST_F(DocumentTableTest, TheSameLongNumberInManySeriesTakesNoLonger) {
     for (int series = 0; series < 20'000; ++series) {
       invoices.push_back("<InvoiceNo>FT " + std::to_string(series) + std::string(number) + "</InvoiceNo>");
     }
-    table_ = {};
-    return testing::ProcessorSeconds([&] { Take(invoices); });
+    return testing::LeastProcessorSeconds(3, [&] {
+      table_ = {};
+      Take(invoices);
+    });
   };
   const double of_short = seconds_of("/1");
   EXPECT_LT(seconds_of("/12345678901234567890"), 3 * of_short);
