@@ -83,7 +83,7 @@ Line Written(const Document& document) {
 
 Lines Tree(const std::string& path) {
   Document document;
-  DocumentBuilder builder(document);
+  DocumentBuilder builder(document, Indentation::kKept);
   if (const auto problem = Parser(path).Parse(builder)) return {LineOf(*problem)};
   return {Written(document)};
 }

@@ -18,7 +18,7 @@ TEST(LoadDocumentTest, NewDocumentIsEmpty) { EXPECT_FALSE(NewDocument()->Root())
 
 TEST(LoadDocumentTest, NamesHaveTheNumbersThatTheMappersCountOn) {
   const TemporaryFolder folder;
-  const auto loaded = LoadDocument(folder.Write("a.xml", "<x><Website/></x>"));
+  const auto loaded = LoadDocument(folder.Write("a.xml", "<x><Website/></x>"), Indentation::kKept);
   const auto fresh = NewDocument();
   for (const Document* document : {fresh.get(), loaded.get()}) {
     for (size_t i = 0; i < kElementNames.size(); ++i) EXPECT_EQ(document->Names().Find(kElementNames[i]), i + 1);
@@ -27,7 +27,8 @@ TEST(LoadDocumentTest, NamesHaveTheNumbersThatTheMappersCountOn) {
 
 TEST(LoadDocumentTest, GivesTheTreeInTheFile) {
   const TemporaryFolder folder;
-  const auto document = LoadDocument(folder.Write("a.xml", "<AuditFile><Header>x</Header></AuditFile>"));
+  const auto document =
+      LoadDocument(folder.Write("a.xml", "<AuditFile><Header>x</Header></AuditFile>"), Indentation::kKept);
   ASSERT_TRUE(document->Root());
   EXPECT_EQ(document->Root().Name(), "AuditFile");
   EXPECT_EQ(document->FirstChild(document->Root(), "Header").AllText(), "x");
@@ -35,12 +36,13 @@ TEST(LoadDocumentTest, GivesTheTreeInTheFile) {
 
 TEST(LoadDocumentTest, NameOfTheFileIsUtf8) {
   const TemporaryFolder folder;
-  EXPECT_TRUE(LoadDocument(folder.Write("exerc\u00edcio \u20ac.xml", "<AuditFile/>"))->Root());
+  EXPECT_TRUE(LoadDocument(folder.Write("exerc\u00edcio \u20ac.xml", "<AuditFile/>"), Indentation::kKept)->Root());
 }
 
 TEST(LoadDocumentTest, ErrorOfTheParserTellsWhereAndCarriesItsCode) {
   const TemporaryFolder folder;
-  const Error error = ErrorOf([&] { LoadDocument(folder.Write("a.xml", "<AuditFile>\n  <a></b>\n</AuditFile>")); });
+  const Error error =
+      ErrorOf([&] { LoadDocument(folder.Write("a.xml", "<AuditFile>\n  <a></b>\n</AuditFile>"), Indentation::kKept); });
   EXPECT_EQ(error.Number(), 76);  // XML_ERR_TAG_NAME_MISMATCH
   EXPECT_EQ(error.Source(), "MSXML2.DOMDocument.Load");
   EXPECT_NE(error.Description().find('2'), std::string::npos) << "no line in: " << error.Description();
@@ -56,7 +58,7 @@ class LoadDocumentRefusesTest : public ::testing::TestWithParam<Refused> {};
 
 TEST_P(LoadDocumentRefusesTest, RefusesWithTheSourceOfALoad) {
   const TemporaryFolder folder;
-  const Error error = ErrorOf([&] { LoadDocument(folder.Write("a.xml", GetParam().bytes)); });
+  const Error error = ErrorOf([&] { LoadDocument(folder.Write("a.xml", GetParam().bytes), Indentation::kKept); });
   EXPECT_GT(error.Number(), 0);
   EXPECT_EQ(error.Source(), "MSXML2.DOMDocument.Load");
   EXPECT_NE(error.Description(), "");

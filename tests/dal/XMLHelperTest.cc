@@ -5,6 +5,7 @@
 #include <zevo/dal/LoadDocument.h>
 #include <zevo/dal/XMLHelper.h>
 #include <zevo/platform/Document.h>
+#include <zevo/platform/Serializer.h>
 
 #include <array>
 #include <cstdint>
@@ -28,7 +29,7 @@ struct Row {
 class XMLHelperTest : public ::testing::Test {
  protected:
   Element Parse(std::string_view xml) {
-    document_ = LoadDocument(folder_.Write("document.xml", xml));
+    document_ = LoadDocument(folder_.Write("document.xml", xml), Indentation::kKept);
     return document_->Root();
   }
   // Both ways of reading a City must agree with the row.
@@ -158,9 +159,10 @@ TEST_F(XMLHelperTest, NamesMayBeAskedForInAnyOrderAndAgain) {
 constexpr std::array kNames = {ElementName("City"),    ElementName("Region"), ElementName("Country"),
                                ElementName("Address"), ElementName("Line"),   ElementName("Website")};
 
-constexpr std::array<std::string_view, 24> kTexts = {
-    "a",  "ção",    "€",     " ",    "  ",     "\t",      "\n",        "\r\n",       "\r", "&",     "<",     ">",
-    "\"", "&quot;", "&amp;", "&lt;", "<City>", "</City>", "<Region>x", "&amp;quot;", "'",  "&quot", "quot;", "-"};
+constexpr std::array<std::string_view, 26> kTexts = {
+    "\n  ",   "\n\t",    "a",         "ção",        "€", " ",     "  ",     "\t",    "\n",
+    "\r\n",   "\r",      "&",         "<",          ">", "\"",    "&quot;", "&amp;", "&lt;",
+    "<City>", "</City>", "<Region>x", "&amp;quot;", "'", "&quot", "quot;",  "-"};
 constexpr std::array<std::string_view, 8> kHidden = {
     "<City>h</City>", "<Region>", "</Region>", "<Country a='1'>", " ", "x", "> <", "<Line>&quot;\t</Line>"};
 
@@ -250,6 +252,31 @@ RC_GTEST_PROP(ElementTextsTest, ReadsWhatTheSerialisedXmlHolds, (uint8_t firstAs
 RC_GTEST_PROP(ElementTextsTest, ReadsWhatTheSerialisedXmlHoldsWithTagsInCommentsSectionsAndInstructions,
               (uint8_t firstAsked)) {
   ExpectBothAgreeInEveryNode(Tape(), true, firstAsked);
+}
+
+std::vector<Element> ChildrenOf(Element parent) {
+  std::vector<Element> children;
+  for (const Element child : parent.Children()) children.push_back(child);
+  return children;
+}
+
+void ExpectSameTexts(Element whole, Element lean) {
+  for (const ElementName name : kNames) RC_ASSERT(ElementText(name.Text(), whole) == ElementText(name.Text(), lean));
+  const std::vector<Element> inWhole = ChildrenOf(whole);
+  const std::vector<Element> inLean = ChildrenOf(lean);
+  RC_ASSERT(inWhole.size() == inLean.size());
+  for (size_t i = 0; i < inWhole.size(); ++i) ExpectSameTexts(inWhole[i], inLean[i]);
+}
+
+RC_GTEST_PROP(ElementTextsTest, IndentationBehindAnElementIsPartOfNoText, ()) {
+  const RandomTree tree(Tape(), true);
+  std::string xml = SerializedXml(tree.Root());
+  xml.insert(std::string_view("<City").size(), " xmlns:p='urn:p'");
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("document.xml", "<?xml version='1.0' encoding='windows-1252'?>" + xml);
+  const auto whole = LoadDocument(file, Indentation::kKept);
+  const auto lean = LoadDocument(file, Indentation::kLeftOut);
+  ExpectSameTexts(whole->Root(), lean->Root());
 }
 
 }  // namespace

@@ -135,7 +135,7 @@ class SchemaKinds {
     return KindOf(base);
   }
 
-  std::unique_ptr<Document> schema_ = LoadDocument(ZEVO_SCHEMA_FILE);
+  std::unique_ptr<Document> schema_ = LoadDocument(ZEVO_SCHEMA_FILE, Indentation::kKept);
   std::map<std::string_view, Element> types_;
   std::map<std::string, TextKind> kinds_;
 };

@@ -156,7 +156,7 @@ TEST(DocumentBuilderTest, TextThatComesInManyPiecesIsOne) {
 
 TEST(DocumentBuilderTest, NoCharactersAreNoText) {
   Document document;
-  DocumentBuilder builder(document);
+  DocumentBuilder builder(document, Indentation::kKept);
   const char* const name = "a";
   builder.StartElement({name, nullptr}, {});
   builder.Characters({});
@@ -177,6 +177,27 @@ TEST(DocumentBuilderTest, WhiteSpaceOfEveryLengthAndKindIsKept) {
   EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", content));
 }
 
+TEST(DocumentBuilderTest, OnlyIndentationBehindAnElementIsLeftOut) {
+  struct Row {
+    const char* content;
+    const char* built;
+  };
+  const Row kRows[] = {
+      {"<a>\n <b>x</b>\n <b/>\n <c>\n  <b/>\n </c>\n</a>", "<a>\n <b>x</b><b/><c>\n  <b/></c></a>"},
+      {"<a><b/>\n\t<b/>\r\n</a>", "<a><b/><b/></a>"},
+      {"<a><b/>\n <!--x-->\n <?y?>\n <b/>\n <![CDATA[z]]></a>", "<a><b/><!--x-->\n <?y?>\n <b/><![CDATA[z]]></a>"},
+      {"<a><b/>\n x<b/> <b/>\n \t<b/>\n\n<b/>\n&#9;</a>", "<a><b/>\n x<b/> <b/>\n \t<b/>\n\n<b/></a>"},
+      {"<a k=\"v\">\n <b>\n</b></a>", "<a k=\"v\">\n <b>\n</b></a>"},
+  };
+  const testing::TemporaryFolder folder;
+  for (const Row& row : kRows) {
+    Document document;
+    DocumentBuilder builder(document, Indentation::kLeftOut);
+    Raise(Parser(folder.Write("a.xml", row.content)).Parse(builder), "Test");
+    EXPECT_EQ(testing::BytesOf(document), Declared("windows-1252", row.built));
+  }
+}
+
 TEST(DocumentBuilderTest, SharedWhiteSpaceDoesNotChangeWithOneElement) {
   const Parsing parsing;
   Document document;
@@ -188,7 +209,7 @@ TEST(DocumentBuilderTest, SharedWhiteSpaceDoesNotChangeWithOneElement) {
 
 TEST(DocumentBuilderTest, ATextMayBeginAsIndentationDoes) {
   Document document;
-  DocumentBuilder builder(document);
+  DocumentBuilder builder(document, Indentation::kKept);
   uint32_t names = 1;
   const auto element = [&](const char* name, std::initializer_list<std::string_view> pieces) {
     const ParsedName parsed{name, nullptr, ++names};
@@ -286,7 +307,7 @@ TEST(DocumentBuilderTest, ADocumentIsRefilledFileAfterFile) {
 
 TEST(DocumentBuilderTest, ClearedItBeginsAnewInTheSameParse) {
   Document document;
-  DocumentBuilder builder(document);
+  DocumentBuilder builder(document, Indentation::kKept);
   const char* const name = "a";
   for (const std::string_view text : {"\n ", "\n ", "longer text", "\n "}) {
     builder.Clear();

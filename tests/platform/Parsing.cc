@@ -53,7 +53,7 @@ std::string Parsing::EventsOf(std::string_view bytes) const {
 }
 
 void Parsing::Load(Document& document, std::string_view bytes) const {
-  DocumentBuilder builder(document);
+  DocumentBuilder builder(document, Indentation::kKept);
   Raise(Parser(FileOf(bytes)).Parse(builder), kParseSource);
 }
 

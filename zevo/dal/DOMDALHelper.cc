@@ -37,7 +37,7 @@ void DOMDALHelper::CreateFile() {
 
 void DOMDALHelper::OpenFile() {
   document_.reset();
-  document_ = LoadDocument(file_name_);
+  document_ = LoadDocument(file_name_, Indentation::kKept);
   one_namespace_ = document_->default_namespaces == 1 && document_->Root().Attribute(kDefaultNamespace) == kNamespace;
 }
 

@@ -12,7 +12,7 @@ DOMDALReader::~DOMDALReader() = default;
 
 void DOMDALReader::OpenFile() {
   document_.reset();
-  document_ = LoadDocument(file_name_);
+  document_ = LoadDocument(file_name_, Indentation::kLeftOut);
 }
 
 void DOMDALReader::CloseFile() {

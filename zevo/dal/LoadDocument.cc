@@ -2,7 +2,6 @@
 #include <zevo/dal/LoadDocument.h>
 
 #include <zevo/dal/ElementName.h>
-#include <zevo/platform/DocumentBuilder.h>
 #include <zevo/platform/HostErrorHandlers.h>
 #include <zevo/platform/Parser.h>
 
@@ -10,9 +9,9 @@ namespace zevo {
 
 std::unique_ptr<Document> NewDocument() { return std::make_unique<Document>(kElementNames); }
 
-std::unique_ptr<Document> LoadDocument(const std::string& fileName) {
+std::unique_ptr<Document> LoadDocument(const std::string& fileName, Indentation indentation) {
   auto document = NewDocument();
-  DocumentBuilder builder(*document);
+  DocumentBuilder builder(*document, indentation);
   const HostErrorHandlers aside;
   Raise(Parser(fileName).Parse(builder), "MSXML2.DOMDocument.Load");
   return document;

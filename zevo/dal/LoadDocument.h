@@ -3,6 +3,7 @@
 #define ZEVO_DAL_LOADDOCUMENT_H_
 
 #include <zevo/platform/Document.h>
+#include <zevo/platform/DocumentBuilder.h>
 
 #include <memory>
 #include <string>
@@ -16,7 +17,7 @@ std::unique_ptr<Document> NewDocument();
 
 /// The document in a file. It is not validated. Raises the parser's number and reason with the source
 /// "MSXML2.DOMDocument.Load".
-std::unique_ptr<Document> LoadDocument(const std::string& fileName);
+std::unique_ptr<Document> LoadDocument(const std::string& fileName, Indentation indentation);
 
 }  // namespace zevo
 

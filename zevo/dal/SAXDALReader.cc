@@ -18,7 +18,7 @@ void SAXDALReader::ReadFile() {
   } reading{reading_ = true};
   in_entity_ = takes_leaves_ = false;
   kinds_.clear();
-  builder_.emplace(*entity_);
+  builder_.emplace(*entity_, Indentation::kLeftOut);
   parser_.emplace(file_name_);
   Raise(parser_->Parse(*this), "MSXML2.SAXXMLReader.ParseURL");
   if (FinishedReading) FinishedReading();

@@ -39,6 +39,11 @@ void DocumentBuilder::AppendAttributes(std::span<const ParsedAttribute> attribut
   }
 }
 
+bool DocumentBuilder::IsBehindElement() const {
+  const auto* const open = static_cast<const FullNode*>(Open().node());
+  return open->HasChildren() && document_.Last(open)->Kind() == NodeKind::kElement;
+}
+
 void DocumentBuilder::EndElement(const ParsedName&) {
   const bool empty = !static_cast<const FullNode*>(Open().node())->HasChildren();
   if (length_ > 0) {
@@ -80,6 +85,12 @@ void DocumentBuilder::Characters(std::string_view text) {
 
 void DocumentBuilder::EndText() {
   const std::string_view text(text_, length_);
+  // What came in pieces lies in the arena, whatever it is.
+  const bool indents = room_ == 0 || Node::Indentation(text) != nullptr;
+  if (indentation_ == Indentation::kLeftOut && indents && IsBehindElement()) {
+    length_ = room_ = 0;
+    return;
+  }
   const bool isShort = room_ == 0 || text.size() <= Node::kShortest;
   length_ = room_ = 0;
   if (isShort) return document_.AppendShortText(Open(), text);

@@ -6,17 +6,24 @@
 #include <zevo/platform/Parser.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
 
 namespace zevo {
 
-/// Fills a document with what a parser delivers in one parse. Nothing is left out: attributes, comments, CDATA
-/// sections, instructions and white space between elements are kept.
+/// What becomes of an indentation (Node) that stands behind an element. Whoever only reads texts and elements never
+/// comes to one: an element's text ends before the first element inside.
+enum class Indentation : uint8_t { kKept, kLeftOut };
+
+/// Fills a document with what a parser delivers in one parse. Nothing else is left out: attributes, comments, CDATA
+/// sections, instructions and other white space between elements are kept.
 class DocumentBuilder final : public ParserHandler {
  public:
-  explicit DocumentBuilder(Document& document) : document_(document) { document.Names().ForgetParsed(); }
+  DocumentBuilder(Document& document, Indentation indentation) : document_(document), indentation_(indentation) {
+    document.Names().ForgetParsed();
+  }
 
   /// Clears the document too, for what comes next in the same parse.
   void Clear();
@@ -34,9 +41,11 @@ class DocumentBuilder final : public ParserHandler {
   Element Open() const { return open_.empty() ? Element() : open_.back(); }
   // Kept apart from the code that every element runs through.
   [[gnu::noinline]] void AppendAttributes(std::span<const ParsedAttribute> attributes);
+  bool IsBehindElement() const;
   void EndText();
 
   Document& document_;
+  const Indentation indentation_;
   std::vector<Element> open_;
   // The text that has come so far: an indentation that Node keeps, or at the end of the document's arena.
   const char* text_ = nullptr;

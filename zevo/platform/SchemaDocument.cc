@@ -20,7 +20,7 @@ constexpr const char* kForeignName = "?";
 
 class Declarations : public ParserHandler {
  public:
-  explicit Declarations(Document& document) : builder_(document) {}
+  explicit Declarations(Document& document) : builder_(document, Indentation::kKept) {}
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
     ++depth_;
