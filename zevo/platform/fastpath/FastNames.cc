@@ -18,8 +18,8 @@ bool FastNames::IsPlain(std::string_view name) {
 }
 
 FastName* FastNames::LookUp(std::string_view qualified) {
-  const auto known = by_text_.find(qualified);
-  if (known != by_text_.end()) return known->second;
+  const auto known = texts_.find(qualified);
+  if (known != texts_.end() && known->second != nullptr) return known->second;
   if (qualified.size() > FastName::kMost || names_.size() >= ParserLimits::kNames) return nullptr;
   const size_t colon = qualified.find(':');
   const bool prefixed = colon != std::string_view::npos;
@@ -28,9 +28,9 @@ FastName* FastNames::LookUp(std::string_view qualified) {
   const char* const prefix = prefixed ? Declared(qualified.substr(0, colon)) : nullptr;
   if (prefixed && prefix == nullptr) return nullptr;
   const auto number = static_cast<uint32_t>(names_.size() + 1);
-  FastName& name = names_.emplace_back(qualified, ParsedName{Interned(local), prefix, number});
-  by_text_.emplace(qualified, &name);
-  return &name;
+  auto& [text, name] = Known(qualified);
+  name = &names_.emplace_back(qualified, ParsedName{prefixed ? Interned(local) : text.c_str(), prefix, number});
+  return name;
 }
 
 const char* FastNames::Declared(std::string_view prefix) const {

@@ -86,7 +86,7 @@ class FastNames {
   /// Has names with this prefix taken from now on.
   void Declare(std::string_view prefix) { declared_.push_back(Interned(prefix)); }
   /// A name or a part of one as text that ends with a NUL: equal ones are the same pointers.
-  const char* Interned(std::string_view text) { return interned_.try_emplace(std::string(text)).first->first.c_str(); }
+  const char* Interned(std::string_view text) { return Known(text).first.c_str(); }
 
  private:
   static constexpr size_t kRecent = 256;
@@ -99,13 +99,15 @@ class FastNames {
     ForEachWord(qualified.substr(0, kLooked), [&](uint64_t word) { ends = (ends ^ word) * kMultiplier; });
     return static_cast<size_t>(ends >> 56);
   }
+  using Texts = TextMap<FastName*>;
+
+  Texts::value_type& Known(std::string_view text) { return *texts_.try_emplace(std::string(text), nullptr).first; }
   FastName* LookUp(std::string_view qualified);
   const char* Declared(std::string_view prefix) const;
 
   std::array<FastName*, kRecent> recent_{};
   std::deque<FastName> names_;
-  TextMap<FastName*> by_text_;
-  TextMap<char> interned_;
+  Texts texts_;  // names, and their parts, which are null
   std::vector<const char*> declared_;
 };
 
