@@ -94,18 +94,12 @@ unsigned LatinNumber(std::string_view text) { return (Byte(text[0]) & 3U) << 6 |
 // Room for a tag of a short name, with what is copied behind that.
 constexpr size_t kTagRoom = NameTable::kShort + 3;
 
-// Short names are copied with what stands behind them: a copy of a size that is known is a few instructions. These give
-// the end of the tag.
-char* CopyStartTag(std::string_view name, char* to) {
-  *to++ = '<';
-  std::memcpy(to, name.data(), NameTable::kShort);
-  to += name.size();
-  *to++ = '>';
-  return to;
-}
-char* CopyEndTag(std::string_view name, char* to) {
-  *to++ = '<';
-  *to++ = '/';
+// Short names are copied with what stands behind them: a copy of a size that is known is a few instructions. Gives the
+// end of the tag.
+template <size_t kSize>
+char* CopyTag(const char (&opening)[kSize], std::string_view name, char* to) {
+  std::memcpy(to, opening, kSize - 1);
+  to += kSize - 1;
   std::memcpy(to, name.data(), NameTable::kShort);
   to += name.size();
   *to++ = '>';
@@ -160,30 +154,25 @@ void Serializer::WriteName(const NameTable& names, uint32_t name) {
   names.IsAscii(name) ? WriteAscii(names.Text(name)) : Write(names.Text(name));
 }
 
-void Serializer::WriteStartTag(const NameTable& names, uint32_t name) {
+template <size_t kSize>
+void Serializer::WriteTag(const char (&opening)[kSize], const NameTable& names, uint32_t name) {
   if (names.IsShort(name) && kBufferSize - used_ >= kTagRoom) {
-    used_ = static_cast<size_t>(CopyStartTag(names.Text(name), buffer_.get() + used_) - buffer_.get());
+    used_ = static_cast<size_t>(CopyTag(opening, names.Text(name), buffer_.get() + used_) - buffer_.get());
     return;
   }
-  WriteAscii("<");
+  WriteAscii(opening);
   WriteName(names, name);
   WriteAscii(">");
 }
 
-void Serializer::WriteEndTag(const NameTable& names, uint32_t name) {
-  if (names.IsShort(name) && kBufferSize - used_ >= kTagRoom) {
-    used_ = static_cast<size_t>(CopyEndTag(names.Text(name), buffer_.get() + used_) - buffer_.get());
-    return;
-  }
-  WriteAscii("</");
-  WriteName(names, name);
-  WriteAscii(">");
-}
+void Serializer::WriteStartTag(const NameTable& names, uint32_t name) { WriteTag("<", names, name); }
+
+void Serializer::WriteEndTag(const NameTable& names, uint32_t name) { WriteTag("</", names, name); }
 
 bool Serializer::WritePlainElement(const NameTable& names, uint32_t name, std::string_view text) {
   const size_t room = kBufferSize - used_;
   if (text.empty() || room < 2 * kTagRoom || room - 2 * kTagRoom < text.size() || !names.IsShort(name)) return false;
-  char* to = CopyStartTag(names.Text(name), buffer_.get() + used_);
+  char* to = CopyTag("<", names.Text(name), buffer_.get() + used_);
   for (;;) {
     const size_t plain = PlainBytes::CopyRun(text.data(), text.size(), to);
     to += plain;
@@ -197,7 +186,7 @@ bool Serializer::WritePlainElement(const NameTable& names, uint32_t name, std::s
     }
     text.remove_prefix(kLatinSize);
   }
-  used_ = static_cast<size_t>(CopyEndTag(names.Text(name), to) - buffer_.get());
+  used_ = static_cast<size_t>(CopyTag("</", names.Text(name), to) - buffer_.get());
   return true;
 }
 

@@ -61,6 +61,8 @@ class Serializer {
   static constexpr size_t kBufferSize = size_t{256} * 1024;
 
   void WriteAsciiBeyond(std::string_view text);
+  template <size_t kSize>
+  void WriteTag(const char (&opening)[kSize], const NameTable& names, uint32_t name);
   void WriteTree(const Node* root);
   void Open(const Document& document, const Node* node);
   void Close(const Document& document, const Node* node);
