@@ -28,6 +28,14 @@ TEST_F(ProgramTest, AFileThatGrowsTooLargeIsAnErrorOfTheFile) {
   }
 }
 
+TEST_F(ProgramTest, ADatabaseThatGrowsTooLargeIsAnErrorOfTheFile) {
+  ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, Output()}).code, 0);
+  const std::string books = folder_.Path("books.db");
+  const testing::Outcome outcome = RunInShell("ulimit -f 64; saft export '" + Output() + "' --to '" + books + "'");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.err, "saft: " + books + ": The file becomes too large\n");
+}
+
 TEST_F(ProgramTest, OutputThatGrowsTooLargeIsAnError) {
   ASSERT_EQ(Run({"create", ZEVO_COMPANY_FOLDER, Output()}).code, 0);
   const testing::Outcome outcome = RunInShell("ulimit -f 8; saft list '" + Output() + "' TransactionLine");

@@ -247,6 +247,12 @@ void SqliteTarget::Fail(int result) const {
     case SQLITE_CANTOPEN:
       if (const int error = sqlite3_system_errno(database_.get()); error != 0) FailWithSystemError(error, file_, true);
       throw Failure(file_, Say(words::kDatabaseUnopened));
+    case SQLITE_IOERR: {
+      int error = 0;
+      sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_LAST_ERRNO, &error);
+      if (error != 0) FailWithSystemError(error, file_);
+      [[fallthrough]];
+    }
     default:
       throw Failure(file_, Say(words::kDatabaseFault, std::string_view(sqlite3_errmsg(database_.get()))));
   }
