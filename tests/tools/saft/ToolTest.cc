@@ -50,7 +50,8 @@ Outcome ToolTest::Execute(const std::vector<std::string>& command) {
   EXPECT_EQ(wait4(child, &status, 0, &usage), child);
   const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   constexpr int64_t kUnit = 1024;
-  return {code, ReadBytes(out), ReadBytes(err), usage.ru_maxrss * kUnit};
+  const double seconds = static_cast<double>(usage.ru_utime.tv_sec) + static_cast<double>(usage.ru_utime.tv_usec) / 1e6;
+  return {code, ReadBytes(out), ReadBytes(err), usage.ru_maxrss * kUnit, seconds};
 }
 
 Outcome ToolTest::Create(const std::vector<std::string>& options) const {

@@ -20,6 +20,7 @@ struct Outcome {
   std::string out;
   std::string err;
   int64_t most_memory = 0;  ///< that it had at a time, in bytes
+  double seconds = 0;       ///< of the processor's time, in the program itself
 };
 
 /// Runs the program as a user does, on files of the test's own. It speaks English. The dataset has a header to begin

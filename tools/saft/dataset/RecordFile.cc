@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/dataset/RecordFile.h"
 
+#include <zevo/TextHash.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <limits>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <unordered_set>
 
@@ -18,6 +21,13 @@
 #include "tools/saft/words/DatasetWords.h"
 
 namespace zevo::saft {
+namespace {
+
+// Unknown columns for which the name is looked for that may be meant: many more than are told, few enough to take no
+// time.
+constexpr size_t kMostGuessed = 1'000;
+
+}  // namespace
 
 RecordFile::RecordFile(const std::string& path, size_t number, const RecordKind& kind, DatasetNotes& notes,
                        Reading reading)
@@ -48,12 +58,16 @@ RecordFile::RecordFile(const std::string& path, size_t number, const RecordKind&
 // Whether the first row names columns, and is not a title or a row of values.
 bool RecordFile::HasHeading(const RecordKind& kind) const {
   const RecordColumns known(kind);
-  size_t near = 0;
-  for (const std::string& name : csv_->Columns()) {
-    if (std::ranges::find(known.Columns(), name, &RecordColumn::name) != known.Columns().end()) return true;
-    if (!DidYouMean(name, known.Columns(), &RecordColumn::name).empty()) ++near;
-  }
-  return 2 * near >= csv_->Columns().size();
+  const auto isKnown = [&](const std::string& name) {
+    return std::ranges::find(known.Columns(), name, &RecordColumn::name) != known.Columns().end();
+  };
+  const auto isNear = [&](const std::string& name) {
+    return !DidYouMean(name, known.Columns(), &RecordColumn::name).empty();
+  };
+  const auto& names = csv_->Columns();
+  if (std::ranges::any_of(names, isKnown)) return true;
+  const auto guessed = std::span(names).first(std::min(names.size(), kMostGuessed));
+  return 2 * static_cast<size_t>(std::ranges::count_if(guessed, isNear)) >= guessed.size();
 }
 
 void RecordFile::Bind(const RecordKind& kind) {
@@ -61,7 +75,7 @@ void RecordFile::Bind(const RecordKind& kind) {
   for (size_t i = 0; i < kind.Parents(); ++i) parents_.push_back(PlaceOf(kind.parents[i]));
   if (!kind.key.empty()) key_ = PlaceOf(kind.key);
   const std::shared_ptr<Record> sample = kind.make();
-  std::unordered_set<std::string_view> names;
+  std::unordered_set<std::string_view, TextHash> names;
   for (size_t place = 0; place < columns.size(); ++place) {
     const bool is_first = names.insert(columns[place]).second;
     if (std::ranges::find(parents_, place) != parents_.end()) continue;
@@ -94,12 +108,18 @@ void RecordFile::BindColumn(size_t place, const RecordKind& kind, const Record& 
   } catch (const BadValue& bad) {
     AddColumnError(name, bad.what());
   } catch (const UnknownColumn&) {
-    const RecordColumns known(kind);
-    const std::string_view nearest = NearestName(name, known.Columns(), &RecordColumn::name);
-    const std::string meant = DidYouMean(name, known.Columns(), &RecordColumn::name);
-    const bool is_meant = !meant.empty() && !PlaceOf(nearest);
-    AddColumnError(is_meant ? nearest : name, Say(words::kUnknownColumn, Quoted(name)) + meant);
+    AddUnknownColumn(name, kind);
   }
+}
+
+void RecordFile::AddUnknownColumn(const std::string& name, const RecordKind& kind) {
+  const std::string unknown = Say(words::kUnknownColumn, Quoted(name));
+  if (++unknown_columns_ > kMostGuessed) return AddColumnError(name, unknown);
+  const RecordColumns known(kind);
+  const std::string_view nearest = NearestName(name, known.Columns(), &RecordColumn::name);
+  const std::string meant = DidYouMean(name, known.Columns(), &RecordColumn::name);
+  const bool is_meant = !meant.empty() && !PlaceOf(nearest);
+  AddColumnError(is_meant ? nearest : name, unknown + meant);
 }
 
 // What else there is to say of the column would only follow from this.

@@ -100,6 +100,7 @@ class RecordFile {
   bool HasHeading(const RecordKind& kind) const;
   void Bind(const RecordKind& kind);
   void BindColumn(size_t place, const RecordKind& kind, const Record& sample);
+  void AddUnknownColumn(const std::string& name, const RecordKind& kind);
   void AddColumnError(std::string_view column, std::string_view reason);
   void FindRequired(const RecordKind& kind);
   std::optional<size_t> PlaceOf(std::string_view column);
@@ -125,6 +126,7 @@ class RecordFile {
   std::optional<CsvFile> csv_;
   uint64_t bytes_counted_ = 0;
   std::vector<Column> columns_;
+  size_t unknown_columns_ = 0;
   std::vector<Rivals> rivals_;
   std::vector<Translated> translated_;
   bool has_day_first_ = false;
