@@ -14,6 +14,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
+using ::testing::StartsWith;
 
 constexpr std::string_view kOtherYear = "HDR-PERIOD W Header/FiscalYear [2011] [2008] []";
 
@@ -195,6 +196,36 @@ TEST_F(AuditFileCheckerTest, TheSchemasIsToldInsteadOfWhatIsSofter) {
   EXPECT_EQ(checker_.CountOf("NIF-CHECK"), 0);
 }
 
+// A header whose tax number is wrong, with as many unknown elements behind it.
+CleanFile WithUnknown(size_t elements) {
+  std::string unknown;
+  for (size_t i = 0; i < elements; ++i) unknown += "<x></x>";
+  return CleanFile().With("Header/TaxRegistrationNumber", "50123").Behind("Header/TaxRegistrationNumber", unknown);
+}
+
+TEST_F(AuditFileCheckerTest, ViolationsWaitForTheRules) {
+  const std::vector<std::string> findings = Findings(WithUnknown(9'999));
+  EXPECT_THAT(findings, SizeIs(21));
+  EXPECT_EQ(findings.front(), "NIF-CHECK E Header/TaxRegistrationNumber [50123] [] []");
+  EXPECT_THAT(std::span(findings).subspan(1), Each(StartsWith("SCHEMA E Header/x")));
+  EXPECT_EQ(checker_.CountOf("SCHEMA"), 9'999);
+}
+
+TEST_F(AuditFileCheckerTest, OfMoreThanWaitEachFaultIsToldOnceToo) {
+  std::vector<std::string> findings = Findings(WithUnknown(10'000));
+  EXPECT_THAT(findings, SizeIs(20));
+  EXPECT_THAT(findings.front(), StartsWith("SCHEMA E Header/TaxRegistrationNumber [50123]"));
+  EXPECT_EQ(checker_.CountOf("SCHEMA"), 10'001);
+  EXPECT_EQ(checker_.CountOf("NIF-CHECK"), 0);
+
+  checker_.set_MostFindings(0);
+  found_.clear();
+  findings = Findings(WithUnknown(12'000));
+  EXPECT_THAT(findings, SizeIs(12'001));
+  EXPECT_EQ(std::set(findings.begin(), findings.end()).size(), findings.size());
+  EXPECT_EQ(checker_.CountOf("SCHEMA"), 12'001);
+}
+
 TEST_F(AuditFileCheckerTest, AVersionThatIsWrittenOtherwiseIsAWarning) {
   EXPECT_THAT(Findings(CleanFile().With("Header/AuditFileVersion", "1.04_01")),
               ElementsAre("VERSION W Header/AuditFileVersion [1.04_01] [1.01_01] []"));
@@ -334,7 +365,7 @@ TEST_F(AuditFileCheckerTest, OfWhatTheSchemasTablesCannotSayLibxml2Tells) {
   const auto findings = Findings(document);
   ASSERT_FALSE(findings.empty());
   EXPECT_EQ(findings[0], kOtherYear);
-  EXPECT_THAT(std::span(findings).subspan(1), Each(::testing::StartsWith("SCHEMA E  [")));
+  EXPECT_THAT(std::span(findings).subspan(1), Each(StartsWith("SCHEMA E  [")));
   EXPECT_EQ(checker_.Verdict(), CheckVerdict::kErrors);
 }
 

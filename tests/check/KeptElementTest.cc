@@ -40,5 +40,16 @@ TEST_F(KeptElementTest, WhatIsMissingIsWhereItWouldStand) {
   });
 }
 
+TEST(KeptElement, RulesTellOfTheFirstElementOfANameOrOfThoseThatAreCounted) {
+  for (const std::string_view path : {"", "Hash", "Line[1]", "Line[12]", "Line[12]/Tax", "Line[2]/OrderReferences[3]",
+                                      "TaxTableEntry[4]", "ShipToAddress[1]", "/AuditFile", "/AuditFile/MasterFiles"}) {
+    EXPECT_TRUE(MayBeToldByRules(path)) << path;
+  }
+  for (const std::string_view path :
+       {"Hash[2]", "Line[12]/Tax[2]", "Line[2]/@id", "@id", "/AuditFile/@id", "/AuditFile/a[3999999]"}) {
+    EXPECT_FALSE(MayBeToldByRules(path)) << path;
+  }
+}
+
 }  // namespace
 }  // namespace zevo

@@ -299,6 +299,14 @@ bool FindViolations(const std::string& path, std::shared_ptr<const AuditExceptio
   return judged;
 }
 
+bool Check(const std::string& path, std::shared_ptr<const AuditException>& exception) {
+  AuditFileChecker checker;
+  checker.set_AuditFileName(path);
+  const bool judged = checker.CheckAuditFile();
+  exception = checker.AuditException();
+  return judged;
+}
+
 const Access kAccesses[] = {
     {"AuditFile.OpenAuditFile", kLoadSource, Open<AuditFile>},
     {"AuditFileReader.OpenAuditFile", kLoadSource, Open<AuditFileReader>},
@@ -311,6 +319,7 @@ const Access kAccesses[] = {
      FindViolations,
      {},
      ZEVO_OPTIMISED ? 3 : 10},
+    {"AuditFileChecker.CheckAuditFile", "AuditFileChecker.CheckAuditFile", Check, {}, ZEVO_OPTIMISED ? 3 : 10},
 };
 
 int64_t PeakKilobytes() {

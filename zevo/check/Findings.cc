@@ -3,6 +3,7 @@
 
 #include <zevo/TextHash.h>
 #include <zevo/check/FileRules.h>
+#include <zevo/check/KeptElement.h>
 #include <zevo/check/Rule.h>
 
 #include <algorithm>
@@ -15,8 +16,10 @@ namespace {
 // An element as findings and violations name it. A violation may come before it is known whether the first of a name is
 // the only one, so "Line[1]" is "Line".
 std::string ElementKey(const std::optional<EntityKind>& kind, std::string_view key, std::string_view path) {
-  std::string name(kind ? zevo::NameOf(*kind) : std::string_view());
-  name.append(1, '\0').append(key).append(1, '\0');
+  const std::string_view record = kind ? zevo::NameOf(*kind) : std::string_view();
+  std::string name;
+  name.reserve(record.size() + key.size() + path.size() + 2);
+  name.append(record).append(1, '\0').append(key).append(1, '\0');
   constexpr std::string_view kFirst = "[1]";
   for (size_t first = path.find(kFirst); first != std::string_view::npos; first = path.find(kFirst)) {
     name.append(path.substr(0, first));
@@ -47,8 +50,10 @@ Severity Findings::SeverityOf(size_t rule, Severity told) const {
   return told == AllRules()[rule].info.severity ? set : std::min(set, told);
 }
 
-bool Findings::Wants(size_t rule) const {
-  if (schema_violated_) return true;
+bool Findings::Wants(size_t rule) const { return schema_violated_ || IsTold(rule); }
+
+// Whether the next finding of the rule is told, not only counted.
+bool Findings::IsTold(size_t rule) const {
   return found_ && (settings_.most_of_a_rule == 0 || counts_[rule].all < Most());
 }
 
@@ -77,7 +82,7 @@ void Findings::Add(size_t rule, Severity severity, size_t findings) {
 void Findings::Raise(size_t rule, Finding finding) {
   finding.rule = AllRules()[rule].info.id;
   finding.severity = SeverityOf(rule, finding.severity);
-  const bool told = found_ && (settings_.most_of_a_rule == 0 || counts_[rule].all < Most());
+  const bool told = IsTold(rule);
   Add(rule, finding.severity, 1);
   if (!told) return;
   in_host_ = true;
@@ -99,17 +104,19 @@ void Findings::TellAlike(size_t rule, Finding finding) {
   alike_by_key_.emplace(std::move(key), &alike_.emplace_back(Alike{rule, std::move(finding)}));
 }
 
-void Findings::Tell(const Violation& violation) { waiting_.push_back(violation); }
+void Findings::Tell(Violation violation) {
+  if (waiting_.size() == kMostWaiting) {
+    Settle(waiting_.front());
+    waiting_.pop_front();
+  }
+  waiting_.push_back(std::move(violation));
+}
 
 void Findings::EndEntity(const EntityFacts& entity) {
   if (!schema_violated_) return;
   const int64_t end = entity.entity->PlaceOf(entity.entity->Count() - 1).offset;
-  std::vector<Violation> violations;
-  while (!waiting_.empty() && waiting_.front().place.offset <= end) {
-    violations.push_back(std::move(waiting_.front()));
-    waiting_.pop_front();
-  }
-  Settle(violations);
+  const auto behind = std::ranges::find_if(waiting_, [&](const Violation& each) { return each.place.offset > end; });
+  Settle(static_cast<size_t>(behind - waiting_.begin()));
 }
 
 void Findings::End() {
@@ -117,20 +124,29 @@ void Findings::End() {
     alike.finding.difference = std::to_string(alike.count);
     Tell(alike.rule, std::move(alike.finding));
   }
-  std::vector<Violation> violations(waiting_.begin(), waiting_.end());
-  waiting_.clear();
-  Settle(violations);
+  Settle(waiting_.size());
 }
 
 bool Findings::SilencesSchema(const Held& held) const {
   return held.finding.severity == Severity::kError || AllRules()[held.rule].stands_for_schema;
 }
 
+// The held findings, then so many of the violations that wait.
+void Findings::Settle(size_t violations) {
+  if (!held_.empty()) SettleHeld(violations);
+  for (; violations > 0; --violations) {
+    Settle(waiting_.front());
+    waiting_.pop_front();
+  }
+}
+
 // Of the same element, READ is told before any rule, an error before the schema's violation, and that before what is
 // softer.
-void Findings::Settle(const std::vector<Violation>& violations) {
+void Findings::SettleHeld(size_t violations) {
   TextMap<Told> at;  // by elements that violations are of
-  for (const Violation& violation : violations) {
+  for (size_t i = 0; i < violations; ++i) {
+    const Violation& violation = waiting_[i];
+    if (!MayBeToldByRules(violation.path)) continue;
     Told& told = at[ElementKey(violation)];
     told = RuleOf(violation) == RulesOfViolations().read ? Told::kUnreadable : std::max(told, Told::kViolation);
   }
@@ -138,19 +154,28 @@ void Findings::Settle(const std::vector<Violation>& violations) {
     const std::string name = ElementKey(held.finding);
     const auto told = at.find(name);
     if (told != at.end() && (told->second == Told::kUnreadable || !SilencesSchema(held))) continue;
-    // At the end of the file, of entities that are gone.
+    // Of entities that are gone, or of more violations than wait.
     if (violated_.Has(name)) continue;
     // Violations may come late, when the key of their record does.
     if (SilencesSchema(held)) told_.Add(name);
     Raise(held.rule, std::move(held.finding));
   }
   held_.clear();
-  for (const Violation& violation : violations) {
-    const size_t rule = RuleOf(violation);
-    if (!IsOn(rule) || told_.Has(ElementKey(violation))) continue;
-    if (IsDangling(violation) && IsOn(RulesOfViolations().references)) continue;  // told at the end
-    violated_.Add(ElementKey(violation));
+}
+
+void Findings::Settle(const Violation& violation) {
+  const size_t rule = RuleOf(violation);
+  if (!IsOn(rule)) return;
+  if (IsDangling(violation) && IsOn(RulesOfViolations().references)) return;  // told at the end
+  if (MayBeToldByRules(violation.path)) {
+    const std::string element = ElementKey(violation);
+    if (told_.Has(element)) return;
+    violated_.Add(element);
+  }
+  if (IsTold(rule)) {
     Raise(rule, FindingOf(violation));
+  } else {
+    Add(rule, SeverityOf(rule, Severity::kError), 1);
   }
 }
 

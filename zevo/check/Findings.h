@@ -42,10 +42,14 @@ struct FindingCount {
 /// is told and in which order.
 ///
 /// In a file that the schema allows findings are told as they come. In another the findings of an entity wait until the
-/// violations in it are known, so that each fault is told once.
+/// violations in it are known, so that each fault is told once. Violations wait for the entity that they may be in; of
+/// more than `kMostWaiting` the oldest are told without it, and silence what the entity's rules find in their elements.
 class Findings {
  public:
   using Sink = std::function<void(const Finding&)>;
+
+  /// Violations that wait.
+  static constexpr size_t kMostWaiting = 10'000;
 
   /// What it is given must outlive it. `schemaViolated` is whether violations will come.
   Findings(const CheckSettings& settings, const Sink& found, bool schemaViolated);
@@ -66,8 +70,8 @@ class Findings {
   /// A finding to be told at the end, the difference being for how many it counts.
   void TellAlike(size_t rule, Finding finding);
 
-  /// What the schema does not allow, in the order of a diagnosis.
-  void Tell(const Violation& violation);
+  /// What the schema does not allow, in the order of a diagnosis. Before rules judge the entity that it may be in.
+  void Tell(Violation violation);
   /// An entity is through, and all violations in it were told.
   void EndEntity(const EntityFacts& entity);
   /// There is no more to come.
@@ -99,7 +103,10 @@ class Findings {
   bool SilencesSchema(const Held& held) const;
   size_t RuleOf(const Violation& violation) const;
   int64_t Most() const { return static_cast<int64_t>(settings_.most_of_a_rule); }
-  void Settle(const std::vector<Violation>& violations);
+  bool IsTold(size_t rule) const;
+  void Settle(size_t violations);
+  void SettleHeld(size_t violations);
+  void Settle(const Violation& violation);
   void Add(size_t rule, Severity severity, size_t findings);
   void Raise(size_t rule, Finding finding);
 
@@ -115,7 +122,7 @@ class Findings {
   std::map<AlikeKey, Alike*> alike_by_key_;
   std::vector<Held> held_;         // of the entity at hand
   std::deque<Violation> waiting_;  // of entities to come
-  KeySet violated_;                // elements that the schema was told of
+  KeySet violated_;                // elements that the schema was told of, and rules may speak of
   KeySet told_;                    // elements that a rule has told in place of the schema
 };
 

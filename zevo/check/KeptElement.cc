@@ -11,13 +11,15 @@ namespace {
 // Those of which the schema allows several in an entity.
 constexpr std::array<std::string_view, 3> kCounted{"Line", "OrderReferences", "TaxTableEntry"};
 
+bool IsCounted(std::string_view name) { return std::ranges::find(kCounted, name) != kCounted.end(); }
+
 // The path as violations have it: elements of which there may be several are counted also where there is one.
 std::string CountedPath(std::string_view path) {
   std::string counted;
   while (!path.empty()) {
     const std::string_view step = path.substr(0, path.find('/'));
     counted.append(counted.empty() ? "" : "/").append(step);
-    if (std::ranges::find(kCounted, step) != kCounted.end()) counted.append("[1]");
+    if (IsCounted(step)) counted.append("[1]");
     path.remove_prefix(std::min(path.size(), step.size() + 1));
   }
   return counted;
@@ -38,6 +40,13 @@ KeptElement Keep(const EntityFacts& facts, const ElementSpot& spot) {
     kept.path.append(kept.path.empty() ? "" : "/").append(spot.missing);
   }
   return kept;
+}
+
+bool MayBeToldByRules(std::string_view path) {
+  const std::string_view step = path.substr(path.rfind('/') + 1);
+  const size_t name = std::min(step.find('['), step.size());
+  const bool first = name == step.size() || step.substr(name) == "[1]";
+  return !step.starts_with('@') && (first || IsCounted(step.substr(0, name)));
 }
 
 }  // namespace zevo

@@ -37,6 +37,10 @@ struct KeptElement {
 
 KeptElement Keep(const EntityFacts& facts, const ElementSpot& spot);
 
+/// Whether rules may tell of an element that a violation is of, by its path. Of attributes they tell nothing, and of
+/// elements that are there too often only of the first.
+bool MayBeToldByRules(std::string_view path);
+
 }  // namespace zevo
 
 #endif  // ZEVO_CHECK_KEPTELEMENT_H_
