@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -321,6 +322,7 @@ const Access kAccesses[] = {
      ZEVO_OPTIMISED ? 3 : 10},
     {"AuditFileChecker.CheckAuditFile", "AuditFileChecker.CheckAuditFile", Check, {}, ZEVO_OPTIMISED ? 3 : 10},
 };
+constexpr size_t kCheck = std::size(kAccesses) - 1;
 
 int64_t PeakKilobytes() {
   std::ifstream status("/proc/self/status");
@@ -439,6 +441,15 @@ TEST_P(OddFileContentTest, IsOpenedAndCostsNoMoreThanItsSize) {
     const std::string report = InChildProcess([&] { return CostBeyond(bytes.size(), access, path, kPatience); });
     EXPECT_EQ(report, "") << access.name;
   }
+}
+
+// Six violations in eleven bytes, and all the rules of a customer.
+TEST_F(HostileFileTest, RecordsThatLackEverythingAreChecked) {
+  if (kSanitized) GTEST_SKIP() << "a sanitizer distorts time and memory";
+  constexpr int kPatience = ZEVO_OPTIMISED ? 2 : 8;
+  const std::string bytes = InRoot("<MasterFiles>" + Repeated("<Customer/>", 200'000) + "</MasterFiles>");
+  const std::string path = folder_.Write("saft.xml", bytes);
+  EXPECT_EQ(InChildProcess([&] { return CostBeyond(bytes.size(), kAccesses[kCheck], path, kPatience); }), "");
 }
 
 // A file that is refused as a file is refused as the schema, too.

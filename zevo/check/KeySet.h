@@ -25,7 +25,9 @@ class KeySet {
   bool Has(std::string_view key) const { return Find(key).has_value(); }
   bool Has(const CompactKey& key) const { return Find(key).has_value(); }
   /// Which one it is.
-  std::optional<uint32_t> Find(std::string_view key) const { return Find(CompactKey(key)); }
+  std::optional<uint32_t> Find(std::string_view key) const {
+    return count_ == 0 ? std::nullopt : Find(CompactKey(key));
+  }
   std::optional<uint32_t> Find(const CompactKey& key) const;
   uint32_t Count() const { return count_; }
 
