@@ -35,12 +35,20 @@ const std::shared_ptr<const AuditException> kOutOfMemory =
 
 }  // namespace
 
+std::shared_ptr<const AuditException> RecordError(const Error& error, OwnDescription own) noexcept {
+  try {
+    return MakeRecord(error, own);
+  } catch (...) {
+    return kOutOfMemory;
+  }
+}
+
 std::shared_ptr<const AuditException> RecordError(OwnDescription own) noexcept {
   try {
     try {
       throw;
     } catch (const Error& error) {
-      return MakeRecord(error, own);
+      return RecordError(error, own);
     } catch (const std::bad_alloc&) {
       return kOutOfMemory;
     } catch (const std::length_error&) {

@@ -38,5 +38,6 @@ void Facade::RequireFile(const std::string& fileName, Input input, std::string_v
 }
 
 void Facade::RecordError() noexcept { exception_ = zevo::RecordError(own_description_); }
+void Facade::RecordError(const Error& error) noexcept { exception_ = zevo::RecordError(error, own_description_); }
 
 }  // namespace zevo

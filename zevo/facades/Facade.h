@@ -50,10 +50,12 @@ class ZEVO_API Facade {
       operation();
       ClearError();
       return true;
+    } catch (const Error& error) {  // by its type, because finding it out later takes as long as the throw
+      RecordError(error);
     } catch (...) {
       RecordError();
-      return false;
     }
+    return false;
   }
 
   /// Attempts `operation(helper)`, which writes the record with a mapper, on the façade's writer or what stands for it
@@ -68,6 +70,8 @@ class ZEVO_API Facade {
   void ClearError() { exception_ = nullptr; }
   /// Keeps the exception that is being handled.
   void RecordError() noexcept;
+  /// Keeps an error.
+  void RecordError(const Error& error) noexcept;
 
  private:
   std::string_view name_;
