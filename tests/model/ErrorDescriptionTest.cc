@@ -188,6 +188,9 @@ TEST(ErrorDescriptionTest, ASchemaThatCannotBeUsedIsToldWithItsName) {
             "own.xsd: The schema cannot be used (error 3004 of the parser), in \"element\": Element "
             "'{http://www.w3.org/2001/XMLSchema}element', attribute 'type': The QName value 'x' does not resolve to "
             "a(n) type definition (line 2).");
+  const AuditException none = Exception(1772, "own.xsd: The XML document 'in_memory_buffer' is not a schema document.");
+  EXPECT_EQ(Portuguese(none), "own.xsd: O ficheiro não é um esquema XML (XSD).");
+  EXPECT_EQ(English(none), "own.xsd: The file is not an XML schema (XSD).");
   EXPECT_EQ(English(Exception(111, "own.xsd: O esquema tem mais de 10 000 elementos")),
             "own.xsd: The schema has more than 10,000 elements.");
   EXPECT_EQ(English(Exception(76, "a: b.xsd: Opening and ending tag mismatch: c line 5 and d (linha 7, coluna 9)")),
