@@ -648,6 +648,37 @@ const std::vector<LargeSchema>& LargeSchemas() {
                                      "maxOccurs='5'/></xs:sequence>",
                                      500));
        }},
+      {"30 optional groups of optional elements again and again", false,
+       [] {
+         return Content("maxOccurs='3'",
+                        Repeated("<xs:sequence minOccurs='0'>" + Elements(2, "minOccurs='0'") + "</xs:sequence>", 30));
+       }},
+      {"24 choices of repeated elements again and again", false,
+       [] {
+         return Content(
+             "maxOccurs='unbounded'",
+             Repeated("<xs:choice>" + Elements(2, "minOccurs='0' maxOccurs='unbounded'") + "</xs:choice>", 24));
+       }},
+      {"400 repeated elements in a repeated choice", false,
+       [] {
+         return Content("", "<xs:choice maxOccurs='unbounded'>" + Elements(400, "minOccurs='0' maxOccurs='unbounded'") +
+                                "</xs:choice>");
+       }},
+      {"200 repeated elements in a repeated choice", true,
+       [] {
+         return Content("", "<xs:choice maxOccurs='unbounded'>" + Elements(200, "minOccurs='0' maxOccurs='unbounded'") +
+                                "</xs:choice>");
+       }},
+      {"16 optional groups of optional elements again and again", true,
+       [] {
+         std::string groups;
+         for (int i = 0; i < 16; ++i) {
+           const std::string number = std::to_string(i);
+           groups += "<xs:sequence minOccurs='0'><xs:element name='a" + number +
+                     "' minOccurs='0'/><xs:element name='b" + number + "' minOccurs='0'/></xs:sequence>";
+         }
+         return Content("maxOccurs='3'", groups);
+       }},
       {"choices in choices", false,
        [] {
          return Content("", Repeated("<xs:choice minOccurs='0' maxOccurs='unbounded'><xs:element name='e'/>", 60) +

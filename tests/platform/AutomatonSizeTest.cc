@@ -48,6 +48,26 @@ INSTANTIATE_TEST_SUITE_P(All, AutomatonSizePatternTest,
                                            Row{"[a", 1, 1, 1, 1, 0, false}, Row{"a{2", 1, 2, 2, 1, 0, false},
                                            Row{"\\", 1, 1, 1, 1, 0, false}, Row{"|*)", 1, 1, 1, 1, 0, true}));
 
+TEST(AutomatonSizeTest, TellsTheWaysRoundWhatIsRepeated) {
+  const struct {
+    std::string_view pattern;
+    double ways_round;
+    double loops_in_choice;
+  } kRows[] = {
+      {"a?b?c?", 0, 0},           {"(abc)*", 0, 0},
+      {"(a?b?c?)*", 1, 0},        {"((a?b?)?(c?d?)?)*", 4, 0},
+      {"((a?b?)?)*", 2, 0},       {"((a*|b*)(c*|d*))*", 4, 2},
+      {"(a?|b?|c?)+", 3, 0},      {"(a*|b*|c)+", 2, 2},
+      {"(a*|b*|c*)", 0, 0},       {"x(a*|(b|c)*)*y", 2, 2},
+      {"(a{0,3}|b{0,2})*", 2, 2},
+  };
+  for (const auto& row : kRows) {
+    const AutomatonSize size = AutomatonSize::OfPattern(row.pattern);
+    EXPECT_EQ(size.WaysRound(), row.ways_round) << row.pattern;
+    EXPECT_EQ(size.LoopsInChoice(), row.loops_in_choice) << row.pattern;
+  }
+}
+
 TEST(AutomatonSizeTest, GroupsMayBeNestedAsDeepAsOneLikes) {
   const std::string open(50'000, '(');
   EXPECT_GT(AutomatonSize::OfPattern(open + "a" + std::string(50'000, ')')).States(), 0);

@@ -109,6 +109,7 @@ AutomatonSize AutomatonSize::Symbols(double count) {
   AutomatonSize size;
   size.states_ = size.letters_ = size.first_ = size.last_ = count;
   size.may_be_empty_ = false;
+  size.empty_ways_ = 0;
   return size;
 }
 
@@ -122,9 +123,10 @@ AutomatonSize AutomatonSize::OfPattern(std::string_view expression) { return Exp
 
 void AutomatonSize::Then(const AutomatonSize& next) {
   if (states_ == 0) {
-    const int repetitions = empty_repetitions_;
+    const AutomatonSize before = *this;
     *this = next;
-    empty_repetitions_ += repetitions;
+    empty_repetitions_ += before.empty_repetitions_;
+    AddLoops(before);
     return;
   }
   states_ += next.states_;
@@ -147,7 +149,15 @@ void AutomatonSize::Then(const AutomatonSize& next) {
   }
   may_be_empty_ = may_be_empty_ && next.may_be_empty_;
   empty_repetitions_ += next.empty_repetitions_;
+  empty_ways_ *= next.empty_ways_;
+  loops_ = std::max(loops_, next.loops_);
+  AddLoops(next);
   if (next.states_ > 0) repeated_ = false;
+}
+
+void AutomatonSize::AddLoops(const AutomatonSize& part) {
+  ways_round_ = std::max(ways_round_, part.ways_round_);
+  loops_in_choice_ = std::max(loops_in_choice_, part.loops_in_choice_);
 }
 
 void AutomatonSize::Or(const AutomatonSize& other) {
@@ -161,6 +171,9 @@ void AutomatonSize::Or(const AutomatonSize& other) {
   comparisons_ += other.comparisons_;
   widest_ = std::max(widest_, other.widest_);
   empty_repetitions_ += other.empty_repetitions_;
+  empty_ways_ += other.empty_ways_;
+  loops_ += other.loops_;
+  AddLoops(other);
   may_be_empty_ = may_be_empty_ || other.may_be_empty_;
   repeated_ = false;
 }
@@ -172,8 +185,16 @@ void AutomatonSize::InAnyOrder() {
   comparisons_ = first_ * first_;
 }
 
+void AutomatonSize::Optional() {
+  may_be_empty_ = true;
+  empty_ways_ += 1;
+  if (repeated_) loops_ = std::max(loops_, 1.0);
+}
+
 void AutomatonSize::Repeated() {
   if (may_be_empty_ && states_ > 0) ++empty_repetitions_;
+  ways_round_ = std::max(ways_round_, empty_ways_);
+  loops_in_choice_ = std::max(loops_in_choice_, loops_);
   // What is repeated already has these transitions.
   if (repeated_) return;
   comparisons_ += 2 * first_ * last_transitions_ + last_ * first_ * first_;

@@ -25,7 +25,7 @@ class AutomatonSize {
   void Or(const AutomatonSize& other);
   /// Turns a choice, made by Or, into "all of these, in any order".
   void InAnyOrder();
-  void Optional() { may_be_empty_ = true; }
+  void Optional();
   /// One or more times.
   void Repeated();
 
@@ -41,8 +41,15 @@ class AutomatonSize {
   double Widest() const;
   /// How many parts that may be empty are repeated. Each multiplies the ways from one state to another.
   int EmptyRepetitions() const { return empty_repetitions_; }
+  /// The most ways to go once round a repeated part without a symbol: 1,024 for ten parts that may be empty in two ways
+  /// each. libxml2 walks each of them.
+  double WaysRound() const { return ways_round_; }
+  /// The most alternatives of a repeated choice that are repeated themselves and may be empty.
+  double LoopsInChoice() const { return loops_in_choice_; }
 
  private:
+  void AddLoops(const AutomatonSize& part);
+
   double states_ = 0;
   double letters_ = 0;
   double first_ = 0;             // transitions from the start
@@ -53,6 +60,10 @@ class AutomatonSize {
   double comparisons_ = 0;
   double widest_ = 0;
   int empty_repetitions_ = 0;
+  double ways_round_ = 0;
+  double loops_in_choice_ = 0;
+  double empty_ways_ = 1;  // through this
+  double loops_ = 0;       // alternatives of this that are repeated and may be empty
   bool may_be_empty_ = true;
   bool repeated_ = false;  // whether Repeated was called for the whole
 };

@@ -195,6 +195,7 @@ void SchemaCost::SpendOnAutomaton(const AutomatonSize& size, Element within) {
   // Wildcards take longer to compare, and each repetition of empty parts adds transitions to compare.
   const double ways = (size.EmptyRepetitions() + 1.0) * (size.Letters() > size.States() ? 2 : 1);
   Spend(size.Comparisons() * ways * 6.5e-9 + size.States() * 1e-6, size.Transitions() * 70 + size.States() * 450);
+  Spend(size.WaysRound() * 2e-6 + std::pow(size.LoopsInChoice(), 4) * 3.5e-10, 0);
 }
 
 void SchemaCost::SpendOnModel(const Model& model, Element type) {
