@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -514,10 +515,15 @@ TEST_F(CreateCommandStreamedTest, MemoryGrowsByNoMoreThanTheKeys) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer needs memory of its own";
   constexpr int kRows = 40'000;
   constexpr int64_t kBytesOfARow = 64;
+  // The system counts pages of libraries, too, more of them at one time than at another: the least of several runs.
   const auto memory = [&] {
-    const testing::Outcome outcome = Create({"--stream", "--force"});
-    EXPECT_EQ(outcome.code, 0);
-    return outcome.most_memory;
+    int64_t least = std::numeric_limits<int64_t>::max();
+    for (int run = 0; run < 4; ++run) {
+      const testing::Outcome outcome = Create({"--stream", "--force"});
+      EXPECT_EQ(outcome.code, 0);
+      least = std::min(least, outcome.most_memory);
+    }
+    return least;
   };
   const auto expect_bound = [&](const std::string& file, const auto& row) {
     std::string rows = testing::ReadBytes(In(file));
