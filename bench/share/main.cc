@@ -27,6 +27,7 @@ struct AnySink {
   bool Standalone() { return true; }
   bool StartElement(const FastName&, std::span<const ParsedAttribute>) { return true; }
   bool EndElement(const FastName&) { return true; }
+  bool EndEmptyTag(const FastName&) { return true; }
   bool Leaf(const FastName&, std::string_view) { return true; }
   bool Characters(std::string_view) { return true; }
   bool Comment(std::string_view) { return true; }

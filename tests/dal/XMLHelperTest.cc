@@ -64,6 +64,7 @@ TEST_F(XMLHelperTest, WithoutSuchATagTheTextIsEmpty) {
       {"<Header><CITY>Porto</CITY></Header>", ""},
       {"<Header><CityName>Porto</CityName></Header>", ""},
       {"<Header><City/></Header>", ""},
+      {"<Header><City></City></Header>", ""},
       {"<Header><City a='1'>Porto</City></Header>", ""},
       {"<Header xmlns:p='urn:p'><p:City>Porto</p:City></Header>", ""},
       {"<Header><City xmlns='urn:x'>Porto</City></Header>", ""},
@@ -78,6 +79,12 @@ TEST_F(XMLHelperTest, TheFirstPlainStartTagWinsWhateverItsDepth) {
       {"<Header><Address><City>deep</City></Address><City>shallow</City></Header>", "deep"},
       {"<Header><City>first</City><City>second</City></Header>", "first"},
       {"<Header><City/><City>second</City></Header>", "second"},
+      {"<Header><City></City><City>second</City></Header>", ""},
+      {"<Header><City><!----></City><City>second</City></Header>", ""},
+      {"<Header><City a='1'></City><City>second</City></Header>", "second"},
+      {"<Header xmlns:p='urn:p'><p:City></p:City><City>second</City></Header>", "second"},
+      {"<Header><City\n></City ><!-- c --><City>second</City></Header>", ""},
+      {"<Header><City/><!-- c --><City>second</City></Header>", "second"},
       {"<Header><City a='1'>first</City><City>second</City></Header>", "second"},
       {"<Header><City a='1'><City>inner</City></City></Header>", "inner"},
       {"<City><City>inner</City></City>", ""},
@@ -179,7 +186,7 @@ class RandomTree {
       } else if (step % 16 < 9) {
         Text();
       } else if (step % 16 < 12 || !withHiddenTags) {
-        if (open_.size() > 1) open_.pop_back(), lastWasText_.pop_back();
+        if (open_.size() > 1) Close(step % 2 == 0 ? EmptyForm::kOneTag : EmptyForm::kTwoTags);
       } else {
         Hide(step % 3);
       }
@@ -201,6 +208,12 @@ class RandomTree {
     lastWasText_.back() = false;
     open_.push_back(element);
     lastWasText_.push_back(false);
+  }
+
+  void Close(EmptyForm form) {
+    document_->EndElement(open_.back(), form);
+    open_.pop_back();
+    lastWasText_.pop_back();
   }
 
   // Texts that follow each other are one text, as they are after parsing.

@@ -10,8 +10,8 @@
 
 namespace zevo::testing {
 
-/// Takes down what a parser delivers: `<p:name a=value>`, `</p:name>`, text as it is, `[CDATA:text]`, `[comment:text]`,
-/// `[target:data]`, `[standalone]`.
+/// Takes down what a parser delivers: `<p:name a=value>`, `</p:name>`, `<p:name/>`, text as it is, `[CDATA:text]`,
+/// `[comment:text]`, `[target:data]`, `[standalone]`.
 class Events : public ParserHandler {
  public:
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override {
@@ -22,6 +22,7 @@ class Events : public ParserHandler {
     log += ">";
   }
   void EndElement(const ParsedName& name) override { log += "</" + Qualified(name) + ">"; }
+  void EndEmptyTag(const ParsedName&) override { log.insert(log.size() - 1, "/"); }
   void Characters(std::string_view text) override { log += text; }
   void CData(std::string_view text) override { log.append("[CDATA:").append(text).append("]"); }
   void Comment(std::string_view text) override { log.append("[comment:").append(text).append("]"); }

@@ -29,6 +29,8 @@ void Tell(ParserHandler& handler, std::string_view text, size_t cut) {
   handler.StartElement(kB, {});
   handler.EndElement(kB);
   handler.Instruction("i", "j");
+  handler.StartElement(kB, {});
+  handler.EndEmptyTag(kB);
   handler.EndElement(kA);
 }
 
@@ -45,7 +47,7 @@ class RestOfEventsTest : public ::testing::Test {
 };
 
 TEST_F(RestOfEventsTest, LeavesOutAsMuchAsWasCounted) {
-  const std::string end = "<b></b>[i:j]</a>";
+  const std::string end = "<b></b>[i:j]<b/></a>";
   EXPECT_EQ(RestBehind({}), "[standalone]<a>text[comment:c][CDATA:][CDATA:data]more" + end);
   EXPECT_EQ(RestBehind({1, 0}), "<a>text[comment:c][CDATA:][CDATA:data]more" + end);
   EXPECT_EQ(RestBehind({2, 0}), "text[comment:c][CDATA:][CDATA:data]more" + end);
@@ -60,9 +62,10 @@ TEST_F(RestOfEventsTest, LeavesOutAsMuchAsWasCounted) {
   EXPECT_EQ(RestBehind({4, 4}), "more" + end);
   EXPECT_EQ(RestBehind({4, 7}), "e" + end);
   EXPECT_EQ(RestBehind({4, 8}), end);
-  EXPECT_EQ(RestBehind({5, 0}), "</b>[i:j]</a>");
-  EXPECT_EQ(RestBehind({7, 0}), "</a>");
-  EXPECT_EQ(RestBehind({8, 0}), "");
+  EXPECT_EQ(RestBehind({5, 0}), "</b>[i:j]<b/></a>");
+  EXPECT_EQ(RestBehind({7, 0}), "<b/></a>");
+  EXPECT_EQ(RestBehind({9, 0}), "</a>");
+  EXPECT_EQ(RestBehind({10, 0}), "");
 }
 
 class Names final : public ParserHandler {
@@ -98,7 +101,7 @@ TEST_F(RestOfEventsTest, NamesAreThoseOfTheFastPath) {
   const ParsedAttribute attributes[] = {{{other_p.c_str(), "xmlns"}, "urn:p"}, {b_there, "x"}};
   rest.StartElement(pb_there, attributes);
   rest.StartElement(pa_there, {});
-  rest.EndElement(end_of(pa_there));
+  rest.EndEmptyTag(end_of(pa_there));
   rest.EndElement(end_of(pb_there));
   rest.StartElement(pb_there, {});
   rest.EndElement(end_of(pb_there));

@@ -38,15 +38,15 @@ ElementTexts::ElementTexts(Element node) : node_(node), walked_(node.node()) {
   if (walked_ != nullptr) Note(*walked_);
 }
 
-// Notes an element if it is the first of its name whose start tag has no attributes and is not that of an empty
-// element. Returns its name, or none when it was not noted.
+// Notes an element if it is the first of its name whose start tag has no attributes and is not all of it. Returns its
+// name, or none when it was not noted.
 inline uint32_t ElementTexts::Note(const Node& node) {
   if (node.Kind() != NodeKind::kElement) {
     if (node.Kind() != NodeKind::kText) hides_tags_ = true;
     return NameTable::kNone;
   }
   if (node.HoldsText()) {
-    if (node.Text().empty()) return NameTable::kNone;
+    if (node.Text().empty() && node.Form() == EmptyForm::kOneTag) return NameTable::kNone;
   } else {
     const Node* child = Document::Of(&node).First(&node);
     if (child == nullptr || child->Kind() == NodeKind::kAttribute) return NameTable::kNone;

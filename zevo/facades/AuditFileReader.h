@@ -33,6 +33,9 @@ class Transaction;
 /// `AuditException`, which success makes null, and nothing is thrown. Records of a kind are read by calling the same
 /// operation again and again until it leaves null in the variable, which is no failure. Each kind is walked once in the
 /// life of an object: to read a file twice, make another one. An object is used by one thread at a time.
+///
+/// A property has the text of the first element of its name inside the record, be it deeper or behind. An element of
+/// one tag, `<Description/>`, is passed over, one of two tags, `<Description></Description>`, is empty.
 class ZEVO_API AuditFileReader : public Facade {
  public:
   AuditFileReader();

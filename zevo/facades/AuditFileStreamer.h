@@ -24,6 +24,9 @@ class SAXDALReader;
 /// as a whole; the section of ledger entries with its totals only; each journal, followed by its transactions; the
 /// section of sales invoices with its totals only; each invoice.
 ///
+/// A property has the text of the first element of its name inside the record, be it deeper or behind; without a text
+/// it is empty, in one tag or in two.
+///
 /// An operation that returns a bool returns false on failure, keeps the failure in `AuditException` and throws nothing;
 /// success makes `AuditException` null. An object is used by one thread at a time.
 class ZEVO_API AuditFileStreamer : public Facade {

@@ -137,7 +137,7 @@ void Document::AppendText(Element parent, NodeKind kind, std::string_view text, 
 }
 
 void Document::AppendElement(Element parent, uint32_t name, std::string_view text) {
-  if (text.empty()) return Trim(AppendElement(parent, name));
+  if (text.empty()) return EndElement(AppendElement(parent, name), EmptyForm::kOneTag);
   const std::string_view kept = CopyText(text);
   static_cast<FullNode*>(AppendElement(parent, name).node())->Hold(kept);
 }

@@ -101,7 +101,7 @@ class Document {
   /// Appends an element as the last child of `parent`, or of the document when that is nothing.
   Element AppendElement(Element parent, std::string_view name) { return AppendElement(parent, names_.Add(name)); }
   Element AppendElement(Element parent, uint32_t name);
-  /// Appends an element with a text for its only content. It may change like any other.
+  /// Appends an element with a text for its only content, or of one tag without a text. It may change like any other.
   void AppendElement(Element parent, uint32_t name, std::string_view text);
   /// Appends an attribute. Attributes come before any content.
   void AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value);
@@ -115,9 +115,9 @@ class Document {
   void AppendAdoptedText(Element parent, std::string_view text);
   /// Appends a text node for a text that it has room for itself: see Node.
   void AppendShortText(Element parent, std::string_view text) { AppendShort(parent.node(), NodeKind::kText, 0, text); }
-  /// Takes back the room for content of an element that has ended without any, if it is the node that came last.
-  /// Content may come all the same.
-  inline void Trim(Element element);
+  /// Tells of an element that has ended how it is written, if it has got no content, and takes back the room for that,
+  /// if it has no attributes either. Content may come all the same.
+  inline void EndElement(Element element, EmptyForm form);
   /// Replaces the content of an element; its attributes stay.
   void SetText(Element element, std::string_view text);
 
@@ -336,11 +336,14 @@ inline void Document::AdoptText(Element element, std::string_view text) {
   static_cast<FullNode*>(element.node())->Hold(text);
 }
 
-inline void Document::Trim(Element element) {
+inline void Document::EndElement(Element element, EmptyForm form) {
   auto* const node = static_cast<FullNode*>(element.node());
-  if (reinterpret_cast<uint32_t*>(node + 1) != next_node_) return;
-  next_node_ -= kFullNodeWords - kNodeWords;
-  node->HoldShort({});
+  if (reinterpret_cast<uint32_t*>(node + 1) == next_node_) {
+    next_node_ -= kFullNodeWords - kNodeWords;
+    node->HoldNothing(form);
+  } else if (Last(node)->Kind() == NodeKind::kAttribute) {
+    node->length = static_cast<uint32_t>(form);
+  }
 }
 
 inline Node* Document::Following(const Node* node, const Node* root) const {

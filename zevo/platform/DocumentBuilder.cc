@@ -22,7 +22,12 @@ void DocumentBuilder::StartElement(const ParsedName& name, std::span<const Parse
 
 void DocumentBuilder::Leaf(const ParsedName& name, std::string_view text) {
   if (length_ > 0) EndText();
-  document_.AppendElement(Open(), document_.Names().AddParsed(name.number, name.local, name.prefix), text);
+  const uint32_t number = document_.Names().AddParsed(name.number, name.local, name.prefix);
+  if (text.empty()) {
+    document_.EndElement(document_.AppendElement(Open(), number), EmptyForm::kTwoTags);
+  } else {
+    document_.AppendElement(Open(), number, text);
+  }
 }
 
 void DocumentBuilder::AppendAttributes(std::span<const ParsedAttribute> attributes) {
@@ -45,9 +50,8 @@ bool DocumentBuilder::IsBehindElement() const {
 }
 
 void DocumentBuilder::EndElement(const ParsedName&) {
-  const bool empty = !static_cast<const FullNode*>(Open().node())->HasChildren();
   if (length_ > 0) {
-    if (empty) {
+    if (!static_cast<const FullNode*>(Open().node())->HasChildren()) {
       std::string_view text(text_, length_);
       if (room_ == 0) {
         text = document_.CopyText(text);
@@ -59,9 +63,14 @@ void DocumentBuilder::EndElement(const ParsedName&) {
     } else {
       EndText();
     }
-  } else if (empty) {
-    document_.Trim(Open());
+  } else {
+    document_.EndElement(Open(), EmptyForm::kTwoTags);
   }
+  open_.pop_back();
+}
+
+void DocumentBuilder::EndEmptyTag(const ParsedName&) {
+  document_.EndElement(Open(), EmptyForm::kOneTag);
   open_.pop_back();
 }
 

@@ -30,6 +30,7 @@ class DocumentBuilder final : public ParserHandler {
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& name) override;
+  void EndEmptyTag(const ParsedName& name) override;
   void Characters(std::string_view text) override;
   void Leaf(const ParsedName& name, std::string_view text) override;
   void CData(std::string_view text) override;

@@ -4,7 +4,7 @@
 namespace zevo {
 
 std::string_view Node::TextOfShort() const {
-  if (!HoldsText()) return {};
+  if (!HoldsText() || tag >> kShortShift == kNothingBetween) return {};
   if (tag >> kShortShift == kIndentation) return {KeptIndentation(Name() & kTabs), Name() & (kTabs - 1)};
   return {ShortText(), (tag >> kShortShift) - 1};
 }

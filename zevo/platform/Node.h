@@ -15,6 +15,9 @@ namespace zevo {
 
 enum class NodeKind : uint32_t { kDocument, kElement, kText, kCData, kComment, kInstruction, kAttribute };
 
+/// How an element without content is written: `<X/>` or `<X></X>`.
+enum class EmptyForm : uint8_t { kOneTag, kTwoTags };
+
 /// A node of a document as it lies in memory, linked by 32-bit references that the document resolves. This is all that
 /// a short node has: one that came without content, or with a text that is an indentation or lies in the node itself.
 struct Node {
@@ -40,6 +43,9 @@ struct Node {
   static constexpr size_t kMostIndentation = 64;
   static constexpr uint32_t kTabs = 1U << 8;
   static constexpr uint32_t kIndentation = 7;
+  // In the same bits, the mark of an element of two tags with nothing between them.
+  static constexpr uint32_t kNothingBetween = 6;
+  static_assert(kShortText + 1 < kNothingBetween);
 
   static constexpr uint32_t TagOf(NodeKind kind, uint32_t name) {
     return (name & kNameMask) | static_cast<uint32_t>(kind) << kKindShift;
@@ -51,6 +57,8 @@ struct Node {
   bool HoldsText() const { return (tag & kHoldsText) != 0; }
   bool IsPrefixed() const { return (tag & kPrefixed) != 0; }
   bool IsShort() const { return (tag >> kShortShift) != 0; }
+  /// Of an element without content.
+  inline EmptyForm Form() const;
 
   /// The text that it holds; lies in the node where that is short.
   [[gnu::always_inline]] inline std::string_view Text() const;
@@ -80,6 +88,10 @@ struct Node {
     if (!text.empty()) std::memcpy(const_cast<char*>(ShortText()), text.data(), text.size());
     tag |= kHoldsText | static_cast<uint32_t>(text.size() + 1) << kShortShift;
   }
+  /// The same for an element without content.
+  void HoldNothing(EmptyForm form) {
+    tag |= kHoldsText | (form == EmptyForm::kTwoTags ? kNothingBetween : 1) << kShortShift;
+  }
 
  private:
   const char* ShortText() const {
@@ -102,7 +114,7 @@ struct Node {
 
 /// A node with room for a text of any length, or for children. An element whose only content is a text holds it itself.
 struct FullNode : Node {
-  uint32_t length;      // of the text
+  uint32_t length;      // of the text; of an element that has attributes alone, its EmptyForm
   uint32_t content[2];  // the address of the text, or the first and the last child
 
   char* Address() const {
@@ -124,6 +136,11 @@ struct FullNode : Node {
   }
 };
 static_assert(sizeof(Node) == 12 && sizeof(FullNode) == 24 && alignof(FullNode) == 4);
+
+inline EmptyForm Node::Form() const {
+  if (IsShort()) return tag >> kShortShift == kNothingBetween ? EmptyForm::kTwoTags : EmptyForm::kOneTag;
+  return static_cast<EmptyForm>(static_cast<const FullNode*>(this)->length);
+}
 
 inline std::string_view Node::Text() const {
   constexpr uint32_t kMask = kHoldsText | ~0U << kShortShift;

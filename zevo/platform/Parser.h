@@ -41,8 +41,11 @@ class ParserHandler {
   virtual ~ParserHandler() = default;
   virtual void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) = 0;
   virtual void EndElement(const ParsedName& name) = 0;
+  /// The same of an element that is one tag, `<X/>`.
+  virtual void EndEmptyTag(const ParsedName& name) { EndElement(name); }
   virtual void Characters(std::string_view text) = 0;
-  /// An element without attributes, with this text and nothing else in it. May come in place of the three above.
+  /// An element of two tags without attributes, with this text, which may be empty, and nothing else in it. May come in
+  /// place of a start, a text and an end.
   virtual void Leaf(const ParsedName& name, std::string_view text) {
     StartElement(name, {});
     if (!text.empty()) Characters(text);

@@ -177,7 +177,10 @@ void ParserRun::OnEndElement(void* self, const xmlChar* local, const xmlChar* pr
   if (Of(self).plug_) Of(self).plug_->EndElement();
   Of(self).GuardEvent([&](ParserRun& run, size_t) {
     run.limits_.EndElement();
-    run.handler_.EndElement({Text(local), Text(prefix)});
+    // What libxml2 has read last is the element's end: no other tag than an empty one has a slash there.
+    const bool empty = run.parser_->input->cur[-2] == '/';
+    const ParsedName name = {Text(local), Text(prefix)};
+    empty ? run.handler_.EndEmptyTag(name) : run.handler_.EndElement(name);
   });
 }
 

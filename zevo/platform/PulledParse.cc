@@ -43,6 +43,10 @@ class PulledParse::Counter final : public ParserHandler {
     Count();
     handler_.EndElement(name);
   }
+  void EndEmptyTag(const ParsedName& name) override {
+    Count();
+    handler_.EndEmptyTag(name);
+  }
   void Characters(std::string_view text) override {
     count_.text += text.size();
     handler_.Characters(text);

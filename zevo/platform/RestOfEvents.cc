@@ -20,12 +20,21 @@ void RestOfEvents::StartElement(const ParsedName& name, std::span<const ParsedAt
 }
 
 void RestOfEvents::EndElement(const ParsedName& name) {
-  ParsedName known = name;
-  if (names_ != nullptr) {
-    known = {open_.back().local, open_.back().prefix};
-    open_.pop_back();
-  }
+  const ParsedName known = Close(name);
   if (Passes()) handler_.EndElement(known);
+}
+
+void RestOfEvents::EndEmptyTag(const ParsedName& name) {
+  const ParsedName known = Close(name);
+  if (Passes()) handler_.EndEmptyTag(known);
+}
+
+// The name of the element that ends, as the handler knows it.
+ParsedName RestOfEvents::Close(const ParsedName& name) {
+  if (names_ == nullptr) return name;
+  const ParsedName known = {open_.back().local, open_.back().prefix};
+  open_.pop_back();
+  return known;
 }
 
 bool RestOfEvents::Passes() {

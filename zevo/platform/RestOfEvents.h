@@ -35,6 +35,7 @@ class RestOfEvents final : public ParserHandler {
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& name) override;
+  void EndEmptyTag(const ParsedName& name) override;
   void Characters(std::string_view text) override {
     if (Left(text)) handler_.Characters(text);
   }
@@ -54,6 +55,7 @@ class RestOfEvents final : public ParserHandler {
 
  private:
   bool Passes();
+  ParsedName Close(const ParsedName& name);
   bool Left(std::string_view& text);
   ParsedName AsKnown(const ParsedName& name);
   ParsedName Interned(const ParsedName& name);

@@ -36,6 +36,7 @@ class ValidationEvents {
     return validation_.StartElement(name.Parsed(), attributes);
   }
   bool EndElement(const FastName&) { return validation_.EndElement(); }
+  bool EndEmptyTag(const FastName&) { return validation_.EndElement(); }
   bool Leaf(const FastName& name, std::string_view text) { return validation_.Leaf(name.Parsed(), text); }
   bool Characters(std::string_view text) { return validation_.Characters(text); }
   bool Comment(std::string_view text) { return validation_.Comment(text); }

@@ -242,7 +242,7 @@ void Serializer::WriteTree(const Node* root) {
   const Node* node = root;
   for (;;) {
     if (node->Kind() == NodeKind::kElement && node->HoldsText()) {
-      WriteTextElement(document.Names(), node->Name(), node->Text());
+      WriteTextElement(document.Names(), *node);
       // Most are followed by a sibling: then nothing ends but this one.
       if (node != root && node->next != 0) {
         node = document.Next(node);
@@ -273,7 +273,7 @@ void Serializer::Open(const Document& document, const Node* node) {
         Write(child->Text(), Escapes::kAttribute);
         WriteAscii("\"");
       }
-      WriteAscii(child == nullptr ? "/>" : ">");
+      WriteAscii(child == nullptr && node->Form() == EmptyForm::kOneTag ? "/>" : ">");
       return;
     }
     case NodeKind::kText:
@@ -299,14 +299,17 @@ void Serializer::Open(const Document& document, const Node* node) {
 void Serializer::Close(const Document& document, const Node* node) {
   if (node->Kind() != NodeKind::kElement || node->HoldsText()) return;
   const Node* last = document.Last(node);
-  if (last == nullptr || last->Kind() == NodeKind::kAttribute) return;
+  const bool empty = last == nullptr || last->Kind() == NodeKind::kAttribute;
+  if (empty && node->Form() == EmptyForm::kOneTag) return;
   WriteEndTag(document.Names(), node->Name());
 }
 
 // Writes an element that holds its text itself, end tag included.
-void Serializer::WriteTextElement(const NameTable& names, uint32_t name, std::string_view text) {
+void Serializer::WriteTextElement(const NameTable& names, const Node& element) {
+  const uint32_t name = element.Name();
+  const std::string_view text = element.Text();
   if (WritePlainElement(names, name, text)) return;
-  if (text.empty()) {
+  if (text.empty() && element.Form() == EmptyForm::kOneTag) {
     WriteAscii("<");
     WriteName(names, name);
     return WriteAscii("/>");

@@ -66,7 +66,7 @@ class Serializer {
   void WriteTree(const Node* root);
   void Open(const Document& document, const Node* node);
   void Close(const Document& document, const Node* node);
-  void WriteTextElement(const NameTable& names, uint32_t name, std::string_view text);
+  void WriteTextElement(const NameTable& names, const Node& element);
   void WriteCData(std::string_view text);
   void WriteName(const NameTable& names, uint32_t name);
   void WriteEscaped(std::string_view text, Escapes escapes);

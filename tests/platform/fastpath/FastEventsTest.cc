@@ -40,9 +40,12 @@ TEST_F(FastEventsTest, PassesEventsOnAndCountsThem) {
   ExpectCount(5, 0);
   EXPECT_TRUE(events_.Leaf(b, ""));
   ExpectCount(7, 0);
+  EXPECT_TRUE(events_.StartElement(b, {}));
+  EXPECT_TRUE(events_.EndEmptyTag(b));
+  ExpectCount(9, 0);
   EXPECT_TRUE(events_.EndElement(a));
-  ExpectCount(8, 0);
-  EXPECT_EQ(handler_.log, "[standalone]<a b=c>xyé[comment:d]z<b>text</b><b></b></a>");
+  ExpectCount(10, 0);
+  EXPECT_EQ(handler_.log, "[standalone]<a b=c>xyé[comment:d]z<b>text</b><b></b><b/></a>");
 }
 
 class Numbers final : public ParserHandler {
@@ -61,6 +64,9 @@ TEST_F(FastEventsTest, OnlyStartsHaveNumbers) {
   events.StartElement(a, {});
   events.EndElement(a);
   EXPECT_EQ(numbers.started, 1u);
+  EXPECT_EQ(numbers.ended, 0u);
+  numbers.ended = 9;
+  events.EndEmptyTag(a);
   EXPECT_EQ(numbers.ended, 0u);
 }
 

@@ -75,23 +75,23 @@ TEST_P(FastParseTest, IsTakenToItsEnd) {
 
 INSTANTIATE_TEST_SUITE_P(
     , FastParseTest,
-    ::testing::Values(Taken{"<a/>", "<a></a>"}, Taken{"<a></a>", "<a></a>"}, Taken{"<a >\n</a\t>", "<a>\n</a>"},
-                      Taken{"\n<a/> \r\n\t", "<a></a>"}, Taken{"<?xml version='1.0'?><a/>", "<a></a>"},
-                      Taken{"<?xml version='1.0' standalone='yes'?>\n<a/>", "[standalone]<a></a>"},
-                      Taken{"<?xml version='1.0' standalone='no'?><a/>", "<a></a>"},
+    ::testing::Values(Taken{"<a/>", "<a/>"}, Taken{"<a></a>", "<a></a>"}, Taken{"<a >\n</a\t>", "<a>\n</a>"},
+                      Taken{"\n<a/> \r\n\t", "<a/>"}, Taken{"<?xml version='1.0'?><a/>", "<a/>"},
+                      Taken{"<?xml version='1.0' standalone='yes'?>\n<a/>", "[standalone]<a/>"},
+                      Taken{"<?xml version='1.0' standalone='no'?><a/>", "<a/>"},
                       Taken{"<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>", "<a>é</a>"},
                       Taken{"\xEF\xBB\xBF<a>é</a>", "<a>é</a>"},
-                      Taken{"<a><b>x</b><b>y</b><c/><c /><d></d></a>", "<a><b>x</b><b>y</b><c></c><c></c><d></d></a>"},
-                      Taken{"<a>x<b>y<c/>z</b>w</a>", "<a>x<b>y<c></c>z</b>w</a>"},
+                      Taken{"<a><b>x</b><b>y</b><c/><c /><d></d></a>", "<a><b>x</b><b>y</b><c/><c/><d></d></a>"},
+                      Taken{"<a>x<b>y<c/>z</b>w</a>", "<a>x<b>y<c/>z</b>w</a>"},
                       Taken{"<a><b >x</b\n></a>", "<a><b>x</b></a>"},
-                      Taken{"<a xmlns='u' b='c'><b/></a>", "<a xmlns=u b=c><b></b></a>"},
+                      Taken{"<a xmlns='u' b='c'><b/></a>", "<a xmlns=u b=c><b/></a>"},
                       Taken{"<p:a xmlns:p='u'><p:b>x</p:b></p:a>", "<p:a xmlns:p=u><p:b>x</p:b></p:a>"},
                       Taken{"<a>&lt;b&gt; &amp;&quot;&apos;&#65;&#x42;</a>", "<a><b> &\"'AB</a>"},
                       Taken{"<a><b>x &amp; y</b></a>", "<a><b>x & y</b></a>"},
                       Taken{"<a>\r\n<b>x\ry\r\n</b>\r\r\n</a>", "<a>\n<b>x\ny\n</b>\n\n</a>"},
                       Taken{"<a>]] > ]&gt; ]]</a>", "<a>]] > ]> ]]</a>"}, Taken{"<a>>\t>></a>", "<a>>\t>></a>"},
                       Taken{"<!--1--><a><!--2-->x<!----><b/><!-- - --></a><!--3-->\n",
-                            "[comment:1]<a>[comment:2]x[comment:]<b></b>[comment: - ]</a>[comment:3]"},
+                            "[comment:1]<a>[comment:2]x[comment:]<b/>[comment: - ]</a>[comment:3]"},
                       Taken{"<a><!-- <b>&c;</b> ]]> --></a>", "<a>[comment: <b>&c;</b> ]]> ]</a>"}),
     testing::Numbered());
 
@@ -112,17 +112,17 @@ INSTANTIATE_TEST_SUITE_P(
     , GivenUpTest,
     ::testing::Values(
         GivenUp{"", ""}, GivenUp{" ", ""}, GivenUp{"x", ""}, GivenUp{"<", ""}, GivenUp{"<a", ""}, GivenUp{"<a>", "<a>"},
-        GivenUp{"<a><b>", "<a><b>"}, GivenUp{"<a>x", "<a>x"}, GivenUp{"<a/>x", "<a></a>"},
-        GivenUp{"<a/><b/>", "<a></a>"}, GivenUp{"<a></b>", "<a>"}, GivenUp{"<a></ab>", "<a>"},
-        GivenUp{"<ab></a>", "<ab>"}, GivenUp{"<a></ a>", "<a>"}, GivenUp{"<a></a", "<a>"}, GivenUp{"<a></a x>", "<a>"},
-        GivenUp{"</a>", ""}, GivenUp{"<a><b c='d'/></a>", "<a>"}, GivenUp{"<a><b\nc='d'>x</b></a>", "<a>"},
-        GivenUp{"<a><b c/></a>", "<a>"}, GivenUp{"<a>x<?i?></a>", "<a>x"}, GivenUp{"<?i?><a/>", ""},
-        GivenUp{"<a/><?i?>", "<a></a>"}, GivenUp{"<a>x<![CDATA[y]]></a>", "<a>x"}, GivenUp{"<!DOCTYPE a><a/>", ""},
-        GivenUp{"<a><!ELEMENT></a>", "<a>"}, GivenUp{"<a>x<!-- -- --></a>", "<a>x"}, GivenUp{"<a><!-- ---></a>", "<a>"},
-        GivenUp{"<a><!--x</a>", "<a>"}, GivenUp{"<a><!--\x01--></a>", "<a>"}, GivenUp{"<a>x&e;</a>", "<a>x"},
-        GivenUp{"<a>x&#0;</a>", "<a>x"}, GivenUp{"<a>x&amp</a>", "<a>x"}, GivenUp{"<a>x]]>y</a>", "<a>"},
-        GivenUp{"<a>x\ry]]></a>", "<a>"}, GivenUp{"<a>x&amp;y\r\nz]]></a>", "<a>x&"}, GivenUp{"<a>x\x01</a>", "<a>"},
-        GivenUp{"<a>\xFF</a>", "<a>"}, GivenUp{"<a><b>x\x7F\xED\xA0\x80</b></a>", "<a>"}, GivenUp{"<a><é/></a>", "<a>"},
+        GivenUp{"<a><b>", "<a><b>"}, GivenUp{"<a>x", "<a>x"}, GivenUp{"<a/>x", "<a/>"}, GivenUp{"<a/><b/>", "<a/>"},
+        GivenUp{"<a></b>", "<a>"}, GivenUp{"<a></ab>", "<a>"}, GivenUp{"<ab></a>", "<ab>"}, GivenUp{"<a></ a>", "<a>"},
+        GivenUp{"<a></a", "<a>"}, GivenUp{"<a></a x>", "<a>"}, GivenUp{"</a>", ""}, GivenUp{"<a><b c='d'/></a>", "<a>"},
+        GivenUp{"<a><b\nc='d'>x</b></a>", "<a>"}, GivenUp{"<a><b c/></a>", "<a>"}, GivenUp{"<a>x<?i?></a>", "<a>x"},
+        GivenUp{"<?i?><a/>", ""}, GivenUp{"<a/><?i?>", "<a/>"}, GivenUp{"<a>x<![CDATA[y]]></a>", "<a>x"},
+        GivenUp{"<!DOCTYPE a><a/>", ""}, GivenUp{"<a><!ELEMENT></a>", "<a>"}, GivenUp{"<a>x<!-- -- --></a>", "<a>x"},
+        GivenUp{"<a><!-- ---></a>", "<a>"}, GivenUp{"<a><!--x</a>", "<a>"}, GivenUp{"<a><!--\x01--></a>", "<a>"},
+        GivenUp{"<a>x&e;</a>", "<a>x"}, GivenUp{"<a>x&#0;</a>", "<a>x"}, GivenUp{"<a>x&amp</a>", "<a>x"},
+        GivenUp{"<a>x]]>y</a>", "<a>"}, GivenUp{"<a>x\ry]]></a>", "<a>"}, GivenUp{"<a>x&amp;y\r\nz]]></a>", "<a>x&"},
+        GivenUp{"<a>x\x01</a>", "<a>"}, GivenUp{"<a>\xFF</a>", "<a>"},
+        GivenUp{"<a><b>x\x7F\xED\xA0\x80</b></a>", "<a>"}, GivenUp{"<a><é/></a>", "<a>"},
         GivenUp{"<a><p:b/></a>", "<a>"}, GivenUp{"<a><1/></a>", "<a>"}, GivenUp{"<a>< b/></a>", "<a>"},
         GivenUp{"<a><b / ></a>", "<a>"}, GivenUp{"<a><b<c/></a>", "<a>"}, GivenUp{"<a><></></a>", "<a>"},
         GivenUp{"<a xml:lang='pt'/>", ""}, GivenUp{" <?xml version='1.0'?><a/>", ""},
@@ -249,6 +249,7 @@ class Sink {
   bool Standalone() { return Takes(); }
   bool StartElement(const FastName&, std::span<const ParsedAttribute>) { return Takes(); }
   bool EndElement(const FastName&) { return Takes(); }
+  bool EndEmptyTag(const FastName&) { return Takes(); }
   bool Leaf(const FastName&, std::string_view) { return Takes(); }
   bool Characters(std::string_view) { return Takes(); }
   bool Comment(std::string_view) { return Takes(); }

@@ -70,6 +70,15 @@ void Teller::StartElement(const ParsedName& name, std::span<const ParsedAttribut
 
 void Teller::EndElement(const ParsedName& name) {
   told_.events.push_back("</" + Known(name) + ">");
+  Close(name);
+}
+
+void Teller::EndEmptyTag(const ParsedName& name) {
+  told_.events.emplace_back("/>");
+  Close(name);
+}
+
+void Teller::Close(const ParsedName& name) {
   if (name.number != 0) Break("an end with a number");
   if (open_.empty() || !AreSame(open_.back(), name)) return Break("an end of another name than the start");
   open_.pop_back();

@@ -35,8 +35,8 @@ class WithFastPath {
 
 /// What a parse tells of a file.
 struct Telling {
-  /// An event each, pieces of a text together: `<p:name #1 a #2=value>`, `</p:name>`, `text:`, `CDATA:`, `comment:`,
-  /// `target:data` and `standalone`. The numbers are those of the names.
+  /// An event each, pieces of a text together: `<p:name #1 a #2=value>`, `</p:name>`, `/>`, `text:`, `CDATA:`,
+  /// `comment:`, `target:data` and `standalone`. The numbers are those of the names.
   std::vector<std::string> events;
   /// Of the start tags, where they were asked for.
   std::vector<FilePlace> places;
@@ -59,6 +59,7 @@ class Teller final : public ParserHandler {
 
   void StartElement(const ParsedName& name, std::span<const ParsedAttribute> attributes) override;
   void EndElement(const ParsedName& name) override;
+  void EndEmptyTag(const ParsedName& name) override;
   void Characters(std::string_view text) override { Add("text:", text); }
   void CData(std::string_view text) override { Add("CDATA:", text); }
   void Comment(std::string_view text) override { told_.events.push_back("comment:" + std::string(text)); }
@@ -72,6 +73,7 @@ class Teller final : public ParserHandler {
 
  private:
   std::string Known(const ParsedName& name);
+  void Close(const ParsedName& name);
   void Add(std::string_view kind, std::string_view text);
   void Break(std::string rule);
 

@@ -36,6 +36,11 @@ class FastEvents {
     handler_.EndElement({name.Parsed().local, name.Parsed().prefix});
     return true;
   }
+  bool EndEmptyTag(const FastName& name) {
+    Add(1);
+    handler_.EndEmptyTag({name.Parsed().local, name.Parsed().prefix});
+    return true;
+  }
   bool Leaf(const FastName& name, std::string_view text) {
     Add(2);
     handler_.Leaf(name.Parsed(), text);

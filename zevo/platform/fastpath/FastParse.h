@@ -35,7 +35,8 @@ enum class FastOutcome { kGoesOn, kThrough, kUnreadable, kGivenUp };
 ///   bool Standalone();
 ///   bool StartElement(const FastName& name, std::span<const ParsedAttribute> attributes);  // some: on the root alone
 ///   bool EndElement(const FastName& name);
-///   bool Leaf(const FastName& name, std::string_view text);  // an element with this text, which may be empty, alone
+///   bool EndEmptyTag(const FastName& name);                  // of an element that is one tag
+///   bool Leaf(const FastName& name, std::string_view text);  // an element of two tags with this text, if any, alone
 ///   bool Characters(std::string_view text);                  // a piece of another text, not empty
 ///   bool Comment(std::string_view text);
 template <class Sink>
@@ -150,7 +151,7 @@ class FastParse {
     if (at_ == nullptr || !sink_.StartElement(*root.Name(), root.Attributes())) return false;
     if (root.IsEmpty()) {
       state_ = State::kEpilog;
-      return sink_.EndElement(*root.Name());
+      return sink_.EndEmptyTag(*root.Name());
     }
     state_ = State::kContent;
     Open(*root.Name());
@@ -203,7 +204,7 @@ class FastParse {
       if (empty) {
         at_ = at;
         expected_ = &name->behind;
-        return sink_.Leaf(*name, {});
+        return sink_.StartElement(*name, {}) && sink_.EndEmptyTag(*name);
       }
     }
     const char* const text = at;
