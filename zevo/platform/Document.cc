@@ -136,8 +136,8 @@ void Document::AppendText(Element parent, NodeKind kind, std::string_view text, 
   AppendLeaf(parent ? parent.node() : top_, kind, name.empty() ? NameTable::kNone : names_.Add(name), text);
 }
 
-void Document::AppendElement(Element parent, uint32_t name, std::string_view text) {
-  if (text.empty()) return EndElement(AppendElement(parent, name), EmptyForm::kOneTag);
+void Document::AppendElement(Element parent, uint32_t name, std::string_view text, EmptyForm form) {
+  if (text.empty()) return EndElement(AppendElement(parent, name), form);
   const std::string_view kept = CopyText(text);
   static_cast<FullNode*>(AppendElement(parent, name).node())->Hold(kept);
 }

@@ -101,8 +101,8 @@ class Document {
   /// Appends an element as the last child of `parent`, or of the document when that is nothing.
   Element AppendElement(Element parent, std::string_view name) { return AppendElement(parent, names_.Add(name)); }
   Element AppendElement(Element parent, uint32_t name);
-  /// Appends an element with a text for its only content, or of one tag without a text. It may change like any other.
-  void AppendElement(Element parent, uint32_t name, std::string_view text);
+  /// Appends an element with a text for its only content, or in that form without a text. It may change like any other.
+  void AppendElement(Element parent, uint32_t name, std::string_view text, EmptyForm form = EmptyForm::kOneTag);
   /// Appends an attribute. Attributes come before any content.
   void AppendAttribute(Element element, std::string_view qualifiedName, std::string_view value);
   /// The same for one that is no namespace declaration.

@@ -22,12 +22,8 @@ void DocumentBuilder::StartElement(const ParsedName& name, std::span<const Parse
 
 void DocumentBuilder::Leaf(const ParsedName& name, std::string_view text) {
   if (length_ > 0) EndText();
-  const uint32_t number = document_.Names().AddParsed(name.number, name.local, name.prefix);
-  if (text.empty()) {
-    document_.EndElement(document_.AppendElement(Open(), number), EmptyForm::kTwoTags);
-  } else {
-    document_.AppendElement(Open(), number, text);
-  }
+  document_.AppendElement(Open(), document_.Names().AddParsed(name.number, name.local, name.prefix), text,
+                          EmptyForm::kTwoTags);
 }
 
 void DocumentBuilder::AppendAttributes(std::span<const ParsedAttribute> attributes) {
