@@ -602,10 +602,11 @@ TEST_F(HostileFileTest, SchemaThatMultipliesItselfIsRefused) {
   }
 }
 
-std::string Elements(int count, std::string_view occurs) {
+std::string Elements(int count, std::string_view occurs, std::string_view name = "e") {
   std::string elements;
   for (int i = 0; i < count; ++i) {
-    elements.append("<xs:element name='e").append(std::to_string(i)).append("' ").append(occurs).append("/>");
+    elements.append("<xs:element name='").append(name).append(std::to_string(i));
+    elements.append("' ").append(occurs).append("/>");
   }
   return elements;
 }
@@ -616,6 +617,24 @@ std::string Content(std::string_view occurs, std::string_view elements) {
                         .append(">")
                         .append(elements)
                         .append("</xs:sequence></xs:complexType>"));
+}
+
+// Groups in each other, each of which comes several times.
+std::string InGroups(int depth, std::string_view elements) {
+  return Repeated("<xs:sequence minOccurs='0' maxOccurs='7'>", depth)
+      .append(elements)
+      .append(Repeated("</xs:sequence>", depth));
+}
+
+// Choices, one after the other, of elements that may come any number of times.
+std::string Choices(int count, std::string_view occurs, int elements) {
+  std::string choices;
+  for (int i = 0; i < count; ++i) {
+    choices.append("<xs:choice ").append(occurs).append(">");
+    choices += Elements(elements, "minOccurs='0' maxOccurs='unbounded'", std::string(1, static_cast<char>('p' + i)));
+    choices += "</xs:choice>";
+  }
+  return choices;
 }
 
 std::string Pattern(std::string_view expression) {
@@ -679,6 +698,25 @@ const std::vector<LargeSchema>& LargeSchemas() {
          }
          return Content("maxOccurs='3'", groups);
        }},
+      {"250 optional elements in two groups, each a few times", true,
+       [] { return Content("", InGroups(2, Elements(250, "minOccurs='0'"))); }},
+      {"250 optional elements in four groups, each a few times", false,
+       [] { return Content("", InGroups(4, Elements(250, "minOccurs='0'"))); }},
+      {"120 optional elements in eight groups, each a few times", false,
+       [] { return Content("", InGroups(8, Elements(120, "minOccurs='0'"))); }},
+      {"choices again and again in groups of 200 optional elements", false,
+       [] {
+         return Content("maxOccurs='7'", "<xs:sequence maxOccurs='unbounded'>" + Elements(200, "minOccurs='0'") +
+                                             Choices(3, "maxOccurs='unbounded'", 2) + "</xs:sequence>");
+       }},
+      {"five choices of 100 repeated elements, twice", false,
+       [] {
+         std::string schema = Content("", Choices(5, "", 100));
+         return schema.insert(
+             schema.rfind("</xs:schema>"),
+             "<xs:complexType name='d'><xs:sequence>" + Choices(5, "", 100) + "</xs:sequence></xs:complexType>");
+       }},
+      {"four choices of 20 repeated elements", true, [] { return Content("", Choices(4, "", 20)); }},
       {"choices in choices", false,
        [] {
          return Content("", Repeated("<xs:choice minOccurs='0' maxOccurs='unbounded'><xs:element name='e'/>", 60) +
@@ -705,6 +743,21 @@ const std::vector<LargeSchema>& LargeSchemas() {
        }},
       {"a pattern of alternatives", true, [] { return Pattern("(a|b){1,1000}" + Repeated("(c|d){1,1000}", 50)); }},
       {"a pattern of optional letters", false, [] { return Pattern(Repeated("a?", 4'000)); }},
+      {"a pattern of optional digits in groups", false,
+       [] { return Pattern(Repeated("(", 8) + Repeated("\\d{0,9}", 500) + Repeated("){0,9}", 8)); }},
+      {"patterns of letters in many brackets", false,
+       [] {
+         std::string schema = Pattern("");
+         const std::string letter = Repeated("(", 20) + "a" + Repeated(")", 20) + "|";
+         const std::string pattern = "<xs:pattern value='" + Repeated(letter, 1'400) + "'/>";
+         return schema.insert(schema.find("</xs:restriction>"), Repeated(pattern, 4));
+       }},
+      {"90,000 groups of nothing", false,
+       [] {
+         return SchemaWith("<xs:group name='g'><xs:sequence>" + Repeated("<xs:sequence minOccurs='0'/>", 9'000) +
+                           "</xs:sequence></xs:group><xs:complexType name='c'><xs:sequence>" +
+                           Repeated("<xs:group ref='g'/>", 10) + "</xs:sequence></xs:complexType>");
+       }},
       {"a pattern of repetitions", false,
        [] { return Pattern(Repeated("(", 40) + "a" + Repeated("|b?|c?|d*)*", 40)); }},
       {"values that match a pattern in any number of ways", false,

@@ -128,6 +128,28 @@ const std::function<SchemaLimit()> kLimits[] = {
     [] {
       return SchemaLimit{Pattern(Repeated("(a|b)?", 150)), Pattern(Repeated("(a|b)?", 1'000)), kTime};
     },
+    // Each group that is counted in another adds its counter to every transition.
+    [] {
+      const auto nested = [](int depth) {
+        std::string text = Sequence(Optional(250));
+        for (int i = 0; i < depth; ++i) text = Sequence(text, "maxOccurs='9'");
+        return Type("c", text);
+      };
+      return SchemaLimit{nested(2), nested(3), kTime};
+    },
+    [] {
+      const auto digits = [](size_t count) { return Pattern(Repeated(R"(\d{0,9})", count)); };
+      return SchemaLimit{digits(400), digits(2'000), kTime};
+    },
+    // Every element that ends a choice leads to all that the next choice may begin with.
+    [] {
+      const auto choices = [](int elements) {
+        const std::string element = "<xs:element name='e#' minOccurs='0' maxOccurs='9'/>";
+        const std::string choice = "<xs:choice>" + Each(elements, element) + "</xs:choice>";
+        return Type("c", Sequence(Repeated(choice, 4)));
+      };
+      return SchemaLimit{choices(50), choices(120), kTime};
+    },
     [] {
       const auto wild = [](size_t types) {
         return Repeated(Type("c", Sequence("<xs:any namespace='" + Each(8'500, "u# ") + "'/>")), types);
@@ -155,6 +177,11 @@ const std::function<SchemaLimit()> kLimits[] = {
     },
     [] {
       const std::string part = Sequence("<xs:element name='e' minOccurs='00'/>", "maxOccurs='5'");
+      return SchemaLimit{Type("c", Sequence(Repeated(part, 8))), Type("c", Sequence(Repeated(part, 9))), kEmpty};
+    },
+    // A group of nothing has its counter, too.
+    [] {
+      const std::string part = Sequence("", "maxOccurs='5'");
       return SchemaLimit{Type("c", Sequence(Repeated(part, 8))), Type("c", Sequence(Repeated(part, 9))), kEmpty};
     },
     [] {

@@ -46,15 +46,17 @@ class Expression {
 
   AutomatonSize Atom(int depth) {
     if (depth < kDeepest && Take('(')) {
-      const AutomatonSize size = Alternatives(depth + 1);
+      AutomatonSize size = Alternatives(depth + 1);
       Take(')');
+      size.Grouped();
       return size;
     }
     if (left_.front() == '[') {
       SkipClass();
     } else if (Take('\\')) {
+      const bool isProperty = left_.starts_with('p') || left_.starts_with('P');
       if (!left_.empty()) TakeCharacter(left_);
-      if (left_.starts_with('{')) SkipTo('}');
+      if (isProperty && left_.starts_with('{')) SkipTo('}');
     } else {
       TakeCharacter(left_);
     }
@@ -83,7 +85,7 @@ class Expression {
     if (sign == '{') {
       const bool fromZero = left_.starts_with("{0");
       SkipTo('}');
-      atom.Repeated();
+      atom.Counted();
       if (fromZero) atom.Optional();
       return true;
     }
@@ -109,7 +111,7 @@ AutomatonSize AutomatonSize::Symbols(double count) {
   AutomatonSize size;
   size.states_ = size.letters_ = size.first_ = size.last_ = count;
   size.may_be_empty_ = false;
-  size.empty_ways_ = 0;
+  size.empty_ = {.ways = 0, .steps = count};
   return size;
 }
 
@@ -122,14 +124,22 @@ AutomatonSize AutomatonSize::Wildcard(double count) {
 AutomatonSize AutomatonSize::OfPattern(std::string_view expression) { return Expression(expression).Read(); }
 
 void AutomatonSize::Then(const AutomatonSize& next) {
+  AddRepetitions(next.empty_);
+  AddWalks(empty_.ends - 1, next.empty_);
+  empty_.steps += empty_.ways * next.empty_.steps;
+  empty_.ways *= next.empty_.ways;
+  empty_.ends = next.empty_.ends;
+  if (next.may_be_empty_ && states_ > 0) empty_.ends = std::max(empty_.ends, 1.0);
   if (states_ == 0) {
-    const AutomatonSize before = *this;
+    const Empty empty = empty_;
+    const double groups = groups_;
     *this = next;
-    empty_repetitions_ += before.empty_repetitions_;
-    AddLoops(before);
+    empty_ = empty;
+    groups_ += groups;
     return;
   }
   states_ += next.states_;
+  groups_ += next.groups_;
   letters_ += next.letters_;
   // Each state that may end this part gets a transition to each symbol that may begin the next.
   comparisons_ += 2 * next.first_ * last_transitions_ + last_ * next.first_ * next.first_ + next.comparisons_;
@@ -148,20 +158,12 @@ void AutomatonSize::Then(const AutomatonSize& next) {
     last_widest_ = next.last_widest_;
   }
   may_be_empty_ = may_be_empty_ && next.may_be_empty_;
-  empty_repetitions_ += next.empty_repetitions_;
-  empty_ways_ *= next.empty_ways_;
-  loops_ = std::max(loops_, next.loops_);
-  AddLoops(next);
   if (next.states_ > 0) repeated_ = false;
-}
-
-void AutomatonSize::AddLoops(const AutomatonSize& part) {
-  ways_round_ = std::max(ways_round_, part.ways_round_);
-  loops_in_choice_ = std::max(loops_in_choice_, part.loops_in_choice_);
 }
 
 void AutomatonSize::Or(const AutomatonSize& other) {
   states_ += other.states_;
+  groups_ += other.groups_;
   letters_ += other.letters_;
   first_ += other.first_;
   last_ += other.last_;
@@ -170,10 +172,10 @@ void AutomatonSize::Or(const AutomatonSize& other) {
   transitions_ += other.transitions_;
   comparisons_ += other.comparisons_;
   widest_ = std::max(widest_, other.widest_);
-  empty_repetitions_ += other.empty_repetitions_;
-  empty_ways_ += other.empty_ways_;
-  loops_ += other.loops_;
-  AddLoops(other);
+  AddRepetitions(other.empty_);
+  empty_.steps += other.empty_.steps;
+  empty_.ways += other.empty_.ways;
+  empty_.ends += other.empty_.ends;
   may_be_empty_ = may_be_empty_ || other.may_be_empty_;
   repeated_ = false;
 }
@@ -187,14 +189,15 @@ void AutomatonSize::InAnyOrder() {
 
 void AutomatonSize::Optional() {
   may_be_empty_ = true;
-  empty_ways_ += 1;
-  if (repeated_) loops_ = std::max(loops_, 1.0);
+  empty_.ways += 1;
 }
 
 void AutomatonSize::Repeated() {
-  if (may_be_empty_ && states_ > 0) ++empty_repetitions_;
-  ways_round_ = std::max(ways_round_, empty_ways_);
-  loops_in_choice_ = std::max(loops_in_choice_, loops_);
+  if (may_be_empty_) ++empty_.repetitions;
+  if (states_ == 0) return;
+  AddWalks(empty_.ends - 1, empty_);
+  empty_.walk_steps += empty_.steps + empty_.ways;
+  empty_.ends = std::max(empty_.ends, 1.0);
   // What is repeated already has these transitions.
   if (repeated_) return;
   comparisons_ += 2 * first_ * last_transitions_ + last_ * first_ * first_;
@@ -202,7 +205,28 @@ void AutomatonSize::Repeated() {
   last_transitions_ += last_ * first_;
   last_widest_ += first_;
   widest_ = std::max(widest_, last_widest_);
+  // It ends in a state of its own.
+  states_ += 1;
+  last_ += 1;
   repeated_ = true;
+}
+
+void AutomatonSize::Counted() {
+  if (may_be_empty_) ++empty_.counters;
+  Repeated();
+}
+
+void AutomatonSize::AddWalks(double count, const Empty& through) {
+  if (count <= 0) return;
+  empty_.walk_steps += count * through.steps;
+  empty_.walk_ends += count * through.ways;
+}
+
+void AutomatonSize::AddRepetitions(const Empty& part) {
+  empty_.walk_steps += part.walk_steps;
+  empty_.walk_ends += part.walk_ends;
+  empty_.repetitions += part.repetitions;
+  empty_.counters += part.counters;
 }
 
 // Transitions of a state by the same symbol are merged, so it has at most one for each symbol.

@@ -104,9 +104,13 @@ SchemaCost::Model SchemaCost::ParticleOf(Element particle) const {
     count = count.substr(std::min(count.find_first_not_of(" \t\r\n+-0"), count.size()));
     return count.substr(0, count.find_last_not_of(" \t\r\n") + 1);
   };
-  if (times("maxOccurs").size() > 1 || times("maxOccurs") > "1" || times("minOccurs").size() > 1 ||
-      times("minOccurs") > "1") {
-    model.size.Repeated();
+  const auto several = [&](std::string_view attribute) {
+    return times(attribute).size() > 1 || times(attribute) > "1";
+  };
+  if (several("minOccurs") || several("maxOccurs")) {
+    // A choice is always repeated by a counter, and a sequence where there is any limit.
+    const bool counted = particle.Name() != "sequence" || several("minOccurs") || times("maxOccurs") != "unbounded";
+    counted ? model.size.Counted() : model.size.Repeated();
   }
   if (times("minOccurs").empty()) model.size.Optional();
   return model;
@@ -138,6 +142,7 @@ SchemaCost::Model SchemaCost::TermOf(Element particle) const {
     first = false;
   }
   if (name == "all") model.size.InAnyOrder();
+  if (name != "group") model.size.Grouped();
   return model;
 }
 
@@ -192,10 +197,19 @@ void SchemaCost::SpendOnAutomaton(const AutomatonSize& size, Element within) {
     throw SchemaLimits::Passed{
         "repete em mais de 8 sítios do mesmo conteúdo, ou do mesmo padrão, o que pode estar vazio", within};
   }
-  // Wildcards take longer to compare, and each repetition of empty parts adds transitions to compare.
-  const double ways = (size.EmptyRepetitions() + 1.0) * (size.Letters() > size.States() ? 2 : 1);
-  Spend(size.Comparisons() * ways * 6.5e-9 + size.States() * 1e-6, size.Transitions() * 70 + size.States() * 450);
-  Spend(size.WaysRound() * 2e-6 + std::pow(size.LoopsInChoice(), 4) * 3.5e-10, 0);
+  // Each counter adds transitions to every state, and most where what goes without one is repeated too. Every two are
+  // compared, and for each of the first all that its state leads to is looked through. Wildcards take longer to
+  // compare. All factors are measured.
+  const double counters = size.EmptyCounters();
+  const bool mixed = size.EmptyRepetitions() > size.EmptyCounters();
+  const double times = 1.25 + std::pow(counters, 2.4) * (mixed ? 4.4 : 2.2);
+  const double comparison = size.Letters() > size.States() ? 15e-9 : 7.3e-9;
+  Spend(size.Comparisons() * times * comparison + size.States() * 1e-6, size.Transitions() * 70 + size.States() * 450);
+  // For each state of a group that is removed, those that lead there are looked through.
+  Spend(size.Groups() * (size.Groups() + size.States()) * 3e-9, size.Groups() * 900);
+  // Each transition that a walk finds is looked for among those that are there already.
+  const double widest = size.Widest() * std::max(1.0, counters);
+  Spend((size.WalkSteps() + size.WalkEnds() * widest) * (10e-9 + widest * 0.5e-9), 0);
 }
 
 void SchemaCost::SpendOnModel(const Model& model, Element type) {
