@@ -202,8 +202,8 @@ void SchemaCost::SpendOnAutomaton(const AutomatonSize& size, Element within) {
   // compare. All factors are measured.
   const double counters = size.EmptyCounters();
   const bool mixed = size.EmptyRepetitions() > size.EmptyCounters();
-  const double times = 1.25 + std::pow(counters, 2.4) * (mixed ? 4.4 : 2.2);
-  const double comparison = size.Letters() > size.States() ? 15e-9 : 7.3e-9;
+  const double times = 1.8 + std::pow(counters, 2.4) * (mixed ? 4.4 : 2.2);
+  const double comparison = size.Letters() > size.States() ? 10.4e-9 : 7.3e-9;
   Spend(size.Comparisons() * times * comparison + size.States() * 1e-6, size.Transitions() * 70 + size.States() * 450);
   // For each state of a group that is removed, those that lead there are looked through.
   Spend(size.Groups() * (size.Groups() + size.States()) * 3e-9, size.Groups() * 900);
