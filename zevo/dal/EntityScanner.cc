@@ -3,9 +3,11 @@
 
 #include <zevo/Error.h>
 #include <zevo/dal/ElementName.h>
+#include <zevo/platform/ParserLimits.h>
 #include <zevo/platform/Text.h>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace zevo {
@@ -27,8 +29,10 @@ bool IsSection(std::string_view name) {
 }
 
 // Of the entities that were read, so many are kept for others, unless they are larger than others will be.
-constexpr size_t kMostKept = 64;
-constexpr size_t kMostKeptOfOne = size_t{64} * 1024;
+constexpr size_t kMostKept = 128;
+constexpr size_t kMostKeptOfOne = size_t{32} * 1024;
+
+static_assert(ParserLimits::kNames <= std::numeric_limits<decltype(ScannedName::number)>::max());
 
 bool IsDeclaration(const ParsedName& name) {
   return name.prefix == nullptr ? name.local == std::string_view("xmlns") : name.prefix == std::string_view("xmlns");
@@ -83,7 +87,7 @@ void EntityScanner::RaiseWhatStoppedIt(std::string_view source) const {
 
 const EntityScanner::Name& EntityScanner::NameOf(const ParsedName& parsed) {
   if (parsed.number < by_number_.size() && by_number_[parsed.number] != nullptr) [[likely]] {
-    return *by_number_[parsed.number];
+    return static_cast<const Name&>(*by_number_[parsed.number]);
   }
   return AddName(parsed);
 }
@@ -94,7 +98,7 @@ const EntityScanner::Name& EntityScanner::AddName(const ParsedName& parsed) {
   by_number_[parsed.number] = &name;
   name.own_text = parsed.local;
   name.text = name.own_text;
-  name.number = numbers_.try_emplace(name.text, parsed.number).first->second;
+  name.number = numbers_.try_emplace(name.text, static_cast<uint16_t>(parsed.number)).first->second;
   const auto element = std::ranges::lower_bound(kElementNames, name.text);
   if (element == kElementNames.end() || *element != name.text) return name;
   name.element = static_cast<uint8_t>(element - kElementNames.begin() + 1);
@@ -194,7 +198,7 @@ void EntityScanner::BeginEntity(const Name& name, const FilePlace& place) {
   }
   const EntityKind kind = *name.kind;
   const bool in_journal = kind == EntityKind::kTransaction && !journals_.empty();
-  entity_->Begin(kind, in_journal ? journals_.back().id : std::string());
+  entity_->Begin(kind, in_journal ? journals_.back().id : std::string(), by_number_);
   for (Problem& problem : between_) entity_->Add(std::move(problem));
   between_.clear();
   between_size_ = 0;

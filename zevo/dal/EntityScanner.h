@@ -110,10 +110,10 @@ class EntityScanner final : private ParserHandler {
   bool at_end_ = false;
   std::exception_ptr thrown_;  // by the handler
   std::deque<Name> names_;
-  std::unordered_map<std::string_view, uint32_t, TextHash> numbers_;  // of names without their prefixes
-  std::vector<const Name*> by_number_;                                // in the parse; null for those of attributes
-  std::vector<OpenElement> open_;                                     // around the entity that is being read
-  std::unique_ptr<ScannedEntity> entity_;                             // null between entities
+  std::unordered_map<std::string_view, uint16_t, TextHash> numbers_;  // of names without their prefixes
+  ScannedNames by_number_;                 // each a Name, in the parse; null for those of attributes
+  std::vector<OpenElement> open_;          // around the entity that is being read
+  std::unique_ptr<ScannedEntity> entity_;  // null between entities
   std::vector<OpenJournal> journals_;
   // What the root is refused for. It is told by what follows: the parser gives the root also where its tag is broken.
   std::optional<Error> refusal_;

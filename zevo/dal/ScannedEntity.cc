@@ -14,7 +14,6 @@ namespace zevo {
 namespace {
 
 constexpr size_t kMost = std::numeric_limits<uint32_t>::max();
-constexpr uint32_t kNowhere = std::numeric_limits<uint32_t>::max();
 
 // Far beyond what the record of such an entity could be held in.
 [[noreturn, gnu::cold]] void RefuseSize() { throw MakeRunTimeError(RunTimeError::kOutOfMemory); }
@@ -27,13 +26,15 @@ inline uint32_t Small(uint64_t count) {
 
 }  // namespace
 
-void ScannedEntity::Begin(EntityKind kind, std::string_view journalId) {
+void ScannedEntity::Begin(EntityKind kind, std::string_view journalId, const ScannedNames& names) {
   kind_ = kind;
   journal_id_ = journalId;
-  nodes_.clear();
+  names_ = &names;
+  nodes_.Clear();
+  places_.Clear();
   texts_.clear();
   open_.clear();
-  noted_.clear();
+  noted_.Clear();
   problems_.clear();
   elements_.clear();
   ordinals_.clear();
@@ -41,51 +42,39 @@ void ScannedEntity::Begin(EntityKind kind, std::string_view journalId) {
 
 void ScannedEntity::BeginElement(const ScannedName& name, const FilePlace& place) {
   AddElement(name, place);
-  open_.push_back({static_cast<uint32_t>(nodes_.size() - 1), texts_.size(), false});
+  open_.push_back({static_cast<uint32_t>(nodes_.Size() - 1), texts_.size(), false});
 }
 
 void ScannedEntity::AddLeaf(const ScannedName& name, const FilePlace& place, std::string_view text) {
-  Node& node = AddElement(name, place);
+  AddElement(name, place);
   const size_t begin = texts_.size();
   texts_ += text;
-  if (!text.empty()) node.text = ExtentFrom(begin);
+  if (!text.empty()) nodes_.Last().text = ExtentFrom(begin);
   open_.back().text = texts_.size();
 }
 
-inline ScannedEntity::Node& ScannedEntity::AddElement(const ScannedName& name, const FilePlace& place) {
-  Small(nodes_.size());
-  uint32_t parent = 0;
-  if (open_.empty()) {
-    place_ = place;
-  } else {
+inline void ScannedEntity::AddElement(const ScannedName& name, const FilePlace& place) {
+  if (!open_.empty()) {
     open_.back().has_children = true;
     EndText(open_.back());
-    parent = open_.back().element;
   }
-  Node node{.name = &name, .parent = parent, .text = {}, .line = kNowhere, .column = 0, .offset = 0, .depth = 0};
-  node.depth = static_cast<uint16_t>(open_.size());
-  if (place.line > 0) {
-    node.line = static_cast<uint32_t>(place.line - place_.line);
-    node.column = static_cast<uint32_t>(place.column - (node.line == 0 ? place_.column : 0));
-    node.offset = Small(static_cast<uint64_t>(place.offset - place_.offset));
-  }
-  return nodes_.emplace_back(node);
-}
-
-FilePlace ScannedEntity::PlaceOf(size_t element) const {
-  const Node& node = nodes_[element];
-  if (node.line == kNowhere) return {};
-  return {place_.line + node.line, node.column + (node.line == 0 ? place_.column : 0), place_.offset + node.offset};
+  Small(nodes_.Size());
+  places_.Add(place);
+  nodes_.Add({.text = {}, .name = name.number, .depth = static_cast<uint16_t>(open_.size())});
 }
 
 void ScannedEntity::NoteAttribute(std::string_view step, std::string_view value) {
   Open& open = open_.back();
-  texts_ += step;
-  const Extent there = ExtentFrom(open.text);
-  const size_t begin = texts_.size();
-  texts_ += value;
-  Note(Fault::kUnknownElement, open.element, there, ExtentFrom(begin));
+  texts_.append(step).append(value);
+  NoteText(open.element, open.text, step.size());
   open.text = texts_.size();
+}
+
+// A problem that has the texts from `begin` on to itself.
+void ScannedEntity::NoteText(uint32_t element, size_t begin, size_t stepLength) {
+  const auto step = static_cast<uint32_t>(stepLength);
+  const Extent texts = ExtentFrom(begin);
+  noted_.Add({Fault::kUnknownElement, element, ElementNote::NamedText{texts.begin, step, texts.length - step}});
 }
 
 ScannedEntity::Extent ScannedEntity::ExtentFrom(size_t begin) const {
@@ -99,20 +88,14 @@ void ScannedEntity::EndElement() {
 }
 
 // Of an element with others inside, white space is nothing, and of other texts the first is the element's.
-void ScannedEntity::EndText(Open& open) {
-  if (texts_.size() == open.text) return;
+void ScannedEntity::TakeText(const Open& open) {
   if (open.has_children && TrimWhiteSpace(std::string_view{texts_}.substr(open.text)).empty()) {
     texts_.resize(open.text);
     return;
   }
-  const Extent text = ExtentFrom(open.text);
-  Node& node = nodes_[open.element];
-  if (node.text.length == 0) node.text = text;
-  if (!open.has_children) return;
-  constexpr std::string_view kStep = "text()";
-  const size_t begin = texts_.size();
-  texts_ += kStep;
-  Note(Fault::kUnknownElement, open.element, ExtentFrom(begin), text);
+  Extent& text = nodes_[open.element].text;
+  if (text.length == 0) text = ExtentFrom(open.text);
+  if (open.has_children) NoteText(open.element, open.text, 0);
 }
 
 std::vector<size_t> ScannedEntity::OpenElements() const {
@@ -127,40 +110,51 @@ void ScannedEntity::Cut() {
 }
 
 const std::vector<Problem>& ScannedEntity::Problems() const {
-  if (noted_.empty()) return problems_;
+  if (noted_.Count() == 0) return problems_;
   std::vector<Problem> made;
-  made.reserve(problems_.size() + noted_.size());
-  for (const Noted& noted : noted_) {
-    std::string path = PathOf(noted.element);
-    if (noted.step.length > 0) path.append(path.empty() ? "" : "/").append(TextAt(noted.step));
-    made.push_back({noted.fault, std::move(path), PlaceOf(noted.element), std::string(TextAt(noted.text))});
+  made.reserve(problems_.size() + noted_.Count());
+  NoteList::Reader notes(noted_);
+  for (size_t left = noted_.Count(); left > 0; --left) {
+    const ElementNote note = notes.Next();
+    std::string path = PathOf(note.element);
+    Extent text = nodes_[note.element].text;
+    if (note.text) {
+      const std::string_view step = TextAt({note.text->begin, note.text->name_length});
+      path.append(path.empty() ? "" : "/").append(step.empty() ? "text()" : step);
+      text = {note.text->begin + note.text->name_length, note.text->length};
+    }
+    made.push_back({note.fault, std::move(path), PlaceOf(note.element), std::string(TextAt(text))});
   }
   // Where there was no memory for all of them, nothing has changed.
   made.insert(made.begin(), std::make_move_iterator(problems_.begin()), std::make_move_iterator(problems_.end()));
   problems_ = std::move(made);
-  noted_.clear();
+  noted_.Clear();
   return problems_;
 }
 
 std::string ScannedEntity::PathOf(size_t element) const {
   if (element == 0) return {};
-  if (ordinals_.size() != nodes_.size()) NumberSiblings();
-  const Node& node = nodes_[element];
-  std::string path = PathOf(node.parent);
+  if (ordinals_.size() != nodes_.Size()) NumberSiblings();
+  std::string path = PathOf(parents_[element]);
   if (!path.empty()) path += '/';
-  path += node.name->text;
+  path += NameOf(element).text;
   if (ordinals_[element] > 0) path.append("[").append(std::to_string(ordinals_[element])).append("]");
   return path;
 }
 
 void ScannedEntity::NumberSiblings() const {
-  std::vector<uint32_t> sorted(nodes_.size() - 1);
+  parents_.assign(nodes_.Size(), 0);
+  std::vector<uint32_t> above;  // by their depths, the last elements so far
+  for (uint32_t element = 0; element < nodes_.Size(); ++element) {
+    above.resize(nodes_[element].depth);
+    if (!above.empty()) parents_[element] = above.back();
+    above.push_back(element);
+  }
+  std::vector<uint32_t> sorted(nodes_.Size() - 1);
   std::iota(sorted.begin(), sorted.end(), 1);
-  const auto siblings = [&](uint32_t element) {
-    return std::pair(nodes_[element].parent, nodes_[element].name->number);
-  };
+  const auto siblings = [&](uint32_t element) { return std::pair(parents_[element], nodes_[element].name); };
   std::ranges::sort(sorted, {}, [&](uint32_t element) { return std::pair(siblings(element), element); });
-  ordinals_.assign(nodes_.size(), 0);
+  ordinals_.assign(nodes_.Size(), 0);
   for (auto first = sorted.begin(); first != sorted.end();) {
     const auto next =
         std::find_if(first, sorted.end(), [&](uint32_t other) { return siblings(other) != siblings(*first); });
@@ -172,7 +166,7 @@ void ScannedEntity::NumberSiblings() const {
 }
 
 std::optional<size_t> ScannedEntity::Find(std::string_view path) const {
-  if (nodes_.empty()) return std::nullopt;
+  if (nodes_.Size() == 0) return std::nullopt;
   size_t element = 0;
   while (!path.empty()) {
     const std::string_view step = path.substr(0, path.find('/'));
@@ -194,18 +188,19 @@ std::optional<size_t> ScannedEntity::Find(std::string_view path) const {
 std::optional<size_t> ScannedEntity::ChildOf(size_t element, std::string_view name, uint32_t ordinal) const {
   const int depth = nodes_[element].depth + 1;
   uint32_t seen = 0;
-  for (size_t child = element + 1; child < nodes_.size() && nodes_[child].depth >= depth; ++child) {
-    const Node& node = nodes_[child];
-    if (node.depth == depth && node.name->text == name && ++seen == ordinal) return child;
+  for (size_t child = element + 1; child < nodes_.Size() && nodes_[child].depth >= depth; ++child) {
+    if (nodes_[child].depth == depth && NameOf(child).text == name && ++seen == ordinal) return child;
   }
   return std::nullopt;
 }
 
 std::span<const ScannedElement> ScannedEntity::Elements() const {
   if (elements_.empty()) {
-    elements_.reserve(nodes_.size());
-    for (size_t i = 0; i < nodes_.size(); ++i) {
-      elements_.push_back({nodes_[i].name->text, nodes_[i].depth, TextOf(i), PlaceOf(i)});
+    elements_.reserve(nodes_.Size());
+    FilePlace place = PlaceOf(0);
+    for (size_t i = 0; i < nodes_.Size(); ++i) {
+      place = places_.After(place, i);
+      elements_.push_back({NameOf(i).text, nodes_[i].depth, TextOf(i), place});
     }
   }
   return elements_;

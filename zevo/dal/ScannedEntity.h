@@ -3,6 +3,9 @@
 #define ZEVO_DAL_SCANNEDENTITY_H_
 
 #include <zevo/FilePlace.h>
+#include <zevo/dal/ChunkedList.h>
+#include <zevo/dal/NoteList.h>
+#include <zevo/dal/PlaceTrail.h>
 #include <zevo/model/EntityKind.h>
 #include <zevo/model/Problem.h>
 #include <zevo/model/ScannedElement.h>
@@ -21,9 +24,11 @@ namespace zevo {
 /// The name of an element as a scan knows it, once for all elements of that name.
 struct ScannedName {
   std::string_view text;
-  uint32_t number = 0;  ///< in the scan, from 1 on, the same for equal texts
+  uint16_t number = 0;  ///< in the scan, from 1 on, the same for equal texts
   uint8_t element = 0;  ///< among kElementNames, from 1 on; 0 is none of them
 };
+/// Those of a scan, by their numbers.
+using ScannedNames = std::vector<const ScannedName*>;
 
 /// An entity as a file has it: its elements in their order, each with its text and place. Put together from front to
 /// back; begun anew, it keeps its memory. Elements are counted from 0, which is the entity itself.
@@ -33,10 +38,10 @@ class ScannedEntity {
   /// The journal in which a transaction stands; empty for other kinds.
   const std::string& JournalID() const { return journal_id_; }
 
-  size_t Count() const { return nodes_.size(); }
-  const ScannedName& NameOf(size_t element) const { return *nodes_[element].name; }
+  size_t Count() const { return nodes_.Size(); }
+  const ScannedName& NameOf(size_t element) const { return *(*names_)[nodes_[element].name]; }
   std::string_view TextOf(size_t element) const { return TextAt(nodes_[element].text); }
-  FilePlace PlaceOf(size_t element) const;
+  FilePlace PlaceOf(size_t element) const { return places_.At(element); }
   int DepthOf(size_t element) const { return nodes_[element].depth; }
   /// From the entity down, such as "Line[2]/CreditAmount". The number is there where the parent has several of a name.
   std::string PathOf(size_t element) const;
@@ -49,12 +54,13 @@ class ScannedEntity {
   const std::vector<Problem>& Problems() const;
   void Add(Problem problem) { problems_.push_back(std::move(problem)); }
   /// Notes a problem of an element.
-  void Note(Fault fault, size_t element) { Note(fault, element, {}, nodes_[element].text); }
+  void Note(Fault fault, size_t element) { noted_.Add({fault, static_cast<uint32_t>(element), {}}); }
 
   // How it is put together.
 
-  void Begin(EntityKind kind, std::string_view journalId);
-  /// An element begins inside the one that is open. Its name must outlive the entity.
+  /// The names must outlive the entity; more may come.
+  void Begin(EntityKind kind, std::string_view journalId, const ScannedNames& names);
+  /// An element begins inside the one that is open. Its name is among those names.
   void BeginElement(const ScannedName& name, const FilePlace& place);
   /// Notes an attribute of the element that has just begun. `step` is that of a path, such as "@id".
   void NoteAttribute(std::string_view step, std::string_view value);
@@ -70,7 +76,7 @@ class ScannedEntity {
   void Cut();
 
   /// About how many bytes of memory it keeps.
-  size_t Capacity() const { return nodes_.capacity() * sizeof(Node) + texts_.capacity(); }
+  size_t Capacity() const { return nodes_.Capacity() + places_.Capacity() + texts_.capacity() + noted_.Capacity(); }
 
  private:
   // A piece of the texts.
@@ -78,22 +84,11 @@ class ScannedEntity {
     uint32_t begin = 0;
     uint32_t length = 0;
   };
-  // Files have many: it is as small as it can be. The place is told from that of the entity, which is why 32 bits do.
+  // Files have many: it is as small as it can be. What is inside what is told by the depths.
   struct Node {
-    const ScannedName* name;
-    uint32_t parent;
     Extent text;
-    uint32_t line;  // kNowhere for a place that is not known
-    uint32_t column;
-    uint32_t offset;
+    uint16_t name;
     uint16_t depth;
-  };
-  // A problem, as small as it can be until somebody asks.
-  struct Noted {
-    Fault fault;
-    uint32_t element;
-    Extent step;  // behind the element's path
-    Extent text;
   };
   struct Open {
     uint32_t element;
@@ -102,26 +97,29 @@ class ScannedEntity {
   };
 
   std::string_view TextAt(Extent extent) const { return {texts_.data() + extent.begin, extent.length}; }
-  void Note(Fault fault, size_t element, Extent step, Extent text) {
-    noted_.push_back({fault, static_cast<uint32_t>(element), step, text});
-  }
+  [[gnu::noinline]] void NoteText(uint32_t element, size_t begin, size_t stepLength);
   Extent ExtentFrom(size_t begin) const;
-  Node& AddElement(const ScannedName& name, const FilePlace& place);
-  void EndText(Open& open);
+  void AddElement(const ScannedName& name, const FilePlace& place);
+  void EndText(const Open& open) {
+    if (texts_.size() > open.text) TakeText(open);
+  }
+  void TakeText(const Open& open);
   void NumberSiblings() const;
   std::optional<size_t> ChildOf(size_t element, std::string_view name, uint32_t ordinal) const;
 
   EntityKind kind_{};
   std::string journal_id_;
-  FilePlace place_;
-  std::vector<Node> nodes_;
+  const ScannedNames* names_ = nullptr;
+  ChunkedList<Node> nodes_;
+  PlaceTrail places_;
   std::string texts_;
   std::vector<Open> open_;
 
   // Made when somebody asks.
-  mutable std::vector<Noted> noted_;
+  mutable NoteList noted_;
   mutable std::vector<Problem> problems_;
   mutable std::vector<ScannedElement> elements_;
+  mutable std::vector<uint32_t> parents_;
   mutable std::vector<uint32_t> ordinals_;  // among those of a name in a parent, from 1 on; 0 for the only one
 };
 
