@@ -221,6 +221,8 @@ const std::vector<HostileFile>& OddFiles() {
       {"names that end differently", [] { return InRoot(Repeated(ChosenNames(), 60)); }},
       {"empty elements", [] { return InRoot(Repeated("<a/>", 4'000'000)); }},
       {"single characters between empty elements", [] { return InRoot(Repeated("x<a/>", 4'000'000)); }},
+      {"single characters between empty elements of a record",
+       [] { return InRoot("<MasterFiles><Customer>" + Repeated("x<a/>", 4'000'000) + "</Customer></MasterFiles>"); }},
       {"a few characters between empty elements", [] { return InRoot(Repeated("xxxx<a/>", 2'000'000)); }},
       {"single characters in and between elements", [] { return InRoot(Repeated("x<a>y</a>", 2'000'000)); }},
       {"single characters in attributes", [] { return InRoot(Repeated("x<a b='y'/>", 2'000'000)); }},
