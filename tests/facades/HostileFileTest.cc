@@ -622,7 +622,7 @@ std::string Content(std::string_view occurs, std::string_view elements) {
 }
 
 // Groups in each other, each of which comes several times.
-std::string InGroups(int depth, std::string_view elements) {
+std::string InGroups(size_t depth, std::string_view elements) {
   return Repeated("<xs:sequence minOccurs='0' maxOccurs='7'>", depth)
       .append(elements)
       .append(Repeated("</xs:sequence>", depth));

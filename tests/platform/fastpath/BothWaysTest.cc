@@ -98,6 +98,8 @@ constexpr Document kDocuments[] = {
     {Fate::kFast, "<!--b--><a/><!--c-->"},
     {Fate::kFast, " \t\r\n<a/>\n"},
     {Fate::kRight, "<?b?><a/><?c?>"},
+    {Fate::kRight, "<?b c='d'>?><a e='f' g='h'/>"},
+    {Fate::kRight, "<?b c='d' xmlns:e='f'/>?><a g='h'><i/></a>"},
     {Fate::kWrong, ""},
     {Fate::kWrong, " "},
     {Fate::kWrong, "x"},

@@ -76,6 +76,14 @@ INSTANTIATE_TEST_SUITE_P(
                       "<xmlns:a>", "<xmlns:a xmlns='x'>"),
     testing::Numbered());
 
+// libxml2 numbers the names of attributes of elements alone.
+TEST(RootTagNamesTest, AnInstructionLikeATagLeavesNoNamesBehind) {
+  FastNames names;
+  const std::string bytes = "<?a b='c'>?><" + std::string(kReadableBehind, '\0');
+  EXPECT_EQ(RootTag(names).Parse(bytes.data() + 1), nullptr);
+  EXPECT_EQ(names.Count(), 0u);
+}
+
 TEST(RootTagLimitTest, TakesSixteenAttributes) {
   std::string tag = "<a";
   for (int i = 0; i < 16; ++i) tag += " b" + std::to_string(i) + "=''";

@@ -34,6 +34,8 @@ const char* RootTag::Parse(const char* at) {
   const char* const begin = at;
   at = SkipName(at);
   const std::string_view name(begin, static_cast<size_t>(at - begin));
+  // An instruction may look like a tag from here on. Its names must not be known, as they are no names to libxml2.
+  if (!FastNames::IsPlain(name.substr(0, name.find(':')))) return nullptr;
   for (;;) {
     const char* const attribute = SkipBlanks(at);
     if (*attribute == '>' || (*attribute == '/' && attribute[1] == '>')) {
