@@ -71,6 +71,28 @@ TEST(PlaceCounterTest, CountsLikeOneWhoTakesCharacterByCharacter) {
   }
 }
 
+// Of sixteen bytes, every set of line ends, and every set of eight characters that take two.
+TEST(PlaceCounterTest, CountsAsManyAsThereAre) {
+  const auto expect = [](const std::string& text) {
+    for (const CharacterWidth width : kWidths) {
+      PlaceCounter counter(width, 0);
+      counter.Advance(text);
+      ASSERT_EQ(counter.Place(), Counted(width, text)) << text;
+    }
+  };
+  for (unsigned set = 0; set < 0x10000; ++set) {
+    std::string text;
+    for (unsigned bit = 0; bit < 16; ++bit) text += (set >> bit & 1U) != 0 ? '\n' : 'a';
+    expect(text);
+  }
+  for (unsigned set = 0; set < 0x100; ++set) {
+    std::string text;
+    for (unsigned bit = 0; bit < 8; ++bit) text += (set >> bit & 1U) != 0 ? "é" : "\na";
+    expect(text);
+  }
+  expect("😀😀😀😀");
+}
+
 }  // namespace
 
 void PrintTo(const FilePlace& place, std::ostream* out) {

@@ -35,6 +35,23 @@ TEST(TextTest, AControlOrAnotherCharacterIsFoundAtEveryPlaceOfATextOfAnyLength) 
   }
 }
 
+TEST(TextTest, WhiteSpaceHasNoOtherByteAtAnyPlaceOfATextOfAnyLength) {
+  for (size_t length = 0; length < 40; ++length) {
+    for (const char filling : {' ', '\n'}) {
+      const std::string blank(length, filling);
+      EXPECT_TRUE(IsWhiteSpace(blank)) << length;
+      for (size_t at = 0; at < length; ++at) {
+        for (int byte = 0; byte < 256; ++byte) {
+          std::string text = blank;
+          text[at] = static_cast<char>(byte);
+          const bool expected = byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r';
+          EXPECT_EQ(IsWhiteSpace(text), expected) << length << ' ' << at << ' ' << byte;
+        }
+      }
+    }
+  }
+}
+
 TEST(TextTest, LeftmostCountsCharacters) {
   struct Row {
     std::string_view text;

@@ -15,7 +15,7 @@
 namespace zevo {
 namespace {
 
-bool IsBlank(const TextFact& text) { return text.Missing() || TrimWhiteSpace(*text).empty(); }
+bool IsBlank(const TextFact& text) { return text.Missing() || IsWhiteSpace(*text); }
 
 Severity MostOf(DocumentTable::State state) {
   return state == DocumentTable::State::kCancelled ? Severity::kInformation : Severity::kError;

@@ -82,7 +82,7 @@ void JudgeTaxNumberOfCompany(const HeaderFacts& header, Judgement& judgement) {
 
 void JudgeTaxNumberOfParty(const PartyFacts& party, Judgement& judgement) {
   if (party.tax_id.Missing()) return;
-  if (TrimWhiteSpace(*party.tax_id).empty()) {
+  if (IsWhiteSpace(*party.tax_id)) {
     judgement.Tell(kEmptyTaxNumber, party, party.tax_id);
   } else if (IsPortuguese(party) && CountryInFront(party).empty()) {
     JudgeTaxNumber(party, party.tax_id, Severity::kWarning, judgement);

@@ -68,12 +68,12 @@ void JudgeExemption(const InvoiceFacts& invoice, Judgement& judgement) {
     if (exempt || zero) {
       if (reason.Missing()) {
         tell(kNoReason, {line.element, "TaxExemptionReason"}, {});
-      } else if (TrimWhiteSpace(*reason).empty()) {
+      } else if (IsWhiteSpace(*reason)) {
         tell(kNoReason, reason, {});
       }
       continue;
     }
-    if (reason.Missing() || TrimWhiteSpace(*reason).empty()) continue;
+    if (reason.Missing() || IsWhiteSpace(*reason)) continue;
     const NumberFact& rate = tax.percentage.Read() && !tax.percentage->IsZero() ? tax.percentage : tax.amount;
     if (!rate.Read() || rate->IsZero()) continue;
     tell(kReasonBesideRate, reason, rate->Text() + (&rate == &tax.percentage ? "%" : ""));

@@ -266,7 +266,7 @@ std::optional<size_t> EntityScanner::NoteBetween(std::string_view step, const Fi
 void EntityScanner::EndTextBetween() {
   if (text_between_.empty()) return;
   OpenElement& open = open_.back();
-  if (!TrimWhiteSpace(text_between_).empty()) {
+  if (!IsWhiteSpace(text_between_)) {
     if (!open.problem) open.problem = NoteBetween("/text()", open.place);
   } else if (open.has_children) {
     return text_between_.clear();

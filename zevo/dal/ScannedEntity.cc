@@ -89,7 +89,7 @@ void ScannedEntity::EndElement() {
 
 // Of an element with others inside, white space is nothing, and of other texts the first is the element's.
 void ScannedEntity::TakeText(const Open& open) {
-  if (open.has_children && TrimWhiteSpace(std::string_view{texts_}.substr(open.text)).empty()) {
+  if (open.has_children && IsWhiteSpace(std::string_view{texts_}.substr(open.text))) {
     texts_.resize(open.text);
     return;
   }

@@ -58,6 +58,8 @@ struct WordBlocks {
     if constexpr (kBeyondAscii) plain &= ~block;
     return ~plain & Repeat(0x80);
   }
+  /// Non-zero bits in each byte of the word that is not this one.
+  static uint64_t FindOther(uint64_t block, char c) { return block ^ Repeat(static_cast<unsigned char>(c)); }
   /// Which byte of a block is the first stop.
   static size_t First(uint64_t stops) {
     const int bits = std::endian::native == std::endian::little ? std::countr_zero(stops) : std::countl_zero(stops);
@@ -101,6 +103,9 @@ struct RegisterBlocks {
     }
     ((stops = _mm_or_si128(stops, _mm_cmpeq_epi8(block, _mm_set1_epi8(kOthers)))), ...);
     return static_cast<unsigned>(_mm_movemask_epi8(stops));
+  }
+  static unsigned FindOther(__m128i block, char c) {
+    return 0xFFFFU ^ static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_set1_epi8(c))));
   }
   static size_t First(unsigned stops) { return static_cast<size_t>(std::countr_zero(stops)); }
 };

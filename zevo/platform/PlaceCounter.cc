@@ -8,6 +8,19 @@
 #endif
 
 namespace zevo {
+namespace {
+
+#ifdef __SSE2__
+// Of sixteen. Not every processor of this kind has an instruction for it, and std::popcount would be a call.
+constexpr int SetBits(unsigned bits) {
+  bits -= bits >> 1 & 0x5555U;
+  bits = (bits & 0x3333U) + (bits >> 2 & 0x3333U);
+  bits = (bits + (bits >> 4)) & 0x0F0FU;
+  return static_cast<int>((bits + (bits >> 8)) & 0x1FU);
+}
+#endif
+
+}  // namespace
 
 void PlaceCounter::Advance(std::string_view text) {
   const char* at = text.data();
@@ -30,15 +43,15 @@ void PlaceCounter::Advance(std::string_view text) {
     if (high != 0) {
       // Signed: of the bytes outside ASCII, 80 to BF are below C0, and F0 to F7 above EF.
       tails = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmplt_epi8(block, first_lead))) & high;
-      beyond += std::popcount(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpgt_epi8(block, last_of_three))) & high);
+      beyond += SetBits(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpgt_epi8(block, last_of_three))) & high);
     }
     if (newlines != 0) {
-      lines += std::popcount(newlines);
+      lines += SetBits(newlines);
       const auto last = static_cast<unsigned>(std::bit_width(newlines)) - 1;
       line_begin = from + last + 1;
-      before_line = continuations + std::popcount(tails & ((1U << last) - 1));
+      before_line = continuations + SetBits(tails & ((1U << last) - 1));
     }
-    continuations += std::popcount(tails);
+    continuations += SetBits(tails);
   };
   for (; end - at >= 16; at += 16) count(at, 0xFFFF);
   if (at != end && text.size() >= 16) {

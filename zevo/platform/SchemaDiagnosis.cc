@@ -177,7 +177,7 @@ void SchemaDiagnosis::Characters(std::string_view text) {
       return;
     case Content::kElements:
     case Content::kNothing:
-      if (text_.empty() && TrimWhiteSpace(text).empty()) return;
+      if (text_.empty() && IsWhiteSpace(text)) return;
       if (!frame.told_text && text_.size() + text.size() <= kMostStrayText) text_ += text;
       return;
   }

@@ -43,8 +43,18 @@ inline std::string_view TrimWhiteSpace(std::string_view text) {
   return text;
 }
 
-/// Whether a text has nothing but white space, or nothing at all.
+/// Whether a text has nothing but white space, or nothing at all. What is in front of a tag, where most such texts
+/// stand, are blanks behind a line end.
 inline bool IsWhiteSpace(std::string_view text) {
+  while (text.size() >= WordBlocks::kBytes) {
+    if (WordBlocks::FindOther(WordBlocks::Load(text.data()), ' ') == 0) {
+      text.remove_prefix(WordBlocks::kBytes);
+    } else if (IsWhiteSpace(text.front())) {
+      text.remove_prefix(1);
+    } else {
+      return false;
+    }
+  }
   return std::ranges::all_of(text, [](char c) { return IsWhiteSpace(c); });
 }
 

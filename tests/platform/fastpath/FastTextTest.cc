@@ -43,6 +43,26 @@ std::string Utf8(uint32_t code) {
   return text;
 }
 
+/// How much of it SkipIndentation takes, whatever the processor has.
+size_t Indentation(std::string_view text) {
+  const InBuffer buffer(text);
+  const char* const at = SkipIndentation(buffer.Begin());
+  EXPECT_EQ(SkipIndentation<WordBlocks>(buffer.Begin()), at);
+  return static_cast<size_t>(at - buffer.Begin());
+}
+
+TEST(FastTextTest, AnIndentationIsBlanksAndTabs) {
+  for (size_t size = 0; size < 70; ++size) {
+    EXPECT_EQ(Indentation(std::string(size, ' ')), size);
+    EXPECT_EQ(Indentation(std::string(size, '\t')), size);
+    for (int byte = 1; byte < 256; ++byte) {
+      const char c = static_cast<char>(byte);
+      const bool belongs = c == ' ' || c == '\t';
+      EXPECT_EQ(Indentation(std::string(size, ' ') + c + "  "), belongs ? size + 3 : size) << byte;
+    }
+  }
+}
+
 // At every place in a block.
 TEST(FastTextTest, StopsAtMarkupAndLineEnds) {
   for (int before = 0; before < 40; ++before) {

@@ -247,12 +247,17 @@ class FastParse {
   // A text of an open element, up to the next "<".
   bool ParseText() {
     // Nearly always it is a new line with what is in front of the tag there.
-    const char* from = at_ + (*at_ == '\r' ? 1 : 0);
+    const char* const from = at_ + (*at_ == '\r' ? 1 : 0);
     if (*from == '\n') {
       const char* const end = SkipIndentation(from + 1);
       if (*end == '<') return Tell(from, at_ = end);
     }
-    from = at_;
+    return ParseOtherText();
+  }
+
+  // Rare: a call of its own, so that the above is compiled into where texts are looked for.
+  [[gnu::noinline]] bool ParseOtherText() {
+    const char* from = at_;
     const char* sound = at_;
     for (;;) {
       at_ = SkipText(at_);

@@ -19,8 +19,6 @@ namespace zevo {
 
 inline constexpr size_t kReadableBehind = 64;
 
-inline constexpr uint64_t kBlanks = 0x2020202020202020U;
-
 /// Goes on to the first byte that is no printable ASCII character, and to "<", "&" and ">".
 template <class B = Blocks>
 const char* SkipPlain(const char* at) {
@@ -79,14 +77,15 @@ inline const char* SkipLines(const char* at) {
 }
 
 /// The blanks and tabs with which a line begins.
-inline const char* SkipIndentation(const char* at) {
+template <class B = Blocks>
+const char* SkipIndentation(const char* at) {
   for (;;) {
-    const uint64_t others = WordBlocks::Load(at) ^ kBlanks;
+    const auto others = B::FindOther(B::Load(at), ' ');
     if (others == 0) {
-      at += WordBlocks::kBytes;
+      at += B::kBytes;
       continue;
     }
-    at += WordBlocks::First(others);
+    at += B::First(others);
     if (*at != '\t') return at;
     ++at;
   }
