@@ -579,6 +579,24 @@ TEST(LimitsTest, FilesAboutALimitComeToTheSame) {
   }
 }
 
+// Before tags of each kind, and before what makes it an ordinary text.
+TEST(IndentationTest, WhateverItIsMadeOfAndHoweverLongComesToTheSame) {
+  const BothWays both;
+  for (const std::string_view line : {"\n", "\r\n", "\r", "\n\n", "\r\r\n"}) {
+    for (const std::string_view fill : {" ", "\t", "  \t"}) {
+      for (size_t count = 0; count < 40; ++count) {
+        const std::string gap = std::string(line) + testing::Repeated(fill, count);
+        SCOPED_TRACE(::testing::PrintToString(gap));
+        both.Tell("<a>" + gap + "<b>" + gap + "<c>" + gap + "</c>" + gap + "<!--d-->" + gap + "<e/></b>" + gap + "x" +
+                  gap + "<f>" + gap + "&lt;" + gap + "</f>" + gap + "é" + gap + "</a>" + gap);
+        both.Tell("<a>" + gap + "]]></a>");
+        both.Tell("<a>" + gap + "\x01</a>");
+        both.Tell("<a>" + gap);
+      }
+    }
+  }
+}
+
 // Of a file that is fed in many pieces, with something at its end that the fast path leaves.
 TEST(ManyPiecesTest, ALargeFileComesToTheSame) {
   const BothWays both;

@@ -89,6 +89,12 @@ TEST_F(FastValidationTest, ElementsComeInTheirOrder) {
   EXPECT_EQ(Of("<r><a>1</a><b>x</b><b></b><c>x</c></r>"), kValid);
   EXPECT_EQ(Of("<r><a>1</a><d/></r>"), kValid);
   EXPECT_EQ(Of("<r>\n  <a>1</a>\t\r\n <!-- c --> <d></d>\n</r>"), kValid);
+  for (size_t width = 0; width < 40; ++width) {
+    const std::string gap = "\n" + std::string(width, ' ');
+    EXPECT_EQ(Of("<r>" + gap + "<a>1</a>" + gap + "<d/>" + gap + "</r>"), kValid) << width;
+    EXPECT_EQ(Of("<r>" + gap + "x<a>1</a>" + gap + "<d/>" + gap + "</r>"), kInvalid) << width;
+    EXPECT_EQ(Of("<r>" + gap + "<a>1</a>" + gap + "<d>" + gap + "</d></r>"), kInvalid) << width;
+  }
   EXPECT_EQ(Of("<r><a>1</a></r>"), kInvalid);
   EXPECT_EQ(Of("<r/>"), kInvalid);
   EXPECT_EQ(Of("<r><c/><a>1</a></r>"), kInvalid);
