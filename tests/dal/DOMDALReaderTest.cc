@@ -166,10 +166,23 @@ TEST_F(DOMDALReaderTest, AfterCloseAndOpenLookUpsWorkButNoWalkBegins) {
   EXPECT_FALSE(reader_.GetNextElement("Header"));
 }
 
+TEST_F(DOMDALReaderTest, OpeningAgainEndsWalksAndLetsOthersBegin) {
+  Open("<AuditFile><Line>1</Line><Line>2</Line></AuditFile>");
+  EXPECT_EQ(reader_.GetFirstElement("Line", {}).AllText(), "1");
+  reader_.OpenFile();
+  EXPECT_FALSE(reader_.GetNextElement("Line"));
+  EXPECT_EQ(reader_.GetFirstElement("Line", {}).AllText(), "1");
+  EXPECT_EQ(reader_.GetNextElement("Line").AllText(), "2");
+  EXPECT_EQ(reader_.GetFirstElement("Line", {}).AllText(), "1");
+  reader_.set_AuditFileName(folder_.Path("missing.xml"));
+  EXPECT_THROW(reader_.OpenFile(), Error);
+  EXPECT_FALSE(reader_.GetNextElement("Line"));
+}
+
 TEST_F(DOMDALReaderTest, LookUpsOnAClosedReaderAreAnError) {
-  EXPECT_ERROR(reader_.GetElement("Header", {}, {}), RunTimeError::kInvalidCall, kRunTimeSource);
-  EXPECT_ERROR(reader_.GetElements("Header", {}, {}), RunTimeError::kInvalidCall, kRunTimeSource);
-  EXPECT_ERROR(reader_.GetFirstElement("Header", {}), RunTimeError::kInvalidCall, kRunTimeSource);
+  EXPECT_ERROR(reader_.GetElement("Header", {}, {}), RunTimeError::kObjectNotSet, kRunTimeSource);
+  EXPECT_ERROR(reader_.GetElements("Header", {}, {}), RunTimeError::kObjectNotSet, kRunTimeSource);
+  EXPECT_ERROR(reader_.GetFirstElement("Header", {}), RunTimeError::kObjectNotSet, kRunTimeSource);
 }
 
 }  // namespace

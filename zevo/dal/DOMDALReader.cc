@@ -11,6 +11,8 @@ DOMDALReader::DOMDALReader() : cursors_(std::in_place) {}
 DOMDALReader::~DOMDALReader() = default;
 
 void DOMDALReader::OpenFile() {
+  // Walks that have begun end: their elements go with the document.
+  if (cursors_) cursors_->Clear();
   document_.reset();
   document_ = LoadDocument(file_name_, Indentation::kLeftOut);
 }
@@ -21,7 +23,7 @@ void DOMDALReader::CloseFile() {
 }
 
 Element DOMDALReader::Base(Element parent) const {
-  if (!document_) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+  if (!document_) throw MakeRunTimeError(RunTimeError::kObjectNotSet);
   return parent ? parent : document_->Root();
 }
 

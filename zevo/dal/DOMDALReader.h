@@ -23,13 +23,13 @@ class DOMDALReader : public IDALReader {
   bool IsOpen() const override { return document_ != nullptr; }
   const std::string& AuditFileName() const override { return file_name_; }
   void set_AuditFileName(std::string_view value) override { file_name_ = value; }
-  /// Loads the file. A failure leaves the reader closed.
+  /// Loads the file. Walks that have begun end. A failure leaves the reader closed.
   void OpenFile() override;
   void ReadFile() override {}
   /// Walks end for good: after a new OpenFile none can begin. Owners make a new reader for each file.
   void CloseFile() override;
 
-  // Without a document these raise error 5.
+  // Without a document these raise error 91.
   Element GetElement(ElementName name, Element parent) override;
   Element GetElement(std::string_view name, Element parent, std::string_view xpathQuery) override;
   std::optional<std::vector<Element>> GetElements(std::string_view name, Element parent,
