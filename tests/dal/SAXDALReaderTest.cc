@@ -334,7 +334,7 @@ TEST_F(SAXDALReaderTest, CannotReadWhileClosedOrReading) {
   };
   EXPECT_THAT(EventsOf("<Header/>"), ElementsAre("Header: <Header></Header>", "finished"));
   reader_.CloseFile();
-  EXPECT_ERROR(reader_.ReadFile(), RunTimeError::kInvalidCall, kRunTimeSource);
+  EXPECT_ERROR(reader_.ReadFile(), RunTimeError::kObjectNotSet, kRunTimeSource);
 }
 
 TEST_F(SAXDALReaderTest, OpeningDoesNotTouchTheFile) {

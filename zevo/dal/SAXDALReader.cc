@@ -11,7 +11,8 @@ SAXDALReader::SAXDALReader() : entity_(NewDocument()) {}
 SAXDALReader::~SAXDALReader() = default;
 
 void SAXDALReader::ReadFile() {
-  if (!IsOpen() || reading_) throw MakeRunTimeError(RunTimeError::kInvalidCall);
+  if (!IsOpen()) throw MakeRunTimeError(RunTimeError::kObjectNotSet);
+  if (reading_) throw MakeRunTimeError(RunTimeError::kInvalidCall);
   struct Reading {
     bool& flag;
     ~Reading() { flag = false; }

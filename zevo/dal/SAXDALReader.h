@@ -51,8 +51,8 @@ class SAXDALReader final : public IDALReader, private ParserHandler {
   /// Does not touch the file yet.
   void OpenFile() override { cursors_.emplace(); }
   /// Reads the whole file; every event is raised inside. Raises message 401 for an entity that is no element by itself,
-  /// 501 when reading was to be aborted, the parser's number and reason for a file that is not well-formed, and error 5
-  /// while the reader is closed or reading.
+  /// 501 when reading was to be aborted, the parser's number and reason for a file that is not well-formed, error 91
+  /// while the reader is closed, and error 5 while it is reading.
   void ReadFile() override;
   /// A handler may call it too; reading goes on all the same.
   void CloseFile() override { cursors_.reset(); }
