@@ -2,6 +2,7 @@
 #ifndef ZEVO_TESTS_DAL_WRITERCONTRACT_H_
 #define ZEVO_TESTS_DAL_WRITERCONTRACT_H_
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <zevo/Error.h>
 #include <zevo/dal/IDALHelper.h>
@@ -106,6 +107,14 @@ TYPED_TEST_P(WriterContract, RequiredElementWithoutTextIsWrittenEmpty) {
   this->writer_.CreateFile();
   EXPECT_TRUE(this->writer_.CreateElement("Fax", "", {}, true));
   EXPECT_EQ(this->FinishedContent(), "<Fax/>");
+}
+
+// So that a reader finds its text, and not that of an element of the same name further in.
+TYPED_TEST_P(WriterContract, AnEmptyElementIsTwoTags) {
+  this->writer_.CreateFile();
+  const Element address = this->Container("Address");
+  this->Leaf("City", "", address);
+  EXPECT_THAT(this->Finish(), ::testing::HasSubstr("<Address><City></City></Address></AuditFile>"));
 }
 
 TYPED_TEST_P(WriterContract, OptionalElementOfSpacesIsLeftOutByAWriterThatTrims) {
@@ -360,9 +369,9 @@ REGISTER_TYPED_TEST_SUITE_P(
     WriterContract, KeepsTheFileNameItIsGiven, HasNoFileNameAtFirst, IsOpenBetweenCreateAndClose,
     ClosingAClosedWriterDoesNothing, NewDocumentHoldsDeclarationAndEmptyRootWithTwoNamespaces,
     OptionalElementWithoutTextIsLeftOut, OptionalElementWithTextIsWritten, RequiredElementWithoutTextIsWrittenEmpty,
-    OptionalElementOfSpacesIsLeftOutByAWriterThatTrims, SpacesAtTheEndsOfATextGoAwayInAWriterThatTrims,
-    ElementsStandInTheOrderOfTheirCreation, ChildrenGoUnderTheParentHandedOut,
-    ElementUnderAnOuterParentFollowsTheInnerOneThatWasNotEnded,
+    AnEmptyElementIsTwoTags, OptionalElementOfSpacesIsLeftOutByAWriterThatTrims,
+    SpacesAtTheEndsOfATextGoAwayInAWriterThatTrims, ElementsStandInTheOrderOfTheirCreation,
+    ChildrenGoUnderTheParentHandedOut, ElementUnderAnOuterParentFollowsTheInnerOneThatWasNotEnded,
     ElementWithoutParentGoesUnderTheRootHoweverDeepTheLastOneWas, SecondElementOfANameFollowsTheFirst,
     EndingAnElementThatIsNotOpenWritesNothing, ElementsNeedNotBeEnded,
     EveryElementIsInTheNamespaceOfTheFileWithoutPrefix, TextsReadBackAsTheyWereWritten,

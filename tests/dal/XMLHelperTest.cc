@@ -178,6 +178,7 @@ class RandomTree {
  public:
   RandomTree(const std::vector<uint8_t>& tape, bool withHiddenTags) : tape_(tape) {
     open_.push_back(document_->AppendElement(Element(), kNames[0].Number()));
+    written_.push_back(false);
     lastWasText_.push_back(false);
     while (at_ < tape_.size()) {
       const uint8_t step = Next();
@@ -206,12 +207,15 @@ class RandomTree {
         document_->AppendElement(open_.back(), prefixed ? "p:" + std::string(name) : std::string(name));
     if (Next() % 6 == 0) document_->AppendAttribute(element, "a", kTexts[Next() % kTexts.size()]);
     lastWasText_.back() = false;
+    written_.push_back(Next() % 3 == 0);
+    if (written_.back()) Document::SetEmptyForm(element, EmptyForm::kTwoTags);
     open_.push_back(element);
     lastWasText_.push_back(false);
   }
 
   void Close(EmptyForm form) {
-    document_->EndElement(open_.back(), form);
+    if (!written_.back()) document_->EndElement(open_.back(), form);
+    written_.pop_back();
     open_.pop_back();
     lastWasText_.pop_back();
   }
@@ -237,6 +241,9 @@ class RandomTree {
   size_t at_ = 0;
   std::unique_ptr<Document> document_ = NewDocument();
   std::vector<Element> open_;
+  // Whether they are as the writer makes them, who tells the form at once, or as a parser does, who tells it at the
+  // end.
+  std::vector<bool> written_;
   std::vector<bool> lastWasText_;
 };
 

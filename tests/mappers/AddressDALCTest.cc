@@ -40,9 +40,9 @@ TEST_F(AddressDALCTest, WritesAnEmptyAddressWithItsRequiredParts) {
   AddressDALC().CreateAddress("Address", {}, helper_, AddressStructure());
   EXPECT_EQ(Written(), OneLine(R"(
       <Address>
-        <AddressDetail/>
-        <City/>
-        <PostalCode/>
+        <AddressDetail></AddressDetail>
+        <City></City>
+        <PostalCode></PostalCode>
         <Country>PT</Country>
       </Address>)"));
 }
@@ -51,7 +51,8 @@ TEST_F(AddressDALCTest, WritesUnderTheParentGiven) {
   const Element customer = helper_.CreateElement("Customer", {}, {}, true);
   AddressDALC().CreateAddress("Address", customer, helper_, AddressStructure());
   EXPECT_EQ(Written(),
-            "<Customer><Address><AddressDetail/><City/><PostalCode/><Country>PT</Country></Address>"
+            "<Customer><Address><AddressDetail></AddressDetail><City></City><PostalCode></PostalCode>"
+            "<Country>PT</Country></Address>"
             "</Customer>");
 }
 

@@ -60,8 +60,8 @@ TEST_F(GeneralLedgerDALCTest, WritesAnEmptyAccountWithAllItsElements) {
   EXPECT_EQ(Written(), OneLine(R"(
       <MasterFiles>
         <GeneralLedger>
-          <AccountID/>
-          <AccountDescription/>
+          <AccountID></AccountID>
+          <AccountDescription></AccountDescription>
           <OpeningDebitBalance>0</OpeningDebitBalance>
           <OpeningCreditBalance>0</OpeningCreditBalance>
         </GeneralLedger>

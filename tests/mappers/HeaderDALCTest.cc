@@ -71,27 +71,27 @@ TEST_F(HeaderDALCTest, DefaultHeaderHasItsSeventeenRequiredChildren) {
   EXPECT_EQ(Written(), OneLine(R"(
       <Header>
         <AuditFileVersion>1.01_01</AuditFileVersion>
-        <CompanyID/>
-        <TaxRegistrationNumber/>
-        <TaxAccountingBasis/>
-        <CompanyName/>
-        <BusinessName/>
+        <CompanyID></CompanyID>
+        <TaxRegistrationNumber></TaxRegistrationNumber>
+        <TaxAccountingBasis></TaxAccountingBasis>
+        <CompanyName></CompanyName>
+        <BusinessName></BusinessName>
         <CompanyAddress>
-          <AddressDetail/>
-          <City/>
-          <PostalCode/>
+          <AddressDetail></AddressDetail>
+          <City></City>
+          <PostalCode></PostalCode>
           <Country>PT</Country>
         </CompanyAddress>
-        <FiscalYear/>
-        <StartDate/>
-        <EndDate/>
+        <FiscalYear></FiscalYear>
+        <StartDate></StartDate>
+        <EndDate></EndDate>
         <CurrencyCode>EUR</CurrencyCode>
         <DateCreated>2009-01-15</DateCreated>
-        <TaxEntity/>
+        <TaxEntity></TaxEntity>
         <ProductCompanyTaxID>500000000</ProductCompanyTaxID>
-        <SoftwareCertificateNumber/>
-        <ProductID/>
-        <ProductVersion/>
+        <SoftwareCertificateNumber></SoftwareCertificateNumber>
+        <ProductID></ProductID>
+        <ProductVersion></ProductVersion>
       </Header>)"));
   const auto root = testing::ParseXml(testing::ReadBytes(helper_.AuditFileName())).Child("AuditFile");
   EXPECT_EQ(root.Child("Header").children.size(), 17U);
@@ -109,7 +109,7 @@ TEST_F(HeaderDALCTest, RequiredTextOfSpacesIsWrittenEmpty) {
   header.set_CompanyID("  ");
   header.set_ProductID(" P/M ");
   HeaderDALC().CreateHeader(header, helper_);
-  EXPECT_NE(Written().find("<CompanyID/>"), std::string::npos);
+  EXPECT_NE(Written().find("<CompanyID></CompanyID>"), std::string::npos);
   EXPECT_NE(Written().find("<ProductID>P/M</ProductID>"), std::string::npos);
 }
 

@@ -97,23 +97,23 @@ TEST_F(InvoiceDALCTest, WritesEveryProperty) {
             </ShipFrom>
             <Line>
               <LineNumber>2</LineNumber>
-              <ProductCode/>
-              <ProductDescription/>
+              <ProductCode></ProductCode>
+              <ProductDescription></ProductDescription>
               <Quantity>0</Quantity>
               <UnitPrice>0</UnitPrice>
-              <TaxPointDate/>
-              <Description/>
+              <TaxPointDate></TaxPointDate>
+              <Description></Description>
               <CreditAmount>0</CreditAmount>
               <SettlementAmount>0</SettlementAmount>
             </Line>
             <Line>
               <LineNumber>1</LineNumber>
-              <ProductCode/>
-              <ProductDescription/>
+              <ProductCode></ProductCode>
+              <ProductDescription></ProductDescription>
               <Quantity>0</Quantity>
               <UnitPrice>0</UnitPrice>
-              <TaxPointDate/>
-              <Description/>
+              <TaxPointDate></TaxPointDate>
+              <Description></Description>
               <CreditAmount>0</CreditAmount>
               <SettlementAmount>0</SettlementAmount>
             </Line>
@@ -142,14 +142,14 @@ TEST_F(InvoiceDALCTest, EmptyInvoiceHasItsRequiredElementsStatusAndTypeEmpty) {
       <SourceDocuments>
         <SalesInvoices>
           <Invoice>
-            <InvoiceNo/>
-            <InvoiceStatus/>
-            <Hash/>
-            <InvoiceDate/>
-            <InvoiceType/>
+            <InvoiceNo></InvoiceNo>
+            <InvoiceStatus></InvoiceStatus>
+            <Hash></Hash>
+            <InvoiceDate></InvoiceDate>
+            <InvoiceType></InvoiceType>
             <SelfBillingIndicator>0</SelfBillingIndicator>
-            <SystemEntryDate/>
-            <CustomerID/>
+            <SystemEntryDate></SystemEntryDate>
+            <CustomerID></CustomerID>
             <DocumentTotals>
               <TaxPayable>0</TaxPayable>
               <NetTotal>0</NetTotal>
@@ -243,7 +243,7 @@ TEST_F(InvoiceDALCTest, FailurePartWayLeavesAnInvoiceHalfBuilt) {
   invoice.set_Hash("\x01");
   EXPECT_ERROR(InvoiceDALC().CreateInvoice(invoice, helper_), RunTimeError::kInvalidCall, kRunTimeSource);
   EXPECT_EQ(Written(),
-            "<SourceDocuments><SalesInvoices><Invoice><InvoiceNo>1</InvoiceNo><InvoiceStatus/></Invoice>"
+            "<SourceDocuments><SalesInvoices><Invoice><InvoiceNo>1</InvoiceNo><InvoiceStatus></InvoiceStatus></Invoice>"
             "</SalesInvoices></SourceDocuments>");
 }
 

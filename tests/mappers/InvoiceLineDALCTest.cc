@@ -86,12 +86,12 @@ TEST_F(InvoiceLineDALCTest, WritesAnEmptyLineWithItsRequiredElements) {
       <Invoice>
         <Line>
           <LineNumber>0</LineNumber>
-          <ProductCode/>
-          <ProductDescription/>
+          <ProductCode></ProductCode>
+          <ProductDescription></ProductDescription>
           <Quantity>0</Quantity>
           <UnitPrice>0</UnitPrice>
-          <TaxPointDate/>
-          <Description/>
+          <TaxPointDate></TaxPointDate>
+          <Description></Description>
           <CreditAmount>0</CreditAmount>
           <SettlementAmount>0</SettlementAmount>
         </Line>
@@ -108,18 +108,18 @@ TEST_F(InvoiceLineDALCTest, WritesEmptyGroupsThatAreSet) {
       <Invoice>
         <Line>
           <LineNumber>0</LineNumber>
-          <OrderReferences/>
-          <ProductCode/>
-          <ProductDescription/>
+          <OrderReferences></OrderReferences>
+          <ProductCode></ProductCode>
+          <ProductDescription></ProductDescription>
           <Quantity>0</Quantity>
           <UnitPrice>0</UnitPrice>
-          <TaxPointDate/>
-          <References/>
-          <Description/>
+          <TaxPointDate></TaxPointDate>
+          <References></References>
+          <Description></Description>
           <CreditAmount>0</CreditAmount>
           <Tax>
             <TaxType>IVA</TaxType>
-            <TaxCountryRegion/>
+            <TaxCountryRegion></TaxCountryRegion>
             <TaxAmount>0</TaxAmount>
           </Tax>
           <SettlementAmount>0</SettlementAmount>
@@ -137,12 +137,13 @@ TEST_F(InvoiceLineDALCTest, CreditNotesAreWrittenInOrderEmptyOnesToo) {
     }
   });
   EXPECT_TRUE(Contains(written,
-                       "<References><CreditNote><Reference>b</Reference></CreditNote><CreditNote/>"
+                       "<References><CreditNote><Reference>b</Reference></CreditNote><CreditNote></CreditNote>"
                        "<CreditNote><Reference>a</Reference></CreditNote></References>"));
 }
 
 TEST_F(InvoiceLineDALCTest, LineWithoutAmountsGetsACreditOfZero) {
-  EXPECT_TRUE(Contains(WrittenWith([](InvoiceLine&) {}), "<Description/><CreditAmount>0</CreditAmount><Sett"));
+  EXPECT_TRUE(
+      Contains(WrittenWith([](InvoiceLine&) {}), "<Description></Description><CreditAmount>0</CreditAmount><Sett"));
 }
 
 TEST_F(InvoiceLineDALCTest, DebitOfFiveAndCreditOfThreeWritesOnlyTheDebit) {
@@ -150,7 +151,7 @@ TEST_F(InvoiceLineDALCTest, DebitOfFiveAndCreditOfThreeWritesOnlyTheDebit) {
     line.set_DebitAmount(5);
     line.set_CreditAmount(3);
   });
-  EXPECT_TRUE(Contains(written, "<Description/><DebitAmount>5</DebitAmount><Sett"));
+  EXPECT_TRUE(Contains(written, "<Description></Description><DebitAmount>5</DebitAmount><Sett"));
 }
 
 TEST_F(InvoiceLineDALCTest, TaxWithAPercentageWritesNoAmountEvenWhenItIsSet) {
@@ -159,7 +160,7 @@ TEST_F(InvoiceLineDALCTest, TaxWithAPercentageWritesNoAmountEvenWhenItIsSet) {
     line.Tax()->set_TaxPercentage(23);
     line.Tax()->set_TaxAmount(5);
   });
-  EXPECT_TRUE(Contains(written, "<TaxCountryRegion/><TaxPercentage>23</TaxPercentage></Tax>"));
+  EXPECT_TRUE(Contains(written, "<TaxCountryRegion></TaxCountryRegion><TaxPercentage>23</TaxPercentage></Tax>"));
 }
 
 TEST_F(InvoiceLineDALCTest, TaxWithoutPercentageWritesItsAmount) {
@@ -167,7 +168,7 @@ TEST_F(InvoiceLineDALCTest, TaxWithoutPercentageWritesItsAmount) {
     line.set_Tax(std::make_shared<Tax>());
     line.Tax()->set_TaxAmount(0.1F);
   });
-  EXPECT_TRUE(Contains(written, "<TaxCountryRegion/><TaxAmount>0.1</TaxAmount></Tax>"));
+  EXPECT_TRUE(Contains(written, "<TaxCountryRegion></TaxCountryRegion><TaxAmount>0.1</TaxAmount></Tax>"));
 }
 
 TEST_F(InvoiceLineDALCTest, QuantityGoesThroughSinglePrecision) {

@@ -33,7 +33,9 @@ TEST_F(JournalDALCTest, WritesEveryPropertyUnderTheSection) {
 TEST_F(JournalDALCTest, WritesAnEmptyJournalWithBothElements) {
   Begin("<GeneralLedgerEntries/>");
   JournalDALC().CreateJournal(Journal(), helper_);
-  EXPECT_EQ(Written(), "<GeneralLedgerEntries><Journal><JournalID/><Description/></Journal></GeneralLedgerEntries>");
+  EXPECT_EQ(Written(),
+            "<GeneralLedgerEntries><Journal><JournalID></JournalID><Description></Description></Journal>"
+            "</GeneralLedgerEntries>");
 }
 
 TEST_F(JournalDALCTest, CreateWithoutSectionRaises201AndWritesNothing) {

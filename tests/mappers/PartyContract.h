@@ -82,14 +82,14 @@ TYPED_TEST_P(PartyContract, WritesAnEmptyPartyWithItsRequiredElements) {
   EXPECT_EQ(this->Written(), this->Named(R"(
       <MasterFiles>
         <Party>
-          <PartyID/>
-          <AccountID/>
-          <PartyTaxID/>
-          <CompanyName/>
+          <PartyID></PartyID>
+          <AccountID></AccountID>
+          <PartyTaxID></PartyTaxID>
+          <CompanyName></CompanyName>
           <BillingAddress>
-            <AddressDetail/>
-            <City/>
-            <PostalCode/>
+            <AddressDetail></AddressDetail>
+            <City></City>
+            <PostalCode></PostalCode>
             <Country>PT</Country>
           </BillingAddress>
           <SelfBillingIndicator>0</SelfBillingIndicator>

@@ -63,10 +63,10 @@ TEST_F(ProductDALCTest, ProductWithoutTypeGetsAnEmptyElementAndReadsBackZero) {
   EXPECT_EQ(Written(), OneLine(R"(
       <MasterFiles>
         <Product>
-          <ProductType/>
-          <ProductCode/>
-          <ProductDescription/>
-          <ProductNumberCode/>
+          <ProductType></ProductType>
+          <ProductCode></ProductCode>
+          <ProductDescription></ProductDescription>
+          <ProductNumberCode></ProductNumberCode>
         </Product>
       </MasterFiles>)"));
   EXPECT_EQ(Read(ReadingBack())->ProductType(), 0);
@@ -90,7 +90,7 @@ TEST_F(ProductDALCTest, TypeThatIsNoneIsWrittenEmpty) {
     Product product;
     product.set_ProductType(static_cast<ProductTypes>(value));
     ProductDALC().CreateProduct(product, helper_);
-    EXPECT_NE(Written().find("<ProductType/>"), std::string::npos) << value;
+    EXPECT_NE(Written().find("<ProductType></ProductType>"), std::string::npos) << value;
   }
 }
 

@@ -40,7 +40,7 @@ TEST_F(ShippingPointDALCTest, WritesEveryProperty) {
 
 TEST_F(ShippingPointDALCTest, WritesAnEmptyPointAsAnEmptyElement) {
   ShippingPointDALC().CreateShippingPointStructure("ShipTo", ShippingPointStructure(), {}, helper_);
-  EXPECT_EQ(Written(), "<ShipTo/>");
+  EXPECT_EQ(Written(), "<ShipTo></ShipTo>");
 }
 
 TEST_F(ShippingPointDALCTest, ReadsEveryProperty) {

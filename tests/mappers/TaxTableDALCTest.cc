@@ -35,16 +35,16 @@ TEST_F(TaxTableDALCTest, WritesItsEntriesInOrder) {
         <TaxTable>
           <TaxTableEntry>
             <TaxType>IVA</TaxType>
-            <TaxCountryRegion/>
+            <TaxCountryRegion></TaxCountryRegion>
             <TaxCode>b</TaxCode>
-            <Description/>
+            <Description></Description>
             <TaxPercentage>5</TaxPercentage>
           </TaxTableEntry>
           <TaxTableEntry>
             <TaxType>IVA</TaxType>
-            <TaxCountryRegion/>
+            <TaxCountryRegion></TaxCountryRegion>
             <TaxCode>a</TaxCode>
-            <Description/>
+            <Description></Description>
             <TaxPercentage>5</TaxPercentage>
           </TaxTableEntry>
         </TaxTable>

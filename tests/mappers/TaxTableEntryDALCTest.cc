@@ -56,9 +56,9 @@ TEST_F(TaxTableEntryDALCTest, EntryWithoutPercentageWritesItsAmount) {
         <TaxTable>
           <TaxTableEntry>
             <TaxType>IVA</TaxType>
-            <TaxCountryRegion/>
-            <TaxCode/>
-            <Description/>
+            <TaxCountryRegion></TaxCountryRegion>
+            <TaxCode></TaxCode>
+            <Description></Description>
             <TaxAmount>5</TaxAmount>
           </TaxTableEntry>
         </TaxTable>
@@ -67,7 +67,7 @@ TEST_F(TaxTableEntryDALCTest, EntryWithoutPercentageWritesItsAmount) {
 
 TEST_F(TaxTableEntryDALCTest, EmptyEntryWritesAnAmountOfZero) {
   Create(TaxTableEntry());
-  EXPECT_NE(Written().find("<Description/><TaxAmount>0</TaxAmount></TaxTableEntry>"), std::string::npos);
+  EXPECT_NE(Written().find("<Description></Description><TaxAmount>0</TaxAmount></TaxTableEntry>"), std::string::npos);
 }
 
 TEST_F(TaxTableEntryDALCTest, NegativePercentageIsAPercentage) {
@@ -94,7 +94,7 @@ TEST_F(TaxTableEntryDALCTest, ExpirationDateIsBroughtToYearMonthDay) {
     TaxTableEntry entry;
     entry.set_TaxExpirationDate(date);
     Create(entry);
-    EXPECT_NE(Written().find("<Description/>" + element + "<TaxAmount>"), std::string::npos) << Written();
+    EXPECT_NE(Written().find("<Description></Description>" + element + "<TaxAmount>"), std::string::npos) << Written();
   }
 }
 
@@ -103,7 +103,8 @@ TEST_F(TaxTableEntryDALCTest, SecondEntryReusesMasterFilesAndTaxTable) {
   Create(TaxTableEntry());
   Create(TaxTableEntry());
   const std::string one =
-      "<TaxTableEntry><TaxType>IVA</TaxType><TaxCountryRegion/><TaxCode/><Description/><TaxAmount>0</TaxAmount>"
+      "<TaxTableEntry><TaxType>IVA</TaxType><TaxCountryRegion></TaxCountryRegion><TaxCode></TaxCode>"
+      "<Description></Description><TaxAmount>0</TaxAmount>"
       "</TaxTableEntry>";
   EXPECT_EQ(Written(), "<MasterFiles><TaxTable>" + one + one + "</TaxTable><Customer/></MasterFiles>");
 }

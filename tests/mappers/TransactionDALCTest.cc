@@ -46,8 +46,9 @@ class TransactionDALCTest : public testing::MapperTest {
 };
 
 std::string EmptyTransaction() {
-  return "<Transaction><TransactionID/><Period/><TransactionDate/><Description/><DocArchivalNumber/><TransactionType/>"
-         "<GLPostingDate/></Transaction>";
+  return "<Transaction><TransactionID></TransactionID><Period></Period><TransactionDate></TransactionDate>"
+         "<Description></Description><DocArchivalNumber></DocArchivalNumber><TransactionType></TransactionType>"
+         "<GLPostingDate></GLPostingDate></Transaction>";
 }
 
 TEST_F(TransactionDALCTest, WritesEveryProperty) {
@@ -108,12 +109,10 @@ TEST_F(TransactionDALCTest, WritesAnEmptyTransactionWithItsRequiredElements) {
 }
 
 TEST_F(TransactionDALCTest, TypesAreWrittenAndReadByTheirCode) {
-  const std::vector<std::pair<int, std::string>> cases = {{71, "<TransactionType>N</TransactionType>"},
-                                                          {72, "<TransactionType>R</TransactionType>"},
-                                                          {73, "<TransactionType>A</TransactionType>"},
-                                                          {74, "<TransactionType>J</TransactionType>"},
-                                                          {0, "<TransactionType/>"},
-                                                          {75, "<TransactionType/>"}};
+  const std::vector<std::pair<int, std::string>> cases = {
+      {71, "<TransactionType>N</TransactionType>"}, {72, "<TransactionType>R</TransactionType>"},
+      {73, "<TransactionType>A</TransactionType>"}, {74, "<TransactionType>J</TransactionType>"},
+      {0, "<TransactionType></TransactionType>"},   {75, "<TransactionType></TransactionType>"}};
   for (const auto& [value, element] : cases) {
     BeginJournals({"J1"});
     Transaction transaction;
@@ -207,7 +206,8 @@ TEST_F(TransactionDALCTest, FailureInALineLeavesWhatWasWrittenBefore) {
   line->set_AccountID("\x01");
   transaction.Line()->Add(line);
   EXPECT_ERROR(Create(transaction, JournalOf("J1")), RunTimeError::kInvalidCall, kRunTimeSource);
-  EXPECT_NE(Written().find("<GLPostingDate/><Line><RecordID/></Line></Transaction>"), std::string::npos);
+  EXPECT_NE(Written().find("<GLPostingDate></GLPostingDate><Line><RecordID></RecordID></Line></Transaction>"),
+            std::string::npos);
 }
 
 constexpr std::string_view kTwoWithTransactions =

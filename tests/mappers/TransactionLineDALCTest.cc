@@ -45,7 +45,7 @@ TEST_F(TransactionLineDALCTest, DebitOfTenAndCreditOfTenWritesOnlyTheDebit) {
   line.set_DebitAmount(10);
   line.set_CreditAmount(10);
   Create(line);
-  EXPECT_NE(Written().find("<Description/><DebitAmount>10</DebitAmount></Line>"), std::string::npos);
+  EXPECT_NE(Written().find("<Description></Description><DebitAmount>10</DebitAmount></Line>"), std::string::npos);
 }
 
 TEST_F(TransactionLineDALCTest, CreditIsWrittenWhenThereIsNoDebit) {
@@ -61,10 +61,10 @@ TEST_F(TransactionLineDALCTest, EmptyLineCarriesACreditOfZero) {
   EXPECT_EQ(Written(), OneLine(R"(
       <Transaction>
         <Line>
-          <RecordID/>
-          <AccountID/>
-          <SystemEntryDate/>
-          <Description/>
+          <RecordID></RecordID>
+          <AccountID></AccountID>
+          <SystemEntryDate></SystemEntryDate>
+          <Description></Description>
           <CreditAmount>0</CreditAmount>
         </Line>
       </Transaction>)"));

@@ -60,8 +60,10 @@ Element DOMDALHelper::CreateElement(ElementName name, std::string_view value, El
   const std::string_view kept = document_->CopyXmlText(name, text);
   const Element element = document_->AppendElement(base, name.Number());
   if (declares) document_->AppendAttribute(element, kDefaultNamespace, kNamespace);
-  if (kept.empty()) return element;
-  if (declares) {
+  if (kept.empty()) {
+    // As the streaming writer has it: in the form of one tag, readers would not find the text.
+    Document::SetEmptyForm(element, EmptyForm::kTwoTags);
+  } else if (declares) {
     document_->AppendAdoptedText(element, kept);
   } else {
     document_->AdoptText(element, kept);

@@ -49,7 +49,9 @@ inline uint32_t ElementTexts::Note(const Node& node) {
     if (node.Text().empty() && node.Form() == EmptyForm::kOneTag) return NameTable::kNone;
   } else {
     const Node* child = Document::Of(&node).First(&node);
-    if (child == nullptr || child->Kind() == NodeKind::kAttribute) return NameTable::kNone;
+    if (child == nullptr ? node.Form() == EmptyForm::kOneTag : child->Kind() == NodeKind::kAttribute) {
+      return NameTable::kNone;
+    }
   }
   const uint32_t name = node.Name();
   if (name >= kNames || noted_[name]) return NameTable::kNone;

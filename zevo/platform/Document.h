@@ -118,6 +118,10 @@ class Document {
   /// Tells of an element that has ended how it is written, if it has got no content, and takes back the room for that,
   /// if it has no attributes either. Content may come all the same.
   inline void EndElement(Element element, EmptyForm form);
+  /// Tells how an element that was just appended is written if it gets no content.
+  static void SetEmptyForm(Element element, EmptyForm form) {
+    static_cast<FullNode*>(element.node())->length = static_cast<uint32_t>(form);
+  }
   /// Replaces the content of an element; its attributes stay.
   void SetText(Element element, std::string_view text);
 
@@ -342,7 +346,7 @@ inline void Document::EndElement(Element element, EmptyForm form) {
     next_node_ -= kFullNodeWords - kNodeWords;
     node->HoldNothing(form);
   } else if (Last(node)->Kind() == NodeKind::kAttribute) {
-    node->length = static_cast<uint32_t>(form);
+    SetEmptyForm(element, form);
   }
 }
 

@@ -114,7 +114,7 @@ struct Node {
 
 /// A node with room for a text of any length, or for children. An element whose only content is a text holds it itself.
 struct FullNode : Node {
-  uint32_t length;      // of the text; of an element that has attributes alone, its EmptyForm
+  uint32_t length;      // of the text; of an element without content, its EmptyForm
   uint32_t content[2];  // the address of the text, or the first and the last child
 
   char* Address() const {
