@@ -111,15 +111,14 @@ std::vector<std::string> ToolTest::Texts(std::string_view element) const {
   std::vector<std::string> texts;
   for (size_t at = bytes.find(start); at != std::string::npos; at = bytes.find(start, at + 1)) {
     const size_t from = at + start.size();
-    texts.push_back(bytes.substr(from, bytes.find(end, from) - from));
+    const size_t length = bytes.find(end, from) - from;
+    if (length != 0) texts.push_back(bytes.substr(from, length));
   }
   return texts;
 }
 
 bool ToolTest::Has(std::string_view element) const {
-  const std::string bytes = ReadBytes(Output());
-  const std::string start = std::string("<").append(element);
-  return bytes.find(start + ">") != std::string::npos || bytes.find(start + "/>") != std::string::npos;
+  return ReadBytes(Output()).find(std::string("<").append(element).append(">")) != std::string::npos;
 }
 
 }  // namespace zevo::testing

@@ -52,7 +52,7 @@ class ToolTest : public ::testing::Test {
   void ExpectCreated(std::string_view told = "") const;
   /// What is told of a file of the dataset that is not written as those of a dataset are.
   std::string Recognised(std::string_view name, std::string_view form) const;
-  /// The texts of the elements of a name in the file created, in order, as the bytes stand there.
+  /// The texts of those elements of a name in the file created that are not empty, in order, as the bytes stand there.
   std::vector<std::string> Texts(std::string_view element) const;
   /// Whether the file created has an element of the name.
   bool Has(std::string_view element) const;
