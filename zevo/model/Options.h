@@ -18,7 +18,7 @@ class ZEVO_API Options {
   void set_ValidateOnAssignment(bool value);
 
   /// Path of the schema file, in UTF-8. From the start, SAF-T-PT_1_01.xsd under the library's own folder, or the
-  /// common-files folder on Windows; empty where the library was loaded by a relative path. Assigning a path that
+  /// common-files folder on Windows; empty where the system tells no such folder. Assigning a path that
   /// differs in more than letter case loads that schema; one that cannot be loaded raises nothing, texts are just not
   /// cut any more. When memory runs out, everything stays as it was. A schema is a file of at most 256 KiB, never a
   /// folder, a pipe or a device. The path is empty while `UseBuiltInSchema` is in force; assigning an empty one then

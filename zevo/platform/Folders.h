@@ -10,8 +10,8 @@ namespace zevo {
 /// The folder for files shared between programs (CSIDL_PROGRAM_FILES_COMMON); empty where the system has none.
 std::string CommonFilesFolder();
 
-/// The folder that the library was loaded from, as an absolute path; empty when the system does not tell one. Code that
-/// is part of a program lies where the program does, however that was called.
+/// The folder that the library was loaded from, as an absolute path, whatever the path that led to it; empty when the
+/// system does not tell one. Code that is part of a program lies where the program does, however that was called.
 std::string LibraryFolder();
 
 /// `folder` and `name` with a separator between them.
