@@ -5,6 +5,7 @@
 #include <zevo/platform/Text.h>
 
 #include <optional>
+#include <utility>
 
 namespace zevo {
 
@@ -18,14 +19,14 @@ std::vector<RecordElement> AuditRecords() {
   return records;
 }
 
-Violation ViolationOf(const SchemaViolation& told) {
+Violation ViolationOf(SchemaViolation&& told) {
   Violation violation{.number = told.number,
                       .kind = {},
-                      .key = told.key,
-                      .path = told.path,
+                      .key = std::move(told.key),
+                      .path = std::move(told.path),
                       .place = told.place,
-                      .value = told.value,
-                      .allowed = told.allowed};
+                      .value = std::move(told.value),
+                      .allowed = std::move(told.allowed)};
   if (told.record) violation.kind = EntityKinds()[*told.record];
   return violation;
 }

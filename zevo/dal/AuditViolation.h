@@ -15,7 +15,7 @@ namespace zevo {
 std::vector<RecordElement> AuditRecords();
 
 /// What a diagnosis by those records tells.
-Violation ViolationOf(const SchemaViolation& told);
+Violation ViolationOf(SchemaViolation&& told);
 /// What libxml2 tells itself.
 Violation ViolationOf(const XmlProblem& told);
 

@@ -137,8 +137,8 @@ class AuditFileChecker::Run {
   void StartDiagnosis(const SchemaSource& source) {
     tables_ = SchemaTables::Of(source.Read());
     if (!tables_) return;
-    diagnosis_.emplace(*tables_, records_, [&](const SchemaViolation& told) {
-      findings_->Tell(ViolationOf(told));
+    diagnosis_.emplace(*tables_, records_, [&](SchemaViolation&& told) {
+      findings_->Tell(ViolationOf(std::move(told)));
       return true;
     });
     diagnosis_->Begin(diagnosed_);

@@ -42,7 +42,8 @@ class AuditFileValidator::Run {
     const auto tables = SchemaTables::Of(source_.Read());
     if (!tables) return TellAsLibxml2({});
     const std::vector<RecordElement> records = AuditRecords();
-    SchemaDiagnosis diagnosis(*tables, records, [&](const SchemaViolation& told) { return Tell(ViolationOf(told)); });
+    SchemaDiagnosis diagnosis(*tables, records,
+                              [&](SchemaViolation&& told) { return Tell(ViolationOf(std::move(told))); });
     const SchemaDiagnosis::Outcome outcome = diagnosis.Run(input_);
     if (outcome.ended) return std::nullopt;
     const bool unsaid = outcome.left_off || (owner_.violations_ == 0 && !IsUnreadable(outcome.problem));

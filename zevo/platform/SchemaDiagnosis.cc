@@ -230,10 +230,14 @@ void SchemaDiagnosis::StartChild(const ParsedName& name, std::span<const ParsedA
     case Content::kAnything:
       return StartAnywhere(name, attributes, place);
     case Content::kText:
-      if (!std::exchange(parent.told_content, true)) TellUnknown(XML_SCHEMAV_CVC_TYPE_3_1_2, name, place, {});
+      if (!std::exchange(parent.told_content, true)) {
+        TellUnknown(XML_SCHEMAV_CVC_TYPE_3_1_2, name.local, CountStrange(name.local), place, {});
+      }
       return Skip();
     case Content::kNothing:
-      if (!std::exchange(parent.told_content, true)) TellUnknown(XML_SCHEMAV_CVC_COMPLEX_TYPE_2_1, name, place, {});
+      if (!std::exchange(parent.told_content, true)) {
+        TellUnknown(XML_SCHEMAV_CVC_COMPLEX_TYPE_2_1, name.local, CountStrange(name.local), place, {});
+      }
       return Skip();
     case Content::kElements:
       break;
@@ -281,15 +285,19 @@ void SchemaDiagnosis::StartKnown(Child child, std::span<const ParsedAttribute> a
 
 void SchemaDiagnosis::StartUnknown(const ParsedName& name, const FilePlace& place) {
   Frame& parent = frames_.back();
-  // Of a name that the schema has here, the namespace is at fault.
-  const bool foreign = parent.type->Find(name.local, true) || parent.type->Find(name.local, false);
+  Strange& strange = CountStrange(name.local);
+  if (strange.count == 1) {
+    // Of a name that the schema has here, the namespace is at fault.
+    strange.foreign = parent.type->Find(name.local, true) || parent.type->Find(name.local, false);
+    strange.meant = MostLike(*parent.type, name.local);
+  }
   std::string value;
-  if (foreign) value.append("xmlns=\"").append(UriOf(name.prefix)).append("\"");
-  TellUnknown(XML_SCHEMAV_ELEMENT_CONTENT, name, place, NamesOf(parent.type->model.Allowed(parent.state)),
-              std::move(value));
+  if (strange.foreign) value.append("xmlns=\"").append(UriOf(name.prefix)).append("\"");
+  TellUnknown(XML_SCHEMAV_ELEMENT_CONTENT, name.local, strange, place,
+              NamesOf(parent.type->model.Allowed(parent.state)), std::move(value));
   if (parent.unknown.size() < kMostUnknown) parent.unknown.emplace_back(name.local);
-  const auto meant = MostLike(*parent.type, name.local);
-  LoseKeys(meant ? std::optional<std::string_view>(parent.type->children[*meant]->name.local) : std::nullopt);
+  LoseKeys(strange.meant ? std::optional<std::string_view>(parent.type->children[*strange.meant]->name.local)
+                         : std::nullopt);
   Skip();
 }
 
@@ -299,19 +307,19 @@ void SchemaDiagnosis::StartAnywhere(const ParsedName& name, std::span<const Pars
   Frame& parent = frames_.back();
   if (parent.declaration != nullptr && parent.declaration->fixed) {
     if (!std::exchange(parent.told_content, true)) {
-      TellUnknown(XML_SCHEMAV_CVC_ELT_5_2_2_1, name, place, *parent.declaration->fixed);
+      TellUnknown(XML_SCHEMAV_CVC_ELT_5_2_2_1, name.local, CountStrange(name.local), place, *parent.declaration->fixed);
     }
     return Skip();
   }
   const Space space = SpaceOf(name);
   const ElementDeclaration* const declaration =
       space == Space::kOther ? nullptr : tables_.Find(name.local, space == Space::kOwn);
-  const uint32_t count = ++parent.strange[name.local];
+  const uint32_t ordinal = CountStrange(name.local).Ordinal();
   const std::string& kept = *names_.emplace(name.local).first;
   Open({.type = declaration != nullptr ? declaration->type : &anything_,
         .declaration = declaration,
         .name = kept,
-        .ordinal = count > 1 ? count : 0,
+        .ordinal = ordinal,
         .place = place},
        attributes);
 }
@@ -537,10 +545,17 @@ std::vector<bool> SchemaDiagnosis::ToldOtherwise(const std::vector<ContentModel:
   return told;
 }
 
-void SchemaDiagnosis::TellUnknown(int32_t number, const ParsedName& name, const FilePlace& place, std::string allowed,
-                                  std::string value) {
-  const uint32_t count = ++frames_.back().strange[name.local];
-  Tell(Make(number, Step(name.local, count > 1 ? count : 0), place, std::move(value), std::move(allowed)));
+SchemaDiagnosis::Strange& SchemaDiagnosis::CountStrange(std::string_view name) {
+  TextMap<Strange>& strange = frames_.back().strange;
+  const auto known = strange.find(name);
+  Strange& counted = known != strange.end() ? known->second : strange[std::string(name)];
+  ++counted.count;
+  return counted;
+}
+
+void SchemaDiagnosis::TellUnknown(int32_t number, std::string_view name, const Strange& strange, const FilePlace& place,
+                                  std::string allowed, std::string value) {
+  Tell(Make(number, Step(name, strange.Ordinal()), place, std::move(value), std::move(allowed)));
 }
 
 // Identities.
@@ -739,10 +754,10 @@ void SchemaDiagnosis::KnowKey(Record& record, std::string_view key) {
 void SchemaDiagnosis::Release(bool all) {
   if (waiting_ && !all) return;
   while (!held_.empty() && (all || held_.front().record == 0 || held_.size() > kMostHeld)) {
-    const Held held = std::move(held_.front());
-    held_.pop_front();
     ++outcome_.found;
-    if (found_(held.violation)) continue;
+    const bool go_on = found_(std::move(held_.front().violation));
+    held_.pop_front();
+    if (go_on) continue;
     outcome_.ended = true;
     throw Enough();
   }

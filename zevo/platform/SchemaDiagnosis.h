@@ -3,6 +3,7 @@
 #define ZEVO_PLATFORM_SCHEMADIAGNOSIS_H_
 
 #include <zevo/FilePlace.h>
+#include <zevo/TextHash.h>
 #include <zevo/platform/ContentModel.h>
 #include <zevo/platform/KeyedHash.h>
 #include <zevo/platform/Parser.h>
@@ -13,7 +14,6 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -56,7 +56,7 @@ struct SchemaViolation {
 class SchemaDiagnosis final : private ParserHandler {
  public:
   /// Takes violations in their order and says whether to go on.
-  using Sink = std::function<bool(const SchemaViolation&)>;
+  using Sink = std::function<bool(SchemaViolation&&)>;
 
   /// What it is given must outlive it.
   SchemaDiagnosis(const SchemaTables& tables, std::span<const RecordElement> records, Sink found);
@@ -135,6 +135,14 @@ class SchemaDiagnosis final : private ParserHandler {
     std::string key = {};
     bool key_known = false;
   };
+  // The children of an element that have a name that the schema does not have there.
+  struct Strange {
+    uint32_t count = 0;
+    bool foreign = false;             // the schema has it there in another namespace
+    std::optional<Child> meant = {};  // the child that may be meant
+
+    uint32_t Ordinal() const { return count > 1 ? count : 0; }
+  };
   // An element that is open and judged.
   struct Frame {
     const ElementType* type;
@@ -143,8 +151,8 @@ class SchemaDiagnosis final : private ParserHandler {
     uint32_t ordinal;  // 0 where the path needs none
     FilePlace place;
     ContentModel::State state = ContentModel::kStart;
-    std::vector<uint32_t> counts = {};                          // of children, by number
-    std::map<std::string, uint32_t, std::less<>> strange = {};  // of those that are unknown
+    std::vector<uint32_t> counts = {};  // of children, by number
+    TextMap<Strange> strange = {};      // by name
     std::vector<Child> told_missing = {};
     std::vector<Child> told_stray = {};
     std::vector<std::string> unknown = {};  // children since the last that fitted
@@ -204,8 +212,9 @@ class SchemaDiagnosis final : private ParserHandler {
   void TellStray(Child child, uint32_t ordinal, const FilePlace& place);
   void TellMissing(const std::vector<ContentModel::Alternatives>& lacking, const FilePlace& place);
   std::vector<bool> ToldOtherwise(const std::vector<ContentModel::Alternatives>& lacking);
-  void TellUnknown(int32_t number, const ParsedName& name, const FilePlace& place, std::string allowed,
-                   std::string value = {});
+  Strange& CountStrange(std::string_view name);
+  void TellUnknown(int32_t number, std::string_view name, const Strange& strange, const FilePlace& place,
+                   std::string allowed, std::string value = {});
 
   void OpenScope(Frame& frame);
   void FollowTrails(const Frame& parent, Frame& frame);
