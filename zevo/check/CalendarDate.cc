@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/CalendarDate.h>
 
+#include <zevo/Digit.h>
 #include <zevo/platform/Text.h>
 
 #include <algorithm>
@@ -13,8 +14,6 @@ namespace {
 // Years of more digits are none of any file.
 constexpr size_t kMostYearDigits = 9;
 
-bool IsDateDigit(char c) { return c >= '0' && c <= '9'; }
-
 // Takes a character off the front.
 bool TakeMark(std::string_view& text, char expected) {
   if (!text.starts_with(expected)) return false;
@@ -23,7 +22,7 @@ bool TakeMark(std::string_view& text, char expected) {
 }
 
 bool TakeTwoDigits(std::string_view& text, int& number) {
-  if (text.size() < 2 || !IsDateDigit(text[0]) || !IsDateDigit(text[1])) return false;
+  if (text.size() < 2 || !IsDigit(text[0]) || !IsDigit(text[1])) return false;
   number = (text[0] - '0') * 10 + (text[1] - '0');
   text.remove_prefix(2);
   return true;
@@ -47,7 +46,7 @@ std::optional<CalendarDate> Checked(const CalendarDate& date) {
 bool IsPlainDate(std::string_view text) {
   if (text.size() < 10 || text[4] != '-' || text[7] != '-') return false;
   constexpr std::array<size_t, 8> kDigits{0, 1, 2, 3, 5, 6, 8, 9};
-  return std::ranges::all_of(kDigits, [&](size_t at) { return IsDateDigit(text[at]); });
+  return std::ranges::all_of(kDigits, [&](size_t at) { return IsDigit(text[at]); });
 }
 
 int TwoDigitsAt(std::string_view text, size_t from) { return (text[from] - '0') * 10 + (text[from + 1] - '0'); }
@@ -61,7 +60,7 @@ std::optional<CalendarDate> TakeDate(std::string_view& text) {
   }
   const bool negative = TakeMark(text, '-');
   size_t digits = 0;
-  for (; digits < text.size() && digits <= kMostYearDigits && IsDateDigit(text[digits]); ++digits) {
+  for (; digits < text.size() && digits <= kMostYearDigits && IsDigit(text[digits]); ++digits) {
     date.year = date.year * 10 + (text[digits] - '0');
   }
   if (digits < 4 || digits > kMostYearDigits || (digits > 4 && text[0] == '0')) return std::nullopt;
@@ -130,8 +129,8 @@ std::optional<CalendarTime> CalendarTime::FromText(std::string_view text) {
   bool zero_fraction = true;
   if (TakeMark(rest, '.')) {
     time.has_fraction = true;
-    if (rest.empty() || !IsDateDigit(rest[0])) return std::nullopt;
-    for (; !rest.empty() && IsDateDigit(rest[0]); rest.remove_prefix(1)) {
+    if (rest.empty() || !IsDigit(rest[0])) return std::nullopt;
+    for (; !rest.empty() && IsDigit(rest[0]); rest.remove_prefix(1)) {
       zero_fraction = zero_fraction && rest[0] == '0';
     }
   }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/DocumentNumber.h>
 
+#include <zevo/Digit.h>
+
 #include <algorithm>
 #include <cstddef>
 
@@ -12,7 +14,7 @@ std::optional<DocumentNumber> DocumentNumber::FromText(std::string_view text) {
   DocumentNumber number{.series = text.substr(0, slash), .code = {}, .name = {}, .digits = text.substr(slash + 1)};
   const size_t space = number.series.find(' ');
   if (space == 0 || space == std::string_view::npos || number.digits.empty()) return std::nullopt;
-  if (!std::ranges::all_of(number.digits, [](char c) { return c >= '0' && c <= '9'; })) return std::nullopt;
+  if (!std::ranges::all_of(number.digits, IsDigit)) return std::nullopt;
   number.code = number.series.substr(0, space);
   number.name = number.series.substr(space + 1);
   return number;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <zevo/Digit.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 
@@ -154,7 +155,7 @@ constexpr RuleSentence kNoCertificateNumber{
 void JudgeCertificate(const HeaderFacts& header, Judgement& judgement) {
   if (header.certificate.Missing()) return;
   const std::string_view number = *header.certificate;
-  const bool digits = !number.empty() && std::ranges::all_of(number, [](char c) { return c >= '0' && c <= '9'; });
+  const bool digits = !number.empty() && std::ranges::all_of(number, IsDigit);
   if (!digits) judgement.Tell(kNoCertificateNumber, header, header.certificate);
 }
 

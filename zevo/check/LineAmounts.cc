@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/check/LineAmounts.h>
 
+#include <zevo/Digit.h>
 #include <zevo/check/AbsoluteValue.h>
 #include <zevo/check/InvoiceSums.h>
 #include <zevo/check/MoneyText.h>
@@ -27,7 +28,7 @@ bool HasSevenDigits(std::string_view quantity) {
 size_t DecimalsOf(std::string_view number) {
   const size_t point = number.find('.');
   if (point == std::string_view::npos) return 0;
-  return static_cast<size_t>(std::ranges::count_if(number.substr(point), [](char c) { return c >= '0' && c <= '9'; }));
+  return static_cast<size_t>(std::ranges::count_if(number.substr(point), IsDigit));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <zevo/Digit.h>
 #include <zevo/check/Families.h>
 #include <zevo/check/Judgement.h>
 #include <zevo/platform/LetterCase.h>
@@ -19,7 +20,7 @@ constexpr std::string_view kFinalConsumerName = "Consumidor final";
 constexpr std::string_view kUnknown = "Desconhecido";
 
 bool HasDigits(std::string_view text, size_t count) {
-  return text.size() == count && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+  return text.size() == count && std::ranges::all_of(text, IsDigit);
 }
 
 // The digit that nine digits must end in: weights 9 to 2 over the first eight, modulo 11.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Decimal.h>
 
+#include <zevo/Digit.h>
 #include <zevo/Error.h>
 #include <zevo/platform/Text.h>
 
@@ -26,8 +27,6 @@ consteval auto PowersOfTen() {
 }
 constexpr auto kPowers = PowersOfTen();
 constexpr int64_t PowerOfTen(size_t exponent) { return kPowers[exponent]; }
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 int32_t LimbOf(std::string_view digits) {
   int32_t limb = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/SnakeCase.h>
 
+#include <zevo/Digit.h>
+
 #include <cstddef>
 
 namespace zevo {
@@ -8,8 +10,6 @@ namespace {
 
 bool IsCapital(char c) { return c >= 'A' && c <= 'Z'; }
 bool IsSmall(char c) { return c >= 'a' && c <= 'z'; }
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Whether a word begins at a position after the first.
 bool BeginsWord(std::string_view name, size_t at) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/Violation.h>
 
+#include <zevo/Digit.h>
 #include <zevo/model/Decimal.h>
 #include <zevo/model/SentenceName.h>
 #include <zevo/model/internal/Phrase.h>
@@ -234,7 +235,7 @@ Wrong WrongOfType(const Violation& violation) {
   if ((!whole && type != "decimal") || !Decimal::FromText(violation.value)) return Wrong::kType;
   const std::string_view number = violation.value;
   const size_t first = std::min(number.find_first_of("123456789"), number.size());
-  const auto digits = std::ranges::count_if(number.substr(first), [](char c) { return c >= '0' && c <= '9'; });
+  const auto digits = std::ranges::count_if(number.substr(first), IsDigit);
   return static_cast<size_t>(digits) > kMostDigits ? Wrong::kTooManyDigits : Wrong::kType;
 }
 

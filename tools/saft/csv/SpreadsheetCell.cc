@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/csv/SpreadsheetCell.h"
 
+#include <zevo/Digit.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -12,8 +14,6 @@ namespace zevo::saft {
 namespace {
 
 constexpr std::string_view kDigits = "0123456789";
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // What makes a spreadsheet program calculate a cell. Some take the full-width forms too, and pass over a byte order
 // mark.

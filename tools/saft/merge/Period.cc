@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/merge/Period.h"
 
+#include <zevo/Digit.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -14,8 +16,7 @@ namespace {
 
 std::optional<unsigned> NumberIn(std::string_view digits) {
   unsigned number = 0;
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  if (digits.empty() || !std::ranges::all_of(digits, isDigit)) return std::nullopt;
+  if (digits.empty() || !std::ranges::all_of(digits, IsDigit)) return std::nullopt;
   std::from_chars(digits.data(), digits.data() + digits.size(), number);
   return number;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/saft/tables/CellOf.h"
 
+#include <zevo/Digit.h>
 #include <zevo/adapters.h>
 
 #include <algorithm>
@@ -17,8 +18,6 @@ constexpr size_t kLongestNumber = 1000;
 
 constexpr size_t kDateLength = 10;  // of yyyy-mm-dd
 constexpr size_t kTimeLength = 9;   // of Thh:mm:ss
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Whether a text has digits where the pattern has a 0, and its characters elsewhere.
 bool IsLike(std::string_view text, std::string_view pattern) {

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/internal/DecimalNumber.h>
 
+#include <zevo/Digit.h>
 #include <zevo/Error.h>
 
 #include <algorithm>
 
 namespace zevo {
-namespace {
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-}  // namespace
 
 DecimalNumber::DecimalNumber(std::string_view text, const Form& form) {
   size_t at = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zevo/model/internal/WholeText.h>
 
+#include <zevo/Digit.h>
 #include <zevo/platform/Text.h>
 
 #include <algorithm>
@@ -13,27 +14,25 @@ namespace {
 
 constexpr int kDecimals = 4;
 
-bool AreDigits(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
-}
+bool AreDigits(std::string_view text) { return std::ranges::all_of(text, IsDigit); }
 
 /// A decimal number in its parts: its digits before the point without zeros in front, and those behind it without
 /// zeros at the end.
-struct Decimal {
+struct DecimalParts {
   bool negative = false;
   std::string_view whole;
   std::string_view fraction;
 
   bool IsZero() const { return whole.empty() && fraction.empty(); }
-  friend bool operator==(const Decimal& left, const Decimal& right) {
+  friend bool operator==(const DecimalParts& left, const DecimalParts& right) {
     return left.whole == right.whole && left.fraction == right.fraction &&
            (left.negative == right.negative || left.IsZero());
   }
 };
 
-std::optional<Decimal> DecimalOf(std::string_view text) {
+std::optional<DecimalParts> DecimalOf(std::string_view text) {
   text = TrimWhiteSpace(text);
-  Decimal decimal;
+  DecimalParts decimal;
   if (!text.empty() && (text[0] == '-' || text[0] == '+')) {
     decimal.negative = text[0] == '-';
     text.remove_prefix(1);
@@ -51,7 +50,7 @@ std::optional<Decimal> DecimalOf(std::string_view text) {
 }  // namespace
 
 std::optional<WholeValue<Amount>> WholeAmount(std::string_view text) {
-  const std::optional<Decimal> decimal = DecimalOf(text);
+  const std::optional<DecimalParts> decimal = DecimalOf(text);
   // An amount has no more.
   if (!decimal || decimal->whole.size() > 15) return std::nullopt;
   uint64_t scaled = 0;
@@ -67,7 +66,7 @@ std::optional<WholeValue<Amount>> WholeAmount(std::string_view text) {
 }
 
 std::optional<WholeValue<float>> WholeSingle(std::string_view text) {
-  const std::optional<Decimal> decimal = DecimalOf(text);
+  const std::optional<DecimalParts> decimal = DecimalOf(text);
   if (!decimal) return std::nullopt;
   text = TrimWhiteSpace(text);
   if (text[0] == '+') text.remove_prefix(1);
