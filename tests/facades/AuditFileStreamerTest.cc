@@ -27,7 +27,6 @@ using ::testing::IsEmpty;
 
 constexpr LibraryMessage kEntityNotXml{-2147221103, "O conteúdo da entidade não é XML válido."};
 constexpr LibraryMessage kReadingAborted{-2147221003, "Leitura do ficheiro abortada pelo utilizador."};
-constexpr std::string_view kStreamSource = "MSXML2.SAXXMLReader.ParseURL";
 constexpr const char* kTypeMismatchText = "Tipos incompatíveis.";
 
 constexpr std::string_view kGoodCustomer =
@@ -213,7 +212,7 @@ TEST_F(AuditFileStreamerTest, AnEntityThatIsNoXmlByItselfEndsTheReading) {
 TEST_F(AuditFileStreamerTest, AFileThatIsNotWellFormedIsToldWhereAndTheEventsStand) {
   EXPECT_FALSE(Read("<Header/>\n<Product></Header>"));
   EXPECT_THAT(streamer_, RecordedXmlErrorFrom(kStreamSource));
-  EXPECT_NE(streamer_.AuditException()->Description().find("2"), std::string::npos);
+  EXPECT_NE(streamer_.AuditException()->Description().find('2'), std::string::npos);
   EXPECT_THAT(events_, ElementsAre("Header"));
 }
 

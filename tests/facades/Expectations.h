@@ -49,6 +49,7 @@ inline constexpr int32_t kPathNotFound = 76;
 inline constexpr int32_t kDuplicateKey = 457;
 
 inline constexpr std::string_view kLoadSource = "MSXML2.DOMDocument.Load";
+inline constexpr std::string_view kStreamSource = "MSXML2.SAXXMLReader.ParseURL";
 inline constexpr std::string_view kValidationSource = "MSXML2.FreeThreadedDOMDocument40.Load";
 
 /// What a façade recorded, in words.
@@ -60,7 +61,7 @@ inline std::string Told(const std::shared_ptr<const AuditException>& exception) 
 
 /// A façade whose last operation failed with one of the library's messages, raised by `source`.
 MATCHER_P2(Recorded, message, source, "recorded message " + ::testing::PrintToString(message) + " from " + source) {
-  const auto exception = arg.AuditException();
+  const auto& exception = arg.AuditException();
   *result_listener << Told(exception);
   return exception != nullptr && exception->Number() == message.number && exception->Source() == source &&
          exception->Description() == message.text;
@@ -68,7 +69,7 @@ MATCHER_P2(Recorded, message, source, "recorded message " + ::testing::PrintToSt
 
 /// A façade whose last operation failed with an error that describes itself.
 MATCHER_P3(RecordedError, number, source, description, "recorded error " + std::to_string(number) + " from " + source) {
-  const auto exception = arg.AuditException();
+  const auto& exception = arg.AuditException();
   *result_listener << Told(exception);
   return exception != nullptr && exception->Number() == number && exception->Source() == source &&
          ::testing::Matches(description)(exception->Description());
@@ -76,7 +77,7 @@ MATCHER_P3(RecordedError, number, source, description, "recorded error " + std::
 
 /// A façade whose last operation failed with an error of the XML parser or validator.
 MATCHER_P(RecordedXmlErrorFrom, source, std::string("recorded an error of the XML parser from ") + source.data()) {
-  const auto exception = arg.AuditException();
+  const auto& exception = arg.AuditException();
   *result_listener << Told(exception);
   return exception != nullptr && exception->Number() > 0 && exception->Source() == source &&
          !exception->Description().empty();
