@@ -52,7 +52,7 @@ class SAXDALReaderTest : public ::testing::Test {
       events_.push_back(name + ": " + SerializedXml(entity));
       if (on_entity_) on_entity_(name, entity);
     };
-    reader_.FinishedReading = [this] { events_.push_back("finished"); };
+    reader_.FinishedReading = [this] { events_.emplace_back("finished"); };
     reader_.OpenFile();
   }
 

@@ -35,7 +35,7 @@ std::vector<std::string> AllTexts() {
 }
 
 std::shared_ptr<Customer> Named(std::string_view name) {
-  const auto customer = SampleCustomer("C1");
+  auto customer = SampleCustomer("C1");
   customer->set_CompanyName(name);
   return customer;
 }

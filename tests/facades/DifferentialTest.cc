@@ -64,7 +64,7 @@ TEST(DifferentialTest, ALineBreakOfAnyKindReadsBackAsOneSpaceWhoeverWroteAndWhoe
     }
   };
   const auto written = [&](auto& file, const Product& product) {
-    const std::string path = folder.Path("written.xml");
+    std::string path = folder.Path("written.xml");
     std::filesystem::remove(path);
     file.set_AuditFileName(path);
     EXPECT_TRUE(file.CreateAuditFile() && file.CreateProduct(product));

@@ -200,7 +200,7 @@ TEST_F(DiskFaultTest, SequentialWriteThatMeetsAnErrorTellsIt) {
     const auto step = [&](bool succeeded) {
       EXPECT_FALSE(succeeded && !failures.empty()) << "wrote on where something was lost";
       if (succeeded) return;
-      const auto exception = file.AuditException();
+      const auto& exception = file.AuditException();
       failures.emplace_back(exception->Number(), exception->Source(), exception->Description());
     };
     step(file.CreateAuditFile());

@@ -247,7 +247,7 @@ TEST(AmountTest, DivisionByZeroIsAnErrorOfItsOwn) {
   EXPECT_EQ(testing::ErrorOf([] { static_cast<void>(Amount(1) / 0); }).Description(), "Divisão por zero.");
 }
 
-__extension__ typedef __int128 Exact;
+__extension__ using Exact = __int128;
 
 // What a ratio of ten-thousandths is to be; nothing where it does not fit.
 std::optional<Amount> Rounded(Exact dividend, Exact divisor) {
@@ -275,8 +275,9 @@ std::optional<Amount> Given(Calculation&& calculation) {
 int64_t ArbitraryNumber() {
   const int64_t edge = *rc::gen::element<int64_t>(0, 1, 10000, 1LL << 32, 1LL << 62, kGreatest, kSmallest);
   const int64_t near = *rc::gen::inRange<int64_t>(-3, 4);
-  if (*rc::gen::inRange(0, 4) == 0)
+  if (*rc::gen::inRange(0, 4) == 0) {
     return static_cast<int64_t>(static_cast<uint64_t>(edge) + static_cast<uint64_t>(near));
+  }
   return static_cast<int64_t>(*rc::gen::resize(100, rc::gen::arbitrary<uint64_t>()) << *rc::gen::inRange(0, 32)) >>
          *rc::gen::inRange(0, 64);
 }

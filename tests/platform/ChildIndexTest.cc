@@ -268,7 +268,9 @@ TEST_F(ChildIndexTest, LookingUpChosenKeysTakesNoLongerThanOthers) {
   EXPECT_LT(testing::ProcessorSeconds([&] {
               std::vector<Element> journals;
               for (const std::string& key : keys) journals.push_back(AddJournal(key));
-              for (size_t i = 0; i < keys.size(); ++i) EXPECT_EQ(JournalOf(keys[i]), journals[i]);
+              for (size_t i = 0; i < keys.size(); ++i) {
+                EXPECT_EQ(JournalOf(keys[i]), journals[i]);
+              }
             }),
             0.5);
 }

@@ -45,6 +45,7 @@ TEST(NameNumbersTest, StayWhatTheyAreAsTheyGrowMany) {
 TEST(NameNumbersTest, TakeNoLongerWhereverTheNamesLie) {
   if (testing::kSanitized) GTEST_SKIP() << "a sanitizer distorts time";
   for (const uint64_t distance : {1U, 8U, 4'181U, 65'536U, 832'040U, 1U << 24, 1U << 30}) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): nobody reads what is there.
     const auto name = [&](uint64_t i) { return reinterpret_cast<const char*>(0x7F0000000000 + i * distance); };
     NameNumbers numbers;
     EXPECT_LT(testing::ProcessorSeconds([&] {

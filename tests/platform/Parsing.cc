@@ -29,7 +29,7 @@ class StringSink : public ByteSink {
 
 // The system converts, so that nothing is held against the library's own conversions but itself.
 std::string Converted(std::string_view utf8, const char* encoding) {
-  const iconv_t conversion = iconv_open(encoding, "UTF-8");
+  iconv_t conversion = iconv_open(encoding, "UTF-8");
   std::string from(utf8);
   std::string to(2 * from.size(), '\0');
   char* in = from.data();

@@ -139,7 +139,7 @@ TEST(HelperTransformationsTest, AWholeSingleIsWrittenAsThatNumber) {
 }
 
 RC_GTEST_PROP(HelperTransformationsTest, ASingleReadsBackTheSameWithoutExponentOrJunk, ()) {
-  const float value = std::bit_cast<float>(*rc::gen::arbitrary<uint32_t>());
+  const auto value = std::bit_cast<float>(*rc::gen::arbitrary<uint32_t>());
   RC_PRE(std::isfinite(value));
   const std::string text(std::string_view{SingleText(value)});
   RC_ASSERT(text.find_first_not_of("-.0123456789") == std::string::npos);
@@ -154,7 +154,7 @@ RC_GTEST_PROP(HelperTransformationsTest, ASingleReadsBackTheSameWithoutExponentO
 }
 
 RC_GTEST_PROP(HelperTransformationsTest, NoShorterTextReadsBackTheSameSingle, ()) {
-  const float value = std::bit_cast<float>(*rc::gen::arbitrary<uint32_t>());
+  const auto value = std::bit_cast<float>(*rc::gen::arbitrary<uint32_t>());
   RC_PRE(std::isfinite(value) && value != 0);
   const NumberText text = SingleText(value);
   std::string digits;

@@ -319,7 +319,7 @@ int64_t PeakKilobytes() {
 TEST_F(ValidationsTest, LongChainsTakeTimeAndMemoryInProportion) {
   std::string schema = LimitedType("Short", "3");
   for (int i = 0; schema.size() < 250'000; ++i) schema += Referring(i, "G" + std::to_string(i + 1));
-  const int64_t held = PeakKilobytes();
+  [[maybe_unused]] const int64_t held = PeakKilobytes();
   EXPECT_LT(testing::ProcessorSeconds([&] { Load(SchemaOf(schema)); }), testing::kSanitized ? 5 : 0.5);
   if (!testing::kSanitized) {
     EXPECT_LT(PeakKilobytes() - held, 16 * 1024);

@@ -84,8 +84,9 @@ TEST(WholeTextTest, AnIntegerHasNoDecimals) {
   EXPECT_EQ(IntegerOf("-0012"), "-12");
   EXPECT_EQ(IntegerOf("2147483647"), "2147483647");
   EXPECT_EQ(IntegerOf("-2147483648"), "-2147483648");
-  for (const char* text : {"", "+", "-", "+-1", "2147483648", "12x", "1.0", "1 2"})
+  for (const char* text : {"", "+", "-", "+-1", "2147483648", "12x", "1.0", "1 2"}) {
     EXPECT_EQ(IntegerOf(text), "-") << text;
+  }
 }
 
 TEST(WholeTextTest, AFlagIsOneOrZero) {

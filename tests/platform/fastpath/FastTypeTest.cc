@@ -231,8 +231,9 @@ TEST_F(FastTypeTest, EqualValuesHaveOneKey) {
   EXPECT_NE(text.KeyOf("7"), FastType(SimpleType::BuiltIn("token")).KeyOf("7"));
   EXPECT_EQ(text.KeyOf(" 7"), text.KeyOf(" 7"));
   EXPECT_NE(text.KeyOf(" 7"), text.KeyOf("7"));
-  for (const std::string_view unusual : {"+7", "-0", " 7", "x"})
+  for (const std::string_view unusual : {"+7", "-0", " 7", "x"}) {
     EXPECT_EQ(decimal.KeyOf(unusual), std::nullopt) << unusual;
+  }
   EXPECT_EQ(FastType(SimpleType::BuiltIn("token")).KeyOf(" 7"), std::nullopt);
   EXPECT_FALSE(FastType(SimpleType::BuiltIn("date")).HasKeys());
   EXPECT_FALSE(FastType(SimpleType::BuiltIn("NCName")).HasKeys());

@@ -437,7 +437,7 @@ rc::Gen<std::string> GenParticle(int depth) {
   const auto occurs = rc::gen::elementOf(std::vector<std::string>{
       "", "", "", " minOccurs='0'", " maxOccurs='unbounded'", " minOccurs='0' maxOccurs='unbounded'",
       " minOccurs='0' maxOccurs='2'", " minOccurs='2' maxOccurs='3'", " minOccurs='2' maxOccurs='2'"});
-  const auto element =
+  auto element =
       rc::gen::map(rc::gen::tuple(rc::gen::elementOf(std::vector<std::string>{"a", "b", "c"}), occurs),
                    [](const std::tuple<std::string, std::string>& parts) {
                      return "<xs:element name='" + std::get<0>(parts) + "' type='xs:int'" + std::get<1>(parts) + "/>";

@@ -163,7 +163,7 @@ TEST(PatternAutomatonTest, OfThePatternsOfTheShippedSchemaAllButOneAreRead) {
 
 // Patterns that are read here, out of few characters, so that texts often match.
 rc::Gen<std::string> GenPattern(int depth) {
-  const auto atom = rc::gen::elementOf(std::vector<std::string>{
+  auto atom = rc::gen::elementOf(std::vector<std::string>{
       "a",     "b",      "c",      "1",      " ",    "/",    ".",      "\\d",   "\\w",  "\\s",
       "\\S",   "\\W",    "\\i",    "\\c",    "\\.",  "\\-",  "[ab]",   "[a-c]", "[^a]", "[^ab1]",
       "[0-9]", "[a-c1]", "[\\d/]", "[^\\d]", "[-a]", "[a-]", "[a\\-]", "[\\w ]"});
@@ -197,8 +197,9 @@ RC_GTEST_PROP(PatternAutomatonTest, NoTextIsTakenThatLibxml2Refuses, ()) {
   const auto letter = rc::gen::elementOf(std::vector<std::string>{"a", "b", "c", "1", " ", "/", ".", "-", "\u00E7"});
   for (int i = 0; i < 30; ++i) {
     std::string text;
-    for (const std::string& each : *rc::gen::resize(8, rc::gen::container<std::vector<std::string>>(letter)))
+    for (const std::string& each : *rc::gen::resize(8, rc::gen::container<std::vector<std::string>>(letter))) {
       text += each;
+    }
     if (automaton->Takes(text)) RC_ASSERT(Takes(expression, text));
   }
 }
