@@ -8,7 +8,7 @@
 namespace zevo {
 namespace {
 
-NumberFact Amount(std::string_view text) {
+NumberFact FactOf(std::string_view text) {
   NumberFact fact;
   const auto number = Decimal::FromText(text);
   fact.state = number ? NumberFact::State::kRead : NumberFact::State::kUnreadable;
@@ -18,8 +18,8 @@ NumberFact Amount(std::string_view text) {
 
 TEST(AmountSumTest, AmountsOfTwoDecimalsAddUpExactly) {
   AmountSum sum;
-  sum.Add(Amount("0.10"));
-  sum.Add(Amount("0.2000"));
+  sum.Add(FactOf("0.10"));
+  sum.Add(FactOf("0.2000"));
   sum.Add(NumberFact());
   EXPECT_EQ(sum.sum.Text(), "0.3");
   EXPECT_TRUE(sum.known);
@@ -30,8 +30,8 @@ TEST(AmountSumTest, AmountsOfTwoDecimalsAddUpExactly) {
 
 TEST(AmountSumTest, EachOfMoreDecimalsMayBeRounded) {
   AmountSum sum;
-  sum.Add(Amount("0.333"));
-  sum.Add(Amount("0.333"));
+  sum.Add(FactOf("0.333"));
+  sum.Add(FactOf("0.333"));
   EXPECT_TRUE(sum.Allows(*Decimal::FromText("0.676")));
   EXPECT_FALSE(sum.Allows(*Decimal::FromText("0.6761")));
   EXPECT_TRUE(sum.Allows(*Decimal::FromText("0.656")));
@@ -40,8 +40,8 @@ TEST(AmountSumTest, EachOfMoreDecimalsMayBeRounded) {
 
 TEST(AmountSumTest, ANegativeAmountMayHaveBeenMeantOtherwise) {
   AmountSum sum;
-  sum.Add(Amount("40"));
-  sum.Add(Amount("-10"));
+  sum.Add(FactOf("40"));
+  sum.Add(FactOf("-10"));
   AmountSum other;
   EXPECT_EQ(sum.negative, 10);
   EXPECT_FALSE(sum.Allows(40));
@@ -49,13 +49,13 @@ TEST(AmountSumTest, ANegativeAmountMayHaveBeenMeantOtherwise) {
   EXPECT_TRUE(sum.MayAllow(50, other));
   EXPECT_FALSE(sum.MayAllow(*Decimal::FromText("50.01"), other));
   EXPECT_FALSE(sum.MayAllow(*Decimal::FromText("29.99"), other));
-  other.Add(Amount("-1"));
+  other.Add(FactOf("-1"));
   EXPECT_TRUE(sum.MayAllow(51, other));
 }
 
 TEST(AmountSumTest, ANegativeAmountMayHaveAnyLength) {
   AmountSum sum;
-  sum.Add(Amount("-" + std::string(20'000, '9')));
+  sum.Add(FactOf("-" + std::string(20'000, '9')));
   EXPECT_TRUE(sum.MayAllow(*Decimal::FromText(std::string(20'000, '9')), {}));
   EXPECT_FALSE(sum.MayAllow(*Decimal::FromText("1" + std::string(20'000, '0')), {}));
 }
@@ -63,13 +63,13 @@ TEST(AmountSumTest, ANegativeAmountMayHaveAnyLength) {
 TEST(AmountSumTest, SumsAreAddedWithWhatIsKnownOfThem) {
   AmountSum all;
   AmountSum more;
-  more.Add(Amount("0.333"));
+  more.Add(FactOf("0.333"));
   all += more;
   all += more;
   EXPECT_EQ(all.sum.Text(), "0.666");
   EXPECT_EQ(all.inexact, 2);
   EXPECT_TRUE(all.known);
-  more.Add(Amount("x"));
+  more.Add(FactOf("x"));
   all += more;
   EXPECT_FALSE(all.known);
 }

@@ -11,8 +11,8 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 constexpr std::string_view kEntries = "SalesInvoices/NumberOfEntries";
-constexpr std::string_view kDebit = "SalesInvoices/TotalDebit";
-constexpr std::string_view kCredit = "SalesInvoices/TotalCredit";
+constexpr std::string_view kTotalDebit = "SalesInvoices/TotalDebit";
+constexpr std::string_view kTotalCredit = "SalesInvoices/TotalCredit";
 
 class SectionRulesTest : public CheckTest {
  protected:
@@ -37,8 +37,8 @@ class SectionRulesTest : public CheckTest {
         .With("Invoice[8]/TransactionID", "Anulado")
         .With("Invoice[8]/Line/DebitAmount", "500")
         .With(kEntries, "8")
-        .With(kCredit, "30")
-        .With(kDebit, "4");
+        .With(kTotalCredit, "30")
+        .With(kTotalDebit, "4");
   }
   // The sentences of this rule alone.
   std::vector<std::string> SentencesOf(std::string_view rule, const CleanFile& file) {
@@ -98,16 +98,16 @@ TEST_F(SectionRulesTest, WhichDocumentsWereCountedIsSaidInBothLanguages) {
 }
 
 TEST_F(SectionRulesTest, TheTotalsAreTheSumsOfTheLinesOfLiveDocuments) {
-  EXPECT_THAT(Findings(CleanFile().With(kCredit, "40.01")),
+  EXPECT_THAT(Findings(CleanFile().With(kTotalCredit, "40.01")),
               ElementsAre("SI-SUM E SalesInvoices/TotalCredit [40.01] [40.00] [0.01]"));
-  EXPECT_THAT(Findings(CleanFile().With(kDebit, "3.9999")),
+  EXPECT_THAT(Findings(CleanFile().With(kTotalDebit, "3.9999")),
               ElementsAre("SI-SUM E SalesInvoices/TotalDebit [3.9999] [4.00] [-0.0001]"));
-  EXPECT_THAT(Findings(CleanFile().With(kDebit, "4.0000")), IsEmpty());
-  EXPECT_THAT(Sentences(CleanFile().With(kCredit, "40.01")),
+  EXPECT_THAT(Findings(CleanFile().With(kTotalDebit, "4.0000")), IsEmpty());
+  EXPECT_THAT(Sentences(CleanFile().With(kTotalCredit, "40.01")),
               ElementsAre("Faturas: TotalCredit é 40,01, mas os créditos das linhas somam 40,00 (diferença 0,01).",
                           "Invoices: TotalCredit is 40.01, but the credits of the lines are 40.00 (difference "
                           "0.01)."));
-  EXPECT_THAT(Sentences(CleanFile().With(kDebit, "5")),
+  EXPECT_THAT(Sentences(CleanFile().With(kTotalDebit, "5")),
               ElementsAre("Faturas: TotalDebit é 5, mas os débitos das linhas somam 4,00 (diferença 1,00).",
                           "Invoices: TotalDebit is 5, but the debits of the lines are 4.00 (difference 1.00)."));
 }
@@ -122,19 +122,19 @@ TEST_F(SectionRulesTest, AmountsOfMoreDecimalsMayBeOffByHalfACentEach) {
 }
 
 TEST_F(SectionRulesTest, OtherWaysToSumDocumentsAreInformation) {
-  EXPECT_THAT(OfSection(OfEachState().With(kCredit, "40")),
+  EXPECT_THAT(OfSection(OfEachState().With(kTotalCredit, "40")),
               ElementsAre("SI-SUM I SalesInvoices/TotalCredit [40] [30.00] []"));
-  EXPECT_THAT(OfSection(OfEachState().With(kCredit, "1140")),
+  EXPECT_THAT(OfSection(OfEachState().With(kTotalCredit, "1140")),
               ElementsAre("SI-SUM I SalesInvoices/TotalCredit [1140] [30.00] []"));
-  EXPECT_THAT(OfSection(OfEachState().With(kCredit, "140")),
+  EXPECT_THAT(OfSection(OfEachState().With(kTotalCredit, "140")),
               ElementsAre("SI-SUM I SalesInvoices/TotalCredit [140] [30.00] []"));
-  EXPECT_THAT(OfSection(OfEachState().With(kCredit, "41")),
+  EXPECT_THAT(OfSection(OfEachState().With(kTotalCredit, "41")),
               ElementsAre("SI-SUM E SalesInvoices/TotalCredit [41] [30.00 (11.00), 40.00 (1.00), 1140.00 (-1099.00), "
                           "140.00 (-99.00)] [11.00]"));
   // A tolerance is that of the lines that count.
-  EXPECT_THAT(OfSection(OfEachState().With("Invoice[3]/Line/CreditAmount", "100.001").With(kCredit, "30.005")),
+  EXPECT_THAT(OfSection(OfEachState().With("Invoice[3]/Line/CreditAmount", "100.001").With(kTotalCredit, "30.005")),
               SizeIs(1));
-  EXPECT_THAT(OfSection(OfEachState().With("Invoice[3]/Line/CreditAmount", "100.001").With(kCredit, "140.005")),
+  EXPECT_THAT(OfSection(OfEachState().With("Invoice[3]/Line/CreditAmount", "100.001").With(kTotalCredit, "140.005")),
               ElementsAre("SI-SUM I SalesInvoices/TotalCredit [140.005] [30.00] []"));
 }
 
@@ -142,45 +142,45 @@ TEST_F(SectionRulesTest, WhichDocumentsWereSummedIsSaidInBothLanguages) {
   const auto of_total = [&](std::string_view path, std::string_view total) {
     return SentencesOf("SI-SUM", OfEachState().With(path, total));
   };
-  EXPECT_THAT(of_total(kCredit, "40"),
+  EXPECT_THAT(of_total(kTotalCredit, "40"),
               ElementsAre("Faturas: TotalCredit, 40, soma também os créditos dos documentos resumidos noutros (estado "
                           "F); sem eles seria 30,00.",
                           "Invoices: TotalCredit, 40, is also of the credits of documents summarised in others (status "
                           "F); without them it would be 30.00."));
-  EXPECT_THAT(of_total(kCredit, "1140"),
+  EXPECT_THAT(of_total(kTotalCredit, "1140"),
               ElementsAre("Faturas: TotalCredit, 1140, soma os créditos de todos os documentos, também dos anulados; "
                           "só dos que estão em vigor seria 30,00.",
                           "Invoices: TotalCredit, 1140, is of the credits of all documents, cancelled ones too; "
                           "of live ones only it would be 30.00."));
-  EXPECT_THAT(of_total(kCredit, "140"),
+  EXPECT_THAT(of_total(kTotalCredit, "140"),
               ElementsAre("Faturas: TotalCredit, 140, soma os créditos de todos os documentos menos os de "
                           "TransactionID \"Anulado\"; só dos que estão em vigor seria 30,00.",
                           "Invoices: TotalCredit, 140, is of the credits of all documents but those of "
                           "TransactionID \"Anulado\"; of live ones only it would be 30.00."));
-  EXPECT_THAT(of_total(kCredit, "41"),
+  EXPECT_THAT(of_total(kTotalCredit, "41"),
               ElementsAre("Faturas: TotalCredit é 41; os créditos das linhas, com a diferença, somam 30,00 (11,00) nos "
                           "documentos em vigor, 40,00 (1,00) nos não anulados, 1140,00 (-1099,00) em todos e 140,00 "
                           "(-99,00) nos que não têm TransactionID \"Anulado\".",
                           "Invoices: TotalCredit is 41; the credits of the lines, with the difference, are 30.00 "
                           "(11.00) of live documents, 40.00 (1.00) of those not cancelled, 1140.00 (-1099.00) of all "
                           "and 140.00 (-99.00) of those without TransactionID \"Anulado\"."));
-  EXPECT_THAT(of_total(kDebit, "9"),
+  EXPECT_THAT(of_total(kTotalDebit, "9"),
               ElementsAre("Faturas: TotalDebit, 9, soma também os débitos dos documentos resumidos noutros (estado "
                           "F); sem eles seria 4,00.",
                           "Invoices: TotalDebit, 9, is also of the debits of documents summarised in others (status "
                           "F); without them it would be 4.00."));
-  EXPECT_THAT(of_total(kDebit, "559"),
+  EXPECT_THAT(of_total(kTotalDebit, "559"),
               ElementsAre("Faturas: TotalDebit, 559, soma os débitos de todos os documentos, também dos anulados; só "
                           "dos que estão em vigor seria 4,00.",
                           "Invoices: TotalDebit, 559, is of the debits of all documents, cancelled ones too; of live "
                           "ones only it would be 4.00."));
-  EXPECT_THAT(of_total(kDebit, "59"),
+  EXPECT_THAT(of_total(kTotalDebit, "59"),
               ElementsAre("Faturas: TotalDebit, 59, soma os débitos de todos os documentos menos os de TransactionID "
                           "\"Anulado\"; só dos que estão em vigor seria 4,00.",
                           "Invoices: TotalDebit, 59, is of the debits of all documents but those of TransactionID "
                           "\"Anulado\"; of live ones only it would be 4.00."));
   EXPECT_THAT(
-      of_total(kDebit, "1"),
+      of_total(kTotalDebit, "1"),
       ElementsAre("Faturas: TotalDebit é 1; os débitos das linhas, com a diferença, somam 4,00 (-3,00) nos documentos "
                   "em vigor, 9,00 (-8,00) nos não anulados, 559,00 (-558,00) em todos e 59,00 (-58,00) nos que "
                   "não têm TransactionID \"Anulado\".",
@@ -193,9 +193,9 @@ TEST_F(SectionRulesTest, WhatFollowsFromANegativeAmountIsNotTold) {
   const CleanFile file = CleanFile().With("Invoice/Line[2]/CreditAmount", "-10.00");
   EXPECT_THAT(OfSection(file), IsEmpty());
   EXPECT_EQ(checker_.CountOf("LINE-NEGATIVE"), 1);
-  EXPECT_THAT(OfSection(file.With(kCredit, "20")), IsEmpty());
-  EXPECT_THAT(OfSection(file.With(kCredit, "30").With(kDebit, "14")), IsEmpty());
-  EXPECT_THAT(OfSection(file.With(kCredit, "40.01")),
+  EXPECT_THAT(OfSection(file.With(kTotalCredit, "20")), IsEmpty());
+  EXPECT_THAT(OfSection(file.With(kTotalCredit, "30").With(kTotalDebit, "14")), IsEmpty());
+  EXPECT_THAT(OfSection(file.With(kTotalCredit, "40.01")),
               ElementsAre("SI-SUM E SalesInvoices/TotalCredit [40.01] [20.00] [20.01]"));
 }
 
@@ -209,26 +209,28 @@ TEST_F(SectionRulesTest, ThatThereIsNoInvoiceIsToldBySchema) {
 }
 
 TEST_F(SectionRulesTest, WhatCannotBeReadSilencesTheSums) {
-  EXPECT_THAT(Findings(CleanFile().With("Invoice/Line/CreditAmount", "x").With(kCredit, "1").With(kDebit, "5")),
-              ElementsAre("READ E Invoice FT A/1/Line[1]/CreditAmount [x] [decimal] []",
-                          "SI-SUM E SalesInvoices/TotalDebit [5] [4.00] [1.00]"));
-  EXPECT_THAT(OfSection(CleanFile().Without("Invoice/Line/CreditAmount").With(kCredit, "1").With(kDebit, "5")),
-              IsEmpty());
+  EXPECT_THAT(
+      Findings(CleanFile().With("Invoice/Line/CreditAmount", "x").With(kTotalCredit, "1").With(kTotalDebit, "5")),
+      ElementsAre("READ E Invoice FT A/1/Line[1]/CreditAmount [x] [decimal] []",
+                  "SI-SUM E SalesInvoices/TotalDebit [5] [4.00] [1.00]"));
+  EXPECT_THAT(
+      OfSection(CleanFile().Without("Invoice/Line/CreditAmount").With(kTotalCredit, "1").With(kTotalDebit, "5")),
+      IsEmpty());
   EXPECT_THAT(Findings(CleanFile().Without("Invoice[2]/Line")),
               ElementsAre("SCHEMA E Invoice FT A/2/Line [] [Line] []"));
-  EXPECT_THAT(OfSection(CleanFile().With(kCredit, "x")), IsEmpty());
-  EXPECT_THAT(OfSection(CleanFile().Without(kCredit)), IsEmpty());
+  EXPECT_THAT(OfSection(CleanFile().With(kTotalCredit, "x")), IsEmpty());
+  EXPECT_THAT(OfSection(CleanFile().Without(kTotalCredit)), IsEmpty());
   // Of a cancelled document, sums that count it not are known.
   const CleanFile cancelled = OfEachState().With("Invoice[4]/Line/CreditAmount", "x");
   EXPECT_THAT(OfSection(cancelled), IsEmpty());
-  EXPECT_THAT(OfSection(cancelled.With(kCredit, "40")), SizeIs(1));
-  EXPECT_THAT(OfSection(cancelled.With(kCredit, "41")), IsEmpty());
+  EXPECT_THAT(OfSection(cancelled.With(kTotalCredit, "40")), SizeIs(1));
+  EXPECT_THAT(OfSection(cancelled.With(kTotalCredit, "41")), IsEmpty());
 }
 
 TEST_F(SectionRulesTest, OfAStatusThatIsNoneItIsNotKnownWhatCounts) {
   const CleanFile file = CleanFile().With("Invoice[2]/InvoiceStatus", "Q");
   EXPECT_THAT(OfSection(file), IsEmpty());
-  EXPECT_THAT(OfSection(file.With(kCredit, "30").With(kEntries, "2")), IsEmpty());
+  EXPECT_THAT(OfSection(file.With(kTotalCredit, "30").With(kEntries, "2")), IsEmpty());
   EXPECT_THAT(OfSection(CleanFile().Without("Invoice[2]/InvoiceStatus").With(kEntries, "2")), IsEmpty());
 }
 

@@ -14,12 +14,12 @@ namespace {
 const ScannedName kInvoice{"Invoice", 1, 0};
 const ScannedName kLine{"Line", 2, 0};
 const ScannedName kTax{"Tax", 3, 0};
-const ScannedNames kNames{nullptr, &kInvoice, &kLine, &kTax};
+const ScannedNames kScannedNames{nullptr, &kInvoice, &kLine, &kTax};
 
 class ScannedEntityTest : public ::testing::Test {
  protected:
   void Begin() {
-    entity_.Begin(EntityKind::kInvoice, "J", kNames);
+    entity_.Begin(EntityKind::kInvoice, "J", kScannedNames);
     entity_.BeginElement(kInvoice, {1, 1, 0});
   }
   void Leaf(const ScannedName& name, std::string_view text) {
@@ -102,7 +102,7 @@ TEST_F(ScannedEntityTest, AttributesAreProblemsOfTheirElement) {
 TEST_F(ScannedEntityTest, PlacesAreThoseGivenAndNoneWhereNoneIsKnown) {
   constexpr int64_t kFar = 5'000'000'000;
   const std::vector<FilePlace> places{{kFar, kFar, kFar}, {kFar, kFar + 7, kFar + 7}, {}, {kFar + 1, 3, kFar + 99}};
-  entity_.Begin(EntityKind::kInvoice, "", kNames);
+  entity_.Begin(EntityKind::kInvoice, "", kScannedNames);
   for (const FilePlace& place : places) entity_.BeginElement(kLine, place);
   for (size_t i = 0; i < places.size(); ++i) EXPECT_EQ(entity_.PlaceOf(i), places[i]) << i;
   EXPECT_EQ(entity_.Elements()[3].place, places[3]);

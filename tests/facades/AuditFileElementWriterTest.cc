@@ -45,9 +45,9 @@ class AuditFileElementWriterTest : public ::testing::Test {
   AuditFileElementWriter file_;
 };
 
-using Operation = std::pair<std::string, std::function<bool(AuditFileElementWriter&)>>;
-const std::vector<Operation>& Operations() {
-  static const std::vector<Operation> kOperations = {
+using WriterOperation = std::pair<std::string, std::function<bool(AuditFileElementWriter&)>>;
+const std::vector<WriterOperation>& Operations() {
+  static const std::vector<WriterOperation> kOperations = {
       {"BeginElement", [](auto& file) { return file.BeginElement("Header"); }},
       {"EndElement", [](auto& file) { return file.EndElement(); }},
       {"CreateElement", [](auto& file) { return file.CreateElement("Fax", "1"); }},

@@ -80,7 +80,7 @@ const std::vector<ReadOperation>& ReadsAndCounts() {
   return kOperations;
 }
 
-const ReadOperation& OperationNamed(std::string_view name) {
+const ReadOperation& ReadOperationNamed(std::string_view name) {
   for (const ReadOperation& operation : ReadsAndCounts()) {
     if (operation.name == name) return operation;
   }
@@ -419,7 +419,7 @@ class AuditFileReaderMissingSectionTest : public AuditFileReaderTest,
 
 TEST_P(AuditFileReaderMissingSectionTest, IsReportedByTheMapper) {
   Open("<MasterFiles/>");
-  EXPECT_FALSE(OperationNamed(GetParam().operation).call(reader_));
+  EXPECT_FALSE(ReadOperationNamed(GetParam().operation).call(reader_));
   EXPECT_THAT(reader_, Recorded(*GetParam().message, GetParam().source));
 }
 
@@ -444,7 +444,7 @@ class AuditFileReaderBadValueTest : public AuditFileReaderTest, public ::testing
 
 TEST_P(AuditFileReaderBadValueTest, IsATypeMismatch) {
   Open(GetParam().content);
-  EXPECT_FALSE(OperationNamed(GetParam().operation).call(reader_));
+  EXPECT_FALSE(ReadOperationNamed(GetParam().operation).call(reader_));
   EXPECT_THAT(reader_, RecordedError(kTypeMismatch, "ZevoAdapters11", Not(IsEmpty())));
 }
 

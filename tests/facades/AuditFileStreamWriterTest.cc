@@ -28,7 +28,7 @@ using testing::Recorded;
 using testing::RecordedNothing;
 using testing::TemporaryFolder;
 
-struct Operation {
+struct StreamOperation {
   std::string name;
   std::function<bool(AuditFileStreamWriter&)> call;
 
@@ -41,8 +41,8 @@ std::shared_ptr<TaxTable> TableOfOneEntry() {
   return table;
 }
 
-const std::vector<Operation>& RecordOperations() {
-  static const std::vector<Operation> operations = {
+const std::vector<StreamOperation>& StreamOperations() {
+  static const std::vector<StreamOperation> operations = {
       {"CreateHeader", [](auto& file) { return file.CreateHeader(Header()); }},
       {"CreateGeneralLedger", [](auto& file) { return file.CreateGeneralLedger(GeneralLedger()); }},
       {"CreateCustomer", [](auto& file) { return file.CreateCustomer(Customer()); }},
@@ -72,7 +72,7 @@ class AuditFileStreamWriterTest : public ::testing::Test {
 };
 
 TEST_F(AuditFileStreamWriterTest, EveryRecordOperationNeedsAFileBegun) {
-  for (const Operation& operation : RecordOperations()) {
+  for (const StreamOperation& operation : StreamOperations()) {
     EXPECT_FALSE(operation.call(file_));
     EXPECT_THAT(file_, Recorded(kNotStarted, "AuditFileStreamWriter." + operation.name));
   }
@@ -222,8 +222,8 @@ TEST_F(AuditFileStreamWriterTest, EveryOperationThatWritesFailsWithTheWriteThatW
        [](auto& file) { return file.CreateInvoice(*testing::SampleInvoice(1, "C1", "P1")); }},
   };
   for (const auto& state : kStates) {
-    for (size_t first = 0; first < RecordOperations().size(); ++first) {
-      SCOPED_TRACE(state.name + ", " + RecordOperations()[first].name);
+    for (size_t first = 0; first < StreamOperations().size(); ++first) {
+      SCOPED_TRACE(state.name + ", " + StreamOperations()[first].name);
       file_.set_AuditFileName("/dev/full");
       ASSERT_TRUE(file_.CreateAuditFile());
       ASSERT_TRUE(state.begin(file_));
@@ -234,8 +234,8 @@ TEST_F(AuditFileStreamWriterTest, EveryOperationThatWritesFailsWithTheWriteThatW
       ASSERT_THAT(file_, testing::RecordedError(testing::kDiskFull, "ZevoAdapters11",
                                                 ::testing::HasSubstr("No space left on device: /dev/full")));
 
-      for (size_t i = 0; i < RecordOperations().size() * 2; ++i) {
-        const Operation& operation = RecordOperations()[(first + i) % RecordOperations().size()];
+      for (size_t i = 0; i < StreamOperations().size() * 2; ++i) {
+        const StreamOperation& operation = StreamOperations()[(first + i) % StreamOperations().size()];
         EXPECT_EQ(operation.call(file_), !operation.Writes()) << operation.name;
         if (operation.Writes()) {
           EXPECT_THAT(file_, testing::RecordedError(lost->Number(), lost->Source(), lost->Description()));

@@ -41,7 +41,7 @@ class Witness {
   std::string Canonical() const {
     xmlChar* text = nullptr;
     const int size = xmlC14NDocDumpMemory(document_.get(), nullptr, XML_C14N_1_0, nullptr, 1, &text);
-    const std::string result(reinterpret_cast<const char*>(text), static_cast<size_t>(size));
+    std::string result(reinterpret_cast<const char*>(text), static_cast<size_t>(size));
     xmlFree(text);
     return result;
   }
@@ -111,12 +111,13 @@ std::string Join(std::initializer_list<std::string_view> parts) {
 }
 
 std::string Replaced(std::string text, std::string_view from, std::string_view to) {
-  for (size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+  for (size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
     text.replace(at, from.size(), to);
+  }
   return text;
 }
 
-constexpr std::string_view kRoot = "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\">";
+constexpr std::string_view kBegin = "<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\">";
 constexpr std::string_view kEnd = "</AuditFile>";
 
 struct ForeignFile {
@@ -134,7 +135,7 @@ std::string Prefixed() {
 }
 
 std::string Indented() {
-  return Join({"<?xml version=\"1.0\"?>\r\n", kRoot, "\r\n\t",
+  return Join({"<?xml version=\"1.0\"?>\r\n", kBegin, "\r\n\t",
                Replaced(Join({kHeader, kMasterFiles, kEntries}), "><", ">\r\n\t  <"), "\r\n", kEnd, "\r\n"});
 }
 
@@ -172,25 +173,25 @@ TEST_P(ForeignFileTest, IsCounted) {
 INSTANTIATE_TEST_SUITE_P(
     EveryKind, ForeignFileTest,
     Values(
-        ForeignFile{"one line without a declaration", Join({kRoot, kHeader, kMasterFiles, kEntries, kEnd})},
+        ForeignFile{"one line without a declaration", Join({kBegin, kHeader, kMasterFiles, kEntries, kEnd})},
         ForeignFile{"indented, with carriage returns", Indented()}, ForeignFile{"prefixed", Prefixed()},
         ForeignFile{"in UTF-8 with a byte order mark",
-                    Join({"\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>", kRoot, "<!-- Évora -->",
+                    Join({"\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>", kBegin, "<!-- Évora -->",
                           Replaced(std::string(kHeader), "Casa", "Casa Évora €"), kMasterFiles, kEnd})},
         ForeignFile{"in UTF-8 beyond the code page",
-                    Join({"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", kRoot,
+                    Join({"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", kBegin,
                           Replaced(std::string(kHeader), "Casa", "Дом 家 😀"), kMasterFiles, kEnd})},
         ForeignFile{
             "in UTF-8 with a comment beyond the code page",
-            Join({"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", kRoot, "<!-- 家 -->", kHeader, kMasterFiles, kEnd})},
+            Join({"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", kBegin, "<!-- 家 -->", kHeader, kMasterFiles, kEnd})},
         ForeignFile{
             "in little-endian UTF-16",
-            ToUtf16(Join({"<?xml version=\"1.0\" encoding=\"UTF-16\"?>", kRoot, kHeader, kMasterFiles, kEnd}), false)},
+            ToUtf16(Join({"<?xml version=\"1.0\" encoding=\"UTF-16\"?>", kBegin, kHeader, kMasterFiles, kEnd}), false)},
         ForeignFile{
             "in big-endian UTF-16",
-            ToUtf16(Join({"<?xml version=\"1.0\" encoding=\"UTF-16\"?>", kRoot, kHeader, kMasterFiles, kEnd}), true)},
+            ToUtf16(Join({"<?xml version=\"1.0\" encoding=\"UTF-16\"?>", kBegin, kHeader, kMasterFiles, kEnd}), true)},
         ForeignFile{"in Windows-1252 with the euro sign",
-                    Join({"<?xml version=\"1.0\" encoding=\"Windows-1252\"?>", kRoot,
+                    Join({"<?xml version=\"1.0\" encoding=\"Windows-1252\"?>", kBegin,
                           Replaced(std::string(kHeader), "Casa", "Casa \xC9vora \x80"), kMasterFiles, kEnd})},
         ForeignFile{"with a schema location and other attributes on the root",
                     Join({"<AuditFile xmlns=\"urn:OECD:StandardAuditFile-Tax:PT_1.01_01\""
@@ -199,23 +200,23 @@ INSTANTIATE_TEST_SUITE_P(
                           kHeader, kMasterFiles, kEnd})},
         ForeignFile{
             "with foreign attributes",
-            Join({kRoot, Replaced(std::string(kHeader), "<CompanyID>", "<CompanyID xml:lang=\"pt\" a='\"&amp;'>"),
+            Join({kBegin, Replaced(std::string(kHeader), "<CompanyID>", "<CompanyID xml:lang=\"pt\" a='\"&amp;'>"),
                   kMasterFiles, kEnd}),
             false},
         ForeignFile{"with comments and instructions everywhere",
-                    Join({"<!-- before --><?first of all?>", kRoot, "<!-- in --><?go on?>",
+                    Join({"<!-- before --><?first of all?>", kBegin, "<!-- in --><?go on?>",
                           Replaced(std::string(kHeader), "Casa", "Ca<!-- - in - a - leaf - -->sa<?pi?>"), "<!---->",
                           kMasterFiles, kEnd, "<!-- after --><?last?>"})},
         ForeignFile{"with sections of character data",
-                    Join({kRoot, Replaced(std::string(kHeader), "Casa", "<![CDATA[Silva & <Filhos>]]> e ]]&gt;"),
+                    Join({kBegin, Replaced(std::string(kHeader), "Casa", "<![CDATA[Silva & <Filhos>]]> e ]]&gt;"),
                           kMasterFiles, kEnd})},
         ForeignFile{
             "with references",
-            Join({kRoot, Replaced(std::string(kHeader), "Casa", "&#x20AC; &#233;&amp;&lt;&gt;&quot;&apos;&#13;&#10;"),
+            Join({kBegin, Replaced(std::string(kHeader), "Casa", "&#x20AC; &#233;&amp;&lt;&gt;&quot;&apos;&#13;&#10;"),
                   kMasterFiles, kEnd})},
-        ForeignFile{"with the sections in another order", Join({kRoot, kEntries, kMasterFiles, kHeader, kEnd}), false},
+        ForeignFile{"with the sections in another order", Join({kBegin, kEntries, kMasterFiles, kHeader, kEnd}), false},
         ForeignFile{"with elements of another namespace",
-                    Join({kRoot, kHeader, kMasterFiles, "<x:note xmlns:x=\"urn:x\" x:a=\"1\"><x:deep/>text</x:note>",
+                    Join({kBegin, kHeader, kMasterFiles, "<x:note xmlns:x=\"urn:x\" x:a=\"1\"><x:deep/>text</x:note>",
                           "<other xmlns=\"urn:other\"><deep/></other>", kEnd}),
                     false},
         ForeignFile{"with an element of another default namespace around the section",
@@ -231,7 +232,7 @@ TEST(ForeignFileContentTest, IsReadThroughTheReader) {
   const TemporaryFolder folder;
   AuditFileReader reader;
   reader.set_AuditFileName(folder.Write(
-      "saft.xml", Join({"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- a -->\n", kRoot, "\n  ",
+      "saft.xml", Join({"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- a -->\n", kBegin, "\n  ",
                         Replaced(Replaced(std::string(kHeader), "Casa", "Évora &amp; 家"), "><", ">\r\n  <"),
                         Replaced(std::string(kMasterFiles), "<MasterFiles>", "<MasterFiles><!-- b -->"), kEnd})));
   ASSERT_TRUE(reader.OpenAuditFile()) << Told(reader.AuditException());
@@ -259,7 +260,7 @@ TEST(ForeignFileContentTest, LeavesWithAPrefixOrAttributesReadEmpty) {
 
   AuditFileReader other;
   other.set_AuditFileName(folder.Write(
-      "other.xml", Join({kRoot, Replaced(std::string(kHeader), "<CompanyID>", "<CompanyID a='1'>"), kEnd})));
+      "other.xml", Join({kBegin, Replaced(std::string(kHeader), "<CompanyID>", "<CompanyID a='1'>"), kEnd})));
   ASSERT_TRUE(other.OpenAuditFile());
   ASSERT_TRUE(other.ReadHeader(header));
   EXPECT_EQ(header->CompanyID(), "");
@@ -269,7 +270,7 @@ TEST(ForeignFileContentTest, LeavesWithAPrefixOrAttributesReadEmpty) {
 TEST(ForeignFileContentTest, SectionsOfCharacterDataStaySections) {
   const TemporaryFolder folder;
   const std::string path =
-      folder.Write("saft.xml", Join({kRoot, "<Header><CompanyName><![CDATA[a & b]]></CompanyName></Header>", kEnd}));
+      folder.Write("saft.xml", Join({kBegin, "<Header><CompanyName><![CDATA[a & b]]></CompanyName></Header>", kEnd}));
   AuditFile file;
   file.set_AuditFileName(path);
   ASSERT_TRUE(file.OpenAuditFile());
@@ -279,7 +280,7 @@ TEST(ForeignFileContentTest, SectionsOfCharacterDataStaySections) {
 
 TEST(ForeignFileContentTest, SectionThatIsMissingIsAddedAtTheEnd) {
   const TemporaryFolder folder;
-  const std::string path = folder.Write("saft.xml", Join({kRoot, kHeader, kEntries, kEnd}));
+  const std::string path = folder.Write("saft.xml", Join({kBegin, kHeader, kEntries, kEnd}));
   AuditFile file;
   file.set_AuditFileName(path);
   ASSERT_TRUE(file.OpenAuditFile());

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
 #include <zevo/mappers/InvoiceDALC.h>
 
 #include <memory>
@@ -13,6 +14,7 @@ namespace {
 
 using testing::Describe;
 using testing::FullInvoice;
+using ::testing::HasSubstr;
 using testing::NumberOf;
 using testing::OneLine;
 
@@ -41,8 +43,6 @@ class InvoiceDALCTest : public testing::MapperTest {
                        .append("</Invoice></SalesInvoices></SourceDocuments>"));
   }
 };
-
-bool Contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
 
 TEST_F(InvoiceDALCTest, WritesEveryProperty) {
   Begin(kSection);
@@ -161,25 +161,25 @@ TEST_F(InvoiceDALCTest, EmptyInvoiceHasItsRequiredElementsStatusAndTypeEmpty) {
 }
 
 TEST_F(InvoiceDALCTest, EmptyCurrencyCarriesACreditOfZero) {
-  EXPECT_TRUE(Contains(WrittenWith([](Invoice& invoice) {
-                         invoice.DocumentTotals()->set_CurrencyValue(std::make_shared<CurrencyStructure>());
-                       }),
-                       "<Currency><CurrencyCreditAmount>0</CurrencyCreditAmount></Currency></DocumentTotals>"));
+  EXPECT_THAT(WrittenWith([](Invoice& invoice) {
+                invoice.DocumentTotals()->set_CurrencyValue(std::make_shared<CurrencyStructure>());
+              }),
+              HasSubstr("<Currency><CurrencyCreditAmount>0</CurrencyCreditAmount></Currency></DocumentTotals>"));
 }
 
 TEST_F(InvoiceDALCTest, CurrencyCarriesItsCreditWhenThereIsNoDebit) {
-  EXPECT_TRUE(Contains(WrittenWith([](Invoice& invoice) {
-                         auto currency = std::make_shared<CurrencyStructure>();
-                         currency->set_CurrencyCreditAmount(Amount::FromText("4.75"));
-                         invoice.DocumentTotals()->set_CurrencyValue(currency);
-                       }),
-                       "<Currency><CurrencyCreditAmount>4.75</CurrencyCreditAmount></Currency>"));
+  EXPECT_THAT(WrittenWith([](Invoice& invoice) {
+                auto currency = std::make_shared<CurrencyStructure>();
+                currency->set_CurrencyCreditAmount(Amount::FromText("4.75"));
+                invoice.DocumentTotals()->set_CurrencyValue(currency);
+              }),
+              HasSubstr("<Currency><CurrencyCreditAmount>4.75</CurrencyCreditAmount></Currency>"));
 }
 
 TEST_F(InvoiceDALCTest, EmptySettlementHasItsAmountOnlyAndNoPaymentMechanism) {
-  EXPECT_TRUE(Contains(
+  EXPECT_THAT(
       WrittenWith([](Invoice& invoice) { invoice.DocumentTotals()->set_Settlement(std::make_shared<Settlement>()); }),
-      "<Settlement><SettlementAmount>0</SettlementAmount></Settlement></DocumentTotals>"));
+      HasSubstr("<Settlement><SettlementAmount>0</SettlementAmount></Settlement></DocumentTotals>"));
 }
 
 TEST_F(InvoiceDALCTest, TypesAreWrittenAndReadByTheirCode) {
@@ -188,8 +188,8 @@ TEST_F(InvoiceDALCTest, TypesAreWrittenAndReadByTheirCode) {
                                                           {51, "CS"}, {52, "LD"}, {53, "RA"}};
   for (const auto& [value, code] : cases) {
     const auto type = static_cast<InvoiceTypes>(value);
-    EXPECT_TRUE(Contains(WrittenWith([&](Invoice& invoice) { invoice.set_InvoiceType(type); }),
-                         "<InvoiceType>" + code + "</InvoiceType>"));
+    EXPECT_THAT(WrittenWith([&](Invoice& invoice) { invoice.set_InvoiceType(type); }),
+                HasSubstr("<InvoiceType>" + code + "</InvoiceType>"));
     EXPECT_EQ(Read(ReadingInvoice("<InvoiceType>" + code + "</InvoiceType>"))->InvoiceType(), value);
   }
 }
@@ -198,8 +198,8 @@ TEST_F(InvoiceDALCTest, StatusesAreWrittenAndReadByTheirCode) {
   const std::vector<std::pair<int, std::string>> cases = {{81, "N"}, {82, "A"}, {83, "F"}, {84, "S"}};
   for (const auto& [value, code] : cases) {
     const auto status = static_cast<InvoiceStatuses>(value);
-    EXPECT_TRUE(Contains(WrittenWith([&](Invoice& invoice) { invoice.set_InvoiceStatus(status); }),
-                         "<InvoiceStatus>" + code + "</InvoiceStatus>"));
+    EXPECT_THAT(WrittenWith([&](Invoice& invoice) { invoice.set_InvoiceStatus(status); }),
+                HasSubstr("<InvoiceStatus>" + code + "</InvoiceStatus>"));
     EXPECT_EQ(Read(ReadingInvoice("<InvoiceStatus>" + code + "</InvoiceStatus>"))->InvoiceStatus(), value);
   }
 }
@@ -214,7 +214,7 @@ TEST_F(InvoiceDALCTest, PaymentMechanismsAreWrittenAndReadByTheirCode) {
       invoice.DocumentTotals()->set_Settlement(std::make_shared<Settlement>());
       invoice.DocumentTotals()->Settlement()->set_PaymentMechanism(static_cast<PaymentMechanisms>(value));
     });
-    EXPECT_TRUE(Contains(written, element)) << written;
+    EXPECT_THAT(written, HasSubstr(element));
     EXPECT_EQ(Read(ReadingBack())->DocumentTotals()->Settlement()->PaymentMechanism(), value);
   }
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
 #include <zevo/mappers/InvoiceLineDALC.h>
 
 #include <memory>
@@ -13,6 +14,7 @@ namespace {
 
 using testing::Describe;
 using testing::FullInvoiceLine;
+using ::testing::HasSubstr;
 using testing::OneLine;
 
 class InvoiceLineDALCTest : public testing::MapperTest {
@@ -41,8 +43,6 @@ class InvoiceLineDALCTest : public testing::MapperTest {
                        .append("</Line></Invoice>"));
   }
 };
-
-bool Contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
 
 TEST_F(InvoiceLineDALCTest, WritesEveryProperty) {
   Create(*FullInvoiceLine(7));
@@ -136,14 +136,14 @@ TEST_F(InvoiceLineDALCTest, CreditNotesAreWrittenInOrderEmptyOnesToo) {
       line.References()->CreditNote()->Add(note);
     }
   });
-  EXPECT_TRUE(Contains(written,
-                       "<References><CreditNote><Reference>b</Reference></CreditNote><CreditNote></CreditNote>"
-                       "<CreditNote><Reference>a</Reference></CreditNote></References>"));
+  EXPECT_THAT(written,
+              HasSubstr("<References><CreditNote><Reference>b</Reference></CreditNote><CreditNote></CreditNote>"
+                        "<CreditNote><Reference>a</Reference></CreditNote></References>"));
 }
 
 TEST_F(InvoiceLineDALCTest, LineWithoutAmountsGetsACreditOfZero) {
-  EXPECT_TRUE(
-      Contains(WrittenWith([](InvoiceLine&) {}), "<Description></Description><CreditAmount>0</CreditAmount><Sett"));
+  EXPECT_THAT(WrittenWith([](InvoiceLine&) {}),
+              HasSubstr("<Description></Description><CreditAmount>0</CreditAmount><Sett"));
 }
 
 TEST_F(InvoiceLineDALCTest, DebitOfFiveAndCreditOfThreeWritesOnlyTheDebit) {
@@ -151,7 +151,7 @@ TEST_F(InvoiceLineDALCTest, DebitOfFiveAndCreditOfThreeWritesOnlyTheDebit) {
     line.set_DebitAmount(5);
     line.set_CreditAmount(3);
   });
-  EXPECT_TRUE(Contains(written, "<Description></Description><DebitAmount>5</DebitAmount><Sett"));
+  EXPECT_THAT(written, HasSubstr("<Description></Description><DebitAmount>5</DebitAmount><Sett"));
 }
 
 TEST_F(InvoiceLineDALCTest, TaxWithAPercentageWritesNoAmountEvenWhenItIsSet) {
@@ -160,7 +160,7 @@ TEST_F(InvoiceLineDALCTest, TaxWithAPercentageWritesNoAmountEvenWhenItIsSet) {
     line.Tax()->set_TaxPercentage(23);
     line.Tax()->set_TaxAmount(5);
   });
-  EXPECT_TRUE(Contains(written, "<TaxCountryRegion></TaxCountryRegion><TaxPercentage>23</TaxPercentage></Tax>"));
+  EXPECT_THAT(written, HasSubstr("<TaxCountryRegion></TaxCountryRegion><TaxPercentage>23</TaxPercentage></Tax>"));
 }
 
 TEST_F(InvoiceLineDALCTest, TaxWithoutPercentageWritesItsAmount) {
@@ -168,7 +168,7 @@ TEST_F(InvoiceLineDALCTest, TaxWithoutPercentageWritesItsAmount) {
     line.set_Tax(std::make_shared<Tax>());
     line.Tax()->set_TaxAmount(0.1F);
   });
-  EXPECT_TRUE(Contains(written, "<TaxCountryRegion></TaxCountryRegion><TaxAmount>0.1</TaxAmount></Tax>"));
+  EXPECT_THAT(written, HasSubstr("<TaxCountryRegion></TaxCountryRegion><TaxAmount>0.1</TaxAmount></Tax>"));
 }
 
 TEST_F(InvoiceLineDALCTest, QuantityGoesThroughSinglePrecision) {
@@ -184,7 +184,7 @@ TEST_F(InvoiceLineDALCTest, QuantityGoesThroughSinglePrecision) {
   for (const auto& [quantity, text] : cases) {
     const Amount amount = Amount::FromText(quantity);
     const std::string written = WrittenWith([&](InvoiceLine& line) { line.set_Quantity(amount); });
-    EXPECT_TRUE(Contains(written, "<Quantity>" + text + "</Quantity>")) << quantity << " in " << written;
+    EXPECT_THAT(written, HasSubstr("<Quantity>" + text + "</Quantity>")) << quantity;
   }
 }
 
@@ -236,7 +236,7 @@ TEST_F(InvoiceLineDALCTest, OrderIsWrittenAndReadUnderTheNameThatEndsInCapitals)
   line.set_OrderReferences(std::make_shared<OrderReferences>());
   line.OrderReferences()->set_OriginatingOn("E1");
   Create(line);
-  EXPECT_TRUE(Contains(Written(), "<OriginatingON>E1</OriginatingON>"));
+  EXPECT_THAT(Written(), HasSubstr("<OriginatingON>E1</OriginatingON>"));
   EXPECT_EQ(Read(ReadingBack())->OrderReferences()->OriginatingOn(), "E1");
   EXPECT_EQ(Read(ReadingLine("<OrderReferences><OriginatingOn>E1</OriginatingOn></OrderReferences>"))
                 ->OrderReferences()

@@ -17,13 +17,13 @@ namespace {
 static_assert(std::is_empty_v<SAFTConstants>);
 static_assert(ReadingAborted == -2147221003);
 
-struct Row {
+struct CodeRow {
   int32_t value;
   std::string_view text;
 };
 
 template <class Enumeration>
-void ExpectCodes(const std::vector<Row>& rows) {
+void ExpectCodes(const std::vector<CodeRow>& rows) {
   static_assert(std::is_same_v<std::underlying_type_t<Enumeration>, int32_t>);
   ASSERT_EQ(CodesOf<Enumeration>().size(), rows.size());
   for (size_t i = 0; i < rows.size(); ++i) {

@@ -17,7 +17,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr std::array<std::string_view, 3> kVocabulary = {"AuditFile", "Journal", "JournalID"};
+constexpr std::array<std::string_view, 3> kDocumentNames = {"AuditFile", "Journal", "JournalID"};
 
 class DocumentTest : public ::testing::Test {
  protected:
@@ -53,7 +53,7 @@ TEST_F(DocumentTest, IsEmptyAtFirst) {
 }
 
 TEST_F(DocumentTest, NumbersItsVocabularyFromOne) {
-  Document document(kVocabulary);
+  Document document(kDocumentNames);
   EXPECT_EQ(document.AppendElement(Element(), 2).Name(), "Journal");
   EXPECT_EQ(document.Names().Find("JournalID"), 3u);
 }
@@ -185,7 +185,7 @@ TEST_F(DocumentTest, AttributesAreAskedByTheirQualifiedName) {
 TEST_F(DocumentTest, TextsLargerThanABlockOfTheArenaAreKeptWhole) {
   std::vector<std::string> texts;
   for (const size_t size : {1u, 65'535u, 65'536u, 65'537u, 1'000'000u, 10u}) {
-    texts.push_back(std::string(size, static_cast<char>('a' + texts.size())));
+    texts.emplace_back(size, static_cast<char>('a' + texts.size()));
     Add(root_, "e", texts.back());
   }
   size_t at = 0;

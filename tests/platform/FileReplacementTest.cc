@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/platform/Replacement.h"
 #include "tests/support/Errors.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -17,16 +18,10 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::ErrorOf;
+using testing::kNew;
+using testing::kOld;
 using testing::ReadBytes;
-
-constexpr std::string_view kOld = "old content";
-constexpr std::string_view kNew = "new and longer content";
-
-void Replace(const std::string& target, std::string_view bytes) {
-  FileReplacement replacement(target);
-  replacement.Write(bytes);
-  replacement.Commit();
-}
+using testing::Replace;
 
 class FileReplacementTest : public ::testing::Test {
  protected:
@@ -98,8 +93,9 @@ TEST_F(FileReplacementTest, ANameInTheCurrentFolder) {
 }
 
 TEST_F(FileReplacementTest, WhatADeadProcessLeftIsDeleted) {
-  for (const char* name : {"zevo-1-0.tmp", "zevo-1-1.tmp", "zevo-4294967295-123.tmp"})
+  for (const char* name : {"zevo-1-0.tmp", "zevo-1-1.tmp", "zevo-4294967295-123.tmp"}) {
     folder_.Write(name, "left behind");
+  }
   folder_.Write("zevo-1.tmp", "no name of ours");
   std::filesystem::create_directory(folder_.Path("zevo-1-2.tmp"));
   Replace(folder_.Path("file"), kNew);

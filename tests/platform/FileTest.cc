@@ -20,6 +20,7 @@
 
 #include "tests/platform/Child.h"
 #include "tests/platform/Numbered.h"
+#include "tests/platform/Replacement.h"
 #include "tests/support/Errors.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -31,17 +32,11 @@ using ::testing::ElementsAre;
 using testing::ErrorOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using testing::kNew;
+using testing::kOld;
 using testing::ReadBytes;
+using testing::Replace;
 using testing::RunInChild;
-
-constexpr std::string_view kOld = "old content";
-constexpr std::string_view kNew = "new and longer content";
-
-void Replace(const std::string& target, std::string_view bytes) {
-  FileReplacement replacement(target);
-  replacement.Write(bytes);
-  replacement.Commit();
-}
 
 // Runs code as a user without privileges; gives the number of the error that it raises, 0 for none.
 template <class Code>

@@ -106,7 +106,7 @@ TEST(NameTableTest, NamesOfEveryLengthAreToldApart) {
   std::vector<std::string> texts;
   for (size_t length = 1; length < 40; ++length) {
     for (size_t at = 0; at < length; ++at) {
-      texts.push_back(std::string(length, 'a'));
+      texts.emplace_back(length, 'a');
       texts.back()[at] = 'b';
     }
   }

@@ -621,7 +621,7 @@ class ThrowingHandler : public ParserHandler {
   int at_;
 };
 
-int EventCount(const std::string& file) {
+int EventsIn(const std::string& file) {
   ThrowingHandler counter(-1);
   Raise(Parser(file).Parse(counter), "S");
   return counter.seen;
@@ -632,7 +632,7 @@ TEST(ParserTest, WhatAHandlerThrowsComesOutUnchangedAndNoEventFollows) {
   // An error behind the throw does not hide it.
   const std::string file = folder.Write("file", testing::kRichFile);
   const std::string broken = folder.Write("broken", std::string(testing::kRichFile) + "<");
-  const int count = EventCount(file);
+  const int count = EventsIn(file);
   ASSERT_GT(count, 25);
   for (int at = 1; at <= count; ++at) {
     for (const std::string& each : {file, broken}) {
@@ -656,7 +656,7 @@ TEST(ParserTest, NothingLeaksWhenAHandlerThrowsOrAFileIsRefused) {
   const std::string file = folder.Write("file", testing::kRichFile);
   const std::string broken = folder.Write("broken", testing::kRichFile.substr(0, 200));
   const std::string type = folder.Write("type", "<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>");
-  const int count = EventCount(file);
+  const int count = EventsIn(file);
   const auto round = [&] {
     for (int at = 1; at <= count; ++at) {
       ThrowingHandler handler(at);
@@ -770,7 +770,7 @@ TEST(ParserTest, MemoryDoesNotGrowWithTheFile) {
       getrusage(RUSAGE_SELF, &usage);
       return usage.ru_maxrss;
     };
-    const long before = peak();
+    const int64_t before = peak();
     testing::NoEvents events;
     Raise(Parser(name).Parse(events), "S");
     return std::to_string(peak() - before);

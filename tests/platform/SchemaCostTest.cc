@@ -93,7 +93,7 @@ constexpr std::string_view kTime = "levaria tempo de mais a preparar";
 constexpr std::string_view kMemory = "levaria memória de mais a preparar";
 constexpr std::string_view kEmpty = "o que pode estar vazio";
 
-const std::function<SchemaLimit()> kLimits[] = {
+const std::function<SchemaLimit()> kCostLimits[] = {
     [] {
       return SchemaLimit{Type("c", Sequence(Optional(500))), Type("c", Sequence(Optional(501))),
                          "mais de 500 elementos, em «c»"};
@@ -216,7 +216,7 @@ class SchemaCostLimitTest : public ::testing::TestWithParam<std::function<Schema
 
 TEST_P(SchemaCostLimitTest, IsKept) { testing::ExpectKept(GetParam()()); }
 
-INSTANTIATE_TEST_SUITE_P(All, SchemaCostLimitTest, ::testing::ValuesIn(kLimits), testing::Numbered());
+INSTANTIATE_TEST_SUITE_P(All, SchemaCostLimitTest, ::testing::ValuesIn(kCostLimits), testing::Numbered());
 
 }  // namespace
 }  // namespace zevo

@@ -102,7 +102,7 @@ TEST_F(SchemaReferencesTest, WhatGoesBeyondIsToldWithItsDefinition) {
 
 constexpr std::string_view kChained = "remetem umas para outras vezes de mais";
 
-const std::function<SchemaLimit()> kLimits[] = {
+const std::function<SchemaLimit()> kReferenceLimits[] = {
     [] {
       constexpr std::string_view kMember = "<xs:element name='e+' substitutionGroup='e#'/>";
       return SchemaLimit{Each(500, kMember) + "<xs:element name='e0'/>", Each(501, kMember) + "<xs:element name='e0'/>",
@@ -158,7 +158,7 @@ class SchemaReferencesLimitTest : public ::testing::TestWithParam<std::function<
 
 TEST_P(SchemaReferencesLimitTest, IsKept) { testing::ExpectKept(GetParam()()); }
 
-INSTANTIATE_TEST_SUITE_P(All, SchemaReferencesLimitTest, ::testing::ValuesIn(kLimits), testing::Numbered());
+INSTANTIATE_TEST_SUITE_P(All, SchemaReferencesLimitTest, ::testing::ValuesIn(kReferenceLimits), testing::Numbered());
 
 TEST_F(SchemaReferencesTest, OnlyAttributesOfSchemasRefer) {
   const Error error = testing::ErrorOf([] {

@@ -16,11 +16,10 @@ namespace zevo {
 namespace {
 
 using namespace std::string_literals;
-using Fault = TextDecoder::Fault;
 
 struct Decoded {
   std::string text;
-  Fault fault;
+  TextDecoder::Fault fault;
 };
 
 Decoded Decode(std::string_view bytes, size_t pieceSize = 4000) {
@@ -40,7 +39,7 @@ std::string Declared(std::string_view encoding) {
 void ExpectDecodes(const std::string& bytes, const std::string& text) {
   for (const size_t pieceSize : {4u, 5u, 7u, 64u, 4000u, 1'000'000u}) {
     const Decoded decoded = Decode(bytes, pieceSize);
-    EXPECT_EQ(decoded.fault, Fault::kNone) << pieceSize;
+    EXPECT_EQ(decoded.fault, TextDecoder::Fault::kNone) << pieceSize;
     EXPECT_TRUE(decoded.text == text) << "in pieces of " << pieceSize << ": " << decoded.text.substr(0, 200);
   }
 }
@@ -77,7 +76,7 @@ TEST(TextDecoderTest, AsciiHasNoUpperBytes) {
   ExpectDecodes(Declared("US-ASCII") + "abc\x7F", Declared("US-ASCII") + "abc\x7F");
   const Decoded decoded = Decode(Declared("US-ASCII") + "abc\x80xyz");
   EXPECT_EQ(decoded.text, Declared("US-ASCII") + "abc");
-  EXPECT_EQ(decoded.fault, Fault::kUndecodable);
+  EXPECT_EQ(decoded.fault, TextDecoder::Fault::kUndecodable);
 }
 
 TEST(TextDecoderTest, Utf16InBothOrdersWithMarkWithDeclarationAndWithNeither) {
@@ -115,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(All, TextDecoderDeclarationTest,
 
 struct Contradiction {
   std::string bytes;
-  Fault fault;
+  TextDecoder::Fault fault;
 };
 
 class TextDecoderRefusedDeclarationTest : public ::testing::TestWithParam<Contradiction> {};
@@ -128,26 +127,26 @@ TEST_P(TextDecoderRefusedDeclarationTest, GivesNothingButItsFault) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, TextDecoderRefusedDeclarationTest,
-    ::testing::Values(Contradiction{Declared("ISO-8859-15"), Fault::kUnknownEncoding},
-                      Contradiction{Declared("windows-1251"), Fault::kUnknownEncoding},
-                      Contradiction{Declared("windows-12520"), Fault::kUnknownEncoding},
-                      Contradiction{Declared(""), Fault::kUnknownEncoding},
-                      Contradiction{Declared("UTF-7"), Fault::kUnknownEncoding},
-                      Contradiction{Declared("UTF-16"), Fault::kContradictoryEncoding},
-                      Contradiction{Declared("UTF-16LE"), Fault::kContradictoryEncoding},
-                      Contradiction{std::string(kBom) + Declared("windows-1252"), Fault::kContradictoryEncoding},
-                      Contradiction{std::string(kBom) + Declared("ISO-8859-1"), Fault::kContradictoryEncoding},
-                      Contradiction{std::string(kBom) + Declared("UTF-16"), Fault::kContradictoryEncoding},
-                      Contradiction{std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("UTF-8")),
-                                    Fault::kContradictoryEncoding},
-                      Contradiction{
-                          std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("windows-1252")),
-                          Fault::kContradictoryEncoding},
-                      Contradiction{std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("UTF-16BE")),
-                                    Fault::kContradictoryEncoding},
-                      Contradiction{std::string(kBomBigEndian) + testing::InUtf16BigEndian(Declared("UTF-16LE")),
-                                    Fault::kContradictoryEncoding},
-                      Contradiction{testing::InUtf16BigEndian(Declared("UTF-8")), Fault::kContradictoryEncoding}),
+    ::testing::Values(
+        Contradiction{Declared("ISO-8859-15"), TextDecoder::Fault::kUnknownEncoding},
+        Contradiction{Declared("windows-1251"), TextDecoder::Fault::kUnknownEncoding},
+        Contradiction{Declared("windows-12520"), TextDecoder::Fault::kUnknownEncoding},
+        Contradiction{Declared(""), TextDecoder::Fault::kUnknownEncoding},
+        Contradiction{Declared("UTF-7"), TextDecoder::Fault::kUnknownEncoding},
+        Contradiction{Declared("UTF-16"), TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{Declared("UTF-16LE"), TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{std::string(kBom) + Declared("windows-1252"), TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{std::string(kBom) + Declared("ISO-8859-1"), TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{std::string(kBom) + Declared("UTF-16"), TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("UTF-8")),
+                      TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("windows-1252")),
+                      TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{std::string(kBomLittleEndian) + testing::InUtf16LittleEndian(Declared("UTF-16BE")),
+                      TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{std::string(kBomBigEndian) + testing::InUtf16BigEndian(Declared("UTF-16LE")),
+                      TextDecoder::Fault::kContradictoryEncoding},
+        Contradiction{testing::InUtf16BigEndian(Declared("UTF-8")), TextDecoder::Fault::kContradictoryEncoding}),
     testing::Numbered());
 
 TEST(TextDecoderTest, OnlyADeclarationDeclares) {
@@ -166,12 +165,12 @@ TEST(TextDecoderTest, WhatComesBeforeANulIsGiven) {
   for (const std::string& start : {"<a>"s, Declared("UTF-8") + "<a>", Declared("windows-1252") + "<a>"}) {
     const Decoded decoded = Decode(start + "\0</a>"s);
     EXPECT_EQ(decoded.text, start);
-    EXPECT_EQ(decoded.fault, Fault::kNul);
+    EXPECT_EQ(decoded.fault, TextDecoder::Fault::kNul);
   }
   for (const Decoded& decoded : {Decode(testing::InUtf16LittleEndian("<a>\u0001"s) + "\0\0<\0"s),
                                  Decode(testing::InUtf16BigEndian("<a>\u0001"s) + "\0\0\0<"s)}) {
     EXPECT_EQ(decoded.text, "<a>\u0001");
-    EXPECT_EQ(decoded.fault, Fault::kNul);
+    EXPECT_EQ(decoded.fault, TextDecoder::Fault::kNul);
   }
 }
 
@@ -183,7 +182,7 @@ TEST(TextDecoderTest, NothingIsGivenAfterAFault) {
   EXPECT_EQ(decoder.Read(piece.data(), piece.size()), 3u);
   EXPECT_EQ(decoder.Read(piece.data(), piece.size()), 0u);
   EXPECT_EQ(decoder.Read(piece.data(), piece.size()), 0u);
-  EXPECT_EQ(decoder.fault(), Fault::kNul);
+  EXPECT_EQ(decoder.fault(), TextDecoder::Fault::kNul);
 }
 
 struct BrokenUtf16 {
@@ -200,7 +199,7 @@ TEST_P(TextDecoderUtf16TailTest, IsUndecodableInBothOrders) {
   for (const Decoded& decoded :
        {Decode(testing::InUtf16LittleEndian("<a>") + tail), Decode(testing::InUtf16BigEndian("<a>") + swapped)}) {
     EXPECT_EQ(decoded.text, "<a>");
-    EXPECT_EQ(decoded.fault, Fault::kUndecodable);
+    EXPECT_EQ(decoded.fault, TextDecoder::Fault::kUndecodable);
   }
 }
 
@@ -238,7 +237,7 @@ TEST_P(TextDecoderAcrossTheBufferTest, ANulIsFoundWhereverItLies) {
   const std::string text = "<a>" + std::string(kBufferSize - 3 - GetParam(), 'x');
   const Decoded decoded = Decode(text + "\0x"s);
   EXPECT_TRUE(decoded.text == text);
-  EXPECT_EQ(decoded.fault, Fault::kNul);
+  EXPECT_EQ(decoded.fault, TextDecoder::Fault::kNul);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, TextDecoderAcrossTheBufferTest, ::testing::Range<size_t>(0, 9));

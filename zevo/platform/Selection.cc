@@ -10,7 +10,7 @@
 namespace zevo {
 namespace {
 
-bool IsNameCharacter(char c, bool first) {
+bool IsInName(char c, bool first) {
   const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || (c & 0x80) != 0;
   return letter || (!first && ((c >= '0' && c <= '9') || c == '-' || c == '.'));
 }
@@ -36,7 +36,7 @@ class Reader {
 
   std::string Name() {
     size_t length = 0;
-    while (length < rest_.size() && IsNameCharacter(rest_[length], length == 0)) ++length;
+    while (length < rest_.size() && IsInName(rest_[length], length == 0)) ++length;
     if (length == 0) Refuse(expression_);
     return std::string(Leading(length));
   }

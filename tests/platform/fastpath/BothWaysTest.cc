@@ -75,7 +75,7 @@ class BothWays {
   testing::TemporaryFolder folder_;
 };
 
-constexpr std::string_view kPlainFile =
+constexpr std::string_view kPlainDocument =
     "<?xml version='1.0'?>\r\n<!--é--><p:a xmlns:p='u' b=\"c\"><d>x &lt;\r\ny€</d>\n<d/><e><d >]] ></d></e ></p:a>\n";
 
 /// What becomes of a document.
@@ -86,13 +86,13 @@ enum class Fate {
   kRefused,  // beyond what is taken at all
 };
 
-struct Document {
+struct FatedDocument {
   Fate fate;
   std::string_view text;
 };
 
 // Each production of XML 1.0 and of Namespaces in XML 1.0, kept and broken.
-constexpr Document kDocuments[] = {
+constexpr FatedDocument kDocuments[] = {
     // Documents, prolog and what is behind the root.
     {Fate::kFast, "<a/>"},
     {Fate::kFast, "<!--b--><a/><!--c-->"},
@@ -488,7 +488,7 @@ TEST_P(BothWaysTest, EveryProductionComesToTheSame) {
 
 class CutFileTest : public ::testing::TestWithParam<std::string_view> {};
 
-INSTANTIATE_TEST_SUITE_P(, CutFileTest, ::testing::Values(kPlainFile, testing::kRichFile), testing::Numbered());
+INSTANTIATE_TEST_SUITE_P(, CutFileTest, ::testing::Values(kPlainDocument, testing::kRichFile), testing::Numbered());
 
 TEST_P(CutFileTest, AFileThatEndsAnywhereComesToTheSame) {
   const BothWays both;
@@ -508,9 +508,9 @@ TEST_P(CutFileTest, AFileThatLacksAnyByteComesToTheSame) {
 
 TEST(ChangedFileTest, AFileWithAnyByteAnywhereComesToTheSame) {
   const BothWays both;
-  for (size_t at = 0; at < kPlainFile.size(); ++at) {
+  for (size_t at = 0; at < kPlainDocument.size(); ++at) {
     for (int byte = 0; byte < 256; ++byte) {
-      std::string file(kPlainFile);
+      std::string file(kPlainDocument);
       file[at] = static_cast<char>(byte);
       both.TellSoon(file);
       ASSERT_FALSE(::testing::Test::HasFailure()) << at << " " << byte;

@@ -59,12 +59,12 @@ FastRun RunOn(std::string_view bytes, size_t room = kRoom) {
   return run;
 }
 
-struct Taken {
+struct TakenFile {
   std::string_view file;
   std::string_view events;
 };
 
-class FastParseTest : public ::testing::TestWithParam<Taken> {};
+class FastParseTest : public ::testing::TestWithParam<TakenFile> {};
 
 TEST_P(FastParseTest, IsTakenToItsEnd) {
   const FastRun run = RunOn(GetParam().file);
@@ -75,24 +75,25 @@ TEST_P(FastParseTest, IsTakenToItsEnd) {
 
 INSTANTIATE_TEST_SUITE_P(
     , FastParseTest,
-    ::testing::Values(Taken{"<a/>", "<a/>"}, Taken{"<a></a>", "<a></a>"}, Taken{"<a >\n</a\t>", "<a>\n</a>"},
-                      Taken{"\n<a/> \r\n\t", "<a/>"}, Taken{"<?xml version='1.0'?><a/>", "<a/>"},
-                      Taken{"<?xml version='1.0' standalone='yes'?>\n<a/>", "[standalone]<a/>"},
-                      Taken{"<?xml version='1.0' standalone='no'?><a/>", "<a/>"},
-                      Taken{"<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>", "<a>é</a>"},
-                      Taken{"\xEF\xBB\xBF<a>é</a>", "<a>é</a>"},
-                      Taken{"<a><b>x</b><b>y</b><c/><c /><d></d></a>", "<a><b>x</b><b>y</b><c/><c/><d></d></a>"},
-                      Taken{"<a>x<b>y<c/>z</b>w</a>", "<a>x<b>y<c/>z</b>w</a>"},
-                      Taken{"<a><b >x</b\n></a>", "<a><b>x</b></a>"},
-                      Taken{"<a xmlns='u' b='c'><b/></a>", "<a xmlns=u b=c><b/></a>"},
-                      Taken{"<p:a xmlns:p='u'><p:b>x</p:b></p:a>", "<p:a xmlns:p=u><p:b>x</p:b></p:a>"},
-                      Taken{"<a>&lt;b&gt; &amp;&quot;&apos;&#65;&#x42;</a>", "<a><b> &\"'AB</a>"},
-                      Taken{"<a><b>x &amp; y</b></a>", "<a><b>x & y</b></a>"},
-                      Taken{"<a>\r\n<b>x\ry\r\n</b>\r\r\n</a>", "<a>\n<b>x\ny\n</b>\n\n</a>"},
-                      Taken{"<a>]] > ]&gt; ]]</a>", "<a>]] > ]> ]]</a>"}, Taken{"<a>>\t>></a>", "<a>>\t>></a>"},
-                      Taken{"<!--1--><a><!--2-->x<!----><b/><!-- - --></a><!--3-->\n",
-                            "[comment:1]<a>[comment:2]x[comment:]<b/>[comment: - ]</a>[comment:3]"},
-                      Taken{"<a><!-- <b>&c;</b> ]]> --></a>", "<a>[comment: <b>&c;</b> ]]> ]</a>"}),
+    ::testing::Values(TakenFile{"<a/>", "<a/>"}, TakenFile{"<a></a>", "<a></a>"},
+                      TakenFile{"<a >\n</a\t>", "<a>\n</a>"}, TakenFile{"\n<a/> \r\n\t", "<a/>"},
+                      TakenFile{"<?xml version='1.0'?><a/>", "<a/>"},
+                      TakenFile{"<?xml version='1.0' standalone='yes'?>\n<a/>", "[standalone]<a/>"},
+                      TakenFile{"<?xml version='1.0' standalone='no'?><a/>", "<a/>"},
+                      TakenFile{"<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>", "<a>é</a>"},
+                      TakenFile{"\xEF\xBB\xBF<a>é</a>", "<a>é</a>"},
+                      TakenFile{"<a><b>x</b><b>y</b><c/><c /><d></d></a>", "<a><b>x</b><b>y</b><c/><c/><d></d></a>"},
+                      TakenFile{"<a>x<b>y<c/>z</b>w</a>", "<a>x<b>y<c/>z</b>w</a>"},
+                      TakenFile{"<a><b >x</b\n></a>", "<a><b>x</b></a>"},
+                      TakenFile{"<a xmlns='u' b='c'><b/></a>", "<a xmlns=u b=c><b/></a>"},
+                      TakenFile{"<p:a xmlns:p='u'><p:b>x</p:b></p:a>", "<p:a xmlns:p=u><p:b>x</p:b></p:a>"},
+                      TakenFile{"<a>&lt;b&gt; &amp;&quot;&apos;&#65;&#x42;</a>", "<a><b> &\"'AB</a>"},
+                      TakenFile{"<a><b>x &amp; y</b></a>", "<a><b>x & y</b></a>"},
+                      TakenFile{"<a>\r\n<b>x\ry\r\n</b>\r\r\n</a>", "<a>\n<b>x\ny\n</b>\n\n</a>"},
+                      TakenFile{"<a>]] > ]&gt; ]]</a>", "<a>]] > ]> ]]</a>"}, TakenFile{"<a>>\t>></a>", "<a>>\t>></a>"},
+                      TakenFile{"<!--1--><a><!--2-->x<!----><b/><!-- - --></a><!--3-->\n",
+                                "[comment:1]<a>[comment:2]x[comment:]<b/>[comment: - ]</a>[comment:3]"},
+                      TakenFile{"<a><!-- <b>&c;</b> ]]> --></a>", "<a>[comment: <b>&c;</b> ]]> ]</a>"}),
     testing::Numbered());
 
 struct GivenUp {

@@ -34,27 +34,27 @@ std::optional<std::string> Parsed(std::string_view tag) {
   return root.IsEmpty() ? text + " /" : text;
 }
 
-struct Taken {
+struct Tag {
   std::string_view tag;
   std::string_view parsed;
 };
 
-class RootTagTest : public ::testing::TestWithParam<Taken> {};
+class RootTagTest : public ::testing::TestWithParam<Tag> {};
 
 TEST_P(RootTagTest, IsTaken) { EXPECT_EQ(Parsed(GetParam().tag), GetParam().parsed); }
 
 // Attributes are numbered before the element.
 INSTANTIATE_TEST_SUITE_P(
     , RootTagTest,
-    ::testing::Values(Taken{"<a>", "a#1"}, Taken{"<a/>", "a#1 /"}, Taken{"<a >", "a#1"}, Taken{"<a\r\n\t/>", "a#1 /"},
-                      Taken{"<a b='c'>", "a#2 b#1=c"}, Taken{"<a b=\"it's\" c='\"'>", "a#3 b#1=it's c#2=\""},
-                      Taken{"<a b = \n'c' />", "a#2 b#1=c /"}, Taken{"<a b=''>", "a#2 b#1="},
-                      Taken{"<a b='/'/>", "a#2 b#1=/ /"}, Taken{"<a a='b'>", "a#1 a#1=b"},
-                      Taken{"<a xmlns='urn:x'>", "a#1 xmlns=urn:x"},
-                      Taken{"<p:a xmlns:p=\"urn:p\">", "p:a#1 xmlns:p=urn:p"},
-                      Taken{"<a b='c' xmlns='x'>", "a#2 xmlns=x b#1=c"},
-                      Taken{"<a p:b='c' xmlns:p='x'>", "a#2 xmlns:p=x p:b#1=c"},
-                      Taken{"<p:a d='e' xmlns='x' p:b='c' xmlns:p='y'>", "p:a#3 xmlns=x xmlns:p=y d#1=e p:b#2=c"}),
+    ::testing::Values(Tag{"<a>", "a#1"}, Tag{"<a/>", "a#1 /"}, Tag{"<a >", "a#1"}, Tag{"<a\r\n\t/>", "a#1 /"},
+                      Tag{"<a b='c'>", "a#2 b#1=c"}, Tag{"<a b=\"it's\" c='\"'>", "a#3 b#1=it's c#2=\""},
+                      Tag{"<a b = \n'c' />", "a#2 b#1=c /"}, Tag{"<a b=''>", "a#2 b#1="},
+                      Tag{"<a b='/'/>", "a#2 b#1=/ /"}, Tag{"<a a='b'>", "a#1 a#1=b"},
+                      Tag{"<a xmlns='urn:x'>", "a#1 xmlns=urn:x"},
+                      Tag{"<p:a xmlns:p=\"urn:p\">", "p:a#1 xmlns:p=urn:p"},
+                      Tag{"<a b='c' xmlns='x'>", "a#2 xmlns=x b#1=c"},
+                      Tag{"<a p:b='c' xmlns:p='x'>", "a#2 xmlns:p=x p:b#1=c"},
+                      Tag{"<p:a d='e' xmlns='x' p:b='c' xmlns:p='y'>", "p:a#3 xmlns=x xmlns:p=y d#1=e p:b#2=c"}),
     testing::Numbered());
 
 class NoRootTagTest : public ::testing::TestWithParam<std::string_view> {};

@@ -11,12 +11,12 @@
 namespace zevo {
 namespace {
 
-struct Taken {
+struct Declaration {
   std::string_view declaration;
   bool standalone = false;
 };
 
-class XmlDeclarationTest : public ::testing::TestWithParam<Taken> {};
+class XmlDeclarationTest : public ::testing::TestWithParam<Declaration> {};
 
 TEST_P(XmlDeclarationTest, IsTaken) {
   const auto& [declaration, standalone] = GetParam();
@@ -27,14 +27,15 @@ TEST_P(XmlDeclarationTest, IsTaken) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, XmlDeclarationTest,
-                         ::testing::Values(Taken{"<?xml version='1.0'?>"}, Taken{"<?xml version=\"1.0\"?>"},
-                                           Taken{"<?xml \t\r\n version \n=\t'1.0' \r?>"},
-                                           Taken{"<?xml version='1.0' encoding='UTF-8'?>"},
-                                           Taken{"<?xml version='1.0' encoding=\"windows-1252\" ?>"},
-                                           Taken{"<?xml version='1.0' encoding='aZ09._-'?>"},
-                                           Taken{"<?xml version='1.0' standalone='no'?>"},
-                                           Taken{"<?xml version='1.0' standalone='yes'?>", true},
-                                           Taken{"<?xml version='1.0' encoding='x' standalone = \"yes\"?>", true}),
+                         ::testing::Values(Declaration{"<?xml version='1.0'?>"}, Declaration{"<?xml version=\"1.0\"?>"},
+                                           Declaration{"<?xml \t\r\n version \n=\t'1.0' \r?>"},
+                                           Declaration{"<?xml version='1.0' encoding='UTF-8'?>"},
+                                           Declaration{"<?xml version='1.0' encoding=\"windows-1252\" ?>"},
+                                           Declaration{"<?xml version='1.0' encoding='aZ09._-'?>"},
+                                           Declaration{"<?xml version='1.0' standalone='no'?>"},
+                                           Declaration{"<?xml version='1.0' standalone='yes'?>", true},
+                                           Declaration{"<?xml version='1.0' encoding='x' standalone = \"yes\"?>",
+                                                       true}),
                          testing::Numbered());
 
 class NoXmlDeclarationTest : public ::testing::TestWithParam<std::string_view> {};

@@ -16,7 +16,7 @@ namespace {
 // A table's rows are sent when there are so many bytes of them; while the server is busy they wait for as many again,
 // and so on, up to the most.
 constexpr size_t kBatch = size_t{1} << 17;
-constexpr size_t kMostWaiting = 4 * kBatch;
+constexpr size_t kMostRowsWaiting = 4 * kBatch;
 
 // Of a lock, so that none of another program is the same: "saft" in ASCII.
 constexpr std::string_view kLockKind = "1935763060";
@@ -160,7 +160,7 @@ void PostgresTarget::Add(size_t table, std::span<const Cell> cells) {
   }
   rows.back() = '\n';
   const bool another_batch = rows.size() / kBatch != before / kBatch;
-  if (another_batch && (rows.size() >= kMostWaiting || connection_.IsDone())) Send(table);
+  if (another_batch && (rows.size() >= kMostRowsWaiting || connection_.IsDone())) Send(table);
 }
 
 void PostgresTarget::Send(size_t table) {

@@ -22,7 +22,7 @@ namespace {
 constexpr std::chrono::milliseconds kPause{100};
 
 // A table's rows are inserted when they take so many bytes.
-constexpr size_t kMostWaiting = size_t{1} << 16;
+constexpr size_t kMostBytesWaiting = size_t{1} << 16;
 
 constexpr std::string_view TypeName(ColumnType type) {
   switch (type) {
@@ -180,7 +180,7 @@ void SqliteTarget::Drop(int64_t id) {
 
 void SqliteTarget::Add(size_t table, std::span<const Cell> cells) {
   rows_[table].Add(cells);
-  if (rows_[table].Bytes() >= kMostWaiting) Insert(table);
+  if (rows_[table].Bytes() >= kMostBytesWaiting) Insert(table);
 }
 
 void SqliteTarget::Insert(size_t table) {

@@ -11,12 +11,12 @@
 namespace zevo::saft {
 namespace {
 
-struct Written {
+struct CommaNumber {
   const char* cell;
   const char* number;
 };
 
-class DecimalCommaTest : public ::testing::TestWithParam<Written> {
+class DecimalCommaTest : public ::testing::TestWithParam<CommaNumber> {
  protected:
   ~DecimalCommaTest() override { Speak(Language::kEnglish); }
 
@@ -34,23 +34,25 @@ TEST_P(DecimalCommaTest, IsANumber) { EXPECT_EQ(NumberWithPoint(GetParam().cell)
 
 INSTANTIATE_TEST_SUITE_P(
     All, DecimalCommaTest,
-    ::testing::Values(Written{"0", "0"}, Written{"1234", "1234"}, Written{"007", "007"}, Written{"1234,56", "1234.56"},
-                      Written{",5", ".5"}, Written{"5,", "5."}, Written{"1,234", "1.234"},
-                      Written{"-1234,50", "-1234.50"}, Written{"+1,5", "+1.5"}, Written{"- 5", "-5"},
+    ::testing::Values(CommaNumber{"0", "0"}, CommaNumber{"1234", "1234"}, CommaNumber{"007", "007"},
+                      CommaNumber{"1234,56", "1234.56"}, CommaNumber{",5", ".5"}, CommaNumber{"5,", "5."},
+                      CommaNumber{"1,234", "1.234"}, CommaNumber{"-1234,50", "-1234.50"}, CommaNumber{"+1,5", "+1.5"},
+                      CommaNumber{"- 5", "-5"},
                       // Groups.
-                      Written{"1.234,56", "1234.56"}, Written{"-12.345.678,9", "-12345678.9"},
-                      Written{"1.234,", "1234."}, Written{"1.234.567", "1234567"}, Written{"1 234,56", "1234.56"},
-                      Written{"1 234", "1234"}, Written{"1 234.56", "1234.56"},
-                      Written{"1\u00A0234\u00A0567,8", "1234567.8"}, Written{"1\u202F234,56", "1234.56"},
+                      CommaNumber{"1.234,56", "1234.56"}, CommaNumber{"-12.345.678,9", "-12345678.9"},
+                      CommaNumber{"1.234,", "1234."}, CommaNumber{"1.234.567", "1234567"},
+                      CommaNumber{"1 234,56", "1234.56"}, CommaNumber{"1 234", "1234"},
+                      CommaNumber{"1 234.56", "1234.56"}, CommaNumber{"1\u00A0234\u00A0567,8", "1234567.8"},
+                      CommaNumber{"1\u202F234,56", "1234.56"},
                       // Points that can only be those of decimals.
-                      Written{"12.5", "12.5"}, Written{"1234.56", "1234.56"}, Written{"1234.567", "1234.567"},
-                      Written{"1.2345", "1.2345"}, Written{"0.123", "0.123"}, Written{".234", ".234"},
-                      Written{"5.", "5."},
+                      CommaNumber{"12.5", "12.5"}, CommaNumber{"1234.56", "1234.56"},
+                      CommaNumber{"1234.567", "1234.567"}, CommaNumber{"1.2345", "1.2345"},
+                      CommaNumber{"0.123", "0.123"}, CommaNumber{".234", ".234"}, CommaNumber{"5.", "5."},
                       // What stands around it.
-                      Written{"1234,56 €", "1234.56"}, Written{"1 234,56€", "1234.56"}, Written{"-5\u00A0€", "-5"},
-                      Written{"\u00A0- 1 234,56\u202F€ ", "-1234.56"}, Written{"\t5,5\r\n", "5.5"},
-                      Written{"€ 1.234,56", "1234.56"}, Written{"€5", "5"}, Written{"-€ 5,5", "-5.5"},
-                      Written{"€\u00A0-5", "-5"}));
+                      CommaNumber{"1234,56 €", "1234.56"}, CommaNumber{"1 234,56€", "1234.56"},
+                      CommaNumber{"-5\u00A0€", "-5"}, CommaNumber{"\u00A0- 1 234,56\u202F€ ", "-1234.56"},
+                      CommaNumber{"\t5,5\r\n", "5.5"}, CommaNumber{"€ 1.234,56", "1234.56"}, CommaNumber{"€5", "5"},
+                      CommaNumber{"-€ 5,5", "-5.5"}, CommaNumber{"€\u00A0-5", "-5"}));
 
 TEST_F(DecimalCommaTest, APointThatMayStandForThousandsIsRefused) {
   EXPECT_EQ(Refused("1.234"), "may be 1234 or 1,234; write one of these, without a point");
